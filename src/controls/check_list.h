@@ -1,0 +1,40 @@
+#pragma once
+
+#include <vector>
+
+#include "controls/control.h"
+
+namespace tavix {
+
+// A list of lines with a check box each, rows addressed from 0. A row that isn't there has an empty text
+// and no tick, and setting it does nothing.
+class CheckList : public Control {
+ public:
+  Property<int> ListIndex{this, -1};  // the row in focus, -1 for none
+  Event<> Click;
+  Event<int> ItemCheck;  // the row whose tick or text was set
+  Event<int> MouseMove;  // the buttons held down
+
+  int ListCount() const { return static_cast<int>(rows_.size()); }
+  void AddItem(TextView text);
+  void Clear();
+
+  TextView List(int row) const;
+  // A new text raises ItemCheck, since the real list takes the row out and puts it in again.
+  void SetList(int row, TextView text);
+
+  bool Selected(int row) const;
+  // Raises ItemCheck when the tick changes, as a click on the box does.
+  void SetSelected(int row, bool selected);
+
+ private:
+  struct Row {
+    Text text;
+    bool selected = false;
+  };
+  bool Has(int row) const { return row >= 0 && row < ListCount(); }
+
+  std::vector<Row> rows_;
+};
+
+}  // namespace tavix

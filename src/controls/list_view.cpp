@@ -1,0 +1,131 @@
+#include "controls/list_view.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "controls/row_order.h"
+#include "text/letter_case.h"
+
+namespace tavix {
+
+TextView ListView::Item::SubItems(int column) const { return list_->Field(row_, column); }
+void ListView::Item::SetSubItems(int column, TextView text) { list_->SetField(row_, column, text); }
+TextView ListView::Item::Tag() const { return list_->Field(row_, kTag); }
+void ListView::Item::SetTag(TextView tag) { list_->SetField(row_, kTag, tag); }
+bool ListView::Item::Checked() const { return list_->Data(row_).checked; }
+
+void ListView::Item::SetChecked(bool checked) {
+  bool& mark = list_->Data(row_).checked;
+  if (mark == checked) return;
+  mark = checked;
+  list_->PropertyChanged();
+}
+
+std::optional<Color> ListView::Item::ForeColor() const {
+  const RowData& data = list_->Data(row_);
+  return data.hasForeColor ? std::optional(data.foreColor) : std::nullopt;
+}
+
+void ListView::Item::SetForeColor(Color color) {
+  RowData& data = list_->Data(row_);
+  data.foreColor = color;
+  data.hasForeColor = true;
+  list_->PropertyChanged();
+}
+
+ListView::Item ListView::Add(TextView text) {
+  const uint32_t row = rows_++;
+  if (row % kRowsInBlock == 0) blocks_.push_back(std::make_unique<RowData[]>(kRowsInBlock));
+  order_.PushBack(row);
+  SetField(row, 0, text);
+  return {this, row};
+}
+
+ListView::Item ListView::Row(int position) {
+  EstablishOrder();
+  return {this, order_[position - 1]};
+}
+
+void ListView::Remove(int position) {
+  EstablishOrder();
+  if (order_[position - 1] == selected_) selected_ = kNone;
+  order_.Remove(position - 1);
+  if (position <= inOrder_) --inOrder_;
+  PropertyChanged();
+}
+
+void ListView::Clear() {
+  order_.Clear();
+  blocks_.clear();
+  rows_ = 0;
+  texts_.Clear();
+  last_ = {};
+  inOrder_ = 0;
+  placedBelow_ = 0;
+  selected_ = kNone;
+  PropertyChanged();
+}
+
+int ListView::SelectedRow() {
+  if (selected_ == kNone) return 0;
+  EstablishOrder();
+  for (int i = 0; i < Count(); ++i) {
+    if (order_[i] == selected_) return i + 1;
+  }
+  return 0;
+}
+
+void ListView::SelectRow(int position) {
+  EstablishOrder();
+  selected_ = position >= 1 && position <= Count() ? order_[position - 1] : kNone;
+  PropertyChanged();
+}
+
+void ListView::PropertyChanged() {
+  AdoptSorting();
+  Control::PropertyChanged();
+}
+
+size_t ListView::MemoryUsed() const {
+  return blocks_.size() * kRowsInBlock * sizeof(RowData) + texts_.MemoryUsed() +
+         static_cast<size_t>(order_.Size()) * sizeof(uint32_t);
+}
+
+void ListView::SetField(uint32_t row, int field, TextView text) {
+  StoredText& last = last_[field];
+  if (texts_.Get(last) != text) last = texts_.Put(text);
+  RowData& data = Data(row);
+  if (data.fields[field] == last) return;
+  data.fields[field] = last;
+  // A row already in its place is in the wrong one now. Rows behind are not placed yet.
+  if (sorted_ && field == key_ && row < placedBelow_) inOrder_ = 0;
+  Control::PropertyChanged();
+}
+
+// A new sorting starts from the order that the old one has given, as it would if each took effect at once.
+// Turning the direction of one column needs no look at the order before it.
+void ListView::AdoptSorting() {
+  if (sorted_ == Sorted && key_ == SortKey && direction_ == SortOrder) return;
+  const bool turned = sorted_ && Sorted && key_ == SortKey;
+  if (!turned) EstablishOrder();
+  sorted_ = Sorted;
+  key_ = SortKey;
+  direction_ = SortOrder;
+  inOrder_ = 0;
+}
+
+void ListView::EstablishOrder() {
+  if (!sorted_ || inOrder_ == Count() || key_ < 0 || key_ >= kColumns) return;
+  std::vector<uint32_t>& order = order_.Whole();
+  const bool descending = direction_ != 0;
+  const auto textOf = [this](uint32_t row) { return Field(row, key_); };
+  SortRows(std::span(order).subspan(static_cast<size_t>(inOrder_)), descending, textOf);
+  std::inplace_merge(order.begin(), order.begin() + inOrder_, order.end(), [&](uint32_t a, uint32_t b) {
+    const int difference = CompareIgnoringCase(textOf(a), textOf(b));
+    return descending ? difference > 0 : difference < 0;
+  });
+  inOrder_ = Count();
+  placedBelow_ = rows_;
+}
+
+}  // namespace tavix

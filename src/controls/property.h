@@ -1,0 +1,64 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <utility>
+
+namespace tavix {
+
+// A colour as controls take it: 0x00BBGGRR, or a system colour such as 0x8000000F.
+using Color = uint32_t;
+constexpr Color kWindowBackground = 0x80000005;
+constexpr Color kWindowText = 0x80000008;
+constexpr Color kButtonFace = 0x8000000F;
+
+// What owns properties and hears of their changes.
+class PropertyOwner {
+ public:
+  virtual ~PropertyOwner() = default;
+  virtual void PropertyChanged() = 0;
+};
+
+// A value of a control that can be read and assigned like a T. The owner hears of each assignment that
+// changes the value, after the change.
+template <class T>
+class Property {
+ public:
+  explicit Property(PropertyOwner* owner, T value = T()) : owner_(owner), value_(std::move(value)) {}
+  Property(const Property&) = delete;
+
+  Property& operator=(T value) {
+    if (value_ == value) return *this;
+    value_ = std::move(value);
+    owner_->PropertyChanged();
+    return *this;
+  }
+  Property& operator=(const Property& other) { return *this = other.value_; }
+
+  operator const T&() const { return value_; }
+  const T& Get() const { return value_; }
+  friend bool operator==(const Property& property, const T& value) { return property.value_ == value; }
+
+ private:
+  PropertyOwner* owner_;
+  T value_;
+};
+
+// What a control tells the program. One handler at most; without one, raising does nothing.
+template <class... Args>
+class Event {
+ public:
+  Event& operator=(std::function<void(Args...)> handler) {
+    handler_ = std::move(handler);
+    return *this;
+  }
+  void operator()(Args... args) const {
+    if (handler_) handler_(args...);
+  }
+  explicit operator bool() const { return static_cast<bool>(handler_); }
+
+ private:
+  std::function<void(Args...)> handler_;
+};
+
+}  // namespace tavix

@@ -1,0 +1,1 @@
+#include "platform/machine/machine_registry.h"

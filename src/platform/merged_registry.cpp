@@ -1,0 +1,84 @@
+#include "platform/merged_registry.h"
+
+#include <set>
+#include <vector>
+
+#include "text/letter_case.h"
+
+namespace tavix::platform {
+namespace {
+
+Text BelowClasses(TextView key) {
+  return key.empty() ? Text(u"Software\\Classes") : Concat(u"Software\\Classes\\", key);
+}
+
+}  // namespace
+
+void MergedRegistry::VisitSubKeys(Hive hive, TextView key, const NameVisitor& visit) {
+  if (hive != Hive::ClassesRoot) return plain_.VisitSubKeys(hive, key, visit);
+  const Text path = BelowClasses(key);
+  std::vector<Text> users;
+  plain_.VisitSubKeys(Hive::CurrentUser, path, [&users](TextView name) { users.emplace_back(name); });
+  // Both come in order, so one pass over the two gives the whole in order.
+  size_t next = 0;
+  plain_.VisitSubKeys(Hive::LocalMachine, path, [&](TextView name) {
+    while (next < users.size() && CompareIgnoringCase(users[next], name) < 0) visit(users[next++]);
+    if (next < users.size() && EqualIgnoringCase(users[next], name)) {
+      visit(users[next++]);
+    } else {
+      visit(name);
+    }
+  });
+  while (next < users.size()) visit(users[next++]);
+}
+
+void MergedRegistry::VisitValues(Hive hive, TextView key, const ValueVisitor& visit) {
+  if (hive != Hive::ClassesRoot) return plain_.VisitValues(hive, key, visit);
+  const Text path = BelowClasses(key);
+  std::set<Text, LessIgnoringCase> users;
+  plain_.VisitValues(Hive::CurrentUser, path, [&](TextView name, TextView data) {
+    users.emplace(name);
+    visit(name, data);
+  });
+  plain_.VisitValues(Hive::LocalMachine, path, [&](TextView name, TextView data) {
+    if (!users.contains(name)) visit(name, data);
+  });
+}
+
+std::optional<Text> MergedRegistry::ReadValue(Hive hive, TextView key, TextView name) {
+  if (hive != Hive::ClassesRoot) return plain_.ReadValue(hive, key, name);
+  const Text path = BelowClasses(key);
+  return plain_.ReadValue(Hive::CurrentUser, path, name).or_else([&] {
+    return plain_.ReadValue(Hive::LocalMachine, path, name);
+  });
+}
+
+bool MergedRegistry::KeyExists(Hive hive, TextView key) {
+  if (hive != Hive::ClassesRoot) return plain_.KeyExists(hive, key);
+  const Text path = BelowClasses(key);
+  return plain_.KeyExists(Hive::CurrentUser, path) || plain_.KeyExists(Hive::LocalMachine, path);
+}
+
+bool MergedRegistry::WriteString(Hive hive, TextView key, TextView name, TextView data) {
+  if (hive != Hive::ClassesRoot) return plain_.WriteString(hive, key, name, data);
+  const Text path = BelowClasses(key);
+  const bool users = plain_.KeyExists(Hive::CurrentUser, path);
+  return plain_.WriteString(users ? Hive::CurrentUser : Hive::LocalMachine, path, name, data);
+}
+
+bool MergedRegistry::DeleteKey(Hive hive, TextView key) {
+  if (hive != Hive::ClassesRoot) return plain_.DeleteKey(hive, key);
+  if (key.empty()) return false;
+  const Text path = BelowClasses(key);
+  const bool users = plain_.KeyExists(Hive::CurrentUser, path);
+  return plain_.DeleteKey(users ? Hive::CurrentUser : Hive::LocalMachine, path);
+}
+
+bool MergedRegistry::DeleteValue(Hive hive, TextView key, TextView name) {
+  if (hive != Hive::ClassesRoot) return plain_.DeleteValue(hive, key, name);
+  const Text path = BelowClasses(key);
+  return plain_.DeleteValue(Hive::CurrentUser, path, name) ||
+         plain_.DeleteValue(Hive::LocalMachine, path, name);
+}
+
+}  // namespace tavix::platform

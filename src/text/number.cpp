@@ -1,0 +1,143 @@
+#include "text/number.h"
+
+#include <charconv>
+#include <cmath>
+#include <string>
+
+namespace tavix {
+namespace {
+
+// The digits of a number's magnitude with its decimal point behind `point` of them.
+struct Digits {
+  std::string text;
+  size_t point = 0;
+};
+
+// 15 significant digits, as many as a double holds for sure, so that 0.15 is seen as 0.15 and not as the
+// binary fraction next to it; then cut to `decimals`, halves away from zero.
+Digits RoundedDigits(double magnitude, size_t decimals) {
+  char buffer[32];
+  const auto end =
+      std::to_chars(buffer, buffer + sizeof buffer, magnitude, std::chars_format::scientific, 14).ptr;
+  const std::string_view shown(buffer, static_cast<size_t>(end - buffer));
+  const size_t mark = shown.find('e');
+  int exponent = 0;
+  std::from_chars(shown[mark + 1] == '+' ? buffer + mark + 2 : buffer + mark + 1, end, exponent);
+
+  std::string all(1, shown[0]);
+  all.append(shown.substr(2, mark - 2));
+  if (exponent < 0) all.insert(0, static_cast<size_t>(-exponent), '0');
+  size_t point = exponent < 0 ? 1 : static_cast<size_t>(exponent) + 1;
+  if (all.size() < point + decimals + 1) all.append(point + decimals + 1 - all.size(), '0');
+
+  const bool up = all[point + decimals] >= '5';
+  all.resize(point + decimals);
+  if (up) {
+    size_t i = all.size();
+    while (i > 0 && all[i - 1] == '9') all[--i] = '0';
+    if (i > 0) {
+      ++all[i - 1];
+    } else {
+      all.insert(0, 1, '1');
+      ++point;
+    }
+  }
+  return {all, point};
+}
+
+bool IsZero(const Digits& digits) { return digits.text.find_first_not_of('0') == std::string::npos; }
+
+Text Widen(std::string_view ascii) { return {ascii.begin(), ascii.end()}; }
+
+}  // namespace
+
+Text FormatGrouped(double number, const Locale& locale) {
+  if (!std::isfinite(number)) return {};
+  const Digits digits = RoundedDigits(std::fabs(number), 1);
+  Text shown = number < 0 && !IsZero(digits) ? u"-" : u"";
+  for (size_t i = 0; i < digits.point; ++i) {
+    if (i > 0 && (digits.point - i) % 3 == 0) shown += locale.Grouping;
+    shown += static_cast<char16_t>(digits.text[i]);
+  }
+  shown += locale.Decimal;
+  if (digits.text[digits.point] != '0') shown += static_cast<char16_t>(digits.text[digits.point]);
+  return shown;
+}
+
+Text FormatPadded(double number, const Locale& locale) {
+  if (!std::isfinite(number)) return {};
+  constexpr size_t kIntegerDigits = 8;
+  const Digits digits = RoundedDigits(std::fabs(number), 1);
+  Text shown = number < 0 && !IsZero(digits) ? u"-" : u"";
+  if (digits.point < kIntegerDigits) shown.append(kIntegerDigits - digits.point, u'0');
+  shown += Widen(std::string_view(digits.text).substr(0, digits.point));
+  shown += locale.Decimal;
+  shown += static_cast<char16_t>(digits.text[digits.point]);
+  return shown;
+}
+
+Text FormatPercent(double number) {
+  if (!std::isfinite(number)) return {};
+  const Digits digits = RoundedDigits(std::fabs(number) * 100, 0);
+  if (IsZero(digits)) return u"%";
+  return Concat(number < 0 ? u"-" : u"", Widen(digits.text), u"%");
+}
+
+double RoundToTenth(double number) { return std::nearbyint(number * 10) / 10; }
+
+std::optional<double> ParseNumber(TextView text, const Locale& locale) {
+  text = Trim(text);
+  std::string plain;
+  size_t at = 0;
+  if (!text.empty() && (text[0] == u'-' || text[0] == u'+')) {
+    if (text[0] == u'-') plain += '-';
+    at = 1;
+  }
+  bool digit = false;
+  bool decimals = false;
+  while (at < text.size()) {
+    const TextView rest = text.substr(at);
+    if (rest[0] >= u'0' && rest[0] <= u'9') {
+      plain += static_cast<char>(rest[0]);
+      digit = true;
+      ++at;
+    } else if (!decimals && !locale.Decimal.empty() && rest.starts_with(locale.Decimal)) {
+      plain += '.';
+      decimals = true;
+      at += locale.Decimal.size();
+    } else if (!decimals && digit && !locale.Grouping.empty() && rest.starts_with(locale.Grouping)) {
+      at += locale.Grouping.size();
+    } else {
+      break;
+    }
+  }
+  if (!digit) return std::nullopt;
+  if (at < text.size() && (text[at] == u'e' || text[at] == u'E')) {
+    plain += 'e';
+    if (++at < text.size() && (text[at] == u'-' || text[at] == u'+')) {
+      if (text[at] == u'-') plain += '-';
+      ++at;
+    }
+    if (at == text.size()) return std::nullopt;
+    for (; at < text.size() && text[at] >= u'0' && text[at] <= u'9'; ++at)
+      plain += static_cast<char>(text[at]);
+  }
+  if (at != text.size()) return std::nullopt;
+  double number = 0;
+  const auto [end, error] = std::from_chars(plain.data(), plain.data() + plain.size(), number);
+  if (error != std::errc() || end != plain.data() + plain.size()) return std::nullopt;
+  return number;
+}
+
+std::optional<int16_t> ToInteger16(double number) {
+  const double rounded = std::nearbyint(number);
+  if (!(rounded >= INT16_MIN && rounded <= INT16_MAX)) return std::nullopt;
+  return static_cast<int16_t>(rounded);
+}
+
+std::optional<int16_t> ToInteger16(TextView text, const Locale& locale) {
+  const std::optional<double> number = ParseNumber(text, locale);
+  return number ? ToInteger16(*number) : std::nullopt;
+}
+
+}  // namespace tavix

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tavix {
+
+// Text of the system: UTF-16, one code unit is one character.
+using Text = std::u16string;
+using TextView = std::u16string_view;
+
+// The parts one behind the other.
+template <class... Parts>
+Text Concat(const Parts&... parts) {
+  Text joined;
+  joined.reserve((TextView(parts).size() + ... + 0));
+  (joined.append(TextView(parts)), ...);
+  return joined;
+}
+
+// Without the blanks (U+0020, nothing else) at both ends.
+TextView Trim(TextView text);
+
+// The pieces of `text` between the occurrences of `separator`; one piece, the whole text, where there is
+// none. An empty text has no pieces at all. The pieces point into `text`; `separator` is not empty.
+std::vector<TextView> Split(TextView text, TextView separator);
+
+// Decimal digits of a whole number, with a minus sign where it is negative; no grouping.
+Text ToText(long long number);
+
+}  // namespace tavix
