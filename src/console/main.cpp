@@ -1,1 +1,66 @@
-int main() { return 0; }
+#include <cstdio>
+#include <memory>
+#include <string>
+
+#include "console/live.h"
+#include "console/options.h"
+#include "console/session.h"
+#include "platform/machine/machine_clock.h"
+#include "platform/machine/machine_folder.h"
+#include "platform/merged_registry.h"
+#include "text/number.h"
+#include "text/utf8.h"
+
+namespace {
+
+using namespace tavix;
+
+constexpr int kWrongArguments = 2;
+constexpr int kNoMachine = 3;
+
+int Fail(int status, const std::string& reason) {
+  std::fprintf(stderr, "tavix-console: %s\n", reason.c_str());
+  return status;
+}
+
+int Finish(int status, const std::string& error) { return status == 0 ? 0 : Fail(status, error); }
+
+int RunOverFolder(const console::Options& options) {
+  std::string error;
+  const auto path = FromUtf8(*options.machine);
+  if (!path) return Fail(kWrongArguments, "--machine is no UTF-8 text");
+  const auto folder = machine::MachineFolder::Open(std::filesystem::path(*path), error);
+  if (folder == nullptr) return Fail(kNoMachine, error);
+  platform::MergedRegistry registry(folder->Registry());
+  machine::HostClock clock;
+  platform::registry = &registry;
+  platform::clock = &clock;
+  userLocale = folder->Locale();
+  platform::screen = folder->Screen();
+  machine::StandingClock standing(options.now.value_or(0));
+  if (options.now) platform::clock = &standing;
+  const int status = console::RunSession(options, error);
+  std::string saving;
+  if (!folder->Save(saving)) return Fail(kNoMachine, saving);
+  return Finish(status, error);
+}
+
+int RunOverSystem(const console::Options& options) {
+  std::string error;
+  const auto system = console::UseLiveSystem(error);
+  if (system == nullptr) return Fail(kWrongArguments, error);
+  machine::StandingClock standing(options.now.value_or(0));
+  if (options.now) platform::clock = &standing;
+  return Finish(console::RunSession(options, error), error);
+}
+
+}  // namespace
+
+int main(int count, char** values) {
+  std::string error;
+  const auto options = console::ReadOptions(console::Arguments(count, values), error);
+  if (!options) return Fail(kWrongArguments, error);
+  if (options->help) return std::fputs(console::kHelp, stdout) < 0 ? 1 : 0;
+  if (options->version) return std::puts("tavix-console " TAVIX_VERSION) < 0 ? 1 : 0;
+  return options->live ? RunOverSystem(*options) : RunOverFolder(*options);
+}

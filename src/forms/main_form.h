@@ -45,6 +45,7 @@ struct MainForm : Control {
 
   Event<> Refresh;          // paint what has changed at once
   Event<int, int> KeyDown;  // virtual key code, shift state
+  Event<> Minimize;         // send the window to the task bar
   Event<> Unload;           // close the window
 
   bool BigInterface = false;

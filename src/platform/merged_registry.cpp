@@ -77,8 +77,8 @@ bool MergedRegistry::DeleteKey(Hive hive, TextView key) {
 bool MergedRegistry::DeleteValue(Hive hive, TextView key, TextView name) {
   if (hive != Hive::ClassesRoot) return plain_.DeleteValue(hive, key, name);
   const Text path = BelowClasses(key);
-  return plain_.DeleteValue(Hive::CurrentUser, path, name) ||
-         plain_.DeleteValue(Hive::LocalMachine, path, name);
+  const bool users = plain_.ReadValue(Hive::CurrentUser, path, name).has_value();
+  return plain_.DeleteValue(users ? Hive::CurrentUser : Hive::LocalMachine, path, name);
 }
 
 }  // namespace tavix::platform

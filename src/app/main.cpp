@@ -1,0 +1,24 @@
+// clang-format off
+#include "platform/windows/windows_api.h"
+#include <commctrl.h>
+// clang-format on
+
+#include "frame/start_up.h"
+#include "platform/windows/windows_host.h"
+#include "window/win32/event_queue_win32.h"
+#include "window/win32/main_window.h"
+#include "window/wiring.h"
+
+int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
+  const INITCOMMONCONTROLSEX controls{
+      sizeof controls, ICC_STANDARD_CLASSES | ICC_LISTVIEW_CLASSES | ICC_TREEVIEW_CLASSES | ICC_BAR_CLASSES};
+  InitCommonControlsEx(&controls);
+  const tavix::windows::WindowsHost host;
+  tavix::WireMainForm();
+  tavix::win32::MainWindow window;
+  if (!window.Create()) return 1;
+  const tavix::win32::EventQueueWin32 eventQueue(window);
+  tavix::mdlPubSelf::Form_Load();
+  window.Open();
+  return window.Run();
+}

@@ -1,0 +1,58 @@
+#include "console/json.h"
+
+#include <cstdio>
+
+#include "text/utf8.h"
+
+namespace tavix::console {
+namespace {
+
+void AppendEscaped(std::string& out, char16_t unit) {
+  switch (unit) {
+    case u'"':
+      out += "\\\"";
+      return;
+    case u'\\':
+      out += "\\\\";
+      return;
+    case u'\n':
+      out += "\\n";
+      return;
+    case u'\r':
+      out += "\\r";
+      return;
+    case u'\t':
+      out += "\\t";
+      return;
+    default:
+      char code[8];
+      std::snprintf(code, sizeof code, "\\u%04x", static_cast<unsigned>(unit));
+      out += code;
+  }
+}
+
+bool IsLead(char16_t unit) { return (unit & 0xFC00U) == 0xD800; }
+bool IsTrail(char16_t unit) { return (unit & 0xFC00U) == 0xDC00; }
+
+}  // namespace
+
+void AppendJson(std::string& out, TextView text) {
+  out += '"';
+  for (size_t i = 0; i < text.size(); ++i) {
+    const char16_t unit = text[i];
+    if (unit < 0x20 || unit == u'"' || unit == u'\\') {
+      AppendEscaped(out, unit);
+    } else if (unit < 0x80) {
+      out += static_cast<char>(unit);
+    } else if (IsLead(unit) && i + 1 < text.size() && IsTrail(text[i + 1])) {
+      out += ToUtf8(text.substr(i++, 2));
+    } else if (IsLead(unit) || IsTrail(unit)) {
+      AppendEscaped(out, unit);
+    } else {
+      out += ToUtf8(text.substr(i, 1));
+    }
+  }
+  out += '"';
+}
+
+}  // namespace tavix::console

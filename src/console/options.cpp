@@ -1,0 +1,148 @@
+#include "console/options.h"
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <cstdio>
+#include <functional>
+
+#include "text/utf8.h"
+
+namespace tavix::console {
+
+const char* const kHelp =
+    R"(Usage: tavix-console --machine DIR [options]   over a machine kept in a folder
+       tavix-console --live [options]          over the system it runs on (Windows)
+
+  --page NAME          privacy (default), system, registry, advanced: opens that page and presses Scan
+  --one-click          presses the one-click picture, the question answered with Yes
+  --function KEY       only these functions are ticked (repeatable)
+  --scope KEY          Advanced page: a drive or folder to scan (repeatable)
+  --set "S/K=V"        writes a setting after start-up and loads the settings anew (repeatable)
+  --untick N, --tick N the mark of result row N, after the scan (repeatable)
+  --clean              presses Clean (Repair on the Registry page) after the scan
+  --now TIME           the machine's date and time, YYYY-MM-DDThh:mm:ss, standing still
+  --json               one JSON object a line; without it a table
+  --help, --version
+
+Exit status: 0 the run took place; 2 the arguments are wrong; 3 the machine can't be read.
+)";
+
+namespace {
+
+std::optional<platform::DateTime> ReadDateTime(const std::string& text) {
+  int year = 0;
+  unsigned month = 0;
+  unsigned day = 0;
+  int hour = 0;
+  int minute = 0;
+  int second = 0;
+  constexpr std::string_view kForm = "dddd-dd-ddTdd:dd:dd";
+  const bool fits = std::ranges::equal(
+      text, kForm, [](char c, char form) { return form == 'd' ? c >= '0' && c <= '9' : c == form; });
+  if (!fits) return std::nullopt;
+  if (std::sscanf(text.c_str(), "%d-%u-%uT%d:%d:%d", &year, &month, &day, &hour, &minute, &second) != 6) {
+    return std::nullopt;
+  }
+  const std::chrono::year_month_day date{std::chrono::year(year), std::chrono::month(month),
+                                         std::chrono::day(day)};
+  if (!date.ok() || hour > 23 || minute > 59 || second > 59) return std::nullopt;
+  const int64_t days = std::chrono::sys_days(date).time_since_epoch().count();
+  return (((days * 24 + hour) * 60 + minute) * 60 + second) * 1000;
+}
+
+// An option: whether it takes a value, whether it may stand more than once, and what it does. The result is
+// the reason why a value is refused, or nothing.
+struct OptionRule {
+  const char* name;
+  bool takesValue;
+  bool repeats;
+  std::function<std::string(Options&, const std::string&)> apply;
+};
+
+std::string Flag(bool& flag) {
+  flag = true;
+  return {};
+}
+
+std::string AppendText(std::vector<Text>& list, const std::string& value) {
+  auto text = FromUtf8(value);
+  if (!text) return "is no UTF-8 text";
+  list.push_back(std::move(*text));
+  return {};
+}
+
+std::string SetPage(Options& options, const std::string& value) {
+  constexpr std::array kPages = {"privacy", "system", "registry", "advanced"};
+  if (std::ranges::find(kPages, value) == kPages.end()) {
+    return "is no page (privacy, system, registry, advanced)";
+  }
+  if (value != "privacy") return "is not there yet";
+  options.page = *FromUtf8(value);
+  return {};
+}
+
+std::string SetNow(Options& options, const std::string& value) {
+  options.now = ReadDateTime(value);
+  return options.now ? "" : "is no date and time (YYYY-MM-DDThh:mm:ss)";
+}
+
+std::string NotThereYet(Options&, const std::string&) { return "is not there yet"; }
+
+const OptionRule kRules[] = {
+    {"--machine", true, false,
+     [](Options& o, const std::string& v) {
+       o.machine = v;
+       return std::string();
+     }},
+    {"--live", false, false, [](Options& o, const std::string&) { return Flag(o.live); }},
+    {"--page", true, false, SetPage},
+    {"--one-click", false, false, NotThereYet},
+    {"--function", true, true, [](Options& o, const std::string& v) { return AppendText(o.functions, v); }},
+    {"--scope", true, true, NotThereYet},
+    {"--set", true, true, NotThereYet},
+    {"--untick", true, true, NotThereYet},
+    {"--tick", true, true, NotThereYet},
+    {"--clean", false, false, NotThereYet},
+    {"--now", true, false, SetNow},
+    {"--json", false, false, [](Options& o, const std::string&) { return Flag(o.json); }},
+    {"--help", false, false, [](Options& o, const std::string&) { return Flag(o.help); }},
+    {"--version", false, false, [](Options& o, const std::string&) { return Flag(o.version); }},
+};
+
+}  // namespace
+
+std::optional<Options> ReadOptions(const std::vector<std::string>& arguments, std::string& error) {
+  Options options;
+  std::vector<const OptionRule*> seen;
+  for (size_t i = 0; i < arguments.size(); ++i) {
+    const std::string& name = arguments[i];
+    const auto* rule = std::ranges::find(kRules, name, [](const OptionRule& r) { return r.name; });
+    if (rule == std::end(kRules)) {
+      error = "unknown option '" + name + "'";
+      return std::nullopt;
+    }
+    if (!rule->repeats && std::ranges::find(seen, rule) != seen.end()) {
+      error = name + " stands twice";
+      return std::nullopt;
+    }
+    seen.push_back(rule);
+    if (rule->takesValue && i + 1 == arguments.size()) {
+      error = name + " needs a value";
+      return std::nullopt;
+    }
+    const std::string value = rule->takesValue ? arguments[++i] : std::string();
+    if (const std::string reason = rule->apply(options, value); !reason.empty()) {
+      error = rule->takesValue ? name + " '" + value + "' " + reason : name + " " + reason;
+      return std::nullopt;
+    }
+  }
+  if (options.help || options.version) return options;
+  if (options.machine.has_value() == options.live) {
+    error = options.live ? "--machine and --live exclude each other" : "--machine DIR or --live is missing";
+    return std::nullopt;
+  }
+  return options;
+}
+
+}  // namespace tavix::console

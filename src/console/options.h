@@ -1,0 +1,32 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/clock.h"
+#include "text/text.h"
+
+namespace tavix::console {
+
+// What the command line asks for. Texts were UTF-8 there.
+struct Options {
+  bool help = false;
+  bool version = false;
+  std::optional<std::string> machine;  // path of a machine folder, UTF-8
+  bool live = false;
+  Text page = u"privacy";
+  std::vector<Text> functions;
+  bool json = false;
+  std::optional<platform::DateTime> now;
+};
+
+// Reads the arguments behind the program's name. Nothing when they are wrong; `error` then says in one line
+// which and why.
+std::optional<Options> ReadOptions(const std::vector<std::string>& arguments, std::string& error);
+
+// The text of --help.
+extern const char* const kHelp;
+
+}  // namespace tavix::console

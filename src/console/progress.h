@@ -1,0 +1,20 @@
+#pragma once
+
+#include "controls/control.h"
+
+namespace tavix::console {
+
+// Shows the status line and the percentage of a running job on standard error while that is a terminal.
+class Progress : public ControlPeer {
+ public:
+  explicit Progress(bool wanted);
+  ~Progress() override;
+  Progress(const Progress&) = delete;
+  Progress& operator=(const Progress&) = delete;
+  void ModelChanged() override;
+
+ private:
+  bool shown_;
+};
+
+}  // namespace tavix::console

@@ -1,0 +1,125 @@
+#include "console/report.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+
+#include "console/json.h"
+#include "forms/main_form.h"
+#include "scan/result_items.h"
+#include "text/utf8.h"
+
+namespace tavix::console {
+namespace {
+
+using namespace mdlPubSelf;
+
+void Field(std::string& out, std::string_view name, TextView value) {
+  out.append(",\"").append(name).append("\":");
+  AppendJson(out, value);
+}
+
+void Number(std::string& out, std::string_view name, int value) {
+  out.append("\"").append(name).append("\":").append(std::to_string(value));
+}
+
+std::string ColorJson(std::optional<Color> color) {
+  if (!color) return "null";
+  const auto part = [color](unsigned shift) { return std::to_string(*color >> shift & 0xFFU); };
+  return "[" + part(0) + "," + part(8) + "," + part(16) + "]";
+}
+
+void AppendRow(std::string& out, std::string_view stage, int row) {
+  const ListView::Item item = frmPubMain.lsvResult.Row(row);
+  out.append("{\"stage\":\"").append(stage).append("\",");
+  Number(out, "row", row);
+  Field(out, "Type", item.Text());
+  Field(out, "Name", item.SubItems(kNameColumn));
+  Field(out, "Size", item.SubItems(kSizeColumn));
+  Field(out, "Location", item.SubItems(kLocationColumn));
+  Field(out, "SizeKey", item.SubItems(kSizeKeyColumn));
+  Field(out, "Tag", item.Tag());
+  out.append(item.Checked() ? ",\"Checked\":true" : ",\"Checked\":false");
+  out.append(",\"ForeColor\":").append(ColorJson(item.ForeColor())).append("}\n");
+}
+
+void AppendLabels(std::string& out, std::string_view stage) {
+  const MainForm& form = frmPubMain;
+  out.append("{\"stage\":\"").append(stage).append("\",");
+  Number(out, "rows", form.lsvResult.Count());
+  Field(out, "lblProgS", form.lblProgS.Caption.Get());
+  Field(out, "lblTime", form.lblTime.Caption.Get());
+  Field(out, "lblSum", form.lblSum.Caption.Get());
+  out.append(",\"lblProgMI\":{");
+  Number(out, "Width", form.lblProgMI.Width);
+  Field(out, "Caption", form.lblProgMI.Caption.Get());
+  out.append("},\"lblProgMO\":{");
+  Number(out, "Width", form.lblProgMO.Width);
+  out.append("},\"cbxAll\":").append(form.cbxAll.GetValue() != 0 ? "true" : "false").append("}\n");
+}
+
+void Flush(std::FILE* out, std::string& text) {
+  std::fwrite(text.data(), 1, text.size(), out);
+  text.clear();
+}
+
+// Columns as people see them: characters, not bytes; line ends and the like would break the table.
+Text Cell(TextView text, size_t width) {
+  Text cell(text.substr(0, width));
+  if (text.size() > width) cell.back() = u'…';
+  for (char16_t& c : cell) {
+    if (c < u' ') c = u' ';
+  }
+  cell.append(width - cell.size(), u' ');
+  return cell;
+}
+
+}  // namespace
+
+void PrintJson(std::FILE* out, std::string_view stage) {
+  constexpr size_t kBuffer = size_t{1} << 20U;
+  std::string text;
+  text.reserve(kBuffer + 4096);
+  const int rows = frmPubMain.lsvResult.Count();
+  for (int row = 1; row <= rows; ++row) {
+    AppendRow(text, stage, row);
+    if (text.size() > kBuffer) Flush(out, text);
+  }
+  AppendLabels(text, stage);
+  Flush(out, text);
+}
+
+void PrintTable(std::FILE* out) {
+  struct Column {
+    int index;
+    size_t width;
+  };
+  constexpr std::array<Column, 4> kColumns = {
+      {{0, 28}, {kNameColumn, 48}, {kSizeColumn, 12}, {kLocationColumn, 48}}};
+  std::string text;
+  const auto line = [&](const std::string& mark, const auto& cellOf) {
+    Text cells;
+    for (const Column& column : kColumns) cells += Concat(Cell(cellOf(column.index), column.width), u"  ");
+    cells.resize(cells.find_last_not_of(u' ') + 1);
+    text.append(mark).append(ToUtf8(cells)).append("\n");
+    if (text.size() > 65536) Flush(out, text);
+  };
+  const int rows = frmPubMain.lsvResult.Count();
+  if (rows > 0) {
+    line("         ", [](int column) { return Trim(frmPubMain.lsvResult.ColumnHeaders[column].Caption); });
+  }
+  for (int row = 1; row <= rows; ++row) {
+    const ListView::Item item = frmPubMain.lsvResult.Row(row);
+    char mark[24];
+    std::snprintf(mark, sizeof mark, "%4d %s ", row, item.Checked() ? "[x]" : "[ ]");
+    line(mark, [&item](int column) { return item.SubItems(column); });
+  }
+  if (rows > 0) text.append("\n");
+  const MainForm& form = frmPubMain;
+  text.append(ToUtf8(form.lblProgS.Caption.Get())).append("\n");
+  text.append(ToUtf8(Concat(form.lblTimeP.Caption.Get(), u" ", form.lblTime.Caption.Get()))).append("\n");
+  text.append(ToUtf8(form.lblSum.Caption.Get())).append("\n");
+  Flush(out, text);
+}
+
+}  // namespace tavix::console

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <cstdio>
+#include <string_view>
+
+namespace tavix::console {
+
+// Prints the rows of lsvResult and the labels of the job, as JSON objects that bear the stage's name.
+void PrintJson(std::FILE* out, std::string_view stage);
+// The same as a table for people.
+void PrintTable(std::FILE* out);
+
+}  // namespace tavix::console

@@ -1,0 +1,137 @@
+#include "frame/support/file_system_object.h"
+
+namespace tavix {
+namespace {
+
+platform::FileSystem* Disk() { return platform::fileSystem; }
+
+// A property of the facts, or nothing of none.
+template <class Member>
+auto Of(const std::optional<platform::FileFacts>& facts, Member member) {
+  return facts.transform([member](const platform::FileFacts& known) { return known.*member; });
+}
+
+std::optional<Folder> Parent(const std::optional<platform::FileFacts>& facts) {
+  if (!facts || Disk() == nullptr) return std::nullopt;
+  const size_t cut = facts->path.find_last_of(u'\\');
+  if (cut == Text::npos || cut + 1 == facts->path.size()) return std::nullopt;
+  // The root of a drive keeps its backslash.
+  const Text parent = facts->path.substr(0, facts->path[cut - 1] == u':' ? cut + 1 : cut);
+  auto found = Disk()->Look(parent);
+  if (!found || !found->folder) return std::nullopt;
+  return Folder(std::move(found));
+}
+
+platform::FileFacts Facts(TextView folder, const platform::DirectoryEntry& entry) {
+  return {Concat(folder, folder.ends_with(u'\\') ? u"" : u"\\", entry.name),
+          Text(entry.name),
+          entry.size,
+          entry.modified,
+          entry.accessed,
+          entry.attributes,
+          entry.folder,
+          entry.link};
+}
+
+template <class Object>
+std::optional<std::vector<Object>> List(const std::optional<platform::FileFacts>& facts, bool folders) {
+  if (!facts || Disk() == nullptr) return std::nullopt;
+  std::vector<Object> found;
+  const bool read = Disk()->List(facts->path, [&](const platform::DirectoryEntry& entry) {
+    if (entry.folder == folders) found.emplace_back(Facts(facts->path, entry));
+  });
+  if (!read) return std::nullopt;
+  return found;
+}
+
+}  // namespace
+
+std::optional<Text> File::Path() const { return Of(facts_, &platform::FileFacts::path); }
+std::optional<Text> File::Name() const { return Of(facts_, &platform::FileFacts::name); }
+std::optional<double> File::Size() const {
+  return Of(facts_, &platform::FileFacts::size).transform([](uint64_t size) {
+    return static_cast<double>(size);
+  });
+}
+std::optional<platform::DateTime> File::DateLastModified() const {
+  return Of(facts_, &platform::FileFacts::modified);
+}
+std::optional<platform::DateTime> File::DateLastAccessed() const {
+  return Of(facts_, &platform::FileFacts::accessed);
+}
+std::optional<Folder> File::ParentFolder() const { return Parent(facts_); }
+
+std::optional<Text> Folder::Path() const { return Of(facts_, &platform::FileFacts::path); }
+std::optional<Text> Folder::Name() const { return Of(facts_, &platform::FileFacts::name); }
+std::optional<Folder> Folder::ParentFolder() const { return Parent(facts_); }
+
+std::optional<double> Folder::Size() const {
+  if (!facts_ || Disk() == nullptr) return std::nullopt;
+  double size = 0;
+  std::vector<Text> pending{facts_->path};
+  while (!pending.empty()) {
+    const Text path = std::move(pending.back());
+    pending.pop_back();
+    const bool read = Disk()->List(path, [&](const platform::DirectoryEntry& entry) {
+      size += static_cast<double>(entry.size);
+      if (entry.folder && !entry.link) pending.push_back(Facts(path, entry).path);
+    });
+    if (!read) return std::nullopt;
+  }
+  return size;
+}
+
+std::optional<std::vector<File>> Folder::Files() const { return List<File>(facts_, false); }
+std::optional<std::vector<Folder>> Folder::SubFolders() const { return List<Folder>(facts_, true); }
+
+bool FileSystemObject::FileExists(TextView path) const {
+  return files_ != nullptr && files_->FileExists(path);
+}
+
+bool FileSystemObject::FolderExists(TextView path) const {
+  return files_ != nullptr && files_->FolderExists(path);
+}
+
+std::optional<File> FileSystemObject::GetFile(TextView path) const {
+  if (files_ == nullptr) return std::nullopt;
+  auto facts = files_->Look(path);
+  if (!facts || facts->folder) return std::nullopt;
+  return File(std::move(facts));
+}
+
+std::optional<Folder> FileSystemObject::GetFolder(TextView path) const {
+  if (files_ == nullptr) return std::nullopt;
+  auto facts = files_->Look(path);
+  if (!facts || !facts->folder) return std::nullopt;
+  return Folder(std::move(facts));
+}
+
+void FileSystemObject::CreateFolder(TextView path) const {
+  if (files_ != nullptr) files_->CreateFolder(path);
+}
+
+void FileSystemObject::CreateTextFile(TextView path, bool overwrite) const {
+  if (files_ != nullptr) files_->CreateTextFile(path, overwrite);
+}
+
+void FileSystemObject::DeleteFile(TextView path, bool force) const {
+  if (files_ != nullptr) files_->DeleteFile(path, force);
+}
+
+void FileSystemObject::DeleteFolder(TextView path, bool force) const {
+  if (files_ != nullptr) files_->DeleteFolder(path, force);
+}
+
+void FileSystemObject::MoveFile(TextView source, TextView destination) const {
+  if (files_ != nullptr) files_->MoveFile(source, destination);
+}
+
+void FileSystemObject::SetAttributes(TextView path, uint32_t attributes) const {
+  if (files_ != nullptr) files_->SetAttributes(path, attributes);
+}
+
+std::vector<platform::Drive> FileSystemObject::Drives() const {
+  return files_ != nullptr ? files_->Drives() : std::vector<platform::Drive>();
+}
+
+}  // namespace tavix

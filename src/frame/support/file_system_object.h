@@ -1,0 +1,81 @@
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "platform/file_system.h"
+
+namespace tavix {
+
+class Folder;
+
+// A file, or nothing when the look-up failed: then every property fails.
+class File {
+ public:
+  File() = default;
+  explicit File(std::optional<platform::FileFacts> facts) : facts_(std::move(facts)) {}
+  explicit operator bool() const { return facts_.has_value(); }
+
+  std::optional<Text> Path() const;
+  std::optional<Text> Name() const;
+  std::optional<double> Size() const;  // bytes
+  std::optional<platform::DateTime> DateLastModified() const;
+  std::optional<platform::DateTime> DateLastAccessed() const;
+  std::optional<Folder> ParentFolder() const;
+
+ private:
+  std::optional<platform::FileFacts> facts_;
+};
+
+// A folder, or nothing, likewise.
+class Folder {
+ public:
+  Folder() = default;
+  explicit Folder(std::optional<platform::FileFacts> facts) : facts_(std::move(facts)) {}
+  explicit operator bool() const { return facts_.has_value(); }
+
+  std::optional<Text> Path() const;
+  std::optional<Text> Name() const;
+  // Bytes of all files in it and below, links not followed. Nothing when a folder below can't be read.
+  std::optional<double> Size() const;
+  // In the order of the upper-cased names. Nothing when the folder can't be read.
+  std::optional<std::vector<File>> Files() const;
+  std::optional<std::vector<Folder>> SubFolders() const;
+  // Nothing for the root of a drive.
+  std::optional<Folder> ParentFolder() const;
+
+ private:
+  std::optional<platform::FileFacts> facts_;
+};
+
+// The file-system object of the scripting runtime, as far as the program relies on it. With no file
+// system behind it every operation fails. Paths as platform/file_system.h has them.
+class FileSystemObject {
+ public:
+  FileSystemObject() = default;
+  explicit FileSystemObject(platform::FileSystem* files) : files_(files) {}
+
+  bool FileExists(TextView path) const;
+  bool FolderExists(TextView path) const;
+  // Nothing when there is no such file, or it is a folder.
+  std::optional<File> GetFile(TextView path) const;
+  std::optional<Folder> GetFolder(TextView path) const;
+  void CreateFolder(TextView path) const;
+  // An empty file, its handle dropped at once.
+  void CreateTextFile(TextView path, bool overwrite) const;
+  void DeleteFile(TextView path, bool force) const;
+  void DeleteFolder(TextView path, bool force) const;
+  void MoveFile(TextView source, TextView destination) const;
+  // Read-only, hidden and system, added up.
+  void SetAttributes(TextView path, uint32_t attributes) const;
+  std::vector<platform::Drive> Drives() const;
+
+ private:
+  platform::FileSystem* files_ = nullptr;
+};
+
+namespace mdlPubSelf {
+inline FileSystemObject fileSystemObject;
+}
+
+}  // namespace tavix

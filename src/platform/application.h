@@ -1,0 +1,11 @@
+#pragma once
+
+#include "text/text.h"
+
+namespace tavix::platform {
+
+// The folder in which the program lies, with its catalogues and res\; a path of the machine, without a
+// backslash at the end.
+inline Text applicationFolder;
+
+}  // namespace tavix::platform

@@ -1,0 +1,15 @@
+#pragma once
+
+namespace tavix::platform {
+
+// Tells copies of the program apart.
+class Instance {
+ public:
+  virtual ~Instance() = default;
+  // Whether another copy runs over the same system. Until this one ends, it counts as running itself.
+  virtual bool PreviousRuns() = 0;
+};
+
+inline Instance* instance = nullptr;
+
+}  // namespace tavix::platform

@@ -1,0 +1,187 @@
+#include "platform/windows/windows_registry.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "platform/registry_data.h"
+#include "platform/windows/native_registry.h"
+#include "text/letter_case.h"
+
+namespace tavix::windows {
+namespace {
+
+constexpr auto kNameNotFound = static_cast<NTSTATUS>(0xC0000034);
+constexpr auto kAccessDenied = static_cast<NTSTATUS>(0xC0000022);
+constexpr TextView kSeparator = u"\\";
+
+bool SetString(HKEY key, TextView name, TextView data) {
+  return native::SetValue(key, name, REG_SZ, platform::StringData(data));
+}
+
+// The subkey names of a key, packed one behind the other.
+class SubKeyNames {
+ public:
+  explicit SubKeyNames(HKEY key) {
+    native::Buffer buffer;
+    for (uint32_t i = 0;; ++i) {
+      const std::optional<TextView> name = native::SubKeyAt(key, i, buffer);
+      if (!name) break;
+      packed_ += *name;
+      ends_.push_back(packed_.size());
+    }
+  }
+
+  std::vector<TextView> List() const {
+    std::vector<TextView> names;
+    names.reserve(ends_.size());
+    size_t start = 0;
+    for (const size_t end : ends_) {
+      names.push_back(TextView(packed_).substr(start, end - start));
+      start = end;
+    }
+    return names;
+  }
+
+ private:
+  Text packed_;
+  std::vector<size_t> ends_;
+};
+
+// Keys made on the way to a place. Unless they are kept, they go again.
+class MadeKeys {
+ public:
+  MadeKeys() = default;
+  MadeKeys(const MadeKeys&) = delete;
+  MadeKeys& operator=(const MadeKeys&) = delete;
+  ~MadeKeys() {
+    for (auto key = keys_.rbegin(); key != keys_.rend(); ++key) native::Delete(key->Get());
+  }
+  void Add(RegistryKeyHandle key) { keys_.push_back(std::move(key)); }
+  void Keep() { keys_.clear(); }
+
+ private:
+  std::vector<RegistryKeyHandle> keys_;
+};
+
+// Makes the parts of `path` that are missing and writes into the last one.
+bool WriteBelowNewKeys(HKEY hive, TextView path, TextView name, TextView data) {
+  size_t there = path.size();
+  native::Opened parent;
+  do {
+    const size_t cut = path.substr(0, there).rfind(u'\\');
+    there = cut == TextView::npos ? 0 : cut;
+    parent = native::Open(hive, path.substr(0, there), KEY_CREATE_SUB_KEY);
+  } while (parent.status == kNameNotFound && there > 0);
+  if (!parent.key) return false;
+
+  constexpr REGSAM kAccess = KEY_CREATE_SUB_KEY | KEY_SET_VALUE | DELETE;
+  MadeKeys made;
+  HKEY last = parent.key.Get();
+  for (const TextView part : Split(path.substr(there == 0 ? 0 : there + 1), kSeparator)) {
+    native::Created next = native::Create(last, part, kAccess);
+    if (!next.isNew) return false;
+    last = next.opened.key.Get();
+    made.Add(std::move(next.opened.key));
+  }
+  if (!SetString(last, name, data)) return false;
+  made.Keep();
+  return true;
+}
+
+// Whether a path has the form that the interface asks for. The system itself would pass over an empty part,
+// and so take a key with a lost name at its end for the key above.
+bool IsPath(TextView key) {
+  return key.empty() || (key.front() != u'\\' && key.back() != u'\\' && key.find(u"\\\\") == TextView::npos);
+}
+
+}  // namespace
+
+HKEY WindowsRegistry::Base(Hive hive, TextView key) {
+  if (!IsPath(key)) return nullptr;
+  RegistryKeyHandle& base = hives_[hive];
+  if (!base) base = native::OpenHive(hive);
+  return base.Get();
+}
+
+RegistryKeyHandle WindowsRegistry::Open(Hive hive, TextView key, REGSAM access) {
+  const HKEY base = Base(hive, key);
+  return base == nullptr ? RegistryKeyHandle() : native::Open(base, key, access).key;
+}
+
+void WindowsRegistry::VisitSubKeys(Hive hive, TextView key, const NameVisitor& visit) {
+  const RegistryKeyHandle opened = Open(hive, key, KEY_ENUMERATE_SUB_KEYS);
+  if (!opened) return;
+  const SubKeyNames subKeys(opened.Get());
+  std::vector<TextView> names = subKeys.List();
+  if (!std::is_sorted(names.begin(), names.end(), LessIgnoringCase())) {
+    std::sort(names.begin(), names.end(), LessIgnoringCase());
+  }
+  for (const TextView name : names) visit(name);
+}
+
+void WindowsRegistry::VisitValues(Hive hive, TextView key, const ValueVisitor& visit) {
+  const RegistryKeyHandle opened = Open(hive, key, KEY_QUERY_VALUE);
+  if (!opened) return;
+  native::Buffer buffer;
+  for (uint32_t i = 0;; ++i) {
+    const std::optional<native::Value> value = native::ValueAt(opened.Get(), i, buffer);
+    if (!value) break;
+    visit(value->name, platform::RenderData(value->type, value->data));
+  }
+}
+
+std::optional<Text> WindowsRegistry::ReadValue(Hive hive, TextView key, TextView name) {
+  const RegistryKeyHandle opened = Open(hive, key, KEY_QUERY_VALUE);
+  if (!opened) return std::nullopt;
+  native::Buffer buffer;
+  return native::Query(opened.Get(), name, buffer).transform([](const native::Value& value) {
+    return platform::RenderData(value.type, value.data);
+  });
+}
+
+bool WindowsRegistry::KeyExists(Hive hive, TextView key) {
+  const HKEY base = Base(hive, key);
+  if (base == nullptr) return false;
+  const native::Opened opened = native::Open(base, key, KEY_QUERY_VALUE);
+  // A key that may not be read is there all the same.
+  return opened.key || opened.status == kAccessDenied;
+}
+
+bool WindowsRegistry::WriteString(Hive hive, TextView key, TextView name, TextView data) {
+  const HKEY base = Base(hive, key);
+  if (base == nullptr) return false;
+  const native::Opened opened = native::Open(base, key, KEY_SET_VALUE);
+  if (opened.key) return SetString(opened.key.Get(), name, data);
+  return opened.status == kNameNotFound && WriteBelowNewKeys(base, key, name, data);
+}
+
+bool WindowsRegistry::DeleteKey(Hive hive, TextView key) {
+  const HKEY base = Base(hive, key);
+  if (base == nullptr || key.empty()) return false;
+  // A link is opened as the key that it is. It has no subkeys, so nothing of its target comes along.
+  constexpr REGSAM kAccess = DELETE | KEY_ENUMERATE_SUB_KEYS;
+  constexpr auto kItself = native::LastPart::kOpenLink;
+  std::vector<RegistryKeyHandle> keys;
+  const auto take = [&keys](HKEY parent, TextView name) {
+    keys.push_back(native::Open(parent, name, kAccess, kItself).key);
+    return static_cast<bool>(keys.back());
+  };
+  if (!take(base, key)) return false;
+  for (size_t i = 0; i < keys.size(); ++i) {
+    const SubKeyNames subKeys(keys[i].Get());
+    for (const TextView name : subKeys.List()) {
+      if (!take(keys[i].Get(), name)) return false;
+    }
+  }
+  // Subkeys stand behind the key that they belong to.
+  bool gone = true;
+  for (auto each = keys.rbegin(); each != keys.rend(); ++each) gone = native::Delete(each->Get()) && gone;
+  return gone;
+}
+
+bool WindowsRegistry::DeleteValue(Hive hive, TextView key, TextView name) {
+  const RegistryKeyHandle opened = Open(hive, key, KEY_SET_VALUE);
+  return opened && native::DeleteValue(opened.Get(), name);
+}
+
+}  // namespace tavix::windows

@@ -1,0 +1,51 @@
+#include "scan/result_items.h"
+
+#include "forms/main_form.h"
+#include "text/number.h"
+
+namespace tavix::mdlPubSelf {
+namespace {
+
+double Kilobytes(double bytes) { return RoundToTenth(bytes / 1024); }
+
+}  // namespace
+
+void AddResultItem(TextView type, std::optional<TextView> name, std::optional<TextView> size,
+                   std::optional<TextView> location, std::optional<TextView> sizeKey, TextView actionString,
+                   bool checked) {
+  ListView::Item item = frmPubMain.lsvResult.Add(type);
+  item.SetChecked(checked);
+  if (name) item.SetSubItems(kNameColumn, *name);
+  if (size) item.SetSubItems(kSizeColumn, *size);
+  if (location) item.SetSubItems(kLocationColumn, *location);
+  if (sizeKey) item.SetSubItems(kSizeKeyColumn, *sizeKey);
+  item.SetTag(actionString);
+}
+
+Text FormatSizeText(double bytes) { return FormatGrouped(Kilobytes(bytes)); }
+
+Text FormatSizeKey(double bytes) { return FormatPadded(Kilobytes(bytes)); }
+
+void ClearResults() { frmPubMain.lsvResult.Clear(); }
+
+int ResultCount() { return frmPubMain.lsvResult.Count(); }
+
+float SumResultSizes() {
+  float sum = 0;
+  for (int row = 1; row <= ResultCount(); ++row) {
+    const TextView size = frmPubMain.lsvResult.Row(row).SubItems(kSizeColumn);
+    if (size == kNoSize) continue;
+    if (const auto kilobytes = ParseNumber(size)) sum += static_cast<float>(*kilobytes);
+  }
+  return sum;
+}
+
+void lsvResult_ColumnClick(int header) {
+  constexpr int kSizeHeader = 3;
+  ListView& list = frmPubMain.lsvResult;
+  list.Sorted = true;
+  list.SortKey = header == kSizeHeader ? kSizeKeyColumn : header - 1;
+  list.SortOrder = list.SortOrder == 0 ? 1 : 0;
+}
+
+}  // namespace tavix::mdlPubSelf

@@ -1,0 +1,148 @@
+#include "window/layout.h"
+
+#include "forms/main_form.h"
+#include "platform/screen.h"
+
+namespace tavix {
+namespace {
+
+constexpr int kGap = 90;
+constexpr int kMargin = 140;
+
+// What differs between the two sizes.
+struct Geometry {
+  int windowWidth, windowHeight;
+  int miniLeft, closeLeft;
+  int functionsHeight;
+};
+constexpr Geometry kBig{14895, 11175, 14250, 14550, 6810};
+constexpr Geometry kSmall{11529, 8650, 10905, 11205, 4150};
+
+constexpr int kTitleHeight = 1140;
+constexpr int kTitleButton = 270;
+constexpr int kTitleButtonStep = 300;
+constexpr int kTitleButtonTop = 30;
+
+constexpr int kPagesTop = 1230;
+constexpr int kPageIcon = 1050;
+constexpr int kFunctionsLeft = kMargin + kPageIcon + kGap;
+constexpr int kFunctionsWidth = 2860;
+// So much of lst stays free above trvRes: the seven rows of the Advanced page.
+constexpr int kFunctionsAboveScope = 1980;
+
+constexpr int kResultLeft = kFunctionsLeft + kFunctionsWidth + kGap;
+constexpr int kToolbarHeight = 375;
+constexpr int kToolbarButton = 1290;
+constexpr int kCheckAllWidth = 1350;
+
+constexpr int kTextLine = 255;
+constexpr int kPanelMargin = 150;
+constexpr int kJobButtonWidth = 1800;
+constexpr int kJobButtonHeight = 600;
+constexpr int kBusyLeft = 3300;
+constexpr int kBusySize = 700;
+constexpr int kBusyAboveScan = 50;
+
+int Right(const Control& control) { return control.Left + control.Width; }
+int Bottom(const Control& control) { return control.Top + control.Height; }
+
+void Place(Control& control, int left, int top, int width, int height) {
+  control.Left = left;
+  control.Top = top;
+  control.Width = width;
+  control.Height = height;
+}
+
+void PlaceOn(Control& control, const Control& other) {
+  Place(control, other.Left, other.Top, other.Width, other.Height);
+}
+
+void PlaceWindow(const Geometry& geometry) {
+  MainForm& form = frmPubMain;
+  const int screenWidth = platform::screen.Width * platform::screen.TwipsPerPixel;
+  const int screenHeight = platform::screen.Height * platform::screen.TwipsPerPixel;
+  const int top = form.BigInterface ? 100 : (screenHeight - geometry.windowHeight) / 2 - 200;
+  Place(form, (screenWidth - geometry.windowWidth) / 2, top, geometry.windowWidth, geometry.windowHeight);
+  Place(form.lblBorder, 0, 0, geometry.windowWidth, geometry.windowHeight);
+}
+
+void PlaceTitle(const Geometry& geometry) {
+  MainForm& form = frmPubMain;
+  Place(form.picTitle, 0, 0, geometry.windowWidth, kTitleHeight);
+  const auto placeButton = [](PictureBox& button, int left) {
+    Place(button, left, kTitleButtonTop, kTitleButton, kTitleButton);
+  };
+  placeButton(form.picClose, geometry.closeLeft);
+  placeButton(form.picMini, geometry.miniLeft);
+  placeButton(form.picCommend, geometry.miniLeft - kTitleButtonStep);
+  placeButton(form.picHelp, geometry.miniLeft - 2 * kTitleButtonStep);
+  const int right = geometry.windowWidth - kMargin;
+  Place(form.lblProdLogo, kMargin, 180, 3600, 780);
+  Place(form.lblCompLogo, right - 2600, 390, 2600, 390);
+  Place(form.lblVer, right - 1200, 810, 1200, kTextLine);
+}
+
+void PlaceFunctions(const Geometry& geometry) {
+  MainForm& form = frmPubMain;
+  int top = kPagesTop;
+  for (PictureBox* page : form.PagePictures()) {
+    Place(*page, kMargin, top, kPageIcon, kPageIcon);
+    top = Bottom(*page) + kGap;
+  }
+  Place(form.trvPrivacy, kFunctionsLeft, kPagesTop, kFunctionsWidth, geometry.functionsHeight);
+  PlaceOn(form.lst, form.trvPrivacy);
+  Place(form.trvRes, kFunctionsLeft, kPagesTop + kFunctionsAboveScope, kFunctionsWidth,
+        geometry.functionsHeight - kFunctionsAboveScope);
+}
+
+void PlaceResults(const Geometry& geometry) {
+  MainForm& form = frmPubMain;
+  const int right = geometry.windowWidth - kMargin;
+  Place(form.lsvResult, kResultLeft, kPagesTop, right - kResultLeft,
+        geometry.functionsHeight - kGap - kToolbarHeight);
+  const int top = Bottom(form.lsvResult) + kGap;
+  Place(form.cbxAll, kResultLeft, top, kCheckAllWidth, kToolbarHeight);
+  int left = right - 4 * kToolbarButton - 3 * kGap;
+  for (Button& button : form.sbtToolbar) {
+    Place(button, left, top, kToolbarButton, kToolbarHeight);
+    left = Right(button) + kGap;
+  }
+}
+
+void PlaceJobPanel(const Geometry& geometry) {
+  MainForm& form = frmPubMain;
+  const int top = Bottom(form.trvPrivacy) + kGap;
+  Place(form.lblFrame, kFunctionsLeft, top, geometry.windowWidth - kMargin - kFunctionsLeft,
+        geometry.windowHeight - kMargin - top);
+  const int left = kFunctionsLeft + kPanelMargin;
+  const int width = form.lblFrame.Width - 2 * kPanelMargin;
+  Place(form.lblProgS, left, top + 120, width, 720);
+  Place(form.lblOpt, left, top + 870, 870, kTextLine);
+  Place(form.lblOptPrompt, Right(form.lblOpt), top + 870, 3000, kTextLine);
+  Place(form.lblProgMO, left, top + 1200, width, 300);
+  PlaceOn(form.lblProgMI, form.lblProgMO);
+  form.lblProgMI.Width = 0;
+  Place(form.lblTimeP, left, top + 1605, 900, kTextLine);
+  Place(form.lblTime, Right(form.lblTimeP), top + 1605, 1800, kTextLine);
+  Place(form.lblSum, kResultLeft, top + 1605, left + width - kResultLeft, kTextLine);
+
+  const int buttonTop = top + 2100;
+  Place(form.webGIF, kBusyLeft, buttonTop - kBusyAboveScan, kBusySize, kBusySize);
+  Place(form.sbtScan, kResultLeft, buttonTop, kJobButtonWidth, kJobButtonHeight);
+  PlaceOn(form.sbtCancel, form.sbtScan);
+  Place(form.sbtClean, Right(form.sbtScan) + kGap, buttonTop, kJobButtonWidth, kJobButtonHeight);
+  PlaceOn(form.sbtRepair, form.sbtClean);
+}
+
+}  // namespace
+
+void LayOutMainForm() {
+  const Geometry& geometry = frmPubMain.BigInterface ? kBig : kSmall;
+  PlaceWindow(geometry);
+  PlaceTitle(geometry);
+  PlaceFunctions(geometry);
+  PlaceResults(geometry);
+  PlaceJobPanel(geometry);
+}
+
+}  // namespace tavix

@@ -1,0 +1,34 @@
+#include "window/win32/check_list_binding.h"
+
+namespace tavix::win32 {
+
+CheckListBinding::CheckListBinding(CheckList& model, WindowContext& context, int id, TextView name)
+    : VirtualList(model, context, id, LVS_NOCOLUMNHEADER), model_(model) {
+  SetName(name);
+  AddColumn(0, u"", 0);
+}
+
+void CheckListBinding::Show() {
+  RECT area;
+  GetClientRect(Window(), &area);
+  const int width = area.right - area.left;
+  if (static_cast<int>(Send(LVM_GETCOLUMNWIDTH, 0)) != width) Send(LVM_SETCOLUMNWIDTH, 0, width);
+  ShowRows();
+}
+
+void CheckListBinding::OnRowFocused(int row) {
+  told_ = true;
+  model_.ListIndex = row;
+  model_.Click();
+}
+
+void CheckListBinding::OnRowClick(int row) {
+  if (row >= 0 && !told_) OnRowFocused(row);
+}
+
+std::optional<LRESULT> CheckListBinding::OnMessage(UINT message, WPARAM wide, LPARAM longer) {
+  if (message == WM_LBUTTONDOWN) told_ = false;
+  return VirtualList::OnMessage(message, wide, longer);
+}
+
+}  // namespace tavix::win32

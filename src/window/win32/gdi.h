@@ -1,0 +1,36 @@
+#pragma once
+
+#include "controls/property.h"
+#include "platform/windows/handle.h"
+
+namespace tavix::win32 {
+
+// An object that is drawn with: font, brush, bitmap, pen.
+template <class Kind>
+struct DrawingTraits {
+  using Handle = Kind;
+  static Handle Null() { return nullptr; }
+  static void Close(Handle handle) { DeleteObject(handle); }
+};
+using Font = windows::Owned<DrawingTraits<HFONT>>;
+using Brush = windows::Owned<DrawingTraits<HBRUSH>>;
+
+// Puts an object into a device context for the life of this.
+class Selection {
+ public:
+  Selection(HDC context, HGDIOBJ object) : context_(context), before_(SelectObject(context, object)) {}
+  Selection(const Selection&) = delete;
+  Selection& operator=(const Selection&) = delete;
+  ~Selection() { SelectObject(context_, before_); }
+
+ private:
+  HDC context_;
+  HGDIOBJ before_;
+};
+
+// The colour that the system shows for a colour of a model.
+inline COLORREF ScreenColor(Color color) {
+  return (color & 0x80000000) != 0 ? GetSysColor(static_cast<int>(color & 0xFF)) : color;
+}
+
+}  // namespace tavix::win32

@@ -1,0 +1,147 @@
+// clang-format off
+#include "window/win32/main_window.h"
+#include <commctrl.h>
+// clang-format on
+
+#include "forms/main_form.h"
+#include "frame/start_up.h"
+#include "scan/scan_driver.h"
+#include "window/win32/control_ids.h"
+
+namespace tavix::win32 {
+namespace {
+
+// Changes within so many milliseconds of a long job are shown together.
+constexpr ULONGLONG kFrameTime = 16;
+
+int ShiftState() {
+  const auto held = [](int key, int mask) { return GetKeyState(key) < 0 ? mask : 0; };
+  return held(VK_SHIFT, kShift) | held(VK_CONTROL, kCtrl) | held(VK_MENU, kAlt);
+}
+
+// Keys that never reach a control: there they would search the list.
+bool IsLetterOrDigit(WPARAM key) { return (key >= 'A' && key <= 'Z') || (key >= '0' && key <= '9'); }
+
+}  // namespace
+
+MainWindow::FrameBinding::FrameBinding(MainWindow& owner)
+    : Binding(frmPubMain, owner.context_.changes), owner_(owner) {}
+
+MainWindow::MainWindow() = default;
+
+MainWindow::~MainWindow() {
+  frmPubMain.Refresh = nullptr;
+  frmPubMain.Minimize = nullptr;
+  frmPubMain.Unload = nullptr;
+  if (context_.window == nullptr) return;
+  for (const auto& binding : bindings_) binding->Detach();
+  DestroyWindow(context_.window);
+}
+
+bool MainWindow::Create() {
+  context_.dpi = GetDeviceCaps(windows::ScreenContext(GetDC(nullptr)).Get(), LOGPIXELSX);
+  MakeDrawingTools(context_);
+  WNDCLASSEXW windowClass{};
+  windowClass.cbSize = sizeof windowClass;
+  windowClass.lpfnWndProc = Procedure;
+  windowClass.hInstance = GetModuleHandleW(nullptr);
+  windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+  windowClass.lpszClassName = kMainWindowClass;
+  RegisterClassExW(&windowClass);
+  context_.window = CreateWindowExW(WS_EX_APPWINDOW | WS_EX_CONTROLPARENT, kMainWindowClass, L"Tavix",
+                                    WS_POPUP | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN, 0, 0, 0, 0,
+                                    nullptr, nullptr, windowClass.hInstance, this);
+  if (context_.window == nullptr) return false;
+  context_.toolTips =
+      CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0,
+                      0, 0, context_.window, nullptr, windowClass.hInstance, nullptr);
+  SendMessageW(context_.toolTips, TTM_SETMAXTIPWIDTH, 0, context_.Pixels(6000));
+  frame_ = std::make_unique<FrameBinding>(*this);
+  bindings_ = BindMainForm(context_);
+  loader_ = std::make_unique<TimerBinding>(frmPubMain.timLoader, context_, kLoaderTimer);
+  frmPubMain.Refresh = [this] { Refresh(); };
+  frmPubMain.Minimize = [this] { ShowWindow(context_.window, SW_MINIMIZE); };
+  frmPubMain.Unload = [this] { Unload(); };
+  return true;
+}
+
+void MainWindow::Open() {
+  Flush();
+  ShowWindow(context_.window, SW_SHOWNORMAL);
+  SetFocus(GetDlgItem(context_.window, kIdScan));
+  UpdateWindow(context_.window);
+}
+
+int MainWindow::Run() {
+  MSG message{};
+  for (;;) {
+    Flush();
+    if (GetMessageW(&message, nullptr, 0, 0) <= 0) return static_cast<int>(message.wParam);
+    Handle(message);
+  }
+}
+
+void MainWindow::HandleWaiting() {
+  if (context_.window != nullptr && GetTickCount64() - lastFlush_ >= kFrameTime) Flush();
+  MSG message;
+  // The end of the program is left in the queue for Run.
+  while (context_.window != nullptr && PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE)
+    Handle(message);
+}
+
+void MainWindow::Handle(MSG& message) {
+  if (PressKey(message) || IsDialogMessageW(context_.window, &message) != FALSE) return;
+  TranslateMessage(&message);
+  DispatchMessageW(&message);
+}
+
+// Every key is the form's first, whichever control has the focus.
+bool MainWindow::PressKey(const MSG& message) {
+  if (message.message != WM_KEYDOWN && message.message != WM_SYSKEYDOWN) return false;
+  if (message.hwnd != context_.window && IsChild(context_.window, message.hwnd) == FALSE) return false;
+  const int shift = ShiftState();
+  frmPubMain.KeyDown(static_cast<int>(message.wParam), shift);
+  const bool closes = message.wParam == VK_F4 && shift == kAlt;
+  return closes || IsLetterOrDigit(message.wParam) || context_.window == nullptr;
+}
+
+void MainWindow::Flush() {
+  context_.changes.Flush();
+  GiveFocusBack();
+  lastFlush_ = GetTickCount64();
+}
+
+// A control that had to give up the focus gets it again when it can be used again.
+void MainWindow::GiveFocusBack() {
+  const HWND control = context_.lostFocus;
+  if (control == nullptr || IsWindowEnabled(control) == FALSE || IsWindowVisible(control) == FALSE) return;
+  context_.lostFocus = nullptr;
+  if (GetFocus() == context_.window) SetFocus(control);
+}
+
+void MainWindow::Refresh() {
+  if (context_.window == nullptr) return;
+  Flush();
+  RedrawWindow(context_.window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+}
+
+void MainWindow::Place() {
+  SetWindowPos(context_.window, nullptr, context_.Pixels(frmPubMain.Left), context_.Pixels(frmPubMain.Top),
+               context_.Pixels(frmPubMain.Width), context_.Pixels(frmPubMain.Height),
+               SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+// A job that is under way below on the stack runs on over the models until it sees the cancel; from here on
+// no binding listens to it. The bindings themselves stay, since one of them may be at work.
+void MainWindow::Unload() {
+  if (unloading_) return;
+  unloading_ = true;
+  mdlPubSelf::CancelRequested = true;
+  mdlPubSelf::Form_Unload();
+  frame_->Detach();
+  loader_->Detach();
+  for (const auto& binding : bindings_) binding->Detach();
+  DestroyWindow(context_.window);
+}
+
+}  // namespace tavix::win32

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "window/win32/bind_main_form.h"
+#include "window/win32/ground.h"
+#include "window/win32/timer_binding.h"
+
+namespace tavix::win32 {
+
+// The real main window: it shows frmPubMain, passes the user's keys and clicks on to it, and gives its
+// `Refresh`, `Minimize` and `Unload` their bodies. One of it at a time.
+class MainWindow {
+ public:
+  MainWindow();
+  MainWindow(const MainWindow&) = delete;
+  ~MainWindow();
+
+  // Makes the window, still hidden. False when the system refuses.
+  bool Create();
+  // Shows the form as it has been laid out.
+  void Open();
+  // Handles messages until the window has gone; the program's exit status.
+  int Run();
+  // Handles the messages that are waiting.
+  void HandleWaiting();
+
+ private:
+  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wide, LPARAM longer);
+  LRESULT OnMessage(UINT message, WPARAM wide, LPARAM longer);
+  void OnPaint();
+  LRESULT OnNotify(NMHDR& header);
+  void OnCommand(WPARAM wide, LPARAM longer);
+  void OnDraw(const DRAWITEMSTRUCT& draw);
+  LRESULT OnColors(UINT message, WPARAM wide, LPARAM longer);
+  void OnActivate(WPARAM wide);
+  LRESULT OnGone(WPARAM wide, LPARAM longer);
+
+  void Handle(MSG& message);
+  bool PressKey(const MSG& message);
+  void Flush();
+  void Refresh();
+  void Unload();
+  void Place();
+  void GiveFocusBack();
+
+  // The window itself, as a control of the system is.
+  class FrameBinding : public Binding {
+   public:
+    explicit FrameBinding(MainWindow& owner);
+    void Apply() override { owner_.Place(); }
+
+   private:
+    MainWindow& owner_;
+  };
+
+  WindowContext context_;
+  Ground ground_{context_};
+  std::unique_ptr<FrameBinding> frame_;
+  std::vector<std::unique_ptr<WindowBinding>> bindings_;
+  std::unique_ptr<TimerBinding> loader_;
+  bool unloading_ = false;
+  ULONGLONG lastFlush_ = 0;  // in the milliseconds of the system's uptime
+};
+
+}  // namespace tavix::win32

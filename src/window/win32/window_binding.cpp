@@ -1,0 +1,99 @@
+#include "window/win32/window_binding.h"
+
+#include <commctrl.h>
+
+#include "platform/windows/wide.h"
+
+namespace tavix::win32 {
+namespace {
+constexpr UINT_PTR kSubclassId = 1;
+constexpr wchar_t kProperty[] = L"TavixBinding";
+}  // namespace
+
+int HeldButtons(WPARAM wide) {
+  return ((wide & MK_LBUTTON) != 0 ? kLeftButton : 0) | ((wide & MK_RBUTTON) != 0 ? kRightButton : 0);
+}
+
+void WindowBinding::Create(int id, const wchar_t* className, DWORD style, DWORD extendedStyle) {
+  window_ = CreateWindowExW(extendedStyle, className, L"", WS_CHILD | WS_CLIPSIBLINGS | style, 0, 0, 0, 0,
+                            context_.window, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
+                            GetModuleHandleW(nullptr), nullptr);
+  SetPropW(window_, kProperty, this);
+  SetWindowSubclass(window_, Procedure, kSubclassId, reinterpret_cast<DWORD_PTR>(this));
+  Send(WM_SETFONT, reinterpret_cast<WPARAM>(context_.font.Get()));
+}
+
+WindowBinding* WindowBinding::Of(HWND window) {
+  return static_cast<WindowBinding*>(GetPropW(window, kProperty));
+}
+
+LRESULT CALLBACK WindowBinding::Procedure(HWND window, UINT message, WPARAM wide, LPARAM longer, UINT_PTR id,
+                                          DWORD_PTR data) {
+  if (message == WM_NCDESTROY) {
+    RemovePropW(window, kProperty);
+    RemoveWindowSubclass(window, Procedure, id);
+  }
+  const auto result = reinterpret_cast<WindowBinding*>(data)->OnMessage(message, wide, longer);
+  return result ? *result : DefSubclassProc(window, message, wide, longer);
+}
+
+std::optional<LRESULT> WindowBinding::OnMessage(UINT message, WPARAM wide, LPARAM) {
+  if (message == WM_MOUSEMOVE) OnMouseMove(HeldButtons(wide));
+  return std::nullopt;
+}
+
+void WindowBinding::SetName(TextView name) {
+  if (name == name_) return;
+  name_ = name;
+  SetWindowTextW(window_, windows::Wide(name_));
+}
+
+void WindowBinding::Apply() {
+  ShowPlace();
+  ShowToolTip();
+  Show();
+  ShowState();
+}
+
+void WindowBinding::ShowPlace() {
+  const RECT place{context_.Pixels(model_.Left), context_.Pixels(model_.Top),
+                   context_.Pixels(model_.Left + model_.Width), context_.Pixels(model_.Top + model_.Height)};
+  if (EqualRect(&place, &place_) != FALSE) return;
+  place_ = place;
+  SetWindowPos(window_, nullptr, place.left, place.top, place.right - place.left, place.bottom - place.top,
+               SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void WindowBinding::ShowState() {
+  if (!model_.Visible || !model_.Enabled) LeaveFocus();
+  if ((IsWindowEnabled(window_) != FALSE) != model_.Enabled) {
+    EnableWindow(window_, model_.Enabled);
+    // Scroll bars keep the look that they had when they were last painted.
+    RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
+  }
+  const bool shown = (GetWindowLongPtrW(window_, GWL_STYLE) & WS_VISIBLE) != 0;
+  if (shown != model_.Visible) ShowWindow(window_, model_.Visible ? SW_SHOWNA : SW_HIDE);
+}
+
+// A hidden or disabled control would keep the keys to itself.
+void WindowBinding::LeaveFocus() {
+  if (GetFocus() != window_) return;
+  context_.lostFocus = window_;
+  SetFocus(context_.window);
+}
+
+void WindowBinding::ShowToolTip() {
+  if (model_.ToolTipText == toolTip_) return;
+  const bool known = !toolTip_.empty();
+  toolTip_ = model_.ToolTipText;
+  TOOLINFOW tool{};
+  tool.cbSize = sizeof tool;
+  tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+  tool.hwnd = context_.window;
+  tool.uId = reinterpret_cast<UINT_PTR>(window_);
+  tool.lpszText = windows::WideBuffer(toolTip_.data());
+  SendMessageW(context_.toolTips, known ? TTM_UPDATETIPTEXTW : TTM_ADDTOOLW, 0,
+               reinterpret_cast<LPARAM>(&tool));
+}
+
+}  // namespace tavix::win32

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <optional>
+
+#include "window/win32/window_context.h"
+
+namespace tavix::win32 {
+
+// A model shown by a control of the system. It keeps place, visibility, enabled state and tool tip, and
+// hands the messages of the control to the class of its kind.
+class WindowBinding : public Binding {
+ public:
+  HWND Window() const { return window_; }
+  // The binding of a child window, null where there is none.
+  static WindowBinding* Of(HWND window);
+
+  void Apply() final;
+
+  // What the control tells its parent.
+  virtual void OnCommand(int code) { (void)code; }
+  virtual LRESULT OnNotify(NMHDR& header) { return (void)header, 0; }
+  virtual void OnDraw(const DRAWITEMSTRUCT& draw) { (void)draw; }
+  // Sets the colours for a control that paints text by itself; null leaves the system's.
+  virtual HBRUSH OnColors(HDC context) { return (void)context, nullptr; }
+
+ protected:
+  WindowBinding(Control& model, WindowContext& context)
+      : Binding(model, context.changes), context_(context), model_(model) {}
+
+  // Makes the control, hidden. `style` is added to what all have.
+  void Create(int id, const wchar_t* className, DWORD style, DWORD extendedStyle = 0);
+  // The name that the control shows, or that readers of the screen say where it shows none.
+  void SetName(TextView name);
+  // Brings the rest of the model to the control.
+  virtual void Show() {}
+  // A message of the control itself; a result ends its handling.
+  virtual std::optional<LRESULT> OnMessage(UINT message, WPARAM wide, LPARAM longer);
+  virtual void OnMouseMove(int buttons) { (void)buttons; }
+
+  LRESULT Send(UINT message, WPARAM wide = 0, LPARAM longer = 0) const {
+    return SendMessageW(window_, message, wide, longer);
+  }
+
+  WindowContext& context_;
+
+ private:
+  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wide, LPARAM longer, UINT_PTR id,
+                                    DWORD_PTR data);
+  void ShowPlace();
+  void ShowState();
+  void ShowToolTip();
+  void LeaveFocus();
+
+  Control& model_;
+  HWND window_ = nullptr;
+  RECT place_{};
+  Text name_, toolTip_;
+};
+
+// The mouse buttons held down, as the models' events take them.
+int HeldButtons(WPARAM wide);
+
+}  // namespace tavix::win32

@@ -1,0 +1,45 @@
+#include "window/wiring.h"
+
+#include "catalogue/privacy_tree.h"
+#include "catalogue/selection.h"
+#include "forms/main_form.h"
+#include "frame/start_up.h"
+#include "scan/result_items.h"
+#include "scan/scan_driver.h"
+#include "window/keys.h"
+#include "window/layout.h"
+
+namespace tavix {
+namespace {
+
+void picMini_MouseUp(int button) {
+  if (button == kLeftButton) frmPubMain.Minimize();
+}
+
+void picClose_MouseUp(int button) {
+  if (button == kLeftButton) frmPubMain.Unload();
+}
+
+// The page lies beside the program, so its address is relative to the application folder.
+void SendEmbeddedPage() { frmPubMain.webGIF.Navigate(u"res\\scan.htm"); }
+
+}  // namespace
+
+void WireMainForm() {
+  MainForm& form = frmPubMain;
+  form.KeyDown = mdlPubSelf::Form_KeyDown;
+  form.picMini.MouseUp = picMini_MouseUp;
+  form.picClose.MouseUp = picClose_MouseUp;
+  form.trvPrivacy.NodeCheck = mdlPubSelf::trvPrivacy_NodeCheck;
+  form.trvPrivacy.NodeClick = mdlPubSelf::trvPrivacy_NodeClick;
+  form.cbxAll.Click = mdlPubSelf::cbxAll_Click;
+  form.lsvResult.ColumnClick = mdlPubSelf::lsvResult_ColumnClick;
+  form.sbtScan.Click = mdlPubSelf::sbtScan_Click;
+  form.sbtCancel.Click = mdlPubSelf::sbtCancel_Click;
+
+  mdlPubSelf::frameSteps.BuildPrivacyTree = mdlPubSelf::BuildPrivacyTree;
+  mdlPubSelf::frameSteps.LayOutWindow = LayOutMainForm;
+  mdlPubSelf::frameSteps.SendEmbeddedPage = SendEmbeddedPage;
+}
+
+}  // namespace tavix

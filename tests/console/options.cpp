@@ -1,0 +1,70 @@
+#include "console/options.h"
+
+#include <gtest/gtest.h>
+
+namespace tavix::console {
+namespace {
+
+std::string ErrorOf(const std::vector<std::string>& arguments) {
+  std::string error;
+  EXPECT_FALSE(ReadOptions(arguments, error).has_value());
+  EXPECT_EQ(error.find('\n'), std::string::npos);
+  return error;
+}
+
+TEST(ConsoleOptions, ReadsAMachineAndFunctions) {
+  std::string error;
+  const auto options =
+      ReadOptions({"--machine", "m", "--function", "iertu", "--function", "wesh", "--json"}, error);
+  ASSERT_TRUE(options.has_value()) << error;
+  EXPECT_EQ(options->machine, "m");
+  EXPECT_EQ(options->functions, (std::vector<Text>{u"iertu", u"wesh"}));
+  EXPECT_EQ(options->page, u"privacy");
+  EXPECT_TRUE(options->json);
+  EXPECT_FALSE(options->now.has_value());
+}
+
+TEST(ConsoleOptions, SaysWhichArgumentIsWrongAndWhy) {
+  EXPECT_EQ(ErrorOf({"--machine", "m", "--frobnicate"}), "unknown option '--frobnicate'");
+  EXPECT_EQ(ErrorOf({"--machine", "m", "extra"}), "unknown option 'extra'");
+  EXPECT_EQ(ErrorOf({"--machine"}), "--machine needs a value");
+  EXPECT_EQ(ErrorOf({}), "--machine DIR or --live is missing");
+  EXPECT_EQ(ErrorOf({"--machine", "m", "--live"}), "--machine and --live exclude each other");
+  EXPECT_EQ(ErrorOf({"--machine", "m", "--page", "start"}),
+            "--page 'start' is no page (privacy, system, registry, advanced)");
+  EXPECT_EQ(ErrorOf({"--machine", "m", "--json", "--json"}), "--json stands twice");
+  EXPECT_EQ(ErrorOf({"--machine", "m", "--function", "\xFF"}), "--function '\xFF' is no UTF-8 text");
+}
+
+TEST(ConsoleOptions, ReadsADateAndTime) {
+  std::string error;
+  const auto options = ReadOptions({"--live", "--now", "1970-01-02T00:00:01"}, error);
+  ASSERT_TRUE(options.has_value()) << error;
+  EXPECT_EQ(options->now, 86'401'000);
+  EXPECT_EQ(ReadOptions({"--live", "--now", "2026-02-28T23:59:59"}, error)->now, 1'772'323'199'000);
+  for (const char* wrong :
+       {"", "2026", "2026-02-29T00:00:00", "2026-13-01T00:00:00", "2026-01-01T24:00:00",
+        "2026-01-01T00:60:00", "2026-01-01 00:00:00", "2026-01-01T00:00:00Z", "-026-01-01T00:00:00"}) {
+    EXPECT_EQ(ErrorOf({"--live", "--now", wrong}),
+              std::string("--now '") + wrong + "' is no date and time (YYYY-MM-DDThh:mm:ss)");
+  }
+}
+
+TEST(ConsoleOptions, HelpAndVersionNeedNoMachine) {
+  std::string error;
+  EXPECT_TRUE(ReadOptions({"--help"}, error)->help);
+  EXPECT_TRUE(ReadOptions({"--version"}, error)->version);
+}
+
+TEST(ConsoleOptions, WhatIsToComeSaysSo) {
+  EXPECT_EQ(ErrorOf({"--live", "--page", "system"}), "--page 'system' is not there yet");
+  EXPECT_EQ(ErrorOf({"--live", "--clean"}), "--clean is not there yet");
+  EXPECT_EQ(ErrorOf({"--live", "--one-click"}), "--one-click is not there yet");
+  EXPECT_EQ(ErrorOf({"--live", "--set", "A/B=C"}), "--set 'A/B=C' is not there yet");
+  EXPECT_EQ(ErrorOf({"--live", "--untick", "1"}), "--untick '1' is not there yet");
+  EXPECT_EQ(ErrorOf({"--live", "--tick", "1"}), "--tick '1' is not there yet");
+  EXPECT_EQ(ErrorOf({"--live", "--scope", "C:"}), "--scope 'C:' is not there yet");
+}
+
+}  // namespace
+}  // namespace tavix::console

@@ -1,0 +1,18 @@
+#include <cstdint>
+#include <cstdlib>
+
+#include "platform/machine/registry_text.h"
+
+// Any bytes are read without harm, and what a text made is the same after it was written and read again.
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+  using namespace tavix::machine;
+  RegistryStore store;
+  const auto error = ReadRegistryText({reinterpret_cast<const char*>(data), size}, store);
+  if (error && (error->Line == 0 || error->Reason.empty())) std::abort();
+  RegistryStore again;
+  for (const auto hive : RegistryStore::kHives) {
+    if (ReadRegistryText(WriteRegistryText(store, hive), again)) std::abort();
+  }
+  if (!(again == store)) std::abort();
+  return 0;
+}

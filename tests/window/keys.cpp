@@ -1,0 +1,91 @@
+#include "window/keys.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "forms/main_form.h"
+
+namespace tavix {
+namespace {
+
+using mdlPubSelf::Form_KeyDown;
+using Calls = std::vector<std::string>;
+
+// Every event that a key can raise notes its name.
+class FormKeyDown : public testing::Test {
+ protected:
+  void SetUp() override {
+    MainForm& f = frmPubMain;
+    f.sbtScan.Click = Note("Scan");
+    f.sbtClean.Click = Note("Clean");
+    f.sbtCancel.Click = Note("Cancel");
+    f.Unload = Note("Unload");
+    const std::array<const char*, 6> names = {"Privacy", "System", "Registry", "Advanced", "Options", "One"};
+    const auto pages = f.PagePictures();
+    for (size_t i = 0; i < pages.size(); ++i) {
+      pages[i]->MouseUp = [this, name = names[i]](int button) {
+        calls.push_back(name + std::string(button == kLeftButton ? "" : " by another button"));
+      };
+    }
+    for (size_t i = 0; i < f.sbtToolbar.size(); ++i) f.sbtToolbar[i].Click = Note("Tool" + std::to_string(i));
+  }
+  void TearDown() override {
+    MainForm& f = frmPubMain;
+    f.sbtScan.Click = f.sbtClean.Click = f.sbtCancel.Click = f.Unload = nullptr;
+    for (PictureBox* page : f.PagePictures()) page->MouseUp = nullptr;
+    for (Button& tool : f.sbtToolbar) tool.Click = nullptr;
+    f.sbtCancel.Visible = false;
+  }
+  std::function<void()> Note(std::string name) {
+    return [this, name = std::move(name)] { calls.push_back(name); };
+  }
+  Calls Press(int keyCode, int shift) {
+    calls.clear();
+    Form_KeyDown(keyCode, shift);
+    return calls;
+  }
+
+  Calls calls;
+};
+
+TEST_F(FormKeyDown, RunsTheCommandOfEachKeyAndNothingForAnyOtherShiftState) {
+  const struct {
+    int key, shift;
+    const char* call;
+  } cases[] = {
+      {0x72, 0, "Scan"},     {0x74, 0, "Clean"},    {0x73, kAlt, "Unload"}, {'P', 0, "Privacy"},
+      {'S', 0, "System"},    {'R', 0, "Registry"},  {'A', 0, "Advanced"},   {'O', 0, "Options"},
+      {'1', 0, "One"},       {'X', kCtrl, "Tool0"}, {'O', kCtrl, "Tool1"},  {'P', kCtrl, "Tool2"},
+      {'I', kCtrl, "Tool3"},
+  };
+  for (int key = 0; key < 256; ++key) {
+    for (int shift = 0; shift < 8; ++shift) {
+      Calls expected;
+      for (const auto& c : cases) {
+        if (c.key == key && c.shift == shift) expected.push_back(c.call);
+      }
+      EXPECT_EQ(Press(key, shift), expected) << "key " << key << " shift " << shift;
+    }
+  }
+}
+
+TEST_F(FormKeyDown, CancelsOnlyWhileCancelIsVisible) {
+  EXPECT_EQ(Press(0x1B, 0), Calls{});
+  frmPubMain.sbtCancel.Visible = true;
+  EXPECT_EQ(Press(0x1B, 0), Calls{"Cancel"});
+  EXPECT_EQ(Press(0x1B, kShift), Calls{});
+}
+
+TEST_F(FormKeyDown, DoesNotLookWhetherTheButtonIsEnabledOrVisible) {
+  frmPubMain.sbtScan.Visible = false;
+  frmPubMain.sbtClean.Enabled = false;
+  EXPECT_EQ(Press(0x72, 0), Calls{"Scan"});
+  EXPECT_EQ(Press(0x74, 0), Calls{"Clean"});
+  frmPubMain.sbtScan.Visible = true;
+  frmPubMain.sbtClean.Enabled = true;
+}
+
+}  // namespace
+}  // namespace tavix

@@ -1,0 +1,135 @@
+#include "window/win32/tree_binding.h"
+
+#include <vector>
+
+#include "window_test.h"
+
+namespace tavix::win32 {
+namespace {
+
+class TreeBindingTest : public WindowTest {
+ protected:
+  void SetUp() override {
+    WindowTest::SetUp();
+    tree = Control(kIdPrivacyTree);
+    Model().NodeCheck = [this](Node& node) { checks.push_back(node.Key); };
+    Model().NodeClick = [this](Node& node) { clicks.push_back(node.Key); };
+    root = Model().AddNode(nullptr, u"root", u"Root");
+    first = Model().AddNode(root, u"first", u"First");
+    second = Model().AddNode(root, u"second", u"Second");
+    root->Expanded = true;
+    Flush();
+  }
+  TreeView& Model() { return frmPubMain.trvPrivacy; }
+  HTREEITEM Next(WPARAM which, HTREEITEM item = nullptr) const {
+    return reinterpret_cast<HTREEITEM>(Send(tree, TVM_GETNEXTITEM, which, reinterpret_cast<LPARAM>(item)));
+  }
+  HTREEITEM RootItem() const { return Next(TVGN_ROOT); }
+  HTREEITEM FirstItem() const { return Next(TVGN_CHILD, RootItem()); }
+  UINT State(HTREEITEM item) const {
+    return static_cast<UINT>(Send(tree, TVM_GETITEMSTATE, reinterpret_cast<WPARAM>(item), ~0));
+  }
+  bool Ticked(HTREEITEM item) const {
+    return (State(item) & TVIS_STATEIMAGEMASK) == INDEXTOSTATEIMAGEMASK(2);
+  }
+  bool Open(HTREEITEM item) const { return (State(item) & TVIS_EXPANDED) != 0; }
+  // Left end of the label; the box stands left of it.
+  POINT LabelOf(HTREEITEM item) const {
+    union {
+      HTREEITEM item;
+      RECT area;
+    } place{};
+    place.item = item;
+    Send(tree, TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&place));
+    return {place.area.left, (place.area.top + place.area.bottom) / 2};
+  }
+  void ClickBox(HTREEITEM item, UINT press = WM_LBUTTONDOWN) {
+    const POINT label = LabelOf(item);
+    Click(tree, label.x - 8, label.y, press);
+    Flush();
+  }
+
+  HWND tree = nullptr;
+  Node* root = nullptr;
+  Node* first = nullptr;
+  Node* second = nullptr;
+  std::vector<Text> checks, clicks;
+};
+
+TEST_F(TreeBindingTest, ShowsNodesWithTheirTicks) {
+  EXPECT_TRUE(Open(RootItem()));
+  EXPECT_FALSE(Ticked(FirstItem()));
+  first->Checked = true;
+  Flush();
+  EXPECT_TRUE(Ticked(FirstItem()));
+  EXPECT_FALSE(Ticked(Next(TVGN_NEXT, FirstItem())));
+  EXPECT_TRUE(checks.empty());
+}
+
+TEST_F(TreeBindingTest, AClickOnTheBoxTurnsTheTickOnce) {
+  ClickBox(FirstItem());
+  EXPECT_EQ(checks, std::vector<Text>{u"first"});
+  EXPECT_TRUE(first->Checked);
+  EXPECT_TRUE(Ticked(FirstItem()));
+  ClickBox(FirstItem(), WM_LBUTTONDBLCLK);
+  EXPECT_EQ(checks.size(), 2U);
+  EXPECT_FALSE(first->Checked);
+  EXPECT_FALSE(Ticked(FirstItem()));
+  EXPECT_TRUE(clicks.empty());
+}
+
+TEST_F(TreeBindingTest, SpaceTurnsTheTickAndEnterClicks) {
+  Send(tree, TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(FirstItem()));
+  SetFocus(tree);
+  Press(tree, VK_SPACE);
+  Flush();
+  EXPECT_EQ(checks, std::vector<Text>{u"first"});
+  EXPECT_TRUE(Ticked(FirstItem()));
+  Press(tree, VK_RETURN);
+  EXPECT_EQ(clicks, std::vector<Text>{u"first"});
+}
+
+TEST_F(TreeBindingTest, OpeningAndClosingReachesTheModel) {
+  Send(tree, TVM_EXPAND, TVE_COLLAPSE, reinterpret_cast<LPARAM>(RootItem()));
+  // By the program nothing is told; by the user it is.
+  NMTREEVIEWW told{};
+  told.hdr = {tree, kIdPrivacyTree, static_cast<UINT>(TVN_ITEMEXPANDEDW)};
+  told.action = TVE_COLLAPSE;
+  told.itemNew.hItem = RootItem();
+  Send(frame, WM_NOTIFY, kIdPrivacyTree, reinterpret_cast<LPARAM>(&told));
+  EXPECT_FALSE(root->Expanded);
+  root->Expanded = true;
+  Flush();
+  EXPECT_TRUE(Open(RootItem()));
+}
+
+TEST_F(TreeBindingTest, NodesAddedLaterStandBelowTheirParent) {
+  Model().AddNode(first, u"deep", u"Deep");
+  first->Expanded = true;
+  Flush();
+  EXPECT_NE(Next(TVGN_CHILD, FirstItem()), nullptr);
+  EXPECT_TRUE(Open(FirstItem()));
+}
+
+TEST_F(TreeBindingTest, AClearedTreeShowsWhatIsAddedAfterwards) {
+  first->Checked = true;
+  Model().Clear();
+  Model().AddNode(nullptr, u"other", u"Other")->Checked = true;
+  Flush();
+  EXPECT_EQ(Send(tree, TVM_GETCOUNT), 1);
+  EXPECT_TRUE(Ticked(RootItem()));
+}
+
+TEST_F(TreeBindingTest, ANodeIsPaintedOnItsOwnGround) {
+  first->BackColor = kButtonFace;
+  Flush();
+  NMTVCUSTOMDRAW draw{};
+  draw.nmcd.hdr = {tree, kIdPrivacyTree, static_cast<UINT>(NM_CUSTOMDRAW)};
+  draw.nmcd.dwDrawStage = CDDS_ITEMPREPAINT;
+  draw.nmcd.lItemlParam = first->Index;
+  Send(frame, WM_NOTIFY, kIdPrivacyTree, reinterpret_cast<LPARAM>(&draw));
+  EXPECT_EQ(draw.clrTextBk, GetSysColor(COLOR_BTNFACE));
+}
+
+}  // namespace
+}  // namespace tavix::win32
