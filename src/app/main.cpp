@@ -14,6 +14,7 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
       sizeof controls, ICC_STANDARD_CLASSES | ICC_LISTVIEW_CLASSES | ICC_TREEVIEW_CLASSES | ICC_BAR_CLASSES};
   InitCommonControlsEx(&controls);
   const tavix::windows::WindowsHost host;
+  if (!tavix::mdlPubSelf::Form_Initialize()) return 0;
   tavix::WireMainForm();
   tavix::win32::MainWindow window;
   if (!window.Create()) return 1;

@@ -6,9 +6,7 @@
 #include "console/options.h"
 #include "console/session.h"
 #include "platform/machine/machine_clock.h"
-#include "platform/machine/machine_folder.h"
-#include "platform/merged_registry.h"
-#include "text/number.h"
+#include "platform/machine/machine_host.h"
 #include "text/utf8.h"
 
 namespace {
@@ -29,19 +27,11 @@ int RunOverFolder(const console::Options& options) {
   std::string error;
   const auto path = FromUtf8(*options.machine);
   if (!path) return Fail(kWrongArguments, "--machine is no UTF-8 text");
-  const auto folder = machine::MachineFolder::Open(std::filesystem::path(*path), error);
-  if (folder == nullptr) return Fail(kNoMachine, error);
-  platform::MergedRegistry registry(folder->Registry());
-  machine::HostClock clock;
-  platform::registry = &registry;
-  platform::clock = &clock;
-  userLocale = folder->Locale();
-  platform::screen = folder->Screen();
-  machine::StandingClock standing(options.now.value_or(0));
-  if (options.now) platform::clock = &standing;
+  const auto host = machine::MachineHost::Open(std::filesystem::path(*path), options.now, error);
+  if (host == nullptr) return Fail(kNoMachine, error);
   const int status = console::RunSession(options, error);
   std::string saving;
-  if (!folder->Save(saving)) return Fail(kNoMachine, saving);
+  if (!host->Save(saving)) return Fail(kNoMachine, saving);
   return Finish(status, error);
 }
 

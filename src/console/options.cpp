@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <chrono>
 #include <cstdio>
 #include <functional>
@@ -87,6 +88,26 @@ std::string SetNow(Options& options, const std::string& value) {
   return options.now ? "" : "is no date and time (YYYY-MM-DDThh:mm:ss)";
 }
 
+// Section, slash, key, equals sign, value. Sections may hold a slash, keys don't.
+std::string AddSetting(Options& options, const std::string& value) {
+  const auto text = FromUtf8(value);
+  if (!text) return "is no UTF-8 text";
+  const size_t equals = text->find(u'=');
+  const size_t slash = equals == Text::npos ? Text::npos : text->rfind(u'/', equals);
+  if (slash == Text::npos) return "is not of the form Section/Key=Value";
+  options.settings.push_back(
+      {text->substr(0, slash), text->substr(slash + 1, equals - slash - 1), text->substr(equals + 1)});
+  return {};
+}
+
+std::string AddMark(Options& options, const std::string& value, bool checked) {
+  int row = 0;
+  const auto [end, error] = std::from_chars(value.data(), value.data() + value.size(), row);
+  if (error != std::errc() || end != value.data() + value.size() || row < 1) return "is no row number";
+  options.marks.push_back({row, checked});
+  return {};
+}
+
 std::string NotThereYet(Options&, const std::string&) { return "is not there yet"; }
 
 const OptionRule kRules[] = {
@@ -100,10 +121,10 @@ const OptionRule kRules[] = {
     {"--one-click", false, false, NotThereYet},
     {"--function", true, true, [](Options& o, const std::string& v) { return AppendText(o.functions, v); }},
     {"--scope", true, true, NotThereYet},
-    {"--set", true, true, NotThereYet},
-    {"--untick", true, true, NotThereYet},
-    {"--tick", true, true, NotThereYet},
-    {"--clean", false, false, NotThereYet},
+    {"--set", true, true, AddSetting},
+    {"--untick", true, true, [](Options& o, const std::string& v) { return AddMark(o, v, false); }},
+    {"--tick", true, true, [](Options& o, const std::string& v) { return AddMark(o, v, true); }},
+    {"--clean", false, false, [](Options& o, const std::string&) { return Flag(o.clean); }},
     {"--now", true, false, SetNow},
     {"--json", false, false, [](Options& o, const std::string&) { return Flag(o.json); }},
     {"--help", false, false, [](Options& o, const std::string&) { return Flag(o.help); }},

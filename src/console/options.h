@@ -18,6 +18,16 @@ struct Options {
   bool live = false;
   Text page = u"privacy";
   std::vector<Text> functions;
+  struct Setting {
+    Text section, key, value;
+  };
+  std::vector<Setting> settings;
+  struct Mark {
+    int row = 0;  // counted from 1
+    bool checked = false;
+  };
+  std::vector<Mark> marks;  // in the order of the arguments
+  bool clean = false;
   bool json = false;
   std::optional<platform::DateTime> now;
 };

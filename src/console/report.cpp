@@ -4,9 +4,9 @@
 #include <array>
 #include <string>
 
-#include "console/json.h"
 #include "forms/main_form.h"
 #include "scan/result_items.h"
+#include "text/json.h"
 #include "text/utf8.h"
 
 namespace tavix::console {

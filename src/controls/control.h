@@ -29,6 +29,7 @@ class Control : public PropertyOwner {
   Property<Text> ToolTipText{this};
 
   ControlPeer* peer = nullptr;  // not owned
+  intptr_t hWnd = 0;            // the real control's window, 0 without one
 
   void PropertyChanged() override {
     if (peer != nullptr) peer->ModelChanged();

@@ -33,7 +33,10 @@ class Property {
     owner_->PropertyChanged();
     return *this;
   }
-  Property& operator=(const Property& other) { return *this = other.value_; }
+  Property& operator=(const Property& other) {
+    if (this != &other) *this = other.value_;
+    return *this;
+  }
 
   operator const T&() const { return value_; }
   const T& Get() const { return value_; }

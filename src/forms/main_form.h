@@ -2,9 +2,11 @@
 
 #include <array>
 #include <cstdint>
+#include <vector>
 
 #include "controls/check_list.h"
 #include "controls/control.h"
+#include "controls/form.h"
 #include "controls/list_view.h"
 #include "controls/tree_view.h"
 #include "platform/clock.h"
@@ -13,8 +15,11 @@ namespace tavix {
 
 // The main window as the program sees it: its controls, with the captions they are built with, and its
 // fields. Coordinates are filled in at start.
-struct MainForm : Control {
+struct MainForm : Form {
   MainForm();
+
+  TextView Name() const override { return u"frmPubMain"; }
+  std::vector<NamedText> Texts() override;
 
   // Title strip.
   PictureBox picTitle, picMini, picClose, picHelp, picCommend;
@@ -43,11 +48,10 @@ struct MainForm : Control {
   InternetTransfer net;
   Timer timLoader;
 
-  Event<> Refresh;          // paint what has changed at once
-  Event<int, int> KeyDown;  // virtual key code, shift state
-  Event<> Minimize;         // send the window to the task bar
-  Event<> Unload;           // close the window
+  Event<> Refresh;   // paint what has changed at once
+  Event<> Minimize;  // send the window to the task bar
 
+  bool Loaded = false;  // between Form_Load and Form_Unload
   bool BigInterface = false;
   bool IconsLit = false;
   int16_t LastPage = 0;  // 0 Privacy, 1 System, 2 Registry, 3 Advanced

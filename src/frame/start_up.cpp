@@ -1,23 +1,89 @@
 #include "frame/start_up.h"
 
+#include "forms/main_form.h"
+#include "frame/data_folders.h"
+#include "frame/messages.h"
+#include "frame/settings.h"
+#include "frame/support/file_system_object.h"
+#include "frame/support/pub_common.h"
+#include "frame/support/pub_file.h"
 #include "frame/support/pub_registry.h"
+#include "frame/support/pub_system.h"
+#include "frame/support/shell_object.h"
+#include "platform/instance.h"
 
 namespace tavix::mdlPubSelf {
 namespace {
+
+constexpr uint32_t kWhite = 0xFFFFFF;
+constexpr uint32_t kCloseMessage = 16;
+constexpr TextView kHelpTitle = u"TVX Help";
 
 void Run(const std::function<void()>& step) {
   if (step) step();
 }
 
-}  // namespace
-
-void Form_Load() {
+void CreateServices() {
+  fileSystemObject = FileSystemObject(platform::fileSystem);
+  shellObject = ShellObject(platform::shell);
+  pubSystem = clsPubSystem({platform::shell, platform::fileSystem, platform::dialogs, platform::desktop});
+  pubCommon = clsPubCommon(platform::fileSystem, platform::shell);
   pubRegistry = clsPubRegistry(platform::registry);
-  Run(frameSteps.BuildPrivacyTree);
-  Run(frameSteps.LayOutWindow);
-  Run(frameSteps.SendEmbeddedPage);
+  pubFile = clsPubFile(platform::fileSystem);
 }
 
-void Form_Unload() { pubRegistry = {}; }
+void ReleaseServices() {
+  pubSystem = {};
+  fileSystemObject = {};
+  pubCommon = {};
+  shellObject = {};
+  pubRegistry = {};
+  pubFile = {};
+}
+
+void CloseHelpViewer() {
+  platform::WindowHandle viewer = 0;
+  pubSystem.FindWindowByTitle(kHelpTitle, viewer);
+  if (viewer <= 1) return;
+  pubSystem.FindWindowByTitle(kHelpTitle, viewer);
+  pubSystem.PostWindowMessage(viewer, kCloseMessage, 0, 0);
+}
+
+}  // namespace
+
+bool Form_Initialize() { return platform::instance == nullptr || !platform::instance->PreviousRuns(); }
+
+void Form_Load() {
+  frmPubMain.Loaded = true;
+  CreateServices();
+  PrepareDataFolders();
+  LoadSettings();
+  // This one key tells whether the settings were ever written.
+  if (Trim(CommonTypes).empty()) {
+    WriteDefaultSettings();
+    LoadSettings();
+  }
+  Run(frameSteps.BuildPrivacyTree);
+  Run(frameSteps.LoadJunkDefinitions);
+  pubCommon.LoadFormTexts(frmPubMain, TextCatalogue());
+  Run(frameSteps.LayOutWindow);
+  Run(frameSteps.SendEmbeddedPage);
+  Run(frameSteps.ColorControls);
+  pubSystem.AttachListColorHook(frmPubMain.lsvResult.hWnd, true, frmPubMain.hWnd, kWhite);
+  Run(frameSteps.CheckForUpdate);
+}
+
+void Form_Unload() {
+  if (!frmPubMain.Loaded) return;
+  frmPubMain.Loaded = false;
+  PrepareDataFolders();
+  pubSystem.AttachListColorHook(frmPubMain.lsvResult.hWnd, false, 0, 0);
+  CloseHelpViewer();
+  Run(frameSteps.UnloadOptions);
+  Run(frameSteps.UnloadTypeEditor);
+  Run(frameSteps.UnloadAbout);
+  ReleaseServices();
+  frmPubMain.mhtm.Scroll = u"";
+}
 
 }  // namespace tavix::mdlPubSelf

@@ -31,7 +31,7 @@ struct DirectoryEntry {
 // The same of one path.
 struct FileFacts {
   Text path;  // whole, names as the disk has them, no backslash at the end but a drive's
-  Text name;
+  Text name;  // empty for the root of a drive
   uint64_t size = 0;
   DateTime modified = 0;
   DateTime accessed = 0;
@@ -49,7 +49,8 @@ struct Drive {
 
 // The files of a machine. Paths are absolute and are read as Windows reads them: letter case aside, `/` for
 // `\`, repeated separators once (but for the two of a network path), `.` and `..` resolved, blanks and dots
-// at the end of a name dropped. Paths over 260 characters work. A relative or empty path fails.
+// at the end of a name dropped. A drive alone ("C:") is its root. Paths over 260 characters work. A relative
+// or empty path fails.
 //
 // A link as the last name is the link itself for Look, listing and deleting, and is followed by List,
 // reading and writing; links on the way are followed. Nothing here throws; what fails changes nothing,

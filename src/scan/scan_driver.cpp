@@ -154,7 +154,8 @@ void AdvanceProgressBar() {
 void ShowElapsedTime() {
   int16_t seconds = 0;
   if (platform::clock != nullptr) {
-    Set(seconds, ToInteger16(static_cast<double>((platform::clock->Now() - frmPubMain.JobStart) / 1000)));
+    const platform::DateTime elapsed = (platform::clock->Now() - frmPubMain.JobStart) / 1000;
+    Set(seconds, ToInteger16(static_cast<double>(elapsed)));
   }
   frmPubMain.lblTime.Caption = Concat(ToText(seconds), seconds == 0 ? u" second." : u" seconds.");
 }

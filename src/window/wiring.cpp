@@ -2,6 +2,7 @@
 
 #include "catalogue/privacy_tree.h"
 #include "catalogue/selection.h"
+#include "clean/clean_driver.h"
 #include "forms/main_form.h"
 #include "frame/start_up.h"
 #include "scan/result_items.h"
@@ -36,6 +37,8 @@ void WireMainForm() {
   form.lsvResult.ColumnClick = mdlPubSelf::lsvResult_ColumnClick;
   form.sbtScan.Click = mdlPubSelf::sbtScan_Click;
   form.sbtCancel.Click = mdlPubSelf::sbtCancel_Click;
+  form.sbtClean.Click = mdlPubSelf::sbtClean_Click;
+  form.sbtRepair.Click = mdlPubSelf::sbtRepair_Click;
 
   mdlPubSelf::frameSteps.BuildPrivacyTree = mdlPubSelf::BuildPrivacyTree;
   mdlPubSelf::frameSteps.LayOutWindow = LayOutMainForm;

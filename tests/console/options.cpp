@@ -56,13 +56,39 @@ TEST(ConsoleOptions, HelpAndVersionNeedNoMachine) {
   EXPECT_TRUE(ReadOptions({"--version"}, error)->version);
 }
 
+TEST(ConsoleOptions, ASettingIsCutAtTheLastSlashBeforeItsEqualsSign) {
+  std::string error;
+  const auto options = ReadOptions({"--live", "--set", "One-click Clean/Repair/Functions=|a/b=c|", "--set",
+                                    "Cleaning Method/Method="},
+                                   error);
+  ASSERT_TRUE(options.has_value()) << error;
+  ASSERT_EQ(options->settings.size(), 2U);
+  EXPECT_EQ(options->settings[0].section, u"One-click Clean/Repair");
+  EXPECT_EQ(options->settings[0].key, u"Functions");
+  EXPECT_EQ(options->settings[0].value, u"|a/b=c|");
+  EXPECT_EQ(options->settings[1].value, u"");
+  EXPECT_EQ(ErrorOf({"--live", "--set", "Method=D"}), "--set 'Method=D' is not of the form Section/Key=Value");
+  EXPECT_EQ(ErrorOf({"--live", "--set", "A/B"}), "--set 'A/B' is not of the form Section/Key=Value");
+}
+
+TEST(ConsoleOptions, MarksKeepTheirOrder) {
+  std::string error;
+  const auto options = ReadOptions({"--live", "--untick", "3", "--tick", "1", "--untick", "1", "--clean"}, error);
+  ASSERT_TRUE(options.has_value()) << error;
+  ASSERT_EQ(options->marks.size(), 3U);
+  EXPECT_EQ(options->marks[0].row, 3);
+  EXPECT_FALSE(options->marks[0].checked);
+  EXPECT_TRUE(options->marks[1].checked);
+  EXPECT_FALSE(options->marks[2].checked);
+  EXPECT_TRUE(options->clean);
+  for (const char* wrong : {"0", "-1", "1x", "", "99999999999"}) {
+    EXPECT_EQ(ErrorOf({"--live", "--tick", wrong}), std::string("--tick '") + wrong + "' is no row number");
+  }
+}
+
 TEST(ConsoleOptions, WhatIsToComeSaysSo) {
   EXPECT_EQ(ErrorOf({"--live", "--page", "system"}), "--page 'system' is not there yet");
-  EXPECT_EQ(ErrorOf({"--live", "--clean"}), "--clean is not there yet");
   EXPECT_EQ(ErrorOf({"--live", "--one-click"}), "--one-click is not there yet");
-  EXPECT_EQ(ErrorOf({"--live", "--set", "A/B=C"}), "--set 'A/B=C' is not there yet");
-  EXPECT_EQ(ErrorOf({"--live", "--untick", "1"}), "--untick '1' is not there yet");
-  EXPECT_EQ(ErrorOf({"--live", "--tick", "1"}), "--tick '1' is not there yet");
   EXPECT_EQ(ErrorOf({"--live", "--scope", "C:"}), "--scope 'C:' is not there yet");
 }
 

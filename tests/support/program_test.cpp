@@ -3,33 +3,52 @@
 #include <memory>
 #include <ostream>
 
+#include "forms/about_form.h"
+#include "forms/options_form.h"
+#include "forms/type_form.h"
 #include "frame/settings.h"
 #include "frame/start_up.h"
+#include "frame/support/file_system_object.h"
+#include "frame/support/pub_common.h"
+#include "frame/support/pub_file.h"
 #include "frame/support/pub_registry.h"
+#include "frame/support/pub_system.h"
+#include "frame/support/shell_object.h"
 #include "platform/event_queue.h"
-#include "platform/screen.h"
 #include "scan/result_items.h"
 #include "scan/scan_driver.h"
 #include "scan/scan_function.h"
-#include "text/number.h"
 #include "text/utf8.h"
 #include "window/wiring.h"
 
 namespace tavix {
 
+namespace {
+
+template <class T>
+void Renew(T& object) {
+  std::destroy_at(&object);
+  std::construct_at(&object);
+}
+
+}  // namespace
+
 void ResetProcess() {
-  std::destroy_at(&frmPubMain);
-  std::construct_at(&frmPubMain);
-  platform::registry = nullptr;
-  platform::clock = nullptr;
+  Renew(frmPubMain);
+  Renew(frmPubOptions);
+  Renew(frmPubType);
+  Renew(frmPubAbout);
   platform::eventQueue = nullptr;
-  platform::screen = {};
-  userLocale = {};
+  mdlPubSelf::pubSystem = {};
+  mdlPubSelf::pubCommon = {};
   mdlPubSelf::pubRegistry = {};
+  mdlPubSelf::pubFile = {};
+  mdlPubSelf::fileSystemObject = {};
+  mdlPubSelf::shellObject = {};
   mdlPubSelf::frameSteps = {};
   mdlPubSelf::CancelRequested = false;
   mdlPubSelf::ProgressStep = 0;
-  mdlPubSelf::Functions.clear();
+  mdlPubSelf::ClearSettings();
   mdlPubSelf::advancedScan = nullptr;
 }
 
@@ -53,14 +72,6 @@ std::vector<RowFields> ResultRows() {
   }
   return rows;
 }
-
-ProgramTest::ProgramTest() {
-  ResetProcess();
-  platform::registry = &mergedRegistry;
-  platform::clock = &clock;
-}
-
-ProgramTest::~ProgramTest() { ResetProcess(); }
 
 void ProgramTest::Start() {
   WireMainForm();

@@ -5,9 +5,7 @@
 #include <vector>
 
 #include "forms/main_form.h"
-#include "platform/machine/machine_clock.h"
-#include "platform/machine/machine_registry.h"
-#include "platform/merged_registry.h"
+#include "platform/machine/memory_host.h"
 
 namespace tavix {
 
@@ -31,17 +29,20 @@ std::string Narrow(TextView text);
 // The program over a machine in memory, started as the window and the console start it, without a window.
 class ProgramTest : public testing::Test {
  protected:
-  ProgramTest();
-  ~ProgramTest() override;
-
   // Form_Load with everything wired.
   void Start();
   // One string value, made with its key.
   void Seed(platform::Hive hive, TextView key, TextView name, TextView data);
 
-  machine::MachineRegistry machineRegistry;
-  platform::MergedRegistry mergedRegistry{machineRegistry};
-  machine::StandingClock clock;
+  machine::MemoryHost machine;
+  machine::MachineRegistry& machineRegistry = machine.registry;
+  machine::StandingClock& clock = machine.clock;
+
+ private:
+  // Goes before the machine does.
+  struct Reset {
+    ~Reset() { ResetProcess(); }
+  } reset_;
 };
 
 }  // namespace tavix

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <fstream>
-#include <type_traits>
 
 #include "text/utf8.h"
 
@@ -10,17 +9,20 @@ namespace tavix::machine {
 
 namespace fs = std::filesystem;
 
-Text HostName(const fs::path& path) {
-  const fs::path::string_type& name = path.native();
-  if constexpr (std::is_same_v<fs::path::value_type, char>) {
-    if (std::optional<Text> text = FromUtf8(name)) return *std::move(text);
-  }
+namespace {
+
+// Of a host whose names are bytes, and of one whose names are UTF-16.
+[[maybe_unused]] Text Decoded(std::string_view name) {
+  if (std::optional<Text> text = FromUtf8(name)) return *std::move(text);
   Text text;
-  for (const auto c : name) {
-    text.push_back(static_cast<char16_t>(static_cast<std::make_unsigned_t<fs::path::value_type>>(c)));
-  }
+  for (const char c : name) text.push_back(static_cast<unsigned char>(c));
   return text;
 }
+[[maybe_unused]] Text Decoded(std::wstring_view name) { return {name.begin(), name.end()}; }
+
+}  // namespace
+
+Text HostName(const fs::path& path) { return Decoded(path.native()); }
 
 std::string HostNameUtf8(const fs::path& path) {
   std::string name = ToUtf8(HostName(path));

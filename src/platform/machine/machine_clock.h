@@ -4,6 +4,10 @@
 
 namespace tavix::machine {
 
+// A moment of the host, in milliseconds since 1970 UTC, in the time zone of the environment variable TZ, in
+// UTC when that is unset.
+platform::DateTime ToLocalTime(int64_t milliseconds);
+
 // A clock that stands still until it is set.
 class StandingClock : public platform::Clock {
  public:
@@ -15,7 +19,7 @@ class StandingClock : public platform::Clock {
   platform::DateTime now_;
 };
 
-// The host's clock in the time zone of the environment variable TZ, in UTC when that is unset.
+// The host's clock, as local as ToLocalTime.
 class HostClock : public platform::Clock {
  public:
   platform::DateTime Now() override;

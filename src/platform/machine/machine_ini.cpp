@@ -55,4 +55,14 @@ const std::vector<MachineIni::Entry>& MachineIni::Entries(TextView section) cons
   return found == sections_.end() ? kNone : found->second;
 }
 
+void MachineIni::Set(TextView section, TextView key, TextView value) {
+  std::vector<Entry>& entries = sections_[Text(section)];
+  for (Entry& entry : entries) {
+    if (!EqualIgnoringCase(entry.first, key)) continue;
+    entry.second = value;
+    return;
+  }
+  entries.emplace_back(key, value);
+}
+
 }  // namespace tavix::machine

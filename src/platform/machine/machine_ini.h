@@ -27,6 +27,8 @@ class MachineIni {
   std::optional<Text> Value(TextView section, TextView key) const;
   // The entries of a section in the order of the file; none when it is missing.
   const std::vector<Entry>& Entries(TextView section) const;
+  // Sets a value, in place of the one that Value gives or behind the section's others.
+  void Set(TextView section, TextView key, TextView value);
 
  private:
   std::map<Text, std::vector<Entry>, LessIgnoringCase> sections_;

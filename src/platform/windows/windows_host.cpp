@@ -2,8 +2,11 @@
 
 #include <algorithm>
 
+#include "platform/application.h"
 #include "platform/screen.h"
+#include "platform/windows/wide.h"
 #include "platform/windows/windows_locale.h"
+#include "platform/windows/windows_path.h"
 
 namespace tavix::windows {
 namespace {
@@ -29,6 +32,13 @@ platform::Screen ReadPrimaryScreen() {
 WindowsHost::WindowsHost() {
   platform::registry = &merged_;
   platform::clock = &clock_;
+  platform::fileSystem = &fileSystem_;
+  platform::shell = &shell_;
+  platform::eventLogs = &eventLogs_;
+  platform::dialogs = &dialogs_;
+  platform::desktop = &desktop_;
+  platform::instance = &instance_;
+  platform::applicationFolder = ProgramFolder();
   userLocale = ReadUserLocale();
   platform::screen = ReadPrimaryScreen();
 }
@@ -36,8 +46,29 @@ WindowsHost::WindowsHost() {
 WindowsHost::~WindowsHost() {
   platform::registry = nullptr;
   platform::clock = nullptr;
+  platform::fileSystem = nullptr;
+  platform::shell = nullptr;
+  platform::eventLogs = nullptr;
+  platform::dialogs = nullptr;
+  platform::desktop = nullptr;
+  platform::instance = nullptr;
+  platform::applicationFolder.clear();
   userLocale = Locale();
   platform::screen = platform::Screen();
+}
+
+Text ProgramFolder() {
+  Text path(MAX_PATH, u'\0');
+  for (;;) {
+    const DWORD length =
+        GetModuleFileNameW(nullptr, WideBuffer(path.data()), static_cast<DWORD>(path.size()));
+    if (length < path.size()) {
+      path.resize(length);
+      const std::optional<Text> normal = NormalPath(path);
+      return normal ? Text(FolderOf(*normal)) : Text();
+    }
+    path.resize(path.size() * 2);
+  }
 }
 
 }  // namespace tavix::windows

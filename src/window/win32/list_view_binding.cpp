@@ -10,12 +10,26 @@ int SortMark(int icon) {
   return icon == 1 ? HDF_SORTUP : HDF_SORTDOWN;
 }
 
+// The second of two quick clicks on a header counts as the first does; between headers it stays what it is.
+LRESULT CALLBACK HeaderProcedure(HWND window, UINT message, WPARAM wide, LPARAM longer, UINT_PTR id,
+                                 DWORD_PTR) {
+  if (message == WM_NCDESTROY) RemoveWindowSubclass(window, HeaderProcedure, id);
+  if (message == WM_LBUTTONDBLCLK) {
+    HDHITTESTINFO hit{};
+    hit.pt = {static_cast<short>(LOWORD(longer)), static_cast<short>(HIWORD(longer))};
+    SendMessageW(window, HDM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit));
+    if (hit.flags == HHT_ONHEADER) message = WM_LBUTTONDOWN;
+  }
+  return DefSubclassProc(window, message, wide, longer);
+}
+
 }  // namespace
 
 ListViewBinding::ListViewBinding(ListView& model, WindowContext& context, int id, TextView name)
     : VirtualList(model, context, id, 0), model_(model) {
   SetName(name);
   for (int column = 0; column < ListView::kColumns; ++column) AddColumn(column, u"", 0);
+  SetWindowSubclass(reinterpret_cast<HWND>(Send(LVM_GETHEADER)), HeaderProcedure, 1, 0);
 }
 
 // Under suspended painting the window stays as it is; the end of that brings the changes.

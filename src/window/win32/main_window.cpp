@@ -34,6 +34,7 @@ MainWindow::~MainWindow() {
   frmPubMain.Minimize = nullptr;
   frmPubMain.Unload = nullptr;
   if (context_.window == nullptr) return;
+  frmPubMain.hWnd = 0;
   for (const auto& binding : bindings_) binding->Detach();
   DestroyWindow(context_.window);
 }
@@ -56,6 +57,7 @@ bool MainWindow::Create() {
       CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0,
                       0, 0, context_.window, nullptr, windowClass.hInstance, nullptr);
   SendMessageW(context_.toolTips, TTM_SETMAXTIPWIDTH, 0, context_.Pixels(6000));
+  frmPubMain.hWnd = reinterpret_cast<intptr_t>(context_.window);
   frame_ = std::make_unique<FrameBinding>(*this);
   bindings_ = BindMainForm(context_);
   loader_ = std::make_unique<TimerBinding>(frmPubMain.timLoader, context_, kLoaderTimer);
@@ -138,6 +140,7 @@ void MainWindow::Unload() {
   unloading_ = true;
   mdlPubSelf::CancelRequested = true;
   mdlPubSelf::Form_Unload();
+  frmPubMain.hWnd = 0;
   frame_->Detach();
   loader_->Detach();
   for (const auto& binding : bindings_) binding->Detach();

@@ -18,9 +18,15 @@ void WindowBinding::Create(int id, const wchar_t* className, DWORD style, DWORD 
   window_ = CreateWindowExW(extendedStyle, className, L"", WS_CHILD | WS_CLIPSIBLINGS | style, 0, 0, 0, 0,
                             context_.window, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
                             GetModuleHandleW(nullptr), nullptr);
+  model_.hWnd = reinterpret_cast<intptr_t>(window_);
   SetPropW(window_, kProperty, this);
   SetWindowSubclass(window_, Procedure, kSubclassId, reinterpret_cast<DWORD_PTR>(this));
   Send(WM_SETFONT, reinterpret_cast<WPARAM>(context_.font.Get()));
+}
+
+void WindowBinding::Detach() {
+  model_.hWnd = 0;
+  Binding::Detach();
 }
 
 WindowBinding* WindowBinding::Of(HWND window) {

@@ -14,6 +14,7 @@ class WindowBinding : public Binding {
   // The binding of a child window, null where there is none.
   static WindowBinding* Of(HWND window);
 
+  void Detach() override;
   void Apply() final;
 
   // What the control tells its parent.

@@ -10,6 +10,7 @@ namespace {
 
 using platform::Hive;
 using namespace std::string_literals;
+using namespace std::string_view_literals;
 
 RegistryKey& Make(RegistryStore& store, TextView path) {
   bool made = false;
@@ -101,7 +102,7 @@ class RandomRegistry {
   size_t Below(size_t limit) { return random_() % limit; }
 
   Text Name(bool key) {
-    constexpr TextView kTricky(u"\"[];=@-\\ \t\0\r\naAéÉ日\xD800\xDC00\xFEFF\xFFFF", 25);
+    constexpr TextView kTricky = u"\"[];=@-\\ \t\0\r\naAéÉ日\xD800\xDC00\xFEFF\xFFFF"sv;
     Text name;
     for (size_t size = Below(6) + (key ? 1 : 0); name.size() < size;) {
       const char16_t c = kTricky[Below(kTricky.size())];

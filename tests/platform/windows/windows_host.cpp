@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/application.h"
 #include "platform/screen.h"
+#include "platform/windows/wide.h"
 #include "platform/windows/windows_locale.h"
 #include "text/number.h"
 
@@ -16,6 +18,18 @@ TEST(WindowsHost, PutsTheSystemInPlaceAndTakesItAway) {
     EXPECT_TRUE(platform::registry->KeyExists(platform::Hive::LocalMachine, u"Software"));
     EXPECT_TRUE(platform::registry->KeyExists(platform::Hive::ClassesRoot, u"CLSID"));
     ASSERT_NE(platform::clock, nullptr);
+    ASSERT_NE(platform::fileSystem, nullptr);
+    EXPECT_TRUE(platform::fileSystem->FolderExists(u"C:\\"));
+    ASSERT_NE(platform::shell, nullptr);
+    EXPECT_TRUE(platform::shell->SpecialFolderByNumber(9966));
+    EXPECT_NE(platform::eventLogs, nullptr);
+    EXPECT_NE(platform::dialogs, nullptr);
+    EXPECT_NE(platform::desktop, nullptr);
+    EXPECT_NE(platform::instance, nullptr);
+    wchar_t program[MAX_PATH];
+    ASSERT_NE(GetModuleFileNameW(nullptr, program, MAX_PATH), 0U);
+    const Text path = FromWide(program);
+    EXPECT_EQ(platform::applicationFolder, path.substr(0, path.rfind(u'\\')));
     EXPECT_FALSE(userLocale.Decimal.empty());
     EXPECT_GT(platform::screen.Width, 0);
     EXPECT_GT(platform::screen.Height, 0);
@@ -26,6 +40,13 @@ TEST(WindowsHost, PutsTheSystemInPlaceAndTakesItAway) {
   }
   EXPECT_EQ(platform::registry, nullptr);
   EXPECT_EQ(platform::clock, nullptr);
+  EXPECT_EQ(platform::fileSystem, nullptr);
+  EXPECT_EQ(platform::shell, nullptr);
+  EXPECT_EQ(platform::eventLogs, nullptr);
+  EXPECT_EQ(platform::dialogs, nullptr);
+  EXPECT_EQ(platform::desktop, nullptr);
+  EXPECT_EQ(platform::instance, nullptr);
+  EXPECT_EQ(platform::applicationFolder, u"");
   EXPECT_EQ(userLocale.Decimal, u".");
   EXPECT_EQ(platform::screen.Width, platform::Screen().Width);
 }

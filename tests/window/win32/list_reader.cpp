@@ -1,6 +1,7 @@
 // Prints what the main window shows, read from outside by messages: one JSON object a line, UTF-8. A
 // control as {"control":id,"text":...}, then the columns and rows of the result list, the rows of the
-// function list and the nodes of the trees. Rectangles are left, top, right, bottom on the screen.
+// function list and the nodes of the trees; of a list the first thousand rows. Rectangles are left, top,
+// right, bottom on the screen.
 
 // clang-format off
 #include "platform/windows/windows_api.h"
@@ -9,6 +10,7 @@
 #include <io.h>
 // clang-format on
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <string>
@@ -23,6 +25,7 @@ using namespace tavix;
 using namespace tavix::win32;
 
 constexpr size_t kTextRoom = 4096;
+constexpr int kMostRows = 1000;
 
 // Room in the other process for one message's structure with its text.
 class RemoteRoom {
@@ -128,7 +131,7 @@ void PrintColumns(const RemoteRoom& room, HWND list) {
 void PrintRows(const RemoteRoom& room, HWND list, const char* kind, int columns) {
   const auto rows = static_cast<int>(SendMessageW(list, LVM_GETITEMCOUNT, 0, 0));
   std::printf("{\"%ss\":%d}\n", kind, rows);
-  for (int row = 0; row < rows; ++row) {
+  for (int row = 0; row < std::min(rows, kMostRows); ++row) {
     std::string texts;
     for (int column = 0; column < columns; ++column) {
       LVITEMW item{};
@@ -185,6 +188,7 @@ int main() {
   if (window == nullptr) return 1;
   const RemoteRoom room(window);
   if (!room.IsThere()) return 2;
+  std::printf("{\"minimized\":%s}\n", Flag(IsIconic(window) != FALSE));
   EnumChildWindows(window, PrintControl, reinterpret_cast<LPARAM>(window));
   PrintColumns(room, GetDlgItem(window, kIdResult));
   PrintRows(room, GetDlgItem(window, kIdResult), "row", 5);

@@ -1,10 +1,10 @@
-#include "console/json.h"
+#include "text/json.h"
 
 #include <cstdio>
 
 #include "text/utf8.h"
 
-namespace tavix::console {
+namespace tavix {
 namespace {
 
 void AppendEscaped(std::string& out, char16_t unit) {
@@ -55,4 +55,4 @@ void AppendJson(std::string& out, TextView text) {
   out += '"';
 }
 
-}  // namespace tavix::console
+}  // namespace tavix

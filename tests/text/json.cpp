@@ -1,8 +1,8 @@
-#include "console/json.h"
+#include "text/json.h"
 
 #include <gtest/gtest.h>
 
-namespace tavix::console {
+namespace tavix {
 namespace {
 
 std::string Json(TextView text) {
@@ -26,4 +26,4 @@ TEST(Json, EscapesHalfAPairSoThatTheOutputStaysValid) {
 }
 
 }  // namespace
-}  // namespace tavix::console
+}  // namespace tavix

@@ -4,9 +4,9 @@
 
 #include "text/text.h"
 
-namespace tavix::console {
+namespace tavix {
 
 // Appends a text as a JSON string, quotes included, in UTF-8; half of a surrogate pair is escaped.
 void AppendJson(std::string& out, TextView text);
 
-}  // namespace tavix::console
+}  // namespace tavix

@@ -1,0 +1,189 @@
+#include "clean/clean_driver.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+
+#include "clean/action_string.h"
+#include "clean/removal.h"
+#include "forms/main_form.h"
+#include "frame/support/file_system_object.h"
+#include "frame/support/pub_registry.h"
+#include "frame/support/pub_system.h"
+#include "platform/event_logs.h"
+#include "platform/event_queue.h"
+#include "scan/result_items.h"
+#include "scan/scan_driver.h"
+#include "text/attempt.h"
+#include "text/number.h"
+
+namespace tavix::mdlPubSelf {
+namespace {
+
+// A row's fields, taken before the list changes.
+struct Finding {
+  Text tag;
+  Text path;  // location and name
+  Text name;
+  Text size;
+};
+
+// Whether the row is dealt with and goes.
+using Execute = bool (*)(const Finding& finding, TextView payload);
+
+bool CleanFile(const Finding& finding, TextView) {
+  // Without a name the path would be that of the folder.
+  if (!finding.name.empty()) RemoveFileByMethod(finding.path);
+  return !fileSystemObject.FileExists(finding.path);
+}
+
+bool CleanNamedFile(const Finding&, TextView path) {
+  RemoveFileByMethod(path);
+  return !fileSystemObject.FileExists(path);
+}
+
+bool CleanFolder(const Finding& finding, TextView) {
+  if (!finding.name.empty()) RemoveFolderByMethod(finding.path);
+  return !fileSystemObject.FolderExists(finding.path);
+}
+
+bool DeleteRegistryKey(const Finding&, TextView payload) {
+  const RegistryTarget target = ReadRegistryTarget(payload);
+  if (target.key) pubRegistry.DeleteKey(target.hive, *target.key);
+  return true;
+}
+
+bool DeleteRegistryValue(const Finding&, TextView payload) {
+  const RegistryTarget target = ReadRegistryTarget(payload);
+  int status = 0;
+  if (target.value) pubRegistry.DeleteValue(target.hive, *target.key, *target.value, status);
+  return true;
+}
+
+bool DeleteRegistryValues(const Finding& finding, TextView payload) {
+  for (const TextView piece : SplitRegistryTargets(payload)) DeleteRegistryValue(finding, piece);
+  return true;
+}
+
+constexpr int kMaximized = 3;
+
+bool RunCommand(const Finding&, TextView payload) {
+  pubSystem.RunTarget(payload, kMaximized);
+  return true;
+}
+
+bool MarkForRestart(const Finding& finding, TextView) {
+  pubSystem.DeleteAtRestart(finding.path);
+  return true;
+}
+
+bool EmptyBins(const Finding&, TextView) {
+  pubSystem.EmptyRecycleBin(frmPubMain.hWnd, 0);
+  return true;
+}
+
+bool ClearLog(const Finding&, TextView payload) {
+  ClearSystemLog(payload);
+  return true;
+}
+
+struct Kind {
+  TextView name;
+  bool needsPayload;
+  Execute execute;
+};
+
+constexpr std::array kKinds = {
+    Kind{u"F", false, CleanFile},
+    Kind{u"RK", true, DeleteRegistryKey},
+    Kind{u"RI", true, DeleteRegistryValue},
+    Kind{u"Cmd", true, RunCommand},
+    Kind{u"DUR", false, MarkForRestart},
+    Kind{u"RE", false, EmptyBins},
+    Kind{u"FT", true, CleanNamedFile},
+    Kind{u"WSL", true, ClearLog},
+    Kind{u"RIs", true, DeleteRegistryValues},
+    Kind{u"P", false, CleanFolder},
+};
+
+// What stays in the list is a file or folder that still stands. A tag of an unknown kind, or without the
+// payload that its kind needs, has nothing to be done and its row goes.
+bool ExecuteFinding(const Finding& finding) {
+  const Action action = ReadAction(finding.tag);
+  const auto* kind = std::ranges::find(kKinds, action.kind, &Kind::name);
+  if (kind == kKinds.end() || (kind->needsPayload && !action.payload)) return true;
+  return kind->execute(finding, action.payload.value_or(u""));
+}
+
+Finding ReadRow(int row) {
+  const ListView::Item item = frmPubMain.lsvResult.Row(row);
+  const TextView name = item.SubItems(kNameColumn);
+  return {Text(item.Tag()), Concat(item.SubItems(kLocationColumn), u"\\", name), Text(name),
+          Text(item.SubItems(kSizeColumn))};
+}
+
+constexpr int kRowsForAStep = 26;
+
+void SetProgressStep(int rows) {
+  const double width = frmPubMain.lblProgMO.Width;
+  const double updates = rows < kRowsForAStep ? width : rows / static_cast<double>(kRowsForAStep);
+  Set(ProgressStep, ToInteger16(width / updates));
+}
+
+}  // namespace
+
+void sbtClean_Click() {
+  MainForm& form = frmPubMain;
+  if (form.sbtCancel.Visible) return;
+  const int rows = ResultCount();
+  if (rows < 1) return;
+  form.CleanBusy = true;
+  form.lblTime.Caption = u"? second(s).";
+  form.lblSum.Caption = u"Sum: cleaned/repaired ? item(s), ? KB.";
+  form.lblProgS.Caption = u"Cleaning/repairing the checked items, please wait...";
+  form.lblProgMI.Visible = true;
+  form.lblProgMI.Width = 0;
+  // A one-click run started the clock at its scan.
+  if (form.picOne.BorderStyle == 0 && platform::clock != nullptr) form.JobStart = platform::clock->Now();
+  form.lblProgMO.BorderStyle = 1;
+  form.webGIF.Visible = true;
+  do {
+    platform::Yield();
+  } while (form.webGIF.Busy);
+  form.lsvResult.Enabled = false;
+  SetProgressStep(rows);
+
+  int32_t cleaned = 0;
+  float cleanedSize = 0;
+  for (int row = rows; row >= 1; --row) {
+    if ((rows - row) % kRowsForAStep == 0) AdvanceProgressBar();
+    // While the wait yielded, another clean may have taken rows away.
+    if (row > ResultCount() || !form.lsvResult.Row(row).Checked()) continue;
+    const Finding finding = ReadRow(row);
+    if (!ExecuteFinding(finding)) continue;
+    ++cleaned;
+    if (const auto size = ParseNumber(finding.size)) cleanedSize += static_cast<float>(*size);
+    form.lsvResult.Remove(row);
+  }
+
+  form.lblProgMI.Width = form.lblProgMO.Width;
+  form.lblProgMI.Caption = u"100%";
+  form.CleanBusy = false;
+  form.lsvResult.Enabled = true;
+  form.webGIF.Visible = false;
+  form.lblProgS.Caption = u"Finished.";
+  ShowElapsedTime();
+  form.lblSum.Caption = Concat(u"Sum: ", ToText(cleaned), cleaned < 2 ? u" item, " : u" items, ",
+                               FormatGrouped(cleanedSize), u" KB cleaned.");
+}
+
+void sbtRepair_Click() { sbtClean_Click(); }
+
+void ClearSystemLog(TextView log) {
+  if (platform::eventLogs == nullptr) return;
+  const auto handle = platform::eventLogs->Open(log);
+  platform::eventLogs->Clear(handle);
+  platform::eventLogs->Close(handle);
+}
+
+}  // namespace tavix::mdlPubSelf

@@ -1,0 +1,17 @@
+#include "frame/messages.h"
+
+#include "frame/support/pub_system.h"
+#include "platform/application.h"
+
+namespace tavix::mdlPubSelf {
+
+Text TextCatalogue() { return Concat(platform::applicationFolder, u"\\tips.dll"); }
+Text MenuCatalogue() { return Concat(platform::applicationFolder, u"\\menus.dll"); }
+
+Text GetMessageText(TextView key) {
+  Text text;
+  pubSystem.ReadProfileString(TextCatalogue(), u"Message & Text", key, text);
+  return text;
+}
+
+}  // namespace tavix::mdlPubSelf

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "text/text.h"
+#include "text/windows_1252.h"
+
+namespace tavix::machine {
+
+// A piece of a binary file, read by offsets that may be anything: what lies behind the end is zero, and a
+// text without its final zero is empty.
+class ByteReader {
+ public:
+  explicit ByteReader(std::string_view bytes) : bytes_(bytes) {}
+
+  size_t Size() const { return bytes_.size(); }
+  std::string_view Bytes() const { return bytes_; }
+  bool Has(size_t at, size_t size) const { return at <= bytes_.size() && size <= bytes_.size() - at; }
+
+  // Little-endian numbers.
+  uint8_t U8(size_t at) const { return at < bytes_.size() ? static_cast<uint8_t>(bytes_[at]) : uint8_t{0}; }
+  uint16_t U16(size_t at) const { return static_cast<uint16_t>(U8(at) | U8(at + 1) << 8U); }
+  uint32_t U32(size_t at) const { return U16(at) | static_cast<uint32_t>(U16(at + 2)) << 16U; }
+
+  // The part from an offset on, shorter where the end comes first.
+  ByteReader Part(size_t at, size_t size = std::string_view::npos) const {
+    return ByteReader(at < bytes_.size() ? bytes_.substr(at, size) : std::string_view());
+  }
+
+  // Text up to a zero byte, or a zero of two bytes.
+  Text NarrowText(size_t at) const {
+    const std::string_view rest = Part(at).Bytes();
+    const size_t end = rest.find('\0');
+    return end == std::string_view::npos ? Text() : FromWindows1252(rest.substr(0, end));
+  }
+  Text WideText(size_t at) const {
+    Text text;
+    for (; Has(at, 2); at += 2) {
+      const uint16_t c = U16(at);
+      if (c == 0) return text;
+      text += static_cast<char16_t>(c);
+    }
+    return {};
+  }
+
+ private:
+  std::string_view bytes_;
+};
+
+}  // namespace tavix::machine

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <set>
+#include <utility>
+
+#include "text/letter_case.h"
+#include "text/text.h"
+
+namespace tavix::machine {
+
+// Which calls on a machine in memory are to fail. Operations have the names of the routines.
+class Faults {
+ public:
+  // Lets every call of an operation on this path fail, letter case aside; on any path when it is empty.
+  void Fail(TextView operation, TextView path = {}) { failing_.emplace(operation, path); }
+  // Lets the call with this number fail, counted from 1 from here on over all operations.
+  void FailCall(int number) { failAt_ = calls_ + number; }
+  void Clear() {
+    failing_.clear();
+    failAt_ = 0;
+  }
+  // Calls so far.
+  int Calls() const { return calls_; }
+
+  // Counts a call; whether it is to fail.
+  bool Hit(TextView operation, TextView path) {
+    if (++calls_ == failAt_) return true;
+    if (failing_.empty()) return false;
+    return failing_.contains({Text(operation), Text(path)}) || failing_.contains({Text(operation), Text()});
+  }
+
+ private:
+  struct Less {
+    bool operator()(const std::pair<Text, Text>& left, const std::pair<Text, Text>& right) const {
+      if (left.first != right.first) return left.first < right.first;
+      return CompareIgnoringCase(left.second, right.second) < 0;
+    }
+  };
+  std::set<std::pair<Text, Text>, Less> failing_;
+  int calls_ = 0;
+  int failAt_ = 0;
+};
+
+}  // namespace tavix::machine

@@ -1,0 +1,276 @@
+#include <fcntl.h>
+#include <linux/openat2.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <climits>
+
+#include "platform/machine/host_content_posix.h"
+#include "platform/machine/host_names_posix.h"
+#include "platform/machine/host_store.h"
+#include "platform/machine/host_tree_posix.h"
+#include "platform/machine/machine_clock.h"
+#include "platform/machine/machine_path.h"
+#include "text/utf8.h"
+
+namespace tavix::machine {
+namespace {
+
+// Opened by name only, which needs no right to read it.
+constexpr int kFolder = O_PATH | O_DIRECTORY | O_CLOEXEC | O_NOFOLLOW;
+constexpr unsigned kFacts = STATX_TYPE | STATX_SIZE | STATX_MTIME | STATX_ATIME;
+
+platform::DateTime ToLocal(const struct statx_timestamp& time) {
+  return ToLocalTime(time.tv_sec * 1000 + time.tv_nsec / 1'000'000);
+}
+
+// Nothing for what a machine can't have: pipes, sockets, devices.
+std::optional<StoreEntry> ToEntry(const struct statx& facts, Text name) {
+  StoreEntry entry;
+  const unsigned type = facts.stx_mode & static_cast<unsigned>(S_IFMT);
+  if (type != S_IFREG && type != S_IFDIR && type != S_IFLNK) return std::nullopt;
+  entry.name = std::move(name);
+  entry.kind = type == S_IFREG ? EntryKind::File : type == S_IFDIR ? EntryKind::Folder : EntryKind::Link;
+  if (type == S_IFREG) entry.size = facts.stx_size;
+  entry.modified = ToLocal(facts.stx_mtime);
+  entry.accessed = ToLocal(facts.stx_atime);
+  return entry;
+}
+
+std::optional<StoreEntry> ReadEntry(int folder, const char* raw, Text name) {
+  struct statx facts {};
+  if (::statx(folder, raw, AT_SYMLINK_NOFOLLOW | AT_STATX_DONT_SYNC, kFacts, &facts) != 0)
+    return std::nullopt;
+  return ToEntry(facts, std::move(name));
+}
+
+// What the folders of a store share.
+struct Shared {
+  std::string root;  // the path of the store
+  HostNames names;
+};
+
+class HostFolder : public StoreFolder {
+ public:
+  HostFolder(HostHandle folder, std::shared_ptr<Shared> shared)
+      : folder_(std::move(folder)), shared_(std::move(shared)) {}
+
+  std::optional<StoreEntry> Find(TextView name) override {
+    const std::string raw = ToUtf8(name);
+    errno = 0;
+    if (auto entry = ReadEntry(Get(), raw.c_str(), Text(name))) return entry;
+    if (errno != ENOENT) return std::nullopt;
+    const std::optional<std::string> other = shared_->names.Find(Get(), name);
+    if (!other) return std::nullopt;
+    std::optional<Text> text = FromUtf8(*other);
+    return text ? ReadEntry(Get(), other->c_str(), *std::move(text)) : std::nullopt;
+  }
+
+  bool Read(std::vector<StoreEntry>& entries) override {
+    return ReadHostNames(Get(), [&](const char* raw, unsigned char) {
+      std::optional<Text> name = FromUtf8(raw);
+      if (!name || !IsFileName(*name)) return;
+      if (auto entry = ReadEntry(Get(), raw, *std::move(name))) entries.push_back(*std::move(entry));
+    });
+  }
+
+  std::unique_ptr<StoreFolder> Open(TextView name) override {
+    HostHandle opened(::openat(Get(), ToUtf8(name).c_str(), kFolder));
+    return opened ? std::make_unique<HostFolder>(std::move(opened), shared_) : nullptr;
+  }
+
+  std::optional<LinkTarget> ReadLink(TextView name) override {
+    char bytes[PATH_MAX];
+    const ssize_t size = ::readlinkat(Get(), ToUtf8(name).c_str(), bytes, sizeof(bytes));
+    if (size <= 0 || static_cast<size_t>(size) == sizeof(bytes)) return std::nullopt;
+    return ToTarget({bytes, static_cast<size_t>(size)});
+  }
+
+  std::optional<std::string> ReadFile(TextView name) override {
+    const HostHandle file = OpenHostFile(Get(), ToUtf8(name), O_RDONLY);
+    return file ? ReadHostContent(file.Get()) : std::nullopt;
+  }
+
+  bool MakeFolder(TextView name) override {
+    const std::string raw = ToUtf8(name);
+    if (::mkdirat(Get(), raw.c_str(), 0777) != 0) return false;
+    shared_->names.Added(Get(), raw);
+    return true;
+  }
+
+  bool MakeFile(TextView name) override {
+    const std::string raw = ToUtf8(name);
+    if (!OpenHostFile(Get(), raw, O_WRONLY | O_CREAT | O_EXCL)) return false;
+    shared_->names.Added(Get(), raw);
+    return true;
+  }
+
+  bool WriteFile(TextView name, std::string_view content) override {
+    const std::string raw = ToUtf8(name);
+    NewHostFile file(Get());
+    if (!WriteHostContent(file.Get(), content) || !file.Replace(raw)) return false;
+    shared_->names.Added(Get(), raw);
+    return true;
+  }
+
+  bool Append(TextView name, std::string_view content) override {
+    const std::string raw = ToUtf8(name);
+    HostHandle file = OpenHostFile(Get(), raw, O_WRONLY | O_APPEND);
+    const bool made = !file;
+    if (made) file = OpenHostFile(Get(), raw, O_WRONLY | O_APPEND | O_CREAT | O_EXCL);
+    if (!file) return false;
+    const off_t size = ::lseek(file.Get(), 0, SEEK_END);
+    const bool written = WriteHostContent(file.Get(), content);
+    if (made) shared_->names.Added(Get(), raw);
+    if (written) return true;
+    if (made) {
+      Remove(name);
+    } else if (size >= 0) {
+      static_cast<void>(!::ftruncate(file.Get(), size));
+    }
+    return false;
+  }
+
+  bool Remove(TextView name) override {
+    const std::string raw = ToUtf8(name);
+    if (::unlinkat(Get(), raw.c_str(), 0) != 0) return false;
+    shared_->names.Removed(Get(), raw);
+    return true;
+  }
+
+  bool RemoveTree(TextView name) override {
+    const std::string raw = ToUtf8(name);
+    const bool gone = WalkHostTree(
+        Get(), raw,
+        [](int folder, const std::string& entry) { return ::unlinkat(folder, entry.c_str(), 0) == 0; },
+        [](int folder, const std::string& entry) {
+          return ::unlinkat(folder, entry.c_str(), AT_REMOVEDIR) == 0;
+        });
+    // The host may give the number of a folder that has gone to a new one.
+    shared_->names.Forget();
+    return gone;
+  }
+
+  std::optional<uint64_t> TreeSize(TextView name) override {
+    const std::optional<StoreEntry> entry = Find(name);
+    if (!entry) return std::nullopt;
+    if (entry->kind != EntryKind::Folder) return entry->size;
+    uint64_t size = 0;
+    const auto add = [&size](int folder, const std::string& raw) {
+      if (const auto file = ReadEntry(folder, raw.c_str(), {})) size += file->size;
+      return true;
+    };
+    const bool read = WalkHostTree(Get(), ToUtf8(name), add, [](int, const std::string&) { return true; });
+    return read ? std::optional(size) : std::nullopt;
+  }
+
+  MoveResult Move(TextView name, StoreFolder& to, TextView newName) override {
+    auto& target = static_cast<HostFolder&>(to);
+    const std::string raw = ToUtf8(name);
+    const std::string rawNew = ToUtf8(newName);
+    const int failure = RenameHostEntry(Get(), raw, target.Get(), rawNew);
+    if (failure == EXDEV) return MoveResult::OtherVolume;
+    if (failure != 0) return MoveResult::Failed;
+    shared_->names.Removed(Get(), raw);
+    shared_->names.Added(target.Get(), rawNew);
+    return MoveResult::Done;
+  }
+
+  bool Copy(TextView name, StoreFolder& to, TextView newName) override {
+    auto& target = static_cast<HostFolder&>(to);
+    const std::string rawNew = ToUtf8(newName);
+    const HostHandle source = OpenHostFile(Get(), ToUtf8(name), O_RDONLY);
+    if (!source) return false;
+    NewHostFile copy(target.Get());
+    if (copy.Get() < 0 || !CopyHostContent(source.Get(), copy.Get()) || !copy.Name(rawNew)) return false;
+    shared_->names.Added(target.Get(), rawNew);
+    return true;
+  }
+
+ private:
+  int Get() const { return folder_.Get(); }
+
+  // The names of a link's target; a whole path must begin with that of the store.
+  std::optional<LinkTarget> ToTarget(std::string_view path) const {
+    LinkTarget target;
+    if (path.starts_with('/')) {
+      const std::string& root = shared_->root;
+      if (!path.starts_with(root) || (path.size() > root.size() && path[root.size()] != '/')) {
+        return std::nullopt;
+      }
+      path.remove_prefix(root.size());
+      target.fromRoot = true;
+    }
+    while (!path.empty()) {
+      const size_t end = std::min(path.find('/'), path.size());
+      const std::string_view raw = path.substr(0, end);
+      path.remove_prefix(std::min(end + 1, path.size()));
+      if (raw.empty() || raw == ".") continue;
+      std::optional<Text> name = FromUtf8(raw);
+      if (!name || !(raw == ".." || IsFileName(*name))) return std::nullopt;
+      target.names.push_back(*std::move(name));
+    }
+    return target;
+  }
+
+  HostHandle folder_;
+  std::shared_ptr<Shared> shared_;
+};
+
+class HostStore : public FileStore {
+ public:
+  HostStore(HostHandle root, std::shared_ptr<Shared> shared)
+      : root_(std::move(root)), shared_(std::move(shared)) {}
+
+  std::unique_ptr<StoreFolder> Root() override {
+    return Wrap(HostHandle(::openat(root_.Get(), ".", kFolder)));
+  }
+
+  std::unique_ptr<StoreFolder> Open(const std::vector<Text>& names) override {
+    if (names.empty()) return Root();
+    std::string path;
+    for (const Text& name : names) {
+      if (!path.empty()) path += '/';
+      path += ToUtf8(name);
+    }
+    struct open_how how {};
+    how.flags = kFolder;
+    how.resolve = RESOLVE_BENEATH | RESOLVE_NO_SYMLINKS;
+    const long opened = ::syscall(SYS_openat2, root_.Get(), path.c_str(), &how, sizeof(how));
+    if (opened >= 0) return Wrap(HostHandle(static_cast<int>(opened)));
+    // Where it isn't simply missing, the path was too long or the host doesn't know this call.
+    if (errno == ENOENT || errno == ENOTDIR || errno == ELOOP) return nullptr;
+    return OpenByStep(names);
+  }
+
+ private:
+  std::unique_ptr<StoreFolder> OpenByStep(const std::vector<Text>& names) {
+    HostHandle folder(::openat(root_.Get(), ".", kFolder));
+    for (const Text& name : names) {
+      if (!folder) break;
+      folder = HostHandle(::openat(folder.Get(), ToUtf8(name).c_str(), kFolder));
+    }
+    return Wrap(std::move(folder));
+  }
+
+  std::unique_ptr<StoreFolder> Wrap(HostHandle folder) {
+    return folder ? std::make_unique<HostFolder>(std::move(folder), shared_) : nullptr;
+  }
+
+  HostHandle root_;
+  std::shared_ptr<Shared> shared_;
+};
+
+}  // namespace
+
+std::unique_ptr<FileStore> OpenHostStore(const std::filesystem::path& root) {
+  HostHandle opened(::open(root.c_str(), kFolder));
+  if (!opened) return nullptr;
+  auto shared = std::make_shared<Shared>();
+  shared->root = root.native();
+  return std::make_unique<HostStore>(std::move(opened), std::move(shared));
+}
+
+}  // namespace tavix::machine

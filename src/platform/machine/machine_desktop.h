@@ -1,0 +1,43 @@
+#pragma once
+
+#include <map>
+#include <vector>
+
+#include "platform/desktop.h"
+
+namespace tavix::machine {
+
+// A desktop with windows that are names only; what was done to them is kept.
+class MachineDesktop : public platform::Desktop {
+ public:
+  struct Message {
+    platform::WindowHandle window = 0;
+    uint32_t message = 0;
+    intptr_t first = 0;
+    intptr_t second = 0;
+    bool posted = false;
+    bool operator==(const Message&) const = default;
+  };
+
+  void SendWindowMessage(platform::WindowHandle window, uint32_t message, intptr_t first,
+                         intptr_t second) override {
+    messages.push_back({window, message, first, second, false});
+  }
+  void PostWindowMessage(platform::WindowHandle window, uint32_t message, intptr_t first,
+                         intptr_t second) override {
+    messages.push_back({window, message, first, second, true});
+  }
+  platform::WindowHandle FindWindowByTitle(TextView title) override {
+    const auto found = windows.find(Text(title));
+    return found == windows.end() ? 0 : found->second;
+  }
+  void ReleaseCapture() override { ++captureReleases; }
+  void SetTreeBackColor(platform::WindowHandle tree, uint32_t color) override { treeColors[tree] = color; }
+
+  std::map<Text, platform::WindowHandle> windows;  // by their titles
+  std::vector<Message> messages;
+  std::map<platform::WindowHandle, uint32_t> treeColors;
+  int captureReleases = 0;
+};
+
+}  // namespace tavix::machine

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <deque>
+
+#include "platform/dialogs.h"
+#include "platform/machine/journal.h"
+
+namespace tavix::machine {
+
+// Dialogs that nobody sees: they are noted in the journal and answered from the lists below, in order; when
+// a list is used up, a message box is answered with Yes or OK and the others are cancelled.
+class MachineDialogs : public platform::Dialogs {
+ public:
+  explicit MachineDialogs(Journal& journal) : journal_(journal) {}
+
+  int MsgBox(TextView text, int style) override;
+  std::optional<Text> InputBox(TextView prompt) override;
+  // Not noted: it is a window of the program, nothing of the shell's.
+  std::optional<Text> BrowseForFolder(platform::WindowHandle owner, TextView title) override;
+
+  std::deque<int> answers;
+  std::deque<std::optional<Text>> inputs;
+  std::deque<std::optional<Text>> folders;
+
+ private:
+  Journal& journal_;
+};
+
+}  // namespace tavix::machine

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "platform/file_system.h"
+#include "platform/machine/attribute_table.h"
+#include "platform/machine/path_finder.h"
+#include "platform/machine/recycle_bin.h"
+
+namespace tavix::machine {
+
+// The files of a machine over a store: drives/<letter>/ are its drives, app/ is its application folder.
+// A link that leads out of these two, or in circles, is one to nothing.
+class MachineFileSystem : public platform::FileSystem {
+ public:
+  // Store and facts must outlive this.
+  MachineFileSystem(FileStore& store, const MachineFacts& facts)
+      : store_(store), facts_(facts), finder_(store, facts), attributes_(&store) {}
+  // Saves what Save would.
+  ~MachineFileSystem() override;
+  MachineFileSystem(const MachineFileSystem&) = delete;
+  MachineFileSystem& operator=(const MachineFileSystem&) = delete;
+
+  std::optional<platform::FileFacts> Look(TextView path) override;
+  bool FileExists(TextView path) override;
+  bool FolderExists(TextView path) override;
+  bool List(TextView folder, const EntryVisitor& visit) override;
+  bool CreateFolder(TextView path) override;
+  bool CreateTextFile(TextView path, bool overwrite) override;
+  std::optional<std::string> ReadFile(TextView path) override;
+  bool WriteFile(TextView path, std::string_view content) override;
+  bool AppendToFile(TextView path, std::string_view content) override;
+  bool DeleteFile(TextView path, bool force) override;
+  bool DeleteFolder(TextView path, bool force) override;
+  bool MoveFile(TextView source, TextView destination) override;
+  bool SetAttributes(TextView path, uint32_t attributes) override;
+  std::vector<platform::Drive> Drives() override;
+
+  // Moves a file, folder or link into the bin. Not the root of a drive.
+  bool Recycle(TextView path, RecycleBin& bin);
+  // Writes the attributes to the store if they changed.
+  bool Save() { return !attributes_.Changed() || attributes_.Save(); }
+
+ protected:
+  // Gives a path its attributes, whatever stands there.
+  void Seed(TextView path, uint32_t attributes) { attributes_.Set(path, attributes); }
+
+ private:
+  using Last = PathFinder::Last;
+
+  bool IsReadOnly(const Place& place) const;
+  // Whether a folder has something read-only in it, or is so itself.
+  bool HoldsReadOnly(const Place& folder);
+  // The place of a file to write or of a new one; nothing where anything else stands.
+  std::optional<Place> FindForWriting(TextView path);
+  // A new file has no attributes.
+  bool Made(const Place& place, bool made);
+
+  FileStore& store_;
+  const MachineFacts& facts_;
+  PathFinder finder_;
+  AttributeTable attributes_;
+};
+
+}  // namespace tavix::machine

@@ -1,0 +1,66 @@
+#include "platform/machine/machine_path.h"
+
+#include <algorithm>
+
+#include "text/letter_case.h"
+
+namespace tavix::machine {
+namespace {
+
+constexpr size_t kLongestName = 255;
+
+// Takes the start of the path that tells its root off. False when there is no root to know.
+bool TakeRoot(TextView& path, char16_t& drive) {
+  const TextView start = path.substr(0, kApplicationFolder.size());
+  if (EqualIgnoringCase(start, kApplicationFolder)) {
+    path.remove_prefix(start.size());
+    drive = 0;
+    return path.empty() || path.front() == u'\\';
+  }
+  if (path.size() < 2 || path[1] != u':') return false;
+  drive = path[0] < 0x80 ? ToUpper(path[0]) : u'\0';
+  path.remove_prefix(2);
+  return drive >= u'A' && drive <= u'Z' && (path.empty() || path.front() == u'\\');
+}
+
+}  // namespace
+
+bool IsFileName(TextView name) {
+  if (name.empty() || name.size() > kLongestName) return false;
+  if (name.back() == u' ' || name.back() == u'.') return false;
+  return std::none_of(name.begin(), name.end(),
+                      [](char16_t c) { return c < u' ' || TextView(u"<>:\"|?*/\\").contains(c); });
+}
+
+std::optional<MachinePath> ReadMachinePath(TextView path) {
+  Text unified(path);
+  std::replace(unified.begin(), unified.end(), u'/', u'\\');
+  TextView rest = unified;
+  MachinePath read;
+  if (!TakeRoot(rest, read.drive)) return std::nullopt;
+  while (!rest.empty()) {
+    const size_t end = std::min(rest.find(u'\\'), rest.size());
+    TextView name = rest.substr(0, end);
+    rest.remove_prefix(std::min(end + 1, rest.size()));
+    if (name == u"..") {
+      if (!read.names.empty()) read.names.pop_back();
+      continue;
+    }
+    name = name.substr(0, name.find_last_not_of(u" .") + 1);
+    if (name.empty()) continue;
+    if (!IsFileName(name)) return std::nullopt;
+    read.names.emplace_back(name);
+  }
+  return read;
+}
+
+Text MachinePathText(char16_t drive, const std::vector<Text>& names) {
+  Text path = drive == 0 ? Text(kApplicationFolder) : Text{drive, u':'};
+  if (drive != 0 && names.empty()) path.push_back(u'\\');
+  for (const Text& name : names) path.append(u"\\").append(name);
+  return path;
+}
+
+Text MachinePath::ToText() const { return MachinePathText(drive, names); }
+
+}  // namespace tavix::machine

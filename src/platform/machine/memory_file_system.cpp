@@ -1,0 +1,91 @@
+#include "platform/machine/memory_file_system.h"
+
+#include <cassert>
+
+namespace tavix::machine {
+namespace {
+
+std::vector<Text> StoreNames(const MachinePath& path) {
+  std::vector<Text> names{path.drive == 0 ? Text(u"app") : Text(u"drives")};
+  if (path.drive != 0) names.emplace_back(1, path.drive);
+  names.insert(names.end(), path.names.begin(), path.names.end());
+  return names;
+}
+
+// The names of a relative link; `..` stays for the walk.
+std::vector<Text> RelativeNames(TextView target) {
+  std::vector<Text> names;
+  for (const TextView name : Split(target, u"\\")) {
+    if (!name.empty() && name != u".") names.emplace_back(name);
+  }
+  return names;
+}
+
+}  // namespace
+
+void MemoryFileSystem::AddFile(TextView path, const FileSeed& seed) {
+  const std::optional<MachinePath> place = ReadMachinePath(path);
+  assert(place && !place->names.empty());
+  MemoryStore::Node& node = store_.Make(StoreNames(*place), EntryKind::File);
+  node.content = seed.content;
+  node.size = seed.size.value_or(seed.content.size());
+  node.modified = seed.modified;
+  node.accessed = seed.accessed;
+  Seed(place->ToText(), seed.attributes);
+}
+
+void MemoryFileSystem::AddFolder(TextView path) {
+  const std::optional<MachinePath> place = ReadMachinePath(path);
+  assert(place);
+  store_.Make(StoreNames(*place), EntryKind::Folder);
+}
+
+void MemoryFileSystem::AddLink(TextView path, TextView target) {
+  const std::optional<MachinePath> place = ReadMachinePath(path);
+  assert(place && !place->names.empty());
+  MemoryStore::Node& node = store_.Make(StoreNames(*place), EntryKind::Link);
+  const std::optional<MachinePath> whole = ReadMachinePath(target);
+  node.target = whole ? LinkTarget{true, StoreNames(*whole)} : LinkTarget{false, RelativeNames(target)};
+}
+
+std::optional<platform::FileFacts> MemoryFileSystem::Look(TextView path) {
+  return faults.Hit(u"Look", path) ? std::nullopt : MachineFileSystem::Look(path);
+}
+bool MemoryFileSystem::FileExists(TextView path) {
+  return !faults.Hit(u"FileExists", path) && MachineFileSystem::FileExists(path);
+}
+bool MemoryFileSystem::FolderExists(TextView path) {
+  return !faults.Hit(u"FolderExists", path) && MachineFileSystem::FolderExists(path);
+}
+bool MemoryFileSystem::List(TextView folder, const EntryVisitor& visit) {
+  return !faults.Hit(u"List", folder) && MachineFileSystem::List(folder, visit);
+}
+bool MemoryFileSystem::CreateFolder(TextView path) {
+  return !faults.Hit(u"CreateFolder", path) && MachineFileSystem::CreateFolder(path);
+}
+bool MemoryFileSystem::CreateTextFile(TextView path, bool overwrite) {
+  return !faults.Hit(u"CreateTextFile", path) && MachineFileSystem::CreateTextFile(path, overwrite);
+}
+std::optional<std::string> MemoryFileSystem::ReadFile(TextView path) {
+  return faults.Hit(u"ReadFile", path) ? std::nullopt : MachineFileSystem::ReadFile(path);
+}
+bool MemoryFileSystem::WriteFile(TextView path, std::string_view content) {
+  return !faults.Hit(u"WriteFile", path) && MachineFileSystem::WriteFile(path, content);
+}
+bool MemoryFileSystem::AppendToFile(TextView path, std::string_view content) {
+  return !faults.Hit(u"AppendToFile", path) && MachineFileSystem::AppendToFile(path, content);
+}
+bool MemoryFileSystem::DeleteFile(TextView path, bool force) {
+  return !faults.Hit(u"DeleteFile", path) && MachineFileSystem::DeleteFile(path, force);
+}
+bool MemoryFileSystem::DeleteFolder(TextView path, bool force) {
+  return !faults.Hit(u"DeleteFolder", path) && MachineFileSystem::DeleteFolder(path, force);
+}
+bool MemoryFileSystem::MoveFile(TextView source, TextView destination) {
+  return !faults.Hit(u"MoveFile", source) && MachineFileSystem::MoveFile(source, destination);
+}
+bool MemoryFileSystem::SetAttributes(TextView path, uint32_t attributes) {
+  return !faults.Hit(u"SetAttributes", path) && MachineFileSystem::SetAttributes(path, attributes);
+}
+
+}  // namespace tavix::machine

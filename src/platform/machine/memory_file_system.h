@@ -1,0 +1,52 @@
+#pragma once
+
+#include "platform/machine/machine_file_system.h"
+#include "platform/machine/memory_store.h"
+
+namespace tavix::machine {
+
+// What a file of a machine in memory is seeded with.
+struct FileSeed {
+  std::string content = {};
+  std::optional<uint64_t> size =
+      {};  // where it is more than the content, the rest is NULs and takes no memory
+  platform::DateTime modified = 0;
+  platform::DateTime accessed = 0;
+  uint32_t attributes = 0;
+};
+
+// The files of a machine in memory, with calls that fail on demand.
+class MemoryFileSystem : public MachineFileSystem {
+ public:
+  MemoryFileSystem(MemoryStore& store, const MachineFacts& facts)
+      : MachineFileSystem(store, facts), store_(store) {}
+
+  // Seeding makes the folders on the way and replaces what stands there. Paths are whole.
+  void AddFile(TextView path, const FileSeed& seed = {});
+  void AddFolder(TextView path);
+  // A link to a whole path, or to one relative to the link's folder; the target needs not exist.
+  void AddLink(TextView path, TextView target);
+
+  // Which of the calls below fail, by their names and paths ("DeleteFile", u"C:\\a.txt"); a moved file by
+  // its source. Faults of the store, half-way through a call, are those of MemoryStore.
+  Faults faults;
+
+  std::optional<platform::FileFacts> Look(TextView path) override;
+  bool FileExists(TextView path) override;
+  bool FolderExists(TextView path) override;
+  bool List(TextView folder, const EntryVisitor& visit) override;
+  bool CreateFolder(TextView path) override;
+  bool CreateTextFile(TextView path, bool overwrite) override;
+  std::optional<std::string> ReadFile(TextView path) override;
+  bool WriteFile(TextView path, std::string_view content) override;
+  bool AppendToFile(TextView path, std::string_view content) override;
+  bool DeleteFile(TextView path, bool force) override;
+  bool DeleteFolder(TextView path, bool force) override;
+  bool MoveFile(TextView source, TextView destination) override;
+  bool SetAttributes(TextView path, uint32_t attributes) override;
+
+ private:
+  MemoryStore& store_;
+};
+
+}  // namespace tavix::machine

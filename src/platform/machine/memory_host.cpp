@@ -1,0 +1,22 @@
+#include "platform/machine/memory_host.h"
+
+#include "platform/application.h"
+#include "platform/machine/platform_bindings.h"
+
+namespace tavix::machine {
+
+MemoryHost::MemoryHost() {
+  platform::registry = &mergedRegistry;
+  platform::fileSystem = &files;
+  platform::shell = &shell;
+  platform::eventLogs = &eventLogs;
+  platform::dialogs = &dialogs;
+  platform::desktop = &desktop;
+  platform::instance = &instance;
+  platform::clock = &clock;
+  platform::applicationFolder = kApplicationFolder;
+}
+
+MemoryHost::~MemoryHost() { ClearPlatform(); }
+
+}  // namespace tavix::machine

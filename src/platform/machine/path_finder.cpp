@@ -1,0 +1,169 @@
+#include "platform/machine/path_finder.h"
+
+#include <algorithm>
+
+#include "text/letter_case.h"
+
+namespace tavix::machine {
+namespace {
+
+constexpr TextView kDrives = u"drives";
+constexpr TextView kApplication = u"app";
+// More links one behind the other than a sane path has: they lead in circles.
+constexpr int kMostLinks = 40;
+
+std::vector<Text> RootNames(char16_t drive) {
+  if (drive == 0) return {Text(kApplication)};
+  return {Text(kDrives), Text(1, drive)};
+}
+
+}  // namespace
+
+// On the way to a place. `real` are the names of `folder` in the store.
+struct PathFinder::Walk {
+  MachinePath asked;
+  std::vector<Step> pending;  // the next one last
+  std::vector<Text> shown;
+  std::vector<Text> real;
+  std::unique_ptr<StoreFolder> folder;
+  int links = 0;
+};
+
+std::optional<Place> PathFinder::Find(TextView path, Last last, bool make) {
+  std::optional<MachinePath> asked = ReadMachinePath(path);
+  if (!asked) return std::nullopt;
+  const std::optional<platform::Drive> drive =
+      asked->drive != 0 ? facts_.FindDrive(asked->drive) : std::nullopt;
+  if (drive && !drive->ready) return std::nullopt;
+  std::optional<Place> place = FindFrom(*asked, last);
+  if (place && place->entry) return place;
+  if (!drive || (place && !place->root) || HasFolder(asked->drive)) return place;
+  if (!asked->names.empty()) {
+    if (!make || !MakeFolder(asked->drive)) return std::nullopt;
+    return FindFrom(*asked, last);
+  }
+  Place empty;
+  empty.path = empty.realPath = asked->ToText();
+  empty.storeName = Text(1, asked->drive);
+  empty.entry = StoreEntry{empty.storeName, EntryKind::Folder, 0, 0, 0};
+  empty.root = true;
+  return empty;
+}
+
+std::unique_ptr<StoreFolder> PathFinder::OpenDrives() {
+  const auto root = store_.Root();
+  const std::optional<StoreEntry> drives = root != nullptr ? root->Find(kDrives) : std::nullopt;
+  return drives ? root->Open(drives->name) : nullptr;
+}
+
+bool PathFinder::HasFolder(char16_t drive) {
+  const auto drives = OpenDrives();
+  return drives != nullptr && drives->Find(TextView(&drive, 1));
+}
+
+bool PathFinder::MakeFolder(char16_t drive) {
+  auto drives = OpenDrives();
+  if (drives == nullptr) {
+    const auto root = store_.Root();
+    if (root != nullptr && root->MakeFolder(kDrives)) drives = OpenDrives();
+  }
+  return drives != nullptr && drives->MakeFolder(TextView(&drive, 1));
+}
+
+std::optional<Place> PathFinder::FindFrom(const MachinePath& asked, Last last) {
+  Walk walk;
+  walk.asked = asked;
+  std::vector<Text> names = RootNames(asked.drive);
+  const size_t roots = names.size();
+  names.insert(names.end(), asked.names.begin(), asked.names.end());
+  // Mostly the names stand as they are written, and no link is among them.
+  Text lastName = std::move(names.back());
+  names.pop_back();
+  walk.folder = store_.Open(names);
+  if (walk.folder != nullptr) {
+    walk.pending.push_back({std::move(lastName), !asked.names.empty()});
+    if (!asked.names.empty()) walk.shown.assign(asked.names.begin(), asked.names.end() - 1);
+    walk.real = std::move(names);
+  } else {
+    walk.folder = store_.Root();
+    names.push_back(std::move(lastName));
+    for (size_t i = names.size(); i-- > 0;) walk.pending.push_back({std::move(names[i]), i >= roots});
+  }
+  while (walk.folder != nullptr && !walk.pending.empty()) {
+    const Step step = std::move(walk.pending.back());
+    walk.pending.pop_back();
+    if (step.name == u"..") {
+      if (walk.real.empty()) return std::nullopt;
+      walk.real.pop_back();
+      walk.folder = store_.Open(walk.real);
+      continue;
+    }
+    std::optional<StoreEntry> entry = walk.folder->Find(step.name);
+    if (step.shown) walk.shown.push_back(entry ? entry->name : step.name);
+    const bool atEnd = walk.pending.empty();
+    if (entry && entry->kind == EntryKind::Link && !(atEnd && step.shown && last == Last::Itself)) {
+      if (!FollowLink(walk, entry->name)) return std::nullopt;
+      continue;
+    }
+    if (atEnd) return Finish(walk, step.name, std::move(entry));
+    if (!entry || entry->kind != EntryKind::Folder) return std::nullopt;
+    walk.folder = walk.folder->Open(entry->name);
+    walk.real.push_back(std::move(entry->name));
+  }
+  // A link whose target ends in `..` or is a root has brought us into the place itself.
+  if (walk.folder == nullptr || walk.real.empty()) return std::nullopt;
+  const Text name = std::move(walk.real.back());
+  walk.real.pop_back();
+  walk.folder = store_.Open(walk.real);
+  if (walk.folder == nullptr) return std::nullopt;
+  std::optional<StoreEntry> entry = walk.folder->Find(name);
+  return Finish(walk, name, std::move(entry));
+}
+
+bool PathFinder::FollowLink(Walk& walk, TextView name) {
+  if (++walk.links > kMostLinks) return false;
+  std::optional<LinkTarget> target = walk.folder->ReadLink(name);
+  if (!target) return false;
+  if (target->fromRoot) {
+    walk.real.clear();
+    walk.folder = store_.Root();
+  }
+  for (size_t i = target->names.size(); i-- > 0;) {
+    walk.pending.push_back({std::move(target->names[i]), false});
+  }
+  return true;
+}
+
+// Only what lies on a ready drive or in the application folder is a place.
+std::optional<Place> PathFinder::Finish(Walk& walk, const Text& name, std::optional<StoreEntry> entry) {
+  std::vector<Text> all = walk.real;
+  all.push_back(entry ? entry->name : name);
+  size_t roots = 1;
+  char16_t drive = 0;
+  if (EqualIgnoringCase(all[0], kDrives)) {
+    if (all.size() < 2 || all[1].size() != 1) return std::nullopt;
+    drive = ToUpper(all[1][0]);
+    roots = 2;
+    const std::optional<platform::Drive> known = facts_.FindDrive(drive);
+    if (known && !known->ready) return std::nullopt;
+  } else if (!EqualIgnoringCase(all[0], kApplication)) {
+    return std::nullopt;
+  }
+  Place place;
+  place.root = all.size() == roots || walk.shown.empty();
+  place.storeName = all.back();
+  all.erase(all.begin(), all.begin() + static_cast<std::ptrdiff_t>(roots));
+  place.path = MachinePathText(walk.asked.drive, walk.shown);
+  place.realPath = MachinePathText(drive, all);
+  if (!walk.shown.empty()) place.name = walk.shown.back();
+  place.parent = std::move(walk.folder);
+  place.entry = std::move(entry);
+  return place;
+}
+
+bool PathFinder::LeadsToFolder(TextView link) {
+  const std::optional<Place> target = Find(link, Last::Followed);
+  return target && target->IsFolder();
+}
+
+}  // namespace tavix::machine

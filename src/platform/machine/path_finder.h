@@ -1,0 +1,64 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "platform/machine/file_store.h"
+#include "platform/machine/machine_facts.h"
+#include "platform/machine/machine_path.h"
+
+namespace tavix::machine {
+
+// A place of a machine, where something stands or could be made.
+struct Place {
+  Text path;                            // with the names that were asked for, as the store has them
+  Text realPath;                        // the same with links on the way replaced by what they lead to
+  Text name;                            // the last of the path's names; empty for a root
+  std::unique_ptr<StoreFolder> parent;  // the folder in the store
+  Text storeName;                       // the name in it
+  std::optional<StoreEntry> entry;      // what stands there; nothing when it is missing
+  bool root = false;                    // of a drive or of the application folder
+
+  bool IsFile() const { return entry && entry->kind == EntryKind::File; }
+  bool IsFolder() const { return entry && entry->kind == EntryKind::Folder; }
+  bool IsLink() const { return entry && entry->kind == EntryKind::Link; }
+};
+
+// Finds the places of paths. It goes from open folder to open folder and follows links by itself, so
+// nothing outside the drives and the application folder is ever reached.
+class PathFinder {
+ public:
+  PathFinder(FileStore& store, const MachineFacts& facts) : store_(store), facts_(facts) {}
+
+  enum class Last {
+    Itself,    // a link as the last name is the place
+    Followed,  // what it leads to is
+  };
+
+  // Nothing when the folder of the last name is missing, a link leads out or in circles, or the drive isn't
+  // ready. A ready drive is there without a folder of its own in the store, which `make` makes.
+  std::optional<Place> Find(TextView path, Last last, bool make = false);
+  // Whether a link leads to a folder of the machine.
+  bool LeadsToFolder(TextView link);
+
+ private:
+  struct Step {
+    Text name;
+    bool shown = false;  // stands in the path that was asked for
+  };
+  struct Walk;
+
+  std::optional<Place> FindFrom(const MachinePath& asked, Last last);
+  std::unique_ptr<StoreFolder> OpenDrives();
+  // The folder of a drive in the store.
+  bool HasFolder(char16_t drive);
+  bool MakeFolder(char16_t drive);
+  bool FollowLink(Walk& walk, TextView name);
+  std::optional<Place> Finish(Walk& walk, const Text& name, std::optional<StoreEntry> entry);
+
+  FileStore& store_;
+  const MachineFacts& facts_;
+};
+
+}  // namespace tavix::machine

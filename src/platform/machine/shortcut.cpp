@@ -1,0 +1,111 @@
+#include "platform/machine/shortcut.h"
+
+#include "platform/machine/byte_reader.h"
+#include "platform/machine/shortcut_items.h"
+#include "platform/machine/shortcut_location.h"
+
+namespace tavix::machine {
+namespace {
+
+using namespace std::string_view_literals;
+
+// Every shortcut begins with the size of its header and the class of the shell's link object.
+constexpr std::string_view kBeginning = "\x4C\0\0\0\x01\x14\x02\0\0\0\0\0\xC0\0\0\0\0\0\0\x46"sv;
+constexpr size_t kHeaderSize = 0x4C;
+constexpr size_t kFlagsField = 20;
+
+constexpr uint32_t kHasItems = 0x1;
+constexpr uint32_t kHasLocation = 0x2;
+constexpr uint32_t kFirstString = 0x4;  // name, relative path, working folder, arguments, icon
+constexpr uint32_t kLastString = 0x40;
+constexpr uint32_t kWideStrings = 0x80;
+constexpr uint32_t kIgnoreLocation = 0x100;
+constexpr uint32_t kHasVariablePath = 0x200;
+constexpr uint32_t kAdvertised = 0x1000;
+
+constexpr uint32_t kVariablePathBlock = 0xA0000001;
+constexpr uint32_t kAdvertisedBlock = 0xA0000006;
+
+// Goes through a shortcut part by part. Each Take gives the next part; nothing when the file ends in it.
+class Parts {
+ public:
+  explicit Parts(std::string_view bytes) : bytes_(bytes) {}
+
+  // An item list, behind its size of two bytes.
+  std::optional<std::string_view> TakeItems() {
+    const std::optional<std::string_view> size = Take(2);
+    return size ? Take(ByteReader(*size).U16(0)) : std::nullopt;
+  }
+
+  // A block whose first four bytes are its size.
+  std::optional<std::string_view> TakeBlock(uint32_t smallest) {
+    const uint32_t size = ByteReader(bytes_).U32(at_);
+    return size < smallest ? std::nullopt : Take(size);
+  }
+
+  // A string behind its number of characters.
+  bool SkipString(bool wide) {
+    const std::optional<std::string_view> count = Take(2);
+    return count && Take(size_t{ByteReader(*count).U16(0)} * (wide ? 2U : 1U));
+  }
+
+ private:
+  std::optional<std::string_view> Take(size_t size) {
+    if (!ByteReader(bytes_).Has(at_, size)) return std::nullopt;
+    at_ += size;
+    return bytes_.substr(at_ - size, size);
+  }
+
+  std::string_view bytes_;
+  size_t at_ = kHeaderSize;
+};
+
+bool SkipStrings(Parts& parts, uint32_t flags) {
+  for (uint32_t string = kFirstString; string <= kLastString; string <<= 1U) {
+    if ((flags & string) != 0 && !parts.SkipString((flags & kWideStrings) != 0)) return false;
+  }
+  return true;
+}
+
+// A path with environment variables: a narrow text of 260 bytes, and the same in UTF-16 behind it.
+Text VariablePath(std::string_view bytes) {
+  constexpr size_t kNarrow = 8;
+  constexpr size_t kLength = 260;
+  const ByteReader block(bytes);
+  Text path = block.Part(kNarrow + kLength, 2 * kLength).WideText(0);
+  return path.empty() ? block.Part(kNarrow, kLength).NarrowText(0) : path;
+}
+
+}  // namespace
+
+std::optional<ShortcutData> ReadShortcut(std::string_view bytes) {
+  if (!bytes.starts_with(kBeginning) || bytes.size() < kHeaderSize) return std::nullopt;
+  const uint32_t flags = ByteReader(bytes).U32(kFlagsField);
+  Parts parts(bytes);
+
+  std::optional<std::string_view> items = std::string_view();
+  if ((flags & kHasItems) != 0) items = parts.TakeItems();
+  if (!items) return std::nullopt;
+  std::optional<std::string_view> location = std::string_view();
+  constexpr uint32_t kSmallestLocation = 28;
+  if ((flags & kHasLocation) != 0) location = parts.TakeBlock(kSmallestLocation);
+  if (!location || !SkipStrings(parts, flags)) return std::nullopt;
+
+  // Extra blocks go on to one that is too small to be one; a file cut off among them has told enough.
+  bool advertised = (flags & kAdvertised) != 0;
+  Text variablePath;
+  constexpr uint32_t kSmallestBlock = 8;
+  while (const std::optional<std::string_view> block = parts.TakeBlock(kSmallestBlock)) {
+    const uint32_t kind = ByteReader(*block).U32(4);
+    if (kind == kAdvertisedBlock) advertised = true;
+    if (kind == kVariablePathBlock && (flags & kHasVariablePath) != 0) variablePath = VariablePath(*block);
+  }
+
+  if (advertised) return ShortcutData{};
+  if (!variablePath.empty()) return ShortcutData{std::move(variablePath)};
+  Text target = (flags & kIgnoreLocation) == 0 ? ShortcutLocation(*location) : Text();
+  if (target.empty()) target = ShortcutItemPath(*items);
+  return ShortcutData{std::move(target)};
+}
+
+}  // namespace tavix::machine

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "platform/windows/handle.h"
+
+#include <objbase.h>
+
+namespace tavix::windows {
+
+// The owner of one reference to an object of the system.
+template <class Interface>
+struct ComTraits {
+  using Handle = Interface*;
+  static Handle Null() { return nullptr; }
+  static void Close(Handle handle) { handle->Release(); }
+};
+template <class Interface>
+using ComPointer = Owned<ComTraits<Interface>>;
+
+// Memory that an object handed out.
+template <class Type>
+struct TaskMemoryTraits {
+  using Handle = Type*;
+  static Handle Null() { return nullptr; }
+  static void Close(Handle handle) { CoTaskMemFree(handle); }
+};
+template <class Type>
+using TaskMemory = Owned<TaskMemoryTraits<Type>>;
+
+// The thread's right to use such objects, for as long as it lives.
+class ComApartment {
+ public:
+  ComApartment() : entered_(SUCCEEDED(CoInitializeEx(nullptr, kKind))) {}
+  ~ComApartment() {
+    if (entered_) CoUninitialize();
+  }
+  ComApartment(const ComApartment&) = delete;
+  ComApartment& operator=(const ComApartment&) = delete;
+
+ private:
+  static constexpr DWORD kKind = COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE;
+  bool entered_;
+};
+
+}  // namespace tavix::windows

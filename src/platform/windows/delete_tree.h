@@ -1,0 +1,14 @@
+#pragma once
+
+#include "text/text.h"
+
+// Deleting on disk. Paths are normal ones (windows_path.h).
+namespace tavix::windows {
+
+// As platform::FileSystem::DeleteFile and DeleteFolder. Each thing is opened as itself, from the handle of
+// the folder that it was listed in, so that nothing put in its place meanwhile leads the deletion elsewhere.
+// What can't be deleted stays and the rest goes.
+bool DeleteOneFile(TextView path, bool force);
+bool DeleteTree(TextView path, bool force);
+
+}  // namespace tavix::windows

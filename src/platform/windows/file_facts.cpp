@@ -1,0 +1,199 @@
+#include "platform/windows/file_facts.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "platform/windows/file_handle.h"
+#include "platform/windows/wide.h"
+#include "platform/windows/windows_clock.h"
+#include "platform/windows/windows_path.h"
+#include "text/letter_case.h"
+
+namespace tavix::windows {
+namespace {
+
+constexpr uint32_t kShownAttributes = platform::kReadOnly | platform::kHidden | platform::kSystem;
+
+uint64_t Joined(DWORD high, DWORD low) { return static_cast<uint64_t>(high) << 32 | low; }
+
+uint64_t SizeOf(DWORD attributes, DWORD high, DWORD low) {
+  return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? 0 : Joined(high, low);
+}
+
+FindHandle FindFirst(TextView path, WIN32_FIND_DATAW& data, DWORD flags = 0) {
+  const Text extended = ExtendedPath(path);
+  return FindHandle(
+      FindFirstFileExW(Wide(extended), FindExInfoBasic, &data, FindExSearchNameMatch, nullptr, flags));
+}
+
+// The tag stands in a field of its own where the entry is a reparse point; otherwise it holds anything.
+bool FoundLink(const WIN32_FIND_DATAW& data) { return IsLink(data.dwFileAttributes, data.dwReserved0); }
+
+// What can be told without looking into the folder above: roots, and what lies where listing is denied.
+std::optional<Entry> LookUpAlone(TextView path) {
+  const Text extended = ExtendedPath(path);
+  WIN32_FILE_ATTRIBUTE_DATA data;
+  if (!GetFileAttributesExW(Wide(extended), GetFileExInfoStandard, &data)) return std::nullopt;
+  const DWORD attributes = data.dwFileAttributes;
+  Entry entry;
+  entry.attributes = attributes;
+  entry.link = !IsRoot(path) && IsLink(attributes, 0);
+  entry.size = SizeOf(attributes, data.nFileSizeHigh, data.nFileSizeLow);
+  entry.modified = data.ftLastWriteTime;
+  entry.accessed = data.ftLastAccessTime;
+  if (!IsRoot(path)) entry.name = NameOf(path);
+  return entry;
+}
+
+// The path with the names as the disk has them; a name that can't be looked up stays as it is.
+Text DiskPath(TextView path) {
+  if (IsRoot(path)) return Text(path);
+  std::vector<Text> names;
+  for (; !IsRoot(path); path = FolderOf(path)) {
+    WIN32_FIND_DATAW data;
+    names.push_back(FindFirst(path, data) ? FromWide(data.cFileName) : Text(NameOf(path)));
+  }
+  Text whole(path);
+  for (auto name = names.rbegin(); name != names.rend(); ++name) whole = PathIn(whole, *name);
+  return whole;
+}
+
+// An entry of a listing; its name stands in the text that all names share.
+struct Listed {
+  size_t nameStart;
+  size_t nameLength;
+  uint64_t size;
+  FILETIME modified;
+  FILETIME accessed;
+  DWORD attributes;
+  bool link;
+};
+
+class Listing {
+ public:
+  // False when the listing breaks off.
+  bool Read(TextView folder) {
+    WIN32_FIND_DATAW data;
+    const FindHandle found = FindFirst(PathIn(folder, u"*"), data, FIND_FIRST_EX_LARGE_FETCH);
+    // The root of an empty drive has not even the two entries of every folder.
+    if (!found) return GetLastError() == ERROR_FILE_NOT_FOUND && LookUp(folder).has_value();
+    do {
+      Add(data);
+    } while (FindNextFileW(found.Get(), &data));
+    return GetLastError() == ERROR_NO_MORE_FILES;
+  }
+
+  void Visit(const platform::FileSystem::EntryVisitor& visit) {
+    Sort();
+    for (const Listed& listed : entries_) {
+      platform::DirectoryEntry entry;
+      entry.name = Name(listed);
+      entry.size = listed.size;
+      entry.modified = LocalTime(listed.modified);
+      entry.accessed = LocalTime(listed.accessed);
+      entry.attributes = listed.attributes & kShownAttributes;
+      entry.folder = (listed.attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+      entry.link = listed.link;
+      visit(entry);
+    }
+  }
+
+ private:
+  TextView Name(const Listed& entry) const {
+    return TextView(names_).substr(entry.nameStart, entry.nameLength);
+  }
+
+  void Add(const WIN32_FIND_DATAW& data) {
+    const std::wstring_view name(data.cFileName);
+    if (name == L"." || name == L"..") return;
+    entries_.push_back({names_.size(), name.size(),
+                        SizeOf(data.dwFileAttributes, data.nFileSizeHigh, data.nFileSizeLow),
+                        data.ftLastWriteTime, data.ftLastAccessTime, data.dwFileAttributes, FoundLink(data)});
+    names_.append(name.begin(), name.end());
+  }
+
+  // Most disks list in this order already.
+  void Sort() {
+    const auto before = [this](const Listed& left, const Listed& right) {
+      return CompareIgnoringCase(Name(left), Name(right)) < 0;
+    };
+    if (!std::is_sorted(entries_.begin(), entries_.end(), before)) {
+      std::stable_sort(entries_.begin(), entries_.end(), before);
+    }
+  }
+
+  Text names_;
+  std::vector<Listed> entries_;
+};
+
+}  // namespace
+
+bool IsLink(DWORD attributes, DWORD reparseTag) {
+  if ((attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) return false;
+  return reparseTag == 0 || IsReparseTagNameSurrogate(reparseTag);
+}
+
+std::optional<Entry> LookUp(TextView path) {
+  if (IsRoot(path)) return LookUpAlone(path);
+  WIN32_FIND_DATAW data;
+  if (!FindFirst(path, data)) {
+    return GetLastError() == ERROR_ACCESS_DENIED ? LookUpAlone(path) : std::nullopt;
+  }
+  return Entry{data.dwFileAttributes,
+               FoundLink(data),
+               SizeOf(data.dwFileAttributes, data.nFileSizeHigh, data.nFileSizeLow),
+               data.ftLastWriteTime,
+               data.ftLastAccessTime,
+               FromWide(data.cFileName)};
+}
+
+std::optional<DWORD> FollowedAttributes(TextView path) {
+  const Text extended = ExtendedPath(path);
+  const DWORD attributes = GetFileAttributesW(Wide(extended));
+  if (attributes == INVALID_FILE_ATTRIBUTES) {
+    // A file that the system holds for itself shows its attributes in the listing only.
+    if (GetLastError() != ERROR_SHARING_VIOLATION && GetLastError() != ERROR_ACCESS_DENIED) return {};
+    return LookUp(path).transform([](const Entry& entry) { return entry.attributes; });
+  }
+  if ((attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) return attributes;
+  const std::optional<Entry> entry = LookUp(path);
+  if (entry && !entry->link) return attributes;
+  const FileHandle target(CreateFileW(Wide(extended), FILE_READ_ATTRIBUTES, kShareAll, nullptr, OPEN_EXISTING,
+                                      FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+  BY_HANDLE_FILE_INFORMATION found;
+  if (!target || !GetFileInformationByHandle(target.Get(), &found)) return std::nullopt;
+  return found.dwFileAttributes;
+}
+
+std::optional<platform::FileFacts> ReadFacts(TextView path) {
+  std::optional<Entry> entry = LookUp(path);
+  if (!entry) return std::nullopt;
+  platform::FileFacts facts;
+  facts.path = IsRoot(path) ? Text(path) : PathIn(DiskPath(FolderOf(path)), entry->name);
+  facts.name = std::move(entry->name);
+  facts.size = entry->size;
+  facts.modified = LocalTime(entry->modified);
+  facts.accessed = LocalTime(entry->accessed);
+  facts.attributes = entry->attributes & kShownAttributes;
+  facts.folder = entry->IsFolder();
+  facts.link = entry->link;
+  return facts;
+}
+
+bool ListFolder(TextView folder, const platform::FileSystem::EntryVisitor& visit) {
+  Listing listing;
+  if (!listing.Read(folder)) return false;
+  listing.Visit(visit);
+  return true;
+}
+
+platform::DateTime LocalTime(const FILETIME& time) {
+  SYSTEMTIME universal, local;
+  if ((time.dwLowDateTime | time.dwHighDateTime) == 0) return 0;
+  if (!FileTimeToSystemTime(&time, &universal)) return 0;
+  if (!SystemTimeToTzSpecificLocalTime(nullptr, &universal, &local)) return 0;
+  return ToDateTime(local.wYear, local.wMonth, local.wDay, local.wHour, local.wMinute, local.wSecond,
+                    local.wMilliseconds);
+}
+
+}  // namespace tavix::windows

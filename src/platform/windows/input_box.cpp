@@ -1,0 +1,114 @@
+#include "platform/windows/input_box.h"
+
+#include <cstring>
+#include <vector>
+
+#include "platform/windows/wide.h"
+
+namespace tavix::windows {
+namespace {
+
+constexpr WORD kPromptId = 100;
+constexpr WORD kFieldId = 101;
+
+// The classes of controls that have a number in a template.
+constexpr WORD kButton = 0x80;
+constexpr WORD kEdit = 0x81;
+constexpr WORD kStatic = 0x82;
+
+// In the units of a dialog, which grow with its font.
+struct Area {
+  short x, y, width, height;
+};
+constexpr Area kDialog = {0, 0, 260, 96};
+constexpr Area kPrompt = {7, 7, 246, 44};
+constexpr Area kField = {7, 54, 246, 14};
+constexpr Area kOkButton = {149, 75, 50, 14};
+constexpr Area kCancelButton = {203, 75, 50, 14};
+
+// The description of a dialog as the system reads it, put together in memory.
+class Template {
+ public:
+  Template(TextView caption, WORD controls) {
+    Align();
+    const DLGTEMPLATE head = {DS_MODALFRAME | DS_CENTER | DS_SHELLFONT | WS_POPUP | WS_CAPTION | WS_SYSMENU,
+                              0,
+                              controls,
+                              kDialog.x,
+                              kDialog.y,
+                              kDialog.width,
+                              kDialog.height};
+    Put(&head, sizeof(head));
+    PutWord(0);  // no menu
+    PutWord(0);  // the usual class
+    PutText(caption);
+    PutWord(8);  // points
+    PutText(u"MS Shell Dlg");
+  }
+
+  void Add(WORD controlClass, WORD id, const Area& area, DWORD style, TextView text) {
+    Align();
+    const DLGITEMTEMPLATE item = {
+        WS_CHILD | WS_VISIBLE | style, 0, area.x, area.y, area.width, area.height, id};
+    Put(&item, sizeof(item));
+    PutWord(0xFFFF);
+    PutWord(controlClass);
+    PutText(text);
+    PutWord(0);  // no data of its own
+  }
+
+  const DLGTEMPLATE* Get() const { return reinterpret_cast<const DLGTEMPLATE*>(words_.data()); }
+
+ private:
+  void Align() {
+    if (words_.size() % 2 != 0) words_.push_back(0);
+  }
+  void Put(const void* data, size_t size) {
+    const size_t start = words_.size();
+    words_.resize(start + size / sizeof(WORD));
+    std::memcpy(words_.data() + start, data, size);
+  }
+  void PutWord(WORD word) { words_.push_back(word); }
+  void PutText(TextView text) {
+    const TextView whole = text.substr(0, text.find(u'\0'));
+    words_.insert(words_.end(), whole.begin(), whole.end());
+    words_.push_back(0);
+  }
+
+  std::vector<WORD> words_;
+};
+
+void Take(HWND dialog, Text& answer) {
+  const HWND field = GetDlgItem(dialog, kFieldId);
+  answer.resize(static_cast<size_t>(GetWindowTextLengthW(field)) + 1);
+  const int length = GetWindowTextW(field, WideBuffer(answer.data()), static_cast<int>(answer.size()));
+  answer.resize(static_cast<size_t>(length));
+}
+
+INT_PTR CALLBACK Handle(HWND dialog, UINT message, WPARAM first, LPARAM second) {
+  if (message == WM_INITDIALOG) {
+    SetWindowLongPtrW(dialog, DWLP_USER, second);
+    return TRUE;
+  }
+  if (message != WM_COMMAND) return FALSE;
+  if (LOWORD(first) == IDOK) Take(dialog, *reinterpret_cast<Text*>(GetWindowLongPtrW(dialog, DWLP_USER)));
+  if (LOWORD(first) == IDOK || LOWORD(first) == IDCANCEL) EndDialog(dialog, LOWORD(first));
+  return TRUE;
+}
+
+}  // namespace
+
+std::optional<Text> ShowInputBox(HWND owner, TextView caption, TextView prompt) {
+  Template box(caption, 4);
+  box.Add(kStatic, kPromptId, kPrompt, SS_LEFT | SS_NOPREFIX, prompt);
+  box.Add(kEdit, kFieldId, kField, WS_BORDER | WS_TABSTOP | ES_AUTOHSCROLL, u"");
+  box.Add(kButton, IDOK, kOkButton, BS_DEFPUSHBUTTON | WS_TABSTOP, u"OK");
+  box.Add(kButton, IDCANCEL, kCancelButton, BS_PUSHBUTTON | WS_TABSTOP, u"Cancel");
+  Text answer;
+  const INT_PTR pressed = DialogBoxIndirectParamW(GetModuleHandleW(nullptr), box.Get(), owner, Handle,
+                                                  reinterpret_cast<LPARAM>(&answer));
+  if (pressed != IDOK) return std::nullopt;
+  return answer;
+}
+
+}  // namespace tavix::windows

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <optional>
+
+#include "platform/windows/windows_api.h"
+#include "text/text.h"
+
+namespace tavix::windows {
+
+// A dialog with a prompt, a field for one line of text, OK and Cancel. Nothing when it is cancelled or can't
+// be shown.
+std::optional<Text> ShowInputBox(HWND owner, TextView caption, TextView prompt);
+
+}  // namespace tavix::windows

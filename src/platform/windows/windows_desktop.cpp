@@ -1,0 +1,48 @@
+#include "platform/windows/windows_desktop.h"
+
+#include "platform/windows/wide.h"
+#include "platform/windows/windows_api.h"
+
+#include <commctrl.h>
+
+namespace tavix::windows {
+namespace {
+
+HWND Native(platform::WindowHandle window) { return reinterpret_cast<HWND>(window); }
+
+bool HasTitle(HWND window, TextView title) {
+  Text found(title.size() + 2, u'\0');
+  const int length = GetWindowTextW(window, WideBuffer(found.data()), static_cast<int>(found.size()));
+  return length >= 0 && TextView(found).substr(0, static_cast<size_t>(length)) == title;
+}
+
+}  // namespace
+
+void WindowsDesktop::SendWindowMessage(platform::WindowHandle window, uint32_t message, intptr_t first,
+                                       intptr_t second) {
+  if (window != 0) SendMessageW(Native(window), message, static_cast<WPARAM>(first), second);
+}
+
+void WindowsDesktop::PostWindowMessage(platform::WindowHandle window, uint32_t message, intptr_t first,
+                                       intptr_t second) {
+  if (window != 0) PostMessageW(Native(window), message, static_cast<WPARAM>(first), second);
+}
+
+platform::WindowHandle WindowsDesktop::FindWindowByTitle(TextView title) {
+  if (title.empty()) return 0;
+  // The system finds without regard to letter case.
+  const Text wanted(title);
+  HWND window = nullptr;
+  do {
+    window = FindWindowExW(nullptr, window, nullptr, Wide(wanted));
+  } while (window != nullptr && !HasTitle(window, title));
+  return reinterpret_cast<platform::WindowHandle>(window);
+}
+
+void WindowsDesktop::ReleaseCapture() { ::ReleaseCapture(); }
+
+void WindowsDesktop::SetTreeBackColor(platform::WindowHandle tree, uint32_t color) {
+  if (tree != 0) SendMessageW(Native(tree), TVM_SETBKCOLOR, 0, static_cast<LPARAM>(color));
+}
+
+}  // namespace tavix::windows

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "platform/dialogs.h"
+
+namespace tavix::windows {
+
+// Dialogs before the user, in front of the program's active window.
+class WindowsDialogs : public platform::Dialogs {
+ public:
+  int MsgBox(TextView text, int style) override;
+  std::optional<Text> InputBox(TextView prompt) override;
+  std::optional<Text> BrowseForFolder(platform::WindowHandle owner, TextView title) override;
+};
+
+}  // namespace tavix::windows

@@ -1,0 +1,131 @@
+#include "platform/windows/windows_file_system.h"
+
+#include "platform/windows/delete_tree.h"
+#include "platform/windows/file_content.h"
+#include "platform/windows/file_facts.h"
+#include "platform/windows/file_move.h"
+#include "platform/windows/wide.h"
+#include "platform/windows/windows_path.h"
+
+namespace tavix::windows {
+namespace {
+
+constexpr DWORD kChangeable = platform::kReadOnly | platform::kHidden | platform::kSystem;
+
+// What stands at the path, or at the end of a link, is a file or a folder, as asked; false for nothing.
+bool Exists(TextView path, bool folder) {
+  const std::optional<Text> normal = NormalPath(path);
+  if (!normal) return false;
+  const std::optional<DWORD> attributes = FollowedAttributes(*normal);
+  return attributes && ((*attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) == folder;
+}
+
+platform::Drive ReadDrive(char16_t letter) {
+  const Text root = {letter, u':', u'\\'};
+  platform::Drive drive;
+  drive.path = root.substr(0, 2);
+  drive.type = DriveType(GetDriveTypeW(Wide(root)));
+  wchar_t name[MAX_PATH + 1] = L"";
+  drive.ready =
+      GetVolumeInformationW(Wide(root), name, MAX_PATH + 1, nullptr, nullptr, nullptr, nullptr, 0) != 0;
+  if (drive.ready) drive.volumeName = FromWide(name);
+  return drive;
+}
+
+}  // namespace
+
+WindowsFileSystem::WindowsFileSystem() {
+  SetThreadErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX, &errorMode_);
+}
+
+WindowsFileSystem::~WindowsFileSystem() { SetThreadErrorMode(errorMode_, nullptr); }
+
+std::optional<platform::FileFacts> WindowsFileSystem::Look(TextView path) {
+  return NormalPath(path).and_then([](const Text& normal) { return ReadFacts(normal); });
+}
+
+bool WindowsFileSystem::FileExists(TextView path) { return Exists(path, false); }
+
+bool WindowsFileSystem::FolderExists(TextView path) { return Exists(path, true); }
+
+bool WindowsFileSystem::List(TextView folder, const EntryVisitor& visit) {
+  const std::optional<Text> normal = NormalPath(folder);
+  return normal && ListFolder(*normal, visit);
+}
+
+bool WindowsFileSystem::CreateFolder(TextView path) {
+  const std::optional<Text> normal = NormalPath(path);
+  return normal && CreateDirectoryW(Wide(ExtendedPath(*normal)), nullptr);
+}
+
+bool WindowsFileSystem::CreateTextFile(TextView path, bool overwrite) {
+  const std::optional<Text> normal = NormalPath(path);
+  return normal && CreateEmptyFile(*normal, overwrite);
+}
+
+std::optional<std::string> WindowsFileSystem::ReadFile(TextView path) {
+  return NormalPath(path).and_then([](const Text& normal) { return ReadContent(normal); });
+}
+
+bool WindowsFileSystem::WriteFile(TextView path, std::string_view content) {
+  const std::optional<Text> normal = NormalPath(path);
+  return normal && ReplaceContent(*normal, content);
+}
+
+bool WindowsFileSystem::AppendToFile(TextView path, std::string_view content) {
+  const std::optional<Text> normal = NormalPath(path);
+  return normal && AppendContent(*normal, content);
+}
+
+bool WindowsFileSystem::DeleteFile(TextView path, bool force) {
+  const std::optional<Text> normal = NormalPath(path);
+  return normal && DeleteOneFile(*normal, force);
+}
+
+bool WindowsFileSystem::DeleteFolder(TextView path, bool force) {
+  const std::optional<Text> normal = NormalPath(path);
+  return normal && DeleteTree(*normal, force);
+}
+
+bool WindowsFileSystem::MoveFile(TextView source, TextView destination) {
+  const std::optional<Text> from = NormalPath(source), to = NormalPath(destination);
+  return from && to && MoveOneFile(*from, *to);
+}
+
+bool WindowsFileSystem::SetAttributes(TextView path, uint32_t attributes) {
+  const std::optional<Text> normal = NormalPath(path);
+  if (!normal) return false;
+  const Text extended = ExtendedPath(*normal);
+  const DWORD there = GetFileAttributesW(Wide(extended));
+  if (there == INVALID_FILE_ATTRIBUTES) return false;
+  const DWORD wanted = (there & ~(kChangeable | FILE_ATTRIBUTE_NORMAL)) | (attributes & kChangeable);
+  return SetFileAttributesW(Wide(extended), wanted == 0 ? FILE_ATTRIBUTE_NORMAL : wanted) != 0;
+}
+
+std::vector<platform::Drive> WindowsFileSystem::Drives() {
+  std::vector<platform::Drive> drives;
+  const DWORD letters = GetLogicalDrives();
+  for (int i = 0; i < 26; ++i) {
+    if ((letters >> i & 1) != 0) drives.push_back(ReadDrive(static_cast<char16_t>(u'A' + i)));
+  }
+  return drives;
+}
+
+int DriveType(UINT systemType) {
+  switch (systemType) {
+    case DRIVE_REMOVABLE:
+      return 1;
+    case DRIVE_FIXED:
+      return 2;
+    case DRIVE_REMOTE:
+      return 3;
+    case DRIVE_CDROM:
+      return 4;
+    case DRIVE_RAMDISK:
+      return 5;
+    default:
+      return 0;
+  }
+}
+
+}  // namespace tavix::windows

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "platform/file_system.h"
+#include "platform/windows/windows_api.h"
+
+namespace tavix::windows {
+
+// The files of the running system. While it lives, its thread gets no dialogs of the system about a drive
+// with nothing in it or a file that can't be opened; programs started from it are not concerned.
+class WindowsFileSystem : public platform::FileSystem {
+ public:
+  WindowsFileSystem();
+  ~WindowsFileSystem() override;
+  WindowsFileSystem(const WindowsFileSystem&) = delete;
+  WindowsFileSystem& operator=(const WindowsFileSystem&) = delete;
+
+  std::optional<platform::FileFacts> Look(TextView path) override;
+  bool FileExists(TextView path) override;
+  bool FolderExists(TextView path) override;
+  bool List(TextView folder, const EntryVisitor& visit) override;
+  bool CreateFolder(TextView path) override;
+  bool CreateTextFile(TextView path, bool overwrite) override;
+  std::optional<std::string> ReadFile(TextView path) override;
+  bool WriteFile(TextView path, std::string_view content) override;
+  bool AppendToFile(TextView path, std::string_view content) override;
+  bool DeleteFile(TextView path, bool force) override;
+  bool DeleteFolder(TextView path, bool force) override;
+  bool MoveFile(TextView source, TextView destination) override;
+  bool SetAttributes(TextView path, uint32_t attributes) override;
+  std::vector<platform::Drive> Drives() override;
+
+ private:
+  DWORD errorMode_ = 0;
+};
+
+// A drive's type as platform::Drive numbers it, of the system's number.
+int DriveType(UINT systemType);
+
+}  // namespace tavix::windows

@@ -1,0 +1,36 @@
+#include "contract/file_system_contract.h"
+
+#include "text/utf8.h"
+
+namespace tavix::contract {
+
+GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(FileSystemContract);
+
+std::vector<Text> FileSystemContract::Names(TextView name) {
+  std::vector<Text> names;
+  const Text folder = name.empty() ? stage->Place() : In(name);
+  EXPECT_TRUE(files.List(folder, [&names](const platform::DirectoryEntry& entry) {
+    names.push_back(Concat(entry.name, entry.folder ? u"\\" : u"", entry.link ? u">" : u""));
+  })) << ToUtf8(folder);
+  return names;
+}
+
+std::string FileSystemContract::Everything() {
+  std::string all;
+  std::vector<Text> pending{stage->Place()};
+  while (!pending.empty()) {
+    const Text folder = std::move(pending.back());
+    pending.pop_back();
+    std::vector<Text> found;
+    files.List(folder, [&](const platform::DirectoryEntry& entry) {
+      const Text path = Concat(folder, u"\\", entry.name);
+      if (entry.folder && !entry.link) pending.push_back(path);
+      if (!entry.folder && !entry.link) found.push_back(path);
+      all += ToUtf8(path) + " " + std::to_string(entry.attributes & 7U) + (entry.link ? " link\n" : "\n");
+    });
+    for (const Text& file : found) all += ToUtf8(file) + ": " + files.ReadFile(file).value_or("?") + "\n";
+  }
+  return all;
+}
+
+}  // namespace tavix::contract

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "platform/file_system.h"
+
+namespace tavix::contract {
+
+// A file system to try the contract on, with what the interface leaves out.
+class FileSystemStage {
+ public:
+  virtual ~FileSystemStage() = default;
+  virtual platform::FileSystem& Use() = 0;
+  // A folder that is there, empty and belongs to the test; it goes with the stage.
+  virtual Text Place() = 0;
+  // Makes a link. The target is a whole path or relative to the link's folder; `folder` says what kind it
+  // is, where the machine wants to know. False where the machine can't have such a link.
+  virtual bool Link(TextView path, TextView target, bool folder) = 0;
+  // Makes a link to a folder that lies outside of everything the file system may reach and has a file
+  // "secret.txt" in it. False where there is no outside.
+  virtual bool LinkOut(TextView path) = 0;
+  // Whether that folder and the file in it are as they were.
+  virtual bool OutsideIsUntouched() = 0;
+  // False on a system where a folder can't be read-only.
+  virtual bool KeepsReadOnlyFolders() { return true; }
+  // A folder like Place on another volume; empty where there is none.
+  virtual Text OtherVolume() = 0;
+};
+
+struct FileSystemStageMaker {
+  const char* name;
+  std::unique_ptr<FileSystemStage> (*make)();
+};
+inline void PrintTo(const FileSystemStageMaker& maker, std::ostream* out) { *out << maker.name; }
+
+class FileSystemContract : public testing::TestWithParam<FileSystemStageMaker> {
+ protected:
+  FileSystemContract() : stage(GetParam().make()), files(stage->Use()) {}
+
+  // A path below Place.
+  Text In(TextView name) const { return Concat(stage->Place(), u"\\", name); }
+  void Write(TextView name, std::string_view content = "x") {
+    ASSERT_TRUE(files.WriteFile(In(name), content));
+  }
+  void Make(TextView name) { ASSERT_TRUE(files.CreateFolder(In(name))); }
+  // Names in a folder below Place, a backslash behind those of folders, an arrow behind those of links.
+  std::vector<Text> Names(TextView name = {});
+  // Everything in Place and below with contents, links not gone into.
+  std::string Everything();
+
+  std::unique_ptr<FileSystemStage> stage;
+  platform::FileSystem& files;
+};
+
+}  // namespace tavix::contract

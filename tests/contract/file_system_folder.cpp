@@ -1,0 +1,74 @@
+#include <algorithm>
+#include <filesystem>
+
+#include "contract/file_system_contract.h"
+#include "platform/machine/host_store.h"
+#include "platform/machine/machine_file_system.h"
+#include "platform/machine/machine_path.h"
+#include "platform/machine/scratch_folder.h"
+
+namespace tavix::contract {
+namespace {
+
+namespace fs = std::filesystem;
+
+class FolderStage : public FileSystemStage {
+ public:
+  FolderStage() {
+    fs::create_directories(scratch_.Root() / "machine/drives/C/Contract/Place");
+    scratch_.Write("outside/secret.txt", "secret");
+    store_ = machine::OpenHostStore(fs::canonical(scratch_.Root() / "machine"));
+    files_.emplace(*store_, facts_);
+  }
+  platform::FileSystem& Use() override { return *files_; }
+  Text Place() override { return u"C:\\Contract\\Place"; }
+  bool Link(TextView path, TextView target, bool folder) override {
+    fs::path to;
+    if (machine::ReadMachinePath(target)) {
+      to = HostPath(target);
+    } else {
+      Text slashes(target);
+      std::replace(slashes.begin(), slashes.end(), u'\\', u'/');
+      to = slashes;
+    }
+    return MakeLink(HostPath(path), to, folder);
+  }
+  bool LinkOut(TextView path) override {
+    return MakeLink(HostPath(path), fs::canonical(scratch_.Root()) / "outside", true);
+  }
+  bool OutsideIsUntouched() override {
+    const auto outside = fs::directory_iterator(scratch_.Root() / "outside");
+    return std::distance(fs::begin(outside), fs::end(outside)) == 1 &&
+           scratch_.Read("outside/secret.txt") == "secret";
+  }
+  Text OtherVolume() override { return {}; }
+
+ private:
+  // The library of a Windows host makes no links.
+  static bool MakeLink(const fs::path& link, const fs::path& target, bool folder) {
+    std::error_code failure;
+    if (folder) {
+      fs::create_directory_symlink(target, link, failure);
+    } else {
+      fs::create_symlink(target, link, failure);
+    }
+    return !failure;
+  }
+  fs::path HostPath(TextView path) const {
+    fs::path host = fs::canonical(scratch_.Root() / "machine/drives") / path.substr(0, 1);
+    for (const TextView name : Split(path.substr(3), u"\\")) host /= name;
+    return host;
+  }
+
+  machine::ScratchFolder scratch_;
+  machine::MachineFacts facts_;
+  std::unique_ptr<machine::FileStore> store_;
+  std::optional<machine::MachineFileSystem> files_;
+};
+
+std::unique_ptr<FileSystemStage> Make() { return std::make_unique<FolderStage>(); }
+
+INSTANTIATE_TEST_SUITE_P(Folder, FileSystemContract, testing::Values(FileSystemStageMaker{"folder", Make}));
+
+}  // namespace
+}  // namespace tavix::contract

@@ -1,0 +1,43 @@
+#include "contract/file_system_contract.h"
+#include "platform/machine/memory_file_system.h"
+
+namespace tavix::contract {
+namespace {
+
+class MemoryStage : public FileSystemStage {
+ public:
+  MemoryStage() {
+    files_.AddFolder(u"C:\\Contract\\Place");
+    files_.AddFolder(u"D:\\Other");
+  }
+  platform::FileSystem& Use() override { return files_; }
+  Text Place() override { return u"C:\\Contract\\Place"; }
+  bool Link(TextView path, TextView target, bool) override {
+    files_.AddLink(path, target);
+    return true;
+  }
+  bool LinkOut(TextView path) override {
+    store_.Make({u"outside", u"secret.txt"}, machine::EntryKind::File).content = "secret";
+    files_.AddLink(path, u"..\\..\\..\\..\\..\\..\\outside");
+    return true;
+  }
+  bool OutsideIsUntouched() override {
+    const auto outside = store_.Open({u"outside"});
+    std::vector<machine::StoreEntry> entries;
+    return outside != nullptr && outside->Read(entries) && entries.size() == 1 &&
+           entries[0].name == u"secret.txt";
+  }
+  Text OtherVolume() override { return u"D:\\Other"; }
+
+ private:
+  machine::MemoryStore store_;
+  machine::MachineFacts facts_;
+  machine::MemoryFileSystem files_{store_, facts_};
+};
+
+std::unique_ptr<FileSystemStage> Make() { return std::make_unique<MemoryStage>(); }
+
+INSTANTIATE_TEST_SUITE_P(Memory, FileSystemContract, testing::Values(FileSystemStageMaker{"memory", Make}));
+
+}  // namespace
+}  // namespace tavix::contract

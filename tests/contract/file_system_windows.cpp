@@ -1,0 +1,45 @@
+#include <string>
+
+#include "contract/file_system_contract.h"
+#include "platform/windows/scratch_place.h"
+#include "platform/windows/wide.h"
+#include "platform/windows/windows_file_system.h"
+
+namespace tavix::contract {
+namespace {
+
+class WindowsStage : public FileSystemStage {
+ public:
+  ~WindowsStage() override {
+    if (!otherVolume_.empty()) files_.DeleteFolder(otherVolume_, true);
+  }
+  platform::FileSystem& Use() override { return files_; }
+  Text Place() override { return place_.Path(); }
+  // Wine deletes what a link leads to for the link, and makes none.
+  bool Link(TextView path, TextView target, bool folder) override {
+    if (windows::IsWine()) return false;
+    const DWORD flags = folder ? SYMBOLIC_LINK_FLAG_DIRECTORY : 0;
+    return CreateSymbolicLinkW(windows::Wide(Text(path)), windows::Wide(Text(target)), flags) != 0;
+  }
+  // A system has no outside.
+  bool LinkOut(TextView) override { return false; }
+  bool OutsideIsUntouched() override { return true; }
+  bool KeepsReadOnlyFolders() override { return !windows::IsWine(); }
+  Text OtherVolume() override {
+    const Text folder = Concat(u"Z:\\dev\\shm\\Tavix Contract ", ToText(GetCurrentProcessId()));
+    if (windows::IsWine() && otherVolume_.empty() && files_.CreateFolder(folder)) otherVolume_ = folder;
+    return otherVolume_;
+  }
+
+ private:
+  windows::ScratchPlace place_;
+  windows::WindowsFileSystem files_;
+  Text otherVolume_;
+};
+
+std::unique_ptr<FileSystemStage> Make() { return std::make_unique<WindowsStage>(); }
+
+INSTANTIATE_TEST_SUITE_P(Windows, FileSystemContract, testing::Values(FileSystemStageMaker{"windows", Make}));
+
+}  // namespace
+}  // namespace tavix::contract

@@ -1,0 +1,98 @@
+#include "frame/data_folders.h"
+
+#include "frame/data_paths.h"
+#include "frame/start_up.h"
+#include "support/program_test.h"
+
+namespace tavix::mdlPubSelf {
+namespace {
+
+constexpr uint32_t kHiddenSystem = 6;
+
+class DataFolders : public ProgramTest {
+ protected:
+  DataFolders() { machine.files.AddFolder(u"C:\\"); }
+  uint32_t Attributes(TextView path) {
+    const auto facts = machine.files.Look(path);
+    return facts ? facts->attributes & 7U : 99;
+  }
+  std::vector<Text> NamesIn(TextView folder) {
+    std::vector<Text> names;
+    machine.files.List(folder,
+                       [&names](const platform::DirectoryEntry& entry) { names.emplace_back(entry.name); });
+    return names;
+  }
+};
+
+TEST_F(DataFolders, AFirstRunLeavesTheWholeTreeHiddenAfterExit) {
+  Start();
+  EXPECT_EQ(Attributes(kSettingsFile), 0U) << "written behind the step that hides files";
+  Form_Unload();
+  for (const TextView path :
+       {kMakersFolder, kDataFolder, kDefaultBackupFolder, kDuplicateFolder, kScannedFolder, kComparedFolder,
+        kSettingsFile, kBuiltInJunkFile, kUserJunkFile, kMarkerFile}) {
+    EXPECT_EQ(Attributes(path), kHiddenSystem) << Narrow(path);
+  }
+  for (const TextView store : {kScannedFolder, kComparedFolder}) {
+    const auto buckets = NamesIn(store);
+    EXPECT_EQ(buckets.size(), 27U);
+    EXPECT_EQ(buckets.front(), u"A");
+    EXPECT_EQ(Attributes(Concat(store, u"\\Z")), kHiddenSystem);
+    EXPECT_EQ(Attributes(Concat(store, u"\\other")), kHiddenSystem);
+  }
+  EXPECT_EQ(machine.files.ReadFile(kMarkerFile), "");
+}
+
+TEST_F(DataFolders, AStaleBucketFileIsGoneAfterTheNextStart) {
+  machine.files.AddFile(Concat(kScannedFolder, u"\\A\\1024"), {.attributes = platform::kReadOnly});
+  Start();
+  EXPECT_TRUE(NamesIn(Concat(kScannedFolder, u"\\A")).empty());
+  machine.files.AddFile(Concat(kComparedFolder, u"\\other\\x"));
+  Form_Unload();
+  EXPECT_TRUE(NamesIn(Concat(kComparedFolder, u"\\other")).empty());
+}
+
+TEST_F(DataFolders, ADeletedJunkFileComesBackEmptyAndOthersKeepTheirContent) {
+  Start();
+  machine.files.AddFile(kBuiltInJunkFile, {.content = "kept"});
+  machine.files.DeleteFile(kUserJunkFile, true);
+  Form_Unload();
+  EXPECT_EQ(machine.files.ReadFile(kUserJunkFile), "");
+  EXPECT_EQ(machine.files.ReadFile(kBuiltInJunkFile), "kept");
+}
+
+TEST_F(DataFolders, TheBackupFoldersContentIsNeverTouched) {
+  machine.files.AddFile(u"C:\\TVXBak\\saved.txt", {.content = "s"});
+  machine.files.AddFile(
+      kSettingsFile,
+      {.content = "[Duplicate Files]\nCommon Types=*.x\n[Cleaning Method]\nBackup Folder=C:\\Else\n"});
+  Start();
+  Form_Unload();
+  EXPECT_EQ(machine.files.ReadFile(u"C:\\TVXBak\\saved.txt"), "s");
+  EXPECT_EQ(Attributes(u"C:\\TVXBak\\saved.txt"), 0U);
+  EXPECT_TRUE(machine.files.FolderExists(kDefaultBackupFolder)) << "made whatever the setting says";
+}
+
+TEST_F(DataFolders, ABucketThatCannotGoStaysAndTheRestIsDone) {
+  machine.files.AddFile(Concat(kScannedFolder, u"\\A\\locked"));
+  machine.files.faults.Fail(u"DeleteFolder", kDuplicateFolder);
+  Start();
+  EXPECT_EQ(NamesIn(Concat(kScannedFolder, u"\\A")).size(), 1U);
+  EXPECT_TRUE(machine.files.FileExists(kMarkerFile));
+  EXPECT_EQ(NamesIn(kComparedFolder).size(), 27U);
+}
+
+TEST_F(DataFolders, EveryCallFailingInTurnStopsNothing) {
+  for (int failing = 1; failing < 400; failing += 7) {
+    machine.files.faults.FailCall(failing);
+    Start();
+    Form_Unload();
+    machine.files.faults.Clear();
+    ResetProcess();
+  }
+  Start();
+  EXPECT_EQ(NamesIn(kScannedFolder).size(), 27U);
+}
+
+}  // namespace
+}  // namespace tavix::mdlPubSelf

@@ -1,0 +1,56 @@
+#include <cstdint>
+#include <cstdlib>
+#include <utility>
+#include <vector>
+
+#include "frame/support/ini_text.h"
+#include "frame/support/text_file.h"
+#include "text/letter_case.h"
+
+namespace {
+
+using namespace tavix;
+
+void Require(bool holds) {
+  if (!holds) std::abort();
+}
+
+using Entries = std::vector<std::pair<Text, Text>>;
+
+// The entries of a section but for those of one key.
+Entries EntriesBeside(TextView content, TextView section, TextView key) {
+  Entries entries;
+  VisitIniSection(content, section, [&](TextView name, TextView value) {
+    if (!EqualIgnoringCase(name, key)) entries.emplace_back(name, value);
+  });
+  return entries;
+}
+
+}  // namespace
+
+// Any file is read and written again without harm. Section, key and value are the first three lines of the
+// input; a value that was written is read back, and nothing else has changed.
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+  const FileText file = DecodeTextFile({reinterpret_cast<const char*>(data), size});
+  Require(DecodeTextFile(EncodeTextFile(file)).text == file.text);
+  TextView rest = file.text;
+  const auto takeLine = [&rest] {
+    const TextView line = rest.substr(0, rest.find(u'\n'));
+    rest.remove_prefix(std::min(line.size() + 1, rest.size()));
+    return line;
+  };
+  const TextView section = takeLine();
+  const TextView key = takeLine();
+  const TextView value = takeLine();
+  const Text written = WriteIniValue(rest, section, key, value);
+  if (written == rest) return 0;
+  const std::optional<Text> again = ReadIniValue(written, section, key);
+  Require(again.has_value());
+  if (value.find(u'\r') == TextView::npos) Require(*again == value);
+  Require(WriteIniValue(written, section, key, value) == written);
+  for (const TextView other : {section, TextView(u"s"), TextView(u"t")}) {
+    const TextView beside = EqualIgnoringCase(other, section) ? key : TextView();
+    Require(EntriesBeside(written, other, beside) == EntriesBeside(rest, other, beside));
+  }
+  return 0;
+}

@@ -1,0 +1,40 @@
+#include "platform/machine/machine_dialogs.h"
+
+#include <gtest/gtest.h>
+
+namespace tavix::machine {
+namespace {
+
+using namespace platform;
+
+TEST(MachineDialogs, AnswerYesOrOkWhereNobodyCan) {
+  Journal journal;
+  MachineDialogs dialogs(journal);
+  EXPECT_EQ(dialogs.MsgBox(u"Sure?", kYesNo + kQuestion), kYes);
+  EXPECT_EQ(dialogs.MsgBox(u"Sure?", kYesNoCancel + kQuestion), kYes);
+  EXPECT_EQ(dialogs.MsgBox(u"Sure?", kOkCancel), kOk);
+  EXPECT_EQ(dialogs.MsgBox(u"So it is.", kInformation), kOk);
+  EXPECT_FALSE(dialogs.InputBox(u"Name?"));
+  EXPECT_FALSE(dialogs.BrowseForFolder(0, u"Where?"));
+  ASSERT_EQ(journal.Entries().size(), 5U);
+  EXPECT_EQ(journal.Entries()[0].Json(), "{\"op\":\"MsgBox\",\"text\":\"Sure?\",\"style\":36}");
+  EXPECT_EQ(journal.Entries()[4].Json(), "{\"op\":\"InputBox\",\"prompt\":\"Name?\"}");
+}
+
+TEST(MachineDialogs, AnswerAsTheyWereTold) {
+  Journal journal;
+  MachineDialogs dialogs(journal);
+  dialogs.answers = {kNo, kCancel};
+  dialogs.inputs = {std::nullopt, u"text"};
+  dialogs.folders = {u"C:\\a"};
+  EXPECT_EQ(dialogs.MsgBox(u"", kYesNo), kNo);
+  EXPECT_EQ(dialogs.MsgBox(u"", kYesNo), kCancel);
+  EXPECT_EQ(dialogs.MsgBox(u"", kYesNo), kYes);
+  EXPECT_FALSE(dialogs.InputBox(u""));
+  EXPECT_EQ(dialogs.InputBox(u""), u"text");
+  EXPECT_EQ(dialogs.BrowseForFolder(0, u""), u"C:\\a");
+  EXPECT_FALSE(dialogs.BrowseForFolder(0, u""));
+}
+
+}  // namespace
+}  // namespace tavix::machine

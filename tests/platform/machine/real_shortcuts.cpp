@@ -1,0 +1,97 @@
+#include <gtest/gtest.h>
+
+#include <array>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "platform/machine/shortcut.h"
+#include "text/utf8.h"
+
+namespace tavix::machine {
+namespace {
+
+const std::filesystem::path kFolder =
+    std::filesystem::path(TAVIX_SOURCE_DIR) / ".." / "shared" / "data" / "lnk";
+
+std::string Content(const std::filesystem::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+// A line of the index: what another reader found in the file.
+struct IndexLine {
+  std::string file, categories, local, network, variable;
+};
+
+std::vector<IndexLine> ReadIndex() {
+  std::vector<IndexLine> lines;
+  std::ifstream index(kFolder / "INDEX.tsv", std::ios::binary);
+  std::string line;
+  std::getline(index, line);
+  while (std::getline(index, line)) {
+    std::array<std::string, 5> fields;
+    size_t at = 0;
+    for (std::string& field : fields) {
+      const size_t end = std::min(line.find('\t', at), line.size());
+      field = line.substr(at, end - at);
+      at = std::min(end + 1, line.size());
+    }
+    lines.push_back({fields[0], fields[1], fields[2], fields[3], fields[4]});
+  }
+  return lines;
+}
+
+// Paths that stand in nothing but the item list, and what the index has no column for.
+const std::map<std::string, std::string> kOthers{
+    {"013.lnk", "C:\\Program Files\\CA\\ARCserve Backup\\ARCserveMgr.exe"},
+    {"014.lnk", "C:\\Program Files\\Internet Explorer\\iexplore.exe"},
+    {"015.lnk", "C:\\Program Files\\Internet Explorer\\iexplore.exe"},
+    {"055.lnk", "D:\\"},
+    {"056.lnk", "E:\\"},
+    {"107.lnk", "C:\\Program Files\\Microsoft Office\\Office16\\EXCEL.EXE"},
+    {"109.lnk", "C:\\Program Files (x86)\\Hotkey\\HkeyTray.exe"},
+    {"110.lnk", "C:\\Users\\e\\AppData\\Local\\JetBrains\\Installations\\dotTrace04\\dotTrace64.exe"},
+    {"161.lnk", "%PSModulePath%..\\powershell.exe"},
+};
+
+std::string Expected(const IndexLine& line) {
+  if (line.categories.find("msi-darwin") != std::string::npos) return {};
+  for (const std::string* path : {&line.variable, &line.local, &line.network}) {
+    if (!path->empty()) return *path;
+  }
+  const auto other = kOthers.find(line.file);
+  return other == kOthers.end() ? std::string() : other->second;
+}
+
+TEST(RealShortcuts, GiveTheTargetsOfTheIndex) {
+  const std::vector<IndexLine> index = ReadIndex();
+  if (index.empty()) GTEST_SKIP() << "no real shortcuts at " << kFolder;
+  for (const IndexLine& line : index) {
+    const std::optional<ShortcutData> data = ReadShortcut(Content(kFolder / line.file));
+    ASSERT_TRUE(data) << line.file;
+    EXPECT_EQ(ToUtf8(data->target), Expected(line)) << line.file;
+  }
+}
+
+TEST(RealShortcuts, CutOffAnywhereDoNoHarm) {
+  const std::vector<IndexLine> index = ReadIndex();
+  if (index.empty()) GTEST_SKIP() << "no real shortcuts at " << kFolder;
+  for (const IndexLine& line : index) {
+    const std::string whole = Content(kFolder / line.file);
+    for (size_t size = 0; size < whole.size(); ++size) {
+      const std::optional<ShortcutData> data = ReadShortcut(std::string(whole, 0, size));
+      if (size < 0x4C) {
+        EXPECT_FALSE(data);
+      } else if (data) {
+        EXPECT_EQ(data->target.find(u'\0'), Text::npos);
+      }
+    }
+  }
+}
+
+}  // namespace
+}  // namespace tavix::machine

@@ -1,0 +1,75 @@
+#include "platform/windows/input_box.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "platform/windows/test_window.h"
+
+namespace tavix::windows {
+namespace {
+
+// What a timer of the dialog's own thread finds in the box and does to it, once.
+struct Visit {
+  Text caption;
+  Text prompt;
+  const wchar_t* entered = L"";
+  int button = IDCANCEL;
+  bool made = false;
+};
+Visit* visit = nullptr;
+
+Text TextOf(HWND window) {
+  wchar_t text[256];
+  return GetWindowTextW(window, text, 256) > 0 ? FromWide(text) : Text();
+}
+
+void CALLBACK Answer(HWND, UINT, UINT_PTR timer, DWORD) {
+  const HWND box = FindWindowW(L"#32770", L"Tavix Test Box");
+  if (box == nullptr) return;
+  KillTimer(nullptr, timer);
+  visit->made = true;
+  visit->caption = TextOf(box);
+  visit->prompt = TextOf(GetDlgItem(box, 100));
+  SetWindowTextW(GetDlgItem(box, 101), visit->entered);
+  PostMessageW(box, WM_COMMAND, static_cast<WPARAM>(visit->button), 0);
+}
+
+std::optional<Text> Show(Visit& one) {
+  visit = &one;
+  SetTimer(nullptr, 0, 20, Answer);
+  return ShowInputBox(nullptr, u"Tavix Test Box", u"Name && number,\nplease");
+}
+
+class InputBoxOfWindows : public testing::Test {
+ protected:
+  void SetUp() override {
+    if (!MakeWindow(u"window")) GTEST_SKIP() << "no display";
+  }
+};
+
+TEST_F(InputBoxOfWindows, GivesWhatWasEntered) {
+  Visit one;
+  one.entered = L"  \u00C4 text ";
+  one.button = IDOK;
+  EXPECT_EQ(Show(one), u"  \u00C4 text ");
+  EXPECT_TRUE(one.made);
+  EXPECT_EQ(one.caption, u"Tavix Test Box");
+  EXPECT_EQ(one.prompt, u"Name && number,\nplease");
+}
+
+TEST_F(InputBoxOfWindows, GivesAnEmptyTextForOkAlone) {
+  Visit one;
+  one.button = IDOK;
+  EXPECT_EQ(Show(one), u"");
+}
+
+TEST_F(InputBoxOfWindows, GivesNothingWhenCancelled) {
+  Visit one;
+  one.entered = L"text";
+  EXPECT_EQ(Show(one), std::nullopt);
+  EXPECT_TRUE(one.made);
+}
+
+}  // namespace
+}  // namespace tavix::windows

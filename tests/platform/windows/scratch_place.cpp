@@ -1,0 +1,205 @@
+#include "platform/windows/scratch_place.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstring>
+
+#include "platform/windows/file_handle.h"
+#include "platform/windows/wide.h"
+#include "text/utf8.h"
+
+#include <winioctl.h>
+
+namespace tavix::windows {
+namespace {
+
+Text Extended(TextView path) { return Concat(u"\\\\?\\", path); }
+
+// A junction is a folder with a reparse point that has the target in the form of the system and in one to
+// show.
+bool MakeJunction(const Text& path, TextView target) {
+  if (!CreateDirectoryW(Wide(Extended(path)), nullptr)) return false;
+  const Text name = Concat(u"\\??\\", target);
+  struct {
+    DWORD tag;
+    WORD dataLength, reserved;
+    WORD nameOffset, nameLength, shownOffset, shownLength;
+    char16_t names[512];
+  } data = {};
+  const size_t nameBytes = name.size() * sizeof(char16_t), shownBytes = target.size() * sizeof(char16_t);
+  data.tag = IO_REPARSE_TAG_MOUNT_POINT;
+  data.nameLength = static_cast<WORD>(nameBytes);
+  data.shownOffset = static_cast<WORD>(nameBytes + sizeof(char16_t));
+  data.shownLength = static_cast<WORD>(shownBytes);
+  data.dataLength = static_cast<WORD>(8 + nameBytes + shownBytes + 2 * sizeof(char16_t));
+  std::copy(name.begin(), name.end(), data.names);
+  std::copy(target.begin(), target.end(), data.names + name.size() + 1);
+  const FileHandle folder(CreateFileW(Wide(Extended(path)), GENERIC_WRITE, kShareAll, nullptr, OPEN_EXISTING,
+                                      FILE_FLAG_OPEN_REPARSE_POINT | FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+  DWORD written = 0;
+  if (folder && DeviceIoControl(folder.Get(), FSCTL_SET_REPARSE_POINT, &data, 8U + data.dataLength, nullptr,
+                                0, &written, nullptr))
+    return true;
+  RemoveDirectoryW(Wide(Extended(path)));
+  return false;
+}
+
+std::string HostPath(const Text& path) {
+  using Converter = char*(CDECL*)(const wchar_t*);
+  const auto convert = reinterpret_cast<Converter>(
+      reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "wine_get_unix_file_name")));
+  char* host = convert(Wide(path));
+  const std::string found = host == nullptr ? "" : host;
+  HeapFree(GetProcessHeap(), 0, host);
+  return found;
+}
+
+// Wine runs the host's programs. They have no process here that could be waited for, so this waits until the
+// path is there, or gone.
+bool RunOnHost(TextView program, TextView arguments, const Text& path, bool comes) {
+  STARTUPINFOW start = {};
+  start.cb = sizeof(start);
+  PROCESS_INFORMATION process = {};
+  const Text file = Concat(u"Z:\\bin\\", program);
+  Text line = Concat(program, u" ", arguments);
+  if (!CreateProcessW(Wide(file), WideBuffer(line.data()), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                      &start, &process))
+    return false;
+  CloseHandle(process.hThread);
+  CloseHandle(process.hProcess);
+  const auto isThere = [&path] { return AttributesOf(path) != INVALID_FILE_ATTRIBUTES; };
+  for (int i = 0; i < 200 && isThere() != comes; ++i) Sleep(10);
+  return isThere() == comes;
+}
+
+Text HostLinkPath(const Text& path) {
+  const size_t cut = path.rfind(u'\\');
+  return Concat(*FromUtf8(HostPath(path.substr(0, cut))), u"/", path.substr(cut + 1));
+}
+
+void RemoveLink(const Text& path) {
+  if (!IsWine()) {
+    RemoveDirectoryW(Wide(Extended(path)));
+  } else {
+    RunOnHost(u"rm", Concat(u"\"", HostLinkPath(path), u"\""), path, false);
+  }
+}
+
+bool MakeHostLink(const Text& path, const Text& target) {
+  return RunOnHost(u"ln", Concat(u"-s \"", *FromUtf8(HostPath(target)), u"\" \"", HostLinkPath(path), u"\""),
+                   path, true);
+}
+
+void RemoveAll(const Text& folder) {
+  WIN32_FIND_DATAW data;
+  HANDLE found = FindFirstFileW(Wide(Extended(Concat(folder, u"\\*"))), &data);
+  if (found != INVALID_HANDLE_VALUE) {
+    do {
+      const Text name = FromWide(data.cFileName);
+      if (name == u"." || name == u"..") continue;
+      const Text path = Concat(folder, u"\\", name);
+      SetFileAttributesW(Wide(Extended(path)), FILE_ATTRIBUTE_NORMAL);
+      if ((data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
+        DeleteFileW(Wide(Extended(path)));
+      } else if ((data.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) {
+        RemoveAll(path);
+      }
+    } while (FindNextFileW(found, &data));
+    FindClose(found);
+  }
+  RemoveDirectoryW(Wide(Extended(folder)));
+}
+
+}  // namespace
+
+ScratchPlace::ScratchPlace() {
+  wchar_t temp[MAX_PATH + 1] = L"";
+  wchar_t longForm[MAX_PATH + 1] = L"";
+  GetTempPathW(MAX_PATH, temp);
+  GetLongPathNameW(temp, longForm, MAX_PATH);
+  static int count = 0;
+  path_ = Concat(FromWide(longForm), u"Tavix Test ", ToText(static_cast<long long>(GetTickCount64())), u"-",
+                 ToText(GetCurrentProcessId()), u"-", ToText(++count));
+  EXPECT_TRUE(CreateDirectoryW(Wide(path_), nullptr));
+}
+
+ScratchPlace::~ScratchPlace() {
+  for (const Text& link : links_) RemoveLink(link);
+  RemoveAll(path_);
+}
+
+Text ScratchPlace::In(TextView name) const { return Concat(path_, u"\\", name); }
+
+Text ScratchPlace::File(TextView name, std::string_view content) const {
+  const Text path = In(name);
+  const FileHandle file(CreateFileW(Wide(Extended(path)), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr));
+  DWORD written = 0;
+  EXPECT_TRUE(file &&
+              WriteFile(file.Get(), content.data(), static_cast<DWORD>(content.size()), &written, nullptr));
+  return path;
+}
+
+Text ScratchPlace::Folder(TextView name) const {
+  Text path = In(name);
+  EXPECT_TRUE(CreateDirectoryW(Wide(Extended(path)), nullptr));
+  return path;
+}
+
+Text ScratchPlace::FolderLink(TextView name, TextView target) const {
+  Text path = In(name);
+  EXPECT_TRUE(MakeJunction(path, target) || (IsWine() && MakeHostLink(path, Text(target))));
+  links_.push_back(path);
+  return path;
+}
+
+bool ScratchPlace::FileLink(TextView name, TextView target) const {
+  return !IsWine() && CreateSymbolicLinkW(Wide(In(name)), Wide(Text(target)), 0) != 0;
+}
+
+bool IsWine() { return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr; }
+
+namespace {
+
+Text PlaceOfBin() {
+  wchar_t place[1024] = L"";
+  GetEnvironmentVariableW(L"XDG_DATA_HOME", place, 1024);
+  return FromWide(place);
+}
+
+}  // namespace
+
+bool HasBinOfItsOwn() { return IsWine() && PlaceOfBin().ends_with(u".tavix-data"); }
+
+void ClearBin() {
+  if (!HasBinOfItsOwn()) return;
+  WindowsFileSystem files;
+  for (const TextView part : {u"/Trash/files", u"/Trash/info"}) {
+    const Text folder = FromHost(ToUtf8(Concat(PlaceOfBin(), part)));
+    if (!files.FolderExists(folder)) continue;
+    EXPECT_TRUE(files.DeleteFolder(folder, true));
+    EXPECT_TRUE(files.CreateFolder(folder));
+  }
+}
+
+DWORD AttributesOf(TextView path) { return GetFileAttributesW(Wide(Extended(path))); }
+
+std::string ContentOf(TextView path) {
+  const FileHandle file(CreateFileW(Wide(Extended(path)), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr));
+  if (!file) return "(none)";
+  std::string content(1 << 16, '\0');
+  DWORD count = 0;
+  ReadFile(file.Get(), content.data(), static_cast<DWORD>(content.size()), &count, nullptr);
+  content.resize(count);
+  return content;
+}
+
+Text FromHost(std::string_view path) {
+  Text found = FromUtf8(path).value_or(Text());
+  std::replace(found.begin(), found.end(), u'/', u'\\');
+  return found.starts_with(u'\\') ? Concat(u"Z:", found) : found;
+}
+
+}  // namespace tavix::windows

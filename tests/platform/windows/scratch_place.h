@@ -1,0 +1,48 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/windows/windows_file_system.h"
+#include "text/text.h"
+
+namespace tavix::windows {
+
+// A folder of its own below the user's temporary folder; gone with all its content at the end.
+class ScratchPlace {
+ public:
+  ScratchPlace();
+  ~ScratchPlace();
+  ScratchPlace(const ScratchPlace&) = delete;
+  ScratchPlace& operator=(const ScratchPlace&) = delete;
+
+  // Its path, or that of something in it.
+  const Text& Path() const { return path_; }
+  Text In(TextView name) const;
+  // Makes a file with this content, its folder being there.
+  Text File(TextView name, std::string_view content = "content") const;
+  Text Folder(TextView name) const;
+  // Makes a link to a folder: a junction, or under Wine, which has none, a link of the host.
+  Text FolderLink(TextView name, TextView target) const;
+  // A link to a file. False without the right to make one, and under Wine.
+  bool FileLink(TextView name, TextView target) const;
+
+ private:
+  Text path_;
+  mutable std::vector<Text> links_;
+};
+
+// Whether this is Wine, and no Windows.
+bool IsWine();
+// Whether the recycle bin is one that the tests may empty. Wine's is the host's, so it needs a place of its
+// own.
+bool HasBinOfItsOwn();
+// Makes that bin empty without the system's help: Wine leaves read-only files and full folders in it.
+void ClearBin();
+// What the system itself says, without the code under test.
+DWORD AttributesOf(TextView path);
+std::string ContentOf(TextView path);
+// A path of the host as a path of the system: "/a/b" is "Z:\a\b" under Wine.
+Text FromHost(std::string_view path);
+
+}  // namespace tavix::windows

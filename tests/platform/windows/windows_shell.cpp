@@ -1,0 +1,153 @@
+#include "platform/windows/windows_shell.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/windows/restart_list.h"
+#include "platform/windows/scratch_place.h"
+#include "platform/windows/wide.h"
+
+namespace tavix::windows {
+namespace {
+
+class ShellOfWindows : public testing::Test {
+ protected:
+  // Started programs take their time.
+  static std::string ContentWhenThere(TextView path) {
+    for (int i = 0; i < 1000 && (ContentOf(path) == "(none)" || ContentOf(path).empty()); ++i) Sleep(10);
+    return ContentOf(path);
+  }
+
+  ScratchPlace place;
+  WindowsShell shell;
+};
+
+TEST_F(ShellOfWindows, RunsACommandLineWithArguments) {
+  const Text done = place.In(u"done.txt");
+  EXPECT_TRUE(shell.RunTarget(Concat(u"cmd.exe /c echo one two>\"", done, u"\""), 0));
+  EXPECT_EQ(ContentWhenThere(done), "one two\r\n");
+}
+
+TEST_F(ShellOfWindows, RunsAProgramInAPathWithBlanks) {
+  const Text program = place.File(u"a program.cmd", "@echo %1>\"%~dp0done.txt\"\r\n");
+  EXPECT_TRUE(shell.RunHidden(Concat(program, u" first")));
+  EXPECT_EQ(ContentWhenThere(place.In(u"done.txt")), "first\r\n");
+}
+
+TEST_F(ShellOfWindows, OpensAFileWithItsDefaultAction) {
+  const Text program = place.File(u"a program.cmd", "@echo opened>\"%~dp0done.txt\"\r\n");
+  EXPECT_TRUE(shell.OpenPath(program, 0));
+  EXPECT_EQ(ContentWhenThere(place.In(u"done.txt")), "opened\r\n");
+}
+
+TEST_F(ShellOfWindows, WhatCantBeStartedFailsWithoutADialog) {
+  for (const TextView target : {u"", u"  ", u"tavix-no-such-program.exe /x", u"\"\"", u"tavix-none:address",
+                                u"C:\\tavix no such\\a.exe"}) {
+    EXPECT_FALSE(shell.RunTarget(target, 3)) << testing::PrintToString(target);
+  }
+  for (const Text& path : {Text(), Text(u"cmd.exe"), place.In(u"missing")}) {
+    EXPECT_FALSE(shell.OpenPath(path, 3));
+    EXPECT_FALSE(shell.ShowFileProperties(0, path));
+  }
+}
+
+TEST_F(ShellOfWindows, SendsFilesAndFoldersToTheBinAndEmptiesIt) {
+  if (!HasBinOfItsOwn()) GTEST_SKIP() << "the bin is the user's own";
+  ClearBin();
+  EXPECT_EQ(shell.RecycleBinInfo(), u"0|0");
+  EXPECT_TRUE(shell.EmptyRecycleBin(0));
+  const Text file = place.File(u"a file.txt", "twelve bytes");
+  EXPECT_TRUE(shell.DeleteToRecycleBin(file));
+  EXPECT_EQ(AttributesOf(file), INVALID_FILE_ATTRIBUTES);
+  EXPECT_EQ(shell.RecycleBinInfo(), u"1|12");
+  EXPECT_TRUE(shell.EmptyRecycleBin(0));
+  EXPECT_EQ(shell.RecycleBinInfo(), u"0|0");
+  EXPECT_TRUE(shell.EmptyRecycleBin(0));
+}
+
+TEST_F(ShellOfWindows, SendsReadOnlyFilesAndFullFoldersToTheBin) {
+  if (!HasBinOfItsOwn()) GTEST_SKIP() << "the bin is the user's own";
+  ClearBin();
+  const Text file = place.File(u"a file.txt", "twelve bytes"), folder = place.Folder(u"folder");
+  ASSERT_TRUE(SetFileAttributesW(Wide(file), FILE_ATTRIBUTE_READONLY));
+  place.File(u"folder\\in.txt");
+  EXPECT_TRUE(shell.DeleteToRecycleBin(file));
+  EXPECT_TRUE(shell.DeleteToRecycleBin(folder));
+  EXPECT_EQ(AttributesOf(file), INVALID_FILE_ATTRIBUTES);
+  EXPECT_EQ(AttributesOf(folder), INVALID_FILE_ATTRIBUTES);
+  EXPECT_TRUE(shell.RecycleBinInfo()->starts_with(u"2|"));
+  // Wine leaves both in the bin and says that all is well.
+  EXPECT_EQ(shell.EmptyRecycleBin(0), !IsWine());
+  ClearBin();
+  EXPECT_EQ(shell.RecycleBinInfo(), u"0|0");
+}
+
+TEST_F(ShellOfWindows, TheBinTakesNoRootsPatternsAndMissingFiles) {
+  place.File(u"a");
+  for (const Text& path :
+       {Text(), Text(u"C:\\"), Text(u"C:"), Text(u"a"), place.In(u"*"), place.In(u"missing")}) {
+    EXPECT_FALSE(shell.DeleteToRecycleBin(path));
+  }
+  EXPECT_EQ(ContentOf(place.In(u"a")), "content");
+}
+
+TEST_F(ShellOfWindows, WhatIsTooDeepForTheBinStays) {
+  if (!HasBinOfItsOwn()) GTEST_SKIP() << "the bin is the user's own";
+  WindowsFileSystem files;
+  Text path = place.Path();
+  while (path.size() < 400) {
+    path += u"\\a name that is rather long, as names go";
+    ASSERT_TRUE(files.CreateFolder(path));
+  }
+  path += u"\\file.txt";
+  ASSERT_TRUE(files.WriteFile(path, "deep"));
+  // The short form of the path may still fit, on a disk that keeps one.
+  if (shell.DeleteToRecycleBin(path)) {
+    EXPECT_EQ(AttributesOf(path), INVALID_FILE_ATTRIBUTES);
+  } else {
+    EXPECT_EQ(ContentOf(path), "deep");
+  }
+}
+
+TEST_F(ShellOfWindows, MarksAFileForTheNextStart) {
+  const RestartList keeper;
+  const Text file = place.File(u"index.dat");
+  if (!shell.DeleteAtRestart(file)) GTEST_SKIP() << "no administrator";
+  // A path and no new name for it.
+  const Text entry = Concat(u"\\??\\", file, TextView(u"\0\0", 2));
+  EXPECT_NE(RestartList::Read().find(entry), Text::npos);
+  EXPECT_EQ(ContentOf(file), "content");
+  EXPECT_FALSE(shell.DeleteAtRestart(u"C:\\"));
+  EXPECT_FALSE(shell.DeleteAtRestart(u""));
+  EXPECT_FALSE(shell.DeleteAtRestart(u"index.dat"));
+}
+
+TEST_F(ShellOfWindows, ReadsTheEnvironment) {
+  const std::wstring longValue(5000, L'x');
+  SetEnvironmentVariableW(L"TAVIX_LONG", longValue.c_str());
+  SetEnvironmentVariableW(L"TAVIX_EMPTY", L"");
+  SetEnvironmentVariableW(L"TAVIX_NONE", nullptr);
+  EXPECT_EQ(shell.EnvironmentVariable(u"tavix_long"), Text(5000, u'x'));
+  EXPECT_EQ(shell.EnvironmentVariable(u"TAVIX_NONE"), std::nullopt);
+  EXPECT_EQ(shell.EnvironmentVariable(u""), std::nullopt);
+  EXPECT_EQ(shell.EnvironmentVariable(TextView(u"TAVIX_LONG\0", 11)), std::nullopt);
+  EXPECT_EQ(shell.EnvironmentVariable(u"TAVIX_EMPTY"), u"");
+}
+
+TEST_F(ShellOfWindows, ExpandsVariables) {
+  SetEnvironmentVariableW(L"TAVIX_ONE", L"1");
+  SetEnvironmentVariableW(L"TAVIX_LONG", std::wstring(5000, L'x').c_str());
+  const struct {
+    TextView text, expanded;
+  } kCases[] = {
+      {u"", u""},
+      {u"plain", u"plain"},
+      {u"a%TAVIX_ONE%b%tavix_one%", u"a1b1"},
+      {u"%TAVIX_NONE%", u"%TAVIX_NONE%"},
+      {u"100%", u"100%"},
+  };
+  for (const auto& one : kCases) EXPECT_EQ(shell.ExpandEnvironment(one.text), one.expanded);
+  EXPECT_EQ(shell.ExpandEnvironment(u"%TAVIX_LONG%%TAVIX_ONE%").size(), 5001U);
+}
+
+}  // namespace
+}  // namespace tavix::windows

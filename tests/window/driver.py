@@ -1,0 +1,216 @@
+"""Drives tavix.exe under Wine on a display of its own: real keys and clicks, and what the window shows read
+through window messages.
+
+TAVIX_BUILD names the build folder with the programs. Prefixes, displays and screenshots are made below
+<build>/window.
+"""
+import fcntl
+import json
+import os
+import pathlib
+import shutil
+import subprocess
+import tempfile
+import time
+
+SOURCE = pathlib.Path(__file__).resolve().parents[2]
+BUILD = pathlib.Path(os.environ["TAVIX_BUILD"]).resolve()
+WORK = BUILD / "window"
+READER = BUILD / "tavix-list-reader.exe"
+WINE = SOURCE / "tools" / "wine"
+START_SECONDS = 60
+ANSWER_SECONDS = 30
+
+# As src/window/win32/control_ids.h has them.
+MINI, CLOSE = 103, 104
+PRIVACY, TREE, FUNCTIONS, RESULT, CHECK_ALL = 106, 112, 114, 115, 116
+TOOLBAR = range(117, 121)
+STATUS, PROGRESS, TIME, SUM = 121, 124, 126, 127
+SCAN, CANCEL, CLEAN, REPAIR = 128, 129, 130, 131
+
+
+class Timeout(AssertionError):
+    pass
+
+
+def wait_for(what, condition, seconds=ANSWER_SECONDS):
+    """The first true value of condition()."""
+    end = time.monotonic() + seconds
+    while True:
+        value = condition()
+        if value:
+            return value
+        if time.monotonic() > end:
+            raise Timeout(f"waited {seconds} seconds for {what}")
+        time.sleep(0.05)
+
+
+def environment(prefix, display):
+    return {**os.environ, "WINEPREFIX": str(prefix), "DISPLAY": display}
+
+
+def template_prefix(display):
+    """A fresh prefix, made once per build folder and only copied after that."""
+    WORK.mkdir(parents=True, exist_ok=True)
+    template = WORK / "template"
+    with open(WORK / "template.lock", "w", encoding="ascii") as lock:
+        fcntl.flock(lock, fcntl.LOCK_EX)
+        if not (template / "made").exists():
+            shutil.rmtree(template, ignore_errors=True)
+            template.mkdir()
+            settings = environment(template, display)
+            subprocess.run([WINE, "wineboot", "-i"], env=settings, check=True, stdout=subprocess.DEVNULL,
+                           stderr=subprocess.DEVNULL)
+            subprocess.run(["wineserver", "-w"], env=settings, check=True)
+            (template / "made").touch()
+    return template
+
+
+class Display:
+    """An X server of its own."""
+
+    def __init__(self, size="1024x768"):
+        read, write = os.pipe()
+        self._server = subprocess.Popen(
+            ["Xvfb", "-displayfd", str(write), "-screen", "0", size + "x24", "-nolisten", "tcp"],
+            pass_fds=[write], stderr=subprocess.DEVNULL)
+        os.close(write)
+        with os.fdopen(read) as answer:
+            self.name = ":" + answer.readline().strip()
+        if self.name == ":":
+            raise RuntimeError("Xvfb did not start")
+
+    def close(self):
+        self._server.terminate()
+        self._server.wait()
+
+
+class Machine:
+    """A Windows machine: a copy of the template prefix on a display."""
+
+    def __init__(self, size="1024x768"):
+        self.display = Display(size)
+        template = template_prefix(self.display.name)
+        self.prefix = pathlib.Path(tempfile.mkdtemp(prefix="prefix-", dir=WORK))
+        subprocess.run(["cp", "-a", f"{template}/.", self.prefix], check=True)
+        self.environment = environment(self.prefix, self.display.name)
+
+    def close(self):
+        subprocess.run(["wineserver", "-k"], env=self.environment, check=False)
+        subprocess.run(["wineserver", "-w"], env=self.environment, check=False)
+        self.display.close()
+        shutil.rmtree(self.prefix, ignore_errors=True)
+
+    def run(self, *command, allowed=(0,)):
+        """Runs a Windows program to its end; what it printed. None for another exit status than 0 that is allowed."""
+        # Into files, not pipes: services of Wine that start meanwhile keep what they inherit open.
+        with tempfile.TemporaryFile() as output, tempfile.TemporaryFile() as errors:
+            done = subprocess.run([WINE, *command], env=self.environment, stdin=subprocess.DEVNULL, stdout=output,
+                                  stderr=errors, check=False, timeout=START_SECONDS * 2)
+            output.seek(0)
+            errors.seek(0)
+            if done.returncode not in allowed:
+                raise AssertionError(f"{command} gave {done.returncode}: {errors.read().decode(errors='replace')}")
+            return output.read().decode("utf-8") if done.returncode == 0 else None
+
+    def seed(self, registry_text):
+        """Imports text of the registry editor's form, without its first line."""
+        file = self.prefix / "drive_c" / "seed.reg"
+        text = "Windows Registry Editor Version 5.00\n\n" + registry_text
+        file.write_bytes(text.replace("\n", "\r\n").encode("utf-16"))
+        self.run("regedit", "/S", "C:\\seed.reg")
+
+
+class Program:
+    """The running tavix.exe."""
+
+    def __init__(self, machine):
+        self.machine = machine
+        self._process = subprocess.Popen([WINE, BUILD / "tavix.exe"], env=machine.environment)
+        wait_for("the window", self._opened, START_SECONDS)
+
+    def _opened(self):
+        if self._process.poll() is not None:
+            raise AssertionError(f"tavix.exe ended with {self._process.returncode}")
+        # 1 is the reader's answer as long as there is no window.
+        output = self.machine.run(READER, allowed=(0, 1))
+        scan = Shown.of(output).controls.get(SCAN) if output is not None else None
+        return scan is not None and scan["visible"]
+
+    def _tool(self, *command):
+        subprocess.run(command, env=self.machine.environment, check=True)
+
+    def key(self, *names):
+        self._tool("xdotool", "key", *names)
+
+    def click(self, rectangle, x=None, button=1):
+        """Clicks into the middle of a rectangle, or `x` pixels from its left end."""
+        left, top, right, bottom = rectangle
+        at = (left + right) // 2 if x is None else left + x
+        self._tool("xdotool", "mousemove", str(at), str((top + bottom) // 2), "click", str(button))
+
+    def screenshot(self, name):
+        folder = WORK / "screenshots"
+        folder.mkdir(parents=True, exist_ok=True)
+        self._tool("import", "-window", "root", str(folder / f"{name}.png"))
+        return folder / f"{name}.png"
+
+    def read(self):
+        """What the window shows."""
+        return Shown.of(self.machine.run(READER))
+
+    def wait_until(self, what, condition):
+        """The window's content as soon as `condition` of it is true."""
+
+        def look():
+            shown = self.read()
+            return shown if condition(shown) else None
+
+        return wait_for(what, look)
+
+    def scan(self):
+        """Presses F3 and waits for the closing line."""
+        self.key("F3")
+        return self.wait_until("the end of the scan", lambda s: s.text(STATUS).startswith(("Finished", "Canceled"))
+                               and s.control(SCAN)["visible"])
+
+    def exit_status(self):
+        """Waits for the end of the program."""
+        return self._process.wait(timeout=ANSWER_SECONDS)
+
+    def is_running(self):
+        return self._process.poll() is None
+
+    def close(self):
+        if self.is_running():
+            self._process.kill()
+            self._process.wait()
+
+
+class Shown:
+    """One reading of the window."""
+
+    def __init__(self, lines):
+        self.controls = {line["control"]: line for line in lines if "control" in line}
+        self.minimized = next(line["minimized"] for line in lines if "minimized" in line)
+        self.columns = [line for line in lines if "column" in line]
+        self.row_count = next(line["rows"] for line in lines if "rows" in line)
+        self.rows = [line for line in lines if "row" in line]  # the first thousand
+        self.functions = [line for line in lines if "function" in line]
+        self.nodes = [line for line in lines if "node" in line]
+
+    @classmethod
+    def of(cls, output):
+        return cls([json.loads(line) for line in output.splitlines()])
+
+    def control(self, number):
+        return self.controls[number]
+
+    def text(self, number):
+        return self.controls[number]["text"]
+
+    def names(self):
+        return [row["texts"][1] for row in self.rows]
+
+    def node(self, text):
+        return next(node for node in self.nodes if node["node"] == text)
