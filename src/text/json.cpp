@@ -40,16 +40,15 @@ void AppendJson(std::string& out, TextView text) {
   out += '"';
   for (size_t i = 0; i < text.size(); ++i) {
     const char16_t unit = text[i];
-    if (unit < 0x20 || unit == u'"' || unit == u'\\') {
+    const bool pair = IsLead(unit) && i + 1 < text.size() && IsTrail(text[i + 1]);
+    const bool half = !pair && (IsLead(unit) || IsTrail(unit));
+    if (half || unit < 0x20 || unit == u'"' || unit == u'\\') {
       AppendEscaped(out, unit);
     } else if (unit < 0x80) {
       out += static_cast<char>(unit);
-    } else if (IsLead(unit) && i + 1 < text.size() && IsTrail(text[i + 1])) {
-      out += ToUtf8(text.substr(i++, 2));
-    } else if (IsLead(unit) || IsTrail(unit)) {
-      AppendEscaped(out, unit);
     } else {
-      out += ToUtf8(text.substr(i, 1));
+      out += ToUtf8(text.substr(i, pair ? 2 : 1));
+      if (pair) ++i;
     }
   }
   out += '"';

@@ -85,12 +85,13 @@ class Listing {
 
   void Visit(const platform::FileSystem::EntryVisitor& visit) {
     Sort();
+    const LocalTimes times;
     for (const Listed& listed : entries_) {
       platform::DirectoryEntry entry;
       entry.name = Name(listed);
       entry.size = listed.size;
-      entry.modified = LocalTime(listed.modified);
-      entry.accessed = LocalTime(listed.accessed);
+      entry.modified = times.Of(listed.modified);
+      entry.accessed = times.Of(listed.accessed);
       entry.attributes = listed.attributes & kShownAttributes;
       entry.folder = (listed.attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
       entry.link = listed.link;
@@ -168,12 +169,13 @@ std::optional<DWORD> FollowedAttributes(TextView path) {
 std::optional<platform::FileFacts> ReadFacts(TextView path) {
   std::optional<Entry> entry = LookUp(path);
   if (!entry) return std::nullopt;
+  const LocalTimes times;
   platform::FileFacts facts;
   facts.path = IsRoot(path) ? Text(path) : PathIn(DiskPath(FolderOf(path)), entry->name);
   facts.name = std::move(entry->name);
   facts.size = entry->size;
-  facts.modified = LocalTime(entry->modified);
-  facts.accessed = LocalTime(entry->accessed);
+  facts.modified = times.Of(entry->modified);
+  facts.accessed = times.Of(entry->accessed);
   facts.attributes = entry->attributes & kShownAttributes;
   facts.folder = entry->IsFolder();
   facts.link = entry->link;
@@ -187,11 +189,11 @@ bool ListFolder(TextView folder, const platform::FileSystem::EntryVisitor& visit
   return true;
 }
 
-platform::DateTime LocalTime(const FILETIME& time) {
+platform::DateTime LocalTimes::Of(const FILETIME& time) const {
   SYSTEMTIME universal, local;
   if ((time.dwLowDateTime | time.dwHighDateTime) == 0) return 0;
   if (!FileTimeToSystemTime(&time, &universal)) return 0;
-  if (!SystemTimeToTzSpecificLocalTime(nullptr, &universal, &local)) return 0;
+  if (!SystemTimeToTzSpecificLocalTime(&zone_, &universal, &local)) return 0;
   return ToDateTime(local.wYear, local.wMonth, local.wDay, local.wHour, local.wMinute, local.wSecond,
                     local.wMilliseconds);
 }

@@ -37,7 +37,15 @@ std::optional<platform::FileFacts> ReadFacts(TextView path);
 // As platform::FileSystem::List.
 bool ListFolder(TextView folder, const platform::FileSystem::EntryVisitor& visit);
 
-// Local date and time, as the system shows it for a file; 0 for none.
-platform::DateTime LocalTime(const FILETIME& time);
+// Local dates and times, as the system shows them for files, in the time zone that was set at its making.
+class LocalTimes {
+ public:
+  LocalTimes() { GetTimeZoneInformation(&zone_); }
+  // 0 for none.
+  platform::DateTime Of(const FILETIME& time) const;
+
+ private:
+  TIME_ZONE_INFORMATION zone_ = {};
+};
 
 }  // namespace tavix::windows

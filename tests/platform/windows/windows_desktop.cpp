@@ -58,8 +58,7 @@ TEST_F(DesktopOfWindows, LetsGoOfTheMouse) {
 }
 
 TEST_F(DesktopOfWindows, ColoursATree) {
-  const INITCOMMONCONTROLSEX trees = {sizeof(trees), ICC_TREEVIEW_CLASSES};
-  InitCommonControlsEx(&trees);
+  ASSERT_NE(LoadLibraryW(L"comctl32.dll"), nullptr);  // brings the class of trees with it
   const OwnedWindow tree = MakeWindow(u"", WC_TREEVIEWW);
   if (!tree) GTEST_SKIP() << "no display";
   desktop.SetTreeBackColor(Number(tree), 0x112233);
