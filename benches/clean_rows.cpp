@@ -1,0 +1,107 @@
+// Cleaning: rows in memory, and files of a machine folder beside a plain removal of the same names.
+
+#include <benchmark/benchmark.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+#include "clean/clean_driver.h"
+#include "forms/main_form.h"
+#include "frame/settings.h"
+#include "frame/start_up.h"
+#include "platform/machine/machine_host.h"
+#include "platform/machine/memory_host.h"
+#include "scan/result_items.h"
+#include "window/wiring.h"
+
+namespace tavix {
+namespace {
+
+using namespace mdlPubSelf;
+namespace fs = std::filesystem;
+
+// Every second row is ticked and names a value that isn't there.
+void CleanEverySecondRow(benchmark::State& state) {
+  machine::MemoryHost host;
+  WireMainForm();
+  Form_Load();
+  const int rows = static_cast<int>(state.range(0));
+  for (auto _ : state) {
+    state.PauseTiming();
+    ClearResults();
+    for (int i = 0; i < rows; ++i) {
+      AddResultItem(u"t", u"n", kNoSize, u"Registry", kNoSizeKey, u"RI: HKEY_CURRENT_USER, k, v", i % 2 == 0);
+    }
+    state.ResumeTiming();
+    sbtClean_Click();
+  }
+  state.SetItemsProcessed(state.iterations() * rows);
+  ClearResults();
+  Form_Unload();
+}
+BENCHMARK(CleanEverySecondRow)->Arg(10'000)->Arg(100'000)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
+
+constexpr int kFiles = 50'000;
+
+fs::path Seeded() {
+  const fs::path base = fs::exists("/dev/shm") ? fs::path("/dev/shm") : fs::temp_directory_path();
+  const fs::path root = base / "tavix-clean-bench";
+  fs::remove_all(root);
+  fs::create_directories(root / "drives" / "C" / "Work");
+  for (int i = 0; i < kFiles; ++i) {
+    std::ofstream(root / "drives" / "C" / "Work" / ("file" + std::to_string(i) + ".tmp")) << "x";
+  }
+  return root;
+}
+
+void CleanFilesOfAMachineFolder(benchmark::State& state) {
+  for (auto _ : state) {
+    state.PauseTiming();
+    const fs::path root = Seeded();
+    std::string error;
+    const auto host = machine::MachineHost::Open(root, std::nullopt, error);
+    if (host == nullptr) {
+      state.SkipWithError(error.c_str());
+      break;
+    }
+    WireMainForm();
+    Form_Load();
+    CleaningMethod = Text(u"D");
+    ClearResults();
+    for (int i = 0; i < kFiles; ++i) {
+      AddResultItem(u"t", Concat(u"file", ToText(i), u".tmp"), u"1.", u"C:\\Work", u"00000001.0", u"F");
+    }
+    state.ResumeTiming();
+    sbtClean_Click();
+    state.PauseTiming();
+    if (ResultCount() != 0) state.SkipWithError("files were left");
+    Form_Unload();
+    fs::remove_all(root);
+    state.ResumeTiming();
+  }
+}
+BENCHMARK(CleanFilesOfAMachineFolder)->Unit(benchmark::kMillisecond)->Iterations(3)->UseRealTime();
+
+void XargsRm(benchmark::State& state) {
+  for (auto _ : state) {
+    state.PauseTiming();
+    const fs::path root = Seeded();
+    const fs::path list = root / "list";
+    {
+      std::ofstream names(list);
+      for (int i = 0; i < kFiles; ++i) {
+        names << (root / "drives" / "C" / "Work" / ("file" + std::to_string(i) + ".tmp")).string() << '\n';
+      }
+    }
+    state.ResumeTiming();
+    if (std::system(("xargs rm -f < " + list.string()).c_str()) != 0) state.SkipWithError("xargs failed");
+    state.PauseTiming();
+    fs::remove_all(root);
+    state.ResumeTiming();
+  }
+}
+BENCHMARK(XargsRm)->Unit(benchmark::kMillisecond)->Iterations(3)->UseRealTime();
+
+}  // namespace
+}  // namespace tavix
