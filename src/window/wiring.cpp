@@ -5,6 +5,7 @@
 #include "clean/clean_driver.h"
 #include "forms/main_form.h"
 #include "frame/start_up.h"
+#include "platform/application.h"
 #include "scan/result_items.h"
 #include "scan/scan_driver.h"
 #include "window/keys.h"
@@ -21,8 +22,9 @@ void picClose_MouseUp(int button) {
   if (button == kLeftButton) frmPubMain.Unload();
 }
 
-// The page lies beside the program, so its address is relative to the application folder.
-void SendEmbeddedPage() { frmPubMain.webGIF.Navigate(u"res\\scan.htm"); }
+void SendEmbeddedPage() {
+  frmPubMain.webGIF.Navigate(Concat(platform::applicationFolder, u"\\res\\scan.htm"));
+}
 
 }  // namespace
 

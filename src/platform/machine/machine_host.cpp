@@ -1,6 +1,7 @@
 #include "platform/machine/machine_host.h"
 
 #include "platform/application.h"
+#include "platform/bindings.h"
 #include "platform/machine/host_store.h"
 #include "platform/machine/machine_clock.h"
 #include "platform/machine/machine_desktop.h"
@@ -9,7 +10,6 @@
 #include "platform/machine/machine_file_system.h"
 #include "platform/machine/machine_instance.h"
 #include "platform/machine/machine_shell.h"
-#include "platform/machine/platform_bindings.h"
 #include "platform/merged_registry.h"
 
 namespace tavix::machine {
@@ -63,7 +63,7 @@ MachineHost::MachineHost(std::unique_ptr<Parts> parts) : parts_(std::move(parts)
   userLocale = parts_->folder->Locale();
 }
 
-MachineHost::~MachineHost() { ClearPlatform(); }
+MachineHost::~MachineHost() { platform::ClearPlatform(); }
 
 MachineFolder& MachineHost::Folder() { return *parts_->folder; }
 

@@ -1,7 +1,7 @@
 #include "platform/machine/memory_host.h"
 
 #include "platform/application.h"
-#include "platform/machine/platform_bindings.h"
+#include "platform/bindings.h"
 
 namespace tavix::machine {
 
@@ -17,6 +17,6 @@ MemoryHost::MemoryHost() {
   platform::applicationFolder = kApplicationFolder;
 }
 
-MemoryHost::~MemoryHost() { ClearPlatform(); }
+MemoryHost::~MemoryHost() { platform::ClearPlatform(); }
 
 }  // namespace tavix::machine

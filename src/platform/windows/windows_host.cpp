@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/application.h"
+#include "platform/bindings.h"
 #include "platform/screen.h"
 #include "platform/windows/wide.h"
 #include "platform/windows/windows_locale.h"
@@ -43,19 +44,7 @@ WindowsHost::WindowsHost() {
   platform::screen = ReadPrimaryScreen();
 }
 
-WindowsHost::~WindowsHost() {
-  platform::registry = nullptr;
-  platform::clock = nullptr;
-  platform::fileSystem = nullptr;
-  platform::shell = nullptr;
-  platform::eventLogs = nullptr;
-  platform::dialogs = nullptr;
-  platform::desktop = nullptr;
-  platform::instance = nullptr;
-  platform::applicationFolder.clear();
-  userLocale = Locale();
-  platform::screen = platform::Screen();
-}
+WindowsHost::~WindowsHost() { platform::ClearPlatform(); }
 
 Text ProgramFolder() {
   Text path(MAX_PATH, u'\0');

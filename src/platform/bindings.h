@@ -1,8 +1,8 @@
 #pragma once
 
-namespace tavix::machine {
+namespace tavix::platform {
 
 // Takes everything away from behind the platform interfaces that a host puts there.
 void ClearPlatform();
 
-}  // namespace tavix::machine
+}  // namespace tavix::platform
