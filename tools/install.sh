@@ -62,6 +62,8 @@ make_prefix() {
     mkdir -p "$template"
     WINEPREFIX="$template" "$top/tools/wine" wineboot --init >/dev/null 2>&1
     WINEPREFIX="$template" wineserver -w
+    # Folders of the user are links into the host's home: none of its files may be in reach.
+    find "$template/drive_c/users" -type l -exec sh -c 'rm "$1" && mkdir "$1"' _ {} \;
     touch "$template/ready"
   fi
   mkdir -p "$(dirname "$1")"

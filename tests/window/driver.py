@@ -10,10 +10,13 @@ import os
 import pathlib
 import shutil
 import subprocess
+import sys
 import tempfile
 import time
 
 SOURCE = pathlib.Path(__file__).resolve().parents[2]
+sys.path.insert(0, str(SOURCE / "tests" / "support"))
+import registry_text
 BUILD = pathlib.Path(os.environ["TAVIX_BUILD"]).resolve()
 WORK = BUILD / "window"
 READER = BUILD / "tavix-list-reader.exe"
@@ -55,15 +58,37 @@ def template_prefix(display):
     template = WORK / "template"
     with open(WORK / "template.lock", "w", encoding="ascii") as lock:
         fcntl.flock(lock, fcntl.LOCK_EX)
-        if not (template / "made").exists():
+        if not (template / "ready").exists():
             shutil.rmtree(template, ignore_errors=True)
             template.mkdir()
             settings = environment(template, display)
             subprocess.run([WINE, "wineboot", "-i"], env=settings, check=True, stdout=subprocess.DEVNULL,
                            stderr=subprocess.DEVNULL)
             subprocess.run(["wineserver", "-w"], env=settings, check=True)
-            (template / "made").touch()
+            keep_to_itself(template)
+            (template / "ready").touch()
     return template
+
+
+def keep_to_itself(prefix):
+    """Gives the user folders of its own, where they lead to those of the host."""
+    for entry in (prefix / "drive_c" / "users").rglob("*"):
+        if entry.is_symlink():
+            entry.unlink()
+            entry.mkdir()
+
+
+def stand_in():
+    """A rundll32.exe that only notes its calls: what the program asks of the system's own is missing in Wine, and
+    would open a crash dialog."""
+    program = WORK / "rundll32.exe"
+    if not program.exists():
+        made = WORK / f"rundll32-{os.getpid()}.exe"
+        source = pathlib.Path(__file__).resolve().parent / "stand_in" / "rundll32.c"
+        subprocess.run(["x86_64-w64-mingw32-gcc-posix", "-municode", "-mwindows", "-Wall", "-Wextra", "-Werror", source,
+                        "-o", made], check=True)
+        made.rename(program)
+    return program
 
 
 class Display:
@@ -94,12 +119,14 @@ class Machine:
         self.prefix = pathlib.Path(tempfile.mkdtemp(prefix="prefix-", dir=WORK))
         subprocess.run(["cp", "-a", f"{template}/.", self.prefix], check=True)
         self.environment = environment(self.prefix, self.display.name)
+        self.drive_c = self.prefix / "drive_c"
 
     def close(self):
         subprocess.run(["wineserver", "-k"], env=self.environment, check=False)
         subprocess.run(["wineserver", "-w"], env=self.environment, check=False)
         self.display.close()
-        shutil.rmtree(self.prefix, ignore_errors=True)
+        for folder in (self.prefix, f"{self.prefix}.tavix-data"):
+            shutil.rmtree(folder, ignore_errors=True)
 
     def run(self, *command, allowed=(0,)):
         """Runs a Windows program to its end; what it printed. None for another exit status than 0 that is allowed."""
@@ -115,18 +142,36 @@ class Machine:
 
     def seed(self, registry_text):
         """Imports text of the registry editor's form, without its first line."""
-        file = self.prefix / "drive_c" / "seed.reg"
+        file = self.drive_c / "seed.reg"
         text = "Windows Registry Editor Version 5.00\n\n" + registry_text
         file.write_bytes(text.replace("\n", "\r\n").encode("utf-16"))
         self.run("regedit", "/S", "C:\\seed.reg")
+
+    def registry(self, key):
+        """The branch below a key, as registry_text gives it."""
+        file = self.drive_c / "export.reg"
+        file.unlink(missing_ok=True)
+        self.run("regedit", "/E", "C:\\export.reg", key)
+        return registry_text.read(file.read_bytes())
+
+    def note_rundll32_calls(self):
+        """Puts the stand-in in the way of the system's rundll32.exe."""
+        self.run("reg", "add", "HKCU\\Software\\Wine\\DllOverrides", "/v", "rundll32.exe", "/d", "native", "/f")
+        target = self.drive_c / "windows" / "system32" / "rundll32.exe"
+        target.unlink(missing_ok=True)
+        shutil.copy(stand_in(), target)
+
+    def rundll32_calls(self):
+        file = self.drive_c / "rundll32-calls.txt"
+        return file.read_text(encoding="utf-8").splitlines() if file.exists() else []
 
 
 class Program:
     """The running tavix.exe."""
 
-    def __init__(self, machine):
+    def __init__(self, machine, program=BUILD / "tavix.exe"):
         self.machine = machine
-        self._process = subprocess.Popen([WINE, BUILD / "tavix.exe"], env=machine.environment)
+        self._process = subprocess.Popen([WINE, program], env=machine.environment)
         wait_for("the window", self._opened, START_SECONDS)
 
     def _opened(self):
@@ -173,6 +218,16 @@ class Program:
         self.key("F3")
         return self.wait_until("the end of the scan", lambda s: s.text(STATUS).startswith(("Finished", "Canceled"))
                                and s.control(SCAN)["visible"])
+
+    def untick(self, row):
+        """Clicks into the box of a result row, counted from 1."""
+        shown = self.read()
+        self.click(shown.rows[row - 1]["rect"], x=8)
+        return self.wait_until("the tick to go", lambda s: not s.rows[row - 1]["checked"])
+
+    def wait_for_clean(self):
+        return self.wait_until("the end of the clean", lambda s: s.text(STATUS) == "Finished."
+                               and s.text(SUM).endswith("cleaned."))
 
     def exit_status(self):
         """Waits for the end of the program."""

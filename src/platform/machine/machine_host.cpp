@@ -15,8 +15,9 @@
 namespace tavix::machine {
 
 struct MachineHost::Parts {
-  Parts(std::unique_ptr<MachineFolder> machine, std::unique_ptr<FileStore> opened)
-      : folder(std::move(machine)), store(std::move(opened)) {}
+  Parts(std::unique_ptr<MachineFolder> machine, std::unique_ptr<FileStore> opened,
+        std::unique_ptr<FolderInstance> running)
+      : folder(std::move(machine)), store(std::move(opened)), instance(std::move(running)) {}
 
   std::unique_ptr<MachineFolder> folder;
   std::unique_ptr<FileStore> store;
@@ -30,13 +31,20 @@ struct MachineHost::Parts {
   MachineEventLogs eventLogs{facts, journal};
   MachineDialogs dialogs{journal};
   MachineDesktop desktop;
-  FolderInstance instance{folder->Root()};
+  std::unique_ptr<FolderInstance> instance;
   HostClock hostClock;
   StandingClock standingClock;
 };
 
 std::unique_ptr<MachineHost> MachineHost::Open(const std::filesystem::path& folder,
                                                std::optional<platform::DateTime> now, std::string& error) {
+  // Before anything is read: what another copy is about to write would be read half, or be lost.
+  std::error_code failure;
+  auto instance = std::make_unique<FolderInstance>(std::filesystem::canonical(folder, failure));
+  if (!failure && instance->PreviousRuns()) {
+    error = "another copy of the program runs over this machine";
+    return nullptr;
+  }
   auto opened = MachineFolder::Open(folder, error);
   if (opened == nullptr) return nullptr;
   auto store = OpenHostStore(opened->Root());
@@ -44,7 +52,7 @@ std::unique_ptr<MachineHost> MachineHost::Open(const std::filesystem::path& fold
     error = "the machine folder can't be read";
     return nullptr;
   }
-  auto parts = std::make_unique<Parts>(std::move(opened), std::move(store));
+  auto parts = std::make_unique<Parts>(std::move(opened), std::move(store), std::move(instance));
   if (now) parts->standingClock.Set(*now);
   platform::clock = now ? static_cast<platform::Clock*>(&parts->standingClock) : &parts->hostClock;
   return std::unique_ptr<MachineHost>(new MachineHost(std::move(parts)));
@@ -57,7 +65,7 @@ MachineHost::MachineHost(std::unique_ptr<Parts> parts) : parts_(std::move(parts)
   platform::eventLogs = &parts_->eventLogs;
   platform::dialogs = &parts_->dialogs;
   platform::desktop = &parts_->desktop;
-  platform::instance = &parts_->instance;
+  platform::instance = parts_->instance.get();
   platform::screen = parts_->folder->Screen();
   platform::applicationFolder = kApplicationFolder;
   userLocale = parts_->folder->Locale();

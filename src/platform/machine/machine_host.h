@@ -17,7 +17,7 @@ namespace tavix::machine {
 class MachineHost {
  public:
   // Opens the folder. `now` is where the machine's clock stands still; without it the clock is the host's.
-  // Null on failure; `error` is then one line of UTF-8.
+  // Null on failure, another copy at work on the folder among them; `error` is then one line of UTF-8.
   static std::unique_ptr<MachineHost> Open(const std::filesystem::path& folder,
                                            std::optional<platform::DateTime> now, std::string& error);
   ~MachineHost();
