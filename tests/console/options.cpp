@@ -58,22 +58,24 @@ TEST(ConsoleOptions, HelpAndVersionNeedNoMachine) {
 
 TEST(ConsoleOptions, ASettingIsCutAtTheLastSlashBeforeItsEqualsSign) {
   std::string error;
-  const auto options = ReadOptions({"--live", "--set", "One-click Clean/Repair/Functions=|a/b=c|", "--set",
-                                    "Cleaning Method/Method="},
-                                   error);
+  const auto options = ReadOptions(
+      {"--live", "--set", "One-click Clean/Repair/Functions=|a/b=c|", "--set", "Cleaning Method/Method="},
+      error);
   ASSERT_TRUE(options.has_value()) << error;
   ASSERT_EQ(options->settings.size(), 2U);
   EXPECT_EQ(options->settings[0].section, u"One-click Clean/Repair");
   EXPECT_EQ(options->settings[0].key, u"Functions");
   EXPECT_EQ(options->settings[0].value, u"|a/b=c|");
   EXPECT_EQ(options->settings[1].value, u"");
-  EXPECT_EQ(ErrorOf({"--live", "--set", "Method=D"}), "--set 'Method=D' is not of the form Section/Key=Value");
+  EXPECT_EQ(ErrorOf({"--live", "--set", "Method=D"}),
+            "--set 'Method=D' is not of the form Section/Key=Value");
   EXPECT_EQ(ErrorOf({"--live", "--set", "A/B"}), "--set 'A/B' is not of the form Section/Key=Value");
 }
 
 TEST(ConsoleOptions, MarksKeepTheirOrder) {
   std::string error;
-  const auto options = ReadOptions({"--live", "--untick", "3", "--tick", "1", "--untick", "1", "--clean"}, error);
+  const auto options =
+      ReadOptions({"--live", "--untick", "3", "--tick", "1", "--untick", "1", "--clean"}, error);
   ASSERT_TRUE(options.has_value()) << error;
   ASSERT_EQ(options->marks.size(), 3U);
   EXPECT_EQ(options->marks[0].row, 3);

@@ -38,9 +38,7 @@ class FolderStage : public RegistryStage {
     Settle();
     return *merged_;
   }
-  bool MakeKey(Hive hive, TextView key) override {
-    return machine_->Registry().MakeKey(hive, key);
-  }
+  bool MakeKey(Hive hive, TextView key) override { return machine_->Registry().MakeKey(hive, key); }
   bool SetValue(Hive hive, TextView key, TextView name, uint32_t type, std::string bytes) override {
     return machine_->Registry().SetValue(hive, key, name, type, std::move(bytes));
   }
