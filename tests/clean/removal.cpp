@@ -1,0 +1,202 @@
+#include "clean/removal.h"
+
+#include "clean/clean_test.h"
+
+namespace tavix::mdlPubSelf {
+namespace {
+
+class Removal : public CleanTest {};
+
+TEST_F(Removal, MethodsOfAFile) {
+  const struct {
+    TextView method;
+    bool gone, recycled, saved;
+  } table[] = {{u"D", true, false, false}, {u"R", true, true, false},   {u"S", true, false, true},
+               {u"", false, false, false}, {u"d", false, false, false}, {u"X", false, false, false}};
+  for (const auto& row : table) {
+    CleaningMethod = row.method;
+    machine.journal.Clear();
+    machine.files.DeleteFile(u"C:\\TVXBak\\a.txt", true);
+    ClearResults();
+    AddFileRow(u"a.txt");
+    frmPubMain.sbtClean.Click();
+    EXPECT_EQ(!FileThere(u"C:\\Work\\a.txt"), row.gone) << Narrow(row.method);
+    EXPECT_EQ(Calls() == std::vector<Text>{u"DeleteToRecycleBin"}, row.recycled) << Narrow(row.method);
+    EXPECT_EQ(FileThere(u"C:\\TVXBak\\a.txt"), row.saved) << Narrow(row.method);
+    EXPECT_EQ(ResultCount(), row.gone ? 0 : 1) << Narrow(row.method);
+    EXPECT_EQ(Sum(), row.gone ? u"Sum: 1 item, 2. KB cleaned." : u"Sum: 0 item, 0. KB cleaned.");
+  }
+}
+
+TEST_F(Removal, SavingTakesTheSuffixOneAndNoOther) {
+  CleaningMethod = u"S";
+  for (int round = 0; round < 3; ++round) {
+    ClearResults();
+    machine.files.AddFile(u"C:\\Work\\a.txt", {.content = std::string(1, static_cast<char>('0' + round))});
+    Add(u"F", u"C:\\Work", u"a.txt", u"1.");
+    frmPubMain.sbtClean.Click();
+  }
+  EXPECT_EQ(machine.files.ReadFile(u"C:\\TVXBak\\a.txt"), "0");
+  EXPECT_EQ(machine.files.ReadFile(u"C:\\TVXBak\\a.txt.1"), "1");
+  EXPECT_EQ(machine.files.ReadFile(u"C:\\Work\\a.txt"), "2");
+  ASSERT_EQ(ResultCount(), 1);
+  EXPECT_TRUE(ResultRows()[0].checked);
+  EXPECT_EQ(Sum(), u"Sum: 0 item, 0. KB cleaned.");
+}
+
+TEST_F(Removal, AMissingBackupFolderLeavesTheFileAndItsRow) {
+  CleaningMethod = u"S";
+  BackupFolder = u"C:\\Nowhere";
+  AddFileRow(u"a.txt");
+  frmPubMain.sbtClean.Click();
+  EXPECT_TRUE(FileThere(u"C:\\Work\\a.txt"));
+  EXPECT_EQ(ResultCount(), 1);
+}
+
+TEST_F(Removal, MethodsOfAFolder) {
+  for (const TextView method : {u"D", u"R", u"S", u"X"}) {
+    CleaningMethod = method;
+    ClearResults();
+    AddFolderRow(u"empty");
+    frmPubMain.sbtClean.Click();
+    EXPECT_EQ(FolderThere(u"C:\\Work\\empty"), method == u"X") << Narrow(method);
+    EXPECT_EQ(FolderThere(u"C:\\TVXBak\\empty"), method == u"S" || method == u"X") << "once saved it stays";
+    EXPECT_EQ(ResultCount(), method == u"X" ? 1 : 0);
+  }
+  machine.files.DeleteFolder(u"C:\\TVXBak\\empty", true);
+}
+
+TEST_F(Removal, ASavedFolderTakesTheSuffixOneAndGoesEvenWithoutACopy) {
+  CleaningMethod = u"S";
+  for (int round = 0; round < 3; ++round) {
+    AddFolderRow(u"empty");
+    frmPubMain.sbtClean.Click();
+    EXPECT_FALSE(FolderThere(u"C:\\Work\\empty")) << round;
+    EXPECT_EQ(ResultCount(), 0) << round;
+  }
+  EXPECT_TRUE(FolderThere(u"C:\\TVXBak\\empty"));
+  EXPECT_TRUE(FolderThere(u"C:\\TVXBak\\empty.1"));
+  EXPECT_FALSE(FolderThere(u"C:\\TVXBak\\empty.2"));
+  BackupFolder = u"C:\\Nowhere";
+  AddFolderRow(u"empty");
+  frmPubMain.sbtClean.Click();
+  EXPECT_FALSE(FolderThere(u"C:\\Work\\empty"));
+}
+
+TEST_F(Removal, AFolderOfAnotherContentThanExpectedGoesWithIt) {
+  CleaningMethod = u"D";
+  AddFolderRow(u"full");
+  machine.files.AddFile(u"C:\\Work\\full\\inner\\x.txt", {.attributes = platform::kReadOnly});
+  frmPubMain.sbtClean.Click();
+  EXPECT_FALSE(FolderThere(u"C:\\Work\\full"));
+}
+
+TEST_F(Removal, ALinkInARemovedFolderLosesItselfAndNothingBehindIt) {
+  CleaningMethod = u"D";
+  machine.files.AddFile(u"C:\\Precious\\keep.txt");
+  AddFolderRow(u"full");
+  machine.files.AddLink(u"C:\\Work\\full\\link", u"C:\\Precious");
+  machine.files.AddLink(u"C:\\Work\\place", u"C:\\Precious");
+  Add(u"P", u"C:\\Work", u"place", u"0.");
+  frmPubMain.sbtClean.Click();
+  EXPECT_FALSE(FolderThere(u"C:\\Work\\full"));
+  EXPECT_FALSE(machine.files.Look(u"C:\\Work\\place").has_value());
+  EXPECT_TRUE(FileThere(u"C:\\Precious\\keep.txt"));
+}
+
+TEST_F(Removal, ANamedFileGoesByTheMethodAndIsSavedUnderItsOwnName) {
+  CleaningMethod = u"S";
+  machine.files.AddFile(u"C:\\WINDOWS\\MEMORY.DMP", {.content = "dump"});
+  Add(u"FT: C:\\WINDOWS\\MEMORY.DMP", u"C:\\WINDOWS", u"Memory Dump", u"1.5");
+  frmPubMain.sbtClean.Click();
+  EXPECT_FALSE(FileThere(u"C:\\WINDOWS\\MEMORY.DMP"));
+  EXPECT_EQ(machine.files.ReadFile(u"C:\\TVXBak\\MEMORY.DMP"), "dump");
+  EXPECT_EQ(Sum(), u"Sum: 1 item, 1.5 KB cleaned.");
+}
+
+TEST_F(Removal, AVanishedTargetCountsAsCleaned) {
+  Add(u"F", u"C:\\Work", u"gone.txt", u"3.");
+  Add(u"P", u"C:\\Work", u"gone", u"0.");
+  Add(u"FT: C:\\gone.dmp", u"C:\\", u"x", u"0");
+  frmPubMain.sbtClean.Click();
+  EXPECT_EQ(ResultCount(), 0);
+  EXPECT_EQ(Sum(), u"Sum: 3 items, 3. KB cleaned.");
+}
+
+TEST_F(Removal, ALockedFileStaysTickedAndTheNextCleanTriesAgain) {
+  AddFileRow(u"locked.txt");
+  machine.files.faults.Fail(u"DeleteFile", u"C:\\Work\\locked.txt");
+  frmPubMain.sbtClean.Click();
+  ASSERT_EQ(ResultCount(), 1);
+  EXPECT_TRUE(ResultRows()[0].checked);
+  EXPECT_EQ(Sum(), u"Sum: 0 item, 0. KB cleaned.");
+  machine.files.faults.Clear();
+  frmPubMain.sbtClean.Click();
+  EXPECT_EQ(ResultCount(), 0);
+}
+
+TEST_F(Removal, AFileInTheRootOfADriveIsFoundWithItsTwoBackslashes) {
+  machine.files.AddFile(u"C:\\root.tmp");
+  Add(u"F", u"C:\\", u"root.tmp", u"0.");
+  frmPubMain.sbtClean.Click();
+  EXPECT_FALSE(FileThere(u"C:\\root.tmp"));
+  EXPECT_EQ(ResultCount(), 0);
+}
+
+TEST_F(Removal, ARowWithoutANameTouchesNothing) {
+  CleaningMethod = u"D";
+  machine.files.AddFile(u"C:\\Work\\keep.txt");
+  Add(u"P", u"C:\\Work", u"", u"0.");
+  Add(u"P", u"", u"", u"0.");
+  Add(u"F", u"", u"", u"0.");
+  frmPubMain.sbtClean.Click();
+  EXPECT_TRUE(FileThere(u"C:\\Work\\keep.txt"));
+  ASSERT_EQ(ResultCount(), 1) << "the folder still stands, so its row does";
+}
+
+TEST_F(Removal, EachFailingCallInTurnLeavesRowsAndDiskInAgreement) {
+  for (const TextView method : {u"D", u"R", u"S"}) {
+    int callsInAll = 1;
+    for (int failing = 0; failing <= callsInAll; ++failing) {
+      ClearResults();
+      machine.files.DeleteFolder(u"C:\\Work", true);
+      machine.files.DeleteFolder(u"C:\\TVXBak", true);
+      machine.files.AddFolder(u"C:\\TVXBak");
+      machine.files.AddFile(u"C:\\Work\\bystander.txt");
+      CleaningMethod = method;
+      AddFileRow(u"a.txt");
+      AddFolderRow(u"empty");
+      machine.files.AddFile(u"C:\\Work\\dump.dmp", {.content = "d"});
+      Add(u"FT: C:\\Work\\dump.dmp", u"C:\\Work", u"Dump", u"1.");
+      Add(u"RK: HKEY_CURRENT_USER, Software\\Missing");
+      Add(u"DUR", u"C:\\Work", u"x.dat", u"1.");
+      const int before = machine.files.faults.Calls();
+      machine.files.faults.FailCall(failing);
+      frmPubMain.sbtClean.Click();
+      callsInAll = std::max(callsInAll, machine.files.faults.Calls() - before);
+      machine.files.faults.Clear();
+
+      EXPECT_TRUE(FileThere(u"C:\\Work\\bystander.txt"));
+      int kept = 0;
+      for (const RowFields& row : ResultRows()) {
+        EXPECT_TRUE(row.checked);
+        const bool folder = row.tag == u"P";
+        const Text path =
+            row.tag.starts_with(u"FT") ? u"C:\\Work\\dump.dmp" : row.location + u"\\" + row.name;
+        EXPECT_TRUE(folder ? FolderThere(path) : FileThere(path)) << Narrow(path) << " call " << failing;
+        ++kept;
+      }
+      EXPECT_TRUE(
+          Sum().starts_with(Concat(u"Sum: ", ToText(5 - kept), 5 - kept < 2 ? u" item," : u" items,")))
+          << Narrow(Sum()) << " kept " << kept;
+      if (method == u"S") {
+        EXPECT_TRUE(FileThere(u"C:\\Work\\a.txt") || FileThere(u"C:\\TVXBak\\a.txt") ||
+                    FileThere(u"C:\\TVXBak\\a.txt.1"));
+      }
+    }
+    EXPECT_GE(callsInAll, 3);
+  }
+}
+
+}  // namespace
+}  // namespace tavix::mdlPubSelf
