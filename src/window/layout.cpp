@@ -1,6 +1,7 @@
 #include "window/layout.h"
 
 #include "forms/main_form.h"
+#include "frame/settings.h"
 #include "platform/screen.h"
 
 namespace tavix {
@@ -135,6 +136,13 @@ void PlaceJobPanel(const Geometry& geometry) {
 }
 
 }  // namespace
+
+void ChooseInterfaceSize() {
+  constexpr int kWidestSmallScreen = 1023;
+  const Text& setting = mdlPubSelf::InterfaceSize;
+  frmPubMain.BigInterface =
+      setting == u"Big" || (setting == u"Auto" && platform::screen.Width > kWidestSmallScreen);
+}
 
 void LayOutMainForm() {
   const Geometry& geometry = frmPubMain.BigInterface ? kBig : kSmall;

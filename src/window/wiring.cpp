@@ -43,7 +43,10 @@ void WireMainForm() {
   form.sbtRepair.Click = mdlPubSelf::sbtRepair_Click;
 
   mdlPubSelf::frameSteps.BuildPrivacyTree = mdlPubSelf::BuildPrivacyTree;
-  mdlPubSelf::frameSteps.LayOutWindow = LayOutMainForm;
+  mdlPubSelf::frameSteps.LayOutWindow = [] {
+    ChooseInterfaceSize();
+    LayOutMainForm();
+  };
   mdlPubSelf::frameSteps.SendEmbeddedPage = SendEmbeddedPage;
 }
 

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "forms/main_form.h"
+#include "frame/settings.h"
 #include "platform/screen.h"
 
 namespace tavix {
@@ -204,6 +205,25 @@ TEST(LayOutOnAnotherScreen, CountsInTheTwipsOfItsPixels) {
   EXPECT_EQ(frmPubMain.Left, (19200 - 11529) / 2);
   EXPECT_EQ(frmPubMain.Top, (10800 - 8650) / 2 - 200);
   platform::screen = {};
+}
+
+TEST(InterfaceSize, FollowsTheSettingAndTheScreen) {
+  const struct {
+    TextView setting;
+    int screen;
+    bool big;
+  } table[] = {{u"Auto", 1024, true}, {u"Auto", 1023, false},  {u"Auto", 800, false},
+               {u"Big", 800, true},   {u"Small", 4000, false}, {u"", 4000, false},
+               {u"big", 4000, false}, {u"AUTO", 4000, false}};
+  for (const auto& row : table) {
+    mdlPubSelf::InterfaceSize = Text(row.setting);
+    platform::screen.Width = row.screen;
+    ChooseInterfaceSize();
+    EXPECT_EQ(frmPubMain.BigInterface, row.big) << "row " << &row - table;
+  }
+  mdlPubSelf::InterfaceSize.clear();
+  platform::screen = {};
+  frmPubMain.BigInterface = false;
 }
 
 }  // namespace
