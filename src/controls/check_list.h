@@ -11,6 +11,8 @@ namespace tavix {
 class CheckList : public Control {
  public:
   Property<int> ListIndex{this, -1};  // the row in focus, -1 for none
+  Property<Color> BackColor{this, kWindowBackground};
+  Property<Color> ForeColor{this, kWindowText};
   Event<> Click;
   Event<int> ItemCheck;  // the row whose tick or text was set
   Event<int> MouseMove;  // the buttons held down

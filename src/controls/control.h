@@ -48,6 +48,7 @@ class Label : public Control {
   Property<Text> Caption{this};
   Property<int> BorderStyle{this, 0};
   Event<> Click;
+  Event<int> MouseUp;    // the button released
   Event<int> MouseMove;  // the buttons held down
 };
 
@@ -88,6 +89,7 @@ class PictureBox : public Control {
   Property<Text> Picture{this};
   Property<int> BorderStyle{this, 0};
   Property<Text> AccessibleName{this};
+  Event<> Click;         // by the left button, behind MouseUp
   Event<int> MouseUp;    // the button released
   Event<int> MouseMove;  // the buttons held down
 };
@@ -104,6 +106,7 @@ class WebBrowser : public Control {
  public:
   Property<bool> Busy{this, false};
   Property<Text> Address{this};  // what it was sent to
+  Event<> DocumentComplete;      // the page has been read whole
   void Navigate(TextView address) { Address = Text(address); }
 };
 
@@ -111,6 +114,7 @@ class WebBrowser : public Control {
 class WebDocument : public Control {
  public:
   Property<Text> Scroll{this};  // attribute of the body
+  Event<bool&> oncontextmenu;   // set to false to keep the page's menu away
 };
 
 // The hidden list of the files of a folder that fit a pattern.
@@ -123,6 +127,7 @@ class FileListBox : public Control {
 // Fetches a text from a web address.
 class InternetTransfer : public Control {
  public:
+  Property<Text> URL{this};
   Property<int> RequestTimeout{this, 60};  // seconds
 };
 

@@ -26,6 +26,12 @@ FormTexts& FormTexts::AddHeaders(TextView name, ListView& list, int columns) {
   return *this;
 }
 
+void Form::LoadOnce() {
+  if (Loaded) return;
+  Loaded = true;
+  Load();
+}
+
 FormTexts& FormTexts::AddToolTip(TextView name, Control& control) {
   return Add(Concat(name, u".ToolTipText"), control.ToolTipText);
 }

@@ -46,9 +46,14 @@ struct Form : Control {
 
   Event<int, int> KeyDown;  // virtual key code, shift state, before the control in focus gets it
   Event<> Load;             // the form is about to be shown for the first time, or anew after Unload
-  Event<> Resize;           // the form has got its size
-  Event<> ShowModal;        // shows the form over the window in front, and returns when it is closed
-  Event<> Unload;           // closes the window
+  Event<> Resize;           // the form has got its size; behind Load, before it is seen
+  // Shows the form over the window in front, and returns when it is closed and no longer loaded.
+  Event<> ShowModal;
+  Event<> Unload;  // closes the window
+
+  bool Loaded = false;  // between Load and the closing of the window
+  // Raises Load where the form isn't loaded: before it is shown, or something of it is used from outside.
+  void LoadOnce();
 
   virtual TextView Name() const = 0;
   // What a catalogue of texts, or of menus, may replace.

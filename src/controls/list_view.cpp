@@ -21,6 +21,16 @@ void ListView::Item::SetChecked(bool checked) {
   list_->PropertyChanged();
 }
 
+bool ListView::Item::Selected() const { return list_->Data(row_).selected; }
+
+void ListView::Item::SetSelected(bool selected) {
+  bool& mark = list_->Data(row_).selected;
+  if (mark == selected) return;
+  mark = selected;
+  ++list_->highlightChanges_;
+  list_->PropertyChanged();
+}
+
 std::optional<Color> ListView::Item::ForeColor() const {
   const RowData& data = list_->Data(row_);
   return data.hasForeColor ? std::optional(data.foreColor) : std::nullopt;
@@ -48,8 +58,9 @@ ListView::Item ListView::Row(int position) {
 
 void ListView::Remove(int position) {
   EstablishOrder();
-  if (order_[position - 1] == selected_) selected_ = kNone;
+  if (order_[position - 1] == focused_) focused_ = kNone;
   order_.Remove(position - 1);
+  ++highlightChanges_;
   if (position <= inOrder_) --inOrder_;
   PropertyChanged();
 }
@@ -62,22 +73,41 @@ void ListView::Clear() {
   last_ = {};
   inOrder_ = 0;
   placedBelow_ = 0;
-  selected_ = kNone;
+  focused_ = kNone;
+  ++highlightChanges_;
   PropertyChanged();
 }
 
 int ListView::SelectedRow() {
-  if (selected_ == kNone) return 0;
+  if (focused_ == kNone) return 0;
   EstablishOrder();
   for (int i = 0; i < Count(); ++i) {
-    if (order_[i] == selected_) return i + 1;
+    if (order_[i] == focused_) return i + 1;
   }
   return 0;
 }
 
-void ListView::SelectRow(int position) {
+uint32_t ListView::HighlightChanges() {
   EstablishOrder();
-  selected_ = position >= 1 && position <= Count() ? order_[position - 1] : kNone;
+  return highlightChanges_;
+}
+
+void ListView::SelectAll(bool selected) {
+  ++highlightChanges_;
+  for (uint32_t row = 0; row < rows_; ++row) Data(row).selected = selected;
+  PropertyChanged();
+}
+
+void ListView::SelectRow(int position) {
+  ++highlightChanges_;
+  for (uint32_t row = 0; row < rows_; ++row) Data(row).selected = false;
+  FocusRow(position);
+  if (focused_ != kNone) Data(focused_).selected = true;
+}
+
+void ListView::FocusRow(int position) {
+  EstablishOrder();
+  focused_ = position >= 1 && position <= Count() ? order_[position - 1] : kNone;
   PropertyChanged();
 }
 
@@ -126,6 +156,7 @@ void ListView::EstablishOrder() {
   });
   inOrder_ = Count();
   placedBelow_ = rows_;
+  ++highlightChanges_;
 }
 
 }  // namespace tavix

@@ -34,6 +34,9 @@ class ListView : public Control {
     void SetTag(TextView tag);
     bool Checked() const;
     void SetChecked(bool checked);
+    // Whether the row is highlighted. Any number of rows can be.
+    bool Selected() const;
+    void SetSelected(bool selected);
     std::optional<Color> ForeColor() const;
     void SetForeColor(Color color);
 
@@ -53,8 +56,11 @@ class ListView : public Control {
   Property<Color> ForeColor{this, kWindowText};
   std::array<ColumnHeader, kColumns> ColumnHeaders;
   Event<int> ColumnClick;  // header number, from 1
-  Event<> ItemClick;
-  Event<int> MouseMove;  // the buttons held down
+  Event<> ItemClick;       // the focus has moved to a row, by mouse or keys
+  Event<> DblClick;
+  Event<int, int> KeyDown;  // virtual key code, shift state
+  Event<int> MouseUp;       // the button released
+  Event<int> MouseMove;     // the buttons held down
 
   int Count() const { return static_cast<int>(order_.Size()); }
   // A new row with this text; it stands last, or at its sorted position.
@@ -65,9 +71,16 @@ class ListView : public Control {
   void Remove(int position);
   void Clear();
 
+  // Grows whenever a row may have been highlighted or not, or a highlighted one may have got another place.
+  uint32_t HighlightChanges();
+  // Highlights all rows, or none.
+  void SelectAll(bool selected);
   // The row in focus, 0 for none.
   int SelectedRow();
+  // Puts the focus on a row and highlights it alone; 0 for none.
   void SelectRow(int position);
+  // Puts the focus on a row and leaves the highlights alone.
+  void FocusRow(int position);
 
   // While painting is suspended, the real list leaves its window as it is.
   Property<bool> PaintingSuspended{this, false};
@@ -84,6 +97,7 @@ class ListView : public Control {
     Color foreColor = 0;
     bool hasForeColor = false;
     bool checked = false;
+    bool selected = false;
   };
 
   static constexpr uint32_t kNone = UINT32_MAX;
@@ -108,7 +122,8 @@ class ListView : public Control {
   bool sorted_ = false;
   int key_ = 0;
   int direction_ = 0;
-  uint32_t selected_ = kNone;
+  uint32_t focused_ = kNone;
+  uint32_t highlightChanges_ = 0;
 };
 
 }  // namespace tavix

@@ -13,6 +13,8 @@ class TextBox : public Control {
   Property<Color> BackColor{this, kWindowBackground};
 
   Event<> GotFocus;
+  // Another control has the focus, and the form's ActiveControl names it. A handler that takes the focus back
+  // there also keeps the click or key that moved it from having its effect.
   Event<> LostFocus;
   Event<int&> KeyPress;  // the character about to be typed; a handler that sets it to 0 swallows it
 

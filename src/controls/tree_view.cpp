@@ -34,6 +34,7 @@ Node* TreeView::AddNode(Node* parent, TextView key, TextView text) {
 }
 
 void TreeView::Clear() {
+  SelectedItem = nullptr;
   byKey_.clear();
   nodes_.clear();
   firstRoot_ = lastRoot_ = nullptr;

@@ -21,6 +21,7 @@ class Node : public PropertyOwner {
   Property<Text> Caption;
   Property<bool> Checked{this, false};
   Property<bool> Expanded{this, false};
+  Property<bool> Bold{this, false};
   Property<Color> BackColor{this, kWindowBackground};
   Property<Color> ForeColor{this, kWindowText};
   int Image = 0;
@@ -58,7 +59,8 @@ class TreeView : public Control {
  public:
   Event<Node&> NodeCheck;  // the user changed a tick; the node bears it already
   Event<Node&> NodeClick;
-  Event<int> MouseMove;  // the buttons held down
+  Event<int> MouseMove;                         // the buttons held down
+  Property<Node*> SelectedItem{this, nullptr};  // setting it raises nothing
 
   int NodeCount() const { return static_cast<int>(nodes_.size()); }
   // Null when there is no such node.

@@ -1,11 +1,13 @@
 #include "forms/about_form.h"
 
+#include "forms/product.h"
+
 namespace tavix {
 
 AboutForm::AboutForm() {
   Visible = false;
   Caption = u"About Tavix";
-  lblProduct.Caption = u"Tavix v" TAVIX_VERSION;
+  lblProduct.Caption = Concat(u"Tavix v", kProductVersion);
   lblCopyright.Caption = u"Copyright \u00A9 2026 the makers of Tavix";
   sbtMailer.Caption = u"Contact &Support";
   sbtWeb.Caption = u"&Web Site";

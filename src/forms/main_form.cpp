@@ -1,5 +1,7 @@
 #include "forms/main_form.h"
 
+#include "forms/product.h"
+
 namespace tavix {
 
 MainForm::MainForm() {
@@ -15,7 +17,7 @@ MainForm::MainForm() {
   picOpt.ToolTipText = u"Options (O)";
   picOne.ToolTipText = u"One-click Clean/Repair (1)";
   picPrivacy.BorderStyle = 1;
-  lblVer.Caption = u"v2.19.630";
+  lblVer.Caption = Concat(u"v", kProductVersion);
   lblOpt.Caption = u"Click here";
   lblOptPrompt.Caption = u"to set related option(s).";
   lblOpt.Visible = false;

@@ -51,7 +51,6 @@ struct MainForm : Form {
   Event<> Refresh;   // paint what has changed at once
   Event<> Minimize;  // send the window to the task bar
 
-  bool Loaded = false;  // between Form_Load and Form_Unload
   bool BigInterface = false;
   bool IconsLit = false;
   int16_t LastPage = 0;  // 0 Privacy, 1 System, 2 Registry, 3 Advanced

@@ -26,6 +26,7 @@ OptionsForm::OptionsForm() {
   cbxDF[2].Caption = u"Equal Modified &Time";
   cbxDF[3].Caption = u"File Size Must Be &Greater Than ";
   lblDFSS.Caption = u"KB";
+  txtDFSS.Enabled = false;
   optDF[0].Caption = u"&All Files";
   optDF[1].Caption = u"&Only The Following Common Files";
   OptionButton::Group(optDF);

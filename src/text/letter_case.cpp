@@ -88,6 +88,18 @@ std::array<char16_t, kUnits> MakeTable() {
 
 const std::array<char16_t, kUnits> kUpper = MakeTable();
 
+char16_t LowerOf(char16_t capital) {
+  if (capital >= u'A' && capital <= u'Z') return static_cast<char16_t>(capital + 32);
+  if (capital < 0x80) return capital;
+  constexpr char16_t kFinalSigma = 0x03C2;
+  for (const Run& run : kRuns) {
+    const int letter = capital - run.delta;
+    if (letter < run.first || letter > run.last || (letter - run.first) % run.stride != 0) continue;
+    if (letter != kFinalSigma) return static_cast<char16_t>(letter);
+  }
+  return capital;
+}
+
 }  // namespace
 
 char16_t ToUpper(char16_t c) { return kUpper[c]; }
@@ -96,6 +108,12 @@ Text ToUpper(TextView text) {
   Text upper(text);
   for (char16_t& c : upper) c = kUpper[c];
   return upper;
+}
+
+Text ToLower(TextView text) {
+  Text lower(text);
+  for (char16_t& c : lower) c = LowerOf(c);
+  return lower;
 }
 
 int CompareIgnoringCase(TextView left, TextView right) {

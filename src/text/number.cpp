@@ -129,11 +129,21 @@ std::optional<double> ParseNumber(TextView text, const Locale& locale) {
   return number;
 }
 
-std::optional<int16_t> ToInteger16(double number) {
+namespace {
+
+template <class Integer>
+std::optional<Integer> ToInteger(double number) {
   const double rounded = std::nearbyint(number);
-  if (!(rounded >= INT16_MIN && rounded <= INT16_MAX)) return std::nullopt;
-  return static_cast<int16_t>(rounded);
+  const bool fits =
+      rounded >= std::numeric_limits<Integer>::min() && rounded <= std::numeric_limits<Integer>::max();
+  return fits ? std::optional(static_cast<Integer>(rounded)) : std::nullopt;
 }
+
+}  // namespace
+
+std::optional<int16_t> ToInteger16(double number) { return ToInteger<int16_t>(number); }
+
+std::optional<int32_t> ToInteger32(double number) { return ToInteger<int32_t>(number); }
 
 std::optional<int16_t> ToInteger16(TextView text, const Locale& locale) {
   const std::optional<double> number = ParseNumber(text, locale);

@@ -38,5 +38,7 @@ std::optional<double> ParseNumber(TextView text, const Locale& locale = userLoca
 std::optional<int16_t> ToInteger16(double number);
 // The same of a text, read by ParseNumber.
 std::optional<int16_t> ToInteger16(TextView text, const Locale& locale = userLocale);
+// The same with 32 bits.
+std::optional<int32_t> ToInteger32(double number);
 
 }  // namespace tavix

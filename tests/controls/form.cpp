@@ -52,5 +52,23 @@ TEST(FormTexts, SettingAHeaderTellsTheRealList) {
   EXPECT_EQ(peer.changes, 1);
 }
 
+struct PlainForm : Form {
+  TextView Name() const override { return u"plain"; }
+  std::vector<NamedText> Texts() override { return {}; }
+};
+
+TEST(Form, LoadsOnceUntilItIsClosed) {
+  PlainForm form;
+  int loads = 0;
+  form.Load = [&loads] { ++loads; };
+  form.LoadOnce();
+  form.LoadOnce();
+  EXPECT_EQ(loads, 1);
+  EXPECT_TRUE(form.Loaded);
+  form.Loaded = false;
+  form.LoadOnce();
+  EXPECT_EQ(loads, 2);
+}
+
 }  // namespace
 }  // namespace tavix

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <random>
+#include <utility>
 
 #include "text/letter_case.h"
 
@@ -191,6 +192,50 @@ TEST(ListView, TellsThePeerOfRowsAndTicks) {
   EXPECT_EQ(peer.changes, 2);
   list.Clear();
   EXPECT_EQ(peer.changes, 3);
+}
+
+TEST(ListView, RowsAreHighlightedOneByOneAllAtOnceAndNotAtAll) {
+  ListView list;
+  for (const TextView name : {u"a", u"b", u"c"}) list.Add(name);
+  const auto highlighted = [&] {
+    std::string marks;
+    for (int row = 1; row <= list.Count(); ++row) marks += list.Row(row).Selected() ? 'x' : '-';
+    return marks;
+  };
+  EXPECT_EQ(highlighted(), "---");
+  list.Row(2).SetSelected(true);
+  list.Row(3).SetSelected(true);
+  EXPECT_EQ(highlighted(), "-xx");
+  list.SelectRow(1);
+  EXPECT_EQ(highlighted(), "x--");
+  list.FocusRow(2);
+  EXPECT_EQ(highlighted(), "x--");
+  list.SelectAll(true);
+  EXPECT_EQ(highlighted(), "xxx");
+  list.SelectAll(false);
+  EXPECT_EQ(highlighted(), "---");
+}
+
+TEST(ListView, CountsWhateverMovesAHighlight) {
+  ListView list;
+  for (const TextView name : {u"b", u"a", u"c"}) list.Add(name);
+  uint32_t before = list.HighlightChanges();
+  const auto grown = [&] { return std::exchange(before, list.HighlightChanges()) != before; };
+  EXPECT_FALSE(grown());
+  list.Row(1).SetSelected(true);
+  EXPECT_TRUE(grown());
+  list.Row(1).SetSelected(true);
+  list.Row(1).SetChecked(true);
+  EXPECT_FALSE(grown());
+  list.Sorted = true;
+  EXPECT_TRUE(grown());
+  EXPECT_TRUE(list.Row(2).Selected());
+  list.Remove(1);
+  EXPECT_TRUE(grown());
+  list.SelectAll(true);
+  EXPECT_TRUE(grown());
+  list.Clear();
+  EXPECT_TRUE(grown());
 }
 
 }  // namespace

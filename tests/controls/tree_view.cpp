@@ -73,5 +73,15 @@ TEST(TreeView, TellsThePeerWhichNodeChanged) {
   EXPECT_EQ(peer.calls, (std::vector<Text>{u"+k", u"!k", u"!k", u"0"}));
 }
 
+TEST(TreeView, ClearForgetsTheSelectedNode) {
+  TreeView tree;
+  int clicks = 0;
+  tree.NodeClick = [&clicks](Node&) { ++clicks; };
+  tree.SelectedItem = tree.AddNode(nullptr, u"a", u"A");
+  EXPECT_EQ(clicks, 0) << "the program's choice raises nothing";
+  tree.Clear();
+  EXPECT_EQ(tree.SelectedItem, nullptr);
+}
+
 }  // namespace
 }  // namespace tavix

@@ -20,6 +20,18 @@ TEST(ToUpper, IsItsOwnCapital) {
   }
 }
 
+TEST(ToLower, KnowsLettersOutsideAscii) {
+  EXPECT_EQ(ToLower(u"*.TMP ÄÖÜ ÉÑ ЖЯ ΣΑΣ Ӱ Ǆ @[`{ß"), u"*.tmp äöü éñ жя σασ ӱ ǆ @[`{ß");
+}
+
+TEST(ToLower, LeadsBackToTheCapitalAndNowhereElse) {
+  for (unsigned c = 0; c < 0x10000; ++c) {
+    const Text capital(1, ToUpper(static_cast<char16_t>(c)));
+    ASSERT_EQ(ToUpper(ToLower(capital)), capital) << c;
+    ASSERT_EQ(ToLower(ToLower(capital)), ToLower(capital)) << c;
+  }
+}
+
 TEST(CompareIgnoringCase, OrdersByTheCapitals) {
   EXPECT_EQ(CompareIgnoringCase(u"Abc", u"aBC"), 0);
   EXPECT_LT(CompareIgnoringCase(u"ab", u"ABC"), 0);

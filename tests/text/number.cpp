@@ -147,6 +147,24 @@ TEST(ToInteger16, RoundsTiesToEvenAndFailsOnOverflow) {
   for (const auto& [number, integer] : table) EXPECT_EQ(ToInteger16(number), integer) << number;
 }
 
+TEST(ToInteger32, RoundsTiesToEvenAndFailsOnOverflow) {
+  const std::pair<double, std::optional<int32_t>> table[] = {
+      {0, 0},
+      {0.5, 0},
+      {1.5, 2},
+      {-2.5, -2},
+      {2147483647.0, 2147483647},
+      {2147483647.4, 2147483647},
+      {2147483647.5, std::nullopt},
+      {2147483648.0, std::nullopt},
+      {-2147483648.5, INT32_MIN},
+      {-2147483649.0, std::nullopt},
+      {1e300, std::nullopt},
+      {std::numeric_limits<double>::quiet_NaN(), std::nullopt},
+  };
+  for (const auto& [number, integer] : table) EXPECT_EQ(ToInteger32(number), integer) << number;
+}
+
 TEST(ToInteger16, ReadsTexts) {
   EXPECT_EQ(ToInteger16(u"365", kEnglish), 365);
   EXPECT_EQ(ToInteger16(u"1,000", kEnglish), 1000);

@@ -1,0 +1,7 @@
+#include "forms/product.h"
+
+namespace tavix {
+
+constinit const TextView kProductVersion = TAVIX_VERSION;
+
+}  // namespace tavix
