@@ -2,6 +2,7 @@
 
 #include "frame/support/pub_system.h"
 #include "platform/application.h"
+#include "platform/dialogs.h"
 
 namespace tavix::mdlPubSelf {
 
@@ -12,6 +13,10 @@ Text GetMessageText(TextView key) {
   Text text;
   pubSystem.ReadProfileString(TextCatalogue(), u"Message & Text", key, text);
   return text;
+}
+
+void Inform(TextView text) {
+  if (platform::dialogs != nullptr) platform::dialogs->MsgBox(text, platform::kInformation);
 }
 
 }  // namespace tavix::mdlPubSelf

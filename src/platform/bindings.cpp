@@ -7,6 +7,7 @@
 #include "platform/event_logs.h"
 #include "platform/file_system.h"
 #include "platform/instance.h"
+#include "platform/network.h"
 #include "platform/registry.h"
 #include "platform/screen.h"
 #include "platform/shell.h"
@@ -22,6 +23,7 @@ void ClearPlatform() {
   dialogs = nullptr;
   desktop = nullptr;
   instance = nullptr;
+  network = nullptr;
   clock = nullptr;
   screen = {};
   applicationFolder.clear();

@@ -26,8 +26,9 @@ class Dialogs {
   virtual ~Dialogs() = default;
   // Returns when it is answered. Where nobody can answer: Yes, or OK.
   virtual int MsgBox(TextView text, int style) = 0;
-  // The text entered; nothing when cancelled.
-  virtual std::optional<Text> InputBox(TextView prompt) = 0;
+  // The text entered, `offered` where the user leaves what stands there from the start; nothing when
+  // cancelled.
+  virtual std::optional<Text> InputBox(TextView prompt, TextView offered) = 0;
   // The folder chosen; nothing when cancelled.
   virtual std::optional<Text> BrowseForFolder(WindowHandle owner, TextView title) = 0;
 };

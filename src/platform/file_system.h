@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -26,6 +27,8 @@ struct DirectoryEntry {
   uint32_t attributes = 0;
   bool folder = false;
   bool link = false;  // a reparse point: junction, symbolic link
+  // Whether more than name, `folder` and `link` could be had; size, times and attributes are 0 otherwise.
+  bool known = true;
 };
 
 // The same of one path.
@@ -38,6 +41,7 @@ struct FileFacts {
   uint32_t attributes = 0;
   bool folder = false;
   bool link = false;
+  bool known = true;  // as DirectoryEntry has it
 };
 
 struct Drive {
@@ -45,6 +49,23 @@ struct Drive {
   int type = 0;  // 0 unknown, 1 removable, 2 fixed, 3 network, 4 CD, 5 memory
   bool ready = false;
   Text volumeName;  // empty when not ready
+};
+
+using EntryVisitor = std::function<void(const DirectoryEntry& entry)>;
+using NameFilter = std::function<bool(TextView name)>;
+
+// A folder to be listed and gone into without looking up its path again. It stays the folder that it was
+// when something on its path changes, or is not there any more.
+class OpenFolder {
+ public:
+  virtual ~OpenFolder() = default;
+  // Visits what lies directly in it, in the order of the upper-cased names. False, and nothing visited, when
+  // it is missing or can't be read. The visitor changes nothing. With `wanted`, files whose names it doesn't
+  // want are left out, which spares looking at them.
+  virtual bool List(const EntryVisitor& visit, const NameFilter& wanted) = 0;
+  // A subfolder by its name as listed. Null for a link, and where it is missing, which may show only when it
+  // is listed.
+  virtual std::unique_ptr<OpenFolder> Open(TextView name) = 0;
 };
 
 // The files of a machine. Paths are absolute and are read as Windows reads them: letter case aside, `/` for
@@ -57,7 +78,8 @@ struct Drive {
 // except that a folder's deletion may have got half-way.
 class FileSystem {
  public:
-  using EntryVisitor = std::function<void(const DirectoryEntry& entry)>;
+  using EntryVisitor = platform::EntryVisitor;
+  using NameFilter = platform::NameFilter;
 
   virtual ~FileSystem() = default;
 
@@ -66,9 +88,16 @@ class FileSystem {
   // Whether a file (not a folder), or a folder, stands there; a link counts as what it points to.
   virtual bool FileExists(TextView path) = 0;
   virtual bool FolderExists(TextView path) = 0;
-  // Visits what lies directly in a folder, in the order of the upper-cased names. False, and nothing
-  // visited, when the folder is missing or can't be read. The visitor changes nothing.
-  virtual bool List(TextView folder, const EntryVisitor& visit) = 0;
+  // Null when the folder is missing, which may show only when it is listed.
+  virtual std::unique_ptr<OpenFolder> Open(TextView folder) = 0;
+  // Lists a folder by its path.
+  bool List(TextView folder, const EntryVisitor& visit, const NameFilter& wanted = {}) {
+    const auto opened = Open(folder);
+    return opened != nullptr && opened->List(visit, wanted);
+  }
+  // A text that two paths have in common exactly when they lead to the same folder, links followed. Nothing
+  // when no folder is there.
+  virtual std::optional<Text> FolderIdentity(TextView path) = 0;
 
   // False when it exists already, or its parent is missing.
   virtual bool CreateFolder(TextView path) = 0;

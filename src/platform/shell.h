@@ -30,7 +30,7 @@ class Shell {
   virtual bool DeleteToRecycleBin(TextView path) = 0;
   // Empties the bins of all drives without a question.
   virtual bool EmptyRecycleBin(WindowHandle owner) = 0;
-  // Number of items in the bins of all drives, a bar, their size in bytes: "3|4096".
+  // Number of items in the bins of all drives, a bar, their bytes: "3|4096", or "3|over" from 2^31 on.
   virtual std::optional<Text> RecycleBinInfo() = 0;
   // Marks a file for removal at the next start of the system. The file needs not exist.
   virtual bool DeleteAtRestart(TextView path) = 0;

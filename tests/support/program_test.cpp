@@ -14,6 +14,7 @@
 #include "frame/support/pub_registry.h"
 #include "frame/support/pub_system.h"
 #include "frame/support/shell_object.h"
+#include "junk/junk_definitions.h"
 #include "platform/event_queue.h"
 #include "scan/result_items.h"
 #include "scan/scan_driver.h"
@@ -50,6 +51,8 @@ void ResetProcess() {
   mdlPubSelf::ProgressStep = 0;
   mdlPubSelf::ClearSettings();
   mdlPubSelf::advancedScan = nullptr;
+  mdlPubSelf::JunkPatternChunks.clear();
+  mdlPubSelf::JunkTypes.clear();
 }
 
 std::string Narrow(TextView text) { return ToUtf8(text); }

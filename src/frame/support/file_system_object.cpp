@@ -30,7 +30,8 @@ platform::FileFacts Facts(TextView folder, const platform::DirectoryEntry& entry
           entry.accessed,
           entry.attributes,
           entry.folder,
-          entry.link};
+          entry.link,
+          entry.known};
 }
 
 template <class Object>
@@ -49,14 +50,17 @@ std::optional<std::vector<Object>> List(const std::optional<platform::FileFacts>
 std::optional<Text> File::Path() const { return Of(facts_, &platform::FileFacts::path); }
 std::optional<Text> File::Name() const { return Of(facts_, &platform::FileFacts::name); }
 std::optional<double> File::Size() const {
+  if (facts_ && !facts_->known) return std::nullopt;
   return Of(facts_, &platform::FileFacts::size).transform([](uint64_t size) {
     return static_cast<double>(size);
   });
 }
 std::optional<platform::DateTime> File::DateLastModified() const {
+  if (facts_ && !facts_->known) return std::nullopt;
   return Of(facts_, &platform::FileFacts::modified);
 }
 std::optional<platform::DateTime> File::DateLastAccessed() const {
+  if (facts_ && !facts_->known) return std::nullopt;
   return Of(facts_, &platform::FileFacts::accessed);
 }
 std::optional<Folder> File::ParentFolder() const { return Parent(facts_); }
@@ -69,14 +73,16 @@ std::optional<double> Folder::Size() const {
   if (!facts_ || Disk() == nullptr) return std::nullopt;
   double size = 0;
   std::vector<Text> pending{facts_->path};
-  while (!pending.empty()) {
+  bool known = true;
+  while (!pending.empty() && known) {
     const Text path = std::move(pending.back());
     pending.pop_back();
     const bool read = Disk()->List(path, [&](const platform::DirectoryEntry& entry) {
+      known = known && (entry.known || entry.folder);
       size += static_cast<double>(entry.size);
       if (entry.folder && !entry.link) pending.push_back(Facts(path, entry).path);
     });
-    if (!read) return std::nullopt;
+    if (!read || !known) return std::nullopt;
   }
   return size;
 }
@@ -104,6 +110,19 @@ std::optional<Folder> FileSystemObject::GetFolder(TextView path) const {
   auto facts = files_->Look(path);
   if (!facts || !facts->folder) return std::nullopt;
   return Folder(std::move(facts));
+}
+
+bool FileSystemObject::List(TextView path, const platform::FileSystem::EntryVisitor& visit,
+                            const platform::FileSystem::NameFilter& wanted) const {
+  return files_ != nullptr && files_->List(path, visit, wanted);
+}
+
+std::unique_ptr<platform::OpenFolder> FileSystemObject::Open(TextView path) const {
+  return files_ != nullptr ? files_->Open(path) : nullptr;
+}
+
+std::optional<Text> FileSystemObject::FolderIdentity(TextView path) const {
+  return files_ != nullptr ? files_->FolderIdentity(path) : std::nullopt;
 }
 
 void FileSystemObject::CreateFolder(TextView path) const {

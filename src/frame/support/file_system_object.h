@@ -54,12 +54,20 @@ class FileSystemObject {
  public:
   FileSystemObject() = default;
   explicit FileSystemObject(platform::FileSystem* files) : files_(files) {}
+  explicit operator bool() const { return files_ != nullptr; }
 
   bool FileExists(TextView path) const;
   bool FolderExists(TextView path) const;
   // Nothing when there is no such file, or it is a folder.
   std::optional<File> GetFile(TextView path) const;
   std::optional<Folder> GetFolder(TextView path) const;
+  // What Files and SubFolders of a folder would give, in one reading of it, as
+  // platform::FileSystem::List does.
+  bool List(TextView path, const platform::FileSystem::EntryVisitor& visit,
+            const platform::FileSystem::NameFilter& wanted = {}) const;
+  // As platform::FileSystem::Open and FolderIdentity.
+  std::unique_ptr<platform::OpenFolder> Open(TextView path) const;
+  std::optional<Text> FolderIdentity(TextView path) const;
   void CreateFolder(TextView path) const;
   // An empty file, its handle dropped at once.
   void CreateTextFile(TextView path, bool overwrite) const;

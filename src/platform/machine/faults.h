@@ -23,8 +23,9 @@ class Faults {
   int Calls() const { return calls_; }
 
   // Counts a call; whether it is to fail.
-  bool Hit(TextView operation, TextView path) {
-    if (++calls_ == failAt_) return true;
+  bool Hit(TextView operation, TextView path) { return ++calls_ == failAt_ || Fails(operation, path); }
+  // Whether calls of this operation on this path fail, without a call.
+  bool Fails(TextView operation, TextView path) const {
     if (failing_.empty()) return false;
     return failing_.contains({Text(operation), Text(path)}) || failing_.contains({Text(operation), Text()});
   }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -23,6 +24,7 @@ struct StoreEntry {
   uint64_t size = 0;  // 0 for folders and links
   platform::DateTime modified = 0;
   platform::DateTime accessed = 0;
+  bool known = true;  // false where a listing has the name and the kind only
 };
 
 // Where a link leads: names one below the other, from the folder of the link on or from the root of the
@@ -43,8 +45,11 @@ class StoreFolder {
   // What stands under a name, letter case aside; of two that differ only in case the exact one, else the
   // first in order.
   virtual std::optional<StoreEntry> Find(TextView name) = 0;
-  // Everything in the folder, in any order. What can be no name on Windows is left out.
-  virtual bool Read(std::vector<StoreEntry>& entries) = 0;
+  // Everything in the folder, in any order. What can be no name on Windows is left out. With `wanted`, files
+  // whose names it doesn't want may be left out.
+  using NameFilter = std::function<bool(TextView name)>;
+  virtual bool Read(std::vector<StoreEntry>& entries, const NameFilter& wanted) = 0;
+  bool Read(std::vector<StoreEntry>& entries) { return Read(entries, {}); }
   // Null when it is missing or no folder.
   virtual std::unique_ptr<StoreFolder> Open(TextView name) = 0;
   // Nothing for a link that leads out of the store.

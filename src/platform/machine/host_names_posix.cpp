@@ -29,6 +29,26 @@ std::optional<HostFolderState> ReadFolderState(int folder) {
   return HostFolderState{{device, facts.stx_ino}, Nanoseconds(facts.stx_mtime), Nanoseconds(facts.stx_ctime)};
 }
 
+std::optional<HostNameTable> HostNameTable::Read(int folder) {
+  HostNameTable table;
+  const bool complete = ReadHostNames(folder, [&table](const char* raw, unsigned char) { table.Add(raw); });
+  return complete ? std::optional(std::move(table)) : std::nullopt;
+}
+
+const std::string* HostNameTable::Find(TextView name) const {
+  const auto found = names.find(ToUpper(name));
+  return found == names.end() ? nullptr : &found->second;
+}
+
+void HostNameTable::Add(std::string_view name) {
+  const std::optional<Text> text = FromUtf8(name);
+  if (!text) return;
+  const auto [at, isNew] = names.emplace(ToUpper(*text), name);
+  if (isNew || at->second == name) return;
+  twins = true;
+  if (name < at->second) at->second = name;
+}
+
 std::list<HostNames::Folder>::iterator HostNames::Known(const HostFolderId& id) {
   return std::find_if(folders_.begin(), folders_.end(),
                       [&id](const Folder& folder) { return folder.state.id == id; });
@@ -41,24 +61,15 @@ std::optional<std::string> HostNames::Find(int folder, TextView name) {
   auto known = Known(state->id);
   if (known == folders_.end() || known->state != *state) {
     if (known != folders_.end()) folders_.erase(known);
-    Folder read;
-    read.state = *state;
-    const bool complete = ReadHostNames(folder, [&read](const char* raw, unsigned char) {
-      const std::optional<Text> text = FromUtf8(raw);
-      if (!text) return;
-      const auto [at, isNew] = read.names.emplace(ToUpper(*text), raw);
-      if (isNew) return;
-      read.twins = true;
-      if (raw < at->second) at->second = raw;
-    });
-    if (!complete) return std::nullopt;
-    folders_.push_front(std::move(read));
+    std::optional<HostNameTable> read = HostNameTable::Read(folder);
+    if (!read) return std::nullopt;
+    folders_.push_front({*state, *std::move(read)});
     if (folders_.size() > kMostFolders) folders_.pop_back();
     known = folders_.begin();
   }
   folders_.splice(folders_.begin(), folders_, known);
-  const auto found = known->names.find(ToUpper(name));
-  return found == known->names.end() ? std::nullopt : std::optional(found->second);
+  const std::string* found = known->table.Find(name);
+  return found != nullptr ? std::optional(*found) : std::nullopt;
 }
 
 HostNames::Folder* HostNames::Changed(int folder) {
@@ -66,7 +77,7 @@ HostNames::Folder* HostNames::Changed(int folder) {
   const std::optional<HostFolderState> state = ReadFolderState(folder);
   const auto known = state ? Known(state->id) : folders_.end();
   if (known == folders_.end()) return nullptr;
-  if (known->twins) {
+  if (known->table.twins) {
     folders_.erase(known);
     return nullptr;
   }
@@ -75,15 +86,13 @@ HostNames::Folder* HostNames::Changed(int folder) {
 }
 
 void HostNames::Added(int folder, std::string_view name) {
-  Folder* known = Changed(folder);
-  const std::optional<Text> text = known != nullptr ? FromUtf8(name) : std::nullopt;
-  if (text) known->names.emplace(ToUpper(*text), name);
+  if (Folder* known = Changed(folder)) known->table.Add(name);
 }
 
 void HostNames::Removed(int folder, std::string_view name) {
   Folder* known = Changed(folder);
   const std::optional<Text> text = known != nullptr ? FromUtf8(name) : std::nullopt;
-  if (text) known->names.erase(ToUpper(*text));
+  if (text) known->table.names.erase(ToUpper(*text));
 }
 
 }  // namespace tavix::machine

@@ -29,6 +29,18 @@ struct HostFolderState {
 // Of an open folder. Nothing when it can't be told.
 std::optional<HostFolderState> ReadFolderState(int folder);
 
+// The names in a folder by their capitals; of two that differ only in case the first in order.
+struct HostNameTable {
+  // Nothing when the open folder can't be read.
+  static std::optional<HostNameTable> Read(int folder);
+  // The name that equals `name` letter case aside; null when there is none.
+  const std::string* Find(TextView name) const;
+  void Add(std::string_view name);
+
+  std::unordered_map<Text, std::string> names;
+  bool twins = false;  // two names differ only in case
+};
+
 // The names in the folders that were searched last, by their capitals, so that names in another case than
 // the host's, and names that aren't there, don't cost a listing each. A folder that others changed is read
 // anew; our own changes are taken over.
@@ -45,8 +57,7 @@ class HostNames {
  private:
   struct Folder {
     HostFolderState state;
-    std::unordered_map<Text, std::string> names;  // by their capitals
-    bool twins = false;                           // two names differ only in case
+    HostNameTable table;
   };
 
   std::list<Folder>::iterator Known(const HostFolderId& id);

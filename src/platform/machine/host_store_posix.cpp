@@ -1,13 +1,12 @@
 #include <fcntl.h>
-#include <linux/openat2.h>
 #include <sys/stat.h>
-#include <sys/syscall.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <climits>
 
 #include "platform/machine/host_content_posix.h"
+#include "platform/machine/host_folders_posix.h"
 #include "platform/machine/host_names_posix.h"
 #include "platform/machine/host_store.h"
 #include "platform/machine/host_tree_posix.h"
@@ -46,6 +45,16 @@ std::optional<StoreEntry> ReadEntry(int folder, const char* raw, Text name) {
   return ToEntry(facts, std::move(name));
 }
 
+// Of what a listing names but what can't be looked at, or went meanwhile. Nothing where the type isn't told.
+std::optional<StoreEntry> BareEntry(unsigned char type, Text name) {
+  if (type != DT_REG && type != DT_DIR && type != DT_LNK) return std::nullopt;
+  StoreEntry entry;
+  entry.name = std::move(name);
+  entry.kind = type == DT_REG ? EntryKind::File : type == DT_DIR ? EntryKind::Folder : EntryKind::Link;
+  entry.known = false;
+  return entry;
+}
+
 // What the folders of a store share.
 struct Shared {
   std::string root;  // the path of the store
@@ -54,31 +63,37 @@ struct Shared {
 
 class HostFolder : public StoreFolder {
  public:
-  HostFolder(HostHandle folder, std::shared_ptr<Shared> shared)
+  HostFolder(std::shared_ptr<HostOpenFolder> folder, std::shared_ptr<Shared> shared)
       : folder_(std::move(folder)), shared_(std::move(shared)) {}
 
   std::optional<StoreEntry> Find(TextView name) override {
+    if (folder_->Lacks(name)) return std::nullopt;
     const std::string raw = ToUtf8(name);
     errno = 0;
     if (auto entry = ReadEntry(Get(), raw.c_str(), Text(name))) return entry;
     if (errno != ENOENT) return std::nullopt;
-    const std::optional<std::string> other = shared_->names.Find(Get(), name);
+    const std::optional<std::string> other = OtherCase(name);
     if (!other) return std::nullopt;
     std::optional<Text> text = FromUtf8(*other);
     return text ? ReadEntry(Get(), other->c_str(), *std::move(text)) : std::nullopt;
   }
 
-  bool Read(std::vector<StoreEntry>& entries) override {
-    return ReadHostNames(Get(), [&](const char* raw, unsigned char) {
+  using StoreFolder::Read;
+  bool Read(std::vector<StoreEntry>& entries, const NameFilter& wanted) override {
+    return ReadHostNames(Get(), [&](const char* raw, unsigned char type) {
       std::optional<Text> name = FromUtf8(raw);
       if (!name || !IsFileName(*name)) return;
-      if (auto entry = ReadEntry(Get(), raw, *std::move(name))) entries.push_back(*std::move(entry));
+      if (type == DT_REG && wanted && !wanted(*name)) return;
+      std::optional<StoreEntry> entry = ReadEntry(Get(), raw, *name);
+      if (!entry) entry = BareEntry(type, *std::move(name));
+      if (entry) entries.push_back(*std::move(entry));
     });
   }
 
   std::unique_ptr<StoreFolder> Open(TextView name) override {
     HostHandle opened(::openat(Get(), ToUtf8(name).c_str(), kFolder));
-    return opened ? std::make_unique<HostFolder>(std::move(opened), shared_) : nullptr;
+    if (!opened) return nullptr;
+    return std::make_unique<HostFolder>(std::make_shared<HostOpenFolder>(std::move(opened), false), shared_);
   }
 
   std::optional<LinkTarget> ReadLink(TextView name) override {
@@ -96,14 +111,14 @@ class HostFolder : public StoreFolder {
   bool MakeFolder(TextView name) override {
     const std::string raw = ToUtf8(name);
     if (::mkdirat(Get(), raw.c_str(), 0777) != 0) return false;
-    shared_->names.Added(Get(), raw);
+    Added(raw);
     return true;
   }
 
   bool MakeFile(TextView name) override {
     const std::string raw = ToUtf8(name);
     if (!OpenHostFile(Get(), raw, O_WRONLY | O_CREAT | O_EXCL)) return false;
-    shared_->names.Added(Get(), raw);
+    Added(raw);
     return true;
   }
 
@@ -111,7 +126,7 @@ class HostFolder : public StoreFolder {
     const std::string raw = ToUtf8(name);
     NewHostFile file(Get());
     if (!WriteHostContent(file.Get(), content) || !file.Replace(raw)) return false;
-    shared_->names.Added(Get(), raw);
+    Added(raw);
     return true;
   }
 
@@ -123,7 +138,7 @@ class HostFolder : public StoreFolder {
     if (!file) return false;
     const off_t size = ::lseek(file.Get(), 0, SEEK_END);
     const bool written = WriteHostContent(file.Get(), content);
-    if (made) shared_->names.Added(Get(), raw);
+    if (made) Added(raw);
     if (written) return true;
     if (made) {
       Remove(name);
@@ -136,7 +151,7 @@ class HostFolder : public StoreFolder {
   bool Remove(TextView name) override {
     const std::string raw = ToUtf8(name);
     if (::unlinkat(Get(), raw.c_str(), 0) != 0) return false;
-    shared_->names.Removed(Get(), raw);
+    Removed(raw, name);
     return true;
   }
 
@@ -150,6 +165,7 @@ class HostFolder : public StoreFolder {
         });
     // The host may give the number of a folder that has gone to a new one.
     shared_->names.Forget();
+    if (gone) folder_->Removed(name);
     return gone;
   }
 
@@ -173,8 +189,8 @@ class HostFolder : public StoreFolder {
     const int failure = RenameHostEntry(Get(), raw, target.Get(), rawNew);
     if (failure == EXDEV) return MoveResult::OtherVolume;
     if (failure != 0) return MoveResult::Failed;
-    shared_->names.Removed(Get(), raw);
-    shared_->names.Added(target.Get(), rawNew);
+    Removed(raw, name);
+    target.Added(rawNew);
     return MoveResult::Done;
   }
 
@@ -185,12 +201,29 @@ class HostFolder : public StoreFolder {
     if (!source) return false;
     NewHostFile copy(target.Get());
     if (copy.Get() < 0 || !CopyHostContent(source.Get(), copy.Get()) || !copy.Name(rawNew)) return false;
-    shared_->names.Added(target.Get(), rawNew);
+    target.Added(rawNew);
     return true;
   }
 
  private:
-  int Get() const { return folder_.Get(); }
+  int Get() const { return folder_->Get(); }
+
+  std::optional<std::string> OtherCase(TextView name) {
+    if (!folder_->Watched()) return shared_->names.Find(Get(), name);
+    const std::string* other = folder_->FindName(name);
+    return other != nullptr ? std::optional(*other) : std::nullopt;
+  }
+
+  void Added(const std::string& raw) {
+    folder_->Added(raw);
+    shared_->names.Added(Get(), raw);
+  }
+
+  void Removed(const std::string& raw, TextView name) {
+    folder_->Removed(name);
+    // A name too many in the other table does no harm: what stands under it is looked up.
+    if (!folder_->Watched()) shared_->names.Removed(Get(), raw);
+  }
 
   // The names of a link's target; a whole path must begin with that of the store.
   std::optional<LinkTarget> ToTarget(std::string_view path) const {
@@ -215,51 +248,29 @@ class HostFolder : public StoreFolder {
     return target;
   }
 
-  HostHandle folder_;
+  std::shared_ptr<HostOpenFolder> folder_;
   std::shared_ptr<Shared> shared_;
 };
 
 class HostStore : public FileStore {
  public:
   HostStore(HostHandle root, std::shared_ptr<Shared> shared)
-      : root_(std::move(root)), shared_(std::move(shared)) {}
+      : folders_(std::move(root)), shared_(std::move(shared)) {}
 
-  std::unique_ptr<StoreFolder> Root() override {
-    return Wrap(HostHandle(::openat(root_.Get(), ".", kFolder)));
-  }
+  std::unique_ptr<StoreFolder> Root() override { return Open({}); }
 
   std::unique_ptr<StoreFolder> Open(const std::vector<Text>& names) override {
-    if (names.empty()) return Root();
     std::string path;
     for (const Text& name : names) {
       if (!path.empty()) path += '/';
       path += ToUtf8(name);
     }
-    struct open_how how {};
-    how.flags = kFolder;
-    how.resolve = RESOLVE_BENEATH | RESOLVE_NO_SYMLINKS;
-    const long opened = ::syscall(SYS_openat2, root_.Get(), path.c_str(), &how, sizeof(how));
-    if (opened >= 0) return Wrap(HostHandle(static_cast<int>(opened)));
-    // Where it isn't simply missing, the path was too long or the host doesn't know this call.
-    if (errno == ENOENT || errno == ENOTDIR || errno == ELOOP) return nullptr;
-    return OpenByStep(names);
+    auto folder = folders_.Open(path);
+    return folder != nullptr ? std::make_unique<HostFolder>(std::move(folder), shared_) : nullptr;
   }
 
  private:
-  std::unique_ptr<StoreFolder> OpenByStep(const std::vector<Text>& names) {
-    HostHandle folder(::openat(root_.Get(), ".", kFolder));
-    for (const Text& name : names) {
-      if (!folder) break;
-      folder = HostHandle(::openat(folder.Get(), ToUtf8(name).c_str(), kFolder));
-    }
-    return Wrap(std::move(folder));
-  }
-
-  std::unique_ptr<StoreFolder> Wrap(HostHandle folder) {
-    return folder ? std::make_unique<HostFolder>(std::move(folder), shared_) : nullptr;
-  }
-
-  HostHandle root_;
+  HostFolders folders_;
   std::shared_ptr<Shared> shared_;
 };
 

@@ -80,7 +80,8 @@ class HostFolder : public StoreFolder {
     return ToEntry(found);
   }
 
-  bool Read(std::vector<StoreEntry>& entries) override {
+  using StoreFolder::Read;
+  bool Read(std::vector<StoreEntry>& entries, const NameFilter&) override {
     _wfinddata64_t found;
     const intptr_t search = _wfindfirst64((path_ + L"\\*").c_str(), &found);
     if (search == -1) return false;

@@ -21,12 +21,14 @@ int MachineDialogs::MsgBox(TextView text, int style) {
   return TakeFirst(answers).value_or(asks ? platform::kYes : platform::kOk);
 }
 
-std::optional<Text> MachineDialogs::InputBox(TextView prompt) {
+std::optional<Text> MachineDialogs::InputBox(TextView prompt, TextView text) {
   journal_.Note(u"InputBox", {{u"prompt", Text(prompt)}});
+  offered.emplace_back(text);
   return TakeFirst(inputs).value_or(std::nullopt);
 }
 
-std::optional<Text> MachineDialogs::BrowseForFolder(platform::WindowHandle, TextView) {
+std::optional<Text> MachineDialogs::BrowseForFolder(platform::WindowHandle, TextView title) {
+  folderTitles.emplace_back(title);
   return TakeFirst(folders).value_or(std::nullopt);
 }
 

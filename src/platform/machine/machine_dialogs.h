@@ -1,6 +1,7 @@
 #pragma once
 
 #include <deque>
+#include <vector>
 
 #include "platform/dialogs.h"
 #include "platform/machine/journal.h"
@@ -14,13 +15,17 @@ class MachineDialogs : public platform::Dialogs {
   explicit MachineDialogs(Journal& journal) : journal_(journal) {}
 
   int MsgBox(TextView text, int style) override;
-  std::optional<Text> InputBox(TextView prompt) override;
+  std::optional<Text> InputBox(TextView prompt, TextView offered) override;
   // Not noted: it is a window of the program, nothing of the shell's.
   std::optional<Text> BrowseForFolder(platform::WindowHandle owner, TextView title) override;
 
   std::deque<int> answers;
   std::deque<std::optional<Text>> inputs;
   std::deque<std::optional<Text>> folders;
+
+  // What the input boxes began with, and the titles of the folder choosers, in order.
+  std::vector<Text> offered;
+  std::vector<Text> folderTitles;
 
  private:
   Journal& journal_;

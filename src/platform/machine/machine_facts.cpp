@@ -34,6 +34,7 @@ char16_t DriveLetter(TextView key) {
 
 void MachineFacts::Set(TextView section, TextView key, TextView value) {
   ini_.Set(section, key, value);
+  drives_ = ReadDrives(ini_);
   const auto root = store_ != nullptr ? store_->Root() : nullptr;
   if (root == nullptr) return;
   constexpr TextView kFile = u"machine.ini";
@@ -44,9 +45,9 @@ void MachineFacts::Set(TextView section, TextView key, TextView value) {
   root->WriteFile(kFile, EncodeTextFile(file));
 }
 
-std::vector<platform::Drive> MachineFacts::Drives() const {
+std::vector<platform::Drive> MachineFacts::ReadDrives(const MachineIni& ini) {
   std::vector<platform::Drive> drives;
-  for (const MachineIni::Entry& entry : ini_.Entries(kDrives)) {
+  for (const MachineIni::Entry& entry : ini.Entries(kDrives)) {
     const char16_t letter = DriveLetter(entry.first);
     if (letter == 0) continue;
     const bool again = std::any_of(drives.begin(), drives.end(), [letter](const platform::Drive& drive) {
@@ -59,11 +60,10 @@ std::vector<platform::Drive> MachineFacts::Drives() const {
   return drives;
 }
 
-std::optional<platform::Drive> MachineFacts::FindDrive(char16_t letter) const {
-  for (const MachineIni::Entry& entry : ini_.Entries(kDrives)) {
-    if (DriveLetter(entry.first) == letter) return ReadDrive(letter, entry.second);
-  }
-  return std::nullopt;
+const platform::Drive* MachineFacts::FindDrive(char16_t letter) const {
+  const auto found = std::ranges::find_if(
+      drives_, [letter](const platform::Drive& drive) { return drive.path.front() == letter; });
+  return found == drives_.end() ? nullptr : &*found;
 }
 
 }  // namespace tavix::machine

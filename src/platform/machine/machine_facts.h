@@ -15,20 +15,24 @@ class MachineFacts {
  public:
   MachineFacts() = default;
   // Facts that change are written back into machine.ini of the store.
-  MachineFacts(MachineIni ini, FileStore* store) : ini_(std::move(ini)), store_(store) {}
+  MachineFacts(MachineIni ini, FileStore* store)
+      : ini_(std::move(ini)), store_(store), drives_(ReadDrives(ini_)) {}
 
   std::optional<Text> Value(TextView section, TextView key) const { return ini_.Value(section, key); }
   // Sets a fact, here and in machine.ini where there is one, which keeps all else it holds.
   void Set(TextView section, TextView key, TextView value);
 
   // The drives of the section [Drives], in the order of their letters.
-  std::vector<platform::Drive> Drives() const;
-  // One of them; nothing for a letter that the section doesn't name.
-  std::optional<platform::Drive> FindDrive(char16_t letter) const;
+  const std::vector<platform::Drive>& Drives() const { return drives_; }
+  // One of them, by its capital; null for a letter that the section doesn't name.
+  const platform::Drive* FindDrive(char16_t letter) const;
 
  private:
+  static std::vector<platform::Drive> ReadDrives(const MachineIni& ini);
+
   MachineIni ini_;
   FileStore* store_ = nullptr;
+  std::vector<platform::Drive> drives_;
 };
 
 }  // namespace tavix::machine

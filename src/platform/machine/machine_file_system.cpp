@@ -9,19 +9,17 @@ namespace {
 
 constexpr uint32_t kSettable = platform::kReadOnly | platform::kHidden | platform::kSystem;
 
-// The order in which a folder is listed: that of the capitals, of two alike that of the names.
-std::vector<const StoreEntry*> InOrder(const std::vector<StoreEntry>& entries) {
-  std::vector<std::pair<Text, const StoreEntry*>> order;
-  order.reserve(entries.size());
-  for (const StoreEntry& entry : entries) order.emplace_back(ToUpper(entry.name), &entry);
-  std::sort(order.begin(), order.end(), [](const auto& left, const auto& right) {
-    const int capitals = left.first.compare(right.first);
-    return capitals != 0 ? capitals < 0 : left.second->name < right.second->name;
-  });
-  std::vector<const StoreEntry*> sorted;
-  sorted.reserve(order.size());
-  for (const auto& [capitals, entry] : order) sorted.push_back(entry);
-  return sorted;
+// The order in which a folder is listed: that of the capitals, of two alike that of the names. Most hosts
+// list a folder in the order in which it was filled, or the other way round.
+void SortByCapitals(std::vector<StoreEntry>& entries) {
+  const auto before = [](const StoreEntry& left, const StoreEntry& right) {
+    const int capitals = CompareIgnoringCase(left.name, right.name);
+    return capitals != 0 ? capitals < 0 : left.name < right.name;
+  };
+  if (std::is_sorted(entries.rbegin(), entries.rend(), before)) std::reverse(entries.begin(), entries.end());
+  if (!std::is_sorted(entries.begin(), entries.end(), before)) {
+    std::sort(entries.begin(), entries.end(), before);
+  }
 }
 
 Text Below(TextView folder, TextView name) {
@@ -45,7 +43,7 @@ std::optional<platform::FileFacts> MachineFileSystem::Look(TextView path) {
   facts.accessed = place->entry->accessed;
   facts.attributes = attributes_.Get(place->realPath);
   facts.link = place->IsLink();
-  facts.folder = place->IsFolder() || (facts.link && finder_.LeadsToFolder(place->path));
+  facts.folder = place->IsFolder() || (facts.link && finder_.LeadsToFolder(place->realPath));
   facts.path = std::move(place->path);
   facts.name = std::move(place->name);
   return facts;
@@ -61,26 +59,57 @@ bool MachineFileSystem::FolderExists(TextView path) {
   return place && place->IsFolder();
 }
 
-bool MachineFileSystem::List(TextView folder, const EntryVisitor& visit) {
-  const std::optional<Place> place = finder_.Find(folder, Last::Followed);
-  if (!place || !place->IsFolder()) return false;
-  if (place->parent == nullptr) return true;  // a drive with nothing on it
-  const auto opened = place->parent->Open(place->storeName);
-  std::vector<StoreEntry> entries;
-  if (opened == nullptr || !opened->Read(entries)) return false;
-  for (const StoreEntry* entry : InOrder(entries)) {
-    platform::DirectoryEntry shown;
-    shown.name = entry->name;
-    shown.size = entry->size;
-    shown.modified = entry->modified;
-    shown.accessed = entry->accessed;
-    if (!attributes_.Empty()) shown.attributes = attributes_.Get(Below(place->realPath, entry->name));
-    shown.link = entry->kind == EntryKind::Link;
-    shown.folder = entry->kind == EntryKind::Folder ||
-                   (shown.link && finder_.LeadsToFolder(Below(place->path, entry->name)));
-    visit(shown);
+std::optional<Text> MachineFileSystem::FolderIdentity(TextView path) {
+  std::optional<FolderPlace> place = finder_.FindFolder(path);
+  return place ? std::optional(std::move(place->realPath)) : std::nullopt;
+}
+
+class MachineFileSystem::Opened : public platform::OpenFolder {
+ public:
+  Opened(MachineFileSystem& files, FolderPlace place) : files_(files), place_(std::move(place)) {}
+
+  bool List(const EntryVisitor& visit, const NameFilter& wanted) override {
+    std::vector<StoreEntry> entries;
+    if (place_.folder != nullptr && !place_.folder->Read(entries, wanted)) return false;
+    SortByCapitals(entries);
+    for (const StoreEntry& entry : entries) {
+      const platform::DirectoryEntry shown = Shown(entry);
+      if (shown.folder || !wanted || wanted(shown.name)) visit(shown);
+    }
+    return true;
   }
-  return true;
+
+  std::unique_ptr<platform::OpenFolder> Open(TextView name) override {
+    auto folder = place_.folder != nullptr ? place_.folder->Open(name) : nullptr;
+    if (folder == nullptr) return nullptr;
+    return std::make_unique<Opened>(
+        files_, FolderPlace{Below(place_.path, name), Below(place_.realPath, name), std::move(folder)});
+  }
+
+ private:
+  platform::DirectoryEntry Shown(const StoreEntry& entry) const {
+    platform::DirectoryEntry shown;
+    shown.name = entry.name;
+    shown.size = entry.size;
+    shown.modified = entry.modified;
+    shown.accessed = entry.accessed;
+    if (!files_.attributes_.Empty()) {
+      shown.attributes = files_.attributes_.Get(Below(place_.realPath, entry.name));
+    }
+    shown.link = entry.kind == EntryKind::Link;
+    shown.folder = entry.kind == EntryKind::Folder ||
+                   (shown.link && files_.finder_.LeadsToFolder(Below(place_.realPath, entry.name)));
+    shown.known = entry.known;
+    return shown;
+  }
+
+  MachineFileSystem& files_;
+  FolderPlace place_;
+};
+
+std::unique_ptr<platform::OpenFolder> MachineFileSystem::Open(TextView folder) {
+  std::optional<FolderPlace> place = finder_.FindFolder(folder);
+  return place ? std::make_unique<Opened>(*this, *std::move(place)) : nullptr;
 }
 
 // What a file of the same name had that went without our doing is not for the new one.
@@ -128,7 +157,7 @@ bool MachineFileSystem::DeleteFile(TextView path, bool force) {
   const std::optional<Place> place = finder_.Find(path, Last::Itself);
   if (!place || place->root || !(place->IsFile() || place->IsLink())) return false;
   if (!force && IsReadOnly(*place)) return false;
-  if (place->IsLink() && finder_.LeadsToFolder(place->path)) return false;
+  if (place->IsLink() && finder_.LeadsToFolder(place->realPath)) return false;
   if (!place->parent->Remove(place->storeName)) return false;
   attributes_.Erase(place->realPath);
   return true;
@@ -147,7 +176,7 @@ bool MachineFileSystem::DeleteFolder(TextView path, bool force) {
   const std::optional<Place> place = finder_.Find(path, Last::Itself);
   if (!place || place->root) return false;
   if (place->IsLink()) {
-    if (!finder_.LeadsToFolder(place->path) || (!force && IsReadOnly(*place))) return false;
+    if (!finder_.LeadsToFolder(place->realPath) || (!force && IsReadOnly(*place))) return false;
     if (!place->parent->Remove(place->storeName)) return false;
   } else {
     if (!place->IsFolder() || (!force && HoldsReadOnly(*place))) return false;
@@ -160,7 +189,7 @@ bool MachineFileSystem::DeleteFolder(TextView path, bool force) {
 bool MachineFileSystem::MoveFile(TextView source, TextView destination) {
   const std::optional<Place> from = finder_.Find(source, Last::Itself);
   if (!from || !(from->IsFile() || from->IsLink())) return false;
-  if (from->IsLink() && finder_.LeadsToFolder(from->path)) return false;
+  if (from->IsLink() && finder_.LeadsToFolder(from->realPath)) return false;
   const std::optional<Place> to = finder_.Find(destination, Last::Itself, true);
   if (!to || to->entry) return false;
   switch (from->parent->Move(from->storeName, *to->parent, to->storeName)) {

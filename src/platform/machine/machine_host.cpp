@@ -9,6 +9,7 @@
 #include "platform/machine/machine_event_logs.h"
 #include "platform/machine/machine_file_system.h"
 #include "platform/machine/machine_instance.h"
+#include "platform/machine/machine_network.h"
 #include "platform/machine/machine_shell.h"
 #include "platform/merged_registry.h"
 
@@ -31,6 +32,7 @@ struct MachineHost::Parts {
   MachineEventLogs eventLogs{facts, journal};
   MachineDialogs dialogs{journal};
   MachineDesktop desktop;
+  MachineNetwork network{journal};
   std::unique_ptr<FolderInstance> instance;
   HostClock hostClock;
   StandingClock standingClock;
@@ -66,6 +68,7 @@ MachineHost::MachineHost(std::unique_ptr<Parts> parts) : parts_(std::move(parts)
   platform::dialogs = &parts_->dialogs;
   platform::desktop = &parts_->desktop;
   platform::instance = parts_->instance.get();
+  platform::network = &parts_->network;
   platform::screen = parts_->folder->Screen();
   platform::applicationFolder = kApplicationFolder;
   userLocale = parts_->folder->Locale();

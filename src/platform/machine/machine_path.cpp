@@ -1,6 +1,7 @@
 #include "platform/machine/machine_path.h"
 
 #include <algorithm>
+#include <array>
 
 #include "text/letter_case.h"
 
@@ -8,6 +9,13 @@ namespace tavix::machine {
 namespace {
 
 constexpr size_t kLongestName = 255;
+
+constexpr std::array<bool, 128> kForbidden = [] {
+  std::array<bool, 128> forbidden{};
+  for (size_t c = 0; c < u' '; ++c) forbidden[c] = true;
+  for (const char16_t c : TextView(u"<>:\"|?*/\\")) forbidden[c] = true;
+  return forbidden;
+}();
 
 // Takes the start of the path that tells its root off. False when there is no root to know.
 bool TakeRoot(TextView& path, char16_t& drive) {
@@ -29,7 +37,7 @@ bool IsFileName(TextView name) {
   if (name.empty() || name.size() > kLongestName) return false;
   if (name.back() == u' ' || name.back() == u'.') return false;
   return std::none_of(name.begin(), name.end(),
-                      [](char16_t c) { return c < u' ' || TextView(u"<>:\"|?*/\\").contains(c); });
+                      [](char16_t c) { return c < kForbidden.size() && kForbidden[c]; });
 }
 
 std::optional<MachinePath> ReadMachinePath(TextView path) {

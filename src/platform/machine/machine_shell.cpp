@@ -1,6 +1,7 @@
 #include "platform/machine/machine_shell.h"
 
 #include "platform/machine/shortcut.h"
+#include "platform/recycle_bin_text.h"
 #include "text/utf8.h"
 
 namespace tavix::machine {
@@ -46,8 +47,7 @@ std::optional<Text> MachineShell::RecycleBinInfo() {
   std::optional<Text> info = facts_.Value(u"Recycle Bin", u"Info");
   if (info) return *info == u"-" ? std::nullopt : std::move(info);
   return bin_.Count().transform([](const RecycleBin::Content& content) {
-    return Concat(ToText(static_cast<long long>(content.items)), u"|",
-                  ToText(static_cast<long long>(content.bytes)));
+    return platform::RecycleBinText(content.items, content.bytes);
   });
 }
 

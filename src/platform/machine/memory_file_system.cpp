@@ -21,6 +21,42 @@ std::vector<Text> RelativeNames(TextView target) {
   return names;
 }
 
+Text Below(TextView folder, TextView name) {
+  return Concat(folder, folder.ends_with(u'\\') ? u"" : u"\\", name);
+}
+
+class FaultyFolder : public platform::OpenFolder {
+ public:
+  FaultyFolder(Faults& faults, Text path, std::unique_ptr<platform::OpenFolder> folder)
+      : faults_(faults), path_(std::move(path)), folder_(std::move(folder)) {}
+
+  // A file that can't be looked at has its name in the listing all the same.
+  bool List(const platform::EntryVisitor& visit, const platform::NameFilter& wanted) override {
+    if (faults_.Hit(u"List", path_)) return false;
+    const auto visitKnown = [&](const platform::DirectoryEntry& entry) {
+      if (!faults_.Fails(u"Look", Below(path_, entry.name))) return visit(entry);
+      platform::DirectoryEntry bare;
+      bare.name = entry.name;
+      bare.folder = entry.folder;
+      bare.link = entry.link;
+      bare.known = false;
+      visit(bare);
+    };
+    return folder_->List(visitKnown, wanted);
+  }
+
+  std::unique_ptr<platform::OpenFolder> Open(TextView name) override {
+    auto opened = folder_->Open(name);
+    if (opened == nullptr) return nullptr;
+    return std::make_unique<FaultyFolder>(faults_, Below(path_, name), std::move(opened));
+  }
+
+ private:
+  Faults& faults_;
+  const Text path_;
+  std::unique_ptr<platform::OpenFolder> folder_;
+};
+
 }  // namespace
 
 void MemoryFileSystem::AddFile(TextView path, const FileSeed& seed) {
@@ -57,8 +93,10 @@ bool MemoryFileSystem::FileExists(TextView path) {
 bool MemoryFileSystem::FolderExists(TextView path) {
   return !faults.Hit(u"FolderExists", path) && MachineFileSystem::FolderExists(path);
 }
-bool MemoryFileSystem::List(TextView folder, const EntryVisitor& visit) {
-  return !faults.Hit(u"List", folder) && MachineFileSystem::List(folder, visit);
+std::unique_ptr<platform::OpenFolder> MemoryFileSystem::Open(TextView folder) {
+  auto opened = MachineFileSystem::Open(folder);
+  return opened != nullptr ? std::make_unique<FaultyFolder>(faults, Text(folder), std::move(opened))
+                           : nullptr;
 }
 bool MemoryFileSystem::CreateFolder(TextView path) {
   return !faults.Hit(u"CreateFolder", path) && MachineFileSystem::CreateFolder(path);

@@ -34,7 +34,7 @@ class MemoryFileSystem : public MachineFileSystem {
   std::optional<platform::FileFacts> Look(TextView path) override;
   bool FileExists(TextView path) override;
   bool FolderExists(TextView path) override;
-  bool List(TextView folder, const EntryVisitor& visit) override;
+  std::unique_ptr<platform::OpenFolder> Open(TextView folder) override;
   bool CreateFolder(TextView path) override;
   bool CreateTextFile(TextView path, bool overwrite) override;
   std::optional<std::string> ReadFile(TextView path) override;

@@ -13,6 +13,7 @@ MemoryHost::MemoryHost() {
   platform::dialogs = &dialogs;
   platform::desktop = &desktop;
   platform::instance = &instance;
+  platform::network = &network;
   platform::clock = &clock;
   platform::applicationFolder = kApplicationFolder;
 }

@@ -7,6 +7,7 @@
 #include "platform/machine/machine_event_logs.h"
 #include "platform/machine/machine_facts.h"
 #include "platform/machine/machine_instance.h"
+#include "platform/machine/machine_network.h"
 #include "platform/machine/machine_registry.h"
 #include "platform/machine/machine_shell.h"
 #include "platform/machine/memory_file_system.h"
@@ -34,6 +35,7 @@ struct MemoryHost {
   MachineEventLogs eventLogs{facts, journal};
   MachineDialogs dialogs{journal};
   MachineDesktop desktop;
+  MachineNetwork network{journal};
   MemoryInstance instance;
 };
 

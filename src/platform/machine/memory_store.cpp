@@ -44,7 +44,8 @@ class MemoryFolder : public StoreFolder {
     return found != nullptr ? std::optional(Entry(*found)) : std::nullopt;
   }
 
-  bool Read(std::vector<StoreEntry>& entries) override {
+  using StoreFolder::Read;
+  bool Read(std::vector<StoreEntry>& entries, const NameFilter&) override {
     if (faults_.Hit(u"Read", node_->name)) return false;
     for (const auto& [name, child] : node_->children) entries.push_back(Entry(*child));
     return true;

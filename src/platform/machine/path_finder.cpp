@@ -32,12 +32,11 @@ struct PathFinder::Walk {
 std::optional<Place> PathFinder::Find(TextView path, Last last, bool make) {
   std::optional<MachinePath> asked = ReadMachinePath(path);
   if (!asked) return std::nullopt;
-  const std::optional<platform::Drive> drive =
-      asked->drive != 0 ? facts_.FindDrive(asked->drive) : std::nullopt;
-  if (drive && !drive->ready) return std::nullopt;
+  const platform::Drive* drive = asked->drive != 0 ? facts_.FindDrive(asked->drive) : nullptr;
+  if (drive != nullptr && !drive->ready) return std::nullopt;
   std::optional<Place> place = FindFrom(*asked, last);
   if (place && place->entry) return place;
-  if (!drive || (place && !place->root) || HasFolder(asked->drive)) return place;
+  if (drive == nullptr || (place && !place->root) || HasFolder(asked->drive)) return place;
   if (!asked->names.empty()) {
     if (!make || !MakeFolder(asked->drive)) return std::nullopt;
     return FindFrom(*asked, last);
@@ -48,6 +47,23 @@ std::optional<Place> PathFinder::Find(TextView path, Last last, bool make) {
   empty.entry = StoreEntry{empty.storeName, EntryKind::Folder, 0, 0, 0};
   empty.root = true;
   return empty;
+}
+
+std::optional<FolderPlace> PathFinder::FindFolder(TextView path) {
+  const std::optional<MachinePath> asked = ReadMachinePath(path);
+  if (!asked) return std::nullopt;
+  const platform::Drive* drive = asked->drive != 0 ? facts_.FindDrive(asked->drive) : nullptr;
+  if (drive != nullptr && !drive->ready) return std::nullopt;
+  std::vector<Text> names = RootNames(asked->drive);
+  names.insert(names.end(), asked->names.begin(), asked->names.end());
+  if (auto folder = store_.Open(names))
+    return FolderPlace{asked->ToText(), asked->ToText(), std::move(folder)};
+  std::optional<Place> place = Find(path, Last::Followed);
+  if (!place || !place->IsFolder()) return std::nullopt;
+  FolderPlace found{std::move(place->path), std::move(place->realPath), nullptr};
+  if (place->parent == nullptr) return found;
+  found.folder = place->parent->Open(place->storeName);
+  return found.folder != nullptr ? std::optional(std::move(found)) : std::nullopt;
 }
 
 std::unique_ptr<StoreFolder> PathFinder::OpenDrives() {
@@ -144,8 +160,8 @@ std::optional<Place> PathFinder::Finish(Walk& walk, const Text& name, std::optio
     if (all.size() < 2 || all[1].size() != 1) return std::nullopt;
     drive = ToUpper(all[1][0]);
     roots = 2;
-    const std::optional<platform::Drive> known = facts_.FindDrive(drive);
-    if (known && !known->ready) return std::nullopt;
+    const platform::Drive* known = facts_.FindDrive(drive);
+    if (known != nullptr && !known->ready) return std::nullopt;
   } else if (!EqualIgnoringCase(all[0], kApplication)) {
     return std::nullopt;
   }

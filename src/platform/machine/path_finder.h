@@ -25,6 +25,13 @@ struct Place {
   bool IsLink() const { return entry && entry->kind == EntryKind::Link; }
 };
 
+// A folder, with no look at where it lies.
+struct FolderPlace {
+  Text path;  // as in Place
+  Text realPath;
+  std::unique_ptr<StoreFolder> folder;  // null for a drive with nothing on it
+};
+
 // Finds the places of paths. It goes from open folder to open folder and follows links by itself, so
 // nothing outside the drives and the application folder is ever reached.
 class PathFinder {
@@ -39,6 +46,8 @@ class PathFinder {
   // Nothing when the folder of the last name is missing, a link leads out or in circles, or the drive isn't
   // ready. A ready drive is there without a folder of its own in the store, which `make` makes.
   std::optional<Place> Find(TextView path, Last last, bool make = false);
+  // The folder that a path leads to. Nothing when it leads to none.
+  std::optional<FolderPlace> FindFolder(TextView path);
   // Whether a link leads to a folder of the machine.
   bool LeadsToFolder(TextView link);
 

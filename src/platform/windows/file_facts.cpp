@@ -72,20 +72,20 @@ struct Listed {
 class Listing {
  public:
   // False when the listing breaks off.
-  bool Read(TextView folder) {
+  bool Read(TextView folder, const platform::FileSystem::NameFilter& wanted) {
     WIN32_FIND_DATAW data;
     const FindHandle found = FindFirst(PathIn(folder, u"*"), data, FIND_FIRST_EX_LARGE_FETCH);
     // The root of an empty drive has not even the two entries of every folder.
     if (!found) return GetLastError() == ERROR_FILE_NOT_FOUND && LookUp(folder).has_value();
     do {
-      Add(data);
+      Add(data, wanted);
     } while (FindNextFileW(found.Get(), &data));
     return GetLastError() == ERROR_NO_MORE_FILES;
   }
 
   void Visit(const platform::FileSystem::EntryVisitor& visit) {
     Sort();
-    const LocalTimes times;
+    LocalTimes times;
     for (const Listed& listed : entries_) {
       platform::DirectoryEntry entry;
       entry.name = Name(listed);
@@ -104,13 +104,14 @@ class Listing {
     return TextView(names_).substr(entry.nameStart, entry.nameLength);
   }
 
-  void Add(const WIN32_FIND_DATAW& data) {
-    const std::wstring_view name(data.cFileName);
-    if (name == L"." || name == L"..") return;
+  void Add(const WIN32_FIND_DATAW& data, const platform::FileSystem::NameFilter& wanted) {
+    const TextView name(reinterpret_cast<const char16_t*>(data.cFileName));
+    if (name == u"." || name == u"..") return;
+    if (wanted && (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0 && !wanted(name)) return;
     entries_.push_back({names_.size(), name.size(),
                         SizeOf(data.dwFileAttributes, data.nFileSizeHigh, data.nFileSizeLow),
                         data.ftLastWriteTime, data.ftLastAccessTime, data.dwFileAttributes, FoundLink(data)});
-    names_.append(name.begin(), name.end());
+    names_.append(name);
   }
 
   // Most disks list in this order already.
@@ -169,7 +170,7 @@ std::optional<DWORD> FollowedAttributes(TextView path) {
 std::optional<platform::FileFacts> ReadFacts(TextView path) {
   std::optional<Entry> entry = LookUp(path);
   if (!entry) return std::nullopt;
-  const LocalTimes times;
+  LocalTimes times;
   platform::FileFacts facts;
   facts.path = IsRoot(path) ? Text(path) : PathIn(DiskPath(FolderOf(path)), entry->name);
   facts.name = std::move(entry->name);
@@ -182,20 +183,41 @@ std::optional<platform::FileFacts> ReadFacts(TextView path) {
   return facts;
 }
 
-bool ListFolder(TextView folder, const platform::FileSystem::EntryVisitor& visit) {
+bool ListFolder(TextView folder, const platform::FileSystem::EntryVisitor& visit,
+                const platform::FileSystem::NameFilter& wanted) {
   Listing listing;
-  if (!listing.Read(folder)) return false;
+  if (!listing.Read(folder, wanted)) return false;
   listing.Visit(visit);
   return true;
 }
 
-platform::DateTime LocalTimes::Of(const FILETIME& time) const {
-  SYSTEMTIME universal, local;
-  if ((time.dwLowDateTime | time.dwHighDateTime) == 0) return 0;
-  if (!FileTimeToSystemTime(&time, &universal)) return 0;
-  if (!SystemTimeToTzSpecificLocalTime(&zone_, &universal, &local)) return 0;
-  return ToDateTime(local.wYear, local.wMonth, local.wDay, local.wHour, local.wMinute, local.wSecond,
-                    local.wMilliseconds);
+std::optional<Text> ReadFolderIdentity(TextView path) {
+  const FileHandle folder(CreateFileW(Wide(ExtendedPath(path)), FILE_READ_ATTRIBUTES, kShareAll, nullptr,
+                                      OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+  BY_HANDLE_FILE_INFORMATION facts;
+  if (!folder || !GetFileInformationByHandle(folder.Get(), &facts)) return std::nullopt;
+  if ((facts.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0) return std::nullopt;
+  return Concat(ToText(facts.dwVolumeSerialNumber), u":",
+                ToText(static_cast<long long>(Joined(facts.nFileIndexHigh, facts.nFileIndexLow))));
+}
+
+platform::DateTime LocalTimes::Of(const FILETIME& time) {
+  constexpr uint64_t kTicks = 10'000;  // in a millisecond
+  constexpr uint64_t kQuarter = 15 * 60 * 1000 * kTicks;
+  const uint64_t ticks = Joined(time.dwHighDateTime, time.dwLowDateTime);
+  const uint64_t number = ticks / kQuarter;
+  if (ticks == 0) return 0;
+  Quarter& quarter = known_[number % known_.size()];
+  if (quarter.number != number || number == 0) {
+    const uint64_t start = number * kQuarter;
+    const FILETIME whole = {static_cast<DWORD>(start), static_cast<DWORD>(start >> 32U)};
+    SYSTEMTIME universal, local;
+    if (!FileTimeToSystemTime(&whole, &universal)) return 0;
+    if (!SystemTimeToTzSpecificLocalTime(&zone_, &universal, &local)) return 0;
+    quarter = {number, ToDateTime(local.wYear, local.wMonth, local.wDay, local.wHour, local.wMinute,
+                                  local.wSecond, local.wMilliseconds)};
+  }
+  return quarter.start + static_cast<platform::DateTime>((ticks - number * kQuarter) / kTicks);
 }
 
 }  // namespace tavix::windows

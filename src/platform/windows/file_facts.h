@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <optional>
 
 #include "platform/file_system.h"
@@ -34,18 +35,28 @@ std::optional<DWORD> FollowedAttributes(TextView path);
 // The whole facts, as platform::FileSystem::Look gives them.
 std::optional<platform::FileFacts> ReadFacts(TextView path);
 
-// As platform::FileSystem::List.
-bool ListFolder(TextView folder, const platform::FileSystem::EntryVisitor& visit);
+// As platform::FileSystem::List and FolderIdentity.
+bool ListFolder(TextView folder, const platform::FileSystem::EntryVisitor& visit,
+                const platform::FileSystem::NameFilter& wanted);
+std::optional<Text> ReadFolderIdentity(TextView path);
 
 // Local dates and times, as the system shows them for files, in the time zone that was set at its making.
 class LocalTimes {
  public:
   LocalTimes() { GetTimeZoneInformation(&zone_); }
   // 0 for none.
-  platform::DateTime Of(const FILETIME& time) const;
+  platform::DateTime Of(const FILETIME& time);
 
  private:
+  // No time zone changes its clocks within such a piece of time, so one answer of the system serves all of
+  // it. Of the times of a folder's files many lie in the same ones.
+  struct Quarter {
+    uint64_t number = 0;           // quarters of an hour since 1601
+    platform::DateTime start = 0;  // local
+  };
+
   TIME_ZONE_INFORMATION zone_ = {};
+  std::array<Quarter, 16> known_ = {};
 };
 
 }  // namespace tavix::windows

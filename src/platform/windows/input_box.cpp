@@ -98,10 +98,10 @@ INT_PTR CALLBACK Handle(HWND dialog, UINT message, WPARAM first, LPARAM second) 
 
 }  // namespace
 
-std::optional<Text> ShowInputBox(HWND owner, TextView caption, TextView prompt) {
+std::optional<Text> ShowInputBox(HWND owner, TextView caption, TextView prompt, TextView offered) {
   Template box(caption, 4);
   box.Add(kStatic, kPromptId, kPrompt, SS_LEFT | SS_NOPREFIX, prompt);
-  box.Add(kEdit, kFieldId, kField, WS_BORDER | WS_TABSTOP | ES_AUTOHSCROLL, u"");
+  box.Add(kEdit, kFieldId, kField, WS_BORDER | WS_TABSTOP | ES_AUTOHSCROLL, offered);
   box.Add(kButton, IDOK, kOkButton, BS_DEFPUSHBUTTON | WS_TABSTOP, u"OK");
   box.Add(kButton, IDCANCEL, kCancelButton, BS_PUSHBUTTON | WS_TABSTOP, u"Cancel");
   Text answer;

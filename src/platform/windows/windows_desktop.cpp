@@ -42,7 +42,9 @@ platform::WindowHandle WindowsDesktop::FindWindowByTitle(TextView title) {
 void WindowsDesktop::ReleaseCapture() { ::ReleaseCapture(); }
 
 void WindowsDesktop::SetTreeBackColor(platform::WindowHandle tree, uint32_t color) {
-  if (tree != 0) SendMessageW(Native(tree), TVM_SETBKCOLOR, 0, static_cast<LPARAM>(color));
+  constexpr uint32_t kSystemColor = 0x80000000;
+  const DWORD back = (color & kSystemColor) != 0 ? GetSysColor(static_cast<int>(color & 0xFF)) : color;
+  if (tree != 0) SendMessageW(Native(tree), TVM_SETBKCOLOR, 0, static_cast<LPARAM>(back));
 }
 
 }  // namespace tavix::windows

@@ -1,8 +1,12 @@
 #include "platform/windows/windows_dialogs.h"
 
+#include <algorithm>
+
+#include "platform/screen.h"
 #include "platform/windows/com.h"
 #include "platform/windows/input_box.h"
 #include "platform/windows/wide.h"
+#include "text/fit_lines.h"
 
 #include <shlobj.h>
 
@@ -12,18 +16,27 @@ namespace {
 constexpr TextView kCaption = u"Tavix";
 constexpr int kButtons = 0xF;
 
+// What a message box on this screen has room for: a longer one would have its buttons outside.
+Text FitOnScreen(TextView text) {
+  constexpr int kAround = 200;
+  constexpr int kLineHeight = 18;
+  constexpr size_t kLineLength = 70;
+  const int lines = std::max((platform::screen.Height - kAround) / kLineHeight, 5);
+  return FitLines(text, static_cast<size_t>(lines), kLineLength);
+}
+
 }  // namespace
 
 int WindowsDialogs::MsgBox(TextView text, int style) {
   const int answer =
-      MessageBoxW(GetActiveWindow(), Wide(Text(text)), Wide(Text(kCaption)), static_cast<UINT>(style));
+      MessageBoxW(GetActiveWindow(), Wide(FitOnScreen(text)), Wide(Text(kCaption)), static_cast<UINT>(style));
   if (answer != 0) return answer;
   const int buttons = style & kButtons;
   return buttons == platform::kYesNo || buttons == platform::kYesNoCancel ? platform::kYes : platform::kOk;
 }
 
-std::optional<Text> WindowsDialogs::InputBox(TextView prompt) {
-  return ShowInputBox(GetActiveWindow(), kCaption, prompt);
+std::optional<Text> WindowsDialogs::InputBox(TextView prompt, TextView offered) {
+  return ShowInputBox(GetActiveWindow(), kCaption, prompt, offered);
 }
 
 std::optional<Text> WindowsDialogs::BrowseForFolder(platform::WindowHandle owner, TextView title) {

@@ -8,7 +8,7 @@ namespace tavix::windows {
 class WindowsDialogs : public platform::Dialogs {
  public:
   int MsgBox(TextView text, int style) override;
-  std::optional<Text> InputBox(TextView prompt) override;
+  std::optional<Text> InputBox(TextView prompt, TextView offered) override;
   std::optional<Text> BrowseForFolder(platform::WindowHandle owner, TextView title) override;
 };
 

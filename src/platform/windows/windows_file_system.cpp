@@ -20,6 +20,21 @@ bool Exists(TextView path, bool folder) {
   return attributes && ((*attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) == folder;
 }
 
+// Each call finds the folder by its path; the names in it are as the disk has them.
+class Opened : public platform::OpenFolder {
+ public:
+  explicit Opened(Text normal) : normal_(std::move(normal)) {}
+  bool List(const platform::EntryVisitor& visit, const platform::NameFilter& wanted) override {
+    return ListFolder(normal_, visit, wanted);
+  }
+  std::unique_ptr<platform::OpenFolder> Open(TextView name) override {
+    return std::make_unique<Opened>(PathIn(normal_, name));
+  }
+
+ private:
+  const Text normal_;
+};
+
 platform::Drive ReadDrive(char16_t letter) {
   const Text root = {letter, u':', u'\\'};
   platform::Drive drive;
@@ -48,9 +63,13 @@ bool WindowsFileSystem::FileExists(TextView path) { return Exists(path, false); 
 
 bool WindowsFileSystem::FolderExists(TextView path) { return Exists(path, true); }
 
-bool WindowsFileSystem::List(TextView folder, const EntryVisitor& visit) {
-  const std::optional<Text> normal = NormalPath(folder);
-  return normal && ListFolder(*normal, visit);
+std::unique_ptr<platform::OpenFolder> WindowsFileSystem::Open(TextView folder) {
+  std::optional<Text> normal = NormalPath(folder);
+  return normal ? std::make_unique<Opened>(*std::move(normal)) : nullptr;
+}
+
+std::optional<Text> WindowsFileSystem::FolderIdentity(TextView path) {
+  return NormalPath(path).and_then([](const Text& normal) { return ReadFolderIdentity(normal); });
 }
 
 bool WindowsFileSystem::CreateFolder(TextView path) {

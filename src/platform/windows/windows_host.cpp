@@ -1,7 +1,5 @@
 #include "platform/windows/windows_host.h"
 
-#include <algorithm>
-
 #include "platform/application.h"
 #include "platform/bindings.h"
 #include "platform/screen.h"
@@ -14,18 +12,14 @@ namespace {
 
 // The primary screen, which a machine without one shows as a screen of the usual size.
 platform::Screen ReadPrimaryScreen() {
-  constexpr int kTwipsPerInch = 1440;
+  constexpr int kUnitsPerInch = 96;
   platform::Screen screen;
   const int width = GetSystemMetrics(SM_CXSCREEN);
   const int height = GetSystemMetrics(SM_CYSCREEN);
-  if (width > 0 && height > 0) {
-    screen.Width = width;
-    screen.Height = height;
-  }
   const ScreenContext context(GetDC(nullptr));
   const int dotsPerInch = context ? GetDeviceCaps(context.Get(), LOGPIXELSX) : 0;
-  if (dotsPerInch > 0) screen.TwipsPerPixel = std::max(1, kTwipsPerInch / dotsPerInch);
-  return screen;
+  if (width <= 0 || height <= 0 || dotsPerInch <= 0) return screen;
+  return {MulDiv(width, kUnitsPerInch, dotsPerInch), MulDiv(height, kUnitsPerInch, dotsPerInch)};
 }
 
 }  // namespace
@@ -39,6 +33,7 @@ WindowsHost::WindowsHost() {
   platform::dialogs = &dialogs_;
   platform::desktop = &desktop_;
   platform::instance = &instance_;
+  platform::network = &network_;
   platform::applicationFolder = ProgramFolder();
   userLocale = ReadUserLocale();
   platform::screen = ReadPrimaryScreen();

@@ -8,13 +8,14 @@
 #include "platform/windows/windows_event_logs.h"
 #include "platform/windows/windows_file_system.h"
 #include "platform/windows/windows_instance.h"
+#include "platform/windows/windows_network.h"
 #include "platform/windows/windows_registry.h"
 #include "platform/windows/windows_shell.h"
 
 namespace tavix::windows {
 
 // Puts the running system behind the platform interfaces for as long as it lives: the registry with
-// HKEY_CLASSES_ROOT merged, files, shell, event logs, dialogs, desktop, other copies of the program, the
+// HKEY_CLASSES_ROOT merged, files, shell, event logs, dialogs, desktop, network, other copies of the program, the
 // clock, the user's separators, the primary screen, the folder of the program. The event queue comes with the
 // window. One at a time, on the thread that uses it.
 class WindowsHost {
@@ -35,6 +36,7 @@ class WindowsHost {
   WindowsDialogs dialogs_;
   WindowsDesktop desktop_;
   WindowsInstance instance_;
+  WindowsNetwork network_;
 };
 
 // The folder in which the running program lies.

@@ -1,5 +1,6 @@
 #include "platform/windows/windows_shell.h"
 
+#include "platform/recycle_bin_text.h"
 #include "platform/windows/command_line.h"
 #include "platform/windows/file_content.h"
 #include "platform/windows/file_facts.h"
@@ -92,8 +93,10 @@ bool WindowsShell::EmptyRecycleBin(platform::WindowHandle owner) {
 }
 
 std::optional<Text> WindowsShell::RecycleBinInfo() {
-  return QueryBins().transform(
-      [](const SHQUERYRBINFO& info) { return Concat(ToText(info.i64NumItems), u"|", ToText(info.i64Size)); });
+  return QueryBins().transform([](const SHQUERYRBINFO& info) {
+    return platform::RecycleBinText(static_cast<uint64_t>(info.i64NumItems),
+                                    static_cast<uint64_t>(info.i64Size));
+  });
 }
 
 bool WindowsShell::DeleteAtRestart(TextView path) {

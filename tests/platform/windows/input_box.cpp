@@ -13,7 +13,8 @@ namespace {
 struct Visit {
   Text caption;
   Text prompt;
-  const wchar_t* entered = L"";
+  Text found;
+  const wchar_t* entered = nullptr;
   int button = IDCANCEL;
   bool made = false;
 };
@@ -31,14 +32,15 @@ void CALLBACK Answer(HWND, UINT, UINT_PTR timer, DWORD) {
   visit->made = true;
   visit->caption = TextOf(box);
   visit->prompt = TextOf(GetDlgItem(box, 100));
-  SetWindowTextW(GetDlgItem(box, 101), visit->entered);
+  visit->found = TextOf(GetDlgItem(box, 101));
+  if (visit->entered != nullptr) SetWindowTextW(GetDlgItem(box, 101), visit->entered);
   PostMessageW(box, WM_COMMAND, static_cast<WPARAM>(visit->button), 0);
 }
 
-std::optional<Text> Show(Visit& one) {
+std::optional<Text> Show(Visit& one, TextView offered = u"") {
   visit = &one;
   SetTimer(nullptr, 0, 20, Answer);
-  return ShowInputBox(nullptr, u"Tavix Test Box", u"Name && number,\nplease");
+  return ShowInputBox(nullptr, u"Tavix Test Box", u"Name && number,\nplease", offered);
 }
 
 class InputBoxOfWindows : public testing::Test {
@@ -62,6 +64,13 @@ TEST_F(InputBoxOfWindows, GivesAnEmptyTextForOkAlone) {
   Visit one;
   one.button = IDOK;
   EXPECT_EQ(Show(one), u"");
+}
+
+TEST_F(InputBoxOfWindows, BeginsWithWhatIsOffered) {
+  Visit one;
+  one.button = IDOK;
+  EXPECT_EQ(Show(one, u"*.doc & more"), u"*.doc & more");
+  EXPECT_EQ(one.found, u"*.doc & more");
 }
 
 TEST_F(InputBoxOfWindows, GivesNothingWhenCancelled) {

@@ -64,6 +64,27 @@ TEST_F(ShellOfWindows, SendsFilesAndFoldersToTheBinAndEmptiesIt) {
   EXPECT_TRUE(shell.EmptyRecycleBin(0));
 }
 
+TEST_F(ShellOfWindows, ABinOverThirtyTwoBitsHasNoNumberForItsSize) {
+  if (!HasBinOfItsOwn()) GTEST_SKIP() << "the bin is the user's own";
+  ClearBin();
+  const struct {
+    LONGLONG size;
+    TextView info;
+  } kCases[] = {{0x7FFFFFFF, u"1|2147483647"}, {0x80000000, u"1|over"}};
+  for (const auto& one : kCases) {
+    const Text file = place.File(u"big.bin");
+    // Its bytes are never written, so it takes no room.
+    const HANDLE open = CreateFileW(Wide(file), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    LARGE_INTEGER end;
+    end.QuadPart = one.size;
+    ASSERT_TRUE(SetFilePointerEx(open, end, nullptr, FILE_BEGIN) && SetEndOfFile(open));
+    CloseHandle(open);
+    ASSERT_TRUE(shell.DeleteToRecycleBin(file));
+    EXPECT_EQ(shell.RecycleBinInfo(), one.info);
+    ClearBin();
+  }
+}
+
 TEST_F(ShellOfWindows, SendsReadOnlyFilesAndFullFoldersToTheBin) {
   if (!HasBinOfItsOwn()) GTEST_SKIP() << "the bin is the user's own";
   ClearBin();

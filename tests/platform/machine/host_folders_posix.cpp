@@ -1,0 +1,171 @@
+// Folders of the host that stay open for those who ask again and again: what happens to their paths
+// meanwhile.
+#include "platform/machine/host_folders_posix.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/mount.h>
+
+#include <functional>
+
+#include "platform/machine/host_store.h"
+#include "platform/machine/machine_file_system.h"
+#include "platform/machine/scratch_folder.h"
+
+namespace tavix::machine {
+namespace {
+
+namespace fs = std::filesystem;
+
+HostHandle OpenRoot(const fs::path& root) { return HostHandle(::open(root.c_str(), O_PATH | O_DIRECTORY)); }
+
+class HostFoldersTest : public testing::Test {
+ protected:
+  HostFoldersTest() {
+    for (const char* name : {"work", "other", "deep/er"}) fs::create_directories(Host(name));
+    scratch.Write("machine/drives/C/Work/keep", "work");
+    files.emplace(*store, facts);
+  }
+  fs::path Host(const std::string& path) const { return scratch.Root() / "machine" / path; }
+  fs::path Drive(const std::string& path) const { return Host("drives/C/" + path); }
+  // Often enough for the folder to be kept open.
+  void AskOften() {
+    for (int i = 0; i < 20; ++i) EXPECT_TRUE(files->FileExists(u"C:\\Work\\keep"));
+    EXPECT_FALSE(files->FileExists(u"C:\\Work\\none"));
+    EXPECT_FALSE(files->FileExists(u"C:\\Work\\none"));
+  }
+
+  ScratchFolder scratch;
+  fs::path made = (fs::create_directories(scratch.Root() / "machine" / "drives" / "C" / "Work"),
+                   fs::create_directories(scratch.Root() / "outside"), scratch.Root());
+  MachineFacts facts;
+  std::unique_ptr<FileStore> store = OpenHostStore(fs::canonical(scratch.Root() / "machine"));
+  std::optional<MachineFileSystem> files;
+};
+
+TEST_F(HostFoldersTest, AFolderThatIsAskedForOftenStaysOpenAndOthersDoNot) {
+  HostFolders folders(OpenRoot(Host("")));
+  EXPECT_NE(folders.Open("work"), folders.Open("work"));
+  std::shared_ptr<HostOpenFolder> kept;
+  for (int i = 0; i < 20; ++i) kept = folders.Open("work");
+  if (!kept->Watched()) GTEST_SKIP() << "this host tells no changes of folders";
+  EXPECT_EQ(folders.Open("work"), kept);
+  EXPECT_FALSE(folders.Open("other")->Watched());
+  EXPECT_EQ(folders.Open("work"), kept);
+  EXPECT_EQ(folders.Open("missing"), nullptr);
+}
+
+TEST_F(HostFoldersTest, AKeptFolderIsOpenedAnewAfterAnyChangeOfItsPath) {
+  const struct {
+    const char* what;
+    std::function<void()> change;
+    bool there;
+  } table[] = {
+      {"renamed", [&] { fs::rename(Host("deep/er"), Host("deep/gone")); }, false},
+      {"folder above renamed", [&] { fs::rename(Host("deep"), Host("gone")); }, false},
+      {"removed", [&] { fs::remove_all(Host("deep/er")); }, false},
+      {"all removed", [&] { fs::remove_all(Host("deep")); }, false},
+      {"replaced", [&] { fs::rename(Host("deep/er"), Host("x")), fs::create_directory(Host("deep/er")); },
+       true},
+      {"replaced above",
+       [&] { fs::rename(Host("deep"), Host("x")), fs::create_directories(Host("deep/er")); }, true},
+      {"replaced by a link",
+       [&] { fs::rename(Host("deep/er"), Host("x")), fs::create_symlink("../x", Host("deep/er")); }, false},
+      {"replaced by a link above",
+       [&] { fs::rename(Host("deep"), Host("x")), fs::create_symlink("x", Host("deep")); }, false},
+  };
+  for (const auto& row : table) {
+    fs::remove_all(Host("x"));
+    fs::remove_all(Host("gone"));
+    fs::remove_all(Host("deep"));
+    fs::create_directories(Host("deep/er"));
+    HostFolders folders(OpenRoot(Host("")));
+    std::shared_ptr<HostOpenFolder> kept;
+    for (int i = 0; i < 20; ++i) kept = folders.Open("deep/er");
+    row.change();
+    const auto again = folders.Open("deep/er");
+    EXPECT_EQ(again != nullptr, row.there) << row.what;
+    EXPECT_NE(again, kept) << row.what;
+    if (again == nullptr) continue;
+    EXPECT_NE(ReadFolderState(again->Get())->id, ReadFolderState(kept->Get())->id) << row.what;
+  }
+}
+
+TEST_F(HostFoldersTest, AFolderSwappedForAnotherKeepsItsFiles) {
+  AskOften();
+  fs::rename(Drive("Work"), Drive("Moved"));
+  fs::create_directory(Drive("Work"));
+  EXPECT_FALSE(files->DeleteFile(u"C:\\Work\\keep", true));
+  EXPECT_FALSE(files->FileExists(u"C:\\Work\\keep"));
+  EXPECT_TRUE(fs::exists(Drive("Moved/keep")));
+}
+
+TEST_F(HostFoldersTest, AFolderSwappedForALinkThatLeadsOutIsOutOfReach) {
+  AskOften();
+  fs::rename(Drive("Work"), scratch.Root() / "outside" / "Work");
+  fs::create_symlink(scratch.Root() / "outside" / "Work", Drive("Work"));
+  EXPECT_FALSE(files->FileExists(u"C:\\Work\\keep"));
+  EXPECT_FALSE(files->DeleteFile(u"C:\\Work\\keep", true));
+  EXPECT_FALSE(files->WriteFile(u"C:\\Work\\new", "x"));
+  EXPECT_TRUE(fs::exists(scratch.Root() / "outside" / "Work" / "keep"));
+  EXPECT_FALSE(fs::exists(scratch.Root() / "outside" / "Work" / "new"));
+}
+
+TEST_F(HostFoldersTest, ADriveSwappedForALinkThatLeadsOutIsOutOfReach) {
+  AskOften();
+  fs::rename(Host("drives/C"), scratch.Root() / "outside" / "C");
+  fs::create_symlink(scratch.Root() / "outside" / "C", Host("drives/C"));
+  EXPECT_FALSE(files->DeleteFile(u"C:\\Work\\keep", true));
+  EXPECT_TRUE(fs::exists(scratch.Root() / "outside" / "C" / "Work" / "keep"));
+}
+
+TEST_F(HostFoldersTest, NamesThatComeIntoAKeptFolderAreSeenAtOnce) {
+  for (int i = 0; i < 200; ++i) {
+    AskOften();
+    scratch.Write("machine/drives/C/Work/NEW", "x");
+    EXPECT_TRUE(files->FileExists(u"C:\\Work\\New")) << i;
+    EXPECT_TRUE(files->DeleteFile(u"C:\\Work\\new", true)) << i;
+    EXPECT_FALSE(files->FileExists(u"C:\\Work\\New")) << i;
+    fs::create_symlink("keep", Drive("Work/New"));
+    EXPECT_TRUE(files->FileExists(u"C:\\Work\\New")) << i;
+    fs::rename(Drive("Work/New"), Drive("Work/none"));
+    EXPECT_FALSE(files->FileExists(u"C:\\Work\\New")) << i;
+    EXPECT_TRUE(files->Look(u"C:\\Work\\NONE").has_value()) << i;
+    fs::remove(Drive("Work/none"));
+  }
+}
+
+TEST_F(HostFoldersTest, OurOwnChangesInAKeptFolderAreSeenAtOnce) {
+  for (int i = 0; i < 50; ++i) {
+    AskOften();
+    EXPECT_TRUE(files->WriteFile(u"C:\\Work\\None", "x"));
+    EXPECT_TRUE(files->FileExists(u"C:\\Work\\none"));
+    EXPECT_TRUE(files->MoveFile(u"C:\\Work\\NONE", u"C:\\Work\\Second"));
+    EXPECT_FALSE(files->FileExists(u"C:\\Work\\none"));
+    EXPECT_TRUE(files->FileExists(u"C:\\Work\\SECOND"));
+    EXPECT_TRUE(files->DeleteFile(u"C:\\Work\\second", true));
+    EXPECT_FALSE(files->FileExists(u"C:\\Work\\second"));
+  }
+}
+
+TEST_F(HostFoldersTest, WhatIsMountedOverAKeptFolderIsSeen) {
+  AskOften();
+  if (mount("tavix", Drive("Work").c_str(), "tmpfs", 0, "size=1m") != 0) GTEST_SKIP() << "may not mount here";
+  EXPECT_FALSE(files->FileExists(u"C:\\Work\\keep"));
+  EXPECT_TRUE(files->WriteFile(u"C:\\Work\\mounted", "x"));
+  umount(Drive("Work").c_str());
+  EXPECT_TRUE(files->FileExists(u"C:\\Work\\keep"));
+  EXPECT_FALSE(files->FileExists(u"C:\\Work\\mounted"));
+}
+
+TEST_F(HostFoldersTest, ManyFoldersAskedForInTurnAreAllFound) {
+  for (int i = 0; i < 100; ++i) scratch.Write("machine/drives/C/" + std::to_string(i) + "/f", "x");
+  for (int round = 0; round < 3; ++round) {
+    for (int i = 0; i < 100; ++i) {
+      for (int j = 0; j < 10; ++j) EXPECT_TRUE(files->FileExists(Concat(u"C:\\", ToText(i), u"\\f")));
+    }
+  }
+}
+
+}  // namespace
+}  // namespace tavix::machine

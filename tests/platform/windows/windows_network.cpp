@@ -1,0 +1,184 @@
+#include "platform/windows/windows_network.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/windows/loopback_server.h"
+#include "platform/windows/transfer.h"
+
+namespace tavix::windows {
+namespace {
+
+constexpr int kPatience = 10;
+
+std::string Ok(const std::string& body, const std::string& headers = {}) {
+  return "HTTP/1.1 200 OK\r\nContent-Length: " + std::to_string(body.size()) + "\r\n" + headers + "\r\n" +
+         body;
+}
+
+class NetworkOfWindows : public testing::Test {
+ protected:
+  // What comes for a raw answer of the server, and how long that took, in milliseconds.
+  std::optional<std::string> Fetch(std::vector<LoopbackServer::Answer> answers, int seconds = kPatience) {
+    LoopbackServer server(std::move(answers));
+    const ULONGLONG before = GetTickCount64();
+    auto bytes = network.Fetch(server.Url(u"/latestver.txt"), seconds);
+    took = GetTickCount64() - before;
+    requests = server.Requests();
+    return bytes;
+  }
+
+  WindowsNetwork network;
+  ULONGLONG took = 0;
+  std::vector<std::string> requests;
+};
+
+TEST_F(NetworkOfWindows, BringsTheBytesAsTheyAre) {
+  const std::string any("2.19.630\r\n\0\x80\xFF", 13);
+  EXPECT_EQ(Fetch({{Ok(any)}}), any);
+  EXPECT_EQ(Fetch({{Ok("")}}), "");
+  // Until the server closes, and in pieces.
+  EXPECT_EQ(Fetch({{"HTTP/1.0 200 OK\r\n\r\nabc"}}), "abc");
+  EXPECT_EQ(Fetch({{"HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n2\r\nab\r\n1\r\nc\r\n0\r\n\r\n"}}),
+            "abc");
+}
+
+TEST_F(NetworkOfWindows, AsksForTheAddressAndTellsNothingOfTheUser) {
+  Fetch({{Ok("x", "Set-Cookie: id=1\r\n")}});
+  ASSERT_EQ(requests.size(), 1U);
+  EXPECT_EQ(requests[0].substr(0, requests[0].find("\r\n")), "GET /latestver.txt HTTP/1.1");
+  EXPECT_NE(requests[0].find("User-Agent: Tavix\r\n"), std::string::npos);
+  for (const char* header : {"Cookie:", "Authorization:", "Referer:"})
+    EXPECT_EQ(requests[0].find(header), std::string::npos) << header;
+}
+
+TEST_F(NetworkOfWindows, FollowsARedirection) {
+  EXPECT_EQ(
+      Fetch({{"HTTP/1.1 302 Found\r\nLocation: /there\r\nContent-Length: 0\r\nConnection: close\r\n\r\n"},
+             {Ok("there")}}),
+      "there");
+  ASSERT_EQ(requests.size(), 2U);
+  EXPECT_EQ(requests[1].substr(0, 11), "GET /there ");
+}
+
+TEST_F(NetworkOfWindows, ARedirectionWithoutEndComesToNothingInTime) {
+  const LoopbackServer::Answer again{
+      "HTTP/1.1 302 Found\r\nLocation: /there\r\nContent-Length: 0\r\nConnection: close\r\n\r\n"};
+  EXPECT_EQ(Fetch(std::vector<LoopbackServer::Answer>(1000, again), 2), std::nullopt);
+  EXPECT_LT(took, 3000U);
+}
+
+TEST_F(NetworkOfWindows, AnotherStatusIsNoAnswer) {
+  for (const char* status :
+       {"404 Not Found", "500 Broken", "401 Who", "204 Nothing", "206 Part", "304 As before"}) {
+    const std::string answer = std::string("HTTP/1.1 ") + status +
+                               "\r\nWWW-Authenticate: Basic realm=\"x\"\r\nContent-Length: 1\r\n\r\nx";
+    EXPECT_EQ(Fetch({{answer}}), std::nullopt) << status;
+    EXPECT_EQ(requests.size(), 1U) << status;
+  }
+}
+
+TEST_F(NetworkOfWindows, WhatIsNoHttpIsNoAnswer) {
+  for (const std::string& answer : {std::string(), std::string("hello"), std::string("\0\0\0\0", 4),
+                                    std::string("SSH-2.0-x\r\n"), std::string("HTTP/1.1 200 OK")}) {
+    EXPECT_EQ(Fetch({{answer}}, 2), std::nullopt) << answer;
+    EXPECT_LT(took, 3000U) << answer;
+  }
+}
+
+TEST_F(NetworkOfWindows, AnAnswerThatBreaksOffIsNone) {
+  EXPECT_EQ(Fetch({{"HTTP/1.1 200 OK\r\nContent-Length: 8\r\n\r\n2.19.6"}}, 2), std::nullopt);
+}
+
+TEST_F(NetworkOfWindows, AMegabyteIsTakenAndNotAByteMore) {
+  const std::string most(Transfer::kMostBytes, 'x');
+  EXPECT_EQ(Fetch({{Ok(most)}}), most);
+  EXPECT_EQ(Fetch({{Ok(most + "x")}}), std::nullopt);
+}
+
+TEST_F(NetworkOfWindows, AServerThatNeverEndsIsLeftAtTheMostOrWhenTheTimeIsOver) {
+  const std::string head = "HTTP/1.1 200 OK\r\n\r\n";
+  EXPECT_EQ(Fetch({{.bytes = head, .then = LoopbackServer::kSendOn}}), std::nullopt);
+  EXPECT_LT(took, kPatience * 1000U);
+  EXPECT_EQ(Fetch({{.bytes = head + "2.19", .then = LoopbackServer::kKeepSilent}}, 1), std::nullopt);
+  EXPECT_GE(took, 900U);
+  EXPECT_LT(took, 2000U);
+  EXPECT_EQ(Fetch({{.bytes = head, .then = LoopbackServer::kTrickle}}, 1), std::nullopt);
+  EXPECT_LT(took, 2000U);
+  // Not even the headers come to an end.
+  EXPECT_EQ(Fetch({{.bytes = "HTTP/1.1 200 OK\r\nX: ", .then = LoopbackServer::kTrickle}}, 1), std::nullopt);
+  EXPECT_LT(took, 2000U);
+}
+
+TEST_F(NetworkOfWindows, AServerThatSaysNothingIsLeftWhenTheTimeIsOver) {
+  EXPECT_EQ(Fetch({{.bytes = "", .then = LoopbackServer::kKeepSilent}}, 1), std::nullopt);
+  EXPECT_GE(took, 900U);
+  EXPECT_LT(took, 2000U);
+  // Nobody takes the connection.
+  EXPECT_EQ(Fetch({}, 1), std::nullopt);
+  EXPECT_LT(took, 2000U);
+}
+
+TEST_F(NetworkOfWindows, WithNoTimeThereIsNoAnswer) {
+  for (const int seconds : {0, -1}) {
+    EXPECT_EQ(Fetch({{.bytes = "", .then = LoopbackServer::kKeepSilent}}, seconds), std::nullopt);
+    EXPECT_LT(took, 500U);
+  }
+}
+
+TEST_F(NetworkOfWindows, WhatLeadsNowhereFails) {
+  Text closed;
+  {
+    const LoopbackServer server({});
+    closed = server.Url(u"/");
+  }
+  for (const Text& url :
+       {closed, Text(u"http://no-such-host.test/"), Text(u"http://tavix.example.invalid/latestver.txt"),
+        Text(u"http://INVALID.Invalid/"), Text(u""), Text(u"latestver.txt"), Text(u"ftp://127.0.0.1/"),
+        Text(u"file:///C:/windows/win.ini"), Text(u"http://"), Text(u"http://127.0.0.1:99999/"),
+        Text(u"mailto:a@b.example")}) {
+    const ULONGLONG before = GetTickCount64();
+    EXPECT_EQ(network.Fetch(url, 2), std::nullopt) << testing::PrintToString(url);
+    EXPECT_LT(GetTickCount64() - before, 3000U) << testing::PrintToString(url);
+  }
+}
+
+// A window that counts how often it is painted.
+LRESULT CALLBACK CountPaints(HWND window, UINT message, WPARAM wide, LPARAM longer) {
+  if (message == WM_PAINT) ++*reinterpret_cast<int*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  if (message == WM_APP) *reinterpret_cast<int*>(GetWindowLongPtrW(window, GWLP_USERDATA)) += 1000;
+  return DefWindowProcW(window, message, wide, longer);
+}
+
+TEST_F(NetworkOfWindows, WindowsArePaintedMeanwhileAndOtherMessagesWait) {
+  WNDCLASSW windowClass = {};
+  windowClass.lpfnWndProc = CountPaints;
+  windowClass.lpszClassName = L"TavixPaintedMeanwhile";
+  RegisterClassW(&windowClass);
+  const HWND window = CreateWindowExW(0, windowClass.lpszClassName, L"", WS_POPUP | WS_VISIBLE, 0, 0, 50, 50,
+                                      nullptr, nullptr, nullptr, nullptr);
+  ASSERT_NE(window, nullptr);
+  int paints = 0;
+  SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&paints));
+  UpdateWindow(window);
+  paints = 0;
+  InvalidateRect(window, nullptr, TRUE);
+  PostMessageW(window, WM_APP, 0, 0);
+  EXPECT_EQ(Fetch({{.bytes = "", .then = LoopbackServer::kKeepSilent}}, 1), std::nullopt);
+  EXPECT_GE(paints, 1);
+  EXPECT_LT(paints, 1000);
+  MSG message;
+  while (PeekMessageW(&message, window, 0, 0, PM_REMOVE) != FALSE) DispatchMessageW(&message);
+  EXPECT_GE(paints, 1000);
+  DestroyWindow(window);
+}
+
+TEST_F(NetworkOfWindows, TheEndOfTheProgramWaitsToo) {
+  PostQuitMessage(7);
+  EXPECT_EQ(Fetch({{.bytes = "", .then = LoopbackServer::kKeepSilent}}, 1), std::nullopt);
+  MSG message;
+  ASSERT_NE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE), FALSE);
+  EXPECT_EQ(message.wParam, 7U);
+}
+
+}  // namespace
+}  // namespace tavix::windows
