@@ -10,9 +10,9 @@ double Kilobytes(double bytes) { return RoundToTenth(bytes / 1024); }
 
 }  // namespace
 
-void AddResultItem(TextView type, std::optional<TextView> name, std::optional<TextView> size,
-                   std::optional<TextView> location, std::optional<TextView> sizeKey, TextView actionString,
-                   bool checked) {
+ListView::Item AddResultItem(TextView type, std::optional<TextView> name, std::optional<TextView> size,
+                             std::optional<TextView> location, std::optional<TextView> sizeKey,
+                             TextView actionString, bool checked) {
   ListView::Item item = frmPubMain.lsvResult.Add(type);
   item.SetChecked(checked);
   if (name) item.SetSubItems(kNameColumn, *name);
@@ -20,6 +20,7 @@ void AddResultItem(TextView type, std::optional<TextView> name, std::optional<Te
   if (location) item.SetSubItems(kLocationColumn, *location);
   if (sizeKey) item.SetSubItems(kSizeKeyColumn, *sizeKey);
   item.SetTag(actionString);
+  return item;
 }
 
 Text FormatSizeText(double bytes) { return FormatGrouped(Kilobytes(bytes)); }

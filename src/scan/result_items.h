@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "controls/list_view.h"
 #include "text/text.h"
 
 namespace tavix::mdlPubSelf {
@@ -16,9 +17,9 @@ constexpr TextView kNoSize = u"N/A";
 constexpr TextView kNoSizeKey = u"00000000.0";
 
 // Appends a row. A field whose value could not be had is nothing, and stays empty in the row.
-void AddResultItem(TextView type, std::optional<TextView> name, std::optional<TextView> size,
-                   std::optional<TextView> location, std::optional<TextView> sizeKey, TextView actionString,
-                   bool checked = true);
+ListView::Item AddResultItem(TextView type, std::optional<TextView> name, std::optional<TextView> size,
+                             std::optional<TextView> location, std::optional<TextView> sizeKey,
+                             TextView actionString, bool checked = true);
 
 // The size texts of a number of bytes: kilobytes of 1024, rounded to one decimal with ties to even. The
 // one as shown, "1,536.5" or "12.", the other padded so that it sorts as a text, "00001536.5".

@@ -4,8 +4,11 @@
 #include <array>
 #include <span>
 
+#include "scan/privacy_files.h"
 #include "scan/privacy_registry.h"
+#include "scan/registry_page.h"
 #include "scan/scan_driver.h"
+#include "scan/system_page.h"
 
 namespace tavix::mdlPubSelf {
 namespace {
@@ -17,7 +20,8 @@ void RunAdvancedScan() {
 constexpr std::array kAdvancedScanner = {Scanner{u"Advanced", RunAdvancedScan}};
 
 // All scanners, a family of files each.
-const std::array<std::span<const Scanner>, 2> kScanners = {kPrivacyRegistryScanners, kAdvancedScanner};
+const std::array<std::span<const Scanner>, 5> kScanners = {
+    kPrivacyRegistryScanners, kPrivacyFileScanners, kSystemScanners, kRegistryScanners, kAdvancedScanner};
 
 }  // namespace
 

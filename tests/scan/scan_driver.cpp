@@ -161,7 +161,9 @@ TEST_F(ScanDriver, TheRegistryPageHasIssuesAndADoubledBlank) {
 TEST_F(ScanDriver, TheListPageScansTickedRowsButNeverRowZero) {
   OpenListPage(frmPubMain.picSystem, {kAddsOne, u"ieaph", u"weosh"});
   frmPubMain.lst.SetSelected(2, false);
+  frmPubMain.ListGuard = true;
   frmPubMain.lst.SetList(0, kAddsOne);
+  frmPubMain.ListGuard = false;
   frmPubMain.sbtScan.Click();
   EXPECT_EQ(ProgressStep, 1500);
   EXPECT_EQ(ResultCount(), 2);

@@ -1,0 +1,103 @@
+#include "scan/command_path.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <optional>
+
+#include "frame/support/file_system_object.h"
+#include "text/attempt.h"
+#include "text/pattern.h"
+
+namespace tavix::mdlPubSelf {
+namespace {
+
+// Positions are counted from 1 and 0 says that nothing was found. They are kept in 16-bit integers; one
+// that doesn't fit is not assigned, and its variable stays as it was.
+std::optional<int16_t> Position(size_t found) {
+  if (found == TextView::npos) return int16_t{0};
+  if (found >= INT16_MAX) return std::nullopt;
+  return static_cast<int16_t>(found + 1);
+}
+
+std::optional<int16_t> Find(TextView text, TextView part) { return Position(text.find(part)); }
+
+std::optional<int16_t> FindLast(TextView text, char16_t c) { return Position(text.rfind(c)); }
+
+// Where `part`, which is in lower case, first stands in the text put into lower case.
+size_t FindInLowerCase(TextView text, TextView part) {
+  const auto fits = [](char16_t c, char16_t wanted) {
+    return (c >= u'A' && c <= u'Z' ? c + (u'a' - u'A') : c) == wanted;
+  };
+  const auto found = std::search(text.begin(), text.end(), part.begin(), part.end(), fits);
+  return found == text.end() ? TextView::npos : static_cast<size_t>(found - text.begin());
+}
+
+Text Unquote(TextView text) {
+  Text plain(text);
+  std::erase(plain, u'"');
+  return plain;
+}
+
+bool HasResourcePrefix(TextView text) {
+  return MatchesPattern(text, u"@?:\\*") || MatchesPattern(text, u"@\"?:\\*") || MatchesPattern(text, u"@%*");
+}
+
+// Where the path ends in the text: the position of what stands behind it, 0 for its whole length. Nothing
+// where the text can't be judged.
+std::optional<int16_t> FindEnd(TextView text) {
+  constexpr int16_t kLastColon = 3;
+  int16_t end = 0;
+  Set(end, Find(text, u"/"));
+  if (end >= 1) return end;
+  Set(end, Find(text, u":"));
+  if (end > kLastColon || end < 1) return std::nullopt;
+  if (FindInLowerCase(text, u"genuinst.exe") != TextView::npos) return std::nullopt;
+  for (const TextView mark : {u" -", u" \"%1\"", u" %1"}) {
+    Set(end, Find(text, mark));
+    if (end >= 1) return end;
+  }
+  Set(end, Find(text, u",-"));
+  return end;
+}
+
+// Drops all words behind the last backslash but the first one. False where there is no backslash.
+bool StripTrailingWords(Text& path) {
+  int16_t backslash = 0;
+  int16_t blank = 0;
+  while (path.find(u'\\') != Text::npos) {
+    Set(backslash, FindLast(path, u'\\'));
+    Set(blank, FindLast(path, u' '));
+    if (blank == 0 || blank <= backslash) return true;
+    path.resize(static_cast<size_t>(blank - 1));
+  }
+  return false;
+}
+
+// The cut is told from the text with its quotes and applied to the path without them: a quote before the
+// path leaves a character behind it.
+void CutBehindExtension(TextView text, Text& path) {
+  constexpr TextView kExtension = u".exe";
+  int16_t extension = 0;
+  Set(extension, Position(FindInLowerCase(text, kExtension)));
+  if (extension < 1) return;
+  const size_t length = static_cast<size_t>(extension) + kExtension.size() - 1;
+  if (path.size() > length) path.resize(length);
+}
+
+}  // namespace
+
+CommandTarget FindCommandTarget(TextView command) {
+  Text whole = Unquote(Trim(command));
+  if (fileSystemObject.FileExists(whole)) return {std::move(whole), true};
+  if (HasResourcePrefix(command)) command.remove_prefix(1);
+  const std::optional<int16_t> end = FindEnd(command);
+  if (!end) return {};
+  Text path = Unquote(Trim(*end == 0 ? command : command.substr(0, static_cast<size_t>(*end - 1))));
+  if (!StripTrailingWords(path)) return {};
+  CutBehindExtension(command, path);
+  return {std::move(path), false};
+}
+
+Text ExtractCommandPath(TextView command) { return FindCommandTarget(command).Path; }
+
+}  // namespace tavix::mdlPubSelf

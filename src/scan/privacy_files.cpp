@@ -1,0 +1,110 @@
+#include "scan/privacy_files.h"
+
+#include "forms/main_form.h"
+#include "frame/support/file_system_object.h"
+#include "frame/support/pub_common.h"
+#include "frame/support/pub_system.h"
+#include "frame/support/shell_object.h"
+#include "scan/painting_pause.h"
+#include "scan/result_items.h"
+#include "scan/walkers.h"
+#include "text/attempt.h"
+
+namespace tavix::mdlPubSelf {
+namespace {
+
+// Shell folders by their numbers.
+constexpr int kInternetCache = 32;
+constexpr int kCookies = 33;
+constexpr int kHistory = 34;
+
+// A store that the system cleans as a whole.
+struct WholeStore {
+  int Folder;
+  TextView Type;
+  TextView NamePrefix;
+  TextView ActionString;
+};
+
+constexpr WholeStore kCacheStore = {kInternetCache, u"Temporary Internet Files", u"IE Cache (",
+                                    u"Cmd: RunDll32.exe InetCpl.cpl,ClearMyTracksByProcess 8"};
+constexpr WholeStore kCookieStore = {kCookies, u"Cookies", u"Cookies (",
+                                     u"Cmd: RunDll32.exe InetCpl.cpl,ClearMyTracksByProcess 2"};
+constexpr WholeStore kHistoryStore = {kHistory, u"History", u"History (",
+                                      u"Cmd: RunDll32.exe InetCpl.cpl,ClearMyTracksByProcess 1"};
+
+// A browser's index file, which the system holds open.
+struct IndexFile {
+  int Folder;
+  TextView Path;  // below the folder
+  TextView Type;
+};
+
+constexpr IndexFile kIndexFiles[] = {
+    {kInternetCache, u"\\content.ie5\\index.dat", u"index.dat (Cache)"},
+    {kCookies, u"\\index.dat", u"index.dat (Cookies)"},
+    {kHistory, u"\\History.IE5\\index.dat", u"index.dat (History)"},
+};
+
+constexpr TextView kIndexName = u"index.dat";
+
+// Empty when the system doesn't tell it.
+Text ShellFolder(int number) {
+  Text path;
+  pubSystem.GetSpecialFolder(number, path);
+  return Text(Trim(path));
+}
+
+void ScanWholeStore(const WholeStore& store) {
+  const Text path = ShellFolder(store.Folder);
+  frmPubMain.lblProgS.Caption = Concat(u"Scanning in '", path, u"', please wait...");
+  frmPubMain.Refresh();
+  const Folder folder = fileSystemObject.GetFolder(path).value_or(Folder());
+  int files = 0;
+  pubCommon.CountFolderFiles(path, files);
+  const auto size = folder.Size();
+  AddResultItem(store.Type, Concat(store.NamePrefix, ToText(files), u" Files)"),
+                size.transform(FormatSizeText), folder.Path(), size.transform(FormatSizeKey),
+                store.ActionString);
+}
+
+void ScanFileByFile(int folder, TextView type) {
+  const PaintingPause pause;
+  WalkFolderFilesExcept(ShellFolder(folder), type, kIndexName);
+}
+
+void ScanIndexFiles() {
+  // A file that isn't there leaves the one before it in its place.
+  File file;
+  for (const IndexFile& index : kIndexFiles) {
+    Set(file, fileSystemObject.GetFile(Concat(ShellFolder(index.Folder), index.Path)));
+    AddResultItem(index.Type, kIndexName, file.Size().transform(FormatSizeText), file.Path(),
+                  file.Size().transform(FormatSizeKey), u"DUR");
+  }
+}
+
+void ScanRecentDocuments() {
+  constexpr TextView kType = u"Recently Used Documents";
+  AddResultItem(kType, kType, kNoSize, u"Registry", kNoSizeKey,
+                u"RK: HKEY_CURRENT_USER, Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\RecentDocs");
+  const PaintingPause pause;
+  if (const auto recent = shellObject.SpecialFolders(u"Recent")) {
+    WalkFolderFiles(*recent, u"Recently Used Document");
+  }
+}
+
+constexpr Scanner kScanners[] = {
+    {u"ietif", [] { ScanWholeStore(kCacheStore); }},
+    {u"iec", [] { ScanWholeStore(kCookieStore); }},
+    {u"ieh", [] { ScanWholeStore(kHistoryStore); }},
+    {u"ietifd", [] { ScanFileByFile(kInternetCache, u"Temporary Internet File"); }},
+    {u"iecd", [] { ScanFileByFile(kCookies, u"Cookie"); }},
+    {u"ieif", ScanIndexFiles},
+    {u"werud", ScanRecentDocuments},
+};
+
+}  // namespace
+
+constinit const std::span<const Scanner> kPrivacyFileScanners = kScanners;
+
+}  // namespace tavix::mdlPubSelf

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <span>
+
+#include "scan/scan_function.h"
+
+namespace tavix::mdlPubSelf {
+
+// The scanners of the Privacy page that look at folders and files.
+extern const std::span<const Scanner> kPrivacyFileScanners;
+
+}  // namespace tavix::mdlPubSelf

@@ -1,0 +1,130 @@
+#include "scan/registry_list.h"
+
+#include <algorithm>
+
+#include "forms/main_form.h"
+#include "frame/support/pub_registry.h"
+#include "frame/support/shell_object.h"
+#include "platform/event_queue.h"
+#include "scan/result_items.h"
+#include "text/attempt.h"
+
+namespace tavix::mdlPubSelf {
+namespace {
+
+TextView HiveName(platform::Hive hive) {
+  switch (hive) {
+    case platform::Hive::ClassesRoot:
+      return u"HKEY_CLASSES_ROOT";
+    case platform::Hive::CurrentUser:
+      return u"HKEY_CURRENT_USER";
+    case platform::Hive::LocalMachine:
+      return u"HKEY_LOCAL_MACHINE";
+    case platform::Hive::CurrentConfig:
+      return u"HKEY_CURRENT_CONFIG";
+    case platform::Hive::Users:
+      break;
+  }
+  return {};
+}
+
+std::optional<TextView> Element(const std::vector<TextView>& elements, size_t index) {
+  return index < elements.size() ? std::optional(elements[index]) : std::nullopt;
+}
+
+Text LocationOf(const RegistryEntry& entry) {
+  const TextView location = entry.List.Location;
+  const size_t star = location.find(u'*');
+  if (star == TextView::npos) return Text(location);
+  return Concat(location.substr(0, star), entry.Name, location.substr(star + 1));
+}
+
+Text TagOf(const RegistryEntry& entry) {
+  const TextView hive = HiveName(entry.List.Hive);
+  if (entry.List.Entries == RegistryEntries::SubKeys) return Concat(u"RK: ", hive, u", ", entry.Path());
+  return Concat(u"RI: ", hive, u", ", entry.Key, u", ", entry.Name);
+}
+
+void ScanEntry(const RegistryEntry& entry) {
+  const RegistryList& list = entry.List;
+  if (const std::optional<Text> name = list.Test(entry)) {
+    AddResultItem(list.Type, *name, kNoSize, LocationOf(entry), kNoSizeKey, TagOf(entry), list.Ticked);
+  }
+  if (list.Yields) platform::Yield();
+}
+
+void ScanNames(const RegistryList& list, TextView key, TextView folded, TextView separator,
+               RegistryLookups& lookups) {
+  for (const TextView name : Split(folded, separator)) ScanEntry({list, key, name, {}, lookups});
+}
+
+// A name or data that a piece lacks, since data of another one held a separator, is that of the piece before.
+void ScanValues(const RegistryList& list, TextView key, TextView folded, RegistryLookups& lookups) {
+  TextView name;
+  TextView data;
+  for (const TextView item : Split(folded, clsPubRegistry::kItemSeparator)) {
+    const auto parts = Split(item, clsPubRegistry::kDataSeparator);
+    Set(name, Element(parts, 0));
+    Set(data, Element(parts, 1));
+    ScanEntry({list, key, name, data, lookups});
+  }
+}
+
+void ScanKey(const RegistryList& list, TextView key, RegistryLookups& lookups) {
+  Text folded;
+  switch (list.Entries) {
+    case RegistryEntries::SubKeys:
+      pubRegistry.EnumSubKeys(list.Hive, key, folded);
+      return ScanNames(list, key, folded, clsPubRegistry::kSubKeySeparator, lookups);
+    case RegistryEntries::ValueNames:
+      pubRegistry.EnumValueNames(list.Hive, key, folded);
+      return ScanNames(list, key, folded, clsPubRegistry::kItemSeparator, lookups);
+    case RegistryEntries::Values:
+      pubRegistry.EnumValues(list.Hive, key, folded);
+      return ScanValues(list, key, folded, lookups);
+  }
+}
+
+void ScanRegistryList(const RegistryList& list) {
+  frmPubMain.lblProgS.Caption = Text(list.Status);
+  frmPubMain.Refresh();
+  RegistryLookups lookups;
+  if (list.Inner.empty()) return ScanKey(list, list.Root, lookups);
+  Text folded;
+  pubRegistry.EnumSubKeys(list.Hive, list.Root, folded);
+  for (const TextView subKey : Split(folded, clsPubRegistry::kSubKeySeparator)) {
+    ScanKey(list, Concat(list.Root, u"\\", subKey, list.Inner), lookups);
+  }
+}
+
+}  // namespace
+
+const Text& RegistryLookups::SpecialFolder(TextView name) {
+  auto found = std::ranges::find(folders_, name, &Folder::Name);
+  if (found == folders_.end()) {
+    folders_.push_back({name, shellObject.SpecialFolders(name).value_or(Text())});
+    found = std::prev(folders_.end());
+  }
+  return found->Path;
+}
+
+SubstringIndex& RegistryLookups::TypeLibraries() {
+  if (!typeLibraries_) {
+    Text folded;
+    pubRegistry.EnumSubKeys(platform::Hive::ClassesRoot, u"TypeLib", folded);
+    typeLibraries_.emplace(std::move(folded));
+  }
+  return *typeLibraries_;
+}
+
+Text RegistryEntry::Value() const {
+  Text value;
+  pubRegistry.ReadValue(List.Hive, Concat(Key, u"\\", Name, List.ValueKey), List.ValueName, {}, value);
+  return value;
+}
+
+void ScanRegistryLists(std::span<const RegistryList> lists) {
+  for (const RegistryList& list : lists) ScanRegistryList(list);
+}
+
+}  // namespace tavix::mdlPubSelf

@@ -1,0 +1,100 @@
+#include "scan/registry_tests.h"
+
+#include "frame/support/file_system_object.h"
+#include "frame/support/pub_registry.h"
+#include "scan/command_path.h"
+#include "text/pattern.h"
+
+namespace tavix::mdlPubSelf {
+namespace {
+
+std::optional<Text> UnlessFile(Text path) {
+  if (fileSystemObject.FileExists(path)) return std::nullopt;
+  return path;
+}
+
+// A file that was seen a moment ago isn't looked for again.
+std::optional<Text> UnlessCommandOfAFile(TextView command) {
+  CommandTarget target = FindCommandTarget(command);
+  if (target.IsFile || target.Path.empty()) return std::nullopt;
+  return UnlessFile(std::move(target.Path));
+}
+
+}  // namespace
+
+std::optional<Text> ListValue(const RegistryEntry& entry) { return entry.Value(); }
+
+std::optional<Text> ListName(const RegistryEntry& entry) {
+  if (entry.Name.empty()) return std::nullopt;
+  return Text(entry.Name);
+}
+
+std::optional<Text> NameIsNoFile(const RegistryEntry& entry) { return UnlessFile(Text(entry.Name)); }
+
+std::optional<Text> NameLeadsToNoFile(const RegistryEntry& entry) { return UnlessCommandOfAFile(entry.Name); }
+
+std::optional<Text> NameLeadsToNoFolder(const RegistryEntry& entry) {
+  Text path = ExtractCommandPath(entry.Name);
+  if (path.empty() || fileSystemObject.FolderExists(path)) return std::nullopt;
+  return path;
+}
+
+std::optional<Text> ValueLeadsToNoFile(const RegistryEntry& entry) {
+  return UnlessCommandOfAFile(entry.Value());
+}
+
+std::optional<Text> DataLeadsToNoFile(const RegistryEntry& entry) {
+  CommandTarget target = FindCommandTarget(entry.Data);
+  if (target.IsFile) return std::nullopt;
+  return UnlessFile(std::move(target.Path));
+}
+
+std::optional<Text> FontIsMissing(const RegistryEntry& entry) {
+  const Text& fonts = entry.Lookups.SpecialFolder(u"Fonts");
+  if (fileSystemObject.FileExists(Concat(fonts, u"\\", Trim(entry.Data)))) return std::nullopt;
+  return Text(Trim(entry.Name));
+}
+
+std::optional<Text> HelpFileIsMissing(const RegistryEntry& entry) {
+  return UnlessFile(Concat(Trim(entry.Data), u"\\", Trim(entry.Name)));
+}
+
+std::optional<Text> TypeLibraryIsMissing(const RegistryEntry& entry) {
+  Text library = entry.Value();
+  if (entry.Lookups.TypeLibraries().Contains(library)) return std::nullopt;
+  return library;
+}
+
+std::optional<Text> SoftwareIsObsolete(const RegistryEntry& entry) {
+  const Text key = entry.Path();
+  Text folded;
+  pubRegistry.EnumSubKeys(entry.List.Hive, key, folded);
+  if (!folded.empty()) return std::nullopt;
+  // More values than it can count are as many as it can.
+  int16_t count = INT16_MAX;
+  pubRegistry.CountValues(entry.List.Hive, key, count);
+  if (count >= 2) return std::nullopt;
+  pubRegistry.EnumValues(entry.List.Hive, key, folded);
+  // The default value has no name, so the text of it alone begins with the separator "*NDS*".
+  if (!folded.empty() && !MatchesPattern(folded, u"?NDS?*")) return std::nullopt;
+  return Text(entry.Name);
+}
+
+std::optional<Text> UninstallerIsMissing(const RegistryEntry& entry) {
+  constexpr size_t kFirstGroup = 8;
+  const size_t hyphen = entry.Name.find(u'-');
+  if (entry.Name.starts_with(u'{') && hyphen != TextView::npos && hyphen >= kFirstGroup) return std::nullopt;
+  return ValueLeadsToNoFile(entry);
+}
+
+std::optional<Text> MenuItemIsMissing(const RegistryEntry& entry) {
+  const Text inAllUsers = Concat(entry.Lookups.SpecialFolder(u"AllUsersPrograms"), u"\\", entry.Name);
+  const Text inUsers = Concat(entry.Lookups.SpecialFolder(u"Programs"), u"\\", entry.Name);
+  if (fileSystemObject.FileExists(inAllUsers + u".lnk") || fileSystemObject.FileExists(inUsers + u".lnk") ||
+      fileSystemObject.FolderExists(inAllUsers) || fileSystemObject.FolderExists(inUsers)) {
+    return std::nullopt;
+  }
+  return Text(entry.Name);
+}
+
+}  // namespace tavix::mdlPubSelf

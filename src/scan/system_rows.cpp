@@ -1,0 +1,95 @@
+#include "scan/system_rows.h"
+
+#include <optional>
+
+#include "frame/support/file_system_object.h"
+#include "frame/support/pub_system.h"
+#include "platform/event_logs.h"
+#include "scan/result_items.h"
+#include "scan/windows_folder.h"
+#include "text/attempt.h"
+#include "text/number.h"
+
+namespace tavix::mdlPubSelf {
+namespace {
+
+struct SizeTexts {
+  std::optional<Text> size, key;
+};
+
+// Of a size that the system gave as a text.
+SizeTexts BinSize(TextView size) {
+  const auto number = ParseNumber(size);
+  if (!number) return {Text(u"Over 2,097,152"), Text(u"99999999.9")};
+  const auto bytes = ToInteger32(*number);
+  return {bytes.transform(FormatSizeText), bytes.transform(FormatSizeKey)};
+}
+
+void AddRegistryRow(TextView type, TextView name, TextView actionString) {
+  AddResultItem(type, name, kNoSize, u"Registry", kNoSizeKey, actionString);
+}
+
+// Leaves the count as it is where the log can't be read.
+void CountRecords(TextView log, uint32_t& count) {
+  if (platform::eventLogs == nullptr) return;
+  const auto handle = platform::eventLogs->Open(log);
+  Set(count, platform::eventLogs->Count(handle));
+  platform::eventLogs->Close(handle);
+}
+
+}  // namespace
+
+void ScanRecycleBins() {
+  Text info;
+  pubSystem.GetRecycleBinInfo(0, info);
+  const auto fields = Split(info, u"|");
+  std::optional<Text> name;
+  if (!fields.empty()) name = Concat(u"Recycle Bins (", fields[0], u" Items)");
+  const SizeTexts texts = fields.size() > 1 ? BinSize(fields[1]) : SizeTexts();
+  AddResultItem(u"Recycle Bins", name, texts.size, u"Each Recycle Bin", texts.key, u"RE");
+}
+
+void ScanMemoryDump() {
+  const Text path = Concat(WindowsFolder(), u"\\memory.dmp");
+  const Text action = Concat(u"FT: ", path);
+  if (!fileSystemObject.FileExists(path)) {
+    // The one size with no point behind it.
+    AddResultItem(u"Memory Dumps", u"System Memory Dumps (0 File)", u"0", u"System Drive", kNoSizeKey,
+                  action);
+    return;
+  }
+  const auto size = fileSystemObject.GetFile(path).value_or(File()).Size();
+  AddResultItem(u"Memory Dumps", u"System Memory Dumps (1 File)", size.transform(FormatSizeText),
+                u"System Drive", size.transform(FormatSizeKey), action);
+}
+
+void ScanEventLogs() {
+  uint32_t count = 0;
+  for (const TextView log : {u"System", u"Application", u"Security"}) {
+    CountRecords(log, count);
+    AddResultItem(u"Windows System Log", Concat(log, u" Category (", ToText(count), u" Items)"), kNoSize,
+                  u"Windows System", kNoSizeKey, Concat(u"WSL: ", log));
+  }
+}
+
+void ScanMenuOrder() {
+  AddRegistryRow(u"Menu Order Caches", u"in Start Menu and Favorites",
+                 u"RK: HKEY_CURRENT_USER, "
+                 u"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\MenuOrder");
+}
+
+void ScanTrayNotifications() {
+  AddRegistryRow(u"Tray Notifications Cache", u"Tray Notifications Cache",
+                 u"RIs: HKEY_CURRENT_USER, "
+                 u"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\TrayNotify, IconStreams "
+                 u"MORVTVXRISSEP HKEY_CURRENT_USER, "
+                 u"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\TrayNotify, PastIconsStream");
+}
+
+void ScanWindowPlaces() {
+  AddRegistryRow(u"Windows Size and Location Caches", u"Windows Size and Location Caches",
+                 u"RK: HKEY_CURRENT_USER, "
+                 u"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\StreamMRU");
+}
+
+}  // namespace tavix::mdlPubSelf

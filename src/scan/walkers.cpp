@@ -1,0 +1,166 @@
+#include "scan/walkers.h"
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+#include "forms/main_form.h"
+#include "frame/support/file_system_object.h"
+#include "frame/support/pub_common.h"
+#include "platform/event_queue.h"
+#include "scan/folder_chain.h"
+#include "scan/result_items.h"
+#include "scan/scan_driver.h"
+#include "text/letter_case.h"
+#include "text/wildcard.h"
+
+namespace tavix::mdlPubSelf {
+namespace {
+
+// What is known of a file once it was opened.
+struct FileObject {
+  double size = 0;
+  platform::DateTime accessed = 0;
+};
+
+// What tells the walkers apart.
+struct Rules {
+  Text type;
+  // By names alone; no filter takes all.
+  platform::FileSystem::NameFilter wanted = {};
+  // The files come from the file list with these patterns, and each is opened by its name; otherwise they
+  // come as objects from the folder.
+  std::optional<Text> patterns = {};
+  // Of the files that are wanted: the path and the object, if there is one.
+  std::function<bool(const Text& full, const std::optional<FileObject>& file)> passes = {};
+};
+
+// The control shows no backslash at the end of its path but that of a drive's root.
+Text FileListPath(TextView folder) {
+  const bool root = folder.size() < 4 && folder.ends_with(u":\\");
+  return Text(folder.substr(0, folder.size() - (folder.ends_with(u'\\') && !root ? 1 : 0)));
+}
+
+class Walk {
+ public:
+  explicit Walk(Rules rules) : rules_(std::move(rules)) {}
+
+  void Run(TextView folder) {
+    if (!EnterFirst(folder)) return;
+    while (chain_.Depth() > 0) {
+      if (!CancelRequested && chain_.GoToNext()) {
+        if (!ReadFolder(chain_.Path())) chain_.Leave();
+      } else {
+        chain_.Leave();
+        platform::Yield();
+      }
+    }
+  }
+
+ private:
+  // The paths of the folders below are built on the one that the disk knows the first by.
+  bool EnterFirst(TextView folder) {
+    if (CancelRequested || !fileSystemObject.FolderExists(folder)) return false;
+    const std::optional<Text> path =
+        fileSystemObject.GetFolder(folder).and_then([](const Folder& found) { return found.Path(); });
+    chain_.Enter(path.value_or(Text(folder)));
+    if (path) return ReadFolder(rules_.patterns ? folder : TextView(*path));
+    // The file list needs no object.
+    if (rules_.patterns) ReadFolder(folder);
+    chain_.ForgetSubFolders();
+    return true;
+  }
+
+  // False when the folder has gone.
+  bool ReadFolder(TextView folder) {
+    location_ = rules_.patterns ? FileListPath(folder) : Text(folder);
+    if (rules_.patterns) {
+      frmPubMain.flb.Path = location_;
+      frmPubMain.flb.Pattern = *rules_.patterns;
+    }
+    // A file that can't be opened is shown with what the one before it had.
+    std::optional<FileObject> file;
+    bool shown = false;
+    const bool read = chain_.List(
+        [&](const platform::DirectoryEntry& entry) {
+          if (!shown) ShowFolder(folder);
+          shown = true;
+          if (entry.folder) return chain_.AddSubFolder(entry);
+          if (!rules_.patterns) file.reset();
+          if (entry.known) file = FileObject{static_cast<double>(entry.size), entry.accessed};
+          if (!rules_.passes || rules_.passes(Concat(folder, u"\\", entry.name), file))
+            AddRow(entry.name, file);
+        },
+        rules_.wanted);
+    if (!read && !fileSystemObject.FolderExists(folder)) return false;
+    if (!shown) ShowFolder(folder);
+    return true;
+  }
+
+  void ShowFolder(TextView folder) const {
+    frmPubMain.lblProgS.Caption = Concat(u"Scanning in '", folder, u"', please wait...");
+  }
+
+  void AddRow(TextView name, const std::optional<FileObject>& file) const {
+    if (!file) {
+      AddResultItem(rules_.type, name, std::nullopt, location_, std::nullopt, u"F");
+      return;
+    }
+    AddResultItem(rules_.type, name, FormatSizeText(file->size), location_, FormatSizeKey(file->size), u"F");
+  }
+
+  const Rules rules_;
+  Text location_;
+  FolderChain chain_;
+};
+
+Rules ByPatterns(TextView typeText, TextView patterns) {
+  Rules rules{Text(typeText)};
+  rules.patterns = Text(patterns);
+  if (patterns != u"*.*") {
+    rules.wanted = [fit = FilePatterns(patterns)](TextView name) { return fit.Match(name); };
+  }
+  return rules;
+}
+
+int64_t DayOf(platform::DateTime time) {
+  constexpr int64_t kDay = int64_t{24} * 60 * 60 * 1000;
+  return time / kDay - (time % kDay < 0 ? 1 : 0);
+}
+
+}  // namespace
+
+void WalkFolderFiles(TextView folder, TextView typeText) { Walk({Text(typeText)}).Run(folder); }
+
+void WalkFolderFilesExcept(TextView folder, TextView typeText, TextView skipName) {
+  Rules rules{Text(typeText)};
+  rules.wanted = [skip = Text(skipName)](TextView name) { return !EqualIgnoringCase(name, skip); };
+  Walk(std::move(rules)).Run(folder);
+}
+
+void WalkInvalidShortcuts(TextView folder, TextView typeText) {
+  Rules rules = ByPatterns(typeText, u"*.lnk");
+  rules.passes = [](const Text& full, const std::optional<FileObject>&) {
+    bool valid = true;
+    pubCommon.IsShortcutValid(full, valid);
+    return !valid;
+  };
+  Walk(std::move(rules)).Run(folder);
+}
+
+void WalkFolderByPattern(TextView folder, TextView typeText, TextView patterns) {
+  Walk(ByPatterns(typeText, patterns.empty() ? u"*.*" : patterns)).Run(folder);
+}
+
+void WalkFolderByPatternAge(TextView folder, TextView typeText, TextView pattern, int16_t days) {
+  Rules rules = ByPatterns(typeText, pattern);
+  if (days > 0) {
+    rules.passes = [days](const Text&, const std::optional<FileObject>& file) {
+      if (!file || platform::clock == nullptr) return true;
+      return DayOf(platform::clock->Now()) - DayOf(file->accessed) >= days;
+    };
+  }
+  Walk(std::move(rules)).Run(folder);
+}
+
+}  // namespace tavix::mdlPubSelf

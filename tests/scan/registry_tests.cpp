@@ -1,0 +1,189 @@
+#include "scan/registry_tests.h"
+
+#include "scan/registry_test.h"
+
+namespace tavix::mdlPubSelf {
+namespace {
+
+// Shared libraries.
+
+class MissingSharedDlls : public RegistryFunctionTest {};
+
+TEST_F(MissingSharedDlls, ANameIsTestedAsItStands) {
+  AddFiles({u"C:\\a b.dll", u"C:\\c.dll"});
+  machine.facts.Set(u"Environment", u"WinDir", u"C:");
+  for (const TextView name : {u"C:\\a b.dll", u"C:\\gone.dll", u"%WinDir%\\c.dll", u"\"C:\\c.dll\"",
+                              u"C:\\c.dll -x", u"c:/C.DLL"}) {
+    SeedWindows(u"SharedDlls", name, u"1");
+  }
+  EXPECT_EQ(FoundBy(u"Missing Shared DLLs"),
+            (Texts{u"C:\\gone.dll", u"%WinDir%\\c.dll", u"\"C:\\c.dll\"", u"C:\\c.dll -x"}));
+}
+
+TEST_F(MissingSharedDlls, EnvironmentVariablesAreNotExpanded) {
+  SeedWindows(u"SharedDlls", u"%SystemRoot%\\a.dll", u"1");
+  EXPECT_EQ(FoundBy(u"Missing Shared DLLs"), Texts{u"%SystemRoot%\\a.dll"});
+}
+
+TEST_F(MissingSharedDlls, ADefaultValueBesideOthersIsAFindingWithoutName) {
+  SeedWindows(u"SharedDlls", u"C:\\gone.dll", u"1");
+  SeedWindows(u"SharedDlls", u"", u"1");
+  EXPECT_EQ(TagsBy(u"Missing Shared DLLs")[1],
+            u"RI: HKEY_LOCAL_MACHINE, Software\\Microsoft\\Windows\\CurrentVersion\\SharedDlls, ");
+}
+
+// Classes.
+
+class ActiveXAndClassIssues : public RegistryFunctionTest {};
+
+TEST_F(ActiveXAndClassIssues, AClassThatCantBeJudgedIsNone) {
+  SeedClass(u"CLSID\\{1}\\InprocServer32", u"%SystemRoot%\\system32\\x.dll");
+  SeedClass(u"CLSID\\{2}\\InprocServer32", u"ole32.dll");
+  SeedClass(u"CLSID\\{3}\\InprocServer32", u"");
+  SeedClass(u"CLSID\\{4}\\LocalServer32", u"C:\\gone.exe");
+  SeedMachine(u"Software\\Classes\\CLSID\\{5}\\InprocServer32", u"ThreadingModel", u"Both");
+  SeedClass(u"CLSID\\{6}", u"C:\\gone.dll");
+  EXPECT_EQ(FoundBy(u"ActiveX and Class Issues"), Texts{});
+}
+
+TEST_F(ActiveXAndClassIssues, AMachinesClassIsFoundTwiceWithDifferentTags) {
+  SeedClass(u"CLSID\\{1}\\InprocServer32", u"C:\\Windows\\system32\\gone.dll");
+  EXPECT_EQ(TagsBy(u"ActiveX and Class Issues"),
+            (Texts{u"RK: HKEY_CLASSES_ROOT, CLSID\\{1}",
+                   u"RK: HKEY_LOCAL_MACHINE, Software\\Classes\\CLSID\\{1}"}));
+}
+
+TEST_F(ActiveXAndClassIssues, TheUsersValueHidesTheMachinesInTheMergedList) {
+  AddFile(u"C:\\there.dll");
+  SeedClass(u"CLSID\\{1}\\InprocServer32", u"C:\\gone.dll");
+  SeedUser(u"Software\\Classes\\CLSID\\{1}\\InprocServer32", u"", u"C:\\there.dll");
+  EXPECT_EQ(TagsBy(u"ActiveX and Class Issues"),
+            Texts{u"RK: HKEY_LOCAL_MACHINE, Software\\Classes\\CLSID\\{1}"});
+}
+
+TEST_F(ActiveXAndClassIssues, APathWithBlanksIsFoundOnlyWhereItExists) {
+  AddFile(u"C:\\Program Files\\My App\\a b.dll");
+  SeedUser(u"Software\\Classes\\CLSID\\{1}\\InprocServer32", u"", u"\"C:\\Program Files\\My App\\a b.dll\"");
+  SeedUser(u"Software\\Classes\\CLSID\\{2}\\InprocServer32", u"", u"C:\\Program Files\\My App\\c d.dll");
+  EXPECT_EQ(FoundBy(u"ActiveX and Class Issues"),
+            (Texts{u"C:\\Program Files\\My App\\c", u"C:\\Program Files\\My App\\c"}));
+}
+
+// Type libraries.
+
+class TypeLibrariesIssues : public RegistryFunctionTest {
+ protected:
+  void SeedInterface(TextView name, TextView library) {
+    SeedClass(Concat(u"Interface\\", name, u"\\TypeLib"), library);
+  }
+};
+
+TEST_F(TypeLibrariesIssues, AnInterfaceWithoutALibraryIsNoneWhileThereIsAnyLibrary) {
+  SeedClass(u"TypeLib\\{L}", u"");
+  SeedClass(u"Interface\\{1}", u"IUnknown");
+  SeedInterface(u"{2}", u"");
+  EXPECT_EQ(FoundBy(u"Type Libraries Issues"), Texts{});
+}
+
+TEST_F(TypeLibrariesIssues, WithoutLibrariesEveryInterfaceIsAFinding) {
+  SeedClass(u"Interface\\{1}", u"IUnknown");
+  SeedInterface(u"{2}", u"{L}");
+  EXPECT_EQ(FoundBy(u"Type Libraries Issues"), (Texts{u"", u"{L}"}));
+}
+
+TEST_F(TypeLibrariesIssues, ALibraryInAnotherLetterCaseIsMissing) {
+  SeedClass(u"TypeLib\\{00AA}", u"");
+  SeedInterface(u"{1}", u"{00AA}");
+  SeedInterface(u"{2}", u"{00aa}");
+  EXPECT_EQ(FoundBy(u"Type Libraries Issues"), Texts{u"{00aa}"});
+}
+
+TEST_F(TypeLibrariesIssues, AnyPartOfTheListOfLibrariesIsThere) {
+  SeedClass(u"TypeLib\\{A}", u"");
+  SeedClass(u"TypeLib\\{B}", u"");
+  for (const TextView library : {u"A", u"}", u"SK", u"A}*SK*{B", u"{B}*SK*"}) {
+    SeedInterface(ToText(static_cast<int>(library.size())), library);
+  }
+  EXPECT_EQ(FoundBy(u"Type Libraries Issues"), Texts{u"{B}*SK*"});
+}
+
+TEST_F(TypeLibrariesIssues, BothHivesHaveLibrariesAndInterfaces) {
+  SeedClass(u"TypeLib\\{A}", u"");
+  SeedUser(u"Software\\Classes\\TypeLib\\{B}", u"", u"");
+  SeedInterface(u"{1}", u"{B}");
+  SeedUser(u"Software\\Classes\\Interface\\{2}\\TypeLib", u"", u"{A}");
+  SeedUser(u"Software\\Classes\\Interface\\{3}\\TypeLib", u"", u"{C}");
+  EXPECT_EQ(TagsBy(u"Type Libraries Issues"), Texts{u"RK: HKEY_CLASSES_ROOT, Interface\\{3}"});
+}
+
+// Shells of applications.
+
+class ApplicationShellsIssues : public RegistryFunctionTest {};
+
+TEST_F(ApplicationShellsIssues, AVerbWithoutACommandIsNone) {
+  SeedClass(u"Applications\\a.exe\\shell\\open", u"&Open");
+  SeedClass(u"Applications\\b.exe\\shell\\open\\command", u"");
+  SeedClass(u"Applications\\c.exe", u"");
+  EXPECT_EQ(FoundBy(u"Application Shells Issues"), Texts{});
+}
+
+TEST_F(ApplicationShellsIssues, OneVerbGoesAndTheApplicationStays) {
+  AddFile(u"C:\\Program Files\\App\\app.exe");
+  const TextView command = u"\"C:\\Program Files\\App\\app.exe\" \"%1\"";
+  SeedClass(u"Applications\\app.exe\\shell\\edit\\command", command);
+  SeedClass(u"Applications\\app.exe\\shell\\open\\command", u"\"C:\\Program Files\\Gone\\app.exe\" \"%1\"");
+  SeedClass(u"Applications\\app.exe\\shell\\print\\command", u"rundll32 x.dll,Entry");
+  EXPECT_EQ(Scan(u"Application Shells Issues"),
+            (std::vector{RegistryRow(u"Application Shell Issue", u"C:\\Program Files\\Gone\\app.exe",
+                                     u"HKEY_CLASSES_ROOT\\Applications",
+                                     u"RK: HKEY_CLASSES_ROOT, Applications\\app.exe\\shell\\open")}));
+}
+
+// Fonts.
+
+class FontsIssues : public RegistryFunctionTest {
+ protected:
+  FontsIssues() {
+    machine.facts.Set(u"Special Folders", u"Fonts", u"C:\\Windows\\Fonts");
+    AddFiles({u"C:\\Windows\\Fonts\\arial.ttf", u"C:\\Fonts\\x.ttf"});
+  }
+  void SeedFont(TextView name, TextView data) {
+    SeedMachine(u"Software\\Microsoft\\Windows NT\\CurrentVersion\\Fonts", name, data);
+  }
+};
+
+TEST_F(FontsIssues, AFileInTheFontsFolderIsNone) {
+  SeedFont(u"Arial (TrueType)", u"arial.ttf");
+  SeedFont(u"Arial (blank behind)", u"arial.ttf ");
+  SeedFont(u"Arial (blank before)", u"  arial.ttf");
+  EXPECT_EQ(FoundBy(u"Fonts Issues"), Texts{});
+}
+
+TEST_F(FontsIssues, AnAbsolutePathIsAFindingThoughTheFileIsThere) {
+  SeedFont(u"X (TrueType)", u"C:\\Fonts\\x.ttf");
+  SeedFont(u"Arial (whole path)", u"C:\\Windows\\Fonts\\arial.ttf");
+  EXPECT_EQ(FoundBy(u"Fonts Issues"), (Texts{u"X (TrueType)", u"Arial (whole path)"}));
+}
+
+TEST_F(FontsIssues, TheNameIsTrimmedInTheRowAndNotInTheTag) {
+  SeedFont(u"  Gone (TrueType) ", u"gone.ttf");
+  const auto rows = Scan(u"Fonts Issues");
+  EXPECT_EQ(rows[0].name, u"Gone (TrueType)");
+  EXPECT_EQ(
+      rows[0].tag,
+      u"RI: HKEY_LOCAL_MACHINE, Software\\Microsoft\\Windows NT\\CurrentVersion\\Fonts,   Gone (TrueType) ");
+}
+
+TEST_F(FontsIssues, AFontWithoutAFileIsAFinding) {
+  SeedFont(u"Empty", u"");
+  EXPECT_EQ(FoundBy(u"Fonts Issues"), Texts{u"Empty"});
+}
+
+TEST_F(FontsIssues, WithoutAFontsFolderEveryFontIsAFinding) {
+  machine.facts.Set(u"Special Folders", u"Fonts", u"");
+  SeedFont(u"Arial (TrueType)", u"arial.ttf");
+  EXPECT_EQ(FoundBy(u"Fonts Issues"), Texts{u"Arial (TrueType)"});
+}
+
+}  // namespace
+}  // namespace tavix::mdlPubSelf

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "platform/event_queue.h"
+#include "scan/result_items.h"
+#include "scan/scan_function.h"
+#include "support/program_test.h"
+
+namespace tavix::mdlPubSelf {
+
+// The program started over a machine in memory.
+class ScanTest : public ProgramTest {
+ protected:
+  ScanTest() {
+    machine.files.AddFolder(u"C:\\");
+    Start();
+  }
+
+  static std::vector<RowFields> Scan(TextView function) {
+    ClearResults();
+    ScanFunction(function);
+    return ResultRows();
+  }
+  // A file of so many kilobytes.
+  void AddFile(TextView path, int kilobytes = 1) {
+    machine.files.AddFile(path, {.size = static_cast<uint64_t>(kilobytes) * 1024});
+  }
+  void AddFiles(std::initializer_list<TextView> paths) {
+    for (const TextView path : paths) AddFile(path);
+  }
+};
+
+// The row of such a file.
+inline RowFields FileRow(TextView type, TextView location, TextView name, int kilobytes = 1) {
+  const Text digits = ToText(kilobytes);
+  return {Text(type),
+          Text(name),
+          Concat(digits, u"."),
+          Text(location),
+          Concat(Text(8 - digits.size(), u'0'), digits, u".0"),
+          u"F",
+          true};
+}
+
+// Folder and name of each row.
+inline std::vector<Text> Paths(const std::vector<RowFields>& rows) {
+  std::vector<Text> paths;
+  for (const RowFields& row : rows) paths.push_back(Concat(row.location, u"\\", row.name));
+  return paths;
+}
+
+// Watches the painting of the result list for as long as it lives: each change of its suspension, and what
+// it was whenever the user interface ran.
+struct PaintingWatch : ControlPeer, platform::EventQueue {
+  PaintingWatch() {
+    frmPubMain.lsvResult.peer = this;
+    platform::eventQueue = this;
+  }
+  ~PaintingWatch() override {
+    frmPubMain.lsvResult.peer = nullptr;
+    platform::eventQueue = nullptr;
+  }
+  void ModelChanged() override {
+    const bool now = frmPubMain.lsvResult.PaintingSuspended;
+    if (now != last) changes.push_back(now);
+    last = now;
+  }
+  void Yield() override { atYields.push_back(frmPubMain.lsvResult.PaintingSuspended); }
+
+  std::vector<bool> changes, atYields;
+  bool last = false;
+};
+
+}  // namespace tavix::mdlPubSelf

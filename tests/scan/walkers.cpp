@@ -1,0 +1,458 @@
+#include "scan/walkers.h"
+
+#include <functional>
+
+#include "frame/settings.h"
+#include "frame/support/file_system_object.h"
+#include "platform/machine/shortcut_bytes.h"
+#include "scan/scan_driver.h"
+#include "scan/scan_test.h"
+
+namespace tavix::mdlPubSelf {
+namespace {
+
+constexpr platform::DateTime kDay = platform::DateTime{24} * 60 * 60 * 1000;
+
+// What each walker takes is named the same way here: files that all five take are dead shortcuts.
+struct Walker {
+  const char* name;
+  void (*walk)(TextView folder);
+  bool byFileList;
+};
+const Walker kWalkers[] = {
+    {"WalkFolderFiles", [](TextView folder) { WalkFolderFiles(folder, u"t"); }, false},
+    {"WalkFolderFilesExcept", [](TextView folder) { WalkFolderFilesExcept(folder, u"t", u"skip.lnk"); },
+     false},
+    {"WalkInvalidShortcuts", [](TextView folder) { WalkInvalidShortcuts(folder, u"t"); }, true},
+    {"WalkFolderByPattern", [](TextView folder) { WalkFolderByPattern(folder, u"t", u"*.lnk"); }, true},
+    {"WalkFolderByPatternAge", [](TextView folder) { WalkFolderByPatternAge(folder, u"t", u"*.lnk", 1); },
+     true},
+};
+
+std::string DeadShortcut() {
+  using namespace machine::shortcut_bytes;
+  return Header(kHasLocation) + LocationBlock({.flags = 1, .path = u"C:\\Nowhere\\x.exe"}) + U32(0);
+}
+
+// Counts the yields, and does something at one of them.
+struct YieldCount : platform::EventQueue {
+  YieldCount() { platform::eventQueue = this; }
+  ~YieldCount() override { platform::eventQueue = nullptr; }
+  void Yield() override {
+    if (++count == actAt) act();
+  }
+  int count = 0;
+  int actAt = 0;
+  std::function<void()> act;
+};
+
+class Walkers : public ScanTest {
+ protected:
+  Walkers() {
+    machine.facts.Set(u"Drives", u"C", u"2");
+    clock.Set(1000 * kDay + kDay / 2);
+  }
+  void AddDead(TextView path) {
+    machine.files.AddFile(path, {.content = DeadShortcut(), .accessed = 900 * kDay});
+  }
+
+  static std::vector<Text> Walk(const Walker& walker, TextView folder) {
+    ClearResults();
+    walker.walk(folder);
+    return Paths(ResultRows());
+  }
+  static Text Status() { return frmPubMain.lblProgS.Caption; }
+  static Text Scanning(TextView folder) { return Concat(u"Scanning in '", folder, u"', please wait..."); }
+};
+
+TEST_F(Walkers, AFolderThatDoesNotExistGivesNoRowAndNoStatusText) {
+  AddFile(u"C:\\file");
+  frmPubMain.lblProgS.Caption = u"before";
+  YieldCount yields;
+  for (const Walker& walker : kWalkers) {
+    for (const TextView folder : {u"C:\\nowhere", u"", u"C:\\file", u"relative", u"Q:\\"}) {
+      EXPECT_TRUE(Walk(walker, folder).empty()) << walker.name;
+    }
+  }
+  EXPECT_EQ(Status(), u"before");
+  EXPECT_EQ(yields.count, 0);
+}
+
+TEST_F(Walkers, AnEmptyFolderShowsItsStatusTextAndGivesNoRow) {
+  machine.files.AddFolder(u"C:\\Empty");
+  for (const Walker& walker : kWalkers) {
+    frmPubMain.lblProgS.Caption = u"before";
+    EXPECT_TRUE(Walk(walker, u"C:\\Empty").empty()) << walker.name;
+    EXPECT_EQ(Status(), Scanning(u"C:\\Empty")) << walker.name;
+  }
+}
+
+TEST_F(Walkers, FilesOfAFolderComeBeforeThoseOfItsSubFoldersDepthFirst) {
+  for (const TextView path : {u"C:\\T\\z.lnk", u"C:\\T\\B\\b.lnk", u"C:\\T\\a\\deep\\d.lnk",
+                              u"C:\\T\\a\\y.lnk", u"C:\\T\\A.lnk", u"C:\\T\\B\\a\\x.lnk"}) {
+    AddDead(path);
+  }
+  const std::vector<Text> order = {u"C:\\T\\A.lnk",          u"C:\\T\\z.lnk",    u"C:\\T\\a\\y.lnk",
+                                   u"C:\\T\\a\\deep\\d.lnk", u"C:\\T\\B\\b.lnk", u"C:\\T\\B\\a\\x.lnk"};
+  YieldCount yields;
+  for (const Walker& walker : kWalkers) EXPECT_EQ(Walk(walker, u"C:\\T"), order) << walker.name;
+  EXPECT_EQ(yields.count, 5 * 5) << "once per folder";
+}
+
+TEST_F(Walkers, ARowHasTheFieldsOfAFile) {
+  machine.files.AddFile(u"C:\\T\\Sub\\a.lnk", {.content = DeadShortcut(), .size = 1536});
+  for (const Walker& walker : kWalkers) {
+    ClearResults();
+    walker.walk(u"C:\\T");
+    EXPECT_EQ(ResultRows(),
+              (std::vector{RowFields{u"t", u"a.lnk", u"1.5", u"C:\\T\\Sub", u"00000001.5", u"F", true}}))
+        << walker.name;
+  }
+}
+
+TEST_F(Walkers, AFileOfNoBytesHasTheSizeZeroAndAPoint) {
+  AddFile(u"C:\\T\\empty.tmp", 0);
+  for (const int kind : {0, 1}) {
+    ClearResults();
+    kind == 0 ? WalkFolderFiles(u"C:\\T", u"t") : WalkFolderByPattern(u"C:\\T", u"t", u"*.tmp");
+    EXPECT_EQ(ResultRows()[0].size, u"0.");
+    EXPECT_EQ(ResultRows()[0].sizeKey, u"00000000.0");
+  }
+}
+
+TEST_F(Walkers, HiddenAndSystemFilesAndFoldersAreListedByAllFive) {
+  AddDead(u"C:\\T\\hidden.lnk");
+  AddDead(u"C:\\T\\dir\\sys.lnk");
+  machine.files.SetAttributes(u"C:\\T\\hidden.lnk", platform::kHidden);
+  machine.files.SetAttributes(u"C:\\T\\dir", platform::kHidden | platform::kSystem);
+  machine.files.SetAttributes(u"C:\\T\\dir\\sys.lnk", platform::kSystem | platform::kReadOnly);
+  for (const Walker& walker : kWalkers) {
+    EXPECT_EQ(Walk(walker, u"C:\\T"), (std::vector<Text>{u"C:\\T\\hidden.lnk", u"C:\\T\\dir\\sys.lnk"}))
+        << walker.name;
+  }
+}
+
+TEST_F(Walkers, AnEmptyPatternListIsEveryFileOfTheTree) {
+  for (const TextView path : {u"C:\\T\\a.b.c", u"C:\\T\\noext", u"C:\\T\\x\\.dot"}) AddFile(path);
+  WalkFolderByPattern(u"C:\\T", u"t", u"");
+  EXPECT_EQ(Paths(ResultRows()), (std::vector<Text>{u"C:\\T\\a.b.c", u"C:\\T\\noext", u"C:\\T\\x\\.dot"}));
+  EXPECT_EQ(frmPubMain.flb.Pattern, Text(u"*.*"));
+}
+
+TEST_F(Walkers, SeveralPatternsGiveEachFileOnce) {
+  for (const TextView path : {u"C:\\T\\a.chk", u"C:\\T\\chklist.ms", u"C:\\T\\FILE01._DD", u"C:\\T\\x.txt"})
+    AddFile(path);
+  WalkFolderByPattern(u"C:\\T", u"t", u"*.chk;a.*;chklist.m*;file????._dd");
+  EXPECT_EQ(Paths(ResultRows()),
+            (std::vector<Text>{u"C:\\T\\a.chk", u"C:\\T\\chklist.ms", u"C:\\T\\FILE01._DD"}));
+}
+
+TEST_F(Walkers, AFileOfExactlySoManyDaysPassesTheAgeTest) {
+  // It is noon of day 1000.
+  const struct {
+    TextView name;
+    platform::DateTime accessed;
+    bool passesSeven;
+  } files[] = {
+      {u"a7.pf", 994 * kDay - 1, true}, {u"b7.pf", 993 * kDay, true},   {u"c6.pf", 994 * kDay, false},
+      {u"d0.pf", 1000 * kDay, false},   {u"e0.pf", 1001 * kDay, false}, {u"f.pf", -5 * kDay - 1, true},
+  };
+  std::vector<Text> all, seven;
+  for (const auto& file : files) {
+    const Text path = Concat(u"C:\\T\\", file.name);
+    machine.files.AddFile(path, {.accessed = file.accessed});
+    all.push_back(path);
+    if (file.passesSeven) seven.push_back(path);
+  }
+  AddFile(u"C:\\T\\other.txt");
+  const auto walk = [](int16_t days) {
+    ClearResults();
+    WalkFolderByPatternAge(u"C:\\T", u"t", u"*.pf", days);
+    return Paths(ResultRows());
+  };
+  EXPECT_EQ(walk(7), seven);
+  EXPECT_EQ(walk(0), all) << "0 days: all that match";
+  EXPECT_EQ(walk(-1), all);
+  EXPECT_TRUE(walk(INT16_MAX).empty());
+}
+
+TEST_F(Walkers, TheNameLeftOutStaysOutAtAnyDepthAndInAnyCase) {
+  for (const TextView path : {u"C:\\T\\index.dat", u"C:\\T\\a\\INDEX.DAT", u"C:\\T\\a\\b\\Index.Dat",
+                              u"C:\\T\\a\\x", u"C:\\T\\index.dat.txt", u"C:\\T\\index.dat folder\\y"}) {
+    AddFile(path);
+  }
+  WalkFolderFilesExcept(u"C:\\T", u"t", u"index.dat");
+  EXPECT_EQ(Paths(ResultRows()),
+            (std::vector<Text>{u"C:\\T\\index.dat.txt", u"C:\\T\\a\\x", u"C:\\T\\index.dat folder\\y"}));
+}
+
+TEST_F(Walkers, OnlyShortcutsKnownToLeadNowhereAreRows) {
+  using namespace machine::shortcut_bytes;
+  AddFile(u"C:\\there.exe");
+  machine.files.AddFile(
+      u"C:\\T\\good.lnk",
+      {.content = Header(kHasLocation) + LocationBlock({.flags = 1, .path = u"C:\\there.exe"}) + U32(0)});
+  machine.files.AddFile(u"C:\\T\\garbage.lnk", {.content = "no shortcut"});
+  machine.files.AddFile(u"C:\\T\\dead.txt", {.content = DeadShortcut()});
+  AddDead(u"C:\\T\\dead.LNK");
+  machine.files.AddFolder(u"C:\\T\\folder.lnk");
+  WalkInvalidShortcuts(u"C:\\T", u"t");
+  EXPECT_EQ(Paths(ResultRows()), (std::vector<Text>{u"C:\\T\\dead.LNK"}));
+}
+
+TEST_F(Walkers, TheRootOfADriveHasItsBackslashInTheLocation) {
+  AddDead(u"C:\\root.lnk");
+  AddDead(u"C:\\sub\\x.lnk");
+  machine.files.DeleteFolder(u"C:\\MORVDataPath", true);
+  for (const Walker& walker : kWalkers) {
+    EXPECT_EQ(Walk(walker, u"C:\\"), (std::vector<Text>{u"C:\\\\root.lnk", u"C:\\sub\\x.lnk"}))
+        << walker.name << ": the path that the cleaner composes has two backslashes";
+  }
+  CleaningMethod = u"D";
+  frmPubMain.sbtClean.Click();
+  EXPECT_EQ(ResultCount(), 0);
+  EXPECT_FALSE(machine.files.FileExists(u"C:\\root.lnk"));
+}
+
+TEST_F(Walkers, ABackslashAtTheEndOfTheFolderIsNoneInTheLocation) {
+  AddDead(u"C:\\T\\a.lnk");
+  for (const Walker& walker : kWalkers) {
+    ClearResults();
+    walker.walk(u"C:\\T\\");
+    EXPECT_EQ(ResultRows()[0].location, u"C:\\T") << walker.name;
+    EXPECT_EQ(Status(), Scanning(walker.byFileList ? u"C:\\T\\" : u"C:\\T"))
+        << walker.name << ": the argument as given, or the path of the folder";
+  }
+}
+
+TEST_F(Walkers, NamesAreAsTheDiskHasThemBelowTheFolderThatWasNamed) {
+  AddDead(u"C:\\Temp\\Sub\\a.lnk");
+  for (const Walker& walker : kWalkers) {
+    ClearResults();
+    walker.walk(u"c:\\TEMP");
+    EXPECT_EQ(ResultRows()[0].location, u"C:\\Temp\\Sub") << walker.name;
+  }
+  WalkFolderFiles(u"c:\\temp\\SUB", u"t");
+  EXPECT_EQ(Status(), Scanning(u"C:\\Temp\\Sub"));
+}
+
+TEST_F(Walkers, CancelAmongTheRowsOfAFolderLetsThemAllInAndNoDeeperFolder) {
+  struct CancelAtRow : ControlPeer {
+    void ModelChanged() override { CancelRequested = CancelRequested || ResultCount() >= 3; }
+  } peer;
+  for (int i = 0; i < 10; ++i) AddDead(Concat(u"C:\\T\\a\\", ToText(i), u".lnk"));
+  AddDead(u"C:\\T\\a\\deep\\x.lnk");
+  AddDead(u"C:\\T\\b\\x.lnk");
+  for (const Walker& walker : kWalkers) {
+    CancelRequested = false;
+    frmPubMain.lsvResult.peer = &peer;
+    YieldCount yields;
+    EXPECT_EQ(Walk(walker, u"C:\\T").size(), 10U) << walker.name;
+    frmPubMain.lsvResult.peer = nullptr;
+    EXPECT_EQ(yields.count, 2) << walker.name << ": the folders that were entered end as ever";
+    EXPECT_EQ(Status(), Scanning(u"C:\\T\\a"));
+  }
+  CancelRequested = true;
+  for (const Walker& walker : kWalkers) EXPECT_TRUE(Walk(walker, u"C:\\T").empty()) << walker.name;
+}
+
+TEST_F(Walkers, CancelAtAYieldEntersNoFurtherFolder) {
+  for (const TextView path : {u"C:\\T\\a\\1.lnk", u"C:\\T\\b\\2.lnk", u"C:\\T\\c\\3.lnk"}) AddDead(path);
+  for (const Walker& walker : kWalkers) {
+    CancelRequested = false;
+    YieldCount yields;
+    yields.actAt = 2;
+    yields.act = [] { sbtCancel_Click(); };
+    EXPECT_EQ(Walk(walker, u"C:\\T"), (std::vector<Text>{u"C:\\T\\a\\1.lnk", u"C:\\T\\b\\2.lnk"}))
+        << walker.name;
+    EXPECT_EQ(yields.count, 3);
+  }
+}
+
+TEST_F(Walkers, AFileThatCannotBeOpenedIsShownWithTheSizeOfTheOneBefore) {
+  for (const TextView path : {u"C:\\T\\a.tmp", u"C:\\T\\c.tmp", u"C:\\T\\e.tmp"})
+    machine.files.faults.Fail(u"Look", path);
+  AddFile(u"C:\\T\\a.tmp", 1);
+  AddFile(u"C:\\T\\b.tmp", 2);
+  AddFile(u"C:\\T\\c.tmp", 3);
+  AddFile(u"C:\\T\\d.tmp", 4);
+  AddFile(u"C:\\T\\e.tmp", 5);
+  AddFile(u"C:\\T\\sub\\f.tmp", 6);
+  machine.files.faults.Fail(u"Look", u"C:\\T\\sub\\f.tmp");
+  WalkFolderByPattern(u"C:\\T", u"t", u"*.tmp");
+  const RowFields none = {u"t", u"a.tmp", u"", u"C:\\T", u"", u"F", true};
+  RowFields first = none;
+  RowFields other = none;
+  other.name = u"f.tmp";
+  other.location = u"C:\\T\\sub";
+  EXPECT_EQ(ResultRows(),
+            (std::vector{first, FileRow(u"t", u"C:\\T", u"b.tmp", 2), FileRow(u"t", u"C:\\T", u"c.tmp", 2),
+                         FileRow(u"t", u"C:\\T", u"d.tmp", 4), FileRow(u"t", u"C:\\T", u"e.tmp", 4), other}))
+      << "each folder begins without an object";
+}
+
+TEST_F(Walkers, TheAgeTestReadsTheFileBeforeWhereOneCannotBeOpened) {
+  const auto add = [&](TextView name, platform::DateTime accessed, bool opens) {
+    const Text path = Concat(u"C:\\T\\", name);
+    machine.files.AddFile(path, {.accessed = accessed});
+    if (!opens) machine.files.faults.Fail(u"Look", path);
+  };
+  add(u"a.pf", 1000 * kDay, false);  // no object yet: the test is passed over
+  add(u"b.pf", 1000 * kDay, true);
+  add(u"c.pf", 900 * kDay, false);  // judged by b
+  add(u"d.pf", 900 * kDay, true);
+  add(u"e.pf", 1000 * kDay, false);  // judged by d
+  WalkFolderByPatternAge(u"C:\\T", u"t", u"*.pf", 7);
+  EXPECT_EQ(Paths(ResultRows()), (std::vector<Text>{u"C:\\T\\a.pf", u"C:\\T\\d.pf", u"C:\\T\\e.pf"}));
+}
+
+TEST_F(Walkers, AFileOfAFolderWhoseSizeCannotBeReadHasNone) {
+  AddFile(u"C:\\T\\a.tmp", 1);
+  AddFile(u"C:\\T\\b.tmp", 2);
+  machine.files.faults.Fail(u"Look", u"C:\\T\\b.tmp");
+  for (const Walker& walker : {kWalkers[0], kWalkers[1]}) {
+    ClearResults();
+    walker.walk(u"C:\\T");
+    EXPECT_EQ(ResultRows(), (std::vector{FileRow(u"t", u"C:\\T", u"a.tmp", 1),
+                                         RowFields{u"t", u"b.tmp", u"", u"C:\\T", u"", u"F", true}}))
+        << walker.name;
+  }
+}
+
+TEST_F(Walkers, AFolderThatCannotBeReadAddsNothingAndTheWalkGoesOn) {
+  for (const TextView path :
+       {u"C:\\T\\a\\1.lnk", u"C:\\T\\b\\2.lnk", u"C:\\T\\b\\deep\\3.lnk", u"C:\\T\\c\\4.lnk"}) {
+    AddDead(path);
+  }
+  machine.files.faults.Fail(u"List", u"C:\\T\\b");
+  for (const Walker& walker : kWalkers) {
+    YieldCount yields;
+    EXPECT_EQ(Walk(walker, u"C:\\T"), (std::vector<Text>{u"C:\\T\\a\\1.lnk", u"C:\\T\\c\\4.lnk"}))
+        << walker.name;
+    EXPECT_EQ(yields.count, 4) << walker.name << ": the unreadable folder is one as well";
+  }
+}
+
+// The file list needs no object of the folder, the collections do.
+TEST_F(Walkers, AFolderWhoseObjectCannotBeHadHasNoSubFolders) {
+  AddDead(u"C:\\T\\a.lnk");
+  AddDead(u"C:\\T\\sub\\b.lnk");
+  machine.files.faults.Fail(u"Look", u"C:\\T");
+  for (const Walker& walker : kWalkers) {
+    frmPubMain.lblProgS.Caption = u"before";
+    EXPECT_EQ(Walk(walker, u"C:\\T"),
+              walker.byFileList ? std::vector<Text>{u"C:\\T\\a.lnk"} : std::vector<Text>())
+        << walker.name;
+    EXPECT_EQ(Status(), walker.byFileList ? Scanning(u"C:\\T") : Text(u"before")) << walker.name;
+  }
+}
+
+TEST_F(Walkers, AFolderThatGoesDuringTheWalkIsPassedOver) {
+  for (const TextView path : {u"C:\\T\\a\\1.lnk", u"C:\\T\\b\\2.lnk", u"C:\\T\\c\\3.lnk"}) AddDead(path);
+  YieldCount yields;
+  yields.actAt = 1;
+  yields.act = [&] { machine.files.DeleteFolder(u"C:\\T\\b", true); };
+  WalkFolderFiles(u"C:\\T", u"t");
+  EXPECT_EQ(Paths(ResultRows()), (std::vector<Text>{u"C:\\T\\a\\1.lnk", u"C:\\T\\c\\3.lnk"}));
+  EXPECT_EQ(yields.count, 3);
+}
+
+TEST_F(Walkers, LinksToFoldersAreWalkedAndLinksToFilesAreFiles) {
+  AddFile(u"C:\\Other\\o.tmp");
+  machine.files.AddFolder(u"C:\\T");
+  machine.files.AddLink(u"C:\\T\\to folder", u"C:\\Other");
+  machine.files.AddLink(u"C:\\T\\to file", u"C:\\Other\\o.tmp");
+  machine.files.AddLink(u"C:\\T\\to nothing", u"C:\\Nowhere");
+  for (const int kind : {0, 1}) {
+    ClearResults();
+    kind == 0 ? WalkFolderFiles(u"C:\\T", u"t") : WalkFolderByPattern(u"C:\\T", u"t", u"");
+    EXPECT_EQ(Paths(ResultRows()),
+              (std::vector<Text>{u"C:\\T\\to file", u"C:\\T\\to nothing", u"C:\\T\\to folder\\o.tmp"}));
+  }
+}
+
+// A path may go over 40 links.
+TEST_F(Walkers, ALinkToItsOwnParentIsWalkedUntilThePathHasTooManyLinks) {
+  AddDead(u"C:\\T\\a.lnk");
+  machine.files.AddLink(u"C:\\T\\up", u"C:\\T");
+  for (const Walker& walker : kWalkers) {
+    const std::vector<Text> rows = Walk(walker, u"C:\\T");
+    ASSERT_EQ(rows.size(), 41U) << walker.name;
+    EXPECT_EQ(rows[2], u"C:\\T\\up\\up\\a.lnk");
+  }
+}
+
+// Two links that lead back would give two to the power of forty folders.
+TEST_F(Walkers, LinksThatLeadBackDoNotMultiply) {
+  AddFile(u"C:\\T\\a.tmp");
+  machine.files.AddLink(u"C:\\T\\b\\one", u"C:\\T");
+  machine.files.AddLink(u"C:\\T\\b\\two", u"C:\\T\\b");
+  machine.files.AddLink(u"C:\\T\\c\\three", u"..");
+  AddFile(u"C:\\T\\b\\b.tmp");
+  WalkFolderFiles(u"C:\\T", u"t");
+  const std::vector<RowFields> rows = ResultRows();
+  const auto count = [&](TextView name) {
+    return std::ranges::count_if(rows, [name](const RowFields& row) { return row.name == name; });
+  };
+  // Each of the three is gone round by, and none within another's rounds.
+  EXPECT_EQ(count(u"a.tmp"), 1 + 40 + 40);
+  EXPECT_EQ(count(u"b.tmp"), 1 + 40 + 40 + 40);
+}
+
+TEST_F(Walkers, ALinkMetAgainOnAnotherWayIsWalkedAgain) {
+  AddFile(u"C:\\Shared\\s.tmp");
+  machine.files.AddLink(u"C:\\T\\a\\link", u"C:\\Shared");
+  machine.files.AddLink(u"C:\\T\\b\\link", u"C:\\Shared");
+  machine.files.AddLink(u"C:\\T\\c", u"C:\\T\\b");
+  WalkFolderFiles(u"C:\\T", u"t");
+  EXPECT_EQ(Paths(ResultRows()), (std::vector<Text>{u"C:\\T\\a\\link\\s.tmp", u"C:\\T\\b\\link\\s.tmp",
+                                                    u"C:\\T\\c\\link\\s.tmp"}));
+}
+
+TEST_F(Walkers, AFolderOfManyThousandFilesIsListedInOrder) {
+  constexpr int kFiles = 100'000;
+  for (int i = kFiles; i-- > 0;) {
+    const Text number = ToText(i);
+    machine.files.AddFile(Concat(u"C:\\T\\", Text(6 - number.size(), u'0'), number));
+  }
+  WalkFolderFiles(u"C:\\T", u"t");
+  ASSERT_EQ(ResultCount(), kFiles);
+  EXPECT_EQ(frmPubMain.lsvResult.Row(1).SubItems(kNameColumn), u"000000");
+  EXPECT_EQ(frmPubMain.lsvResult.Row(kFiles).SubItems(kNameColumn), u"099999");
+}
+
+TEST_F(Walkers, AChainOfFiveThousandFoldersIsWalkedToItsEnd) {
+  Text path = u"C:\\T";
+  for (int i = 0; i < 5000; ++i) path += u"\\d";
+  AddDead(path + u"\\end.lnk");
+  for (const Walker& walker : kWalkers) {
+    EXPECT_EQ(Walk(walker, u"C:\\T"), std::vector<Text>{path + u"\\end.lnk"}) << walker.name;
+  }
+}
+
+TEST_F(Walkers, LongNamesAndPathsStandWholeInTheRow) {
+  const Text name(251, u'n');
+  Text path = u"C:\\T";
+  while (path.size() < 3200) path += Concat(u"\\", Text(255, u'd'));
+  AddDead(Concat(path, u"\\", name, u".lnk"));
+  for (const Walker& walker : kWalkers) {
+    ClearResults();
+    walker.walk(u"C:\\T");
+    ASSERT_EQ(ResultCount(), 1) << walker.name;
+    EXPECT_EQ(ResultRows()[0].location, path);
+    EXPECT_EQ(ResultRows()[0].name, name + u".lnk");
+  }
+}
+
+// The window may be closed while the walk yields.
+TEST_F(Walkers, AWalkEndsWhenTheServicesAreReleased) {
+  for (const TextView path : {u"C:\\T\\a\\1.lnk", u"C:\\T\\b\\2.lnk"}) AddDead(path);
+  YieldCount yields;
+  yields.actAt = 1;
+  yields.act = [] { fileSystemObject = {}; };
+  WalkFolderFiles(u"C:\\T", u"t");
+  EXPECT_EQ(ResultCount(), 1);
+}
+
+}  // namespace
+}  // namespace tavix::mdlPubSelf
