@@ -14,6 +14,16 @@ Node* FirstUnticked(Node* sibling) {
 
 }  // namespace
 
+void lst_ItemCheck(int item) {
+  MainForm& form = frmPubMain;
+  if (form.ListGuard || item >= 1) return;
+  const bool ticked = form.lst.Selected(0);
+  for (int row = 1; row < form.lst.ListCount(); ++row) form.lst.SetSelected(row, ticked);
+  form.ListGuard = true;
+  form.lst.SetList(0, ticked ? kUncheckAll : kCheckAll);
+  form.ListGuard = false;
+}
+
 void trvPrivacy_NodeCheck(Node& node) {
   const Color plain = frmPubMain.lsvResult.BackColor;
   if (node.Children() > 0) {

@@ -60,6 +60,62 @@ TEST_F(Selection, ARootHandsItsTickToAllItsChildrenAndClearsTheMark) {
   EXPECT_TRUE(At(u"we").Checked);
 }
 
+class MasterRow : public ProgramTest {
+ protected:
+  MasterRow() {
+    Start();
+    frmPubMain.picSystem.MouseUp(kLeftButton);
+  }
+  static int Ticked() {
+    int ticked = 0;
+    for (int row = 1; row < List().ListCount(); ++row) ticked += List().Selected(row) ? 1 : 0;
+    return ticked;
+  }
+  static CheckList& List() { return frmPubMain.lst; }
+};
+
+TEST_F(MasterRow, AClickUnticksAllRowsAndASecondOneTicksThem) {
+  EXPECT_TRUE(List().Selected(0));
+  EXPECT_EQ(List().List(0), u"Uncheck All");
+  List().SetSelected(0, false);
+  EXPECT_EQ(Ticked(), 0);
+  EXPECT_EQ(List().List(0), u"Check All");
+  EXPECT_FALSE(List().Selected(0));
+  List().SetSelected(0, true);
+  EXPECT_EQ(Ticked(), 13);
+  EXPECT_EQ(List().List(0), u"Uncheck All");
+  EXPECT_FALSE(frmPubMain.ListGuard);
+}
+
+TEST_F(MasterRow, GivesMixedRowsItsTick) {
+  List().SetSelected(2, false);
+  List().SetSelected(0, false);
+  List().SetSelected(5, true);
+  List().SetSelected(0, true);
+  EXPECT_EQ(Ticked(), 13);
+}
+
+TEST_F(MasterRow, DoesNotFollowItsRows) {
+  for (int row = 1; row < List().ListCount(); ++row) List().SetSelected(row, false);
+  EXPECT_TRUE(List().Selected(0));
+  EXPECT_EQ(List().List(0), u"Uncheck All");
+}
+
+TEST_F(MasterRow, DoesNothingWhileTheGuardIsUp) {
+  frmPubMain.ListGuard = true;
+  List().SetSelected(0, false);
+  EXPECT_EQ(Ticked(), 13);
+  EXPECT_EQ(List().List(0), u"Uncheck All");
+  EXPECT_TRUE(frmPubMain.ListGuard);
+}
+
+TEST_F(MasterRow, OfAnEmptyListIsNoneAndNothingHappens) {
+  List().Clear();
+  lst_ItemCheck(0);
+  EXPECT_EQ(List().ListCount(), 0);
+  EXPECT_FALSE(frmPubMain.ListGuard);
+}
+
 TEST_F(Selection, CheckAllGivesItsTickToEveryRow) {
   for (int i = 0; i < 3; ++i) AddResultItem(u"t", u"n", kNoSize, u"l", kNoSizeKey, u"F", i == 1);
   frmPubMain.cbxAll.Value = 0;

@@ -1,0 +1,85 @@
+#include "catalogue/scope_tree.h"
+
+#include "forms/main_form.h"
+#include "frame/support/file_system_object.h"
+#include "frame/support/pub_common.h"
+
+namespace tavix::mdlPubSelf {
+namespace {
+
+// Pictures of the tree.
+constexpr int kComputerImage = 4;
+constexpr int kDriveImage = 1;
+constexpr int kFolderImage = 2;
+constexpr int kOpenFolderImage = 3;
+
+bool CanBeScanned(const platform::Drive& drive) {
+  constexpr double kNetwork = 3;
+  constexpr double kOptical = 4;
+  if (!drive.ready) return false;
+  bool leftOut = false;
+  pubCommon.InArray(static_cast<double>(drive.type), {kOptical, kNetwork}, leftOut);
+  return !leftOut;
+}
+
+// Null, and no node, where the key is in use already.
+Node* AddScopeNode(Node* parent, TextView key, TextView text, int image, int selectedImage) {
+  Node* node = frmPubMain.trvRes.AddNode(parent, key, text);
+  if (node == nullptr) return nullptr;
+  node->Image = image;
+  node->SelectedImage = selectedImage;
+  node->BackColor = frmPubMain.lst.BackColor.Get();
+  node->ForeColor = frmPubMain.lst.ForeColor.Get();
+  return node;
+}
+
+}  // namespace
+
+void BuildScopeTree() {
+  TreeView& tree = frmPubMain.trvRes;
+  tree.Clear();
+  Node* root = AddScopeNode(nullptr, u"Root", u"My Computer", kComputerImage, kComputerImage);
+  root->Checked = true;
+  root->Expanded = true;
+  for (const platform::Drive& drive : fileSystemObject.Drives()) {
+    if (!CanBeScanned(drive)) continue;
+    const Text text = Concat(drive.volumeName, u" (", drive.path, u")");
+    Node* node = AddScopeNode(root, drive.path, text, kDriveImage, kDriveImage);
+    if (node != nullptr) node->Checked = true;
+  }
+}
+
+void LoadChildFolders(TextView key) {
+  constexpr size_t kDriveLength = 2;
+  Node* parent = frmPubMain.trvRes.NodeByKey(key);
+  if (parent == nullptr) return;
+  const Text path = key.size() == kDriveLength ? Concat(key, u"\\") : Text(key);
+  const auto folder = fileSystemObject.GetFolder(path);
+  if (!folder) return;
+  const auto subFolders = folder->SubFolders();
+  if (!subFolders) return;
+  for (const Folder& subFolder : *subFolders) {
+    const auto subPath = subFolder.Path();
+    const auto name = subFolder.Name();
+    if (subPath && name) AddScopeNode(parent, *subPath, *name, kFolderImage, kOpenFolderImage);
+  }
+}
+
+void PropagateCheckDown(const Node& node) {
+  for (Node* child = node.Child(); child != nullptr; child = child->Next()) {
+    child->Checked = node.Checked.Get();
+    PropagateCheckDown(*child);
+  }
+}
+
+void trvRes_NodeCheck(Node& node) {
+  if (node.Children() == 0) LoadChildFolders(node.Key);
+  PropagateCheckDown(node);
+}
+
+void trvRes_NodeClick(Node& node) {
+  trvRes_NodeCheck(node);
+  node.Expanded = !node.Expanded;
+}
+
+}  // namespace tavix::mdlPubSelf

@@ -1,0 +1,215 @@
+#include "catalogue/scope_tree.h"
+
+#include "frame/support/file_system_object.h"
+#include "support/program_test.h"
+
+namespace tavix::mdlPubSelf {
+namespace {
+
+class ScopeTree : public ProgramTest {
+ protected:
+  ScopeTree() {
+    for (const TextView folder : {u"D:\\Users\\Ann", u"D:\\Users\\Bob", u"D:\\apps", u"D:\\Windows"}) {
+      machine.files.AddFolder(folder);
+    }
+    machine.files.AddFile(u"D:\\boot.ini");
+    machine.files.AddFolder(u"E:\\Photos");
+    machine.facts.Set(u"Drives", u"D", u"2,System");
+    machine.facts.Set(u"Drives", u"E", u"1");
+    Start();
+  }
+
+  static TreeView& Tree() { return frmPubMain.trvRes; }
+  static Node& At(TextView key) { return *Tree().NodeByKey(key); }
+  static void Open() {
+    frmPubMain.picSystem.MouseUp(kLeftButton);
+    frmPubMain.picAdv.MouseUp(kLeftButton);
+  }
+  static void Click(TextView key) { Tree().NodeClick(At(key)); }
+  static void Check(TextView key, bool checked) { Tree().UserCheck(At(key), checked); }
+  static std::vector<Text> Keys() {
+    std::vector<Text> keys;
+    for (int i = 1; i <= Tree().NodeCount(); ++i) keys.push_back(Tree().NodeAt(i)->Key);
+    return keys;
+  }
+  static std::vector<Text> Ticked() {
+    std::vector<Text> keys;
+    for (int i = 1; i <= Tree().NodeCount(); ++i) {
+      if (Tree().NodeAt(i)->Checked) keys.push_back(Tree().NodeAt(i)->Key);
+    }
+    return keys;
+  }
+};
+
+using Texts = std::vector<Text>;
+
+TEST_F(ScopeTree, IsBuiltFromTheDrivesWhenThePageOpens) {
+  EXPECT_EQ(Tree().NodeCount(), 0);
+  Open();
+  EXPECT_EQ(Keys(), (Texts{u"Root", u"D:", u"E:"}));
+  EXPECT_EQ(At(u"Root").Caption, Text(u"My Computer"));
+  EXPECT_EQ(At(u"D:").Caption, Text(u"System (D:)"));
+  EXPECT_EQ(At(u"E:").Caption, Text(u" (E:)")) << "a drive without a name";
+  EXPECT_EQ(At(u"D:").Parent(), &At(u"Root"));
+  EXPECT_EQ(Ticked(), Keys());
+  EXPECT_TRUE(At(u"Root").Expanded);
+  EXPECT_FALSE(At(u"D:").Expanded);
+}
+
+TEST_F(ScopeTree, OffersDrivesByTypeAndReadiness) {
+  const struct {
+    TextView letter, fact;
+    bool offered;
+  } table[] = {{u"E", u"0,Unknown", true},          {u"F", u"1,Removable", true},  {u"G", u"2,Fixed", true},
+               {u"H", u"3,Network", false},         {u"I", u"4,Optical", false},   {u"J", u"5,Memory", true},
+               {u"K", u"2,Fixed,not ready", false}, {u"L", u"1,,not ready", false}};
+  for (const auto& row : table) {
+    machine.files.AddFolder(Concat(row.letter, u":\\x"));
+    machine.facts.Set(u"Drives", row.letter, row.fact);
+  }
+  Open();
+  for (const auto& row : table) {
+    EXPECT_EQ(Tree().NodeByKey(Concat(row.letter, u":")) != nullptr, row.offered) << Narrow(row.fact);
+  }
+}
+
+TEST_F(ScopeTree, IsBuiltAnewAtEachOpening) {
+  Open();
+  Click(u"D:");
+  Check(u"D:", false);
+  machine.facts.Set(u"Drives", u"E", u"1,,not ready");
+  Open();
+  EXPECT_EQ(Keys(), (Texts{u"Root", u"D:"}));
+  EXPECT_EQ(Ticked(), (Texts{u"Root", u"D:"}));
+}
+
+TEST_F(ScopeTree, AClickOnThePageInUseDoesNotBuildIt) {
+  Open();
+  Click(u"D:");
+  frmPubMain.picAdv.MouseUp(kLeftButton);
+  EXPECT_EQ(Tree().NodeCount(), 6);
+}
+
+TEST_F(ScopeTree, WithoutDrivesHasItsRootAlone) {
+  fileSystemObject = {};
+  Open();
+  EXPECT_EQ(Keys(), Texts{u"Root"});
+  Click(u"Root");
+  EXPECT_EQ(Keys(), Texts{u"Root"});
+  EXPECT_FALSE(At(u"Root").Expanded);
+}
+
+TEST_F(ScopeTree, AClickLoadsTheFoldersOnceAndFlipsEachTime) {
+  Open();
+  Click(u"D:");
+  EXPECT_EQ(Keys(), (Texts{u"Root", u"D:", u"E:", u"D:\\apps", u"D:\\Users", u"D:\\Windows"}));
+  EXPECT_TRUE(At(u"D:").Expanded);
+  machine.files.AddFolder(u"D:\\new");
+  Click(u"D:");
+  EXPECT_EQ(At(u"D:").Children(), 3) << "a second click finds children";
+  EXPECT_FALSE(At(u"D:").Expanded);
+  Click(u"D:");
+  EXPECT_TRUE(At(u"D:").Expanded);
+}
+
+TEST_F(ScopeTree, AFolderNodeHasPathNameAndPictures) {
+  frmPubMain.lst.BackColor = 0x112233;
+  frmPubMain.lst.ForeColor = 0x445566;
+  Open();
+  Click(u"D:");
+  Click(u"D:\\Users");
+  const Node& node = At(u"D:\\Users\\Ann");
+  EXPECT_EQ(node.Caption, Text(u"Ann"));
+  EXPECT_EQ(node.Image, 2);
+  EXPECT_EQ(node.SelectedImage, 3);
+  EXPECT_EQ(node.BackColor, Color{0x112233});
+  EXPECT_EQ(node.ForeColor, Color{0x445566});
+  EXPECT_EQ(node.Parent(), &At(u"D:\\Users"));
+}
+
+TEST_F(ScopeTree, LoadedFoldersTakeTheTickOfTheirParent) {
+  Open();
+  Check(u"D:", false);
+  EXPECT_EQ(Ticked(), (Texts{u"Root", u"E:"})) << "no rule leads upwards";
+  EXPECT_EQ(At(u"D:").Children(), 3) << "the tick has loaded them";
+  EXPECT_FALSE(At(u"D:").Expanded) << "but not opened";
+  Check(u"D:\\Users", true);
+  EXPECT_EQ(Ticked(), (Texts{u"Root", u"E:", u"D:\\Users", u"D:\\Users\\Ann", u"D:\\Users\\Bob"}));
+}
+
+TEST_F(ScopeTree, ATickGoesDownThroughAllThatIsLoaded) {
+  Open();
+  Click(u"D:");
+  Click(u"D:\\Users");
+  Check(u"Root", false);
+  EXPECT_EQ(Ticked(), Texts{});
+  Check(u"D:\\Users", true);
+  Check(u"D:\\Users\\Ann", false);
+  EXPECT_EQ(Ticked(), (Texts{u"D:\\Users", u"D:\\Users\\Bob"})) << "unticking a child leaves its parent";
+  Click(u"D:");
+  EXPECT_EQ(Ticked(), Texts{}) << "a click hands the tick down, too";
+}
+
+TEST_F(ScopeTree, ADriveGetsABackslashAndAFolderNone) {
+  Open();
+  machine.files.faults.Fail(u"List", u"D:\\Users");
+  Click(u"D:");
+  EXPECT_EQ(At(u"D:").Children(), 3);
+  Click(u"D:\\Users");
+  EXPECT_EQ(At(u"D:\\Users").Children(), 0);
+  machine.files.faults.Clear();
+  Click(u"D:\\Users");
+  EXPECT_EQ(At(u"D:\\Users").Children(), 2);
+}
+
+TEST_F(ScopeTree, AFolderThatCantBeReadOrHasGoneAddsNothing) {
+  Open();
+  Click(u"D:");
+  machine.files.faults.Fail(u"List", u"D:\\Windows");
+  Click(u"D:\\Windows");
+  machine.files.DeleteFolder(u"D:\\Users", true);
+  Click(u"D:\\Users");
+  Check(u"D:\\Users", false);
+  EXPECT_EQ(Keys(), (Texts{u"Root", u"D:", u"E:", u"D:\\apps", u"D:\\Users", u"D:\\Windows"}));
+  EXPECT_FALSE(At(u"D:\\Users").Checked);
+  EXPECT_TRUE(At(u"D:\\Users").Expanded) << "opened and closed all the same";
+}
+
+TEST_F(ScopeTree, AKeyThatNoNodeBearsAddsNothing) {
+  Open();
+  LoadChildFolders(u"D:\\Users");
+  LoadChildFolders(u"");
+  LoadChildFolders(u"d:");
+  EXPECT_EQ(Keys(), (Texts{u"Root", u"D:", u"E:"}));
+}
+
+TEST_F(ScopeTree, TheServicesGoneAddNothing) {
+  Open();
+  fileSystemObject = {};
+  Click(u"D:");
+  EXPECT_EQ(Keys(), (Texts{u"Root", u"D:", u"E:"}));
+}
+
+TEST_F(ScopeTree, ADeepChainOfFoldersIsTickedToItsEnd) {
+  Text path = u"E:";
+  for (int i = 0; i < 60; ++i) path += u"\\deep";
+  machine.files.AddFolder(path);
+  Open();
+  for (size_t end = 2; end < path.size(); end += 5) Click(path.substr(0, end));
+  ASSERT_NE(Tree().NodeByKey(path), nullptr);
+  EXPECT_TRUE(At(path).Checked);
+  Check(u"E:", false);
+  EXPECT_FALSE(At(path).Checked);
+}
+
+TEST_F(ScopeTree, ALinkIsAFolderLikeAnother) {
+  machine.files.AddLink(u"E:\\Photos\\back", u"E:\\Photos");
+  Open();
+  Click(u"E:");
+  Click(u"E:\\Photos");
+  Click(u"E:\\Photos\\back");
+  EXPECT_NE(Tree().NodeByKey(u"E:\\Photos\\back\\back"), nullptr);
+}
+
+}  // namespace
+}  // namespace tavix::mdlPubSelf
