@@ -1,0 +1,91 @@
+#include "advanced/advanced_walker.h"
+
+#include "advanced/folder_functions.h"
+#include "advanced/folder_reader.h"
+#include "advanced/path_text.h"
+#include "forms/main_form.h"
+#include "frame/support/file_system_object.h"
+#include "platform/event_queue.h"
+#include "scan/folder_chain.h"
+#include "scan/scan_driver.h"
+
+namespace tavix::mdlPubSelf {
+namespace {
+
+class AdvancedWalk {
+ public:
+  AdvancedWalk(TextView funcs, bool recurse) : funcs_(funcs), recurse_(recurse) {}
+
+  void Run(TextView folder) {
+    if (!EnterFirst(folder)) return;
+    // Painting isn't suspended any more once a folder further down was left.
+    while (chain_.Depth() > 0) {
+      if (chain_.GoToNext()) {
+        frmPubMain.lsvResult.PaintingSuspended = true;
+        if (!VisitFolder(WithSeparator(chain_.Path()))) Leave();
+      } else {
+        platform::Yield();
+        Leave();
+      }
+    }
+  }
+
+ private:
+  bool EnterFirst(TextView folder) {
+    if (!CancelRequested && !fileSystemObject.FolderExists(folder)) return false;
+    const Text asked = WithSeparator(folder);
+    const auto path =
+        fileSystemObject.GetFolder(asked).and_then([](const Folder& found) { return found.Path(); });
+    chain_.Enter(path.value_or(Text()));
+    return !path || VisitFolder(asked);
+  }
+
+  void Leave() {
+    chain_.Leave();
+    if (chain_.Depth() > 0) frmPubMain.lsvResult.PaintingSuspended = false;
+  }
+
+  // Only the root of a drive has a path this short, and it is never empty.
+  bool VisitFolder(const Text& shown) {
+    constexpr size_t kShortestJudged = 4;
+    if (CancelRequested) return true;
+    const Text path = chain_.Path();
+    const auto list = [this](const platform::EntryVisitor& see) { return chain_.List(see, {}); };
+    const FolderReader::Visit visit = reader_.Read(path, list, path.size() >= kShortestJudged);
+    if (!visit.empty && !visit.content.WasRead() && !fileSystemObject.FolderExists(path)) return false;
+    frmPubMain.lblProgS.Caption = Concat(u"Scanning in '", shown, u"', please wait...");
+    if (visit.empty) {
+      if (Holds(funcs_, kEmptyFoldersAndFiles)) AddEmptyFolderRow(path);
+      return true;
+    }
+    junk_.Update();
+    FolderFunctions(path, visit.content, funcs_).Run(junk_, system_);
+    if (recurse_) AddSubFolders(visit.content);
+    return true;
+  }
+
+  void AddSubFolders(const FolderContent& content) {
+    platform::DirectoryEntry entry;
+    entry.folder = true;
+    for (const FolderContent::SubFolder& subFolder : content.SubFolders()) {
+      entry.name = subFolder.name;
+      entry.link = subFolder.link;
+      chain_.AddSubFolder(entry);
+    }
+  }
+
+  const Text funcs_;
+  const bool recurse_;
+  FolderChain chain_;
+  FolderReader reader_;
+  JunkMatcher junk_;
+  FileNames system_;
+};
+
+}  // namespace
+
+void WalkAdvancedFolder(TextView folder, TextView funcs, bool recurse) {
+  AdvancedWalk(funcs, recurse).Run(folder);
+}
+
+}  // namespace tavix::mdlPubSelf

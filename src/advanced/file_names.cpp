@@ -1,0 +1,24 @@
+#include "advanced/file_names.h"
+
+#include "frame/support/file_system_object.h"
+#include "text/letter_case.h"
+
+namespace tavix::mdlPubSelf {
+
+bool FileNames::Hold(TextView folder, TextView name) {
+  if (!asked_ || folder_ != folder) Read(folder);
+  if (capitals_ && !capitals_->contains(ToUpper(name))) return false;
+  return fileSystemObject.FileExists(Concat(folder, u"\\", name));
+}
+
+void FileNames::Read(TextView folder) {
+  folder_ = folder;
+  asked_ = true;
+  capitals_.emplace();
+  const bool read = fileSystemObject.List(folder, [this](const platform::DirectoryEntry& entry) {
+    if (!entry.folder) capitals_->insert(ToUpper(entry.name));
+  });
+  if (!read) capitals_.reset();
+}
+
+}  // namespace tavix::mdlPubSelf

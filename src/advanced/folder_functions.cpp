@@ -1,0 +1,139 @@
+#include "advanced/folder_functions.h"
+
+#include "advanced/duplicate_store.h"
+#include "advanced/path_text.h"
+#include "forms/main_form.h"
+#include "frame/settings.h"
+#include "frame/support/file_system_object.h"
+#include "frame/support/pub_common.h"
+#include "frame/support/pub_system.h"
+#include "scan/calendar_days.h"
+#include "scan/result_items.h"
+#include "text/number.h"
+
+namespace tavix::mdlPubSelf {
+namespace {
+
+using File = FolderContent::File;
+
+constexpr TextView kZeroSize = u"0";
+
+// Lists the files that fit the patterns, in the order of their names.
+template <class Visitor>
+void VisitFileList(TextView path, TextView patterns, const FilePatterns& fit, const FolderContent& content,
+                   Visitor visit) {
+  frmPubMain.flb.Path = Text(path);
+  frmPubMain.flb.Pattern = Text(patterns);
+  for (size_t i = 0; i < content.FileCount(); ++i) {
+    const File file = content.FileAt(i);
+    if (fit.MatchCapitals(file.capitals)) visit(file);
+  }
+}
+
+// A limit that is no number is one that no file reaches.
+bool ReachesLeastSize(const File& file) {
+  const auto least = ToInteger16(LeastSize);
+  return file.known && least && file.size / 1024 >= *least;
+}
+
+}  // namespace
+
+bool Holds(TextView funcs, TextView function) { return funcs.contains(Concat(u"|", function, u"|")); }
+
+void AddEmptyFolderRow(TextView path) {
+  const TextView name = path.substr(path.find_last_of(u'\\') + 1);
+  AddResultItem(u"Empty Folder", name, kZeroSize, FolderOf(path), kNoSizeKey, u"P");
+}
+
+void FolderFunctions::Run(const JunkMatcher& junk, FileNames& system) {
+  // Nothing sets this, so no candidates are written: the function is offered and finds nothing.
+  bool CollectDuplicates = false;
+  if (Holds(funcs_, kJunkFiles)) FindJunk(junk);
+  if (Holds(funcs_, kDuplicateFiles) && OnlyCommon == u"Y" && CollectDuplicates) CollectCommonTypes();
+  if (Holds(funcs_, kInvalidShortcuts)) FindInvalidShortcuts();
+  if (Holds(funcs_, kRedundantDlls)) FindRedundantDlls(system);
+  TestEachFile(CollectDuplicates);
+}
+
+void FolderFunctions::Open(const File& file) {
+  if (!file.known) return;
+  file_ = file;
+  opened_ = true;
+}
+
+void FolderFunctions::AddFileRow(TextView type) const {
+  if (!opened_) {
+    AddResultItem(type, std::nullopt, std::nullopt, path_, std::nullopt, u"F");
+    return;
+  }
+  AddResultItem(type, file_.name, FormatSizeText(file_.size), path_, FormatSizeKey(file_.size), u"F");
+}
+
+// A name that fits patterns of two lists has a row for each.
+void FolderFunctions::FindJunk(const JunkMatcher& junk) {
+  for (size_t i = 0; i < junk.Lists().size(); ++i) {
+    VisitFileList(path_, junk.Patterns(i), junk.Lists()[i], content_, [&](const File& file) {
+      if (!junk.IsConfirmed(file.name)) return;
+      Open(file);
+      AddFileRow(u"Junk File");
+    });
+  }
+}
+
+void FolderFunctions::CollectCommonTypes() {
+  VisitFileList(path_, CommonTypes, FilePatterns(CommonTypes), content_, [this](const File& file) {
+    Open(file);
+    if (NeedLeast == u"Y" && !(opened_ && ReachesLeastSize(file_))) return;
+    WriteDuplicateCandidate(file.name, Concat(path_, u"\\", file.name));
+  });
+}
+
+// With no file opened there is nothing to be judged.
+void FolderFunctions::FindInvalidShortcuts() {
+  static const FilePatterns kShortcuts(u"*.lnk");
+  VisitFileList(path_, u"*.lnk", kShortcuts, content_, [this](const File& file) {
+    Open(file);
+    bool valid = true;
+    if (opened_) pubCommon.IsShortcutValid(PathBelow(path_, file_.name), valid);
+    if (!valid) AddFileRow(u"Invalid Shortcut");
+  });
+}
+
+void FolderFunctions::FindRedundantDlls(FileNames& system) {
+  static const FilePatterns kLibraries(u"*.dll");
+  constexpr int kSystemFolder = 9966;
+  VisitFileList(path_, u"*.dll", kLibraries, content_, [&](const File& file) {
+    Open(file);
+    Text folder;
+    pubSystem.GetSpecialFolder(kSystemFolder, folder);
+    if (!opened_ || !system.Hold(folder, file_.name)) return;
+    AddFileRow(u"Redundant DLL");
+  });
+}
+
+void FolderFunctions::TestEachFile(bool collectDuplicates) {
+  const Text lastAccessed = Concat(u"Last Accessed ", LastAccessedFile, u" Days Before");
+  const bool findEmpty = Holds(funcs_, kEmptyFoldersAndFiles);
+  const bool findOld = Holds(funcs_, lastAccessed);
+  const bool findDuplicates = OnlyCommon != u"Y" && Holds(funcs_, kDuplicateFiles);
+  if (!findEmpty && !findOld && !findDuplicates) return;
+  const auto days = ToInteger16(LastAccessedFile);
+  for (size_t i = 0; i < content_.FileCount(); ++i) {
+    file_ = content_.FileAt(i);
+    opened_ = file_.known;
+    if (findEmpty && opened_ && file_.size == 0) {
+      AddResultItem(u"Empty File", file_.name, kZeroSize, path_, kNoSizeKey, u"F");
+    }
+    if (findOld && opened_ && days) {
+      if (const auto since = CalendarDaysSince(file_.accessed); since && *since >= *days) {
+        AddFileRow(lastAccessed);
+      }
+    }
+    if (findDuplicates && OnlyCommon == u"N" && collectDuplicates &&
+        (NeedLeast == u"N" || (NeedLeast == u"Y" && ReachesLeastSize(file_)))) {
+      WriteDuplicateCandidate(file_.name, PathBelow(path_, file_.name));
+    }
+  }
+}
+
+}  // namespace tavix::mdlPubSelf

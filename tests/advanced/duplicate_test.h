@@ -1,0 +1,46 @@
+#pragma once
+
+#include "advanced/advanced_test.h"
+#include "frame/data_paths.h"
+
+namespace tavix::mdlPubSelf {
+
+// Duplicates whose store the tests fill themselves.
+class DuplicateTest : public AdvancedTest {
+ protected:
+  // A candidate file of the store.
+  void AddCandidates(TextView bucket, TextView name, std::initializer_list<TextView> paths) {
+    machine.files.AddFile(ScannedFile(bucket, name), {.content = Lines(paths)});
+  }
+  // A group of duplicates, behind what the file holds.
+  void AddGroup(TextView bucket, TextView name, std::initializer_list<TextView> paths) {
+    const Text file = GroupFile(bucket, name);
+    machine.files.AddFile(file, {.content = machine.files.ReadFile(file).value_or("") + Lines(paths)});
+  }
+  static Text ScannedFile(TextView bucket, TextView name) {
+    return Concat(kScannedFolder, u"\\", bucket, u"\\", name);
+  }
+  static Text GroupFile(TextView bucket, TextView name) {
+    return Concat(kComparedFolder, u"\\", bucket, u"\\", name);
+  }
+  static std::string Lines(std::initializer_list<TextView> paths) {
+    std::string lines;
+    for (const TextView path : paths) lines += Narrow(path) + "\r\n";
+    return lines;
+  }
+  // Files of so many kilobytes, all changed at the same time.
+  void AddCopies(std::initializer_list<std::pair<TextView, int>> copies) {
+    for (const auto& [path, kilobytes] : copies) AddFile(path, kilobytes);
+  }
+};
+
+constexpr Color kKeptColor = 56 | 109 << 8 | 181 << 16;
+
+// The rows of a group: the first one isn't ticked.
+inline std::vector<RowFields> Group(std::initializer_list<RowFields> members) {
+  std::vector<RowFields> rows = members;
+  if (!rows.empty()) rows.front().checked = false;
+  return rows;
+}
+
+}  // namespace tavix::mdlPubSelf
