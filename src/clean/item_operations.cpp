@@ -1,0 +1,117 @@
+#include "clean/item_operations.h"
+
+#include "clean/action_string.h"
+#include "forms/main_form.h"
+#include "forms/type_form.h"
+#include "frame/support/pub_common.h"
+#include "frame/support/pub_registry.h"
+#include "frame/support/pub_system.h"
+#include "scan/result_items.h"
+
+namespace tavix::mdlPubSelf {
+namespace {
+
+constexpr int kExecute = 0;
+constexpr int kOpen = 1;
+constexpr int kProperties = 2;
+constexpr int kInvertCheck = 3;
+
+constexpr int kMaximized = 3;
+constexpr int kMostOpened = 10;
+
+// The fields of a row, taken before anything is started: starting can let the user interface run.
+struct SelectedRow {
+  Text tag;
+  Text location;
+  Text path;  // location and name
+};
+
+SelectedRow ReadRow(const ListView::Item& item) {
+  const TextView location = item.SubItems(kLocationColumn);
+  return {Text(item.Tag()), Text(location), Concat(location, u"\\", item.SubItems(kNameColumn))};
+}
+
+bool IsKind(TextView tag, std::initializer_list<Variant> kinds) {
+  bool found = false;
+  pubCommon.InArray(ReadAction(tag).kind, kinds, found);
+  return found;
+}
+
+bool IsFileOrFolder(TextView tag) { return IsKind(tag, {u"F", u"DUR", u"P"}); }
+bool IsInRegistry(TextView tag) { return IsKind(tag, {u"RK", u"RI", u"RIs"}); }
+
+// Hive and key of a payload that names a value.
+Text KeyOfValue(TextView payload) {
+  const auto fields = Split(Trim(payload), u", ");
+  return fields.size() < 2 ? Text() : Concat(fields[0], u"\\", fields[1]);
+}
+
+Text JoinFields(TextView payload) {
+  Text path;
+  for (const TextView field : Split(payload, u", ")) path.append(field).append(u"\\");
+  if (!path.empty()) path.pop_back();
+  return path;
+}
+
+// The key of a row, hive included, as the registry editor writes it. The payload of a key keeps its blanks.
+Text KeyPath(TextView tag) {
+  const auto parts = Split(tag, u": ");
+  if (parts.size() < 2) return {};
+  if (parts[0] == u"RK") return JoinFields(parts[1]);
+  if (parts[0] == u"RI") return KeyOfValue(parts[1]);
+  const auto values = SplitRegistryTargets(Trim(parts[1]));
+  return values.empty() ? Text() : KeyOfValue(values[0]);
+}
+
+// The registry editor opens where it was closed last. One that runs is ended first, since it would write
+// down its own place at its end.
+void OpenRegistryEditor(TextView keyPath) {
+  if (platform::shell != nullptr) platform::shell->RunHidden(u"ntsd -c q -pn regedit.exe cmd.exe");
+  int status = 0;
+  pubRegistry.WriteValue(1, platform::Hive::CurrentUser,
+                         u"Software\\Microsoft\\Windows\\CurrentVersion\\Applets\\Regedit", u"LastKey",
+                         keyPath, status);
+  pubSystem.RunTarget(u"regedit.exe", kMaximized);
+}
+
+void InvertChecks() {
+  for (int row = 1; row <= ResultCount(); ++row) {
+    ListView::Item item = frmPubMain.lsvResult.Row(row);
+    item.SetChecked(!item.Checked());
+  }
+}
+
+void Serve(int index, const SelectedRow& row) {
+  if (index == kExecute) {
+    pubSystem.OpenPath(row.path, kMaximized);
+  } else if (index == kOpen) {
+    pubSystem.OpenPath(row.location, kMaximized);
+  } else if (index == kProperties) {
+    pubSystem.ShowFileProperties(frmPubMain.hWnd, row.path);
+  }
+}
+
+}  // namespace
+
+void sbtToolbar_Click(int index) {
+  if (index == kInvertCheck) return InvertChecks();
+  int opened = 0;
+  for (int position = 1; position <= ResultCount(); ++position) {
+    const ListView::Item item = frmPubMain.lsvResult.Row(position);
+    if (!item.Selected()) continue;
+    const SelectedRow row = ReadRow(item);
+    if (index == kOpen && IsInRegistry(row.tag)) return OpenRegistryEditor(KeyPath(row.tag));
+    if (!IsFileOrFolder(row.tag)) continue;
+    if (opened >= kMostOpened) return;
+    Serve(index, row);
+    ++opened;
+  }
+}
+
+void lsvResult_MouseUp(int button) {
+  if (button != kRightButton) return;
+  frmPubType.LoadOnce();
+  frmPubType.menr.Popup();
+}
+
+}  // namespace tavix::mdlPubSelf
