@@ -1,0 +1,84 @@
+#include "options/option_pages.h"
+
+#include "forms/main_form.h"
+#include "forms/options_form.h"
+#include "forms/sort_by_header.h"
+#include "frame/messages.h"
+#include "frame/support/file_system_object.h"
+#include "frame/support/pub_system.h"
+#include "options/options_page_tree.h"
+#include "platform/dialogs.h"
+
+namespace tavix::mdlPubSelf {
+namespace {
+
+// The answer without blanks around it; empty when there is none.
+Text Ask(TextView promptKey, TextView offered) {
+  if (platform::dialogs == nullptr) return {};
+  return Text(Trim(platform::dialogs->InputBox(GetMessageText(promptKey), offered).value_or(u"")));
+}
+
+// Empty when none is chosen.
+Text ChooseFolder(TextView title) {
+  Text folder;
+  pubSystem.BrowseForFolder(frmPubOptions.hWnd, title, folder);
+  return folder;
+}
+
+void AddFolder() {
+  const Text folder = ChooseFolder(GetMessageText(u"EXCEPT_FOLDER"));
+  if (folder.empty()) return;
+  const Text description = Ask(u"INPUT_DESC", {});
+  frmPubOptions.lsvOO.Add(folder).SetSubItems(1, description);
+}
+
+void DeleteFolders() {
+  ListView& list = frmPubOptions.lsvOO;
+  for (int row = list.Count(); row >= 1; --row) {
+    if (list.Row(row).Selected()) list.Remove(row);
+  }
+}
+
+}  // namespace
+
+void cbxDF_Click(int index) {
+  constexpr int kNeedLeast = 3;
+  if (index == kNeedLeast) frmPubOptions.txtDFSS.Enabled = frmPubOptions.cbxDF[kNeedLeast].Value != 0;
+}
+
+void optDF_Click(int index) {
+  const bool common = index == 1;
+  frmPubOptions.lstDF.Enabled = common;
+  for (Button& button : frmPubOptions.sbtDF) button.Enabled = common;
+}
+
+void optCM_Click(int index) {
+  OptionsForm& form = frmPubOptions;
+  const bool move = index == 2;
+  form.txtDF.Enabled = move;
+  form.sbtCM.Enabled = move;
+  form.txtDF.BackColor = move ? frmPubMain.lst.BackColor.Get() : kButtonFace;
+}
+
+void sbtCM_Click() {
+  Text folder = ChooseFolder(u"Specify Backup Folder");
+  if (!folder.empty()) frmPubOptions.txtDF.Text = std::move(folder);
+}
+
+void txtDF_GotFocus() { frmPubOptions.txtDF.SelectAll(); }
+
+void txtDF_LostFocus() {
+  TextBox& box = frmPubOptions.txtDF;
+  const TextView folder = Trim(box.Text.Get());
+  if (!box.Enabled || fileSystemObject.FolderExists(folder)) return;
+  Inform(Concat(u"'", folder, u"' does not exists, please specify another."));
+  ShowOptionsPage(kCleaningMethodPage);
+  frmPubOptions.ActiveControl = &box;
+  box.SelectAll();
+}
+
+void sbtOO_Click(int index) { index == 0 ? AddFolder() : DeleteFolders(); }
+
+void lsvOO_ColumnClick(int header) { SortByHeader(frmPubOptions.lsvOO, header); }
+
+}  // namespace tavix::mdlPubSelf

@@ -1,0 +1,132 @@
+#pragma once
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <iterator>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "forms/options_form.h"
+#include "forms/type_form.h"
+#include "frame/data_paths.h"
+#include "frame/messages.h"
+#include "frame/settings.h"
+#include "platform/dialogs.h"
+#include "support/program_test.h"
+
+namespace tavix::mdlPubSelf {
+
+// The program started over a machine in memory, with the English texts beside it, and a user before the
+// options window.
+class OptionsTest : public ProgramTest {
+ protected:
+  OptionsTest() {
+    machine.facts.Set(u"Environment", u"WinDir", u"C:\\WINDOWS");
+    machine.facts.Set(u"Temporary Folders", u"User", u"C:\\Temp");
+    machine.facts.Set(u"Temporary Folders", u"System", u"C:\\WINDOWS\\Temp");
+    machine.facts.Set(u"Folders", u"32", u"C:\\Cache");
+    machine.facts.Set(u"Folders", u"33", u"C:\\Cookies");
+    machine.files.AddFolder(u"C:\\TVXBak");
+    UseLanguage("en");
+  }
+
+  void UseLanguage(const char* language) {
+    const std::filesystem::path folder = std::filesystem::path(TAVIX_SOURCE_DIR) / "res" / "lang" / language;
+    for (const auto& [name, catalogue] :
+         {std::pair("tips.dll", TextCatalogue()), {"menus.dll", MenuCatalogue()}}) {
+      std::ifstream file(folder / name, std::ios::binary);
+      machine.files.AddFile(catalogue, {.content = std::string(std::istreambuf_iterator<char>(file), {})});
+    }
+  }
+
+  // The program runs and the window is open at a page.
+  void Open(int16_t page = 1) {
+    if (!frmPubMain.Loaded) Start();
+    WireTypeWindow();
+    frmPubOptions.piPage = page;
+    frmPubOptions.LoadOnce();
+    frmPubOptions.Resize();
+  }
+  static void Close() {
+    frmPubOptions.sbtClose.Click();
+    frmPubOptions.Loaded = false;
+  }
+
+  // The window that asks for a type is shown, the user does this in it and it is closed.
+  void InTypeWindow(std::function<void()> user) { inTypeWindow_ = std::move(user); }
+  static void EnterType(TextView description, TextView pattern) {
+    frmPubType.txt[0].Text = Text(description);
+    frmPubType.txt[1].Text = Text(pattern);
+  }
+
+  // The focus goes from a box to another control, which gets it before the box hears that it is gone.
+  static void Leave(TextBox& box, Control& to = frmPubOptions.sbtSave) {
+    frmPubOptions.ActiveControl = &to;
+    box.LostFocus();
+  }
+  // Keys pressed in a box with all its text selected.
+  static void Type(TextBox& box, TextView keys) {
+    box.GotFocus();
+    Text text = box.SelLength == static_cast<int>(box.Text.Get().size()) ? Text() : box.Text.Get();
+    for (int key : keys) {
+      box.KeyPress(key);
+      if (key != 0) text += static_cast<char16_t>(key);
+    }
+    box.Text = text;
+  }
+
+  // Texts and styles of the message boxes so far.
+  std::vector<std::pair<Text, int>> Messages() {
+    std::vector<std::pair<Text, int>> messages;
+    for (const machine::JournalEntry& entry : machine.journal.Entries()) {
+      if (entry.op != u"MsgBox") continue;
+      messages.emplace_back(entry.Get(u"text"), std::get<int>(entry.arguments[1].second));
+    }
+    return messages;
+  }
+  static std::pair<Text, int> Information(TextView text) { return {Text(text), platform::kInformation}; }
+  static std::pair<Text, int> InformationOf(TextView key) { return Information(GetMessageText(key)); }
+
+  std::string File(TextView path) { return machine.files.ReadFile(path).value_or("missing"); }
+  std::string SettingsFile() { return File(kSettingsFile); }
+  void WriteSettings(std::string content) {
+    machine.files.AddFile(kSettingsFile, {.content = std::move(content)});
+  }
+  void WriteUserTypes(std::string content) {
+    machine.files.AddFile(kUserJunkFile, {.content = std::move(content)});
+  }
+
+  static int JunkRow(TextView pattern) {
+    ListView& list = frmPubOptions.lsvJF;
+    for (int row = 1; row <= list.Count(); ++row) {
+      if (list.Row(row).SubItems(1) == pattern) return row;
+    }
+    return 0;
+  }
+  // The user clicks on rows of the list of junk types, the first one alone and the others with Ctrl.
+  static void ClickTypes(std::initializer_list<TextView> patterns) {
+    ListView& list = frmPubOptions.lsvJF;
+    list.SelectAll(false);
+    for (const TextView pattern : patterns) {
+      list.FocusRow(JunkRow(pattern));
+      list.Row(JunkRow(pattern)).SetSelected(true);
+      list.ItemClick();
+    }
+  }
+
+ private:
+  void WireTypeWindow() {
+    frmPubType.ShowModal = [this] {
+      frmPubType.LoadOnce();
+      if (inTypeWindow_) inTypeWindow_();
+      frmPubType.Loaded = false;
+    };
+  }
+
+  std::function<void()> inTypeWindow_;
+};
+
+}  // namespace tavix::mdlPubSelf
