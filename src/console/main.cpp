@@ -5,8 +5,11 @@
 #include "console/live.h"
 #include "console/options.h"
 #include "console/session.h"
+#include "console/unattended.h"
+#include "forms/product.h"
 #include "platform/machine/machine_clock.h"
 #include "platform/machine/machine_host.h"
+#include "platform/network.h"
 #include "text/utf8.h"
 
 namespace {
@@ -39,6 +42,10 @@ int RunOverSystem(const console::Options& options) {
   std::string error;
   const auto system = console::UseLiveSystem(error);
   if (system == nullptr) return Fail(kWrongArguments, error);
+  console::UnattendedDialogs unattended;
+  platform::dialogs = &unattended;
+  // Nobody is there to be offered a new version.
+  platform::network = nullptr;
   machine::StandingClock standing(options.now.value_or(0));
   if (options.now) platform::clock = &standing;
   return Finish(console::RunSession(options, error), error);
@@ -51,6 +58,6 @@ int main(int count, char** values) {
   const auto options = console::ReadOptions(console::Arguments(count, values), error);
   if (!options) return Fail(kWrongArguments, error);
   if (options->help) return std::fputs(console::kHelp, stdout) < 0 ? 1 : 0;
-  if (options->version) return std::puts("tavix-console " TAVIX_VERSION) < 0 ? 1 : 0;
+  if (options->version) return std::puts(("tavix-console " + ToUtf8(kProductVersion)).c_str()) < 0 ? 1 : 0;
   return options->live ? RunOverSystem(*options) : RunOverFolder(*options);
 }

@@ -16,9 +16,12 @@ const char* const kHelp =
        tavix-console --live [options]          over the system it runs on (Windows)
 
   --page NAME          privacy (default), system, registry, advanced: opens that page and presses Scan
-  --one-click          presses the one-click picture, the question answered with Yes
-  --function KEY       only these functions are ticked (repeatable)
-  --scope KEY          Advanced page: a drive or folder to scan (repeatable)
+  --one-click          presses the one-click picture instead, the question answered with Yes: what the
+                       setting One-click Clean/Repair/Functions names is scanned and cleaned
+  --function KEY       only these functions are ticked: a key of the Privacy page, the caption on the
+                       others (repeatable)
+  --scope KEY          Advanced page: only these drives and folders are ticked, such as C: or
+                       C:\Users\Ann (repeatable)
   --set "S/K=V"        writes a setting after start-up and loads the settings anew (repeatable)
   --untick N, --tick N the mark of result row N, after the scan (repeatable)
   --clean              presses Clean (Repair on the Registry page) after the scan
@@ -78,7 +81,6 @@ std::string SetPage(Options& options, const std::string& value) {
   if (std::ranges::find(kPages, value) == kPages.end()) {
     return "is no page (privacy, system, registry, advanced)";
   }
-  if (value != "privacy") return "is not there yet";
   options.page = *FromUtf8(value);
   return {};
 }
@@ -108,8 +110,6 @@ std::string AddMark(Options& options, const std::string& value, bool checked) {
   return {};
 }
 
-std::string NotThereYet(Options&, const std::string&) { return "is not there yet"; }
-
 const OptionRule kRules[] = {
     {"--machine", true, false,
      [](Options& o, const std::string& v) {
@@ -118,9 +118,9 @@ const OptionRule kRules[] = {
      }},
     {"--live", false, false, [](Options& o, const std::string&) { return Flag(o.live); }},
     {"--page", true, false, SetPage},
-    {"--one-click", false, false, NotThereYet},
+    {"--one-click", false, false, [](Options& o, const std::string&) { return Flag(o.oneClick); }},
     {"--function", true, true, [](Options& o, const std::string& v) { return AppendText(o.functions, v); }},
-    {"--scope", true, true, NotThereYet},
+    {"--scope", true, true, [](Options& o, const std::string& v) { return AppendText(o.scopes, v); }},
     {"--set", true, true, AddSetting},
     {"--untick", true, true, [](Options& o, const std::string& v) { return AddMark(o, v, false); }},
     {"--tick", true, true, [](Options& o, const std::string& v) { return AddMark(o, v, true); }},
@@ -130,6 +130,17 @@ const OptionRule kRules[] = {
     {"--help", false, false, [](Options& o, const std::string&) { return Flag(o.help); }},
     {"--version", false, false, [](Options& o, const std::string&) { return Flag(o.version); }},
 };
+
+// Options that contradict each other. The result is the reason, or nothing.
+std::string Contradiction(const Options& options) {
+  if (options.machine.has_value() == options.live) {
+    return options.live ? "--machine and --live exclude each other" : "--machine DIR or --live is missing";
+  }
+  if (options.oneClick && !options.functions.empty()) return "--one-click and --function exclude each other";
+  if (options.oneClick && !options.scopes.empty()) return "--one-click and --scope exclude each other";
+  if (!options.scopes.empty() && options.page != u"advanced") return "--scope needs --page advanced";
+  return {};
+}
 
 }  // namespace
 
@@ -159,10 +170,8 @@ std::optional<Options> ReadOptions(const std::vector<std::string>& arguments, st
     }
   }
   if (options.help || options.version) return options;
-  if (options.machine.has_value() == options.live) {
-    error = options.live ? "--machine and --live exclude each other" : "--machine DIR or --live is missing";
-    return std::nullopt;
-  }
+  error = Contradiction(options);
+  if (!error.empty()) return std::nullopt;
   return options;
 }
 

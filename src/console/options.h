@@ -17,7 +17,9 @@ struct Options {
   std::optional<std::string> machine;  // path of a machine folder, UTF-8
   bool live = false;
   Text page = u"privacy";
+  bool oneClick = false;
   std::vector<Text> functions;
+  std::vector<Text> scopes;
   struct Setting {
     Text section, key, value;
   };

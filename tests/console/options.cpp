@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "text/utf8.h"
+
 namespace tavix::console {
 namespace {
 
@@ -88,10 +90,35 @@ TEST(ConsoleOptions, MarksKeepTheirOrder) {
   }
 }
 
-TEST(ConsoleOptions, WhatIsToComeSaysSo) {
-  EXPECT_EQ(ErrorOf({"--live", "--page", "system"}), "--page 'system' is not there yet");
-  EXPECT_EQ(ErrorOf({"--live", "--one-click"}), "--one-click is not there yet");
-  EXPECT_EQ(ErrorOf({"--live", "--scope", "C:"}), "--scope 'C:' is not there yet");
+TEST(ConsoleOptions, ReadsEachPageAndScopes) {
+  std::string error;
+  for (const TextView page : {u"privacy", u"system", u"registry", u"advanced"}) {
+    EXPECT_EQ(ReadOptions({"--live", "--page", ToUtf8(page)}, error)->page, page);
+  }
+  EXPECT_EQ(ReadOptions({"--live"}, error)->page, u"privacy");
+  const auto options = ReadOptions(
+      {"--live", "--scope", "C:", "--page", "advanced", "--scope", "C:\\Users\\J\xC3\xBCrgen"}, error);
+  ASSERT_TRUE(options.has_value()) << error;
+  EXPECT_EQ(options->scopes, (std::vector<Text>{u"C:", u"C:\\Users\\J\u00FCrgen"}));
+  for (const char* wrong : {"", "System", "one-click", "privacy "}) {
+    EXPECT_EQ(ErrorOf({"--live", "--page", wrong}),
+              std::string("--page '") + wrong + "' is no page (privacy, system, registry, advanced)");
+  }
+}
+
+TEST(ConsoleOptions, AScopeNeedsTheAdvancedPage) {
+  EXPECT_EQ(ErrorOf({"--live", "--scope", "C:"}), "--scope needs --page advanced");
+  EXPECT_EQ(ErrorOf({"--live", "--page", "system", "--scope", "C:"}), "--scope needs --page advanced");
+}
+
+TEST(ConsoleOptions, OneClickHasItsFunctionsFromTheSettings) {
+  std::string error;
+  EXPECT_FALSE(ReadOptions({"--live"}, error)->oneClick);
+  EXPECT_TRUE(ReadOptions({"--live", "--one-click", "--page", "system", "--clean"}, error)->oneClick);
+  EXPECT_EQ(ErrorOf({"--live", "--one-click", "--function", "iec"}),
+            "--one-click and --function exclude each other");
+  EXPECT_EQ(ErrorOf({"--live", "--one-click", "--page", "advanced", "--scope", "C:"}),
+            "--one-click and --scope exclude each other");
 }
 
 }  // namespace
