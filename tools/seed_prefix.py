@@ -36,7 +36,9 @@ def copy_tree(source, target, names):
         if entry.is_dir() and not entry.is_symlink():
             copy_tree(entry, at, names)
         elif not os.path.lexists(at):
+            times = entry.lstat()  # copying reads, which makes it a file that was used just now
             shutil.copy2(entry, at, follow_symlinks=False)
+            os.utime(at, ns=(times.st_atime_ns, times.st_mtime_ns), follow_symlinks=False)
 
 
 def profiles(machine, prefix):
