@@ -1,0 +1,90 @@
+#include <cstdint>
+#include <cstdlib>
+
+#include "forms/main_form.h"
+#include "frame/support/pub_registry.h"
+#include "platform/machine/machine_registry.h"
+#include "scan/registry_list.h"
+#include "scan/result_items.h"
+#include "scan/substring_index.h"
+
+namespace {
+
+using namespace tavix;
+
+constexpr TextView kKey = u"k";
+
+void Require(bool holds) {
+  if (!holds) std::abort();
+}
+
+Text Join(const std::vector<TextView>& pieces, TextView separator) {
+  Text joined;
+  for (size_t i = 0; i < pieces.size(); ++i) {
+    if (i > 0) joined += separator;
+    joined += pieces[i];
+  }
+  return joined;
+}
+
+std::optional<Text> ShowName(const mdlPubSelf::RegistryEntry& entry) { return Text(entry.Name); }
+
+// Every piece of the folded text is one row.
+void ScanList(mdlPubSelf::RegistryEntries entries, const std::vector<TextView>& pieces) {
+  mdlPubSelf::ClearResults();
+  const mdlPubSelf::RegistryList list[] = {{.Status = u"",
+                                            .Hive = platform::Hive::CurrentUser,
+                                            .Root = kKey,
+                                            .Entries = entries,
+                                            .Test = ShowName,
+                                            .Type = u"t",
+                                            .Location = u"l"}};
+  mdlPubSelf::ScanRegistryLists(list);
+  Require(mdlPubSelf::ResultCount() == static_cast<int>(pieces.size()));
+  if (entries == mdlPubSelf::RegistryEntries::Values) return;
+  for (size_t i = 0; i < pieces.size(); ++i) {
+    const TextView name = frmPubMain.lsvResult.Row(static_cast<int>(i) + 1).SubItems(mdlPubSelf::kNameColumn);
+    Require(name == pieces[i]);
+  }
+}
+
+}  // namespace
+
+// Lines are names and data in turn, of values and of subkeys, whatever separators they hold.
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+  constexpr size_t kMost = 1000;
+  const Text input(data, data + std::min(size, kMost));
+  machine::MachineRegistry registry;
+  const auto lines = Split(input, u"\n");
+  for (size_t i = 0; i < lines.size(); ++i) {
+    registry.WriteString(platform::Hive::CurrentUser, kKey, lines[i],
+                         i + 1 < lines.size() ? lines[i + 1] : u"");
+    if (lines[i].find(u'\\') == TextView::npos) {
+      registry.MakeKey(platform::Hive::CurrentUser, Concat(kKey, u"\\", lines[i]));
+    }
+  }
+  mdlPubSelf::pubRegistry = clsPubRegistry(&registry);
+  Text folded;
+  mdlPubSelf::pubRegistry.EnumSubKeys(platform::Hive::CurrentUser, kKey, folded);
+  auto pieces = Split(folded, clsPubRegistry::kSubKeySeparator);
+  Require(Join(pieces, clsPubRegistry::kSubKeySeparator) == folded);
+  ScanList(mdlPubSelf::RegistryEntries::SubKeys, pieces);
+
+  mdlPubSelf::SubstringIndex index(folded);
+  for (const TextView line : lines) {
+    Require(index.Contains(line) == (line.empty() ? !folded.empty() : folded.find(line) != Text::npos));
+  }
+
+  for (const bool values : {false, true}) {
+    if (values) {
+      mdlPubSelf::pubRegistry.EnumValues(platform::Hive::CurrentUser, kKey, folded);
+    } else {
+      mdlPubSelf::pubRegistry.EnumValueNames(platform::Hive::CurrentUser, kKey, folded);
+    }
+    pieces = Split(folded, clsPubRegistry::kItemSeparator);
+    Require(Join(pieces, clsPubRegistry::kItemSeparator) == folded);
+    ScanList(values ? mdlPubSelf::RegistryEntries::Values : mdlPubSelf::RegistryEntries::ValueNames, pieces);
+  }
+  mdlPubSelf::pubRegistry = {};
+  return 0;
+}
