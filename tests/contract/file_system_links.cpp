@@ -93,6 +93,12 @@ TEST_P(FileSystemContract, FollowsALinkToItsOwnFolder) {
   EXPECT_EQ(Names(), std::vector<Text>());
 }
 
+TEST_P(FileSystemContract, TellsTheFolderThatALinkLeadsTo) {
+  Make(u"f");
+  MAKE_LINK(u"link", In(u"f"), true);
+  EXPECT_EQ(files.FolderIdentity(In(u"link")), files.FolderIdentity(In(u"f")));
+}
+
 TEST_P(FileSystemContract, FollowsRelativeLinks) {
   Make(u"f");
   Make(u"f\\g");

@@ -74,6 +74,51 @@ TEST_P(FileSystemContract, ListsInTheOrderOfTheCapitals) {
   EXPECT_EQ(Names(), (std::vector<Text>{u"a.txt", u"Aa", u"A_", u"b", u"M\\", u"Z", u"zz", u"Ä"}));
 }
 
+TEST_P(FileSystemContract, ListsOfTheFilesTheWantedOnes) {
+  for (const TextView name : {u"a.log", u"b.txt", u"C.LOG"}) Write(name);
+  Make(u"folder.txt");
+  std::vector<Text> names;
+  const auto visit = [&names](const DirectoryEntry& entry) { names.emplace_back(entry.name); };
+  EXPECT_TRUE(files.List(stage->Place(), visit, [](TextView name) { return !name.ends_with(u".txt"); }));
+  EXPECT_EQ(names, (std::vector<Text>{u"a.log", u"C.LOG", u"folder.txt"})) << "folders are always wanted";
+}
+
+TEST_P(FileSystemContract, GoesFromOpenFolderToOpenFolder) {
+  Make(u"f");
+  Make(u"f\\g");
+  Write(u"f\\g\\a");
+  const auto place = files.Open(stage->Place());
+  ASSERT_NE(place, nullptr);
+  const auto folder = place->Open(u"f");
+  ASSERT_NE(folder, nullptr);
+  const auto below = folder->Open(u"g");
+  ASSERT_NE(below, nullptr);
+  std::vector<Text> names;
+  const auto visit = [&names](const DirectoryEntry& entry) { names.emplace_back(entry.name); };
+  EXPECT_TRUE(below->List(visit, {}));
+  EXPECT_EQ(names, std::vector<Text>{u"a"});
+  const auto lists = [&](std::unique_ptr<platform::OpenFolder> opened) {
+    return opened != nullptr && opened->List([](const DirectoryEntry&) {}, {});
+  };
+  EXPECT_FALSE(lists(folder->Open(u"none")));
+  EXPECT_FALSE(lists(below->Open(u"a")));
+  EXPECT_FALSE(lists(files.Open(In(u"none"))));
+  EXPECT_FALSE(lists(files.Open(u"relative")));
+}
+
+TEST_P(FileSystemContract, TellsWhetherTwoPathsLeadToOneFolder) {
+  Make(u"f");
+  Make(u"g");
+  Write(u"file");
+  const auto identity = files.FolderIdentity(In(u"f"));
+  ASSERT_TRUE(identity);
+  EXPECT_EQ(files.FolderIdentity(In(u"F\\..\\f\\")), identity);
+  EXPECT_NE(files.FolderIdentity(In(u"g")), identity);
+  EXPECT_FALSE(files.FolderIdentity(In(u"none")));
+  EXPECT_FALSE(files.FolderIdentity(In(u"file")));
+  EXPECT_FALSE(files.FolderIdentity(u""));
+}
+
 TEST_P(FileSystemContract, ListsWhatLookTells) {
   Write(u"file", std::string(5000, 'x'));
   Make(u"folder");

@@ -62,7 +62,7 @@ def names():
              "x.12~", "x.1~", "x.~1~", "x.$db", "x.db$", "x.tmp.old", "readme", "photo.jpg", ".tmp", "tmp",
              "notepad.exe-1.pf", "x.a$b", "x.$", "x.a$", "x.^", "x.^a", "FILE0000.CHK", "file1.chk"]
     for pattern in PATTERNS:
-        for _ in range(3):
+        for _ in range(2):
             found += examples(pattern, draw)
     unique = {}
     for name in found:

@@ -281,12 +281,11 @@ TEST_F(Walkers, AFileThatCannotBeOpenedIsShownWithTheSizeOfTheOneBefore) {
   machine.files.faults.Fail(u"Look", u"C:\\T\\sub\\f.tmp");
   WalkFolderByPattern(u"C:\\T", u"t", u"*.tmp");
   const RowFields none = {u"t", u"a.tmp", u"", u"C:\\T", u"", u"F", true};
-  RowFields first = none;
   RowFields other = none;
   other.name = u"f.tmp";
   other.location = u"C:\\T\\sub";
   EXPECT_EQ(ResultRows(),
-            (std::vector{first, FileRow(u"t", u"C:\\T", u"b.tmp", 2), FileRow(u"t", u"C:\\T", u"c.tmp", 2),
+            (std::vector{none, FileRow(u"t", u"C:\\T", u"b.tmp", 2), FileRow(u"t", u"C:\\T", u"c.tmp", 2),
                          FileRow(u"t", u"C:\\T", u"d.tmp", 4), FileRow(u"t", u"C:\\T", u"e.tmp", 4), other}))
       << "each folder begins without an object";
 }

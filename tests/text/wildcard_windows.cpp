@@ -53,27 +53,32 @@ constexpr TextView kNames[] = {u"a",      u"ab",    u"abc",     u"a.b",      u"a
                                u"A2.LOG", u".log",  u"README",  u"a.tar.gz", u"file0001._dd", u"file12._dd",
                                u"log",    u"b.txt", u"x y.txt", u"abcd.txt", u"file._dd",     u"chklist.ms"};
 
-// A question mark right before a dot or at the end stands for nothing as well on Windows itself; where the
-// system at hand wants a character for each, only patterns without one are compared.
 constexpr TextView kPatterns[] = {u"*",          u"*.*",   u"*.log", u"*.LOG",    u"a*",
                                   u"*.txt",      u"*.b.c", u"a.b",   u"*a*",      u"*.tar.gz",
                                   u"chklist.m*", u"*._dd", u"x y.*", u"nothing*", u"*c"};
 constexpr TextView kWithQuestionMarks[] = {u"?",    u"a?c",          u"???", u"???.txt",
                                            u"a???", u"file????._dd", u"?.b"};
 
+void Compare(const Folder& folder, TextView pattern) {
+  std::set<Text> fit;
+  for (const TextView name : kNames) {
+    if (FilePatterns(pattern).Match(name)) fit.emplace(name);
+  }
+  EXPECT_EQ(fit, folder.Find(pattern)) << ToUtf8(pattern);
+}
+
 TEST(FilePatterns, AgreeWithTheSearchOfTheSystem) {
   const Folder folder;
   for (const TextView name : kNames) ASSERT_TRUE(folder.Make(name)) << ToUtf8(name);
-  const auto compare = [&folder](TextView pattern) {
-    std::set<Text> fit;
-    for (const TextView name : kNames) {
-      if (FilePatterns(pattern).Match(name)) fit.emplace(name);
-    }
-    EXPECT_EQ(fit, folder.Find(pattern)) << ToUtf8(pattern);
-  };
-  for (const TextView pattern : kPatterns) compare(pattern);
+  for (const TextView pattern : kPatterns) Compare(folder, pattern);
+}
+
+// One before a dot or at the end of a name may stand for nothing. Not every system of this kind knows that.
+TEST(FilePatterns, AgreeWithTheSearchOfTheSystemInQuestionMarks) {
+  const Folder folder;
+  for (const TextView name : kNames) ASSERT_TRUE(folder.Make(name)) << ToUtf8(name);
   if (!folder.Find(u"a???").contains(u"a")) GTEST_SKIP() << "question marks want a character each here";
-  for (const TextView pattern : kWithQuestionMarks) compare(pattern);
+  for (const TextView pattern : kWithQuestionMarks) Compare(folder, pattern);
 }
 
 }  // namespace

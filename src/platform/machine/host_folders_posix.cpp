@@ -22,7 +22,7 @@ constexpr int kMostWatched = 64;
 std::string TakePart(std::string_view& path) {
   size_t length = path.size();
   if (length >= PATH_MAX) length = std::min(path.rfind('/', PATH_MAX - 1), length);
-  const std::string part(path.substr(0, length));
+  std::string part(path.substr(0, length));
   path.remove_prefix(std::min(length + 1, path.size()));
   return part;
 }

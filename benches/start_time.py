@@ -1,0 +1,40 @@
+#!/usr/bin/env python3
+"""From the start of the process to the window on the screen, under Wine: tavix.exe beside a bare window of the same
+size with the same number and kinds of controls, one run each in turn: start_time.py BUILD [RUNS]. Prints the medians
+and their ratio."""
+import os
+import pathlib
+import statistics
+import subprocess
+import sys
+
+TOP = pathlib.Path(__file__).resolve().parents[1]
+
+
+def main(build, runs):
+    os.environ["TAVIX_BUILD"] = build
+    sys.path.insert(0, str(TOP / "tests" / "window"))
+    import driver
+
+    machine = driver.Machine()
+    try:
+        programs = []
+        for name in ("tavix.exe", "tavix-bare-window.exe"):
+            # As they are released, without what debuggers need.
+            programs.append(str(machine.drive_c / name))
+            subprocess.run(["x86_64-w64-mingw32-strip", "-o", programs[-1], driver.BUILD / name], check=True)
+        # The first run makes the data folders and fills the caches.
+        command = (driver.BUILD / "tavix-start-time.exe", str(runs + 1), programs[0], "TavixMainWindow", programs[1],
+                   "TavixBareWindow")
+        lines = [line.split() for line in machine.run(*command).splitlines()]
+    finally:
+        machine.close()
+    times = [[float(taken) for which, taken in lines if which == program][1:] for program in ("0", "1")]
+    ours, bare = map(statistics.median, times)
+    print(f"tavix.exe: {ours:.0f} ms ({min(times[0]):.0f} to {max(times[0]):.0f})")
+    print(f"bare window: {bare:.0f} ms ({min(times[1]):.0f} to {max(times[1]):.0f})")
+    print(f"ratio {ours / bare:.2f}, medians of {runs} runs each")
+
+
+if __name__ == "__main__":
+    main(sys.argv[1], int(sys.argv[2]) if len(sys.argv) > 2 else 15)
