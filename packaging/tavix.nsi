@@ -1,0 +1,165 @@
+; The installer of Tavix. Built by ./release, which gives VERSION, FILES, OUTPUT, SITE and SIZE (in KB).
+;
+; Silent with /S, both ways. The uninstaller leaves the backup folder alone whatever is asked of it, and the
+; settings unless the user, or /RemoveSettings, wants them gone. Exit status 2: Tavix runs, nothing was done.
+Target amd64-unicode
+SetCompressor /SOLID lzma
+SetDateSave off
+ManifestDPIAware true
+RequestExecutionLevel admin
+
+!include "MUI2.nsh"
+!include "FileFunc.nsh"
+!include "LogicLib.nsh"
+
+!define UNINSTALL "Software\Microsoft\Windows\CurrentVersion\Uninstall\Tavix"
+!define DATA "C:\MORVDataPath\TVX"
+
+Name "Tavix"
+OutFile "${OUTPUT}"
+InstallDir "$PROGRAMFILES64\Tavix"
+BrandingText "Tavix ${VERSION}"
+VIProductVersion "${VERSION}.0"
+VIAddVersionKey "ProductName" "Tavix"
+VIAddVersionKey "ProductVersion" "${VERSION}"
+VIAddVersionKey "FileVersion" "${VERSION}"
+VIAddVersionKey "FileDescription" "Installer of Tavix"
+VIAddVersionKey "CompanyName" "the makers of Tavix"
+VIAddVersionKey "LegalCopyright" "Copyright (C) 2026 the makers of Tavix"
+
+!define MUI_ICON "${FILES}\..\icon.ico"
+!define MUI_UNICON "${FILES}\..\icon.ico"
+!define MUI_ABORTWARNING
+!insertmacro MUI_PAGE_DIRECTORY
+!insertmacro MUI_PAGE_INSTFILES
+!insertmacro MUI_UNPAGE_CONFIRM
+!insertmacro MUI_UNPAGE_INSTFILES
+!insertmacro MUI_LANGUAGE "English"
+
+; Files of a running program can't be replaced.
+!macro StopWhileItRuns
+  StrCpy $1 0
+  ${Do}
+    FindWindow $0 "TavixMainWindow"
+    ${If} $0 == 0
+      ${Break}
+    ${EndIf}
+    ; A program that has just been asked to end gets a moment for it.
+    ${If} $1 < 20
+      IntOp $1 $1 + 1
+      Sleep 100
+    ${ElseIf} ${Cmd} `MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "Tavix is running. Please close it, then press Retry." /SD IDCANCEL IDCANCEL`
+      SetErrorLevel 2
+      Quit
+    ${EndIf}
+  ${Loop}
+!macroend
+
+Function .onInit
+  SetRegView 64
+  SetShellVarContext all
+  ; Over what is there already, unless /D= says something else.
+  ReadRegStr $0 HKLM "${UNINSTALL}" "InstallLocation"
+  ${If} $0 != ""
+  ${AndIf} $INSTDIR == "$PROGRAMFILES64\Tavix"
+    StrCpy $INSTDIR $0
+  ${EndIf}
+  !insertmacro StopWhileItRuns
+FunctionEnd
+
+Section
+  SetOutPath "$INSTDIR"
+  SetOverwrite on
+  ClearErrors
+  File "${FILES}\tavix.exe"
+  File "${FILES}\Help.chm"
+  File "${FILES}\tips.dll"
+  File "${FILES}\menus.dll"
+  SetOutPath "$INSTDIR\res"
+  File "${FILES}\res\scan.htm"
+  File "${FILES}\res\scan.gif"
+  SetOutPath "$INSTDIR\lang\de"
+  File "${FILES}\lang\de\tips.dll"
+  File "${FILES}\lang\de\menus.dll"
+  SetOutPath "$INSTDIR"
+  ${If} ${Errors}
+    MessageBox MB_OK|MB_ICONSTOP "Some files could not be written. Tavix is not installed." /SD IDOK
+    SetErrorLevel 3
+    Quit
+  ${EndIf}
+  WriteUninstaller "$INSTDIR\uninstall.exe"
+
+  CreateDirectory "$SMPROGRAMS\Tavix"
+  CreateShortcut "$SMPROGRAMS\Tavix\Tavix.lnk" "$INSTDIR\tavix.exe"
+  CreateShortcut "$SMPROGRAMS\Tavix\Tavix Help.lnk" "$INSTDIR\Help.chm"
+
+  WriteRegStr HKLM "${UNINSTALL}" "DisplayName" "Tavix"
+  WriteRegStr HKLM "${UNINSTALL}" "DisplayVersion" "${VERSION}"
+  WriteRegStr HKLM "${UNINSTALL}" "DisplayIcon" "$INSTDIR\tavix.exe"
+  WriteRegStr HKLM "${UNINSTALL}" "Publisher" "the makers of Tavix"
+  WriteRegStr HKLM "${UNINSTALL}" "URLInfoAbout" "${SITE}"
+  WriteRegStr HKLM "${UNINSTALL}" "InstallLocation" "$INSTDIR"
+  WriteRegStr HKLM "${UNINSTALL}" "UninstallString" '"$INSTDIR\uninstall.exe"'
+  WriteRegStr HKLM "${UNINSTALL}" "QuietUninstallString" '"$INSTDIR\uninstall.exe" /S'
+  WriteRegDWORD HKLM "${UNINSTALL}" "EstimatedSize" ${SIZE}
+  WriteRegDWORD HKLM "${UNINSTALL}" "NoModify" 1
+  WriteRegDWORD HKLM "${UNINSTALL}" "NoRepair" 1
+SectionEnd
+
+Function un.onInit
+  SetRegView 64
+  SetShellVarContext all
+  !insertmacro StopWhileItRuns
+FunctionEnd
+
+; Name by name, and folders only when they are empty: nothing that somebody has put there goes.
+!macro RemoveBuckets STORE
+  ${For} $0 65 90
+    IntFmt $1 "%c" $0
+    RMDir "${DATA}\DupeFiles\${STORE}\$1"
+  ${Next}
+  RMDir "${DATA}\DupeFiles\${STORE}\other"
+  RMDir "${DATA}\DupeFiles\${STORE}"
+!macroend
+
+Function un.RemoveSettings
+  Delete "${DATA}\tvx.dll"
+  Delete "${DATA}\defjunk.dll"
+  Delete "${DATA}\userjunk.dll"
+  Delete "${DATA}\TVX data folder, please do not delete it"
+  !insertmacro RemoveBuckets "scanned"
+  !insertmacro RemoveBuckets "compared"
+  RMDir "${DATA}\DupeFiles"
+  RMDir "${DATA}"
+  RMDir "C:\MORVDataPath"
+FunctionEnd
+
+Section "Uninstall"
+  Delete "$INSTDIR\tavix.exe"
+  Delete "$INSTDIR\Help.chm"
+  Delete "$INSTDIR\Help.chw"
+  Delete "$INSTDIR\tips.dll"
+  Delete "$INSTDIR\menus.dll"
+  Delete "$INSTDIR\res\scan.htm"
+  Delete "$INSTDIR\res\scan.gif"
+  Delete "$INSTDIR\lang\de\tips.dll"
+  Delete "$INSTDIR\lang\de\menus.dll"
+  Delete "$INSTDIR\uninstall.exe"
+  RMDir "$INSTDIR\lang\de"
+  RMDir "$INSTDIR\lang"
+  RMDir "$INSTDIR\res"
+  RMDir "$INSTDIR"
+  Delete "$SMPROGRAMS\Tavix\Tavix.lnk"
+  Delete "$SMPROGRAMS\Tavix\Tavix Help.lnk"
+  RMDir "$SMPROGRAMS\Tavix"
+  DeleteRegKey HKLM "${UNINSTALL}"
+
+  ${GetParameters} $0
+  ClearErrors
+  ${GetOptions} $0 "/RemoveSettings" $1
+  ${IfNot} ${Errors}
+    Call un.RemoveSettings
+  ${ElseIf} ${Cmd} `MessageBox MB_YESNO|MB_ICONQUESTION|MB_DEFBUTTON2 "Remove your settings and junk types as well?$\r$\n$\r$\nThe backup folder stays in any case." /SD IDNO IDYES`
+    Call un.RemoveSettings
+  ${EndIf}
+SectionEnd

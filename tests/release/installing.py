@@ -1,0 +1,184 @@
+"""The installer under Wine: install, run, scan, uninstall, and what is left. And the update check of an older build
+against the files of the release."""
+import http.server
+import os
+import pathlib
+import sys
+import threading
+import unittest
+
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "window"))
+import driver
+from driver import wait_for
+
+DIST = pathlib.Path(os.environ["TAVIX_DIST"]).resolve()
+SETUP = DIST / "tavix-setup.exe"
+VERSION = (DIST / "latestver.txt").read_text(encoding="ascii")
+UNINSTALL = "HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows\\CurrentVersion\\Uninstall"
+INSTALLED = {"tavix.exe", "uninstall.exe", "Help.chm", "tips.dll", "menus.dll", "res", "res/scan.htm", "res/scan.gif",
+             "lang", "lang/de", "lang/de/tips.dll", "lang/de/menus.dll"}
+
+
+def content(folder):
+    return {str(path.relative_to(folder)) for path in folder.rglob("*")}
+
+
+class Installing(unittest.TestCase):
+    def setUp(self):
+        self.machine = driver.Machine()
+        self.addCleanup(self.machine.close)
+        self.programs = self.machine.drive_c / "Program Files"
+        self.folder = self.programs / "Tavix"
+        self.menu = (self.machine.drive_c / "ProgramData" / "Microsoft" / "Windows" / "Start Menu" / "Programs")
+        self.data = self.machine.drive_c / "MORVDataPath" / "TVX"
+        self.backup = self.machine.drive_c / "TVXBak"
+
+    def install(self, *arguments):
+        self.machine.run(SETUP, "/S", *arguments)
+
+    def uninstall(self, *arguments):
+        self.machine.run(self.folder / "uninstall.exe", "/S", *arguments)
+        # It goes on as a copy of itself, which removes it last.
+        wait_for("the uninstaller to go", lambda: not (self.folder / "uninstall.exe").exists())
+        wait_for("the entry to go", lambda: self.entry() == {})
+
+    def run_as_typed(self, line, status=0):
+        """Runs a command line as it stands, without the quotes that would be put around its arguments."""
+        (self.machine.drive_c / "line.cmd").write_text(f"@{line}\r\n@exit %errorlevel%\r\n", encoding="ascii")
+        self.machine.run("cmd", "/c", "C:\\line.cmd", allowed=(status,))
+
+    def entry(self):
+        """The values of the uninstaller's entry, all keys and names in capitals."""
+        found = {}
+        for key, values in self.machine.registry(UNINSTALL).items():
+            if key.upper().endswith("\\UNINSTALL\\TAVIX"):
+                found = values
+        return found
+
+    def run_program(self):
+        program = driver.Program(self.machine, self.folder / "tavix.exe")
+        self.addCleanup(program.close)
+        return program
+
+    def scan_and_close(self):
+        program = self.run_program()
+        shown = program.scan()
+        self.assertGreater(shown.row_count, 0)
+        self.assertEqual(shown.text(105), "v" + VERSION)
+        program.click(shown.control(driver.CLOSE)["rect"])
+        self.assertEqual(program.exit_status(), 0)
+
+    def test_installed_used_and_uninstalled_only_what_is_the_users_stays(self):
+        before = content(self.programs), content(self.menu)
+        self.install()
+        self.assertEqual(content(self.folder), INSTALLED)
+        self.assertEqual({p.name for p in (self.menu / "Tavix").iterdir()}, {"Tavix.lnk", "Tavix Help.lnk"})
+        self.assertIn(VERSION, str(self.entry()))
+        self.scan_and_close()
+        (self.backup / "kept.txt").write_text("of the user", encoding="ascii")
+        (self.folder / "own.txt").write_text("of the user", encoding="ascii")
+        settings = (self.data / "tvx.dll").read_bytes()
+        # From where it is, so that its end is seen; it can't remove itself then.
+        self.run_as_typed('"C:\\Program Files\\Tavix\\uninstall.exe" /S _?=C:\\Program Files\\Tavix')
+        self.assertEqual(content(self.folder), {"own.txt", "uninstall.exe"})
+        (self.folder / "own.txt").unlink()
+        (self.folder / "uninstall.exe").unlink()
+        self.folder.rmdir()
+        self.assertEqual((content(self.programs), content(self.menu)), before)
+        self.assertEqual(self.entry(), {})
+        self.assertEqual((self.data / "tvx.dll").read_bytes(), settings)
+        self.assertEqual(content(self.backup), {"kept.txt"})
+
+    def test_with_the_settings_only_the_backup_stays(self):
+        self.install()
+        self.scan_and_close()
+        (self.backup / "kept.txt").write_text("of the user", encoding="ascii")
+        self.uninstall("/RemoveSettings")
+        wait_for("the settings to go", lambda: not (self.machine.drive_c / "MORVDataPath").exists())
+        self.assertFalse(self.folder.exists())
+        self.assertEqual(content(self.backup), {"kept.txt"})
+
+    def test_what_others_put_among_the_settings_stays(self):
+        self.install()
+        self.scan_and_close()
+        strangers = [self.data / "notes.txt", self.data / "DupeFiles" / "scanned" / "Q" / "x.txt",
+                     self.data.parent / "other.txt"]
+        for stranger in strangers:
+            stranger.write_text("of somebody", encoding="ascii")
+        self.uninstall("/RemoveSettings")
+        wait_for("the settings to go", lambda: not (self.data / "DupeFiles" / "compared").exists())
+        self.assertTrue(all(stranger.exists() for stranger in strangers))
+        self.assertFalse((self.data / "tvx.dll").exists())
+
+    def test_over_an_older_one_the_files_are_replaced_and_the_settings_stay(self):
+        self.install()
+        self.scan_and_close()
+        settings = (self.data / "tvx.dll").read_bytes()
+        (self.folder / "tips.dll").write_text("old", encoding="ascii")
+        (self.folder / "tavix.exe").write_bytes(b"old")
+        self.install()
+        self.assertEqual(content(self.folder), INSTALLED)
+        self.scan_and_close()
+        self.assertEqual((self.data / "tvx.dll").read_bytes(), settings)
+
+    def test_while_the_program_runs_nothing_is_done(self):
+        self.install()
+        self.run_program()
+        (self.folder / "tips.dll").write_text("old", encoding="ascii")
+        self.assertIsNone(self.machine.run(SETUP, "/S", allowed=(2,)))
+        self.assertEqual((self.folder / "tips.dll").read_text(encoding="ascii"), "old")
+        self.run_as_typed('"C:\\Program Files\\Tavix\\uninstall.exe" /S _?=C:\\Program Files\\Tavix', status=2)
+        self.assertEqual(content(self.folder), INSTALLED)
+
+    def test_into_another_folder_and_again_into_it(self):
+        setup = "Z:" + str(SETUP).replace("/", "\\")
+        self.run_as_typed(f'"{setup}" /S /D=C:\\Tools\\My Tavix')
+        other = self.machine.drive_c / "Tools" / "My Tavix"
+        self.assertEqual(content(other), INSTALLED)
+        (other / "tips.dll").unlink()
+        self.install()
+        self.assertEqual(content(other), INSTALLED)
+        self.assertFalse(self.folder.exists())
+
+
+class Updating(unittest.TestCase):
+    """The whole way: the site serves the release, an older build asks it."""
+
+    def setUp(self):
+        import update_program
+
+        class Quiet(http.server.SimpleHTTPRequestHandler):
+            def __init__(self, *arguments):
+                super().__init__(*arguments, directory=DIST)
+
+            def log_message(self, *_):
+                pass
+
+        server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), Quiet)
+        self.addCleanup(server.server_close)
+        self.addCleanup(server.shutdown)
+        threading.Thread(target=server.serve_forever, daemon=True).start()
+        self.address = f"http://127.0.0.1:{server.server_port}"
+        update_program.UpdateTest.setUpClass()
+        self.addCleanup(update_program.UpdateTest.doClassCleanups)
+        self.help = update_program.UpdateTest()
+        self.help.setUp()
+        self.addCleanup(self.help.doCleanups)
+        self.help.machine.environment["TAVIX_TEST_SITE"] = self.address
+
+    def test_the_older_build_is_offered_the_release(self):
+        process, _ = self.help.start()
+        texts = " ".join(self.help.box())
+        self.assertIn(f"Tavix {VERSION}\\r\\n", texts)
+        self.help.press("Cancel")
+        self.help.close_window(process)
+        self.assertEqual(self.help.machine.rundll32_calls(), [])
+        process, _ = self.help.start()
+        self.help.press("OK")
+        self.assertEqual(process.wait(timeout=driver.ANSWER_SECONDS), 0)
+        calls = wait_for("the browser", self.help.machine.rundll32_calls)
+        self.assertEqual([call.strip('"') for call in calls], [self.address + "/tavix-setup.exe"])
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)
