@@ -3,12 +3,16 @@
 #   windows  cross compiler and Wine
 #   window   a display without a screen, keys, clicks and screenshots
 #   check    formatter, linter, fuzzers
+#   help     compiler of the help file
+#   release  what packs the programs for those who install them
 
 packages() {
   case "$1" in
     native) echo g++ cmake ninja-build python3 googletest libbenchmark-dev ;;
     windows) echo g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64 wine wine64 ;;
     window) echo xvfb xauth xdotool imagemagick openbox fonts-dejavu-core ;;
+    help) echo fp-utils ;;
+    release) echo nsis zip ;;
     check) echo clang clang-format clang-tidy libclang-rt-14-dev ;;
   esac
 }

@@ -1,13 +1,40 @@
 #!/usr/bin/env python3
-"""Opens tavix.exe on a display without a screen, scans by keys, and prints where the screenshots are and what
-was found: show_window.py BUILD SCREENSHOTS, in the prefix that WINEPREFIX names."""
+"""Opens tavix.exe on displays without a screen, goes through its pages by keys, scans, and prints where the
+screenshots are and what was found: show_window.py BUILD SCREENSHOTS, in the prefix that WINEPREFIX names.
+Pictures of both sizes, and of a screen with twice as many dots."""
 import os
 import pathlib
 import shutil
 import subprocess
 import sys
+import time
 
 TOP = pathlib.Path(__file__).resolve().parents[1]
+PAGES = (("s", "system"), ("r", "registry"), ("a", "advanced"), ("p", "privacy"))
+# The last one leaves the prefix with the usual resolution.
+SCREENS = (("big-192", "2048x1536", 192), ("small", "800x600", 96), ("big", "1024x768", 96))
+DESKTOP = r"HKCU\Control Panel\Desktop"
+
+
+def set_resolution(machine, dpi):
+    machine.run("reg", "add", DESKTOP, "/v", "LogPixels", "/t", "REG_DWORD", "/d", str(dpi), "/f")
+    # Read at the start of the system.
+    subprocess.run(["wineserver", "-k"], env=machine.environment, check=False)
+    subprocess.run(["wineserver", "-w"], env=machine.environment, check=False)
+
+
+def tour(driver, program, take):
+    """Each page, a scan, and an icon under the mouse; what was found."""
+    for key, page in PAGES:
+        program.key(key)
+        time.sleep(0.5)
+        take(page)
+    shown = program.scan()
+    take("scanned")
+    program.move_onto(shown.control(driver.SYSTEM)["rect"])
+    time.sleep(0.3)
+    take("lit")
+    return shown
 
 
 def main(build, screenshots):
@@ -15,31 +42,31 @@ def main(build, screenshots):
     sys.path.insert(0, str(TOP / "tests" / "window"))
     import driver
 
-    machine = driver.Machine.__new__(driver.Machine)
-    machine.display = driver.Display()
-    machine.prefix = pathlib.Path(os.environ["WINEPREFIX"])
-    machine.environment = driver.environment(machine.prefix, machine.display.name)
-    program = None
-    try:
-        program = driver.Program(machine)
-        shown = program.scan()
-        picture = program.screenshot("privacy")
-        screenshots.mkdir(parents=True, exist_ok=True)
-        shutil.copy(picture, screenshots / "privacy.png")
-        print(f"Privacy page: {shown.row_count} rows")
-        for row in shown.rows:
-            print("  " + "  |  ".join(text for text in row["texts"][:4] if text))
-        print(shown.text(driver.STATUS))
-        print(shown.text(driver.SUM))
-        print(f"Screenshots are in {screenshots}")
-        # Alt+F4 closes the window as a user would.
-        program.key("alt+F4")
-        return program.exit_status()
-    finally:
-        if program is not None:
-            program.close()
-        subprocess.run(["wineserver", "-k"], env=machine.environment, check=False)
-        machine.display.close()
+    prefix = pathlib.Path(os.environ["WINEPREFIX"])
+    screenshots.mkdir(parents=True, exist_ok=True)
+    status = 0
+    for name, size, dpi in SCREENS:
+        machine = driver.Machine.on(prefix, size)
+        program = None
+        try:
+            set_resolution(machine, dpi)
+            machine.set_interface_size("Auto")
+            program = driver.Program(machine)
+            shown = tour(driver, program, lambda what: shutil.copy(program.screenshot(f"{name}-{what}"), screenshots))
+            # Alt+F4 closes the window as a user would.
+            program.key("alt+F4")
+            status = program.exit_status() or status
+        finally:
+            if program is not None:
+                program.close()
+            machine.leave()
+    print(f"Privacy page: {shown.row_count} rows")
+    for row in shown.rows:
+        print("  " + "  |  ".join(text for text in row["texts"][:4] if text))
+    print(shown.text(driver.STATUS))
+    print(shown.text(driver.SUM))
+    print(f"Screenshots are in {screenshots}")
+    return status
 
 
 if __name__ == "__main__":

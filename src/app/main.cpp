@@ -5,8 +5,11 @@
 
 #include "frame/start_up.h"
 #include "platform/windows/windows_host.h"
+#include "window/win32/about_window.h"
 #include "window/win32/event_queue_win32.h"
 #include "window/win32/main_window.h"
+#include "window/win32/options_window.h"
+#include "window/win32/type_window.h"
 #include "window/wiring.h"
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
@@ -18,6 +21,9 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
   tavix::WireMainForm();
   tavix::win32::MainWindow window;
   if (!window.Create()) return 1;
+  const tavix::win32::AboutWindow about;
+  const tavix::win32::OptionsWindow options;
+  const tavix::win32::TypeWindow typeEditor;
   const tavix::win32::EventQueueWin32 eventQueue(window);
   tavix::mdlPubSelf::Form_Load();
   window.Open();

@@ -4,11 +4,13 @@
 #include <iterator>
 
 #include "forms/main_form.h"
+#include "forms/type_form.h"
 
 namespace tavix::mdlPubSelf {
 namespace {
 
 constexpr int kEscape = 0x1B;
+constexpr int kF1 = 0x70;
 constexpr int kF3 = 0x72;
 constexpr int kF4 = 0x73;
 constexpr int kF5 = 0x74;
@@ -29,8 +31,8 @@ struct KeyCommand {
   void (*run)();
 };
 
-// F1 is kept for help.
 constexpr KeyCommand kCommands[] = {
+    {kF1, 0, [] { frmPubType.menhh.Click(); }},
     {kF3, 0, [] { frmPubMain.sbtScan.Click(); }},
     {kF5, 0, [] { frmPubMain.sbtClean.Click(); }},
     {kEscape, 0,

@@ -7,6 +7,7 @@
 namespace tavix {
 namespace {
 
+constexpr int kTwipsPerPixel = 15;
 constexpr int kGap = 90;
 constexpr int kMargin = 140;
 
@@ -20,16 +21,17 @@ constexpr Geometry kBig{14895, 11175, 14250, 14550, 6810};
 constexpr Geometry kSmall{11529, 8650, 10905, 11205, 4150};
 
 constexpr int kTitleHeight = 1140;
-constexpr int kTitleButton = 270;
+constexpr int kTitleButtonWidth = 255;
+constexpr int kTitleButtonHeight = 285;
 constexpr int kTitleButtonStep = 300;
 constexpr int kTitleButtonTop = 30;
 
 constexpr int kPagesTop = 1230;
-constexpr int kPageIcon = 1050;
+constexpr int kPageIcon = 960;
 constexpr int kFunctionsLeft = kMargin + kPageIcon + kGap;
 constexpr int kFunctionsWidth = 2860;
 // So much of lst stays free above trvRes: the seven rows of the Advanced page.
-constexpr int kFunctionsAboveScope = 1980;
+constexpr int kFunctionsAboveScope = 2220;
 
 constexpr int kResultLeft = kFunctionsLeft + kFunctionsWidth + kGap;
 constexpr int kToolbarHeight = 375;
@@ -38,6 +40,8 @@ constexpr int kCheckAllWidth = 1350;
 
 constexpr int kTextLine = 255;
 constexpr int kPanelMargin = 150;
+constexpr int kStatusHeight = 720;  // three lines
+constexpr int kBarHeight = 270;
 constexpr int kJobButtonWidth = 1800;
 constexpr int kJobButtonHeight = 600;
 constexpr int kBusyLeft = 3300;
@@ -60,8 +64,8 @@ void PlaceOn(Control& control, const Control& other) {
 
 void PlaceWindow(const Geometry& geometry) {
   MainForm& form = frmPubMain;
-  const int screenWidth = platform::screen.Width * platform::screen.TwipsPerPixel;
-  const int screenHeight = platform::screen.Height * platform::screen.TwipsPerPixel;
+  const int screenWidth = platform::screen.Width * kTwipsPerPixel;
+  const int screenHeight = platform::screen.Height * kTwipsPerPixel;
   const int top = form.BigInterface ? 100 : (screenHeight - geometry.windowHeight) / 2 - 200;
   Place(form, (screenWidth - geometry.windowWidth) / 2, top, geometry.windowWidth, geometry.windowHeight);
   Place(form.lblBorder, 0, 0, geometry.windowWidth, geometry.windowHeight);
@@ -71,7 +75,7 @@ void PlaceTitle(const Geometry& geometry) {
   MainForm& form = frmPubMain;
   Place(form.picTitle, 0, 0, geometry.windowWidth, kTitleHeight);
   const auto placeButton = [](PictureBox& button, int left) {
-    Place(button, left, kTitleButtonTop, kTitleButton, kTitleButton);
+    Place(button, left, kTitleButtonTop, kTitleButtonWidth, kTitleButtonHeight);
   };
   placeButton(form.picClose, geometry.closeLeft);
   placeButton(form.picMini, geometry.miniLeft);
@@ -117,17 +121,20 @@ void PlaceJobPanel(const Geometry& geometry) {
         geometry.windowHeight - kMargin - top);
   const int left = kFunctionsLeft + kPanelMargin;
   const int width = form.lblFrame.Width - 2 * kPanelMargin;
-  Place(form.lblProgS, left, top + 120, width, 720);
-  Place(form.lblOpt, left, top + 870, 870, kTextLine);
-  Place(form.lblOptPrompt, Right(form.lblOpt), top + 870, 3000, kTextLine);
-  Place(form.lblProgMO, left, top + 1200, width, 300);
+  const int optionTop = top + kPanelMargin + kStatusHeight;
+  Place(form.lblProgS, left, top + kPanelMargin, width, kStatusHeight);
+  Place(form.lblOpt, left, optionTop, 1050, kTextLine);
+  Place(form.lblOptPrompt, Right(form.lblOpt), optionTop, width - form.lblOpt.Width, kTextLine);
+  const int barTop = optionTop + kTextLine + kGap;
+  Place(form.lblProgMO, left, barTop, width, kBarHeight);
   PlaceOn(form.lblProgMI, form.lblProgMO);
   form.lblProgMI.Width = 0;
-  Place(form.lblTimeP, left, top + 1605, 900, kTextLine);
-  Place(form.lblTime, Right(form.lblTimeP), top + 1605, 1800, kTextLine);
-  Place(form.lblSum, kResultLeft, top + 1605, left + width - kResultLeft, kTextLine);
+  const int factsTop = Bottom(form.lblProgMO) + kGap;
+  Place(form.lblTimeP, left, factsTop, 900, kTextLine);
+  Place(form.lblTime, Right(form.lblTimeP), factsTop, width / 2 - 900, kTextLine);
+  Place(form.lblSum, left + width / 2, factsTop, width - width / 2, kTextLine);
 
-  const int buttonTop = top + 2100;
+  const int buttonTop = Bottom(form.lblFrame) - kPanelMargin - kJobButtonHeight;
   Place(form.webGIF, kBusyLeft, buttonTop - kBusyAboveScan, kBusySize, kBusySize);
   Place(form.sbtScan, kResultLeft, buttonTop, kJobButtonWidth, kJobButtonHeight);
   PlaceOn(form.sbtCancel, form.sbtScan);

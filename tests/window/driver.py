@@ -8,6 +8,7 @@ import fcntl
 import json
 import os
 import pathlib
+import re
 import shutil
 import subprocess
 import sys
@@ -26,9 +27,11 @@ ANSWER_SECONDS = 30
 
 # As src/window/win32/control_ids.h has them.
 MINI, CLOSE = 103, 104
-PRIVACY, TREE, FUNCTIONS, RESULT, CHECK_ALL = 106, 112, 114, 115, 116
+HELP, COMMEND, VERSION = 101, 102, 105
+PAGES = PRIVACY, SYSTEM, REGISTRY, ADVANCED, OPTIONS, ONE_CLICK = range(106, 112)
+TREE, SCOPE, FUNCTIONS, RESULT, CHECK_ALL = range(112, 117)
 TOOLBAR = range(117, 121)
-STATUS, PROGRESS, TIME, SUM = 121, 124, 126, 127
+STATUS, OPTION_LINK, OPTION_PROMPT, PROGRESS, TIME_WORD, TIME, SUM = range(121, 128)
 SCAN, CANCEL, CLEAN, REPAIR = 128, 129, 130, 131
 
 
@@ -121,10 +124,23 @@ class Machine:
         self.environment = environment(self.prefix, self.display.name)
         self.drive_c = self.prefix / "drive_c"
 
-    def close(self):
+    @classmethod
+    def on(cls, prefix, size):
+        """The machine of a prefix that stays when it is left."""
+        machine = cls.__new__(cls)
+        machine.display = Display(size)
+        machine.prefix = prefix
+        machine.environment = environment(prefix, machine.display.name)
+        machine.drive_c = prefix / "drive_c"
+        return machine
+
+    def leave(self):
         subprocess.run(["wineserver", "-k"], env=self.environment, check=False)
         subprocess.run(["wineserver", "-w"], env=self.environment, check=False)
         self.display.close()
+
+    def close(self):
+        self.leave()
         for folder in (self.prefix, f"{self.prefix}.tavix-data"):
             shutil.rmtree(folder, ignore_errors=True)
 
@@ -137,7 +153,8 @@ class Machine:
             output.seek(0)
             errors.seek(0)
             if done.returncode not in allowed:
-                raise AssertionError(f"{command} gave {done.returncode}: {errors.read().decode(errors='replace')}")
+                said = output.read() + errors.read()
+                raise AssertionError(f"{command} gave {done.returncode}:\n{said.decode(errors='replace')}")
             return output.read().decode("utf-8") if done.returncode == 0 else None
 
     def seed(self, registry_text):
@@ -153,6 +170,16 @@ class Machine:
         file.unlink(missing_ok=True)
         self.run("regedit", "/E", "C:\\export.reg", key)
         return registry_text.read(file.read_bytes())
+
+    def set_interface_size(self, size):
+        """Auto, Big or Small, for the next start."""
+        file = self.drive_c / "MORVDataPath" / "TVX" / "tvx.dll"
+        if file.exists():
+            text = re.sub(rb"(?m)^Interface Size=[^\r\n]*", b"Interface Size=" + size.encode(), file.read_bytes())
+        else:
+            file.parent.mkdir(parents=True)
+            text = f"[Duplicate Files]\r\nCommon Types=*.txt\r\n[Other Options]\r\nInterface Size={size}\r\n".encode()
+        file.write_bytes(text)
 
     def note_rundll32_calls(self):
         """Puts the stand-in in the way of the system's rundll32.exe."""
@@ -188,11 +215,39 @@ class Program:
     def key(self, *names):
         self._tool("xdotool", "key", *names)
 
-    def click(self, rectangle, x=None, button=1):
-        """Clicks into the middle of a rectangle, or `x` pixels from its left end."""
+    def click(self, rectangle, x=None, button=1, held=()):
+        """Clicks into the middle of a rectangle, or `x` pixels from its left end, with the keys `held` down."""
         left, top, right, bottom = rectangle
         at = (left + right) // 2 if x is None else left + x
+        for key in held:
+            self._tool("xdotool", "keydown", key)
         self._tool("xdotool", "mousemove", str(at), str((top + bottom) // 2), "click", str(button))
+        for key in held:
+            self._tool("xdotool", "keyup", key)
+
+    def move(self, x, y):
+        self._tool("xdotool", "mousemove", str(x), str(y))
+
+    def move_onto(self, rectangle):
+        self.move((rectangle[0] + rectangle[2]) // 2, (rectangle[1] + rectangle[3]) // 2)
+
+    def drag(self, start, by):
+        """Presses the left button at a point and moves on in steps, as a hand does; where the window then is."""
+        self.move(*start)
+        self._tool("xdotool", "mousedown", "1")
+        for step in range(1, 6):
+            self.move(start[0] + by[0] * step // 5, start[1] + by[1] * step // 5)
+            time.sleep(0.05)
+        self._tool("xdotool", "mouseup", "1")
+        return self.read().rect
+
+    def pixels(self, rectangle):
+        """What a rectangle of the screen shows, as the bytes of a picture."""
+        left, top, right, bottom = rectangle
+        shot = subprocess.run(["import", "-window", "root", "-crop", f"{right - left}x{bottom - top}+{left}+{top}",
+                               "+repage", "-depth", "8", "rgb:-"], env=self.machine.environment, check=True,
+                              stdout=subprocess.PIPE)
+        return shot.stdout
 
     def screenshot(self, name):
         folder = WORK / "screenshots"
@@ -247,7 +302,8 @@ class Shown:
 
     def __init__(self, lines):
         self.controls = {line["control"]: line for line in lines if "control" in line}
-        self.minimized = next(line["minimized"] for line in lines if "minimized" in line)
+        window = next(line for line in lines if "minimized" in line)
+        self.minimized, self.enabled, self.rect = window["minimized"], window["enabled"], window["rect"]
         self.columns = [line for line in lines if "column" in line]
         self.row_count = next(line["rows"] for line in lines if "rows" in line)
         self.rows = [line for line in lines if "row" in line]  # the first thousand

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "forms/main_form.h"
+#include "forms/type_form.h"
 
 namespace tavix {
 namespace {
@@ -22,6 +23,7 @@ class FormKeyDown : public testing::Test {
     f.sbtClean.Click = Note("Clean");
     f.sbtCancel.Click = Note("Cancel");
     f.Unload = Note("Unload");
+    frmPubType.menhh.Click = Note("Help");
     const std::array<const char*, 6> names = {"Privacy", "System", "Registry", "Advanced", "Options", "One"};
     const auto pages = f.PagePictures();
     for (size_t i = 0; i < pages.size(); ++i) {
@@ -37,6 +39,7 @@ class FormKeyDown : public testing::Test {
     for (PictureBox* page : f.PagePictures()) page->MouseUp = nullptr;
     for (Button& tool : f.sbtToolbar) tool.Click = nullptr;
     f.sbtCancel.Visible = false;
+    frmPubType.menhh.Click = nullptr;
   }
   std::function<void()> Note(std::string name) {
     return [this, name = std::move(name)] { calls.push_back(name); };
@@ -55,10 +58,10 @@ TEST_F(FormKeyDown, RunsTheCommandOfEachKeyAndNothingForAnyOtherShiftState) {
     int key, shift;
     const char* call;
   } cases[] = {
-      {0x72, 0, "Scan"},     {0x74, 0, "Clean"},    {0x73, kAlt, "Unload"}, {'P', 0, "Privacy"},
-      {'S', 0, "System"},    {'R', 0, "Registry"},  {'A', 0, "Advanced"},   {'O', 0, "Options"},
-      {'1', 0, "One"},       {'X', kCtrl, "Tool0"}, {'O', kCtrl, "Tool1"},  {'P', kCtrl, "Tool2"},
-      {'I', kCtrl, "Tool3"},
+      {0x70, 0, "Help"},     {0x72, 0, "Scan"},     {0x74, 0, "Clean"},    {0x73, kAlt, "Unload"},
+      {'P', 0, "Privacy"},   {'S', 0, "System"},    {'R', 0, "Registry"},  {'A', 0, "Advanced"},
+      {'O', 0, "Options"},   {'1', 0, "One"},       {'X', kCtrl, "Tool0"}, {'O', kCtrl, "Tool1"},
+      {'P', kCtrl, "Tool2"}, {'I', kCtrl, "Tool3"},
   };
   for (int key = 0; key < 256; ++key) {
     for (int shift = 0; shift < 8; ++shift) {

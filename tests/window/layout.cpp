@@ -199,11 +199,11 @@ TEST_P(LayOut, NothingOverlapsThatShouldNot) {
   }
 }
 
-TEST(LayOutOnAnotherScreen, CountsInTheTwipsOfItsPixels) {
-  platform::screen = {1920, 1080, 10};
+TEST(LayOutOnAnotherScreen, StandsInTheMiddleOfIt) {
+  platform::screen = {1920, 1080};
   LayOutMainForm();
-  EXPECT_EQ(frmPubMain.Left, (19200 - 11529) / 2);
-  EXPECT_EQ(frmPubMain.Top, (10800 - 8650) / 2 - 200);
+  EXPECT_EQ(frmPubMain.Left, (1920 * 15 - 11529) / 2);
+  EXPECT_EQ(frmPubMain.Top, (1080 * 15 - 8650) / 2 - 200);
   platform::screen = {};
 }
 

@@ -31,8 +31,10 @@ int WindowsDialogs::MsgBox(TextView text, int style) {
   const int answer =
       MessageBoxW(GetActiveWindow(), Wide(FitOnScreen(text)), Wide(Text(kCaption)), static_cast<UINT>(style));
   if (answer != 0) return answer;
+  // The box could not be shown, so nobody has agreed to anything.
   const int buttons = style & kButtons;
-  return buttons == platform::kYesNo || buttons == platform::kYesNoCancel ? platform::kYes : platform::kOk;
+  if (buttons == platform::kYesNo || buttons == platform::kYesNoCancel) return platform::kNo;
+  return buttons == platform::kOkCancel ? platform::kCancel : platform::kOk;
 }
 
 std::optional<Text> WindowsDialogs::InputBox(TextView prompt, TextView offered) {

@@ -12,8 +12,11 @@ class CheckBoxBinding : public WindowBinding {
 
  protected:
   void Show() override;
+  std::optional<LRESULT> OnMessage(UINT message, WPARAM wide, LPARAM longer) override;
 
  private:
+  LRESULT Paint();
+
   CheckBox& model_;
 };
 

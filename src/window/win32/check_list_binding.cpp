@@ -3,17 +3,19 @@
 namespace tavix::win32 {
 
 CheckListBinding::CheckListBinding(CheckList& model, WindowContext& context, int id, TextView name)
-    : VirtualList(model, context, id, LVS_NOCOLUMNHEADER), model_(model) {
+    : VirtualList(model, context, id, LVS_NOCOLUMNHEADER | LVS_SINGLESEL), model_(model) {
   SetName(name);
   AddColumn(0, u"", 0);
 }
 
+// The column is as wide as a scroll bar leaves room for, and there is one or not only once the rows are
+// known.
 void CheckListBinding::Show() {
+  ShowRows();
   RECT area;
   GetClientRect(Window(), &area);
   const int width = area.right - area.left;
   if (static_cast<int>(Send(LVM_GETCOLUMNWIDTH, 0)) != width) Send(LVM_SETCOLUMNWIDTH, 0, width);
-  ShowRows();
 }
 
 void CheckListBinding::OnRowFocused(int row) {

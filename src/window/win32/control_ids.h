@@ -34,6 +34,7 @@ enum ControlId : int {
   kIdCancel,
   kIdClean,
   kIdRepair,
+  kIdBusyPage,
 };
 
 constexpr int kLoaderTimer = 1;

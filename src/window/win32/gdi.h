@@ -14,6 +14,14 @@ struct DrawingTraits {
 };
 using Font = windows::Owned<DrawingTraits<HFONT>>;
 using Brush = windows::Owned<DrawingTraits<HBRUSH>>;
+using Bitmap = windows::Owned<DrawingTraits<HBITMAP>>;
+
+struct MemoryContextTraits {
+  using Handle = HDC;
+  static Handle Null() { return nullptr; }
+  static void Close(Handle handle) { DeleteDC(handle); }
+};
+using MemoryContext = windows::Owned<MemoryContextTraits>;
 
 // Puts an object into a device context for the life of this.
 class Selection {

@@ -2,36 +2,46 @@
 
 #include "forms/main_form.h"
 #include "window/win32/paint.h"
-#include "window/win32/palette.h"
 
 namespace tavix::win32 {
 
-RECT Ground::Area(const Control& control) const {
-  return {context_.Pixels(control.Left), context_.Pixels(control.Top),
-          context_.Pixels(control.Left + control.Width), context_.Pixels(control.Top + control.Height)};
+bool Ground::Covers(const Control& control, POINT position) const {
+  const RECT area = context_.Area(control);
+  return PtInRect(&area, position) != FALSE;
 }
 
-void Ground::Paint(HDC context) const {
-  const RECT border = Area(frmPubMain.lblBorder);
-  FillArea(context, border, kGroundColor);
-  FrameArea(context, border, kTitleColor);
-  FillArea(context, Area(frmPubMain.picTitle), kTitleColor);
-  WriteText(context, u"Tavix", Area(frmPubMain.lblProdLogo), context_.largeFont.Get(), kTitleTextColor,
-            DT_LEFT | DT_VCENTER | DT_SINGLELINE);
-  const RECT frame = Area(frmPubMain.lblFrame);
-  FillArea(context, frame, kPanelColor);
-  FrameArea(context, frame, kLineColor);
+void Ground::Paint(HDC screen, const RECT& area) const {
+  const Canvas canvas(screen, area);
+  const Palette& colors = context_.colors;
+  RECT border;
+  GetClientRect(context_.window, &border);
+  const RECT title = context_.Area(frmPubMain.picTitle);
+  const RECT panel = context_.Area(frmPubMain.lblFrame);
+  FillArea(canvas.Get(), border, colors.ground);
+  FillArea(canvas.Get(), title, colors.title);
+  context_.skin->Draw(canvas.Get(), {title.left, title.top}, frmPubMain.picTitle.Picture.Get());
+  FrameArea(canvas.Get(), border, colors.title);
+  FillArea(canvas.Get(), panel, colors.panel);
+  FrameArea(canvas.Get(), panel, colors.line);
 }
 
-void Ground::MouseMove(POINT position, int buttons) const {
-  const RECT title = Area(frmPubMain.picTitle);
-  const RECT frame = Area(frmPubMain.lblFrame);
-  if (PtInRect(&title, position) != FALSE) {
+// A disabled control lets the mouse through, and is no ground all the same.
+void Ground::MouseMove(POINT position, int buttons) {
+  const bool moved = context_.HasMoved(context_.window, position);
+  const HWND at = ChildWindowFromPointEx(context_.window, position, CWP_SKIPINVISIBLE);
+  if (!moved || (at != context_.window && at != nullptr && IsWindowEnabled(at) == FALSE)) return;
+  if (Covers(frmPubMain.picTitle, position)) {
     frmPubMain.picTitle.MouseMove(buttons);
-  } else if (PtInRect(&frame, position) != FALSE) {
+  } else if (Covers(frmPubMain.lblFrame, position)) {
     frmPubMain.lblFrame.MouseMove(buttons);
   } else {
     frmPubMain.lblBorder.MouseMove(buttons);
+  }
+}
+
+void Ground::MouseUp(POINT position, int button) const {
+  for (const Label* logo : {&frmPubMain.lblProdLogo, &frmPubMain.lblCompLogo}) {
+    if (Covers(*logo, position)) logo->MouseUp(button);
   }
 }
 

@@ -4,9 +4,12 @@
 // clang-format on
 
 #include "forms/main_form.h"
+#include "forms/type_form.h"
 #include "frame/start_up.h"
 #include "scan/scan_driver.h"
+#include "window/text_fit.h"
 #include "window/win32/control_ids.h"
+#include "window/win32/popup_menu.h"
 
 namespace tavix::win32 {
 namespace {
@@ -22,10 +25,22 @@ int ShiftState() {
 // Keys that never reach a control: there they would search the list.
 bool IsLetterOrDigit(WPARAM key) { return (key >= 'A' && key <= 'Z') || (key >= '0' && key <= '9'); }
 
+HICON ProgramIcon(int metric) {
+  const int size = GetSystemMetrics(metric);
+  return static_cast<HICON>(
+      LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(1), IMAGE_ICON, size, size, LR_SHARED));
+}
+
 }  // namespace
 
 MainWindow::FrameBinding::FrameBinding(MainWindow& owner)
     : Binding(frmPubMain, owner.context_.changes), owner_(owner) {}
+
+void MainWindow::FrameBinding::Apply() {
+  owner_.Place();
+  owner_.ShowState();
+  owner_.ShowFocus();
+}
 
 MainWindow::MainWindow() = default;
 
@@ -33,6 +48,8 @@ MainWindow::~MainWindow() {
   frmPubMain.Refresh = nullptr;
   frmPubMain.Minimize = nullptr;
   frmPubMain.Unload = nullptr;
+  frmPubType.menr.Popup = nullptr;
+  frmPubType.menh.Popup = nullptr;
   if (context_.window == nullptr) return;
   frmPubMain.hWnd = 0;
   for (const auto& binding : bindings_) binding->Detach();
@@ -40,14 +57,16 @@ MainWindow::~MainWindow() {
 }
 
 bool MainWindow::Create() {
-  context_.dpi = GetDeviceCaps(windows::ScreenContext(GetDC(nullptr)).Get(), LOGPIXELSX);
   MakeDrawingTools(context_);
+  context_.form = &frmPubMain;
   WNDCLASSEXW windowClass{};
   windowClass.cbSize = sizeof windowClass;
   windowClass.lpfnWndProc = Procedure;
   windowClass.hInstance = GetModuleHandleW(nullptr);
   windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
   windowClass.lpszClassName = kMainWindowClass;
+  windowClass.hIcon = ProgramIcon(SM_CXICON);
+  windowClass.hIconSm = ProgramIcon(SM_CXSMICON);
   RegisterClassExW(&windowClass);
   context_.window = CreateWindowExW(WS_EX_APPWINDOW | WS_EX_CONTROLPARENT, kMainWindowClass, L"Tavix",
                                     WS_POPUP | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN, 0, 0, 0, 0,
@@ -64,13 +83,17 @@ bool MainWindow::Create() {
   frmPubMain.Refresh = [this] { Refresh(); };
   frmPubMain.Minimize = [this] { ShowWindow(context_.window, SW_MINIMIZE); };
   frmPubMain.Unload = [this] { Unload(); };
+  for (Menu* menu : {&frmPubType.menr, &frmPubType.menh})
+    menu->Popup = [this, menu] { PopUp(context_, *menu); };
   return true;
 }
 
 void MainWindow::Open() {
+  FitTexts([this](TextView text) { return TextWidth(context_, text); });
+  frmPubMain.ActiveControl = &frmPubMain.sbtScan;
   Flush();
   ShowWindow(context_.window, SW_SHOWNORMAL);
-  SetFocus(GetDlgItem(context_.window, kIdScan));
+  ShowFocus();
   UpdateWindow(context_.window);
 }
 
@@ -101,10 +124,12 @@ void MainWindow::Handle(MSG& message) {
 bool MainWindow::PressKey(const MSG& message) {
   if (message.message != WM_KEYDOWN && message.message != WM_SYSKEYDOWN) return false;
   if (message.hwnd != context_.window && IsChild(context_.window, message.hwnd) == FALSE) return false;
+  if (IsWindowEnabled(context_.window) == FALSE) return true;
   const int shift = ShiftState();
   frmPubMain.KeyDown(static_cast<int>(message.wParam), shift);
   const bool closes = message.wParam == VK_F4 && shift == kAlt;
-  return closes || IsLetterOrDigit(message.wParam) || context_.window == nullptr;
+  const bool selectsAll = message.wParam == 'A' && shift == kCtrl;
+  return closes || (IsLetterOrDigit(message.wParam) && !selectsAll) || context_.window == nullptr;
 }
 
 void MainWindow::Flush() {
@@ -127,10 +152,34 @@ void MainWindow::Refresh() {
   RedrawWindow(context_.window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
 }
 
+// The window, and with it all that lies in it, is in reach or not; the focus comes back to where it was.
+void MainWindow::ShowState() {
+  const bool enabled = frmPubMain.Enabled;
+  if ((IsWindowEnabled(context_.window) != FALSE) == enabled) return;
+  if (!enabled && IsChild(context_.window, GetFocus()) != FALSE) context_.lostFocus = GetFocus();
+  EnableWindow(context_.window, enabled ? TRUE : FALSE);
+  if (enabled && GetActiveWindow() == context_.window) SetFocus(context_.window);
+}
+
+// Moves the focus where the program has put it.
+void MainWindow::ShowFocus() {
+  const Control* const wanted = frmPubMain.ActiveControl;
+  if (wanted == nullptr || wanted->hWnd == 0) return;
+  const auto window = reinterpret_cast<HWND>(wanted->hWnd);
+  if (GetActiveWindow() == context_.window && GetFocus() != window && IsWindowVisible(window) != FALSE &&
+      IsWindowEnabled(window) != FALSE) {
+    SetFocus(window);
+  }
+}
+
+// The user may have moved the window: it is placed anew only where the program has.
 void MainWindow::Place() {
-  SetWindowPos(context_.window, nullptr, context_.Pixels(frmPubMain.Left), context_.Pixels(frmPubMain.Top),
-               context_.Pixels(frmPubMain.Width), context_.Pixels(frmPubMain.Height),
-               SWP_NOZORDER | SWP_NOACTIVATE);
+  const MainForm& form = frmPubMain;
+  const RECT place{form.Left, form.Top, form.Left + form.Width, form.Top + form.Height};
+  if (EqualRect(&place, &place_) != FALSE) return;
+  place_ = place;
+  SetWindowPos(context_.window, nullptr, context_.Pixels(form.Left), context_.Pixels(form.Top),
+               context_.Pixels(form.Width), context_.Pixels(form.Height), SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 // A job that is under way below on the stack runs on over the models until it sees the cancel; from here on

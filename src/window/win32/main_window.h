@@ -43,13 +43,15 @@ class MainWindow {
   void Refresh();
   void Unload();
   void Place();
+  void ShowState();
+  void ShowFocus();
   void GiveFocusBack();
 
   // The window itself, as a control of the system is.
   class FrameBinding : public Binding {
    public:
     explicit FrameBinding(MainWindow& owner);
-    void Apply() override { owner_.Place(); }
+    void Apply() override;
 
    private:
     MainWindow& owner_;
@@ -60,6 +62,7 @@ class MainWindow {
   std::unique_ptr<FrameBinding> frame_;
   std::vector<std::unique_ptr<WindowBinding>> bindings_;
   std::unique_ptr<TimerBinding> loader_;
+  RECT place_{};  // of the model, in twips, as it was shown last
   bool unloading_ = false;
   ULONGLONG lastFlush_ = 0;  // in the milliseconds of the system's uptime
 };

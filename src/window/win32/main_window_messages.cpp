@@ -37,6 +37,8 @@ LRESULT MainWindow::OnMessage(UINT message, WPARAM wide, LPARAM longer) {
       return OnColors(message, wide, longer);
     case WM_MOUSEMOVE:
       return ground_.MouseMove({GET_X_LPARAM(longer), GET_Y_LPARAM(longer)}, HeldButtons(wide)), 0;
+    case WM_LBUTTONUP:
+      return ground_.MouseUp({GET_X_LPARAM(longer), GET_Y_LPARAM(longer)}, kLeftButton), 0;
     case WM_ACTIVATE:
       return OnActivate(wide), 0;
     case WM_TIMER:
@@ -64,7 +66,7 @@ LRESULT MainWindow::OnGone(WPARAM wide, LPARAM longer) {
 void MainWindow::OnPaint() {
   PAINTSTRUCT paint;
   const HDC context = BeginPaint(context_.window, &paint);
-  ground_.Paint(context);
+  ground_.Paint(context, paint.rcPaint);
   EndPaint(context_.window, &paint);
 }
 

@@ -1,7 +1,5 @@
 #include "window/win32/paint.h"
 
-#include "window/win32/palette.h"
-
 namespace tavix::win32 {
 
 void FillArea(HDC context, const RECT& area, COLORREF color) {
@@ -10,8 +8,10 @@ void FillArea(HDC context, const RECT& area, COLORREF color) {
 }
 
 void FrameArea(HDC context, const RECT& area, COLORREF color) {
-  SetDCBrushColor(context, color);
-  FrameRect(context, &area, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
+  FillArea(context, {area.left, area.top, area.right, area.top + 1}, color);
+  FillArea(context, {area.left, area.bottom - 1, area.right, area.bottom}, color);
+  FillArea(context, {area.left, area.top, area.left + 1, area.bottom}, color);
+  FillArea(context, {area.right - 1, area.top, area.right, area.bottom}, color);
 }
 
 void WriteText(HDC context, TextView text, RECT area, HFONT font, COLORREF color, UINT format) {
@@ -22,21 +22,48 @@ void WriteText(HDC context, TextView text, RECT area, HFONT font, COLORREF color
             format | DT_NOPREFIX);
 }
 
-ButtonLook LookOf(UINT state, bool accented) {
-  if ((state & ODS_DISABLED) != 0) return {kGroundColor, kLineColor, kFaintTextColor};
-  const bool pressed = (state & ODS_SELECTED) != 0;
-  if (accented) return {pressed ? kAccentDarkColor : kAccentColor, kAccentDarkColor, kTitleTextColor};
-  return {pressed ? kPressedColor : kButtonColor, kLineColor, kTextColor};
+void WriteCaption(HDC context, TextView text, RECT area, HFONT font, COLORREF color, UINT state) {
+  const Selection selected(context, font);
+  SetBkMode(context, TRANSPARENT);
+  SetTextColor(context, color);
+  const UINT line = (state & ODS_NOACCEL) != 0 ? DT_HIDEPREFIX : 0;
+  DrawTextW(context, reinterpret_cast<const wchar_t*>(text.data()), static_cast<int>(text.size()), &area,
+            DT_CENTER | DT_VCENTER | DT_SINGLELINE | line);
 }
 
-void DrawButtonFace(HDC context, RECT area, const ButtonLook& look, UINT state) {
+Canvas::Canvas(HDC screen, const RECT& area)
+    : screen_(screen),
+      area_(area),
+      memory_(CreateCompatibleDC(screen)),
+      bitmap_(CreateCompatibleBitmap(screen, area.right - area.left, area.bottom - area.top)),
+      before_(SelectObject(memory_.Get(), bitmap_.Get())) {
+  SetViewportOrgEx(memory_.Get(), -area.left, -area.top, nullptr);
+}
+
+Canvas::~Canvas() {
+  BitBlt(screen_, area_.left, area_.top, area_.right - area_.left, area_.bottom - area_.top, memory_.Get(),
+         area_.left, area_.top, SRCCOPY);
+  SelectObject(memory_.Get(), before_);
+}
+
+ButtonLook LookOf(const Palette& palette, UINT state, bool accented, bool hot) {
+  const bool pressed = (state & ODS_SELECTED) != 0;
+  if ((state & ODS_DISABLED) != 0) return {palette.ground, palette.line, palette.faintText};
+  if (accented) {
+    const COLORREF face = pressed || hot ? palette.accentDark : palette.accent;
+    return {face, palette.accentDark, palette.accentText};
+  }
+  const COLORREF face = pressed ? palette.pressed : hot ? palette.hot : palette.panel;
+  return {face, palette.buttonLine, palette.text};
+}
+
+void DrawButtonFace(HDC context, RECT area, const ButtonLook& look, UINT state, int line) {
+  FillArea(context, area, look.line);
+  InflateRect(&area, -line, -line);
   FillArea(context, area, look.face);
-  FrameArea(context, area, look.line);
   if ((state & ODS_FOCUS) == 0) return;
-  InflateRect(&area, -3, -3);
-  SetTextColor(context, look.text);
-  SetBkColor(context, look.face);
-  DrawFocusRect(context, &area);
+  InflateRect(&area, -2 * line, -2 * line);
+  FrameArea(context, area, look.text);
 }
 
 }  // namespace tavix::win32

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "window/win32/paint.h"
-#include "window/win32/palette.h"
 
 namespace tavix::win32 {
 
@@ -23,16 +22,18 @@ void ProgressBinding::Show() {
 }
 
 void ProgressBinding::OnDraw(const DRAWITEMSTRUCT& draw) {
-  RECT area = draw.rcItem;
-  FillArea(draw.hDC, area, kGroundColor);
+  const Canvas canvas(draw.hDC, draw.rcItem);
+  const Palette& colors = context_.colors;
+  const RECT area = draw.rcItem;
+  FillArea(canvas.Get(), area, colors.ground);
   if (fill_.Visible) {
     RECT filled = area;
     filled.right = std::min<LONG>(area.right, context_.Pixels(fill_.Width));
-    FillArea(draw.hDC, filled, kFillColor);
+    FillArea(canvas.Get(), filled, colors.fill);
   }
-  if (frame_.BorderStyle == 1) FrameArea(draw.hDC, area, kLineColor);
+  FrameArea(canvas.Get(), area, frame_.BorderStyle == 1 ? colors.buttonLine : colors.line);
   if (fill_.Visible) {
-    WriteText(draw.hDC, fill_.Caption.Get(), area, context_.font.Get(), kTextColor,
+    WriteText(canvas.Get(), fill_.Caption.Get(), area, context_.font.Get(), colors.text,
               DT_CENTER | DT_VCENTER | DT_SINGLELINE);
   }
 }

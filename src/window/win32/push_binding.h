@@ -8,24 +8,32 @@ namespace tavix::win32 {
 class PushBinding : public WindowBinding {
  public:
   void OnCommand(int code) override;
+  void OnDraw(const DRAWITEMSTRUCT& draw) override;
 
  protected:
   PushBinding(Control& model, WindowContext& context, int id) : WindowBinding(model, context) {
     Create(id, L"BUTTON", BS_OWNERDRAW | WS_TABSTOP);
   }
   virtual void OnPress() = 0;
+  // Paints the whole area in a state (ODS_...).
+  virtual void Paint(HDC context, const RECT& area, UINT state) = 0;
   std::optional<LRESULT> OnMessage(UINT message, WPARAM wide, LPARAM longer) override;
+  bool IsHot() const { return hot_; }  // the mouse is over it
+
+ private:
+  void Heat(bool hot);
+  bool hot_ = false;
 };
 
 class ButtonBinding : public PushBinding {
  public:
   ButtonBinding(Button& model, WindowContext& context, int id, bool accented = false)
       : PushBinding(model, context, id), model_(model), accented_(accented) {}
-  void OnDraw(const DRAWITEMSTRUCT& draw) override;
 
  protected:
   void Show() override { SetName(model_.Caption.Get()); }
   void OnPress() override { model_.Click(); }
+  void Paint(HDC context, const RECT& area, UINT state) override;
 
  private:
   Button& model_;
@@ -37,35 +45,15 @@ class LinkBinding : public PushBinding {
  public:
   LinkBinding(Label& model, WindowContext& context, int id)
       : PushBinding(model, context, id), model_(model) {}
-  void OnDraw(const DRAWITEMSTRUCT& draw) override;
 
  protected:
   void Show() override { SetName(model_.Caption.Get()); }
   void OnPress() override { model_.Click(); }
-
- private:
-  Label& model_;
-};
-
-// A picture that is pressed: a page or a button of the title strip.
-class PictureBinding : public PushBinding {
- public:
-  // `name` is what readers of the screen say where the model has no name of its own; `sign` stands for the
-  // picture.
-  PictureBinding(PictureBox& model, WindowContext& context, int id, TextView name, TextView sign,
-                 bool onTitle);
-  void OnDraw(const DRAWITEMSTRUCT& draw) override;
-
- protected:
-  void Show() override;
-  void OnPress() override { model_.MouseUp(kLeftButton); }
-  void OnMouseMove(int buttons) override { model_.MouseMove(buttons); }
+  void Paint(HDC context, const RECT& area, UINT state) override;
   std::optional<LRESULT> OnMessage(UINT message, WPARAM wide, LPARAM longer) override;
 
  private:
-  PictureBox& model_;
-  Text name_, sign_;
-  bool onTitle_;
+  Label& model_;
 };
 
 }  // namespace tavix::win32

@@ -1,5 +1,8 @@
 #include "window/win32/tree_binding.h"
 
+#include <uxtheme.h>
+
+#include <algorithm>
 #include <utility>
 
 #include "platform/windows/wide.h"
@@ -7,27 +10,41 @@
 namespace tavix::win32 {
 namespace {
 
-UINT TickState(const Node& node) { return INDEXTOSTATEIMAGEMASK(node.Checked ? 2U : 1U); }
-
-POINT PointOf(LPARAM position) {
-  return {static_cast<short>(LOWORD(position)), static_cast<short>(HIWORD(position))};
+// Images are counted from 1, in the order of `Tick`.
+UINT TickState(const Node& node) {
+  const Tick ticked = node.BackColor == kButtonFace ? Tick::kPart : Tick::kWhole;
+  return INDEXTOSTATEIMAGEMASK(1U + static_cast<UINT>(node.Checked ? ticked : Tick::kNone));
 }
+
+// Lengths in twips.
+constexpr int kTickHeight = 240;
+constexpr int kIndent = 240;
+constexpr int kRowRoom = 120;  // above and below a text, at most
 
 }  // namespace
 
-TreeBinding::TreeBinding(TreeView& model, WindowContext& context, int id, TextView name)
-    : WindowBinding(model, context), model_(model) {
-  Create(id, WC_TREEVIEWW,
-         WS_TABSTOP | WS_BORDER | TVS_HASBUTTONS | TVS_HASLINES | TVS_LINESATROOT | TVS_SHOWSELALWAYS);
-  // The boxes are made when the style is set on a tree that is there.
+TreeBinding::TreeBinding(TreeView& model, WindowContext& context, int id, TextView name, bool folds)
+    : FramedBinding(model, context),
+      model_(model),
+      ticks_(MakeTickImages(context, context.Pixels(kTickHeight), true)) {
+  CreateFramed(
+      id, WC_TREEVIEWW,
+      TVS_SHOWSELALWAYS | TVS_FULLROWSELECT | TVS_NOHSCROLL | (folds ? TVS_HASBUTTONS | TVS_LINESATROOT : 0));
+  Send(TVM_SETINDENT, static_cast<WPARAM>(context.Pixels(kIndent)));
+  SetWindowTheme(Window(), L"Explorer", nullptr);
+  Send(TVM_SETEXTENDEDSTYLE, TVS_EX_DOUBLEBUFFER, TVS_EX_DOUBLEBUFFER);
+  // The boxes are made when the style is set on a tree that is there; ours take their place.
   SetWindowLongPtrW(Window(), GWL_STYLE, GetWindowLongPtrW(Window(), GWL_STYLE) | TVS_CHECKBOXES);
+  const auto made = reinterpret_cast<HIMAGELIST>(
+      Send(TVM_SETIMAGELIST, TVSIL_STATE, reinterpret_cast<LPARAM>(ticks_.Get())));
+  ImageList(made).Reset();
   SetName(name);
   model_.treePeer = this;
 }
 
 void TreeBinding::Detach() {
   model_.treePeer = nullptr;
-  WindowBinding::Detach();
+  FramedBinding::Detach();
 }
 
 void TreeBinding::NodeChanged(Node& node) {
@@ -53,8 +70,19 @@ void TreeBinding::Show() {
   showing_ = false;
 }
 
+// Rows are as far apart as lets all of them be seen, within limits.
+void TreeBinding::FitRows() const {
+  RECT area;
+  GetClientRect(Window(), &area);
+  const int text = TextHeight(context_);
+  const int fitting = static_cast<int>(area.bottom) / model_.NodeCount();
+  const int height = std::clamp(fitting, text + context_.Line(), text + context_.Pixels(kRowRoom));
+  Send(TVM_SETITEMHEIGHT, static_cast<WPARAM>(height));
+}
+
 void TreeBinding::InsertFrom(int first) {
   Send(WM_SETREDRAW, FALSE);
+  if (first == 1) FitRows();
   for (int i = first; i <= model_.NodeCount(); ++i) Insert(*model_.NodeAt(i));
   // A node opens only when it has children.
   for (int i = first; i <= model_.NodeCount(); ++i) {
@@ -129,7 +157,7 @@ LRESULT TreeBinding::Paint(NMTVCUSTOMDRAW& draw) const {
   const Node* const node =
       selected || cleared_ ? nullptr : model_.NodeAt(static_cast<int>(draw.nmcd.lItemlParam));
   if (node != nullptr) {
-    draw.clrTextBk = ScreenColor(node->BackColor);
+    if (node->BackColor != kButtonFace) draw.clrTextBk = ScreenColor(node->BackColor);
     draw.clrText = ScreenColor(node->ForeColor);
   }
   return CDRF_DODEFAULT;
@@ -173,7 +201,7 @@ std::optional<LRESULT> TreeBinding::OnMessage(UINT message, WPARAM wide, LPARAM 
   if (message == WM_KEYDOWN) return OnKey(wide);
   if (message == WM_CHAR) return 0;
   if (message == WM_GETDLGCODE && wide == VK_RETURN) return DLGC_WANTARROWS | DLGC_WANTMESSAGE;
-  return WindowBinding::OnMessage(message, wide, longer);
+  return FramedBinding::OnMessage(message, wide, longer);
 }
 
 }  // namespace tavix::win32

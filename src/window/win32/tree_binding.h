@@ -4,18 +4,17 @@
 
 #include "controls/tree_view.h"
 
-// clang-format off
-#include "window/win32/window_binding.h"
-#include <commctrl.h>
-// clang-format on
+#include "window/win32/framed_binding.h"
+#include "window/win32/tick_images.h"
 
 namespace tavix::win32 {
 
-// A tree with check boxes. Ticks are turned by a click on the box or by the space bar, and only in the
-// model; Enter is a click on the node in focus.
-class TreeBinding : public WindowBinding, private TreePeer {
+// A tree with check boxes, of which those of half-ticked branches show a third state. Ticks are turned by a
+// click on the box or by the space bar, and only in the model; Enter is a click on the node in focus.
+class TreeBinding : public FramedBinding, private TreePeer {
  public:
-  TreeBinding(TreeView& model, WindowContext& context, int id, TextView name);
+  // With `folds`, branches have a mark that opens and closes them.
+  TreeBinding(TreeView& model, WindowContext& context, int id, TextView name, bool folds);
   ~TreeBinding() override { TreeBinding::Detach(); }
   void Detach() override;
   LRESULT OnNotify(NMHDR& header) override;
@@ -30,6 +29,7 @@ class TreeBinding : public WindowBinding, private TreePeer {
   void NodeChanged(Node& node) override;
   void NodesCleared() override;
 
+  void FitRows() const;
   void InsertFrom(int first);
   void Insert(Node& node);
   void ShowNode(Node& node);
@@ -48,6 +48,7 @@ class TreeBinding : public WindowBinding, private TreePeer {
   std::vector<int> changed_;  // numbers of nodes
   bool cleared_ = false;
   bool showing_ = false;
+  ImageList ticks_;
 };
 
 }  // namespace tavix::win32

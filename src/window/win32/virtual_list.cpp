@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include <uxtheme.h>
+
 #include "platform/windows/wide.h"
 
 namespace tavix::win32 {
@@ -9,14 +11,20 @@ namespace {
 // State images of the check boxes.
 constexpr UINT kUnticked = 1;
 constexpr UINT kTicked = 2;
+constexpr int kRowHeight = 270;  // twips
 }  // namespace
 
 VirtualList::VirtualList(Control& model, WindowContext& context, int id, DWORD style)
-    : WindowBinding(model, context) {
-  Create(id, WC_LISTVIEWW,
-         WS_TABSTOP | WS_BORDER | LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS | LVS_SINGLESEL | style);
-  constexpr DWORD kStyle = LVS_EX_CHECKBOXES | LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER;
+    : FramedBinding(model, context), ticks_(MakeTickImages(context, context.Pixels(kRowHeight), false)) {
+  CreateFramed(id, WC_LISTVIEWW,
+               LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS | LVS_SHAREIMAGELISTS | style);
+  SetWindowTheme(Window(), L"Explorer", nullptr);
+  constexpr DWORD kStyle = LVS_EX_CHECKBOXES | LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP;
   Send(LVM_SETEXTENDEDLISTVIEWSTYLE, kStyle, kStyle);
+  // Our own boxes in place of those that the style has made.
+  const auto made = reinterpret_cast<HIMAGELIST>(
+      Send(LVM_SETIMAGELIST, LVSIL_STATE, reinterpret_cast<LPARAM>(ticks_.Get())));
+  ImageList(made).Reset();
   Send(LVM_SETCALLBACKMASK, LVIS_STATEIMAGEMASK);
 }
 
@@ -36,17 +44,39 @@ void VirtualList::ShowRows() {
   if (static_cast<int>(Send(LVM_GETITEMCOUNT)) != count) {
     Send(LVM_SETITEMCOUNT, static_cast<WPARAM>(count), LVSICF_NOSCROLL | LVSICF_NOINVALIDATEALL);
   }
-  const int focused = FocusedRow();
-  const int shown = static_cast<int>(Send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED));
-  if (focused != shown) {
-    LVITEMW item{};
-    item.stateMask = LVIS_FOCUSED | LVIS_SELECTED;
-    Send(LVM_SETITEMSTATE, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(&item));
-    item.state = item.stateMask;
-    if (focused >= 0) Send(LVM_SETITEMSTATE, static_cast<WPARAM>(focused), reinterpret_cast<LPARAM>(&item));
-  }
+  ShowFocus();
+  ShowHighlights();
   showing_ = false;
   InvalidateRect(Window(), nullptr, FALSE);
+}
+
+void VirtualList::SetState(int row, UINT mask, UINT state) const {
+  LVITEMW item{};
+  item.stateMask = mask;
+  item.state = state;
+  // Row by row, the list would have itself painted anew, and ask for ticks.
+  if (row < 0) {
+    Send(WM_SETREDRAW, FALSE);
+    Send(LVM_SETCALLBACKMASK, 0);
+  }
+  Send(LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+  if (row >= 0) return;
+  Send(LVM_SETCALLBACKMASK, LVIS_STATEIMAGEMASK);
+  Send(WM_SETREDRAW, TRUE);
+  InvalidateRect(Window(), nullptr, FALSE);
+}
+
+int VirtualList::ShownFocus() const {
+  return static_cast<int>(Send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED));
+}
+
+void VirtualList::ShowFocus() {
+  const int focused = FocusedRow();
+  const int shown = ShownFocus();
+  if (focused == shown) return;
+  const UINT states = SelectsOne() ? LVIS_FOCUSED | LVIS_SELECTED : LVIS_FOCUSED;
+  if (shown >= 0) SetState(shown, states, 0);
+  if (focused >= 0) SetState(focused, states, states);
 }
 
 LRESULT VirtualList::OnNotify(NMHDR& header) {
@@ -57,6 +87,8 @@ LRESULT VirtualList::OnNotify(NMHDR& header) {
       return Paint(reinterpret_cast<NMLVCUSTOMDRAW&>(header));
     case LVN_ITEMCHANGED:
       return RowChanged(reinterpret_cast<NMLISTVIEW&>(header)), 0;
+    case LVN_ODSTATECHANGED:
+      return RowsChanged(reinterpret_cast<NMLVODSTATECHANGE&>(header)), 0;
     case NM_CLICK:
       return OnRowClick(reinterpret_cast<NMITEMACTIVATE&>(header).iItem), 0;
     case LVN_COLUMNCLICK:
@@ -91,8 +123,16 @@ LRESULT VirtualList::Paint(NMLVCUSTOMDRAW& draw) {
 }
 
 void VirtualList::RowChanged(const NMLISTVIEW& change) {
-  const bool focused = (change.uNewState & ~change.uOldState & LVIS_FOCUSED) != 0;
-  if (!showing_ && focused && Has(change.iItem)) OnRowFocused(change.iItem);
+  if (showing_ || (change.uChanged & LVIF_STATE) == 0) return;
+  const UINT changed = change.uNewState ^ change.uOldState;
+  if ((changed & LVIS_SELECTED) != 0)
+    OnRowsHighlighted(change.iItem, change.iItem, (change.uNewState & LVIS_SELECTED) != 0);
+  if ((changed & change.uNewState & LVIS_FOCUSED) != 0 && Has(change.iItem)) OnRowFocused(change.iItem);
+}
+
+void VirtualList::RowsChanged(const NMLVODSTATECHANGE& change) {
+  if (!showing_ && ((change.uNewState ^ change.uOldState) & LVIS_SELECTED) != 0)
+    OnRowsHighlighted(change.iFrom, change.iTo, (change.uNewState & LVIS_SELECTED) != 0);
 }
 
 int VirtualList::RowOfBoxAt(LPARAM position) const {
@@ -111,11 +151,11 @@ std::optional<LRESULT> VirtualList::OnMessage(UINT message, WPARAM wide, LPARAM 
     return 0;
   }
   if ((message == WM_KEYDOWN || message == WM_CHAR) && wide == VK_SPACE) {
-    const int row = static_cast<int>(Send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED));
+    const int row = ShownFocus();
     if (message == WM_KEYDOWN && Has(row)) Toggle(row);
     return 0;
   }
-  return WindowBinding::OnMessage(message, wide, longer);
+  return FramedBinding::OnMessage(message, wide, longer);
 }
 
 }  // namespace tavix::win32

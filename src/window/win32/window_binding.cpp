@@ -2,16 +2,21 @@
 
 #include <commctrl.h>
 
+#include <utility>
+
 #include "platform/windows/wide.h"
 
 namespace tavix::win32 {
 namespace {
 constexpr UINT_PTR kSubclassId = 1;
-constexpr wchar_t kProperty[] = L"TavixBinding";
 }  // namespace
 
 int HeldButtons(WPARAM wide) {
   return ((wide & MK_LBUTTON) != 0 ? kLeftButton : 0) | ((wide & MK_RBUTTON) != 0 ? kRightButton : 0);
+}
+
+POINT PointOf(LPARAM position) {
+  return {static_cast<short>(LOWORD(position)), static_cast<short>(HIWORD(position))};
 }
 
 void WindowBinding::Create(int id, const wchar_t* className, DWORD style, DWORD extendedStyle) {
@@ -19,7 +24,8 @@ void WindowBinding::Create(int id, const wchar_t* className, DWORD style, DWORD 
                             context_.window, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
                             GetModuleHandleW(nullptr), nullptr);
   model_.hWnd = reinterpret_cast<intptr_t>(window_);
-  SetPropW(window_, kProperty, this);
+  // The controls of the system leave this room to those who make them.
+  SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
   SetWindowSubclass(window_, Procedure, kSubclassId, reinterpret_cast<DWORD_PTR>(this));
   Send(WM_SETFONT, reinterpret_cast<WPARAM>(context_.font.Get()));
 }
@@ -30,21 +36,22 @@ void WindowBinding::Detach() {
 }
 
 WindowBinding* WindowBinding::Of(HWND window) {
-  return static_cast<WindowBinding*>(GetPropW(window, kProperty));
+  return reinterpret_cast<WindowBinding*>(GetWindowLongPtrW(window, GWLP_USERDATA));
 }
 
 LRESULT CALLBACK WindowBinding::Procedure(HWND window, UINT message, WPARAM wide, LPARAM longer, UINT_PTR id,
                                           DWORD_PTR data) {
   if (message == WM_NCDESTROY) {
-    RemovePropW(window, kProperty);
+    SetWindowLongPtrW(window, GWLP_USERDATA, 0);
     RemoveWindowSubclass(window, Procedure, id);
   }
   const auto result = reinterpret_cast<WindowBinding*>(data)->OnMessage(message, wide, longer);
   return result ? *result : DefSubclassProc(window, message, wide, longer);
 }
 
-std::optional<LRESULT> WindowBinding::OnMessage(UINT message, WPARAM wide, LPARAM) {
-  if (message == WM_MOUSEMOVE) OnMouseMove(HeldButtons(wide));
+std::optional<LRESULT> WindowBinding::OnMessage(UINT message, WPARAM wide, LPARAM longer) {
+  if (message == WM_MOUSEMOVE && context_.HasMoved(window_, PointOf(longer))) OnMouseMove(HeldButtons(wide));
+  if (message == WM_SETFOCUS && context_.form != nullptr) context_.form->ActiveControl = &model_;
   return std::nullopt;
 }
 
@@ -62,23 +69,34 @@ void WindowBinding::Apply() {
 }
 
 void WindowBinding::ShowPlace() {
-  const RECT place{context_.Pixels(model_.Left), context_.Pixels(model_.Top),
-                   context_.Pixels(model_.Left + model_.Width), context_.Pixels(model_.Top + model_.Height)};
+  const RECT place = context_.Area(model_);
   if (EqualRect(&place, &place_) != FALSE) return;
   place_ = place;
   SetWindowPos(window_, nullptr, place.left, place.top, place.right - place.left, place.bottom - place.top,
                SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+void WindowBinding::LieUnder(WindowBinding& cover) {
+  cover_ = &cover;
+  cover.covered_ = this;
+}
+
+bool WindowBinding::IsShown() const {
+  return model_.Visible && (cover_ == nullptr || !cover_->model_.Visible);
+}
+
 void WindowBinding::ShowState() {
-  if (!model_.Visible || !model_.Enabled) LeaveFocus();
+  const bool visible = IsShown();
+  if (!visible || !model_.Enabled) LeaveFocus();
   if ((IsWindowEnabled(window_) != FALSE) != model_.Enabled) {
     EnableWindow(window_, model_.Enabled);
     // Scroll bars keep the look that they had when they were last painted.
     RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
   }
   const bool shown = (GetWindowLongPtrW(window_, GWL_STYLE) & WS_VISIBLE) != 0;
-  if (shown != model_.Visible) ShowWindow(window_, model_.Visible ? SW_SHOWNA : SW_HIDE);
+  if (shown == visible) return;
+  ShowWindow(window_, visible ? SW_SHOWNA : SW_HIDE);
+  if (covered_ != nullptr) covered_->ModelChanged();
 }
 
 // A hidden or disabled control would keep the keys to itself.

@@ -16,6 +16,8 @@ class WindowBinding : public Binding {
 
   void Detach() override;
   void Apply() final;
+  // As long as the model of `cover` is visible, this control lies under it and is out of reach.
+  void LieUnder(WindowBinding& cover);
 
   // What the control tells its parent.
   virtual void OnCommand(int code) { (void)code; }
@@ -47,6 +49,7 @@ class WindowBinding : public Binding {
  private:
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wide, LPARAM longer, UINT_PTR id,
                                     DWORD_PTR data);
+  bool IsShown() const;
   void ShowPlace();
   void ShowState();
   void ShowToolTip();
@@ -56,9 +59,13 @@ class WindowBinding : public Binding {
   HWND window_ = nullptr;
   RECT place_{};
   Text name_, toolTip_;
+  WindowBinding* cover_ = nullptr;
+  WindowBinding* covered_ = nullptr;
 };
 
 // The mouse buttons held down, as the models' events take them.
 int HeldButtons(WPARAM wide);
+// The point that a message of the mouse tells of.
+POINT PointOf(LPARAM position);
 
 }  // namespace tavix::win32

@@ -1,10 +1,11 @@
 #include "window/win32/window_context.h"
 
-#include "window/win32/palette.h"
-
 namespace tavix::win32 {
 
 void MakeDrawingTools(WindowContext& context) {
+  context.dpi = GetDeviceCaps(windows::ScreenContext(GetDC(nullptr)).Get(), LOGPIXELSX);
+  context.colors = ReadPalette();
+  context.skin.emplace(context.dpi);
   NONCLIENTMETRICSW metrics{};
   metrics.cbSize = sizeof metrics;
   SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
@@ -15,11 +16,24 @@ void MakeDrawingTools(WindowContext& context) {
   font.lfUnderline = FALSE;
   font.lfWeight = FW_BOLD;
   context.boldFont.Reset(CreateFontIndirectW(&font));
-  font.lfHeight = -context.Pixels(420);
-  context.largeFont.Reset(CreateFontIndirectW(&font));
-  context.ground.Reset(CreateSolidBrush(kGroundColor));
-  context.panel.Reset(CreateSolidBrush(kPanelColor));
-  context.title.Reset(CreateSolidBrush(kTitleColor));
+  context.ground.Reset(CreateSolidBrush(context.colors.ground));
+}
+
+int TextWidth(const WindowContext& context, TextView text) {
+  const windows::ScreenContext screen(GetDC(nullptr));
+  const Selection selected(screen.Get(), context.font.Get());
+  SIZE size{};
+  GetTextExtentPoint32W(screen.Get(), reinterpret_cast<const wchar_t*>(text.data()),
+                        static_cast<int>(text.size()), &size);
+  return context.Twips(size.cx + 1);
+}
+
+int TextHeight(const WindowContext& context) {
+  const windows::ScreenContext screen(GetDC(nullptr));
+  const Selection selected(screen.Get(), context.font.Get());
+  TEXTMETRICW metrics{};
+  GetTextMetricsW(screen.Get(), &metrics);
+  return metrics.tmHeight;
 }
 
 }  // namespace tavix::win32

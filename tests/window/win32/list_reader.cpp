@@ -1,7 +1,8 @@
 // Prints what the main window shows, read from outside by messages: one JSON object a line, UTF-8. A
 // control as {"control":id,"text":...}, then the columns and rows of the result list, the rows of the
 // function list and the nodes of the trees; of a list the first thousand rows. Rectangles are left, top,
-// right, bottom on the screen.
+// right, bottom on the screen. With the class of another window as its argument it prints that one: each list
+// and tree behind its control, then the title.
 
 // clang-format off
 #include "platform/windows/windows_api.h"
@@ -18,6 +19,7 @@
 #include "platform/windows/wide.h"
 #include "text/utf8.h"
 #include "window/win32/control_ids.h"
+#include "window/win32/dialog_ids.h"
 
 namespace {
 
@@ -26,6 +28,8 @@ using namespace tavix::win32;
 
 constexpr size_t kTextRoom = 4096;
 constexpr int kMostRows = 1000;
+// Whether an ampersand in a caption marks a letter.
+bool lettersAreMarked = false;
 
 // Room in the other process for one message's structure with its text.
 class RemoteRoom {
@@ -82,6 +86,24 @@ std::string Quoted(const Text& text) {
   return json + '"';
 }
 
+// The room that the text takes in the system's message font: on one line, or wrapped to the control's width
+// where that is a label of several lines.
+std::string TextRoom(HWND control, const wchar_t* text, RECT area) {
+  NONCLIENTMETRICSW metrics{};
+  metrics.cbSize = sizeof metrics;
+  SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
+  const HDC context = GetDC(nullptr);
+  const HFONT font = CreateFontIndirectW(&metrics.lfMessageFont);
+  const HGDIOBJ before = SelectObject(context, font);
+  const int number = GetDlgCtrlID(control);
+  const UINT wrapped = number == kIdStatus || number == kIdPageRemark ? DT_WORDBREAK : DT_SINGLELINE;
+  DrawTextW(context, text, -1, &area, DT_CALCRECT | wrapped | (lettersAreMarked ? 0U : DT_NOPREFIX));
+  SelectObject(context, before);
+  DeleteObject(font);
+  ReleaseDC(nullptr, context);
+  return "[" + std::to_string(area.right - area.left) + "," + std::to_string(area.bottom - area.top) + "]";
+}
+
 const char* Flag(bool flag) { return flag ? "true" : "false"; }
 
 std::string Rectangle(HWND origin, RECT area) {
@@ -97,7 +119,8 @@ BOOL CALLBACK PrintControl(HWND control, LPARAM parent) {
   RECT area;
   GetClientRect(control, &area);
   std::printf(
-      "{\"control\":%d,\"text\":%s,\"visible\":%s,\"enabled\":%s,\"focus\":%s,\"ticked\":%s,\"rect\":%s}\n",
+      "{\"control\":%d,\"text\":%s,\"visible\":%s,\"enabled\":%s,\"focus\":%s,\"ticked\":%s,\"rect\":%s,"
+      "\"room\":%s}\n",
       GetDlgCtrlID(control), Quoted(windows::FromWide(text.data())).c_str(),
       Flag(IsWindowVisible(control) != FALSE), Flag(IsWindowEnabled(control) != FALSE),
       [&] {
@@ -106,7 +129,8 @@ BOOL CALLBACK PrintControl(HWND control, LPARAM parent) {
         GetGUIThreadInfo(GetWindowThreadProcessId(control, nullptr), &info);
         return Flag(info.hwndFocus == control);
       }(),
-      Flag(SendMessageW(control, BM_GETCHECK, 0, 0) == BST_CHECKED), Rectangle(control, area).c_str());
+      Flag(SendMessageW(control, BM_GETCHECK, 0, 0) == BST_CHECKED), Rectangle(control, area).c_str(),
+      TextRoom(control, text.data(), area).c_str());
   return TRUE;
 }
 
@@ -141,12 +165,14 @@ void PrintRows(const RemoteRoom& room, HWND list, const char* kind, int columns)
       room.Send(list, LVM_GETITEMTEXTW, row, item);
       texts += (column == 0 ? "" : ",") + Quoted(room.ReadText());
     }
-    const auto state = static_cast<UINT>(SendMessageW(list, LVM_GETITEMSTATE, row, LVIS_STATEIMAGEMASK));
+    const auto state =
+        static_cast<UINT>(SendMessageW(list, LVM_GETITEMSTATE, row, LVIS_STATEIMAGEMASK | LVIS_SELECTED));
     RECT area{};
     area.left = LVIR_BOUNDS;
     room.Send(list, LVM_GETITEMRECT, row, area);
-    std::printf("{\"%s\":%d,\"texts\":[%s],\"checked\":%s,\"rect\":%s}\n", kind, row + 1, texts.c_str(),
-                Flag(state == INDEXTOSTATEIMAGEMASK(2)), Rectangle(list, area).c_str());
+    std::printf("{\"%s\":%d,\"texts\":[%s],\"checked\":%s,\"selected\":%s,\"rect\":%s}\n", kind, row + 1,
+                texts.c_str(), Flag((state & LVIS_STATEIMAGEMASK) == INDEXTOSTATEIMAGEMASK(2)),
+                Flag((state & LVIS_SELECTED) != 0), Rectangle(list, area).c_str());
   }
 }
 
@@ -172,23 +198,75 @@ void PrintNodes(const RemoteRoom& room, HWND tree, HTREEITEM first, int level) {
     } place{};
     place.node = node;
     const bool seen = room.Send(tree, TVM_GETITEMRECT, TRUE, place) != FALSE;
-    std::printf("{\"node\":%s,\"tree\":%d,\"level\":%d,\"checked\":%s,\"expanded\":%s,\"rect\":%s}\n",
-                Quoted(text).c_str(), GetDlgCtrlID(tree), level,
-                Flag((item.state & TVIS_STATEIMAGEMASK) == INDEXTOSTATEIMAGEMASK(2)),
-                Flag((item.state & TVIS_EXPANDED) != 0), seen ? Rectangle(tree, place.area).c_str() : "null");
+    // A box with a mark, and one that is half ticked.
+    const UINT box = item.state & TVIS_STATEIMAGEMASK;
+    std::printf(
+        "{\"node\":%s,\"tree\":%d,\"level\":%d,\"checked\":%s,\"half\":%s,\"expanded\":%s,\"rect\":%s}\n",
+        Quoted(text).c_str(), GetDlgCtrlID(tree), level,
+        Flag(box == INDEXTOSTATEIMAGEMASK(2) || box == INDEXTOSTATEIMAGEMASK(3)),
+        Flag(box == INDEXTOSTATEIMAGEMASK(3)), Flag((item.state & TVIS_EXPANDED) != 0),
+        seen ? Rectangle(tree, place.area).c_str() : "null");
     PrintNodes(room, tree, Next(tree, TVGN_CHILD, node), level + 1);
   }
 }
 
+void PrintLines(HWND list) {
+  const auto count = static_cast<int>(SendMessageW(list, LB_GETCOUNT, 0, 0));
+  for (int line = 0; line < count; ++line) {
+    std::array<wchar_t, kTextRoom> text{};
+    SendMessageW(list, LB_GETTEXT, static_cast<WPARAM>(line), reinterpret_cast<LPARAM>(text.data()));
+    std::printf("{\"line\":%s,\"selected\":%s}\n", Quoted(windows::FromWide(text.data())).c_str(),
+                Flag(SendMessageW(list, LB_GETSEL, static_cast<WPARAM>(line), 0) > 0));
+  }
+}
+
+BOOL CALLBACK PrintContent(HWND control, LPARAM window) {
+  if (GetParent(control) != reinterpret_cast<HWND>(window)) return TRUE;
+  PrintControl(control, window);
+  std::array<wchar_t, 64> name{};
+  GetClassNameW(control, name.data(), static_cast<int>(name.size()));
+  const RemoteRoom room(control);
+  const std::wstring kind(name.data());
+  if (kind == WC_LISTVIEWW) {
+    PrintColumns(room, control);
+    PrintRows(room, control, "row", 2);
+  } else if (kind == WC_TREEVIEWW) {
+    PrintNodes(room, control, Next(control, TVGN_ROOT, nullptr), 0);
+  } else if (kind == L"ListBox") {
+    PrintLines(control);
+  }
+  return TRUE;
+}
+
+int PrintWindow(const wchar_t* className) {
+  const HWND window = FindWindowW(className, nullptr);
+  if (window == nullptr || IsWindowVisible(window) == FALSE) return 1;
+  lettersAreMarked = true;
+  EnumChildWindows(window, PrintContent, reinterpret_cast<LPARAM>(window));
+  std::array<wchar_t, kTextRoom> title{};
+  SendMessageW(window, WM_GETTEXT, title.size(), reinterpret_cast<LPARAM>(title.data()));
+  RECT place, inside;
+  GetWindowRect(window, &place);
+  GetClientRect(window, &inside);
+  std::printf("{\"title\":%s,\"enabled\":%s,\"rect\":%s,\"inside\":%s}\n",
+              Quoted(windows::FromWide(title.data())).c_str(), Flag(IsWindowEnabled(window) != FALSE),
+              Rectangle(nullptr, place).c_str(), Rectangle(window, inside).c_str());
+  return 0;
+}
+
 }  // namespace
 
-int main() {
+int main(int count, char** values) {
   _setmode(_fileno(stdout), _O_BINARY);
+  if (count == 2) return PrintWindow(windows::ToWide(FromUtf8(values[1]).value_or(Text())).c_str());
   const HWND window = FindWindowW(kMainWindowClass, nullptr);
   if (window == nullptr) return 1;
   const RemoteRoom room(window);
   if (!room.IsThere()) return 2;
-  std::printf("{\"minimized\":%s}\n", Flag(IsIconic(window) != FALSE));
+  RECT place;
+  GetWindowRect(window, &place);
+  std::printf("{\"minimized\":%s,\"enabled\":%s,\"rect\":%s}\n", Flag(IsIconic(window) != FALSE),
+              Flag(IsWindowEnabled(window) != FALSE), Rectangle(nullptr, place).c_str());
   EnumChildWindows(window, PrintControl, reinterpret_cast<LPARAM>(window));
   PrintColumns(room, GetDlgItem(window, kIdResult));
   PrintRows(room, GetDlgItem(window, kIdResult), "row", 5);

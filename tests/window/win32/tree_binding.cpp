@@ -121,14 +121,28 @@ TEST_F(TreeBindingTest, AClearedTreeShowsWhatIsAddedAfterwards) {
 }
 
 TEST_F(TreeBindingTest, ANodeIsPaintedOnItsOwnGround) {
-  first->BackColor = kButtonFace;
+  first->BackColor = 0x123456;
   Flush();
   NMTVCUSTOMDRAW draw{};
   draw.nmcd.hdr = {tree, kIdPrivacyTree, static_cast<UINT>(NM_CUSTOMDRAW)};
   draw.nmcd.dwDrawStage = CDDS_ITEMPREPAINT;
   draw.nmcd.lItemlParam = first->Index;
   Send(frame, WM_NOTIFY, kIdPrivacyTree, reinterpret_cast<LPARAM>(&draw));
-  EXPECT_EQ(draw.clrTextBk, GetSysColor(COLOR_BTNFACE));
+  EXPECT_EQ(draw.clrTextBk, 0x123456U);
+}
+
+TEST_F(TreeBindingTest, AHalfTickedBranchHasABoxOfItsOwn) {
+  const auto box = [this] { return (State(RootItem()) & TVIS_STATEIMAGEMASK) >> 12; };
+  EXPECT_EQ(box(), 1U);
+  root->Checked = true;
+  Flush();
+  EXPECT_EQ(box(), 2U);
+  root->BackColor = kButtonFace;
+  Flush();
+  EXPECT_EQ(box(), 3U);
+  root->BackColor = kWindowBackground;
+  Flush();
+  EXPECT_EQ(box(), 2U);
 }
 
 }  // namespace

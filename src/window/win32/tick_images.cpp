@@ -1,0 +1,129 @@
+#include "window/win32/tick_images.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace tavix::win32 {
+namespace {
+
+// Lengths below are in units of a box 13 wide, with the middle as the origin.
+constexpr double kHalf = 6.5;
+constexpr double kCorner = 2;
+constexpr double kLine = 1;
+constexpr int kRoom = 240;  // twips that an image is wide
+
+struct Point {
+  double x, y;
+};
+
+// Distance to the edge of a square with round corners; negative inside.
+double ToBox(Point p, double half, double corner) {
+  const double x = std::abs(p.x) - half + corner;
+  const double y = std::abs(p.y) - half + corner;
+  return std::hypot(std::max(x, 0.0), std::max(y, 0.0)) + std::min(std::max(x, y), 0.0) - corner;
+}
+
+double ToStroke(Point p, Point from, Point to) {
+  const Point along{to.x - from.x, to.y - from.y};
+  const double part =
+      ((p.x - from.x) * along.x + (p.y - from.y) * along.y) / (along.x * along.x + along.y * along.y);
+  const double t = std::clamp(part, 0.0, 1.0);
+  return std::hypot(p.x - from.x - t * along.x, p.y - from.y - t * along.y);
+}
+
+double ToMark(Point p) {
+  constexpr Point kStart{-3.2, 0.2}, kBottom{-0.9, 2.5}, kEnd{3.4, -2.3};
+  return std::min(ToStroke(p, kStart, kBottom), ToStroke(p, kBottom, kEnd)) - 0.9;
+}
+
+// Colour and coverage, 0 to 1, of a point; `pixel` is the length of a pixel.
+struct Shade {
+  COLORREF color;
+  double coverage;
+};
+
+double Cover(double distance, double pixel) { return std::clamp(0.5 - distance / pixel, 0.0, 1.0); }
+
+COLORREF Mix(COLORREF under, COLORREF over, double part) {
+  const auto mix = [&](int shift) {
+    const int low = static_cast<int>(under >> shift & 0xFF), high = static_cast<int>(over >> shift & 0xFF);
+    return static_cast<COLORREF>(std::lround(low + (high - low) * part)) << shift;
+  };
+  return mix(0) | mix(8) | mix(16);
+}
+
+Shade ShadeAt(Point p, double pixel, const Palette& colors, Tick tick, bool enabled) {
+  const double edge = ToBox(p, kHalf, kCorner);
+  const COLORREF line = enabled ? colors.buttonLine : colors.line;
+  const COLORREF strong = enabled ? colors.accent : colors.line;
+  const double within = Cover(edge + std::max(kLine, pixel), pixel);
+  Shade shade{Mix(line, colors.panel, within), Cover(edge, pixel)};
+  if (tick == Tick::kWhole) {
+    shade.color = Mix(strong, colors.accentText, Cover(ToMark(p), pixel));
+  } else if (tick == Tick::kPart) {
+    shade.color = Mix(shade.color, strong, Cover(ToBox(p, 3.2, 0.8), pixel));
+  }
+  return shade;
+}
+
+Bitmap MakePicture(SIZE size, uint32_t*& pixels) {
+  BITMAPINFO info{};
+  info.bmiHeader = {sizeof info.bmiHeader, size.cx, -size.cy, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+  void* bits = nullptr;
+  Bitmap bitmap(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
+  pixels = static_cast<uint32_t*>(bits);
+  return bitmap;
+}
+
+template <class Visit>
+void ForEachPixel(SIZE size, int dpi, const Visit& visit) {
+  const double pixel = 96.0 / dpi;
+  for (int y = 0; y < size.cy; ++y) {
+    for (int x = 0; x < size.cx; ++x) {
+      // Whole pixels, so that straight edges are sharp.
+      const int left = (size.cx - std::lround(2 * kHalf / pixel)) / 2;
+      const int top = (size.cy - std::lround(2 * kHalf / pixel)) / 2;
+      visit(y * size.cx + x, Point{(x - left + 0.5) * pixel - kHalf, (y - top + 0.5) * pixel - kHalf}, pixel);
+    }
+  }
+}
+
+Bitmap MakeTick(const WindowContext& context, SIZE size, Tick tick) {
+  uint32_t* pixels = nullptr;
+  Bitmap bitmap = MakePicture(size, pixels);
+  if (pixels == nullptr) return bitmap;
+  ForEachPixel(size, context.dpi, [&](int at, Point p, double pixel) {
+    const Shade shade = ShadeAt(p, pixel, context.colors, tick, true);
+    const auto alpha = static_cast<uint32_t>(std::lround(shade.coverage * 255));
+    pixels[at] =
+        alpha << 24 | GetRValue(shade.color) << 16 | GetGValue(shade.color) << 8 | GetBValue(shade.color);
+  });
+  return bitmap;
+}
+
+}  // namespace
+
+int TickWidth(const WindowContext& context) { return context.Pixels(kRoom); }
+
+ImageList MakeTickImages(const WindowContext& context, int height, bool leading) {
+  const SIZE size{TickWidth(context), height};
+  ImageList images(ImageList_Create(size.cx, size.cy, ILC_COLOR32, 4, 0));
+  const auto add = [&](Tick tick) {
+    ImageList_Add(images.Get(), MakeTick(context, size, tick).Get(), nullptr);
+  };
+  if (leading) add(Tick::kNone);
+  for (const Tick tick : {Tick::kNone, Tick::kWhole, Tick::kPart}) add(tick);
+  return images;
+}
+
+void DrawTick(HDC context, const WindowContext& window, const RECT& area, Tick tick, bool enabled) {
+  const SIZE size{TickWidth(window), area.bottom - area.top};
+  ForEachPixel(size, window.dpi, [&](int at, Point p, double pixel) {
+    const Shade shade = ShadeAt(p, pixel, window.colors, tick, enabled);
+    const int x = area.left + at % static_cast<int>(size.cx), y = area.top + at / static_cast<int>(size.cx);
+    if (shade.coverage > 0)
+      SetPixelV(context, x, y, Mix(GetPixel(context, x, y), shade.color, shade.coverage));
+  });
+}
+
+}  // namespace tavix::win32

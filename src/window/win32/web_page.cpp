@@ -1,0 +1,96 @@
+#include "window/win32/web_page.h"
+
+#include <mshtml.h>
+
+#include "platform/windows/wide.h"
+
+namespace tavix::win32 {
+namespace {
+
+struct SystemTextTraits {
+  using Handle = BSTR;
+  static Handle Null() { return nullptr; }
+  static void Close(Handle handle) { SysFreeString(handle); }
+};
+using SystemText = windows::Owned<SystemTextTraits>;
+
+SystemText ToSystem(TextView text) {
+  return SystemText(
+      SysAllocStringLen(reinterpret_cast<const wchar_t*>(text.data()), static_cast<UINT>(text.size())));
+}
+
+VARIANT AsVariant(const SystemText& text) {
+  VARIANT variant{};
+  V_VT(&variant) = VT_BSTR;
+  V_BSTR(&variant) = text.Get();
+  return variant;
+}
+
+template <class Interface, class From>
+windows::ComPointer<Interface> As(From* object) {
+  windows::ComPointer<Interface> found;
+  if (object != nullptr)
+    object->QueryInterface(__uuidof(Interface), reinterpret_cast<void**>(found.Receive()));
+  return found;
+}
+
+}  // namespace
+
+WebPage::WebPage(HWND window, WebPageOwner& owner) : window_(window), site_(new WebSite(window, owner)) {}
+
+WebPage::~WebPage() {
+  site_.Get()->Forget();
+  if (events_ && listening_ != 0) events_.Get()->Unadvise(listening_);
+  if (!object_) return;
+  object_.Get()->Close(OLECLOSE_NOSAVE);
+  object_.Get()->SetClientSite(nullptr);
+}
+
+bool WebPage::Open(TextView address) {
+  if (!Activate()) return false;
+  Listen();
+  const SystemText target = ToSystem(address);
+  VARIANT where = AsVariant(target);
+  return SUCCEEDED(browser_.Get()->Navigate2(&where, nullptr, nullptr, nullptr, nullptr));
+}
+
+bool WebPage::Activate() {
+  if (FAILED(CoCreateInstance(__uuidof(WebBrowser), nullptr, CLSCTX_INPROC_SERVER, __uuidof(IOleObject),
+                              reinterpret_cast<void**>(object_.Receive()))))
+    return false;
+  const RECT nowhere{};
+  object_.Get()->SetClientSite(site_.Get());
+  object_.Get()->DoVerb(OLEIVERB_INPLACEACTIVATE, nullptr, site_.Get(), 0, window_, &nowhere);
+  browser_ = As<IWebBrowser2>(object_.Get());
+  if (!browser_) return false;
+  browser_.Get()->put_Silent(VARIANT_TRUE);
+  return true;
+}
+
+void WebPage::Listen() {
+  const auto container = As<IConnectionPointContainer>(browser_.Get());
+  if (!container) return;
+  container.Get()->FindConnectionPoint(__uuidof(DWebBrowserEvents2), events_.Receive());
+  if (events_) events_.Get()->Advise(static_cast<IDispatch*>(site_.Get()), &listening_);
+}
+
+// Until then it has been in place without any room.
+void WebPage::Appear() {
+  RECT place;
+  GetClientRect(window_, &place);
+  const auto inPlace = As<IOleInPlaceObject>(object_.Get());
+  if (inPlace) inPlace.Get()->SetObjectRects(&place, &place);
+}
+
+void WebPage::SetBodyAttribute(TextView name, TextView value) {
+  windows::ComPointer<IDispatch> dispatch;
+  if (browser_) browser_.Get()->get_Document(dispatch.Receive());
+  const auto document = As<IHTMLDocument2>(dispatch.Get());
+  windows::ComPointer<IHTMLElement> body;
+  if (document) document.Get()->get_body(body.Receive());
+  if (!body) return;
+  const SystemText attribute = ToSystem(name), text = ToSystem(value);
+  body.Get()->setAttribute(attribute.Get(), AsVariant(text), 0);
+}
+
+}  // namespace tavix::win32

@@ -1,0 +1,191 @@
+"""Cleaning in the real window, and what a run leaves on the disk. Run by CTest, or:
+TAVIX_BUILD=build/windows python3 -m unittest cleaning_window"""
+import configparser
+import unittest
+
+import driver
+import registry_text
+from driver import BUILD, CHECK_ALL, CLEAN, CLOSE, PROGRESS, RESULT, SCAN, STATUS, SUM, TIME, TOOLBAR
+from seeded import RUN_HISTORY, SEARCHES, SEED, STANDING, SeededMachine, TYPED_URLS
+
+SOFTWARE = "HKEY_CURRENT_USER\\Software"
+TYPED_URLS_KEY = SOFTWARE + "\\Microsoft\\Internet Explorer\\TypedUrls"
+EXPLORER_KEY = SOFTWARE + "\\Microsoft\\Windows\\CurrentVersion\\Explorer"
+SEARCH_KEY = SOFTWARE + "\\Microsoft\\Search Assistant\\ACMru\\5603"
+STORES = ("ComDlg32\\OpenSaveMRU", "ComDlg32\\LastVisitedMRU", "UserAssist")
+STORES_SEED = f"""\
+[{EXPLORER_KEY}\\ComDlg32\\OpenSaveMRU]
+"a"="C:\\\\one.doc"
+[{EXPLORER_KEY}\\ComDlg32\\OpenSaveMRU\\doc]
+"a"="C:\\\\one.doc"
+[{EXPLORER_KEY}\\ComDlg32\\OpenSaveMRU\\doc\\below]
+"a"=hex:00,01
+[{EXPLORER_KEY}\\ComDlg32\\LastVisitedMRU]
+"a"=hex:4e,00
+[{EXPLORER_KEY}\\UserAssist\\{{75048700-EF1F-11D0-9888-006097DEACF9}}\\Count]
+"HRZR"=hex:01
+[{EXPLORER_KEY}\\ComDlg32\\OpenSaveMRU2]
+"a"="stays"
+[{TYPED_URLS_KEY}\\Below]
+"url1"="stays"
+"""
+
+
+class Cleaning(SeededMachine):
+    seed = SEED + STORES_SEED
+
+    def setUp(self):
+        super().setUp()
+        self.machine.note_rundll32_calls()
+        self.before = self.registry()
+        self.program = self.start()
+        self.untick_file_functions(self.program)
+
+    def registry(self):
+        """The user's software, without what Wine keeps there for itself while programs run."""
+        return registry_text.without_key(self.machine.registry(SOFTWARE), SOFTWARE + "\\Wine")
+
+    def check_registry(self, keep=()):
+        """All that was found has gone but for the typed URLs to keep, and all else is as it was."""
+        expected = self.before
+        for key, pairs in ((TYPED_URLS_KEY, TYPED_URLS), (EXPLORER_KEY + "\\RunMRU", RUN_HISTORY),
+                           (SEARCH_KEY, SEARCHES)):
+            for value, _ in pairs:
+                if value not in keep:
+                    expected = registry_text.without_value(expected, key, value)
+        for store in STORES:
+            self.assertIn(f"{EXPLORER_KEY}\\{store}".upper(), self.before)
+            expected = registry_text.without_key(expected, f"{EXPLORER_KEY}\\{store}")
+        self.assertEqual(self.registry(), expected)
+
+    def check_calls(self):
+        calls = driver.wait_for("the commands", lambda: len(self.machine.rundll32_calls()) == 2
+                                and self.machine.rundll32_calls())
+        self.assertEqual(sorted(calls), [f"InetCpl.cpl,ClearMyTracksByProcess {number}" for number in (16, 32)])
+
+    def test_f5_cleans_what_is_ticked(self):
+        scanned = self.program.scan()
+        self.program.untick(2)
+        self.program.key("F5")
+        shown = self.program.wait_for_clean()
+        self.program.screenshot("cleaned")
+        self.assertEqual(self.rows(shown), [self.rows(scanned)[1]])
+        self.assertFalse(shown.rows[0]["checked"])
+        self.assertEqual(shown.text(SUM), f"Sum: {scanned.row_count - 1} items, 0. KB cleaned.")
+        self.assertRegex(shown.text(TIME), r"^(0 second|\d+ seconds)\.$")
+        self.assertEqual(shown.text(PROGRESS), "100%")
+        for number in (RESULT, CHECK_ALL, SCAN, CLEAN, *TOOLBAR):
+            self.assertTrue(shown.control(number)["enabled"], number)
+        self.check_calls()
+        self.check_registry(keep=["url2"])
+
+    def test_the_clean_button_does_as_f5(self):
+        scanned = self.program.scan()
+        self.program.click(scanned.control(CLEAN)["rect"])
+        shown = self.program.wait_for_clean()
+        self.assertEqual(shown.row_count, 0)
+        self.assertEqual(shown.text(SUM), f"Sum: {scanned.row_count} items, 0. KB cleaned.")
+        self.check_calls()
+        self.check_registry()
+        # What stands for a whole store is found again.
+        self.assertEqual([row[0] for row in self.rows(self.program.scan())], STANDING["before"] + STANDING["behind"])
+
+    def test_nothing_happens_without_rows(self):
+        before = self.program.read()
+        self.program.key("F5")
+        self.program.click(before.control(CLEAN)["rect"])
+        self.assertEqual(self.program.read().text(STATUS), before.text(STATUS))
+        self.assertEqual(self.program.read().text(SUM), before.text(SUM))
+        self.assertEqual(self.registry(), self.before)
+
+    def test_without_a_tick_nothing_goes(self):
+        shown = self.program.scan()
+        self.program.click(shown.control(CHECK_ALL)["rect"], x=30)
+        self.program.wait_until("the ticks to go", lambda s: not any(r["checked"] for r in s.rows))
+        self.program.key("F5")
+        after = self.program.wait_for_clean()
+        self.assertEqual(self.rows(after), self.rows(shown))
+        self.assertEqual(after.text(SUM), "Sum: 0 item, 0. KB cleaned.")
+        self.assertEqual(self.registry(), self.before)
+
+
+class DataTree(SeededMachine):
+    def setUp(self):
+        super().setUp()
+        self.data = self.machine.drive_c / "MORVDataPath" / "TVX"
+        self.settings_file = self.data / "tvx.dll"
+
+    def settings(self):
+        file = configparser.RawConfigParser(strict=True)
+        file.optionxform = str
+        file.read(self.settings_file, encoding="utf-8")
+        return {name: dict(file[name]) for name in file.sections()}
+
+    def attributes(self, path):
+        return set(self.machine.run("attrib", path)[:12].replace(" ", ""))
+
+
+class StartAndStop(DataTree):
+    def test_the_first_start_makes_the_data_tree(self):
+        self.assertFalse(self.data.exists())
+        self.close(self.start())
+        settings = self.settings()
+        self.assertEqual({name: len(keys) for name, keys in settings.items()},
+                         {"Duplicate Files": 6, "One-click Clean/Repair": 1, "Cleaning Method": 2, "Other Options": 4})
+        self.assertEqual(settings["Cleaning Method"], {"Method": "D", "Backup Folder": "C:\\TVXBak"})
+        marker = "TVX data folder, please do not delete it"
+        self.assertEqual({p.name for p in self.data.iterdir()},
+                         {"DupeFiles", "tvx.dll", "defjunk.dll", "userjunk.dll", marker})
+        self.assertEqual({p.name for p in (self.data / "DupeFiles").iterdir()}, {"scanned", "compared"})
+        buckets = {*map(chr, range(ord("A"), ord("Z") + 1)), "other"}
+        for store in ("scanned", "compared"):
+            self.assertEqual({p.name for p in (self.data / "DupeFiles" / store).iterdir()}, buckets)
+        self.assertEqual(list((self.machine.drive_c / "TVXBak").iterdir()), [])
+        for path in ("C:\\MORVDataPath", "C:\\MORVDataPath\\TVX", "C:\\MORVDataPath\\TVX\\tvx.dll", "C:\\TVXBak",
+                     "C:\\MORVDataPath\\TVX\\DupeFiles\\scanned\\other"):
+            self.assertLessEqual({"S", "H"}, self.attributes(path), path)
+
+    def test_a_second_copy_ends_at_once_and_touches_nothing(self):
+        program = self.start()
+        left = self.data / "DupeFiles" / "scanned" / "A" / "left.txt"
+        left.write_text("of the first copy", encoding="ascii")
+        settings = self.settings_file.read_bytes()
+        self.machine.run(BUILD / "tavix.exe")
+        self.assertTrue(left.exists())
+        self.assertEqual(self.settings_file.read_bytes(), settings)
+        self.assertTrue(program.is_running())
+        self.close(program)
+        # The scratch folders are emptied at the end.
+        self.assertFalse(left.exists())
+        self.assertTrue(left.parent.is_dir())
+        # Now there is no other.
+        self.close(self.start())
+
+    def test_settings_are_kept_as_they_stand(self):
+        self.close(self.start())
+        kept = self.settings_file.read_bytes().replace(b"Method=D", b"Method=S") + b"Unknown=kept\r\n"
+        self.settings_file.write_bytes(kept)
+        program = self.start()
+        program.scan()
+        self.close(program)
+        self.assertEqual(self.settings_file.read_bytes(), kept)
+
+
+class ClosedDuringAScan(DataTree):
+    seed = (f"[HKEY_CURRENT_USER\\Software\\Microsoft\\Internet Explorer\\TypedUrls]\n"
+            + "".join(f'"url{i}"="http://example.org/{i:06d}"\n' for i in range(20000)))
+
+    def test_no_setting_is_lost(self):
+        program = self.start()
+        kept = self.settings_file.read_bytes().replace(b"Method=D", b"Method=R")
+        self.settings_file.write_bytes(kept)
+        close = program.read().control(CLOSE)["rect"]
+        program.key("F3")
+        program.click(close)
+        self.assertEqual(program.exit_status(), 0)
+        self.assertEqual(self.settings_file.read_bytes(), kept)
+        self.assertEqual(len(list((self.data / "DupeFiles" / "scanned").iterdir())), 27)
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)

@@ -1,0 +1,168 @@
+"""Every key of the main window, pressed in the real one. Run by CTest, or:
+TAVIX_BUILD=build/windows python3 -m unittest keys_window"""
+import time
+import unittest
+
+import driver
+from driver import CANCEL, CLEAN, FUNCTIONS, OPTIONS, PAGES, PRIVACY, REPAIR, RESULT, SCAN, SCOPE, STATUS, SUM, TREE
+from seeded import RealWindow, SeededMachine, TYPED_URLS
+
+ACCENT = bytes((11, 110, 143))  # as src/window/win32/palette.h has it
+WHOLE_PAGES = {
+    "p": ({TREE: True, FUNCTIONS: False, SCOPE: False, CLEAN: True, REPAIR: False}, 0),
+    "s": ({TREE: False, FUNCTIONS: True, SCOPE: False, CLEAN: True, REPAIR: False}, 14),
+    "r": ({TREE: False, FUNCTIONS: True, SCOPE: False, CLEAN: False, REPAIR: True}, 18),
+    "a": ({TREE: False, FUNCTIONS: True, SCOPE: True, CLEAN: True, REPAIR: False}, 7),
+}
+
+
+class KeysCase(RealWindow):
+    def current(self):
+        """The page pictures that bear the mark of the current page."""
+        shown = self.program.read()
+
+        def marked(page):
+            left, top, _, bottom = shown.control(page)["rect"]
+            middle = (top + bottom) // 2
+            return self.program.pixels((left + 2, middle, left + 3, middle + 1)) == ACCENT
+
+        return [page for page in PAGES if marked(page)]
+
+    def visible(self, shown):
+        return {number: shown.control(number)["visible"] for number in (TREE, FUNCTIONS, SCOPE, CLEAN, REPAIR)}
+
+    def open(self, key):
+        self.program.key(key)
+        return self.program.wait_until(f"page {key}", lambda s: self.visible(s) == WHOLE_PAGES[key][0])
+
+
+class Pages(KeysCase):
+    def test_letters_open_the_pages(self):
+        for place, key in ((1, "s"), (2, "r"), (3, "a"), (0, "p")):
+            shown = self.open(key)
+            if key != "p":
+                self.assertEqual(len(shown.functions), WHOLE_PAGES[key][1])
+                self.assertEqual(shown.functions[0]["texts"], ["Uncheck All"])
+                self.assertTrue(all(function["checked"] for function in shown.functions))
+            self.assertEqual(self.current(), [PRIVACY + place])
+            self.assertTrue(shown.control(RESULT)["visible"])
+
+    def test_a_letter_with_another_key_held_does_nothing(self):
+        self.program.key("shift+s", "alt+s", "ctrl+s", "ctrl+shift+s", "ctrl+r")
+        self.assertEqual(self.visible(self.program.read()), WHOLE_PAGES["p"][0])
+
+    def test_letters_work_wherever_the_focus_is(self):
+        for _ in range(6):
+            self.program.key("Tab")
+            self.open("s")
+            self.open("p")
+
+    def test_o_comes_back_to_the_page_in_use(self):
+        self.open("s")
+        self.program.key("o")
+        time.sleep(1)
+        # Closes the options window where one has been opened.
+        if not self.program.read().enabled:
+            self.program.key("Escape")
+            self.program.wait_until("the options window to close", lambda s: s.enabled)
+        self.assertEqual(self.current(), [PRIVACY + 1])
+        self.assertNotIn(OPTIONS, self.current())
+
+    def test_the_rows_stay_when_another_page_is_opened(self):
+        rows = self.rows(self.program.scan())
+        self.assertEqual(self.rows(self.open("r")), rows)
+
+
+class ToolbarKeys(KeysCase):
+    def test_ctrl_i_turns_every_tick(self):
+        shown = self.program.scan()
+        self.program.untick(2)
+        self.program.key("ctrl+i")
+        shown = self.program.wait_until("the ticks to turn", lambda s: s.rows[1]["checked"])
+        self.assertEqual([row["checked"] for row in shown.rows], [i == 1 for i in range(shown.row_count)])
+
+    def test_the_others_do_nothing_without_a_row(self):
+        before = self.program.scan()
+        self.program.key("ctrl+x", "ctrl+o", "ctrl+p")
+        after = self.program.read()
+        self.assertEqual(self.rows(after), self.rows(before))
+        self.assertTrue(after.enabled)
+
+    def test_ctrl_o_leads_the_registry_editor_to_the_row(self):
+        self.untick_file_functions(self.program)
+        shown = self.program.scan()
+        self.assertEqual(shown.rows[0]["texts"][1], TYPED_URLS[0][1])
+        self.program.click(shown.rows[0]["rect"], x=60)
+        self.program.key("ctrl+o")
+        editor = "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Applets\\Regedit"
+
+        def leads_there():
+            said = self.machine.run("reg", "query", editor, "/v", "LastKey", allowed=(0, 1)) or ""
+            return "HKEY_CURRENT_USER\\Software\\Microsoft\\Internet Explorer\\Typed" in said
+
+        driver.wait_for("the editor's key", leads_there)
+
+
+class OneClick(KeysCase):
+    def ask(self):
+        self.program.key("1")
+        self.program.wait_until("the question", lambda s: not s.enabled)
+
+    def test_no_leaves_all_as_it_was(self):
+        before = self.program.read()
+        self.ask()
+        self.program.key("Tab", "Return")
+        after = self.program.wait_until("the question to go", lambda s: s.enabled)
+        self.assertEqual(after.text(STATUS), before.text(STATUS))
+        self.assertEqual(after.row_count, 0)
+        self.assertEqual(self.current(), [PRIVACY])
+
+    def test_yes_scans_and_cleans(self):
+        self.machine.note_rundll32_calls()
+        self.open("s")
+        self.ask()
+        self.program.key("Return")
+        shown = self.program.wait_until("the end of the clean", lambda s: s.enabled and s.text(SUM).endswith("cleaned."))
+        self.assertEqual(shown.text(STATUS), "Finished.")
+        self.assertEqual(self.current(), [PRIVACY + 1])
+        typed = "HKEY_CURRENT_USER\\Software\\Microsoft\\Internet Explorer\\TypedUrls"
+        self.assertNotIn("zebra", str(self.machine.registry(typed)))
+
+
+class DuringAScan(SeededMachine):
+    """The temporary folder has so many folders that there is time for keys."""
+    FOLDERS = 12000
+
+    def setUp(self):
+        super().setUp()
+        for number in range(self.FOLDERS):
+            (self.machine.drive_c / "windows" / "temp" / f"folder-{number:05d}").mkdir(parents=True)
+        self.program = self.start()
+        self.program.key("s")
+        self.program.wait_until("the page", lambda s: s.control(FUNCTIONS)["visible"])
+        self.program.key("F3")
+        self.program.wait_until("the scan", lambda s: s.control(CANCEL)["visible"])
+
+    def finish(self):
+        return self.program.wait_until("the end", lambda s: s.control(SCAN)["visible"])
+
+    def test_a_page_is_opened(self):
+        self.program.key("r")
+        shown = self.program.wait_until("the page", lambda s: s.control(REPAIR)["visible"])
+        self.assertEqual(len(shown.functions), 18)
+        self.assertTrue(shown.control(CANCEL)["visible"], "the scan was over before the page was opened")
+        self.assertFalse(shown.control(RESULT)["enabled"])
+        self.program.key("Escape")
+        shown = self.finish()
+        self.assertTrue(shown.text(STATUS).startswith("Canceled, "))
+        self.assertTrue(shown.control(REPAIR)["enabled"])
+
+    def test_f3_does_not_start_another(self):
+        self.program.key("F3", "F5", "F3")
+        self.assertTrue(self.program.read().control(CANCEL)["visible"])
+        self.program.key("Escape")
+        self.assertTrue(self.finish().text(STATUS).startswith("Canceled, "))
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)

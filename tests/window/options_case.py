@@ -1,0 +1,223 @@
+"""The options window and the junk type editor of the real program, for their tests."""
+import json
+import pathlib
+import shutil
+import subprocess
+import time
+
+import driver
+from driver import BUILD, READER
+from seeded import SeededMachine
+
+# As src/window/win32/dialog_ids.h has them.
+PAGE_TREE, PICTURE, TITLE, REMARK, RECOMMEND, SAVE, CLOSE = range(301, 308)
+ONE_CLICK_TREE, JUNK_LIST = 310, 320
+JUNK_ADD, JUNK_EDIT, JUNK_DELETE, JUNK_CHECK_ALL = range(321, 325)
+EQUAL_NAME, EQUAL_SIZE, EQUAL_TIME, NEED_LEAST, LEAST_SIZE, UNIT, ALL_FILES, ONLY_COMMON, COMMON = range(332, 341)
+TYPE_ADD, TYPE_DELETE = 341, 342
+DELETE, RECYCLE, MOVE, FOLDER, BROWSE = range(350, 355)
+AUTO, BIG, SMALL = range(363, 366)
+FILE_DAYS, PREFETCH_DAYS, EXCEPT_LIST, EXCEPT_ADD, EXCEPT_DELETE = range(372, 377)
+DESCRIPTION, PATTERN, SAVE_ADD, SAVE_CLOSE, CLOSE_TYPE = range(403, 408)
+
+OPTIONS_WINDOW, TYPE_WINDOW, BOX = "TavixOptionsWindow", "TavixTypeWindow", "#32770"
+ONE_CLICK, JUNK, DUPLICATES, METHOD, OTHERS = range(5)
+PAGE_TITLES = ("One-click Clean/Repair", "Junk Files", "Duplicate Files", "Cleaning Method", "Other Options")
+PAGE_CONTROLS = (ONE_CLICK_TREE, JUNK_LIST, EQUAL_NAME, DELETE, AUTO)
+DATA = pathlib.Path("MORVDataPath") / "TVX"
+
+
+def messages(catalogue="en"):
+    """The messages of the program's catalogue by key."""
+    file = driver.SOURCE / "res" / "lang" / catalogue / "tips.dll"
+    section = file.read_text(encoding="utf-8").split("[Message & Text]")[1].split("\n[")[0]
+    return dict(line.split("=", 1) for line in section.splitlines() if "=" in line)
+
+
+class Dialog:
+    """One reading of a modal window."""
+
+    def __init__(self, output):
+        lines = [json.loads(line) for line in output.splitlines()]
+        last = lines.pop()
+        self.title, self.enabled, self.rect, self.inside = (last[k] for k in ("title", "enabled", "rect", "inside"))
+        self.controls, self.content = {}, {}
+        for line in lines:
+            if "control" in line:
+                number = line["control"]
+                self.controls[number] = line
+            self.content.setdefault(number, []).append(line)
+
+    def control(self, number):
+        return self.controls[number]
+
+    def text(self, number):
+        return self.controls[number]["text"]
+
+    def rows(self, number):
+        return [line for line in self.content[number] if "row" in line]
+
+    def lines(self, number):
+        return [line["line"] for line in self.content[number] if "line" in line]
+
+    def selected_lines(self, number):
+        return [line["selected"] for line in self.content[number] if "line" in line]
+
+    def nodes(self, number):
+        return [line for line in self.content[number] if "node" in line]
+
+    def node(self, text, number=ONE_CLICK_TREE):
+        return next(node for node in self.nodes(number) if node["node"] == text)
+
+    def focus(self):
+        return next((number for number, line in self.controls.items() if line["focus"]), None)
+
+    def page(self):
+        return [i for i, control in enumerate(PAGE_CONTROLS) if self.control(control)["visible"]]
+
+
+class OptionsCase(SeededMachine):
+    seed = r"""
+[HKEY_CURRENT_USER\Software\Wine\X11 Driver]
+"Managed"="N"
+"""
+    dpi = 96
+    catalogue = "en"
+
+    def setUp(self):
+        super().setUp()
+        self.data = self.machine.drive_c / DATA
+        if self.dpi != 96:
+            self.machine.run("reg", "add", r"HKCU\Control Panel\Desktop", "/v", "LogPixels", "/t", "REG_DWORD", "/d",
+                             str(self.dpi), "/f")
+            # Read at the start of the system.
+            subprocess.run(["wineserver", "-k"], env=self.machine.environment, check=False)
+            subprocess.run(["wineserver", "-w"], env=self.machine.environment, check=False)
+        self.folder = self.machine.drive_c / "Tavix"
+        self.folder.mkdir()
+        shutil.copy(BUILD / "tavix.exe", self.folder)
+        for name in ("tips.dll", "menus.dll"):
+            shutil.copy(driver.SOURCE / "res" / "lang" / self.catalogue / name, self.folder)
+        self.messages = messages(self.catalogue)
+        self.before()
+        self.program = self.start(program=self.folder / "tavix.exe")
+
+    def before(self):
+        """What is to be there when the program starts."""
+
+    # Windows.
+
+    def window(self, name=OPTIONS_WINDOW):
+        """What a window shows, None where it isn't on the screen."""
+        output = self.machine.run(READER, name, allowed=(0, 1))
+        return None if output is None else Dialog(output)
+
+    def wait_for_window(self, what, condition=lambda w: True, name=OPTIONS_WINDOW):
+        def look():
+            window = self.window(name)
+            return window if window is not None and condition(window) else None
+
+        return driver.wait_for(what, look)
+
+    def wait_for_close(self, name):
+        driver.wait_for(f"{name} to close", lambda: self.window(name) is None)
+
+    def open(self, page=ONE_CLICK):
+        self.program.key("o")
+        self.wait_for_window("the options window", lambda w: w.focus() == PAGE_TREE)
+        return self.turn_to(page)
+
+    def turn_to(self, page):
+        shown = self.window()
+        self.click(shown.node(PAGE_TITLES[page], PAGE_TREE)["rect"])
+        return self.wait_for_window("the page", lambda w: w.page() == [page])
+
+    # Keys and clicks.
+
+    def key(self, *names):
+        self.program.key(*names)
+
+    def key_held(self, held, name):
+        """A key that is let go before the one that is held."""
+        subprocess.run(["xdotool", "keydown", held, "key", name, "keyup", held], env=self.machine.environment,
+                       check=True)
+
+    def click(self, rectangle, x=None, **more):
+        self.program.click(rectangle, x, **more)
+
+    def press(self, number, name=OPTIONS_WINDOW):
+        self.click(self.window(name).control(number)["rect"])
+
+    def type(self, text):
+        subprocess.run(["xdotool", "type", "--delay", "20", text], env=self.machine.environment, check=True)
+
+    def enter(self, number, text, name=OPTIONS_WINDOW):
+        """Replaces the text of a box, as a hand does: the box marks its text when it is entered."""
+        self.press(number, name)
+        self.wait_for_window("the focus", lambda w: w.focus() == number, name)
+        self.key("Home", "shift+End")
+        if text:
+            self.type(text)
+        else:
+            self.key("Delete")
+        return self.wait_for_window(f"the text {text!r}", lambda w: w.text(number) == text, name)
+
+    # Message boxes and input boxes.
+
+    def box(self):
+        """The texts of the box in front, None where there is none."""
+        window = self.window(BOX)
+        return None if window is None else [line["text"] for line in window.controls.values()]
+
+    def wait_for_box(self):
+        return driver.wait_for("a box", self.box)
+
+    def choose_documents(self):
+        """Chooses the third folder that the chooser offers."""
+        self.wait_for_box()
+        self.key("Down", "Down", "Return")
+        user = next(f for f in (self.machine.drive_c / "users").iterdir() if f.name != "Public")
+        return f"C:\\users\\{user.name}\\Documents"
+
+    def answer(self, key="Return"):
+        """The message in front; it is answered by a key."""
+        texts = self.wait_for_box()
+        self.key(key)
+        driver.wait_for("the message to go", lambda: self.box() != texts)
+        return max(texts, key=len)
+
+    def expect_message(self, text, key="Return"):
+        self.assertEqual(self.answer(key), text)
+
+    def expect_no_message(self):
+        time.sleep(0.5)
+        self.assertIsNone(self.box())
+
+    # Files.
+
+    def settings(self):
+        """Every key of the settings file with its value."""
+        found, section = {}, ""
+        for line in (self.data / "tvx.dll").read_text(encoding="utf-8-sig").splitlines():
+            if line.startswith("["):
+                section = line.strip("[]")
+            elif "=" in line:
+                key, value = line.split("=", 1)
+                found[section, key] = value
+        return found
+
+    def wait_for_setting(self, key, value):
+        driver.wait_for(f"{key} to be {value}", lambda: self.settings().get(key) == value)
+
+    def lines(self, name):
+        file = self.data / name
+        return file.read_text(encoding="utf-8-sig").splitlines() if file.exists() else []
+
+    def wait_for_lines(self, name, lines):
+        driver.wait_for(f"{name} to have {lines}", lambda: self.lines(name) == lines)
+
+    def users(self):
+        return self.lines("userjunk.dll")
+
+    def built_in(self):
+        return self.lines("defjunk.dll")

@@ -1,0 +1,110 @@
+#include "window/options_layout.h"
+
+#include <vector>
+
+#include "forms/options_form.h"
+#include "options/options_page_tree.h"
+#include "support/program_test.h"
+#include "window/place.h"
+
+namespace tavix {
+namespace {
+
+// The width of a letter in twips: narrow, as the system's own font has it at 96 DPI, and wide.
+class OptionsLayout : public ProgramTest, public testing::WithParamInterface<int> {
+ protected:
+  void SetUp() override {
+    ProgramTest::SetUp();
+    mdlPubSelf::BuildPageTree();
+    LayOutOptionsForm(WidthOf);
+  }
+  static int WidthOf(TextView text) { return GetParam() * static_cast<int>(text.size()); }
+  template <class Captioned>
+  static int Words(const Captioned& control) {
+    return WidthOf(PlainCaption(control.Caption.Get()));
+  }
+
+  static std::vector<std::vector<const Control*>> Pages() {
+    OptionsForm& form = frmPubOptions;
+    std::vector<std::vector<const Control*>> pages = {{&form.trvOC}, {&form.lsvJF}, {}, {}, {}};
+    const auto add = [&](size_t page, auto&... members) {
+      const auto addAll = [&](auto& controls) {
+        for (auto& control : controls) pages[page].push_back(&control);
+      };
+      (addAll(members), ...);
+    };
+    add(1, form.sbtJF);
+    add(2, form.fraDFGroup, form.cbxDF, form.optDF, form.sbtDF);
+    for (const Control* control :
+         std::initializer_list<const Control*>{&form.txtDFSS, &form.lblDFSS, &form.lstDF})
+      pages[2].push_back(control);
+    add(3, form.optCM);
+    pages[3].push_back(&form.txtDF);
+    pages[3].push_back(&form.sbtCM);
+    add(4, form.fraOOGroup, form.optOO, form.lblOOSize, form.lblOODays, form.txtOO, form.sbtOO);
+    pages[4].push_back(&form.lsvOO);
+    return pages;
+  }
+};
+
+bool Overlap(const Place& a, const Place& b) {
+  return a.left < b.Right() && b.left < a.Right() && a.top < b.Bottom() && b.top < a.Bottom();
+}
+
+bool Contains(const Place& room, const Place& place) {
+  return place.left >= room.left && place.top >= room.top && place.Right() <= room.Right() &&
+         place.Bottom() <= room.Bottom();
+}
+
+INSTANTIATE_TEST_SUITE_P(Fonts, OptionsLayout, testing::Values(70, 85, 100));
+
+TEST_P(OptionsLayout, EachControlHasRoomOfItsOwnInsideItsPage) {
+  const Place room = PlaceOf(frmPubOptions.fraOC);
+  for (const auto& page : Pages()) {
+    for (size_t i = 0; i < page.size(); ++i) {
+      const Place place = PlaceOf(*page[i]);
+      EXPECT_GT(place.width, 0) << i;
+      EXPECT_GT(place.height, 0) << i;
+      EXPECT_TRUE(Contains(room, place)) << i;
+      for (size_t j = 0; j < i; ++j) EXPECT_FALSE(Overlap(place, PlaceOf(*page[j]))) << i << " " << j;
+    }
+  }
+}
+
+TEST_P(OptionsLayout, TheFramesHaveOneLeftEdgeRightOfTheTree) {
+  const OptionsForm& form = frmPubOptions;
+  const Place room = PlaceOf(form.fraOC);
+  for (const Frame* frame : {&form.fraJF, &form.fraDF, &form.fraCM, &form.fraOO}) {
+    EXPECT_EQ(frame->Left, room.left);
+    EXPECT_EQ(frame->Top, room.top);
+  }
+  EXPECT_GT(room.left, PlaceOf(form.trv).Right());
+  EXPECT_EQ(form.sbtRecommend.Left, room.left);
+  EXPECT_EQ(PlaceOf(form.sbtClose).Right(), room.Right());
+  EXPECT_GT(form.sbtSave.Top, room.Bottom());
+  EXPECT_LE(PlaceOf(form.lblRemark).Bottom(), room.top);
+}
+
+TEST_P(OptionsLayout, TheWindowFitsTheSmallestScreen) {
+  constexpr int kFrame = 600;  // of the system, with the title
+  EXPECT_LE(frmPubOptions.Width + 240, 800 * 15);
+  EXPECT_LE(frmPubOptions.Height + kFrame, 600 * 15);
+  EXPECT_EQ(PlaceOf(frmPubOptions.sbtClose).Right() + 210, frmPubOptions.Width);
+}
+
+TEST_P(OptionsLayout, NoCaptionIsCut) {
+  const OptionsForm& form = frmPubOptions;
+  constexpr int kMark = 300;
+  for (const CheckBox& box : form.cbxDF) EXPECT_GE(box.Width, Words(box) + kMark);
+  for (const auto* options : {&form.optCM, &form.optOO})
+    for (const OptionButton& option : *options) EXPECT_GE(option.Width, Words(option) + kMark);
+  for (const OptionButton& option : form.optDF) EXPECT_GE(option.Width, Words(option) + kMark);
+  for (const Button* button :
+       {&form.sbtSave, &form.sbtRecommend, &form.sbtClose, &form.sbtCM, &form.sbtJF[3]})
+    EXPECT_GE(button->Width, Words(*button) + 2 * 90);
+  for (const Label& label : form.lblOODays) EXPECT_GE(label.Width, Words(label));
+  for (const Label& label : form.lblOOSize) EXPECT_GE(label.Width, Words(label));
+}
+
+}  // namespace
+}  // namespace tavix

@@ -1,0 +1,170 @@
+#include <array>
+#include <numeric>
+#include <string>
+
+#include "window_test.h"
+
+namespace tavix::win32 {
+namespace {
+
+int notices = 0;
+
+// Counts what the list tells of changes of its rows.
+LRESULT CALLBACK CountNotices(HWND window, UINT message, WPARAM wide, LPARAM longer, UINT_PTR, DWORD_PTR) {
+  if (message == WM_NOTIFY) {
+    const UINT code = reinterpret_cast<const NMHDR*>(longer)->code;
+    if (code == LVN_ITEMCHANGED || code == LVN_ODSTATECHANGED) ++notices;
+  }
+  return DefSubclassProc(window, message, wide, longer);
+}
+
+class Highlights : public WindowTest {
+ protected:
+  void SetUp() override {
+    WindowTest::SetUp();
+    list = Control(kIdResult);
+    SetFocus(list);
+    SetWindowSubclass(frame, CountNotices, 9, 0);
+    notices = 0;
+  }
+  void TearDown() override {
+    RemoveWindowSubclass(frame, CountNotices, 9);
+    SetKeys({});
+    WindowTest::TearDown();
+  }
+  static ListView& Model() { return frmPubMain.lsvResult; }
+  static void AddRows(int count) {
+    for (int i = 0; i < count; ++i) Model().Add(u"row");
+    Flush();
+  }
+  static std::string OfModel() {
+    std::string marks;
+    for (int row = 1; row <= Model().Count(); ++row) marks += Model().Row(row).Selected() ? 'x' : '-';
+    return marks;
+  }
+  std::string OfList() const {
+    std::string marks;
+    for (int row = 0; row < Model().Count(); ++row)
+      marks += Send(list, LVM_GETITEMSTATE, static_cast<WPARAM>(row), LVIS_SELECTED) != 0 ? 'x' : '-';
+    return marks;
+  }
+  void ClickRow(int row, WPARAM keys = 0) {
+    RECT area{};
+    area.left = LVIR_LABEL;
+    Send(list, LVM_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&area));
+    const LPARAM point = MAKELPARAM(area.left + 10, (area.top + area.bottom) / 2);
+    PostMessageW(list, WM_LBUTTONUP, keys, point);
+    Send(list, WM_LBUTTONDOWN, MK_LBUTTON | keys, point);
+    window->HandleWaiting();
+    Flush();
+  }
+  static void SetKeys(std::initializer_list<int> held) {
+    std::array<BYTE, 256> keys{};
+    for (const int key : held) keys[static_cast<size_t>(key)] = 0x80;
+    SetKeyboardState(keys.data());
+  }
+  void PressWith(std::initializer_list<int> held, WPARAM key) {
+    SetKeys(held);
+    Send(list, WM_KEYDOWN, key, 1);
+    SetKeys({});
+    Flush();
+  }
+
+  HWND list = nullptr;
+};
+
+TEST_F(Highlights, AClickHighlightsOneRowAndCtrlAddsAndTakesAway) {
+  AddRows(5);
+  ClickRow(1);
+  EXPECT_EQ(OfModel(), "-x---");
+  ClickRow(3, MK_CONTROL);
+  EXPECT_EQ(OfModel(), "-x-x-");
+  ClickRow(1, MK_CONTROL);
+  EXPECT_EQ(OfModel(), "---x-");
+  ClickRow(0);
+  EXPECT_EQ(OfModel(), "x----");
+  EXPECT_EQ(OfList(), OfModel());
+}
+
+TEST_F(Highlights, ShiftHighlightsTheRowsBetween) {
+  AddRows(6);
+  ClickRow(1);
+  ClickRow(4, MK_SHIFT);
+  EXPECT_EQ(OfModel(), "-xxxx-");
+  ClickRow(2, MK_SHIFT);
+  EXPECT_EQ(OfModel(), "-xx---");
+  PressWith({VK_SHIFT}, VK_DOWN);
+  EXPECT_EQ(OfModel(), "-xxx--");
+  PressWith({}, VK_DOWN);
+  EXPECT_EQ(OfModel(), "----x-");
+  EXPECT_EQ(OfList(), OfModel());
+}
+
+TEST_F(Highlights, ManyRowsAreHighlightedAndLeftInAFewMessages) {
+  constexpr int kRows = 20'000;
+  AddRows(kRows);
+  notices = 0;
+  PressWith({VK_CONTROL}, 'A');
+  EXPECT_EQ(Send(list, LVM_GETSELECTEDCOUNT), kRows);
+  EXPECT_TRUE(Model().Row(1).Selected());
+  EXPECT_TRUE(Model().Row(kRows).Selected());
+  EXPECT_LE(notices, 4);
+  ClickRow(2);
+  EXPECT_EQ(Send(list, LVM_GETSELECTEDCOUNT), 1);
+  EXPECT_FALSE(Model().Row(1).Selected());
+  EXPECT_TRUE(Model().Row(3).Selected());
+  EXPECT_LE(notices, 10);
+}
+
+TEST_F(Highlights, AMillionRowsAreHighlightedAndLeftAtOnce) {
+  constexpr int kRows = 1'000'000;
+  constexpr ULONGLONG kAtOnce = 2000;  // milliseconds, for a busy machine
+  AddRows(kRows);
+  const ULONGLONG start = GetTickCount64();
+  PressWith({VK_CONTROL}, 'A');
+  const ULONGLONG highlighted = GetTickCount64();
+  EXPECT_EQ(Send(list, LVM_GETSELECTEDCOUNT), kRows);
+  EXPECT_TRUE(Model().Row(kRows / 2).Selected());
+  const ULONGLONG next = GetTickCount64();
+  ClickRow(2);
+  const ULONGLONG left = GetTickCount64();
+  EXPECT_EQ(Send(list, LVM_GETSELECTEDCOUNT), 1);
+  EXPECT_FALSE(Model().Row(kRows / 2).Selected());
+  RecordProperty("highlighting_ms", static_cast<int>(highlighted - start));
+  RecordProperty("leaving_ms", static_cast<int>(left - next));
+  EXPECT_LT(highlighted - start, kAtOnce);
+  EXPECT_LT(left - next, kAtOnce);
+}
+
+TEST_F(Highlights, FollowTheirRowsThroughSortingAndRemoval) {
+  for (const TextView name : {u"d", u"b", u"c", u"a"}) Model().Add(name);
+  Model().Row(1).SetSelected(true);
+  Model().Row(2).SetSelected(true);
+  Flush();
+  EXPECT_EQ(OfList(), "xx--");
+  Model().Sorted = true;
+  Flush();
+  EXPECT_EQ(OfList(), "-x-x");
+  Model().Remove(1);
+  Flush();
+  EXPECT_EQ(OfList(), "x-x");
+  Model().SelectAll(false);
+  Flush();
+  EXPECT_EQ(OfList(), "---");
+  Model().SelectAll(true);
+  Flush();
+  EXPECT_EQ(OfList(), "xxx");
+}
+
+TEST_F(Highlights, TicksLeaveThemAlone) {
+  AddRows(3);
+  ClickRow(1);
+  Model().Row(1).SetChecked(true);
+  Model().Row(2).SetChecked(true);
+  Flush();
+  EXPECT_EQ(OfModel(), "-x-");
+  EXPECT_EQ(OfList(), "-x-");
+}
+
+}  // namespace
+}  // namespace tavix::win32

@@ -1,0 +1,127 @@
+#include "window_test.h"
+
+namespace tavix::win32 {
+namespace {
+
+class WindowState : public WindowTest {
+ protected:
+  void TearDown() override {
+    frmPubMain.Enabled = true;
+    frmPubMain.trvRes.Visible = false;
+    frmPubMain.trvPrivacy.Visible = true;
+    frmPubMain.picPrivacy.MouseMove = frmPubMain.lblBorder.MouseMove = nullptr;
+    frmPubMain.picTitle.MouseMove = frmPubMain.lblFrame.MouseMove = nullptr;
+    frmPubMain.lblProdLogo.MouseUp = nullptr;
+    frmPubMain.lsvResult.Enabled = true;
+    frmPubMain.lsvResult.MouseUp = nullptr;
+    WindowTest::TearDown();
+  }
+  static LPARAM PointIn(const tavix::Control& control) {
+    return MAKELPARAM((control.Left + 150) / 15, (control.Top + 150) / 15);
+  }
+};
+
+TEST_F(WindowState, ADisabledFormIsOutOfReachAndGetsItsFocusBack) {
+  int keys = 0;
+  frmPubMain.KeyDown = [&](int, int) { ++keys; };
+  SetFocus(Control(kIdResult));
+  frmPubMain.Enabled = false;
+  Flush();
+  EXPECT_EQ(IsWindowEnabled(frame), FALSE);
+  Press(Control(kIdResult), VK_F5);
+  EXPECT_EQ(keys, 0);
+  frmPubMain.Enabled = true;
+  Flush();
+  EXPECT_EQ(IsWindowEnabled(frame), TRUE);
+  EXPECT_EQ(GetFocus(), Control(kIdResult));
+  Press(Control(kIdResult), VK_F5);
+  EXPECT_EQ(keys, 1);
+}
+
+TEST_F(WindowState, TheFocusIsWhereTheProgramPutsItAndTheProgramSeesWhereTheUserDoes) {
+  frmPubMain.ActiveControl = &frmPubMain.cbxAll;
+  Flush();
+  EXPECT_EQ(GetFocus(), Control(kIdCheckAll));
+  SetFocus(Control(kIdClean));
+  EXPECT_EQ(frmPubMain.ActiveControl.Get(), &frmPubMain.sbtClean);
+}
+
+TEST_F(WindowState, AControlUnderAnotherIsOutOfReach) {
+  frmPubMain.trvRes.Visible = true;
+  Flush();
+  EXPECT_EQ(IsWindowVisible(Control(kIdScopeTree)), FALSE);
+  frmPubMain.trvPrivacy.Visible = false;
+  Flush();
+  EXPECT_EQ(IsWindowVisible(Control(kIdScopeTree)), TRUE);
+  frmPubMain.trvPrivacy.Visible = true;
+  Flush();
+  EXPECT_EQ(IsWindowVisible(Control(kIdScopeTree)), FALSE);
+}
+
+TEST_F(WindowState, MovesOverTheGroundReachWhatLiesThere) {
+  std::string moves;
+  const auto note = [&](const char* name) { return [&moves, name](int) { moves += name; }; };
+  frmPubMain.lblBorder.MouseMove = note("border ");
+  frmPubMain.picTitle.MouseMove = note("title ");
+  frmPubMain.lblFrame.MouseMove = note("frame ");
+  Send(frame, WM_MOUSEMOVE, 0, PointIn(frmPubMain.picTitle));
+  Send(frame, WM_MOUSEMOVE, 0, PointIn(frmPubMain.lblFrame));
+  Send(frame, WM_MOUSEMOVE, 0, MAKELPARAM(3, frmPubMain.Height / 15 - 5));
+  EXPECT_EQ(moves, "title frame border ");
+  // The mouse rests, and the system tells of a move all the same.
+  Send(frame, WM_MOUSEMOVE, 0, MAKELPARAM(3, frmPubMain.Height / 15 - 5));
+  EXPECT_EQ(moves, "title frame border ");
+}
+
+TEST_F(WindowState, ADisabledControlIsNoGround) {
+  int moves = 0;
+  frmPubMain.lblBorder.MouseMove = [&](int) { ++moves; };
+  frmPubMain.lsvResult.Enabled = false;
+  Flush();
+  Send(frame, WM_MOUSEMOVE, MK_LBUTTON, PointIn(frmPubMain.lsvResult));
+  EXPECT_EQ(moves, 0);
+}
+
+TEST_F(WindowState, TheNameInTheTitleIsClicked) {
+  std::vector<int> buttons;
+  frmPubMain.lblProdLogo.MouseUp = [&](int button) { buttons.push_back(button); };
+  Send(frame, WM_LBUTTONUP, 0, PointIn(frmPubMain.lblProdLogo));
+  Send(frame, WM_LBUTTONUP, 0, PointIn(frmPubMain.lblFrame));
+  EXPECT_EQ(buttons, std::vector<int>{kLeftButton});
+}
+
+TEST_F(WindowState, AMenuIsAskedForByMouseAndKeyButNotByTheHeader) {
+  std::vector<int> buttons;
+  frmPubMain.lsvResult.MouseUp = [&](int button) { buttons.push_back(button); };
+  const HWND list = Control(kIdResult);
+  const auto ask = [&](HWND of, LPARAM where) {
+    Send(list, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(of), where);
+  };
+  ask(list, MAKELPARAM(500, 300));
+  EXPECT_EQ(buttons, std::vector<int>{kRightButton});
+  ask(list, -1);
+  EXPECT_EQ(buttons, (std::vector<int>{kRightButton, kRightButton}));
+  ask(reinterpret_cast<HWND>(Send(list, LVM_GETHEADER)), MAKELPARAM(500, 300));
+  EXPECT_EQ(buttons.size(), 2U);
+}
+
+TEST_F(WindowState, APictureIsNamedByItsToolTip) {
+  EXPECT_EQ(TextOf(kIdPrivacy), L"Privacy (P)");
+  frmPubMain.picPrivacy.ToolTipText = Text(u"Privatsph\u00e4re (P)");
+  Flush();
+  EXPECT_EQ(TextOf(kIdPrivacy), L"Privatsph\u00e4re (P)");
+  frmPubMain.picPrivacy.ToolTipText = Text(u"Privacy (P)");
+}
+
+TEST_F(WindowState, AWindowThatTheUserHasMovedStaysThere) {
+  SetWindowPos(frame, nullptr, 10, 20, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+  frmPubMain.ActiveControl = &frmPubMain.cbxAll;
+  Flush();
+  RECT place;
+  GetWindowRect(frame, &place);
+  EXPECT_EQ(place.left, 10);
+  EXPECT_EQ(place.top, 20);
+}
+
+}  // namespace
+}  // namespace tavix::win32
