@@ -157,6 +157,15 @@ class DuringAScan(SeededMachine):
         self.assertTrue(shown.text(STATUS).startswith("Canceled, "))
         self.assertTrue(shown.control(REPAIR)["enabled"])
 
+    def test_the_window_moves(self):
+        before = self.program.read()
+        title = (before.rect[0] + 300, before.rect[1] + 30)
+        moved = self.program.drag(title, (60, 40))
+        self.assertTrue(self.program.read().control(CANCEL)["visible"], "the scan was over before the window was moved")
+        self.assertEqual([after - first for after, first in zip(moved, before.rect)], [60, 40, 60, 40])
+        self.program.key("Escape")
+        self.finish()
+
     def test_f3_does_not_start_another(self):
         self.program.key("F3", "F5", "F3")
         self.assertTrue(self.program.read().control(CANCEL)["visible"])

@@ -173,11 +173,11 @@ class OptionsCase(SeededMachine):
         return driver.wait_for("a box", self.box)
 
     def choose_documents(self):
-        """Chooses the third folder that the chooser offers."""
+        """Chooses the third folder that the chooser offers, which Wine gives with a separator at its end."""
         self.wait_for_box()
         self.key("Down", "Down", "Return")
         user = next(f for f in (self.machine.drive_c / "users").iterdir() if f.name != "Public")
-        return f"C:\\users\\{user.name}\\Documents"
+        return f"C:\\users\\{user.name}\\Documents\\"
 
     def answer(self, key="Return"):
         """The message in front; it is answered by a key."""

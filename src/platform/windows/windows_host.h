@@ -15,9 +15,9 @@
 namespace tavix::windows {
 
 // Puts the running system behind the platform interfaces for as long as it lives: the registry with
-// HKEY_CLASSES_ROOT merged, files, shell, event logs, dialogs, desktop, network, other copies of the program, the
-// clock, the user's separators, the primary screen, the folder of the program. The event queue comes with the
-// window. One at a time, on the thread that uses it.
+// HKEY_CLASSES_ROOT merged, files, shell, event logs, dialogs, desktop, network, other copies of the program,
+// the clock, the user's separators, the primary screen, the folder of the program. The event queue comes with
+// the window. One at a time, on the thread that uses it.
 class WindowsHost {
  public:
   WindowsHost();
