@@ -44,7 +44,7 @@ std::optional<LRESULT> CheckBoxBinding::OnMessage(UINT message, WPARAM wide, LPA
   if (message == WM_ERASEBKGND) return TRUE;
   if (!Repaints(message)) return WindowBinding::OnMessage(message, wide, longer);
   WindowBinding::OnMessage(message, wide, longer);
-  const LRESULT result = DefSubclassProc(Window(), message, wide, longer);
+  const LRESULT result = PassOn(message, wide, longer);
   RedrawWindow(Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
   return result;
 }

@@ -1,7 +1,5 @@
 #include "window/win32/framed_binding.h"
 
-#include <commctrl.h>
-
 #include "window/win32/paint.h"
 
 namespace tavix::win32 {
@@ -9,7 +7,7 @@ namespace tavix::win32 {
 std::optional<LRESULT> FramedBinding::OnMessage(UINT message, WPARAM wide, LPARAM longer) {
   if (message == WM_NCPAINT) {
     // The system paints scroll bars there, too.
-    const LRESULT result = DefSubclassProc(Window(), message, wide, longer);
+    const LRESULT result = PassOn(message, wide, longer);
     PaintFrame();
     return result;
   }

@@ -25,6 +25,7 @@ void ListBoxBinding::Show() {
 
 void ListBoxBinding::ShowRows() {
   std::vector<Text> rows;
+  rows.reserve(static_cast<size_t>(model_.ListCount()));
   for (int row = 0; row < model_.ListCount(); ++row) rows.emplace_back(model_.List(row));
   if (rows == rows_) return;
   rows_ = std::move(rows);

@@ -126,7 +126,7 @@ LRESULT ListViewBinding::Select(UINT message, WPARAM wide, LPARAM longer) {
   const bool shift = mouse ? (wide & MK_SHIFT) != 0 : GetKeyState(VK_SHIFT) < 0;
   const bool ctrl = mouse ? (wide & MK_CONTROL) != 0 : GetKeyState(VK_CONTROL) < 0;
   if (!shift && !ctrl && Send(LVM_GETSELECTEDCOUNT) > 1) SetState(-1, LVIS_SELECTED, 0);
-  const LRESULT result = DefSubclassProc(Window(), message, wide, longer);
+  const LRESULT result = PassOn(message, wide, longer);
   if (shift) ReadHighlights();
   return result;
 }

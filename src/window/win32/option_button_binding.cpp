@@ -85,7 +85,7 @@ std::optional<LRESULT> OptionButtonBinding::OnMessage(UINT message, WPARAM wide,
   // The system's own button would choose itself.
   if (message == WM_SETFOCUS) return InvalidateRect(Window(), nullptr, FALSE), 0;
   if (!PaintsItself(message)) return done;
-  const LRESULT result = DefSubclassProc(Window(), message, wide, longer);
+  const LRESULT result = PassOn(message, wide, longer);
   RedrawWindow(Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
   return result;
 }

@@ -96,7 +96,7 @@ std::optional<LRESULT> TextBoxBinding::Type(WPARAM character, LPARAM longer) {
   int key = static_cast<int>(character);
   model_.KeyPress(key);
   if (key == 0) return 0;
-  return DefSubclassProc(Window(), WM_CHAR, static_cast<WPARAM>(key), longer);
+  return PassOn(WM_CHAR, static_cast<WPARAM>(key), longer);
 }
 
 // The text stands in the middle of the height.
@@ -134,7 +134,7 @@ std::optional<LRESULT> TextBoxBinding::OnMessage(UINT message, WPARAM wide, LPAR
   const std::optional<LRESULT> done = FramedBinding::OnMessage(message, wide, longer);
   if (message == WM_SETFOCUS && !inFocus_) {
     inFocus_ = true;
-    const LRESULT result = DefSubclassProc(Window(), message, wide, longer);
+    const LRESULT result = PassOn(message, wide, longer);
     ReadSelection();
     model_.GotFocus();
     return result;

@@ -7,9 +7,6 @@
 #include "platform/windows/wide.h"
 
 namespace tavix::win32 {
-namespace {
-constexpr UINT_PTR kSubclassId = 1;
-}  // namespace
 
 int HeldButtons(WPARAM wide) {
   return ((wide & MK_LBUTTON) != 0 ? kLeftButton : 0) | ((wide & MK_RBUTTON) != 0 ? kRightButton : 0);
@@ -26,7 +23,8 @@ void WindowBinding::Create(int id, const wchar_t* className, DWORD style, DWORD 
   model_.hWnd = reinterpret_cast<intptr_t>(window_);
   // The controls of the system leave this room to those who make them.
   SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-  SetWindowSubclass(window_, Procedure, kSubclassId, reinterpret_cast<DWORD_PTR>(this));
+  kindProcedure_ = reinterpret_cast<WNDPROC>(
+      SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(Procedure)));
   Send(WM_SETFONT, reinterpret_cast<WPARAM>(context_.font.Get()));
 }
 
@@ -39,14 +37,12 @@ WindowBinding* WindowBinding::Of(HWND window) {
   return reinterpret_cast<WindowBinding*>(GetWindowLongPtrW(window, GWLP_USERDATA));
 }
 
-LRESULT CALLBACK WindowBinding::Procedure(HWND window, UINT message, WPARAM wide, LPARAM longer, UINT_PTR id,
-                                          DWORD_PTR data) {
-  if (message == WM_NCDESTROY) {
-    SetWindowLongPtrW(window, GWLP_USERDATA, 0);
-    RemoveWindowSubclass(window, Procedure, id);
-  }
-  const auto result = reinterpret_cast<WindowBinding*>(data)->OnMessage(message, wide, longer);
-  return result ? *result : DefSubclassProc(window, message, wide, longer);
+LRESULT CALLBACK WindowBinding::Procedure(HWND window, UINT message, WPARAM wide, LPARAM longer) {
+  WindowBinding* const binding = Of(window);
+  if (binding == nullptr) return DefWindowProcW(window, message, wide, longer);
+  if (message == WM_NCDESTROY) SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+  const auto result = binding->OnMessage(message, wide, longer);
+  return result ? *result : binding->PassOn(message, wide, longer);
 }
 
 std::optional<LRESULT> WindowBinding::OnMessage(UINT message, WPARAM wide, LPARAM longer) {
@@ -71,9 +67,12 @@ void WindowBinding::Apply() {
 void WindowBinding::ShowPlace() {
   const RECT place = context_.Area(model_);
   if (EqualRect(&place, &place_) != FALSE) return;
+  // What has never had a place is shown with it.
+  const bool appears = IsRectEmpty(&place_) != FALSE && IsShown();
   place_ = place;
   SetWindowPos(window_, nullptr, place.left, place.top, place.right - place.left, place.bottom - place.top,
-               SWP_NOZORDER | SWP_NOACTIVATE);
+               SWP_NOZORDER | SWP_NOACTIVATE | (appears ? SWP_SHOWWINDOW : 0U));
+  if (appears && covered_ != nullptr) covered_->ModelChanged();
 }
 
 void WindowBinding::LieUnder(WindowBinding& cover) {

@@ -43,12 +43,15 @@ class WindowBinding : public Binding {
   LRESULT Send(UINT message, WPARAM wide = 0, LPARAM longer = 0) const {
     return SendMessageW(window_, message, wide, longer);
   }
+  // What the control does by itself with a message.
+  LRESULT PassOn(UINT message, WPARAM wide, LPARAM longer) const {
+    return CallWindowProcW(kindProcedure_, window_, message, wide, longer);
+  }
 
   WindowContext& context_;
 
  private:
-  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wide, LPARAM longer, UINT_PTR id,
-                                    DWORD_PTR data);
+  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wide, LPARAM longer);
   bool IsShown() const;
   void ShowPlace();
   void ShowState();
@@ -57,6 +60,7 @@ class WindowBinding : public Binding {
 
   Control& model_;
   HWND window_ = nullptr;
+  WNDPROC kindProcedure_ = nullptr;  // of the control's own kind
   RECT place_{};
   Text name_, toolTip_;
   WindowBinding* cover_ = nullptr;
