@@ -21,28 +21,31 @@ namespace {
 constexpr int kFolder = O_PATH | O_DIRECTORY | O_CLOEXEC | O_NOFOLLOW;
 constexpr unsigned kFacts = STATX_TYPE | STATX_SIZE | STATX_MTIME | STATX_ATIME;
 
-platform::DateTime ToLocal(const struct statx_timestamp& time) {
-  return ToLocalTime(time.tv_sec * 1000 + time.tv_nsec / 1'000'000);
+platform::DateTime ToLocal(const struct statx_timestamp& time, bool hasZone) {
+  return ToLocalTime(time.tv_sec * 1000 + time.tv_nsec / 1'000'000, hasZone);
 }
 
 // Nothing for what a machine can't have: pipes, sockets, devices.
-std::optional<StoreEntry> ToEntry(const struct statx& facts, Text name) {
+std::optional<StoreEntry> ToEntry(const struct statx& facts, Text name, bool hasZone) {
   StoreEntry entry;
   const unsigned type = facts.stx_mode & static_cast<unsigned>(S_IFMT);
   if (type != S_IFREG && type != S_IFDIR && type != S_IFLNK) return std::nullopt;
   entry.name = std::move(name);
   entry.kind = type == S_IFREG ? EntryKind::File : type == S_IFDIR ? EntryKind::Folder : EntryKind::Link;
   if (type == S_IFREG) entry.size = facts.stx_size;
-  entry.modified = ToLocal(facts.stx_mtime);
-  entry.accessed = ToLocal(facts.stx_atime);
+  entry.modified = ToLocal(facts.stx_mtime, hasZone);
+  entry.accessed = ToLocal(facts.stx_atime, hasZone);
   return entry;
+}
+
+bool ReadFacts(int folder, const char* raw, struct statx& facts) {
+  return ::statx(folder, raw, AT_SYMLINK_NOFOLLOW | AT_STATX_DONT_SYNC, kFacts, &facts) == 0;
 }
 
 std::optional<StoreEntry> ReadEntry(int folder, const char* raw, Text name) {
   struct statx facts {};
-  if (::statx(folder, raw, AT_SYMLINK_NOFOLLOW | AT_STATX_DONT_SYNC, kFacts, &facts) != 0)
-    return std::nullopt;
-  return ToEntry(facts, std::move(name));
+  if (!ReadFacts(folder, raw, facts)) return std::nullopt;
+  return ToEntry(facts, std::move(name), HasZone());
 }
 
 // Of what a listing names but what can't be looked at, or went meanwhile. Nothing where the type isn't told.
@@ -80,12 +83,16 @@ class HostFolder : public StoreFolder {
 
   using StoreFolder::Read;
   bool Read(std::vector<StoreEntry>& entries, const NameFilter& wanted) override {
-    return ReadHostNames(Get(), [&](const char* raw, unsigned char type) {
+    const int folder = Get();
+    const bool hasZone = HasZone();
+    return ReadHostNames(folder, [&](const char* raw, unsigned char type) {
       std::optional<Text> name = FromUtf8(raw);
       if (!name || !IsFileName(*name)) return;
       if (type == DT_REG && wanted && !wanted(*name)) return;
-      std::optional<StoreEntry> entry = ReadEntry(Get(), raw, *name);
-      if (!entry) entry = BareEntry(type, *std::move(name));
+      struct statx facts {};
+      std::optional<StoreEntry> entry = ReadFacts(folder, raw, facts)
+                                            ? ToEntry(facts, *std::move(name), hasZone)
+                                            : BareEntry(type, *std::move(name));
       if (entry) entries.push_back(*std::move(entry));
     });
   }

@@ -8,8 +8,12 @@ namespace tavix::machine {
 
 using namespace std::chrono;
 
-platform::DateTime ToLocalTime(int64_t milliseconds) {
-  if (std::getenv("TZ") == nullptr) return milliseconds;
+bool HasZone() { return std::getenv("TZ") != nullptr; }
+
+platform::DateTime ToLocalTime(int64_t milliseconds) { return ToLocalTime(milliseconds, HasZone()); }
+
+platform::DateTime ToLocalTime(int64_t milliseconds, bool hasZone) {
+  if (!hasZone) return milliseconds;
   const auto whole = floor<seconds>(std::chrono::milliseconds(milliseconds));
   const auto moment = static_cast<std::time_t>(whole.count());
   // The C library's own buffer: everything runs on one thread.

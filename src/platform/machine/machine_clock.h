@@ -7,6 +7,10 @@ namespace tavix::machine {
 // A moment of the host, in milliseconds since 1970 UTC, in the time zone of the environment variable TZ, in
 // UTC when that is unset.
 platform::DateTime ToLocalTime(int64_t milliseconds);
+// The same for many moments in a row, with the answer of HasZone asked for once.
+platform::DateTime ToLocalTime(int64_t milliseconds, bool hasZone);
+// Whether TZ is set.
+bool HasZone();
 
 // A clock that stands still until it is set.
 class StandingClock : public platform::Clock {
