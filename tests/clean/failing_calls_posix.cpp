@@ -114,14 +114,14 @@ class FailingCalls : public ProgramTest {
   ~FailingCalls() override { FailingStore::otherVolume = false; }
 
   void Put(const std::string& path, const std::string& content) {
-    scratch.Write("drives/C/Work/" + path, content);
+    scratch.Write("drives/C/Desk/" + path, content);
     contents.insert(content);
   }
   static void AddRow(TextView tag, TextView name) {
-    AddResultItem(u"t", name, u"1.", u"C:\\Work", u"00000001.0", tag);
+    AddResultItem(u"t", name, u"1.", u"C:\\Desk", u"00000001.0", tag);
   }
   void Seed() {
-    for (const char* folder : {"drives/C/Work", "drives/C/TVXBak", "recycle"}) {
+    for (const char* folder : {"drives/C/Desk", "drives/C/TVXBak", "recycle"}) {
       fs::remove_all(scratch.Root() / folder);
     }
     fs::create_directories(scratch.Root() / "drives/C/TVXBak");
@@ -137,7 +137,7 @@ class FailingCalls : public ProgramTest {
     ClearResults();
     AddRow(u"F", u"a.txt");
     AddRow(u"F", u"B.TXT");
-    AddRow(u"FT: C:\\Work\\dump.dmp", u"");
+    AddRow(u"FT: C:\\Desk\\dump.dmp", u"");
     AddRow(u"P", u"folder");
     AddRow(u"DUR", u"a.txt");
   }
@@ -145,7 +145,7 @@ class FailingCalls : public ProgramTest {
   std::map<std::string, int> OnDisk() const {
     std::map<std::string, int> found;
     for (const auto& [path, content] : scratch.Files()) {
-      if (path.starts_with("drives/C/Work") || path.starts_with("drives/C/TVXBak") ||
+      if (path.starts_with("drives/C/Desk") || path.starts_with("drives/C/TVXBak") ||
           path.starts_with("recycle")) {
         ++found[content];
       }
@@ -156,7 +156,7 @@ class FailingCalls : public ProgramTest {
     const Text name = row.tag.starts_with(u"FT") ? Text(u"dump.dmp")
                       : row.name == u"B.TXT"     ? Text(u"b.txt")
                                                  : row.name;
-    return fs::exists(scratch.Root() / "drives/C/Work" / ToUtf8(name));
+    return fs::exists(scratch.Root() / "drives/C/Desk" / ToUtf8(name));
   }
   void Check(const std::string& what) {
     const std::map<std::string, int> found = OnDisk();

@@ -23,20 +23,20 @@ class HostFoldersTest : public testing::Test {
  protected:
   HostFoldersTest() {
     for (const char* name : {"work", "other", "deep/er"}) fs::create_directories(Host(name));
-    scratch.Write("machine/drives/C/Work/keep", "work");
+    scratch.Write("machine/drives/C/Desk/keep", "work");
     files.emplace(*store, facts);
   }
   fs::path Host(const std::string& path) const { return scratch.Root() / "machine" / path; }
   fs::path Drive(const std::string& path) const { return Host("drives/C/" + path); }
   // Often enough for the folder to be kept open.
   void AskOften() {
-    for (int i = 0; i < 20; ++i) EXPECT_TRUE(files->FileExists(u"C:\\Work\\keep"));
-    EXPECT_FALSE(files->FileExists(u"C:\\Work\\none"));
-    EXPECT_FALSE(files->FileExists(u"C:\\Work\\none"));
+    for (int i = 0; i < 20; ++i) EXPECT_TRUE(files->FileExists(u"C:\\Desk\\keep"));
+    EXPECT_FALSE(files->FileExists(u"C:\\Desk\\none"));
+    EXPECT_FALSE(files->FileExists(u"C:\\Desk\\none"));
   }
 
   ScratchFolder scratch;
-  fs::path made = (fs::create_directories(scratch.Root() / "machine" / "drives" / "C" / "Work"),
+  fs::path made = (fs::create_directories(scratch.Root() / "machine" / "drives" / "C" / "Desk"),
                    fs::create_directories(scratch.Root() / "outside"), scratch.Root());
   MachineFacts facts;
   std::unique_ptr<FileStore> store = OpenHostStore(fs::canonical(scratch.Root() / "machine"));
@@ -93,69 +93,69 @@ TEST_F(HostFoldersTest, AKeptFolderIsOpenedAnewAfterAnyChangeOfItsPath) {
 
 TEST_F(HostFoldersTest, AFolderSwappedForAnotherKeepsItsFiles) {
   AskOften();
-  fs::rename(Drive("Work"), Drive("Moved"));
-  fs::create_directory(Drive("Work"));
-  EXPECT_FALSE(files->DeleteFile(u"C:\\Work\\keep", true));
-  EXPECT_FALSE(files->FileExists(u"C:\\Work\\keep"));
+  fs::rename(Drive("Desk"), Drive("Moved"));
+  fs::create_directory(Drive("Desk"));
+  EXPECT_FALSE(files->DeleteFile(u"C:\\Desk\\keep", true));
+  EXPECT_FALSE(files->FileExists(u"C:\\Desk\\keep"));
   EXPECT_TRUE(fs::exists(Drive("Moved/keep")));
 }
 
 TEST_F(HostFoldersTest, AFolderSwappedForALinkThatLeadsOutIsOutOfReach) {
   AskOften();
-  fs::rename(Drive("Work"), scratch.Root() / "outside" / "Work");
-  fs::create_symlink(scratch.Root() / "outside" / "Work", Drive("Work"));
-  EXPECT_FALSE(files->FileExists(u"C:\\Work\\keep"));
-  EXPECT_FALSE(files->DeleteFile(u"C:\\Work\\keep", true));
-  EXPECT_FALSE(files->WriteFile(u"C:\\Work\\new", "x"));
-  EXPECT_TRUE(fs::exists(scratch.Root() / "outside" / "Work" / "keep"));
-  EXPECT_FALSE(fs::exists(scratch.Root() / "outside" / "Work" / "new"));
+  fs::rename(Drive("Desk"), scratch.Root() / "outside" / "Desk");
+  fs::create_symlink(scratch.Root() / "outside" / "Desk", Drive("Desk"));
+  EXPECT_FALSE(files->FileExists(u"C:\\Desk\\keep"));
+  EXPECT_FALSE(files->DeleteFile(u"C:\\Desk\\keep", true));
+  EXPECT_FALSE(files->WriteFile(u"C:\\Desk\\new", "x"));
+  EXPECT_TRUE(fs::exists(scratch.Root() / "outside" / "Desk" / "keep"));
+  EXPECT_FALSE(fs::exists(scratch.Root() / "outside" / "Desk" / "new"));
 }
 
 TEST_F(HostFoldersTest, ADriveSwappedForALinkThatLeadsOutIsOutOfReach) {
   AskOften();
   fs::rename(Host("drives/C"), scratch.Root() / "outside" / "C");
   fs::create_symlink(scratch.Root() / "outside" / "C", Host("drives/C"));
-  EXPECT_FALSE(files->DeleteFile(u"C:\\Work\\keep", true));
-  EXPECT_TRUE(fs::exists(scratch.Root() / "outside" / "C" / "Work" / "keep"));
+  EXPECT_FALSE(files->DeleteFile(u"C:\\Desk\\keep", true));
+  EXPECT_TRUE(fs::exists(scratch.Root() / "outside" / "C" / "Desk" / "keep"));
 }
 
 TEST_F(HostFoldersTest, NamesThatComeIntoAKeptFolderAreSeenAtOnce) {
   for (int i = 0; i < 200; ++i) {
     AskOften();
-    scratch.Write("machine/drives/C/Work/NEW", "x");
-    EXPECT_TRUE(files->FileExists(u"C:\\Work\\New")) << i;
-    EXPECT_TRUE(files->DeleteFile(u"C:\\Work\\new", true)) << i;
-    EXPECT_FALSE(files->FileExists(u"C:\\Work\\New")) << i;
-    fs::create_symlink("keep", Drive("Work/New"));
-    EXPECT_TRUE(files->FileExists(u"C:\\Work\\New")) << i;
-    fs::rename(Drive("Work/New"), Drive("Work/none"));
-    EXPECT_FALSE(files->FileExists(u"C:\\Work\\New")) << i;
-    EXPECT_TRUE(files->Look(u"C:\\Work\\NONE").has_value()) << i;
-    fs::remove(Drive("Work/none"));
+    scratch.Write("machine/drives/C/Desk/NEW", "x");
+    EXPECT_TRUE(files->FileExists(u"C:\\Desk\\New")) << i;
+    EXPECT_TRUE(files->DeleteFile(u"C:\\Desk\\new", true)) << i;
+    EXPECT_FALSE(files->FileExists(u"C:\\Desk\\New")) << i;
+    fs::create_symlink("keep", Drive("Desk/New"));
+    EXPECT_TRUE(files->FileExists(u"C:\\Desk\\New")) << i;
+    fs::rename(Drive("Desk/New"), Drive("Desk/none"));
+    EXPECT_FALSE(files->FileExists(u"C:\\Desk\\New")) << i;
+    EXPECT_TRUE(files->Look(u"C:\\Desk\\NONE").has_value()) << i;
+    fs::remove(Drive("Desk/none"));
   }
 }
 
 TEST_F(HostFoldersTest, OurOwnChangesInAKeptFolderAreSeenAtOnce) {
   for (int i = 0; i < 50; ++i) {
     AskOften();
-    EXPECT_TRUE(files->WriteFile(u"C:\\Work\\None", "x"));
-    EXPECT_TRUE(files->FileExists(u"C:\\Work\\none"));
-    EXPECT_TRUE(files->MoveFile(u"C:\\Work\\NONE", u"C:\\Work\\Second"));
-    EXPECT_FALSE(files->FileExists(u"C:\\Work\\none"));
-    EXPECT_TRUE(files->FileExists(u"C:\\Work\\SECOND"));
-    EXPECT_TRUE(files->DeleteFile(u"C:\\Work\\second", true));
-    EXPECT_FALSE(files->FileExists(u"C:\\Work\\second"));
+    EXPECT_TRUE(files->WriteFile(u"C:\\Desk\\None", "x"));
+    EXPECT_TRUE(files->FileExists(u"C:\\Desk\\none"));
+    EXPECT_TRUE(files->MoveFile(u"C:\\Desk\\NONE", u"C:\\Desk\\Second"));
+    EXPECT_FALSE(files->FileExists(u"C:\\Desk\\none"));
+    EXPECT_TRUE(files->FileExists(u"C:\\Desk\\SECOND"));
+    EXPECT_TRUE(files->DeleteFile(u"C:\\Desk\\second", true));
+    EXPECT_FALSE(files->FileExists(u"C:\\Desk\\second"));
   }
 }
 
 TEST_F(HostFoldersTest, WhatIsMountedOverAKeptFolderIsSeen) {
   AskOften();
-  if (mount("tavix", Drive("Work").c_str(), "tmpfs", 0, "size=1m") != 0) GTEST_SKIP() << "may not mount here";
-  EXPECT_FALSE(files->FileExists(u"C:\\Work\\keep"));
-  EXPECT_TRUE(files->WriteFile(u"C:\\Work\\mounted", "x"));
-  umount(Drive("Work").c_str());
-  EXPECT_TRUE(files->FileExists(u"C:\\Work\\keep"));
-  EXPECT_FALSE(files->FileExists(u"C:\\Work\\mounted"));
+  if (mount("tavix", Drive("Desk").c_str(), "tmpfs", 0, "size=1m") != 0) GTEST_SKIP() << "may not mount here";
+  EXPECT_FALSE(files->FileExists(u"C:\\Desk\\keep"));
+  EXPECT_TRUE(files->WriteFile(u"C:\\Desk\\mounted", "x"));
+  umount(Drive("Desk").c_str());
+  EXPECT_TRUE(files->FileExists(u"C:\\Desk\\keep"));
+  EXPECT_FALSE(files->FileExists(u"C:\\Desk\\mounted"));
 }
 
 TEST_F(HostFoldersTest, ManyFoldersAskedForInTurnAreAllFound) {
