@@ -8,6 +8,7 @@
 #include "frame/support/file_system_object.h"
 #include "frame/support/pub_common.h"
 #include "platform/event_queue.h"
+#include "scan/calendar_days.h"
 #include "scan/folder_chain.h"
 #include "scan/result_items.h"
 #include "scan/scan_driver.h"
@@ -123,11 +124,6 @@ Rules ByPatterns(TextView typeText, TextView patterns) {
   return rules;
 }
 
-int64_t DayOf(platform::DateTime time) {
-  constexpr int64_t kDay = int64_t{24} * 60 * 60 * 1000;
-  return time / kDay - (time % kDay < 0 ? 1 : 0);
-}
-
 }  // namespace
 
 void WalkFolderFiles(TextView folder, TextView typeText) { Walk({Text(typeText)}).Run(folder); }
@@ -156,8 +152,7 @@ void WalkFolderByPatternAge(TextView folder, TextView typeText, TextView pattern
   Rules rules = ByPatterns(typeText, pattern);
   if (days > 0) {
     rules.passes = [days](const Text&, const std::optional<FileObject>& file) {
-      if (!file || platform::clock == nullptr) return true;
-      return DayOf(platform::clock->Now()) - DayOf(file->accessed) >= days;
+      return !file || CalendarDaysSince(file->accessed).value_or(days) >= days;
     };
   }
   Walk(std::move(rules)).Run(folder);
