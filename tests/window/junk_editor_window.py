@@ -182,5 +182,41 @@ class Ticking(JunkCase):
         self.assertEqual((self.built_in(), self.users()), (before, USERS))
 
 
+class WithoutTypes(OptionsCase):
+    """A folder in the place of the built-in types' file: they can be neither read nor written."""
+
+    def before(self):
+        (self.data / "defjunk.dll" / "in the way").mkdir(parents=True)
+
+    def setUp(self):
+        super().setUp()
+        self.assertEqual(self.open(JUNK).rows(JUNK_LIST), [])
+
+    def test_there_is_nothing_to_edit_or_delete(self):
+        for button, key in ((JUNK_EDIT, "NO_TYPE_EDIT"), (JUNK_DELETE, "NO_TYPE_DEL")):
+            self.press(button)
+            self.expect_message(self.messages[key])
+        self.assertIsNone(self.window(TYPE_WINDOW))
+        self.click(self.window().control(JUNK_LIST)["rect"])
+        self.key("Delete")
+        self.expect_message(self.messages["NO_TYPE_DEL"])
+
+    def test_the_first_type_is_added_and_deleted_again(self):
+        self.press(JUNK_ADD)
+        self.wait_for_window("the editor", lambda w: w.focus() == DESCRIPTION, TYPE_WINDOW)
+        self.enter(DESCRIPTION, "Only", TYPE_WINDOW)
+        self.enter(PATTERN, "*.only", TYPE_WINDOW)
+        self.key("Return")
+        self.wait_for_close(TYPE_WINDOW)
+        self.assertEqual(self.users(), ["Only\t*.only\tY\tY\tU"])
+        self.press(JUNK_DELETE)
+        self.expect_message(self.messages["DEL_TYPE_PROMPT"], "y")
+        self.wait_for_window("it to go", lambda w: w.rows(JUNK_LIST) == [])
+        self.assertEqual(self.users(), [])
+        self.press(JUNK_DELETE)
+        self.expect_message(self.messages["NO_TYPE_DEL"])
+        self.assertTrue((self.data / "defjunk.dll" / "in the way").is_dir())
+
+
 if __name__ == "__main__":
     unittest.main(verbosity=2)
