@@ -1,5 +1,6 @@
 #include "frame/data_folders.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "frame/data_paths.h"
@@ -14,17 +15,63 @@ void CreateIfMissing(TextView folder) {
   if (!fileSystemObject.FolderExists(folder)) fileSystemObject.CreateFolder(folder);
 }
 
-// The bucket folders in the order in which they are made: a letter in both stores, then the next; the
-// folder for the rest at the end.
+// The names of a store's bucket folders, in the order in which they are made.
+std::vector<Text> BucketNames() {
+  std::vector<Text> names;
+  for (char16_t letter = u'A'; letter <= u'Z'; ++letter) names.emplace_back(1, letter);
+  names.emplace_back(u"other");
+  return names;
+}
+
+// A bucket in both stores, then the next.
 std::vector<Text> BucketFolders() {
   std::vector<Text> folders;
-  const auto add = [&folders](TextView bucket) {
-    folders.push_back(Concat(kScannedFolder, u"\\", bucket));
-    folders.push_back(Concat(kComparedFolder, u"\\", bucket));
-  };
-  for (char16_t letter = u'A'; letter <= u'Z'; ++letter) add(TextView(&letter, 1));
-  add(u"other");
+  for (const Text& bucket : BucketNames()) {
+    for (const TextView store : {kScannedFolder, kComparedFolder})
+      folders.push_back(Concat(store, u"\\", bucket));
+  }
   return folders;
+}
+
+bool IsHiddenFolder(const platform::DirectoryEntry& entry) {
+  return entry.folder && !entry.link &&
+         (entry.attributes & (kHiddenSystem | platform::kReadOnly)) == kHiddenSystem;
+}
+
+// Whether the hidden folders of these names lie there, and nothing else.
+bool HoldsOnly(TextView folder, const std::vector<Text>& names) {
+  size_t found = 0;
+  bool only = true;
+  const bool listed = fileSystemObject.List(folder, [&](const platform::DirectoryEntry& entry) {
+    only = only && IsHiddenFolder(entry) && std::ranges::find(names, entry.name) != names.end();
+    ++found;
+  });
+  return listed && only && found == names.size();
+}
+
+bool IsPlainFolder(TextView parent, TextView name) {
+  bool plain = false;
+  fileSystemObject.List(parent, [&](const platform::DirectoryEntry& entry) {
+    plain = plain || (entry.name == name && entry.folder && !entry.link);
+  });
+  return plain;
+}
+
+// Whether the scratch tree is just as it would be made anew. Most runs leave it so.
+bool ScratchIsFresh(const std::vector<Text>& buckets) {
+  const std::vector<Text> names = BucketNames();
+  return IsPlainFolder(kDataFolder, TextView(kDuplicateFolder).substr(kDataFolder.size() + 1)) &&
+         HoldsOnly(kDuplicateFolder, {u"scanned", u"compared"}) && HoldsOnly(kScannedFolder, names) &&
+         HoldsOnly(kComparedFolder, names) &&
+         std::ranges::all_of(buckets, [](const Text& bucket) { return HoldsOnly(bucket, {}); });
+}
+
+void MakeScratch(const std::vector<Text>& buckets) {
+  if (fileSystemObject.FolderExists(kDuplicateFolder)) fileSystemObject.DeleteFolder(kDuplicateFolder, true);
+  for (const TextView folder : {kDuplicateFolder, kScannedFolder, kComparedFolder}) {
+    fileSystemObject.CreateFolder(folder);
+  }
+  for (const Text& folder : buckets) fileSystemObject.CreateFolder(folder);
 }
 
 }  // namespace
@@ -35,11 +82,8 @@ void PrepareDataFolders() {
   CreateIfMissing(kDefaultBackupFolder);
 
   const std::vector<Text> buckets = BucketFolders();
-  if (fileSystemObject.FolderExists(kDuplicateFolder)) fileSystemObject.DeleteFolder(kDuplicateFolder, true);
-  for (const TextView folder : {kDuplicateFolder, kScannedFolder, kComparedFolder}) {
-    fileSystemObject.CreateFolder(folder);
-  }
-  for (const Text& folder : buckets) fileSystemObject.CreateFolder(folder);
+  const bool fresh = ScratchIsFresh(buckets);
+  if (!fresh) MakeScratch(buckets);
 
   for (const TextView file : {kBuiltInJunkFile, kUserJunkFile, kMarkerFile}) {
     if (!fileSystemObject.FileExists(file)) fileSystemObject.CreateTextFile(file, true);
@@ -49,7 +93,9 @@ void PrepareDataFolders() {
                                 kScannedFolder, kComparedFolder}) {
     fileSystemObject.SetAttributes(folder, kHiddenSystem);
   }
-  for (const Text& folder : buckets) fileSystemObject.SetAttributes(folder, kHiddenSystem);
+  if (!fresh) {
+    for (const Text& folder : buckets) fileSystemObject.SetAttributes(folder, kHiddenSystem);
+  }
   const auto files = fileSystemObject.GetFolder(kDataFolder).and_then(&Folder::Files);
   for (const File& file : files.value_or(std::vector<File>())) {
     if (const auto path = file.Path()) fileSystemObject.SetAttributes(*path, kHiddenSystem);

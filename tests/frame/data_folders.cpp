@@ -16,6 +16,10 @@ class DataFolders : public ProgramTest {
     const auto facts = machine.files.Look(path);
     return facts ? facts->attributes & 7U : 99;
   }
+  void AddHidden(TextView folder) {
+    machine.files.AddFolder(folder);
+    machine.files.SetAttributes(folder, kHiddenSystem);
+  }
   std::vector<Text> NamesIn(TextView folder) {
     std::vector<Text> names;
     machine.files.List(folder,
@@ -50,6 +54,48 @@ TEST_F(DataFolders, AStaleBucketFileIsGoneAfterTheNextStart) {
   machine.files.AddFile(Concat(kComparedFolder, u"\\other\\x"));
   Form_Unload();
   EXPECT_TRUE(NamesIn(Concat(kComparedFolder, u"\\other")).empty());
+}
+
+TEST_F(DataFolders, AnyOtherThanTheFreshTreeIsMadeAnew) {
+  const auto at = [](TextView rest) { return Concat(kDuplicateFolder, rest); };
+  const std::vector<std::function<void()>> damages = {
+      [&] { machine.files.DeleteFolder(at(u"\\compared\\Q"), true); },
+      [&] { machine.files.SetAttributes(at(u"\\scanned\\Q"), 0); },
+      [&] { machine.files.SetAttributes(at(u"\\scanned\\Q"), kHiddenSystem | platform::kReadOnly); },
+      [&] { machine.files.SetAttributes(at(u"\\scanned"), platform::kHidden); },
+      [&] { AddHidden(at(u"\\scanned\\1")); },
+      [&] { machine.files.AddFolder(at(u"\\scanned\\Q\\deeper")); },
+      [&] { machine.files.AddFile(at(u"\\stale"), {.attributes = kHiddenSystem}); },
+      [&] {
+        machine.files.DeleteFolder(at(u"\\scanned\\Q"), true);
+        AddHidden(at(u"\\scanned\\q"));
+      },
+  };
+  Start();
+  for (size_t i = 0; i < damages.size(); ++i) {
+    SCOPED_TRACE(i);
+    damages[i]();
+    PrepareDataFolders();
+    EXPECT_EQ(NamesIn(kDuplicateFolder), (std::vector<Text>{u"compared", u"scanned"}));
+    EXPECT_EQ(Attributes(kScannedFolder), kHiddenSystem);
+    for (const TextView store : {kScannedFolder, kComparedFolder}) {
+      EXPECT_EQ(NamesIn(store).size(), 27U);
+      for (const Text& bucket : NamesIn(store)) {
+        EXPECT_EQ(Attributes(Concat(store, u"\\", bucket)), kHiddenSystem);
+        EXPECT_TRUE(NamesIn(Concat(store, u"\\", bucket)).empty());
+        EXPECT_NE(bucket, u"q");
+      }
+    }
+  }
+}
+
+TEST_F(DataFolders, AFreshTreeIsNotTouched) {
+  Start();
+  // Once it was deleted, it would be gone.
+  machine.files.faults.Fail(u"CreateFolder");
+  PrepareDataFolders();
+  EXPECT_EQ(NamesIn(kScannedFolder).size(), 27U);
+  EXPECT_EQ(Attributes(Concat(kScannedFolder, u"\\A")), kHiddenSystem);
 }
 
 TEST_F(DataFolders, ADeletedJunkFileComesBackEmptyAndOthersKeepTheirContent) {
