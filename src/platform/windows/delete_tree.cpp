@@ -187,7 +187,8 @@ bool DeleteTree(TextView path, bool force) {
     if (!opened) {
       whole = false;
     } else if (opened->IsTree()) {
-      whole = Enter(*std::move(opened), levels) && whole;
+      // An empty folder goes without being listed; the system refuses any other.
+      if (!Delete(*opened, force)) whole = Enter(*std::move(opened), levels) && whole;
     } else {
       whole = Delete(*opened, force) && whole;
     }

@@ -118,6 +118,7 @@ bool WindowsFileSystem::SetAttributes(TextView path, uint32_t attributes) {
   const DWORD there = GetFileAttributesW(Wide(extended));
   if (there == INVALID_FILE_ATTRIBUTES) return false;
   const DWORD wanted = (there & ~(kChangeable | FILE_ATTRIBUTE_NORMAL)) | (attributes & kChangeable);
+  if (wanted == there) return true;
   return SetFileAttributesW(Wide(extended), wanted == 0 ? FILE_ATTRIBUTE_NORMAL : wanted) != 0;
 }
 

@@ -34,8 +34,15 @@ std::optional<Target> ReadUrl(TextView url) {
                 parts.nPort, parts.nScheme == INTERNET_SCHEME_HTTPS};
 }
 
-bool IsKnownToBeNowhere(TextView host) {
+// Names that no network knows. An address with such a host isn't even taken apart, which spares the library
+// that would be loaded for it.
+bool LeadsNowhere(TextView url) {
   constexpr TextView kNowhere = u".invalid";
+  constexpr TextView kBeforeHost = u"://";
+  const size_t start = url.find(kBeforeHost);
+  if (start == TextView::npos) return false;
+  const TextView rest = url.substr(start + kBeforeHost.size());
+  const TextView host = rest.substr(0, rest.find_first_of(u":/?#"));
   return host.size() >= kNowhere.size() &&
          CompareIgnoringCase(host.substr(host.size() - kNowhere.size()), kNowhere) == 0;
 }
@@ -88,8 +95,9 @@ bool Wait(HANDLE done, ULONGLONG until) {
 std::optional<std::string> WindowsNetwork::Fetch(TextView url, int timeoutSeconds) {
   const auto limit = static_cast<ULONGLONG>(std::max(timeoutSeconds, 0)) * 1000;
   const ULONGLONG until = GetTickCount64() + limit;
+  if (LeadsNowhere(url)) return std::nullopt;
   const std::optional<Target> target = ReadUrl(url);
-  if (!target || IsKnownToBeNowhere(target->host)) return std::nullopt;
+  if (!target) return std::nullopt;
   const InternetHandle session = OpenSession();
   if (!session) return std::nullopt;
   // Each of the steps for itself, so that what is given up below doesn't live on for long.
