@@ -78,9 +78,10 @@ bool AboutWindow::Create(HWND owner) {
   frmPubAbout.Height = kHeight;
   frmPubAbout.Resize();
   const RECT place = PlaceOver(owner, {context_->Pixels(kWidth), context_->Pixels(kHeight)});
-  const HWND window = CreateWindowExW(
-      kExtendedStyle, kClass, windows::Wide(frmPubAbout.Caption.Get()), kStyle, place.left, place.top,
-      place.right - place.left, place.bottom - place.top, owner, nullptr, GetModuleHandleW(nullptr), this);
+  const HWND window =
+      CreateWindowExW(kExtendedStyle, kClass, windows::Wide(frmPubAbout.Caption.Get()), kStyle, place.left,
+                      place.top, place.right - place.left, place.bottom - place.top, owner, nullptr,
+                      GetModuleHandleW(nullptr), Parameter());
   if (window == nullptr) return false;
   frmPubAbout.hWnd = reinterpret_cast<intptr_t>(window);
   BindControls();
@@ -125,60 +126,19 @@ void AboutWindow::Unload() {
   DestroyWindow(context_->window);
 }
 
-LRESULT CALLBACK AboutWindow::Procedure(HWND window, UINT message, WPARAM wide, LPARAM longer) {
-  if (message == WM_NCCREATE) {
-    auto* const made = static_cast<AboutWindow*>(reinterpret_cast<CREATESTRUCTW*>(longer)->lpCreateParams);
-    made->context_->window = window;
-    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(made));
-  }
-  auto* const about = reinterpret_cast<AboutWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-  return about != nullptr ? about->OnMessage(message, wide, longer)
-                          : DefWindowProcW(window, message, wide, longer);
+std::optional<LRESULT> AboutWindow::OnMessage(UINT message, WPARAM, LPARAM) {
+  if (message != WM_CLOSE) return std::nullopt;
+  frmPubAbout.Unload();
+  return 0;
 }
 
-LRESULT AboutWindow::OnMessage(UINT message, WPARAM wide, LPARAM longer) {
-  switch (message) {
-    case WM_PAINT:
-      return OnPaint(), 0;
-    case WM_COMMAND:
-      return OnCommand(longer, HIWORD(wide)), 0;
-    case WM_DRAWITEM:
-      return OnDraw(*reinterpret_cast<DRAWITEMSTRUCT*>(longer)), TRUE;
-    case WM_CLOSE:
-      return frmPubAbout.Unload(), 0;
-    case WM_NCDESTROY:
-      return OnGone(wide, longer);
-    default:
-      return DefWindowProcW(context_->window, message, wide, longer);
-  }
-}
-
-void AboutWindow::OnCommand(LPARAM longer, int code) {
-  WindowBinding* const binding = WindowBinding::Of(reinterpret_cast<HWND>(longer));
-  if (binding != nullptr) binding->OnCommand(code);
-}
-
-void AboutWindow::OnDraw(const DRAWITEMSTRUCT& draw) {
-  WindowBinding* const binding = WindowBinding::Of(draw.hwndItem);
-  if (binding != nullptr) binding->OnDraw(draw);
-}
-
-void AboutWindow::OnPaint() {
-  PAINTSTRUCT paint;
-  const HDC canvas = BeginPaint(context_->window, &paint);
-  FillArea(canvas, paint.rcPaint, context_->colors.panel);
+void AboutWindow::OnPaint(HDC screen, const RECT& area) {
+  FillArea(screen, area, context_->colors.panel);
   const RECT logo = context_->Area(frmPubAbout.picLogo);
   const auto icon = static_cast<HICON>(LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(1), IMAGE_ICON,
                                                   logo.right - logo.left, logo.bottom - logo.top, LR_SHARED));
-  DrawIconEx(canvas, logo.left, logo.top, icon, logo.right - logo.left, logo.bottom - logo.top, 0, nullptr,
+  DrawIconEx(screen, logo.left, logo.top, icon, logo.right - logo.left, logo.bottom - logo.top, 0, nullptr,
              DI_NORMAL);
-  EndPaint(context_->window, &paint);
-}
-
-LRESULT AboutWindow::OnGone(WPARAM wide, LPARAM longer) {
-  const HWND window = std::exchange(context_->window, nullptr);
-  SetWindowLongPtrW(window, GWLP_USERDATA, 0);
-  return DefWindowProcW(window, WM_NCDESTROY, wide, longer);
 }
 
 }  // namespace tavix::win32

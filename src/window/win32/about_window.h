@@ -3,24 +3,21 @@
 #include <memory>
 #include <vector>
 
-#include "window/win32/window_binding.h"
+#include "window/win32/window_owner.h"
 
 namespace tavix::win32 {
 
 // The real about window: it gives `ShowModal` and `Unload` of frmPubAbout their bodies. One of it at a time.
-class AboutWindow {
+class AboutWindow : private WindowOwner {
  public:
   AboutWindow();
   AboutWindow(const AboutWindow&) = delete;
   ~AboutWindow();
 
  private:
-  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wide, LPARAM longer);
-  LRESULT OnMessage(UINT message, WPARAM wide, LPARAM longer);
-  void OnCommand(LPARAM longer, int code);
-  void OnDraw(const DRAWITEMSTRUCT& draw);
-  void OnPaint();
-  LRESULT OnGone(WPARAM wide, LPARAM longer);
+  WindowContext& Context() override { return *context_; }
+  std::optional<LRESULT> OnMessage(UINT message, WPARAM wide, LPARAM longer) override;
+  void OnPaint(HDC screen, const RECT& area) override;
 
   void ShowModal();
   bool Create(HWND owner);

@@ -6,6 +6,7 @@
 #include "forms/main_form.h"
 #include "platform/windows/wide.h"
 #include "window/win32/option_button_binding.h"
+#include "window/win32/paint.h"
 #include "window/win32/push_binding.h"
 #include "window/win32/shift_keys.h"
 
@@ -86,7 +87,7 @@ bool DialogWindow::Create() {
   MakeDrawingTools(*context_);
   context_->form = &form_;
   if (CreateWindowExW(kExtendedStyle, class_, L"", kStyle, 0, 0, 0, 0, WindowOf(owner_), nullptr,
-                      GetModuleHandleW(nullptr), this) == nullptr)
+                      GetModuleHandleW(nullptr), Parameter()) == nullptr)
     return false;
   form_.hWnd = reinterpret_cast<intptr_t>(context_->window);
   frame_ = std::make_unique<FrameBinding>(*this);
@@ -246,6 +247,27 @@ void DialogWindow::ShowFocus() {
     const HWND next = GetNextDlgTabItem(context_->window, wanted, FALSE);
     if (canTake(next)) SetFocus(next);
   }
+}
+
+std::optional<LRESULT> DialogWindow::OnMessage(UINT message, WPARAM wide, LPARAM) {
+  switch (message) {
+    case WM_ACTIVATE:
+      if (LOWORD(wide) != WA_INACTIVE) ShowFocus();
+      return 0;
+    case WM_CLOSE:
+      return form_.Unload(), 0;
+    default:
+      return std::nullopt;
+  }
+}
+
+void DialogWindow::OnPaint(HDC screen, const RECT& area) { FillArea(screen, area, context_->colors.ground); }
+
+// A button that was pressed by a key has the focus already, and the box before it had no say yet.
+void DialogWindow::OnCommand(WindowBinding& control, int code) {
+  const bool option = dynamic_cast<OptionButtonBinding*>(&control) != nullptr;
+  if (code == BN_CLICKED && !option && !Settle()) return;
+  if (IsOpen()) control.OnCommand(code);
 }
 
 }  // namespace tavix::win32

@@ -5,6 +5,7 @@
 
 #include "window/caption.h"
 #include "window/win32/text_box_binding.h"
+#include "window/win32/window_owner.h"
 
 namespace tavix::win32 {
 
@@ -14,7 +15,7 @@ namespace tavix::win32 {
 // A text box is left only once its form has been told and lets it go: until then, the click or key that takes
 // the focus from it has no other effect. An option button is pressed before that, since it may switch the box
 // off.
-class DialogWindow : protected BoxListener {
+class DialogWindow : protected BoxListener, private WindowOwner {
  public:
   DialogWindow(const DialogWindow&) = delete;
   ~DialogWindow() override;
@@ -33,14 +34,10 @@ class DialogWindow : protected BoxListener {
   virtual Control& First() = 0;
 
  private:
-  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wide, LPARAM longer);
-  LRESULT OnMessage(UINT message, WPARAM wide, LPARAM longer);
-  LRESULT OnGone(WPARAM wide, LPARAM longer);
-  LRESULT OnNotify(NMHDR& header);
-  LRESULT OnColors(UINT message, WPARAM wide, LPARAM longer);
-  void OnCommand(int code, HWND control);
-  void OnDraw(const DRAWITEMSTRUCT& draw);
-  void OnPaint();
+  WindowContext& Context() override { return *context_; }
+  std::optional<LRESULT> OnMessage(UINT message, WPARAM wide, LPARAM longer) override;
+  void OnPaint(HDC screen, const RECT& area) override;
+  void OnCommand(WindowBinding& control, int code) override;
   void OnBoxLeft(TextBoxBinding& box) override;
 
   void ShowModal();

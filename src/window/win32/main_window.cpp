@@ -70,7 +70,7 @@ bool MainWindow::Create() {
   RegisterClassExW(&windowClass);
   context_.window = CreateWindowExW(WS_EX_APPWINDOW | WS_EX_CONTROLPARENT, kMainWindowClass, L"Tavix",
                                     WS_POPUP | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN, 0, 0, 0, 0,
-                                    nullptr, nullptr, windowClass.hInstance, this);
+                                    nullptr, nullptr, windowClass.hInstance, Parameter());
   if (context_.window == nullptr) return false;
   context_.toolTips =
       CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0,

@@ -6,12 +6,13 @@
 #include "window/win32/bind_main_form.h"
 #include "window/win32/ground.h"
 #include "window/win32/timer_binding.h"
+#include "window/win32/window_owner.h"
 
 namespace tavix::win32 {
 
 // The real main window: it shows frmPubMain, passes the user's keys and clicks on to it, and gives its
 // `Refresh`, `Minimize` and `Unload` their bodies. One of it at a time.
-class MainWindow {
+class MainWindow : private WindowOwner {
  public:
   MainWindow();
   MainWindow(const MainWindow&) = delete;
@@ -27,15 +28,10 @@ class MainWindow {
   void HandleWaiting();
 
  private:
-  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wide, LPARAM longer);
-  LRESULT OnMessage(UINT message, WPARAM wide, LPARAM longer);
-  void OnPaint();
-  LRESULT OnNotify(NMHDR& header);
-  void OnCommand(WPARAM wide, LPARAM longer);
-  void OnDraw(const DRAWITEMSTRUCT& draw);
-  LRESULT OnColors(UINT message, WPARAM wide, LPARAM longer);
+  WindowContext& Context() override { return context_; }
+  std::optional<LRESULT> OnMessage(UINT message, WPARAM wide, LPARAM longer) override;
+  void OnPaint(HDC screen, const RECT& area) override { ground_.Paint(screen, area); }
   void OnActivate(WPARAM wide);
-  LRESULT OnGone(WPARAM wide, LPARAM longer);
 
   void Handle(MSG& message);
   bool PressKey(const MSG& message);
