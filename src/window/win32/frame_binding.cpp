@@ -17,7 +17,7 @@ std::optional<LRESULT> GroupBinding::OnMessage(UINT message, WPARAM wide, LPARAM
   if (message == WM_PAINT) return Paint();
   if (message == WM_ERASEBKGND) return TRUE;
   // The system's own would paint itself.
-  if (message == WM_SETTEXT) InvalidateRect(Window(), nullptr, FALSE);
+  if (message == WM_SETTEXT) Redraw();
   return WindowBinding::OnMessage(message, wide, longer);
 }
 

@@ -6,7 +6,7 @@ namespace tavix::win32 {
 
 void ImageBinding::Show() {
   if (context_.skin->Has(model_.Picture.Get())) picture_ = model_.Picture.Get();
-  InvalidateRect(Window(), nullptr, FALSE);
+  Redraw();
 }
 
 void ImageBinding::OnDraw(const DRAWITEMSTRUCT& draw) {

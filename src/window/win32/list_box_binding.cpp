@@ -33,7 +33,7 @@ void ListBoxBinding::ShowRows() {
   Send(LB_RESETCONTENT);
   for (const Text& row : rows_) Send(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(windows::Wide(row)));
   Send(WM_SETREDRAW, TRUE);
-  InvalidateRect(Window(), nullptr, TRUE);
+  Redraw(true);
 }
 
 void ListBoxBinding::OnCommand(int code) {

@@ -83,7 +83,7 @@ std::optional<LRESULT> OptionButtonBinding::OnMessage(UINT message, WPARAM wide,
   if (message == WM_ERASEBKGND) return TRUE;
   const std::optional<LRESULT> done = WindowBinding::OnMessage(message, wide, longer);
   // The system's own button would choose itself.
-  if (message == WM_SETFOCUS) return InvalidateRect(Window(), nullptr, FALSE), 0;
+  if (message == WM_SETFOCUS) return Redraw(), 0;
   if (!PaintsItself(message)) return done;
   const LRESULT result = PassOn(message, wide, longer);
   RedrawWindow(Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);

@@ -31,11 +31,20 @@ void WriteCaption(HDC context, TextView text, RECT area, HFONT font, COLORREF co
             DT_CENTER | DT_VCENTER | DT_SINGLELINE | line);
 }
 
+Bitmap MakePicture(SIZE size, uint32_t*& pixels) {
+  BITMAPINFO info{};
+  info.bmiHeader = {sizeof info.bmiHeader, size.cx, -size.cy, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+  void* bits = nullptr;
+  Bitmap bitmap(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
+  pixels = static_cast<uint32_t*>(bits);
+  return bitmap;
+}
+
 Canvas::Canvas(HDC screen, const RECT& area)
     : screen_(screen),
       area_(area),
       memory_(CreateCompatibleDC(screen)),
-      bitmap_(CreateCompatibleBitmap(screen, area.right - area.left, area.bottom - area.top)),
+      bitmap_(MakePicture({area.right - area.left, area.bottom - area.top}, pixels_)),
       before_(SelectObject(memory_.Get(), bitmap_.Get())) {
   SetViewportOrgEx(memory_.Get(), -area.left, -area.top, nullptr);
 }

@@ -15,6 +15,9 @@ void WriteText(HDC context, TextView text, RECT area, HFONT font, COLORREF color
 // below unless `state` (ODS_...) says that these lines are hidden.
 void WriteCaption(HDC context, TextView text, RECT area, HFONT font, COLORREF color, UINT state);
 
+// A picture of 32 bits a pixel, row by row from the top; null, and no pixels, when the system has no room.
+Bitmap MakePicture(SIZE size, uint32_t*& pixels);
+
 // Draws unseen and puts the whole picture on the screen at its end. `area` is what will be drawn.
 class Canvas {
  public:
@@ -29,6 +32,7 @@ class Canvas {
   HDC screen_;
   RECT area_;
   MemoryContext memory_;
+  uint32_t* pixels_ = nullptr;
   Bitmap bitmap_;
   HGDIOBJ before_;
 };

@@ -8,7 +8,7 @@ void PictureBinding::Show() {
   const Text& spoken = model_.AccessibleName.Get();
   SetName(spoken.empty() ? model_.ToolTipText.Get() : spoken);
   if (context_.skin->Has(model_.Picture.Get())) picture_ = model_.Picture.Get();
-  InvalidateRect(Window(), nullptr, FALSE);
+  Redraw();
 }
 
 void PictureBinding::OnPress() {

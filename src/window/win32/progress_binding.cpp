@@ -18,7 +18,7 @@ void ProgressBinding::Detach() {
 
 void ProgressBinding::Show() {
   SetName(fill_.Visible ? fill_.Caption.Get() : Text());
-  InvalidateRect(Window(), nullptr, FALSE);
+  Redraw();
 }
 
 void ProgressBinding::OnDraw(const DRAWITEMSTRUCT& draw) {

@@ -26,7 +26,7 @@ void PushBinding::OnDraw(const DRAWITEMSTRUCT& draw) {
 
 void PushBinding::Heat(bool hot) {
   if (std::exchange(hot_, hot) == hot) return;
-  InvalidateRect(Window(), nullptr, FALSE);
+  Redraw();
   TRACKMOUSEEVENT track{sizeof track, TME_LEAVE, Window(), 0};
   if (hot) TrackMouseEvent(&track);
 }

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "window/win32/paint.h"
+
 namespace tavix::win32 {
 namespace {
 
@@ -64,15 +66,6 @@ Shade ShadeAt(Point p, double pixel, const Palette& colors, Tick tick, bool enab
     shade.color = Mix(shade.color, strong, Cover(ToBox(p, 3.2, 0.8), pixel));
   }
   return shade;
-}
-
-Bitmap MakePicture(SIZE size, uint32_t*& pixels) {
-  BITMAPINFO info{};
-  info.bmiHeader = {sizeof info.bmiHeader, size.cx, -size.cy, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-  void* bits = nullptr;
-  Bitmap bitmap(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
-  pixels = static_cast<uint32_t*>(bits);
-  return bitmap;
 }
 
 template <class Visit>

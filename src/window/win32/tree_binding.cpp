@@ -119,7 +119,7 @@ void TreeBinding::ShowNode(Node& node) {
   if (((state & TVIS_EXPANDED) != 0) != node.Expanded) {
     Send(TVM_EXPAND, node.Expanded ? TVE_EXPAND : TVE_COLLAPSE, reinterpret_cast<LPARAM>(item.hItem));
   }
-  InvalidateRect(Window(), nullptr, FALSE);
+  Redraw();
 }
 
 Node* TreeBinding::NodeOf(HTREEITEM handle) const {

@@ -47,7 +47,7 @@ void VirtualList::ShowRows() {
   ShowFocus();
   ShowHighlights();
   showing_ = false;
-  InvalidateRect(Window(), nullptr, FALSE);
+  Redraw();
 }
 
 void VirtualList::SetState(int row, UINT mask, UINT state) const {
@@ -63,7 +63,7 @@ void VirtualList::SetState(int row, UINT mask, UINT state) const {
   if (row >= 0) return;
   Send(LVM_SETCALLBACKMASK, LVIS_STATEIMAGEMASK);
   Send(WM_SETREDRAW, TRUE);
-  InvalidateRect(Window(), nullptr, FALSE);
+  Redraw();
 }
 
 int VirtualList::ShownFocus() const {

@@ -46,6 +46,8 @@ LRESULT CALLBACK WindowBinding::Procedure(HWND window, UINT message, WPARAM wide
 }
 
 std::optional<LRESULT> WindowBinding::OnMessage(UINT message, WPARAM wide, LPARAM longer) {
+  // Those with a frame paint it by themselves; the others have nothing there.
+  if (message == WM_NCPAINT) return 0;
   if (message == WM_MOUSEMOVE && context_.HasMoved(window_, PointOf(longer))) OnMouseMove(HeldButtons(wide));
   if (message == WM_SETFOCUS && context_.form != nullptr) context_.form->ActiveControl = &model_;
   return std::nullopt;
@@ -55,6 +57,11 @@ void WindowBinding::SetName(TextView name) {
   if (name == name_) return;
   name_ = name;
   SetWindowTextW(window_, windows::Wide(name_));
+}
+
+void WindowBinding::Redraw(bool erase) const {
+  const bool formIsShown = (GetWindowLongPtrW(context_.window, GWL_STYLE) & WS_VISIBLE) != 0;
+  if (formIsShown) InvalidateRect(window_, nullptr, erase ? TRUE : FALSE);
 }
 
 void WindowBinding::Apply() {

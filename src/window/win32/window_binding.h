@@ -34,6 +34,8 @@ class WindowBinding : public Binding {
   void Create(int id, const wchar_t* className, DWORD style, DWORD extendedStyle = 0);
   // The name that the control shows, or that readers of the screen say where it shows none.
   void SetName(TextView name);
+  // Has the control painted anew. Nothing is asked for in a hidden window, which is painted as it appears.
+  void Redraw(bool erase = false) const;
   // Brings the rest of the model to the control.
   virtual void Show() {}
   // A message of the control itself; a result ends its handling.
