@@ -19,7 +19,8 @@ void ScanAndClean() {
   MainForm& form = frmPubMain;
   form.Enabled = false;
   form.sbtScan.Click();
-  form.sbtClean.Click();
+  // The program may have been ended meanwhile.
+  if (form.Loaded) form.sbtClean.Click();
   form.Enabled = true;
 }
 

@@ -36,8 +36,12 @@ void AddRow(ListView& list, const JunkType& type) {
   if (type.BuiltIn()) row.SetForeColor(kGreyText);
 }
 
+// A file that is read-only is written all the same, and isn't read-only any more.
 void Rewrite(TextView file, TextView lines) {
   if (platform::fileSystem == nullptr) return;
+  const auto facts = platform::fileSystem->Look(file);
+  if (facts && (facts->attributes & platform::kReadOnly) != 0)
+    platform::fileSystem->SetAttributes(file, facts->attributes & ~platform::kReadOnly);
   platform::fileSystem->WriteFile(file, EncodeTextFile({Text(lines), TextEncoding::Utf8}));
 }
 

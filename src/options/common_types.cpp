@@ -18,6 +18,11 @@ bool HoldsForbiddenCharacter(TextView extension) {
   return extension.find_first_of(u"*.\\/:?\"<>|") != TextView::npos;
 }
 
+// The one box without a picture.
+void TellPlainly(TextView text) {
+  if (platform::dialogs != nullptr) platform::dialogs->MsgBox(text, 0);
+}
+
 bool StandsInSetting(TextView extension) {
   return ToLower(CommonTypes).find(Concat(u"*.", ToLower(extension))) != Text::npos;
 }
@@ -29,7 +34,7 @@ void AddType() {
     if (HoldsForbiddenCharacter(extension)) {
       Inform(GetMessageText(u"EXT_ERR"));
     } else if (StandsInSetting(extension)) {
-      Inform(Concat(u"'*.", extension, u"' ", GetMessageText(u"EXIST")));
+      TellPlainly(Concat(u"'*.", extension, u"' ", GetMessageText(u"EXIST")));
     } else {
       return frmPubOptions.lstDF.AddItem(Concat(u"*.", extension));
     }

@@ -60,6 +60,19 @@ TEST_F(Selection, ARootHandsItsTickToAllItsChildrenAndClearsTheMark) {
   EXPECT_TRUE(At(u"we").Checked);
 }
 
+TEST_F(Selection, TickingAMarkedRootTicksAllItsNineChildrenAndClearsTheMark) {
+  Click(u"iec", false);
+  ASSERT_TRUE(At(u"ie").Checked);
+  ASSERT_TRUE(Marked(u"ie"));
+  Click(u"ie", true);
+  EXPECT_TRUE(At(u"ie").Checked);
+  EXPECT_FALSE(Marked(u"ie"));
+  int ticked = 0;
+  for (Node* child = At(u"ie").Child(); child != nullptr; child = child->Next())
+    ticked += child->Checked ? 1 : 0;
+  EXPECT_EQ(ticked, 9);
+}
+
 class MasterRow : public ProgramTest {
  protected:
   MasterRow() {

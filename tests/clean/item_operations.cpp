@@ -1,5 +1,7 @@
 #include "clean/item_operations.h"
 
+#include <utility>
+
 #include "clean/clean_test.h"
 #include "forms/type_form.h"
 #include "frame/support/pub_registry.h"
@@ -225,6 +227,63 @@ TEST_F(ItemOperations, TheEditorIsEndedBeforeAndOpenedAfterTheKeyIsWritten) {
   ASSERT_EQ(machine.journal.Entries().size(), 2U);
   EXPECT_EQ(machine.journal.Entries()[0].op, u"RunHidden");
   EXPECT_EQ(machine.journal.Entries()[1].Get(u"style"), u"3");
+}
+
+// A shell that notes what a look finds at each of its calls, and does nothing.
+class Watching : public platform::Shell {
+ public:
+  explicit Watching(std::function<Text()> look) : look_(std::move(look)) {}
+  bool RunTarget(TextView, int) override { return Note(); }
+  bool OpenPath(TextView, int) override { return Note(); }
+  bool RunHidden(TextView) override { return Note(); }
+  bool ShowFileProperties(platform::WindowHandle owner, TextView) override {
+    owner_ = owner;
+    return Note();
+  }
+  bool DeleteToRecycleBin(TextView) override { return false; }
+  bool EmptyRecycleBin(platform::WindowHandle) override { return false; }
+  std::optional<Text> RecycleBinInfo() override { return std::nullopt; }
+  bool DeleteAtRestart(TextView) override { return false; }
+  std::optional<Text> SpecialFolderByNumber(int) override { return std::nullopt; }
+  std::optional<Text> SpecialFolderByName(TextView) override { return std::nullopt; }
+  std::optional<Text> UserTempFolder() override { return std::nullopt; }
+  std::optional<Text> SystemTempFolder() override { return std::nullopt; }
+  std::optional<Text> EnvironmentVariable(TextView) override { return std::nullopt; }
+  Text ExpandEnvironment(TextView text) override { return Text(text); }
+  std::optional<Text> ShortcutTarget(TextView) override { return std::nullopt; }
+
+  const Texts& Seen() const { return seen_; }
+  platform::WindowHandle Owner() const { return owner_; }
+
+ private:
+  bool Note() {
+    seen_.push_back(look_());
+    return true;
+  }
+
+  std::function<Text()> look_;
+  Texts seen_;
+  platform::WindowHandle owner_ = 0;
+};
+
+TEST_F(ItemOperations, TheKeyIsWrittenBetweenTheEndOfTheEditorAndItsStart) {
+  Watching shell([this] { return LastKey(); });
+  pubSystem = clsPubSystem({&shell, platform::fileSystem, platform::dialogs, platform::desktop});
+  platform::Shell* const before = std::exchange(platform::shell, &shell);
+  AddSelected(u"RK: HKEY_CURRENT_USER, a", u"Registry");
+  Press(kOpen);
+  platform::shell = before;
+  EXPECT_EQ(shell.Seen(), (Texts{u"none", u"HKEY_CURRENT_USER\\a"}));
+}
+
+TEST_F(ItemOperations, TheMainWindowOwnsThePropertySheet) {
+  Watching shell([] { return Text(); });
+  pubSystem = clsPubSystem({&shell, platform::fileSystem, platform::dialogs, platform::desktop});
+  frmPubMain.hWnd = 4711;
+  AddSelected(u"F");
+  Press(kProperties);
+  EXPECT_EQ(shell.Owner(), 4711);
+  frmPubMain.hWnd = 0;
 }
 
 TEST_F(ItemOperations, WithoutServicesNothingHappens) {

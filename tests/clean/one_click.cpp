@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "clean/clean_test.h"
+#include "frame/start_up.h"
 #include "platform/event_queue.h"
 #include "scan/scan_driver.h"
 
@@ -157,6 +158,17 @@ TEST_F(OneClick, RowsThatStartUntickedStay) {
   Press();
   EXPECT_EQ(ResultCount(), 1);
   EXPECT_FALSE(ResultRows()[0].checked);
+}
+
+TEST_F(OneClick, AProgramThatIsEndedMeanwhileCleansNothing) {
+  Onlooker onlooker([this] {
+    if (ResultCount() != 1) return;
+    Add(u"WSL: Security", u"Windows System", u"Security Category (7 Items)");
+    Form_Unload();
+  });
+  Press();
+  EXPECT_GT(ResultCount(), 0);
+  for (const auto& entry : machine.journal.Entries()) EXPECT_NE(entry.op, u"ClearEventLog");
 }
 
 TEST_F(OneClick, AfterACancelCleansWhatWasFound) {

@@ -173,6 +173,30 @@ TEST_F(JunkEditor, SaveAndAddGoesOnInAddModeAfterAnEdit) {
       "Mine\t*.bbb\tY\tN\tU\r\nOthers\t*.ccc\tY\tY\r\nMine\t*.zzz\tY\tY\tU\r\nMore\t*.yyy\tY\tY\tU\r\n");
 }
 
+TEST_F(JunkEditor, SaveAndAddAfterAnUnchangedEditStoresNothingAndGoesOnInAddMode) {
+  const int row = JunkRow(u"*.aaa");
+  int closed = 0;
+  frmPubType.Unload = [&closed] { ++closed; };
+  ClickTypes({u"*.aaa"});
+  InTypeWindow([&] {
+    frmPubType.sbt[0].Click();
+    EXPECT_EQ(File(kUserJunkFile), asSeeded);
+    EXPECT_EQ(JunkRow(u"*.aaa"), row);
+    EXPECT_EQ(frmPubOptions.lsvJF.Count(), rows);
+    EXPECT_EQ(closed, 0);
+    EXPECT_EQ(frmPubType.Caption.Get(), GetMessageText(u"ADD_JUNK"));
+    EXPECT_EQ(frmPubType.txt[0].Text.Get(), u"");
+    EXPECT_EQ(frmPubType.txt[1].Text.Get(), u"");
+    EXPECT_EQ(frmPubType.ActiveControl, &frmPubType.txt[0]);
+    EnterType(u"More", u"*.yyy");
+    frmPubType.sbt[1].Click();
+  });
+  frmPubOptions.sbtJF[1].Click();
+  EXPECT_TRUE(Messages().empty());
+  EXPECT_EQ(JunkRow(u"*.aaa"), row) << "the new type doesn't take its place";
+  EXPECT_EQ(File(kUserJunkFile), asSeeded + "More\t*.yyy\tY\tY\tU\r\n");
+}
+
 TEST_F(JunkEditor, OnlySaveAndCloseAndCloseCloseTheWindow) {
   int closed = 0;
   frmPubType.Unload = [&closed] { ++closed; };

@@ -13,6 +13,7 @@ class JunkList : public OptionsTest {
     JunkTypes = std::move(types);
     ShowJunkTypes();
   }
+  uint32_t AttributesOf(TextView file) { return machine.files.Look(file).value().attributes; }
   // Text, pattern, tag, tick and colour of a row.
   static std::string Row(int row) {
     const ListView::Item item = frmPubOptions.lsvJF.Row(row);
@@ -81,6 +82,37 @@ TEST_F(JunkList, SaveWritesFilesThatAreMissing) {
   SaveJunkTypes();
   EXPECT_EQ(File(kBuiltInJunkFile), "a\t*.2\tY\tY\r\n");
   EXPECT_EQ(File(kUserJunkFile), "c\t*.4\tY\tY\r\n");
+}
+
+TEST_F(JunkList, SaveWritesReadOnlyFilesAllTheSameAndTheirOtherAttributesStay) {
+  using platform::kHidden, platform::kReadOnly, platform::kSystem;
+  const struct {
+    uint32_t before, after;
+  } table[] = {{kReadOnly, 0},
+               {kReadOnly | kHidden | kSystem, kHidden | kSystem},
+               {kHidden | kSystem, kHidden | kSystem},
+               {0, 0}};
+  for (const auto& row : table) {
+    OpenOver({u"Temporary|*.tmp|Y|Y|D", u"Backup|*.bak|N|N|D", u"Mine|*.aaa|Y|Y|U"});
+    for (const TextView file : {kBuiltInJunkFile, kUserJunkFile}) {
+      machine.files.AddFile(file, {.content = "Of before\t*.before\tN\tN\r\n", .attributes = row.before});
+    }
+    frmPubOptions.sbtSave.Click();
+    EXPECT_EQ(File(kBuiltInJunkFile), "Temporary\t*.tmp\tY\tY\r\nBackup\t*.bak\tN\tN\r\n") << row.before;
+    EXPECT_EQ(File(kUserJunkFile), "Mine\t*.aaa\tY\tY\r\n") << row.before;
+    EXPECT_EQ(AttributesOf(kBuiltInJunkFile), row.after) << row.before;
+    EXPECT_EQ(AttributesOf(kUserJunkFile), row.after) << row.before;
+  }
+}
+
+TEST_F(JunkList, FileThatStaysReadOnlyStaysAsItWas) {
+  const std::string before = "Of before\t*.before\tN\tN\r\n";
+  OpenOver({u"Temporary|*.tmp|Y|Y|D", u"Mine|*.aaa|Y|Y|U"});
+  machine.files.AddFile(kBuiltInJunkFile, {.content = before, .attributes = platform::kReadOnly});
+  machine.files.faults.Fail(u"SetAttributes", kBuiltInJunkFile);
+  SaveJunkTypes();
+  EXPECT_EQ(File(kBuiltInJunkFile), before);
+  EXPECT_EQ(File(kUserJunkFile), "Mine\t*.aaa\tY\tY\r\n") << "the other one is written";
 }
 
 }  // namespace

@@ -32,6 +32,9 @@ class CommonTypesPage : public OptionsTest {
     return rows;
   }
 
+  // A message in a box without a picture.
+  static std::pair<Text, int> Plain(TextView text) { return {Text(text), 0}; }
+
   const std::vector<Text> seeded{u"*.txt", u"*.doc", u"*.7z"};
 };
 
@@ -64,16 +67,24 @@ TEST_F(CommonTypesPage, TenCharactersAreRefused) {
 TEST_F(CommonTypesPage, ExtensionOfTheSettingIsRefusedLetterCaseAside) {
   Add({u"doc", u"DOC", std::nullopt});
   const Text exists = GetMessageText(u"EXIST");
-  EXPECT_EQ(Messages(), (std::vector{Information(Concat(u"'*.doc' ", exists)),
-                                     Information(Concat(u"'*.DOC' ", exists))}));
+  EXPECT_EQ(Messages(),
+            (std::vector{Plain(Concat(u"'*.doc' ", exists)), Plain(Concat(u"'*.DOC' ", exists))}));
   EXPECT_EQ(Rows(), seeded);
 }
 
 TEST_F(CommonTypesPage, BeginningOfAnExtensionOfTheSettingIsRefusedToo) {
   Add({u"do", u"7", std::nullopt});
-  EXPECT_EQ(Messages().size(), 2U);
+  const Text exists = GetMessageText(u"EXIST");
+  EXPECT_EQ(Messages(), (std::vector{Plain(Concat(u"'*.do' ", exists)), Plain(Concat(u"'*.7' ", exists))}));
   Add({u"oc"});
   EXPECT_EQ(Rows().back(), u"*.oc") << "the end of one is none";
+}
+
+TEST_F(CommonTypesPage, OnlyThatAnExtensionIsListedIsToldWithoutAPicture) {
+  Add({u"*", u"doc", u"a.b", std::nullopt});
+  EXPECT_EQ(Messages(),
+            (std::vector{InformationOf(u"EXT_ERR"), Plain(Concat(u"'*.doc' ", GetMessageText(u"EXIST"))),
+                         InformationOf(u"EXT_ERR")}));
 }
 
 TEST_F(CommonTypesPage, TestLooksAtTheSettingAndNotAtTheRows) {

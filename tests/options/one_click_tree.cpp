@@ -124,6 +124,16 @@ TEST_F(OneClickTree, KeysAreComparedExactlyAndBetweenBars) {
   EXPECT_EQ(Ticked(), (std::vector<Text>{u"ie", u"Memory Dumps"})) << "the last key has no bar behind it";
 }
 
+TEST_F(OneClickTree, AListWithoutItsOuterBarsLosesItsFirstAndItsLastKey) {
+  WriteSettings(
+      "[Duplicate Files]\r\nCommon Types=*.x\r\n"
+      "[One-click Clean/Repair]\r\nFunctions=iec|Memory Dumps|Time Zones\r\n");
+  Open();
+  EXPECT_EQ(Ticked(), std::vector<Text>{u"Memory Dumps"});
+  frmPubOptions.sbtSave.Click();
+  EXPECT_EQ(Functions, u"|Memory Dumps|");
+}
+
 TEST_F(OneClickTree, FirstNodeIsLeftUnticked) {
   WriteSettings(
       "[Duplicate Files]\r\nCommon Types=*.x\r\n"

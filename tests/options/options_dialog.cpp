@@ -20,6 +20,21 @@ class OptionsDialog : public OptionsTest {
     EXPECT_EQ(content, "");
     return lines;
   }
+  // What a save has left as it was: keys that are missing, files that hold what they held.
+  std::vector<std::string> Unwritten() {
+    std::vector<std::string> names;
+    const std::string settings = SettingsFile();
+    for (const char* key : {"Functions", "Method", "Backup Folder", "Size", "Modified", "Only Common",
+                            "Need Least", "Least Size", "Common Types", "Interface Size",
+                            "Last Accessed File", "Last Accessed Prefetch", "Except Folders"}) {
+      if (settings.find("\n" + std::string(key) + "=") == std::string::npos) names.emplace_back(key);
+    }
+    if (File(kBuiltInJunkFile) == kOfBefore) names.emplace_back("built-in types");
+    if (File(kUserJunkFile) == kOfBefore) names.emplace_back("user's types");
+    return names;
+  }
+
+  static constexpr const char* kOfBefore = "Of before\t*.before\tY\tY\r\n";
   static bool IsGrey(int row) { return frmPubOptions.lsvJF.Row(row).ForeColor() == 0x80000011; }
   static Node& Function(TextView key) { return *frmPubOptions.trvOC.NodeByKey(key); }
 };
@@ -58,6 +73,48 @@ TEST_F(OptionsDialog, SaveOfWhatWasOpenedChangesNothing) {
   EXPECT_EQ(File(kBuiltInJunkFile), builtIn);
   EXPECT_EQ(File(kUserJunkFile), users);
   EXPECT_TRUE(Messages().empty());
+}
+
+TEST_F(OptionsDialog, SaveWritesANewFileWithItsKeysInTheirOrder) {
+  Open();
+  frmPubOptions.optCM[2].Value = true;
+  machine.files.DeleteFile(kSettingsFile, true);
+  frmPubOptions.sbtSave.Click();
+  std::vector<std::string> names;
+  for (const std::string& line : LinesOf(kSettingsFile)) names.push_back(line.substr(0, line.find('=')));
+  EXPECT_EQ(names, (std::vector<std::string>{
+                       "[One-click Clean/Repair]", "Functions", "[Cleaning Method]", "Method",
+                       "Backup Folder", "[Duplicate Files]", "Size", "Modified", "Only Common", "Need Least",
+                       "Least Size", "Common Types", "[Other Options]", "Interface Size",
+                       "Last Accessed File", "Last Accessed Prefetch", "Except Folders"}));
+}
+
+// With one call after the other failing, what isn't written tells what was being written.
+TEST_F(OptionsDialog, SaveWritesTheJunkTypesBehindTheCommonTypesAndBeforeTheOtherOptions) {
+  Open();
+  frmPubOptions.optCM[2].Value = true;
+  std::vector<std::string> written;
+  for (int failing = 1, calls = failing; failing <= calls; ++failing) {
+    machine.files.DeleteFile(kSettingsFile, true);
+    for (const TextView file : {kBuiltInJunkFile, kUserJunkFile}) {
+      machine.files.AddFile(file, {.content = kOfBefore});
+    }
+    const int before = machine.files.faults.Calls();
+    machine.files.faults.FailCall(failing);
+    frmPubOptions.sbtSave.Click();
+    machine.files.faults.Clear();
+    calls = machine.files.faults.Calls() - before;
+    const std::vector<std::string> unwritten = Unwritten();
+    ASSERT_LE(unwritten.size(), 1U) << failing;
+    if (!unwritten.empty() && (written.empty() || written.back() != unwritten[0])) {
+      written.push_back(unwritten[0]);
+    }
+  }
+  EXPECT_EQ(written,
+            (std::vector<std::string>{"Functions", "Method", "Backup Folder", "Size", "Modified",
+                                      "Only Common", "Need Least", "Least Size", "Common Types",
+                                      "built-in types", "user's types", "Interface Size",
+                                      "Last Accessed File", "Last Accessed Prefetch", "Except Folders"}));
 }
 
 TEST_F(OptionsDialog, SaveWithNothingTickedWritesABar) {
@@ -195,6 +252,21 @@ TEST_F(OptionsDialog, RecommendBringsTheBuiltInTableBackAndKeepsTheUsersType) {
   EXPECT_FALSE(frmPubOptions.lsvJF.Row(57).Checked()) << "with its mark";
   EXPECT_EQ(File(kUserJunkFile), "Mine\t*.aaa\tY\tN\r\n");
   EXPECT_TRUE(Messages().empty()) << "no confirmation";
+}
+
+TEST_F(OptionsDialog, RecommendBringsTheBuiltInTableBackOverAReadOnlyFile) {
+  Start();
+  const std::string table = File(kBuiltInJunkFile);
+  machine.files.AddFile(kBuiltInJunkFile, {.content = "Broken\t*.one\tY\tY\r\nBroken\t*.two\tN\tN\r\n",
+                                           .attributes = platform::kReadOnly});
+  LoadJunkDefinitions();
+  Open(2);
+  ASSERT_EQ(frmPubOptions.lsvJF.Count(), 2);
+  frmPubOptions.sbtRecommend.Click();
+  EXPECT_EQ(File(kBuiltInJunkFile), table);
+  EXPECT_EQ(LinesOf(kBuiltInJunkFile).size(), 56U);
+  EXPECT_EQ(frmPubOptions.lsvJF.Count(), 56);
+  EXPECT_EQ(JunkTypes.size(), 56U);
 }
 
 TEST_F(OptionsDialog, RecommendPutsEverySettingBack) {

@@ -137,6 +137,8 @@ TEST_P(LayOut, FunctionListsStandRightOfTheIcons) {
   EXPECT_EQ(f.trvPrivacy.Height, Big() ? 6810 : 4150);
   EXPECT_EQ(f.lst.Left, f.trvPrivacy.Left);
   EXPECT_EQ(f.lst.Top, f.trvPrivacy.Top);
+  EXPECT_EQ(f.lst.Width, f.trvPrivacy.Width);
+  EXPECT_EQ(f.lst.Height, f.trvPrivacy.Height);
 }
 
 TEST_P(LayOut, ResultListFillsTheRestOfTheWidth) {

@@ -37,13 +37,6 @@ RECT PlaceOver(HWND owner, SIZE inside) {
 }  // namespace
 
 AboutWindow::AboutWindow() {
-  WNDCLASSEXW windowClass{};
-  windowClass.cbSize = sizeof windowClass;
-  windowClass.lpfnWndProc = Procedure;
-  windowClass.hInstance = GetModuleHandleW(nullptr);
-  windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-  windowClass.lpszClassName = kClass;
-  RegisterClassExW(&windowClass);
   frmPubAbout.ShowModal = [this] { ShowModal(); };
   frmPubAbout.Unload = [this] { Unload(); };
 }
@@ -73,6 +66,13 @@ void AboutWindow::ShowModal() {
 
 bool AboutWindow::Create(HWND owner) {
   MakeDrawingTools(*context_);
+  WNDCLASSEXW windowClass{};
+  windowClass.cbSize = sizeof windowClass;
+  windowClass.lpfnWndProc = Procedure;
+  windowClass.hInstance = GetModuleHandleW(nullptr);
+  windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+  windowClass.lpszClassName = kClass;
+  RegisterClassExW(&windowClass);
   context_->form = &frmPubAbout;
   frmPubAbout.Width = kWidth;
   frmPubAbout.Height = kHeight;

@@ -21,7 +21,7 @@ bool Repaints(UINT message) {
 // The box doesn't turn by itself: the model does, and the box follows.
 CheckBoxBinding::CheckBoxBinding(CheckBox& model, WindowContext& context, int id)
     : WindowBinding(model, context), model_(model) {
-  Create(id, L"BUTTON", BS_CHECKBOX | WS_TABSTOP);
+  Create(id, L"BUTTON", BS_CHECKBOX | WS_TABSTOP, model.Caption.Get());
 }
 
 void CheckBoxBinding::OnCommand(int code) {

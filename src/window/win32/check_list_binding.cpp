@@ -24,6 +24,12 @@ void CheckListBinding::OnRowFocused(int row) {
   model_.Click();
 }
 
+// A click on a box is one on the row, too; what it shows is told of the row as it is then.
+void CheckListBinding::Toggle(int row) {
+  model_.SetSelected(row, !model_.Selected(row));
+  if (Has(row)) OnRowFocused(row);
+}
+
 void CheckListBinding::OnRowClick(int row) {
   if (row >= 0 && !told_) OnRowFocused(row);
 }

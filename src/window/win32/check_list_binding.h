@@ -15,7 +15,7 @@ class CheckListBinding : public VirtualList {
   int RowCount() override { return model_.ListCount(); }
   TextView TextAt(int row, int column) override { return column == 0 ? model_.List(row) : TextView(); }
   bool CheckedAt(int row) override { return model_.Selected(row); }
-  void Toggle(int row) override { model_.SetSelected(row, !model_.Selected(row)); }
+  void Toggle(int row) override;
   int FocusedRow() override { return model_.ListIndex; }
   void OnRowFocused(int row) override;
   void OnRowClick(int row) override;

@@ -48,15 +48,6 @@ HICON ProgramIcon(int metric) {
 
 DialogWindow::DialogWindow(Form& form, const wchar_t* windowClass, Button* enter, Button* escape)
     : form_(form), class_(windowClass), enter_(enter), escape_(escape) {
-  WNDCLASSEXW description{};
-  description.cbSize = sizeof description;
-  description.lpfnWndProc = Procedure;
-  description.hInstance = GetModuleHandleW(nullptr);
-  description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-  description.lpszClassName = class_;
-  description.hIcon = ProgramIcon(SM_CXICON);
-  description.hIconSm = ProgramIcon(SM_CXSMICON);
-  RegisterClassExW(&description);
   form_.ShowModal = [this] { ShowModal(); };
   form_.Unload = [this] { Unload(); };
 }
@@ -80,12 +71,26 @@ void DialogWindow::ShowModal() {
   context_.reset();
 }
 
+// The system knows the class from the first window on.
+void DialogWindow::MakeClassKnown() const {
+  WNDCLASSEXW description{};
+  description.cbSize = sizeof description;
+  description.lpfnWndProc = Procedure;
+  description.hInstance = GetModuleHandleW(nullptr);
+  description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+  description.lpszClassName = class_;
+  description.hIcon = ProgramIcon(SM_CXICON);
+  description.hIconSm = ProgramIcon(SM_CXSMICON);
+  RegisterClassExW(&description);
+}
+
 // The form's load event looks for windows of its controls, so they are there before it.
 bool DialogWindow::Create() {
   owner_ = shown_.empty() ? static_cast<Form*>(&frmPubMain) : &shown_.back()->form_;
   context_ = std::make_unique<WindowContext>();
   MakeDrawingTools(*context_);
   context_->form = &form_;
+  MakeClassKnown();
   if (CreateWindowExW(kExtendedStyle, class_, L"", kStyle, 0, 0, 0, 0, WindowOf(owner_), nullptr,
                       GetModuleHandleW(nullptr), Parameter()) == nullptr)
     return false;

@@ -25,11 +25,15 @@ void Ground::Paint(HDC screen, const RECT& area) const {
   FrameArea(canvas.Get(), panel, colors.line);
 }
 
-// A disabled control lets the mouse through, and is no ground all the same.
-void Ground::MouseMove(POINT position, int buttons) {
-  const bool moved = context_.HasMoved(context_.window, position);
+// Labels and disabled controls let the mouse through, and are no ground all the same.
+bool Ground::IsBare(POINT position) const {
   const HWND at = ChildWindowFromPointEx(context_.window, position, CWP_SKIPINVISIBLE);
-  if (!moved || (at != context_.window && at != nullptr && IsWindowEnabled(at) == FALSE)) return;
+  return (at == context_.window || at == nullptr) && !Covers(frmPubMain.lblProdLogo, position) &&
+         !Covers(frmPubMain.lblCompLogo, position);
+}
+
+void Ground::MouseMove(POINT position, int buttons) {
+  if (!context_.HasMoved(context_.window, position) || !IsBare(position)) return;
   if (Covers(frmPubMain.picTitle, position)) {
     frmPubMain.picTitle.MouseMove(buttons);
   } else if (Covers(frmPubMain.lblFrame, position)) {

@@ -17,6 +17,7 @@ class Ground {
 
  private:
   bool Covers(const Control& control, POINT position) const;
+  bool IsBare(POINT position) const;
 
   WindowContext& context_;
 };

@@ -6,7 +6,7 @@ namespace tavix::win32 {
 
 LabelBinding::LabelBinding(Label& model, WindowContext& context, int id, UINT format)
     : WindowBinding(model, context), model_(model), format_(format) {
-  Create(id, L"STATIC", SS_OWNERDRAW);
+  Create(id, L"STATIC", SS_OWNERDRAW, model.Caption.Get());
 }
 
 void LabelBinding::Show() { SetName(model_.Caption.Get()); }

@@ -28,10 +28,15 @@ void ListBoxBinding::ShowRows() {
   rows.reserve(static_cast<size_t>(model_.ListCount()));
   for (int row = 0; row < model_.ListCount(); ++row) rows.emplace_back(model_.List(row));
   if (rows == rows_) return;
+  // A row that was added is seen; otherwise what is seen stays.
+  const LRESULT top =
+      rows.size() > rows_.size() ? static_cast<LRESULT>(rows.size()) - 1 : Send(LB_GETTOPINDEX);
+  const bool first = rows_.empty();
   rows_ = std::move(rows);
   Send(WM_SETREDRAW, FALSE);
   Send(LB_RESETCONTENT);
   for (const Text& row : rows_) Send(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(windows::Wide(row)));
+  if (!first) Send(LB_SETTOPINDEX, static_cast<WPARAM>(top));
   Send(WM_SETREDRAW, TRUE);
   Redraw(true);
 }

@@ -13,6 +13,7 @@ class OptionListBinding : public ListViewBinding {
 
  protected:
   void Show() override;
+  bool ScrollsToFocus() const override { return true; }
   void OnRowFocused(int row) override;
   std::optional<LRESULT> OnMessage(UINT message, WPARAM wide, LPARAM longer) override;
 

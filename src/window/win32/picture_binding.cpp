@@ -4,9 +4,13 @@
 
 namespace tavix::win32 {
 
+const Text& PictureBinding::NameOf(const PictureBox& model) {
+  const Text& spoken = model.AccessibleName.Get();
+  return spoken.empty() ? model.ToolTipText.Get() : spoken;
+}
+
 void PictureBinding::Show() {
-  const Text& spoken = model_.AccessibleName.Get();
-  SetName(spoken.empty() ? model_.ToolTipText.Get() : spoken);
+  SetName(NameOf(model_));
   if (context_.skin->Has(model_.Picture.Get())) picture_ = model_.Picture.Get();
   Redraw();
 }

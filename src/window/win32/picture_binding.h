@@ -9,7 +9,7 @@ class PictureBinding : public PushBinding {
  public:
   // `ground` is what shows around a picture smaller than its control.
   PictureBinding(PictureBox& model, WindowContext& context, int id, COLORREF ground)
-      : PushBinding(model, context, id), model_(model), ground_(ground) {}
+      : PushBinding(model, context, id, NameOf(model)), model_(model), ground_(ground) {}
 
  protected:
   void Show() override;
@@ -19,6 +19,8 @@ class PictureBinding : public PushBinding {
   void Paint(HDC context, const RECT& area, UINT state) override;
 
  private:
+  static const Text& NameOf(const PictureBox& model);
+
   PictureBox& model_;
   COLORREF ground_;
   Text picture_;  // the last one that there was

@@ -11,8 +11,8 @@ class PushBinding : public WindowBinding {
   void OnDraw(const DRAWITEMSTRUCT& draw) override;
 
  protected:
-  PushBinding(Control& model, WindowContext& context, int id) : WindowBinding(model, context) {
-    Create(id, L"BUTTON", BS_OWNERDRAW | WS_TABSTOP);
+  PushBinding(Control& model, WindowContext& context, int id, TextView name) : WindowBinding(model, context) {
+    Create(id, L"BUTTON", BS_OWNERDRAW | WS_TABSTOP, name);
   }
   virtual void OnPress() = 0;
   // Paints the whole area in a state (ODS_...).
@@ -28,7 +28,7 @@ class PushBinding : public WindowBinding {
 class ButtonBinding : public PushBinding {
  public:
   ButtonBinding(Button& model, WindowContext& context, int id, bool accented = false)
-      : PushBinding(model, context, id), model_(model), accented_(accented) {}
+      : PushBinding(model, context, id, model.Caption.Get()), model_(model), accented_(accented) {}
 
  protected:
   void Show() override { SetName(model_.Caption.Get()); }
@@ -44,7 +44,7 @@ class ButtonBinding : public PushBinding {
 class LinkBinding : public PushBinding {
  public:
   LinkBinding(Label& model, WindowContext& context, int id)
-      : PushBinding(model, context, id), model_(model) {}
+      : PushBinding(model, context, id, model.Caption.Get()), model_(model) {}
 
  protected:
   void Show() override { SetName(model_.Caption.Get()); }

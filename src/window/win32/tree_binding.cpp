@@ -27,9 +27,8 @@ TreeBinding::TreeBinding(TreeView& model, WindowContext& context, int id, TextVi
     : FramedBinding(model, context),
       model_(model),
       ticks_(MakeTickImages(context, context.Pixels(kTickHeight), true)) {
-  CreateFramed(
-      id, WC_TREEVIEWW,
-      TVS_SHOWSELALWAYS | TVS_FULLROWSELECT | TVS_NOHSCROLL | (folds ? TVS_HASBUTTONS | TVS_LINESATROOT : 0));
+  CreateFramed(id, WC_TREEVIEWW,
+               TVS_SHOWSELALWAYS | TVS_NOHSCROLL | (folds ? TVS_HASBUTTONS | TVS_LINESATROOT : 0));
   Send(TVM_SETINDENT, static_cast<WPARAM>(context.Pixels(kIndent)));
   SetWindowTheme(Window(), L"Explorer", nullptr);
   Send(TVM_SETEXTENDEDSTYLE, TVS_EX_DOUBLEBUFFER, TVS_EX_DOUBLEBUFFER);

@@ -76,7 +76,9 @@ void VirtualList::ShowFocus() {
   if (focused == shown) return;
   const UINT states = SelectsOne() ? LVIS_FOCUSED | LVIS_SELECTED : LVIS_FOCUSED;
   if (shown >= 0) SetState(shown, states, 0);
-  if (focused >= 0) SetState(focused, states, states);
+  if (focused < 0) return;
+  SetState(focused, states, states);
+  if (ScrollsToFocus()) Send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(focused), FALSE);
 }
 
 LRESULT VirtualList::OnNotify(NMHDR& header) {

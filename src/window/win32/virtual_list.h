@@ -38,6 +38,7 @@ class VirtualList : public FramedBinding {
   // A state (LVIS_...) of one row, or of all for -1.
   void SetState(int row, UINT mask, UINT state) const;
   int ShownFocus() const;
+  bool Has(int row) { return row >= 0 && row < RowCount(); }
   // While this is set, changes are the program's.
   bool showing_ = false;
 
@@ -48,7 +49,8 @@ class VirtualList : public FramedBinding {
   void RowsChanged(const NMLVODSTATECHANGE& change);
   void ShowFocus();
   int RowOfBoxAt(LPARAM position) const;
-  bool Has(int row) { return row >= 0 && row < RowCount(); }
+  // Whether a row that the program puts the focus on is brought into sight.
+  virtual bool ScrollsToFocus() const { return false; }
   bool SelectsOne() const { return (GetWindowLongPtrW(Window(), GWL_STYLE) & LVS_SINGLESEL) != 0; }
 
   ImageList ticks_;

@@ -4,6 +4,9 @@
 #include "window/win32/paint.h"
 
 namespace tavix::win32 {
+namespace {
+constexpr UINT kOpen = WM_APP;
+}  // namespace
 
 WebBinding::WebBinding(WebBrowser& model, WindowContext& context, int id, WebDocument& document)
     : WindowBinding(model, context), model_(model), document_(document) {
@@ -19,10 +22,25 @@ void WebBinding::OnDraw(const DRAWITEMSTRUCT& draw) {
   FillArea(draw.hDC, draw.rcItem, context_.colors.panel);
 }
 
-// A file that is missing is not even tried.
 void WebBinding::Show() {
+  if (opened_ == model_.Address.Get()) return;
+  if (model_.Visible) {
+    Open();
+  } else {
+    PostMessageW(Window(), kOpen, 0, 0);
+  }
+}
+
+std::optional<LRESULT> WebBinding::OnMessage(UINT message, WPARAM wide, LPARAM longer) {
+  if (message != kOpen) return WindowBinding::OnMessage(message, wide, longer);
+  Open();
+  return 0;
+}
+
+// A file that is missing is not even tried.
+void WebBinding::Open() {
   const Text& address = model_.Address.Get();
-  if (!model_.Visible || opened_ == address) return;
+  if (opened_ == address) return;
   opened_ = address;
   if (GetFileAttributesW(windows::Wide(address)) == INVALID_FILE_ATTRIBUTES) return;
   page_ = std::make_unique<WebPage>(Window(), static_cast<WebPageOwner&>(*this));

@@ -7,7 +7,8 @@
 
 namespace tavix::win32 {
 
-// The embedded page. The system's browser is started when the page is to be seen for the first time.
+// The embedded page. The system's browser is started once the program has nothing else to do, so that it
+// doesn't hold up the window, or when the page is to be seen before that.
 class WebBinding : public WindowBinding, private WebPageOwner {
  public:
   WebBinding(WebBrowser& model, WindowContext& context, int id, WebDocument& document);
@@ -16,10 +17,12 @@ class WebBinding : public WindowBinding, private WebPageOwner {
 
  protected:
   void Show() override;
+  std::optional<LRESULT> OnMessage(UINT message, WPARAM wide, LPARAM longer) override;
 
  private:
   void PageComplete() override;
   bool AllowsMenu() override;
+  void Open();
 
   WebBrowser& model_;
   WebDocument& document_;

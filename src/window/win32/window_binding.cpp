@@ -16,9 +16,10 @@ POINT PointOf(LPARAM position) {
   return {static_cast<short>(LOWORD(position)), static_cast<short>(HIWORD(position))};
 }
 
-void WindowBinding::Create(int id, const wchar_t* className, DWORD style, DWORD extendedStyle) {
-  window_ = CreateWindowExW(extendedStyle, className, L"", WS_CHILD | WS_CLIPSIBLINGS | style, 0, 0, 0, 0,
-                            context_.window, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
+void WindowBinding::Create(int id, const wchar_t* className, DWORD style, TextView name) {
+  name_ = name;
+  window_ = CreateWindowExW(0, className, windows::Wide(name_), WS_CHILD | WS_CLIPSIBLINGS | style, 0, 0, 0,
+                            0, context_.window, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
                             GetModuleHandleW(nullptr), nullptr);
   model_.hWnd = reinterpret_cast<intptr_t>(window_);
   // The controls of the system leave this room to those who make them.

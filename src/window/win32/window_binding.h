@@ -30,8 +30,8 @@ class WindowBinding : public Binding {
   WindowBinding(Control& model, WindowContext& context)
       : Binding(model, context.changes), context_(context), model_(model) {}
 
-  // Makes the control, hidden. `style` is added to what all have.
-  void Create(int id, const wchar_t* className, DWORD style, DWORD extendedStyle = 0);
+  // Makes the control, hidden. `style` is added to what all have; `name` as SetName has it.
+  void Create(int id, const wchar_t* className, DWORD style, TextView name = {});
   // The name that the control shows, or that readers of the screen say where it shows none.
   void SetName(TextView name);
   // Has the control painted anew. Nothing is asked for in a hidden window, which is painted as it appears.

@@ -141,6 +141,16 @@ TEST_F(MainWindowTest, ARowOfTheFunctionListIsClickedOnce) {
   Click(list, area.left + 8, y);
   EXPECT_EQ(checked, std::vector<int>{1});
   EXPECT_TRUE(model.Selected(1));
+  EXPECT_EQ(clicked, (std::vector<int>{1, 1, 1})) << "a click on the box is one on the row";
+  area = {};
+  area.left = LVIR_BOUNDS;
+  Send(list, LVM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&area));
+  model.ItemCheck = [&](int row) { checked.push_back(row + static_cast<int>(clicked.size()) * 10); };
+  Click(list, area.left + 8, (area.top + area.bottom) / 2);
+  EXPECT_EQ(checked.back(), 30) << "the tick turns first";
+  EXPECT_EQ(clicked, (std::vector<int>{1, 1, 1, 0}));
+  Flush();
+  EXPECT_EQ(Send(list, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED), 0);
   model.Visible = false;
 }
 

@@ -23,6 +23,7 @@ TEST(Skin, HasAllPicturesInTheSizesOfEveryScreen) {
     for (const TextView state : {u"_STTC", u"_ACTV"}) {
       for (const TextView page : kPages) ExpectSize(skin, Concat(page, state), dpi, 64, 64);
       for (const TextView button : kTitleButtons) EXPECT_TRUE(skin.Has(Concat(button, state)));
+      for (const TextView button : {u"MINI", u"CLOSE"}) ExpectSize(skin, Concat(button, state), dpi, 17, 19);
     }
     for (const TextView key : {u"OPT32", u"JUNK32", u"DUP32", u"DEL32", u"ONE32"})
       ExpectSize(skin, key, dpi, 32, 32);

@@ -82,6 +82,53 @@ TEST_F(WindowState, ADisabledControlIsNoGround) {
   EXPECT_EQ(moves, 0);
 }
 
+TEST_F(WindowState, LabelsAreNoGround) {
+  int moves = 0;
+  frmPubMain.lblBorder.MouseMove = frmPubMain.lblFrame.MouseMove =
+      frmPubMain.picTitle.MouseMove = [&](int) { ++moves; };
+  MainForm& form = frmPubMain;
+  const tavix::Control* const labels[] = {&form.lblProgS, &form.lblTimeP,    &form.lblTime,    &form.lblSum,
+                                          &form.lblVer,   &form.lblProdLogo, &form.lblCompLogo};
+  for (const tavix::Control* label : labels) {
+    ASSERT_GT(label->Width, 150);
+    Send(frame, WM_MOUSEMOVE, MK_LBUTTON, PointIn(*label));
+  }
+  EXPECT_EQ(moves, 0);
+}
+
+TEST_F(WindowState, BothNamesInTheTitleAreClicked) {
+  int product = 0, maker = 0;
+  frmPubMain.lblProdLogo.MouseUp = [&](int) { ++product; };
+  frmPubMain.lblCompLogo.MouseUp = [&](int) { ++maker; };
+  Send(frame, WM_LBUTTONUP, 0, PointIn(frmPubMain.lblCompLogo));
+  EXPECT_EQ(maker, 1);
+  EXPECT_EQ(product, 0);
+  frmPubMain.lblCompLogo.MouseUp = nullptr;
+}
+
+TEST_F(WindowState, APictureThatIsMissingLeavesTheOneBefore) {
+  PictureBox& picture = frmPubMain.picPrivacy;
+  const auto pixels = [this] {
+    const HWND control = Control(kIdPrivacy);
+    RedrawWindow(control, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+    const HDC context = GetDC(control);
+    std::vector<COLORREF> seen;
+    for (int i = 4; i < 60; ++i) seen.push_back(GetPixel(context, i, i));
+    ReleaseDC(control, context);
+    return seen;
+  };
+  picture.Picture = u"PRIVACY_STTC";
+  Flush();
+  const auto before = pixels();
+  picture.Picture = u"NO_SUCH_PICTURE";
+  Flush();
+  EXPECT_EQ(pixels(), before);
+  picture.Picture = u"PRIVACY_ACTV";
+  Flush();
+  EXPECT_NE(pixels(), before);
+  picture.Picture = u"PRIVACY_STTC";
+}
+
 TEST_F(WindowState, TheNameInTheTitleIsClicked) {
   std::vector<int> buttons;
   frmPubMain.lblProdLogo.MouseUp = [&](int button) { buttons.push_back(button); };
