@@ -50,7 +50,9 @@ def main(build, screenshots):
         program = None
         try:
             set_resolution(machine, dpi)
-            machine.set_interface_size("Auto")
+            # The first start writes all settings by itself.
+            if (machine.drive_c / "MORVDataPath" / "TVX" / "tvx.dll").exists():
+                machine.set_interface_size("Auto")
             program = driver.Program(machine)
             shown = tour(driver, program, lambda what: shutil.copy(program.screenshot(f"{name}-{what}"), screenshots))
             # Alt+F4 closes the window as a user would.

@@ -131,7 +131,7 @@ class OneClick(KeysCase):
 
 class DuringAScan(SeededMachine):
     """The temporary folder has so many folders that there is time for keys."""
-    FOLDERS = 12000
+    FOLDERS = 40000
 
     def setUp(self):
         super().setUp()

@@ -66,13 +66,7 @@ void AboutWindow::ShowModal() {
 
 bool AboutWindow::Create(HWND owner) {
   MakeDrawingTools(*context_);
-  WNDCLASSEXW windowClass{};
-  windowClass.cbSize = sizeof windowClass;
-  windowClass.lpfnWndProc = Procedure;
-  windowClass.hInstance = GetModuleHandleW(nullptr);
-  windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-  windowClass.lpszClassName = kClass;
-  RegisterClassExW(&windowClass);
+  MakeClassKnown(kClass);
   context_->form = &frmPubAbout;
   frmPubAbout.Width = kWidth;
   frmPubAbout.Height = kHeight;

@@ -38,12 +38,6 @@ RECT PlaceOver(HWND owner, SIZE size) {
   return place;
 }
 
-HICON ProgramIcon(int metric) {
-  const int size = GetSystemMetrics(metric);
-  return static_cast<HICON>(
-      LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(1), IMAGE_ICON, size, size, LR_SHARED));
-}
-
 }  // namespace
 
 DialogWindow::DialogWindow(Form& form, const wchar_t* windowClass, Button* enter, Button* escape)
@@ -71,26 +65,13 @@ void DialogWindow::ShowModal() {
   context_.reset();
 }
 
-// The system knows the class from the first window on.
-void DialogWindow::MakeClassKnown() const {
-  WNDCLASSEXW description{};
-  description.cbSize = sizeof description;
-  description.lpfnWndProc = Procedure;
-  description.hInstance = GetModuleHandleW(nullptr);
-  description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-  description.lpszClassName = class_;
-  description.hIcon = ProgramIcon(SM_CXICON);
-  description.hIconSm = ProgramIcon(SM_CXSMICON);
-  RegisterClassExW(&description);
-}
-
 // The form's load event looks for windows of its controls, so they are there before it.
 bool DialogWindow::Create() {
   owner_ = shown_.empty() ? static_cast<Form*>(&frmPubMain) : &shown_.back()->form_;
   context_ = std::make_unique<WindowContext>();
   MakeDrawingTools(*context_);
   context_->form = &form_;
-  MakeClassKnown();
+  MakeClassKnown(class_);
   if (CreateWindowExW(kExtendedStyle, class_, L"", kStyle, 0, 0, 0, 0, WindowOf(owner_), nullptr,
                       GetModuleHandleW(nullptr), Parameter()) == nullptr)
     return false;

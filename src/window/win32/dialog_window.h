@@ -41,7 +41,6 @@ class DialogWindow : protected BoxListener, private WindowOwner {
   void OnBoxLeft(TextBoxBinding& box) override;
 
   void ShowModal();
-  void MakeClassKnown() const;
   bool Create();
   void PlaceOverOwner();
   void Loop();

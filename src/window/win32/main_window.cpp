@@ -25,12 +25,6 @@ int ShiftState() {
 // Keys that never reach a control: there they would search the list.
 bool IsLetterOrDigit(WPARAM key) { return (key >= 'A' && key <= 'Z') || (key >= '0' && key <= '9'); }
 
-HICON ProgramIcon(int metric) {
-  const int size = GetSystemMetrics(metric);
-  return static_cast<HICON>(
-      LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(1), IMAGE_ICON, size, size, LR_SHARED));
-}
-
 }  // namespace
 
 MainWindow::FrameBinding::FrameBinding(MainWindow& owner)
@@ -59,22 +53,14 @@ MainWindow::~MainWindow() {
 bool MainWindow::Create() {
   MakeDrawingTools(context_);
   context_.form = &frmPubMain;
-  WNDCLASSEXW windowClass{};
-  windowClass.cbSize = sizeof windowClass;
-  windowClass.lpfnWndProc = Procedure;
-  windowClass.hInstance = GetModuleHandleW(nullptr);
-  windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-  windowClass.lpszClassName = kMainWindowClass;
-  windowClass.hIcon = ProgramIcon(SM_CXICON);
-  windowClass.hIconSm = ProgramIcon(SM_CXSMICON);
-  RegisterClassExW(&windowClass);
+  MakeClassKnown(kMainWindowClass);
   context_.window = CreateWindowExW(WS_EX_APPWINDOW | WS_EX_CONTROLPARENT, kMainWindowClass, L"Tavix",
                                     WS_POPUP | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN, 0, 0, 0, 0,
-                                    nullptr, nullptr, windowClass.hInstance, Parameter());
+                                    nullptr, nullptr, GetModuleHandleW(nullptr), Parameter());
   if (context_.window == nullptr) return false;
   context_.toolTips =
       CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0,
-                      0, 0, context_.window, nullptr, windowClass.hInstance, nullptr);
+                      0, 0, context_.window, nullptr, GetModuleHandleW(nullptr), nullptr);
   SendMessageW(context_.toolTips, TTM_SETMAXTIPWIDTH, 0, context_.Pixels(6000));
   frmPubMain.hWnd = reinterpret_cast<intptr_t>(context_.window);
   frame_ = std::make_unique<FrameBinding>(*this);

@@ -22,7 +22,25 @@ std::optional<LRESULT> AskControl(UINT message, WPARAM wide, LPARAM longer) {
   return reinterpret_cast<LRESULT>(brush);
 }
 
+HICON ProgramIcon(int metric) {
+  const int size = GetSystemMetrics(metric);
+  return static_cast<HICON>(
+      LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(1), IMAGE_ICON, size, size, LR_SHARED));
+}
+
 }  // namespace
+
+void WindowOwner::MakeClassKnown(const wchar_t* name) {
+  WNDCLASSEXW description{};
+  description.cbSize = sizeof description;
+  description.lpfnWndProc = Procedure;
+  description.hInstance = GetModuleHandleW(nullptr);
+  description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+  description.lpszClassName = name;
+  description.hIcon = ProgramIcon(SM_CXICON);
+  description.hIconSm = ProgramIcon(SM_CXSMICON);
+  RegisterClassExW(&description);
+}
 
 LRESULT CALLBACK WindowOwner::Procedure(HWND window, UINT message, WPARAM wide, LPARAM longer) {
   if (message == WM_NCCREATE) {

@@ -10,11 +10,13 @@ class WindowOwner {
  protected:
   ~WindowOwner() = default;
 
-  // The procedure of the window's class. CreateWindowEx is given Parameter() as its last argument.
-  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wide, LPARAM longer);
+  // Makes a class for windows of ours known to the system, once or again. CreateWindowEx is given Parameter()
+  // as its last argument.
+  static void MakeClassKnown(const wchar_t* name);
   void* Parameter() { return this; }
 
  private:
+  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wide, LPARAM longer);
   // Its window is null until there is one, and after it has gone.
   virtual WindowContext& Context() = 0;
   // Nothing for a message that the system is to handle.
