@@ -121,10 +121,11 @@ void FolderFunctions::TestEachFile(bool collectDuplicates) {
   for (size_t i = 0; i < content_.FileCount(); ++i) {
     file_ = content_.FileAt(i);
     opened_ = file_.known;
-    if (findEmpty && opened_ && file_.size == 0) {
+    if (findEmpty && opened_ && file_.size == 0 && !file_.link) {
       AddResultItem(u"Empty File", file_.name, kZeroSize, path_, kNoSizeKey, u"F");
     }
-    if (findOld && opened_ && days) {
+    // Some disks keep no such time.
+    if (findOld && opened_ && days && file_.accessed != 0) {
       if (const auto since = CalendarDaysSince(file_.accessed); since && *since >= *days) {
         AddFileRow(lastAccessed);
       }

@@ -3,18 +3,23 @@
 #include "advanced/path_text.h"
 #include "frame/support/file_system_object.h"
 #include "text/letter_case.h"
+#include "text/plain_name.h"
 
 namespace tavix::mdlPubSelf {
 
 FolderContent::FolderContent(const Lister& list) {
   read_ = list([this](const platform::DirectoryEntry& entry) {
+    const bool plain = IsPlainName(entry.name);
+    if (entry.link || !plain) isEmpty_ = false;
+    if (!plain) return;
     if (entry.folder) {
       subFolders_.push_back({Text(entry.name), entry.link});
       return;
     }
     names_ += entry.name;
-    files_.push_back({names_.size(), static_cast<double>(entry.size), entry.accessed, entry.known});
-    if (!entry.known || entry.size != 0) withoutBytes_ = false;
+    files_.push_back(
+        {names_.size(), static_cast<double>(entry.size), entry.accessed, entry.known, entry.link});
+    if (!entry.known || entry.size != 0) isEmpty_ = false;
   });
   capitals_ = ToUpper(names_);
 }
@@ -23,8 +28,12 @@ FolderContent::File FolderContent::FileAt(size_t index) const {
   const Stored& file = files_[index];
   const size_t begin = index == 0 ? 0 : files_[index - 1].nameEnd;
   const size_t length = file.nameEnd - begin;
-  return {TextView(names_).substr(begin, length), TextView(capitals_).substr(begin, length), file.size,
-          file.accessed, file.known};
+  return {TextView(names_).substr(begin, length),
+          TextView(capitals_).substr(begin, length),
+          file.size,
+          file.accessed,
+          file.known,
+          file.link};
 }
 
 FolderReader::Visit FolderReader::Read(const Text& path, const FolderContent::Lister& list, bool judge) {
@@ -62,7 +71,6 @@ bool FolderReader::AddsUpToNothing(const Text& path, FolderContent& content) {
   while (empty) {
     Level& level = levels.back();
     const auto& subFolders = level.content.SubFolders();
-    while (level.next < subFolders.size() && subFolders[level.next].link) ++level.next;
     if (level.next == subFolders.size()) {
       if (levels.size() == 1) break;
       levels.pop_back();
@@ -80,8 +88,7 @@ bool FolderReader::AddsUpToNothing(const Text& path, FolderContent& content) {
 void FolderReader::KeepAnswers(std::vector<Level>& levels) {
   for (const Level& level : levels) {
     for (size_t i = 0; i + 1 < level.next; ++i) {
-      const auto& subFolder = level.content.SubFolders()[i];
-      if (!subFolder.link) ahead_.emplace(PathBelow(level.path, subFolder.name), std::nullopt);
+      ahead_.emplace(PathBelow(level.path, level.content.SubFolders()[i].name), std::nullopt);
     }
   }
   for (size_t i = 1; i < levels.size(); ++i) {

@@ -11,7 +11,7 @@
 
 namespace tavix::mdlPubSelf {
 
-// What one reading of a folder has given.
+// What one reading of a folder has given. What a path can't name is left out, and its folder isn't empty.
 class FolderContent {
  public:
   struct File {
@@ -20,6 +20,7 @@ class FolderContent {
     double size = 0;
     platform::DateTime accessed = 0;
     bool known = true;  // whether more than the name could be had
+    bool link = false;
   };
   struct SubFolder {
     Text name;
@@ -34,8 +35,8 @@ class FolderContent {
   explicit FolderContent(const Lister& list);
 
   bool WasRead() const { return read_; }
-  // Whether it was read and no file in it has a size, whatever its subfolders hold.
-  bool IsEmptyByItself() const { return read_ && withoutBytes_; }
+  // Whether it was read, no file in it has a size and nothing is a link, whatever its subfolders hold.
+  bool IsEmptyByItself() const { return read_ && isEmpty_; }
   size_t FileCount() const { return files_.size(); }
   File FileAt(size_t index) const;
   const std::vector<SubFolder>& SubFolders() const { return subFolders_; }
@@ -46,16 +47,18 @@ class FolderContent {
     double size = 0;
     platform::DateTime accessed = 0;
     bool known = true;
+    bool link = false;
   };
   Text names_;     // one behind the other
   Text capitals_;  // of all names
   std::vector<Stored> files_;
   std::vector<SubFolder> subFolders_;
   bool read_ = false;
-  bool withoutBytes_ = true;
+  bool isEmpty_ = true;
 };
 
-// Reads the folders of a walk, and tells of each whether all files in it and below add up to zero bytes.
+// Reads the folders of a walk, and tells of each whether all files in it and below add up to zero bytes, with
+// no link among them: what a link leads to isn't looked at, and it is something by itself.
 //
 // Each folder is read once. A folder with a file of some size has its answer at once. Otherwise its
 // subfolders are read, depth first, until a file with a size or a folder that can't be read turns up. Then
@@ -69,8 +72,8 @@ class FolderReader {
   };
 
   // The content of the next folder of the walk, which is listed by `list` unless that has been done. The path
-  // has no backslash at the end but a drive's. With `judge`, also whether its size is known and zero, links
-  // in it counting nothing; the content of one that is may not have been read.
+  // has no backslash at the end but a drive's. With `judge`, also whether it is known to be empty; the
+  // content of one that is may not have been read.
   Visit Read(const Text& path, const FolderContent::Lister& list, bool judge);
 
  private:

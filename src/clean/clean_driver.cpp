@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <utility>
 
 #include "clean/action_string.h"
 #include "clean/removal.h"
@@ -16,6 +17,7 @@
 #include "scan/scan_driver.h"
 #include "text/attempt.h"
 #include "text/number.h"
+#include "text/plain_name.h"
 
 namespace tavix::mdlPubSelf {
 namespace {
@@ -31,18 +33,21 @@ struct Finding {
 // Whether the row is dealt with and goes.
 using Execute = bool (*)(const Finding& finding, TextView payload);
 
-bool CleanFile(const Finding& finding, TextView) {
-  // Without a name the path would be that of the folder.
-  if (!finding.name.empty()) RemoveFileByMethod(finding.path);
-  return !fileSystemObject.FileExists(finding.path);
-}
-
+// What the system would take for something else is left alone, and its row stays.
 bool CleanNamedFile(const Finding&, TextView path) {
+  if (!HasPlainNames(path)) return false;
   RemoveFileByMethod(path);
   return !fileSystemObject.FileExists(path);
 }
 
+bool CleanFile(const Finding& finding, TextView payload) {
+  // Without a name the path would be that of the folder.
+  if (!finding.name.empty()) return CleanNamedFile(finding, finding.path);
+  return (void)payload, !fileSystemObject.FileExists(finding.path);
+}
+
 bool CleanFolder(const Finding& finding, TextView) {
+  if (!HasPlainNames(finding.path)) return false;
   if (!finding.name.empty()) RemoveFolderByMethod(finding.path);
   return !fileSystemObject.FolderExists(finding.path);
 }
@@ -73,7 +78,7 @@ bool RunCommand(const Finding&, TextView payload) {
 }
 
 bool MarkForRestart(const Finding& finding, TextView) {
-  pubSystem.DeleteAtRestart(finding.path);
+  if (HasPlainNames(finding.path)) pubSystem.DeleteAtRestart(finding.path);
   return true;
 }
 
@@ -134,10 +139,11 @@ void SetProgressStep(int rows) {
 
 void sbtClean_Click() {
   MainForm& form = frmPubMain;
-  if (form.sbtCancel.Visible) return;
+  // The list is out of reach once rows are being worked on.
+  if (form.sbtCancel.Visible || (form.CleanBusy && !form.lsvResult.Enabled)) return;
   const int rows = ResultCount();
   if (rows < 1) return;
-  form.CleanBusy = true;
+  const bool within = std::exchange(form.CleanBusy, true);
   form.lblTime.Caption = u"? second(s).";
   form.lblSum.Caption = u"Sum: cleaned/repaired ? item(s), ? KB.";
   form.lblProgS.Caption = u"Cleaning/repairing the checked items, please wait...";
@@ -150,6 +156,11 @@ void sbtClean_Click() {
   do {
     platform::Yield();
   } while (form.webGIF.Busy);
+  // The program may have been ended meanwhile.
+  if (!form.Loaded) {
+    form.CleanBusy = within;
+    return;
+  }
   form.lsvResult.Enabled = false;
   SetProgressStep(rows);
 
@@ -168,7 +179,8 @@ void sbtClean_Click() {
 
   form.lblProgMI.Width = form.lblProgMO.Width;
   form.lblProgMI.Caption = u"100%";
-  form.CleanBusy = false;
+  // A clean in whose wait this one was asked for goes on.
+  form.CleanBusy = within;
   form.lsvResult.Enabled = true;
   form.webGIF.Visible = false;
   form.lblProgS.Caption = u"Finished.";

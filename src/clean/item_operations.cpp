@@ -7,6 +7,7 @@
 #include "frame/support/pub_registry.h"
 #include "frame/support/pub_system.h"
 #include "scan/result_items.h"
+#include "text/plain_name.h"
 
 namespace tavix::mdlPubSelf {
 namespace {
@@ -82,6 +83,8 @@ void InvertChecks() {
 }
 
 void Serve(int index, const SelectedRow& row) {
+  // The system would take it for something else.
+  if (!HasPlainNames(row.path)) return;
   if (index == kExecute) {
     pubSystem.OpenPath(row.path, kMaximized);
   } else if (index == kOpen) {

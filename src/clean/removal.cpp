@@ -17,9 +17,10 @@ Text InBackupFolder(TextView path) {
 
 }  // namespace
 
+// The bin takes whatever stands there; what has become a folder since it was found isn't that file.
 void RemoveFileByMethod(TextView path) {
   if (CleaningMethod == kRecycle) {
-    pubSystem.DeleteToRecycleBin(path);
+    if (!fileSystemObject.FolderExists(path)) pubSystem.DeleteToRecycleBin(path);
   } else if (CleaningMethod == kDelete) {
     fileSystemObject.DeleteFile(path, true);
   } else if (CleaningMethod == kSave) {
@@ -30,7 +31,7 @@ void RemoveFileByMethod(TextView path) {
 
 void RemoveFolderByMethod(TextView path) {
   if (CleaningMethod == kRecycle) {
-    pubSystem.DeleteToRecycleBin(path);
+    if (!fileSystemObject.FileExists(path)) pubSystem.DeleteToRecycleBin(path);
   } else if (CleaningMethod == kDelete) {
     fileSystemObject.DeleteFolder(path, true);
   } else if (CleaningMethod == kSave) {

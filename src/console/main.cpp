@@ -16,10 +16,15 @@ namespace {
 
 using namespace tavix;
 
+constexpr int kNotWritten = 1;
 constexpr int kWrongArguments = 2;
 constexpr int kNoMachine = 3;
 
-int Fail(int status, const std::string& reason) {
+// On one line, whatever stands in the reason.
+int Fail(int status, std::string reason) {
+  for (char& c : reason) {
+    if ((c >= 0 && c < ' ') || c == 0x7F) c = '?';
+  }
   std::fprintf(stderr, "tavix-console: %s\n", reason.c_str());
   return status;
 }
@@ -57,7 +62,14 @@ int main(int count, char** values) {
   std::string error;
   const auto options = console::ReadOptions(console::Arguments(count, values), error);
   if (!options) return Fail(kWrongArguments, error);
-  if (options->help) return std::fputs(console::kHelp, stdout) < 0 ? 1 : 0;
-  if (options->version) return std::puts(("tavix-console " + ToUtf8(kProductVersion)).c_str()) < 0 ? 1 : 0;
-  return options->live ? RunOverSystem(*options) : RunOverFolder(*options);
+  int status = 0;
+  if (options->help) {
+    std::fputs(console::kHelp, stdout);
+  } else if (options->version) {
+    std::puts(("tavix-console " + ToUtf8(kProductVersion)).c_str());
+  } else {
+    status = options->live ? RunOverSystem(*options) : RunOverFolder(*options);
+  }
+  const bool written = std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
+  return written || status != 0 ? status : Fail(kNotWritten, "the output can't be written");
 }

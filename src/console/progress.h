@@ -12,9 +12,12 @@ class Progress : public ControlPeer {
   Progress(const Progress&) = delete;
   Progress& operator=(const Progress&) = delete;
   void ModelChanged() override;
+  // Takes away what is shown, for other output to be seen at the start of the line.
+  static void Clear();
 
  private:
   bool shown_;
+  static inline bool onScreen_ = false;
 };
 
 }  // namespace tavix::console

@@ -58,6 +58,9 @@ void AppendLabels(std::string& out, std::string_view stage) {
   out.append("},\"cbxAll\":").append(form.cbxAll.GetValue() != 0 ? "true" : "false").append("}\n");
 }
 
+bool IsHighHalf(char16_t c) { return c >= 0xD800 && c < 0xDC00; }
+bool IsLowHalf(char16_t c) { return c >= 0xDC00 && c < 0xE000; }
+
 void Flush(std::FILE* out, std::string& text) {
   std::fwrite(text.data(), 1, text.size(), out);
   text.clear();
@@ -65,16 +68,27 @@ void Flush(std::FILE* out, std::string& text) {
 
 // Columns as people see them: characters, not bytes; line ends and the like would break the table.
 Text Cell(TextView text, size_t width) {
-  Text cell(text.substr(0, width));
-  if (text.size() > width) cell.back() = u'…';
-  for (char16_t& c : cell) {
-    if (c < u' ') c = u' ';
+  Text cell = text.size() > width ? Concat(BeginningOf(text, width - 1), u"…") : Text(text);
+  for (size_t i = 0; i < cell.size(); ++i) {
+    const bool paired = IsHighHalf(cell[i]) && i + 1 < cell.size() && IsLowHalf(cell[i + 1]);
+    if (paired) {
+      ++i;
+    } else if (IsHighHalf(cell[i]) || IsLowHalf(cell[i])) {
+      cell[i] = u'\uFFFD';
+    } else if (cell[i] < u' ') {
+      cell[i] = u' ';
+    }
   }
   cell.append(width - cell.size(), u' ');
   return cell;
 }
 
 }  // namespace
+
+TextView BeginningOf(TextView text, size_t length) {
+  if (text.size() <= length) return text;
+  return text.substr(0, length > 0 && IsHighHalf(text[length - 1]) ? length - 1 : length);
+}
 
 void PrintJson(std::FILE* out, std::string_view stage) {
   constexpr size_t kBuffer = size_t{1} << 20U;

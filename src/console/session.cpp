@@ -40,11 +40,13 @@ bool RowsAreThere(const Options& options, std::string& error) {
 }
 
 void Print(const Options& options, const char* stage) {
+  Progress::Clear();
   if (options.json) {
     PrintJson(stdout, stage);
   } else {
     PrintTable(stdout);
   }
+  std::fflush(stdout);
 }
 
 // What happens to the rows between the scan and the clean.

@@ -13,6 +13,7 @@
 #include "scan/result_items.h"
 #include "scan/scan_driver.h"
 #include "text/letter_case.h"
+#include "text/plain_name.h"
 #include "text/wildcard.h"
 
 namespace tavix::mdlPubSelf {
@@ -86,6 +87,7 @@ class Walk {
         [&](const platform::DirectoryEntry& entry) {
           if (!shown) ShowFolder(folder);
           shown = true;
+          if (!IsPlainName(entry.name)) return;
           if (entry.folder) return chain_.AddSubFolder(entry);
           if (!rules_.patterns) file.reset();
           if (entry.known) file = FileObject{static_cast<double>(entry.size), entry.accessed};
@@ -152,6 +154,8 @@ void WalkFolderByPatternAge(TextView folder, TextView typeText, TextView pattern
   Rules rules = ByPatterns(typeText, pattern);
   if (days > 0) {
     rules.passes = [days](const Text&, const std::optional<FileObject>& file) {
+      // Some disks keep no such time.
+      if (file && file->accessed == 0) return false;
       return !file || CalendarDaysSince(file->accessed).value_or(days) >= days;
     };
   }

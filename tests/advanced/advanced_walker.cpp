@@ -104,7 +104,7 @@ TEST_F(AdvancedWalker, AFolderWithAFileOfUnknownSizeIsNotEmpty) {
   EXPECT_EQ(Walk(u"C:\\t", kEmpty), (std::vector{EmptyRow(u"Empty File", u"C:\\t\\a", u"known")}));
 }
 
-TEST_F(AdvancedWalker, ALinkIsEnteredButCountsNothingInTheFolderThatHoldsIt) {
+TEST_F(AdvancedWalker, AFolderThatHoldsALinkIsNotEmptyAndTheLinkIsEntered) {
   AddFile(u"C:\\real\\1.log");
   machine.files.AddLink(u"C:\\t\\holder\\link", u"C:\\real");
   AddFile(u"C:\\t\\full\\2.log");
@@ -112,8 +112,14 @@ TEST_F(AdvancedWalker, ALinkIsEnteredButCountsNothingInTheFolderThatHoldsIt) {
   EXPECT_EQ(Walk(u"C:\\t", u"|Empty Folders and Files|Junk Files|"),
             (std::vector{FileRow(u"Junk File", u"C:\\t\\full", u"2.log"),
                          FileRow(u"Junk File", u"C:\\t\\full\\link", u"1.log"),
-                         EmptyRow(u"Empty Folder", u"C:\\t", u"holder")}));
+                         FileRow(u"Junk File", u"C:\\t\\holder\\link", u"1.log")}));
   EXPECT_EQ(fileSystemObject.GetFolder(u"C:\\t\\holder")->Size(), 0.0);
+}
+
+TEST_F(AdvancedWalker, ALinkToAFileIsNoEmptyFile) {
+  AddFile(u"C:\\real\\1.log");
+  machine.files.AddLink(u"C:\\t\\holder\\file", u"C:\\real\\1.log");
+  EXPECT_TRUE(Walk(u"C:\\t", u"|Empty Folders and Files|").empty());
 }
 
 TEST_F(AdvancedWalker, ALinkThatLeadsBackDoesNotKeepTheWalkFromItsEnd) {

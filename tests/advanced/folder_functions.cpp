@@ -132,7 +132,7 @@ TEST_F(FolderFunctionsTest, AFileAccessedExactlySoManyDaysAgoIsListed) {
 
 TEST_F(FolderFunctionsTest, TheDaysAreThoseOfTheSettingAsItStands) {
   clock.Set(400 * kDay);
-  AddAccessed(u"C:\\t\\a", 0);
+  AddAccessed(u"C:\\t\\a", 1);
   for (const TextView days : {u"", u"abc", u"40000", u"1e5"}) {
     LastAccessedFile = Text(days);
     EXPECT_TRUE(Walk(u"C:\\t", Concat(u"|Last Accessed ", days, u" Days Before|")).empty()) << Narrow(days);
@@ -142,9 +142,18 @@ TEST_F(FolderFunctionsTest, TheDaysAreThoseOfTheSettingAsItStands) {
   EXPECT_TRUE(Walk(u"C:\\t", u"|Last Accessed 365 Days Before|").empty()) << "of another setting";
 }
 
+TEST_F(FolderFunctionsTest, AnUnknownTimeOfAccessIsNotOld) {
+  clock.Set(400 * kDay);
+  AddAccessed(u"C:\\t\\known", 1);
+  AddAccessed(u"C:\\t\\unknown", 0);
+  LastAccessedFile = Text(u"60");
+  EXPECT_EQ(Walk(u"C:\\t", u"|Last Accessed 60 Days Before|"),
+            (std::vector{FileRow(u"Last Accessed 60 Days Before", u"C:\\t", u"known")}));
+}
+
 TEST_F(FolderFunctionsTest, AnOldFileOfNoBytesIsFoundTwice) {
   clock.Set(400 * kDay);
-  machine.files.AddFile(u"C:\\t\\old", {.accessed = 0});
+  machine.files.AddFile(u"C:\\t\\old", {.accessed = 1});
   AddAccessed(u"C:\\t\\new", 400 * kDay);
   EXPECT_EQ(Walk(u"C:\\t", u"|Empty Folders and Files|Last Accessed 365 Days Before|"),
             (std::vector<RowFields>{
@@ -155,8 +164,8 @@ TEST_F(FolderFunctionsTest, AnOldFileOfNoBytesIsFoundTwice) {
 TEST_F(FolderFunctionsTest, EachFunctionHasItsRowsBehindThoseOfTheOneBefore) {
   AddFile(u"C:\\WINDOWS\\system32\\a.dll");
   clock.Set(400 * kDay);
-  AddAccessed(u"C:\\t\\a.dll", 0);
-  AddAccessed(u"C:\\t\\a.tmp", 0);
+  AddAccessed(u"C:\\t\\a.dll", 1);
+  AddAccessed(u"C:\\t\\a.tmp", 1);
   AddShortcut(u"C:\\t\\b.lnk", u"C:\\gone");
   AddEmptyFiles({u"C:\\t\\c"});
   std::vector<Text> rows;

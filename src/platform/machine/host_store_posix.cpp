@@ -164,6 +164,12 @@ class HostFolder : public StoreFolder {
 
   bool RemoveTree(TextView name) override {
     const std::string raw = ToUtf8(name);
+    // What no listing shows is not to go unseen.
+    const auto isShown = [](int, const std::string& entry) {
+      const std::optional<Text> text = FromUtf8(entry);
+      return text && IsFileName(*text);
+    };
+    if (!WalkHostTree(Get(), raw, isShown, isShown)) return false;
     const bool gone = WalkHostTree(
         Get(), raw,
         [](int folder, const std::string& entry) { return ::unlinkat(folder, entry.c_str(), 0) == 0; },

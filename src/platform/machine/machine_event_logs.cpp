@@ -21,7 +21,8 @@ std::optional<uint32_t> ReadCount(TextView text) {
 }  // namespace
 
 platform::EventLogs::Handle MachineEventLogs::Open(TextView log) {
-  if (!facts_.Value(kSection, log).and_then(ReadCount)) return 0;
+  refused_ = facts_.Value(kSection, log).and_then(ReadCount) ? std::nullopt : std::optional(Text(log));
+  if (refused_) return 0;
   open_.emplace(++last_, log);
   return last_;
 }
@@ -34,7 +35,11 @@ std::optional<uint32_t> MachineEventLogs::Count(Handle log) {
 
 bool MachineEventLogs::Clear(Handle log) {
   const auto found = open_.find(log);
-  if (found == open_.end()) return false;
+  if (found == open_.end()) {
+    // Asked for all the same, of the log that couldn't be opened.
+    if (log == 0 && refused_) journal_.Note(u"ClearEventLog", {{u"log", *refused_}});
+    return false;
+  }
   journal_.Note(u"ClearEventLog", {{u"log", found->second}});
   if (locked.contains(found->second)) return false;
   facts_.Set(kSection, found->second, u"0");

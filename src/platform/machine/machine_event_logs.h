@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <set>
 
 #include "platform/event_logs.h"
@@ -10,7 +11,7 @@
 namespace tavix::machine {
 
 // The event logs of the section [Event Logs]. Clearing one is noted in the journal and sets its number of
-// records to 0.
+// records to 0; one that could not be opened is noted, too.
 class MachineEventLogs : public platform::EventLogs {
  public:
   MachineEventLogs(MachineFacts& facts, Journal& journal) : facts_(facts), journal_(journal) {}
@@ -29,6 +30,7 @@ class MachineEventLogs : public platform::EventLogs {
   MachineFacts& facts_;
   Journal& journal_;
   std::map<Handle, Text> open_;
+  std::optional<Text> refused_;  // the log that was asked for last, when it could not be opened
   Handle last_ = 0;
 };
 

@@ -56,13 +56,16 @@ TEST_F(HostFiles, OfNamesThatDifferOnlyInCaseAreTheExactOneOrTheFirst) {
   EXPECT_EQ(files->ReadFile(u"C:\\A.txt"), "small");
 }
 
-TEST_F(HostFiles, WhoseNamesWindowsCantHaveAreLeftOutAndGoWithTheirFolder) {
+TEST_F(HostFiles, WhoseNamesWindowsCantHaveAreLeftOutAndKeepTheirFolder) {
   for (const char* name : {"a", "b:c", "d?", "e.", "f ", "g\\h", "i\tj", "\xFF\xFE"})
     Write(std::string("C/f/") + name);
   Write("C/f/a:folder/deep", "x");
   EXPECT_EQ(Names(u"C:\\f"), std::vector<Text>{u"a"});
-  EXPECT_TRUE(files->DeleteFolder(u"C:\\f", false));
-  EXPECT_FALSE(fs::exists(Host("C/f")));
+  Write("C/f/below/a");
+  EXPECT_FALSE(files->DeleteFolder(u"C:\\f", false));
+  for (const char* name : {"a", "b:c", "e.", "\xFF\xFE", "a:folder/deep", "below/a"})
+    EXPECT_TRUE(fs::exists(Host(std::string("C/f/") + name))) << name;
+  EXPECT_TRUE(files->DeleteFolder(u"C:\\f\\below", false));
 }
 
 TEST_F(HostFiles, ThatAreNoFilesAreLeftOut) {

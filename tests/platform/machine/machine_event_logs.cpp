@@ -34,9 +34,18 @@ TEST_F(MachineEventLogsTest, OpensNoLogWithoutANumber) {
   facts.Set(u"Event Logs", u"Large", u"4294967296");
   for (const TextView log : {u"Security", u"None", u"Bad", u"Large", u""}) EXPECT_EQ(logs.Open(log), 0);
   EXPECT_FALSE(logs.Count(0));
+  EXPECT_TRUE(journal.Entries().empty());
+}
+
+TEST_F(MachineEventLogsTest, AClearOfALogThatCouldNotBeOpenedIsNotedAndDoesNothing) {
+  logs.Open(u"Security");
   EXPECT_FALSE(logs.Clear(0));
   logs.Close(0);
-  EXPECT_TRUE(journal.Entries().empty());
+  ASSERT_EQ(journal.Entries().size(), 1U);
+  EXPECT_EQ(journal.Entries()[0].Json(), "{\"op\":\"ClearEventLog\",\"log\":\"Security\"}");
+  logs.Close(logs.Open(u"System"));
+  EXPECT_FALSE(logs.Clear(0));
+  EXPECT_EQ(journal.Entries().size(), 1U);
 }
 
 TEST_F(MachineEventLogsTest, ClearsALogAndNotesIt) {

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <algorithm>
+
+#include "text/text.h"
+
+namespace tavix {
+
+// Whether the system takes a name as it stands. It drops blanks and dots at the end of one, so that something
+// of another name, or the folder around it, would be meant.
+inline bool IsPlainName(TextView name) {
+  return name.empty() || (name.back() != u' ' && name.back() != u'.');
+}
+
+// The same of every name in a path.
+inline bool HasPlainNames(TextView path) {
+  for (size_t start = 0; start < path.size();) {
+    const size_t end = std::min(path.find_first_of(u"\\/", start), path.size());
+    if (!IsPlainName(path.substr(start, end - start))) return false;
+    start = end + 1;
+  }
+  return true;
+}
+
+}  // namespace tavix
