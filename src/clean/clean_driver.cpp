@@ -40,10 +40,10 @@ bool CleanNamedFile(const Finding&, TextView path) {
   return !fileSystemObject.FileExists(path);
 }
 
-bool CleanFile(const Finding& finding, TextView payload) {
+bool CleanFile(const Finding& finding, TextView) {
   // Without a name the path would be that of the folder.
   if (!finding.name.empty()) return CleanNamedFile(finding, finding.path);
-  return (void)payload, !fileSystemObject.FileExists(finding.path);
+  return !fileSystemObject.FileExists(finding.path);
 }
 
 bool CleanFolder(const Finding& finding, TextView) {
