@@ -34,6 +34,11 @@ std::shared_ptr<Transfer> Transfer::Start(HINTERNET request) {
 
 std::optional<std::string> Transfer::Answer() const { return well_ ? std::optional(bytes_) : std::nullopt; }
 
+void Transfer::Abandon() {
+  const std::lock_guard lock(guard_);
+  abandoned_ = true;
+}
+
 void CALLBACK Transfer::OnStatus(HINTERNET request, DWORD_PTR context, DWORD status, void*, DWORD length) {
   if (context == 0) return;
   auto* const share = reinterpret_cast<std::shared_ptr<Transfer>*>(context);
@@ -45,6 +50,8 @@ void CALLBACK Transfer::OnStatus(HINTERNET request, DWORD_PTR context, DWORD sta
 }
 
 void Transfer::Proceed(HINTERNET request, DWORD status, DWORD length) {
+  const std::lock_guard lock(guard_);
+  if (abandoned_) return;
   switch (status) {
     case WINHTTP_CALLBACK_STATUS_SENDREQUEST_COMPLETE:
       if (WinHttpReceiveResponse(request, nullptr) == FALSE) Finish(false);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <string>
 
@@ -40,6 +41,8 @@ class Transfer {
   HANDLE Done() const { return done_.Get(); }
   // The whole answer of a request that went well.
   std::optional<std::string> Answer() const;
+  // Has the request left alone from here on: called before a request is closed that has not come to its end.
+  void Abandon();
 
  private:
   static void CALLBACK OnStatus(HINTERNET request, DWORD_PTR context, DWORD status, void* information,
@@ -49,6 +52,10 @@ class Transfer {
   void Take(HINTERNET request, DWORD length);
   void Finish(bool well);
 
+  // The value of a handle may come back for another request as soon as it is closed. Recursive, since what is
+  // there already is told from within the call that asks for it.
+  std::recursive_mutex guard_;
+  bool abandoned_ = false;
   EventHandle done_{CreateEventW(nullptr, TRUE, FALSE, nullptr)};
   std::string bytes_;
   char piece_[16384] = {};

@@ -108,8 +108,10 @@ std::optional<std::string> WindowsNetwork::Fetch(TextView url, int timeoutSecond
   const InternetHandle request = OpenRequest(connection.Get(), *target);
   if (!request) return std::nullopt;
   const std::shared_ptr<Transfer> transfer = Transfer::Start(request.Get());
-  if (transfer == nullptr || !Wait(transfer->Done(), until)) return std::nullopt;
-  return transfer->Answer();
+  if (transfer == nullptr) return std::nullopt;
+  if (Wait(transfer->Done(), until)) return transfer->Answer();
+  transfer->Abandon();
+  return std::nullopt;
 }
 
 }  // namespace tavix::windows

@@ -30,6 +30,7 @@ class LoopbackServer {
   LoopbackServer(const LoopbackServer&) = delete;
   LoopbackServer& operator=(const LoopbackServer&) = delete;
 
+  int Port() const { return port_; }
   Text Url(TextView path) const;
   // The requests so far, each as it came.
   std::vector<std::string> Requests();

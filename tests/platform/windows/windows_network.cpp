@@ -109,6 +109,24 @@ TEST_F(NetworkOfWindows, AServerThatNeverEndsIsLeftAtTheMostOrWhenTheTimeIsOver)
   EXPECT_LT(took, 2000U);
 }
 
+TEST_F(NetworkOfWindows, WhatWasGivenUpAsksForNothingMore) {
+  const LoopbackServer server({{Ok("2.19.630")}, {Ok("2.19.630")}});
+  const InternetHandle session(
+      WinHttpOpen(L"Tavix", WINHTTP_ACCESS_TYPE_NO_PROXY, nullptr, nullptr, WINHTTP_FLAG_ASYNC));
+  const InternetHandle connection(
+      WinHttpConnect(session.Get(), L"127.0.0.1", static_cast<INTERNET_PORT>(server.Port()), 0));
+  for (const bool abandoned : {true, false}) {
+    const InternetHandle request(
+        WinHttpOpenRequest(connection.Get(), L"GET", L"/", nullptr, nullptr, nullptr, 0));
+    const auto transfer = Transfer::Start(request.Get());
+    ASSERT_NE(transfer, nullptr);
+    if (abandoned) transfer->Abandon();
+    const DWORD waited = WaitForSingleObject(transfer->Done(), abandoned ? 300 : kPatience * 1000);
+    EXPECT_EQ(waited == WAIT_OBJECT_0, !abandoned);
+    EXPECT_EQ(transfer->Answer(), abandoned ? std::nullopt : std::optional<std::string>("2.19.630"));
+  }
+}
+
 TEST_F(NetworkOfWindows, AServerThatSaysNothingIsLeftWhenTheTimeIsOver) {
   EXPECT_EQ(Fetch({{.bytes = "", .then = LoopbackServer::kKeepSilent}}, 1), std::nullopt);
   EXPECT_GE(took, 900U);
