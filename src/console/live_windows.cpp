@@ -1,7 +1,5 @@
 #include "console/live.h"
 
-#include <io.h>
-
 #include "platform/windows/wide.h"
 #include "platform/windows/windows_api.h"
 #include "platform/windows/windows_host.h"
@@ -33,8 +31,8 @@ std::vector<std::string> Arguments(int, char**) {
 }
 
 bool StandardErrorIsTerminal() {
-  constexpr int kStandardError = 2;
-  return _isatty(kStandardError) != 0;
+  DWORD mode = 0;
+  return GetConsoleMode(GetStdHandle(STD_ERROR_HANDLE), &mode) != FALSE;
 }
 
 }  // namespace tavix::console

@@ -67,6 +67,7 @@ void Form_Load() {
   Run(frameSteps.LoadJunkDefinitions);
   pubCommon.LoadFormTexts(frmPubMain, TextCatalogue());
   Run(frameSteps.LayOutWindow);
+  Run(frameSteps.MakeControls);
   Run(frameSteps.SendEmbeddedPage);
   Run(frameSteps.ColorControls);
   pubSystem.AttachListColorHook(frmPubMain.lsvResult.hWnd, true, frmPubMain.hWnd, kWhite);

@@ -10,6 +10,7 @@ struct FrameSteps {
   std::function<void()> BuildPrivacyTree;
   std::function<void()> LoadJunkDefinitions;
   std::function<void()> LayOutWindow;      // size, pictures and places of all controls
+  std::function<void()> MakeControls;      // those of the real window, in the places of the layout
   std::function<void()> SendEmbeddedPage;  // webGIF to res\scan.htm
   std::function<void()> ColorControls;     // the trees and their nodes in the colours of the result list
   std::function<void()> CheckForUpdate;    // can end the program by unloading the window

@@ -32,7 +32,10 @@ bool AddMode() { return frmPubType.Caption == GetMessageText(u"ADD_JUNK"); }
 // The row being edited; 0 when a type is added.
 int EditedRow() { return AddMode() ? 0 : frmPubOptions.lsvJF.SelectedRow(); }
 
-void RemoveFromFile(TextView pattern) { pubFile.RemoveLine(kUserJunkFile, pattern, kTab, kPatternField); }
+void RemoveFromFile(TextView pattern) {
+  MakeWritable(kUserJunkFile);
+  pubFile.RemoveLine(kUserJunkFile, pattern, kTab, kPatternField);
+}
 
 // A last line without an end would grow together with the one behind it.
 void EndLastLine() {
@@ -130,6 +133,7 @@ void StoreType(TextView description, TextView pattern, int editedRow) {
   ListView::Item item = list.Add(description);
   item.SetSubItems(kPatternColumn, pattern);
   item.SetChecked(true);
+  MakeWritable(kUserJunkFile);
   EndLastLine();
   pubFile.AppendLine(kUserJunkFile, Concat(description, kTab, pattern, u"\tY\tY\tU"));
   SelectNewRow(item);

@@ -36,12 +36,9 @@ void AddRow(ListView& list, const JunkType& type) {
   if (type.BuiltIn()) row.SetForeColor(kGreyText);
 }
 
-// A file that is read-only is written all the same, and isn't read-only any more.
 void Rewrite(TextView file, TextView lines) {
   if (platform::fileSystem == nullptr) return;
-  const auto facts = platform::fileSystem->Look(file);
-  if (facts && (facts->attributes & platform::kReadOnly) != 0)
-    platform::fileSystem->SetAttributes(file, facts->attributes & ~platform::kReadOnly);
+  MakeWritable(file);
   platform::fileSystem->WriteFile(file, EncodeTextFile({Text(lines), TextEncoding::Utf8}));
 }
 
@@ -70,6 +67,13 @@ void SaveJunkTypes() {
   }
   Rewrite(kBuiltInJunkFile, builtIn);
   Rewrite(kUserJunkFile, users);
+}
+
+void MakeWritable(TextView file) {
+  if (platform::fileSystem == nullptr) return;
+  const auto facts = platform::fileSystem->Look(file);
+  if (facts && (facts->attributes & platform::kReadOnly) != 0)
+    platform::fileSystem->SetAttributes(file, facts->attributes & ~platform::kReadOnly);
 }
 
 void SelectJunkRow(int row) {

@@ -16,6 +16,9 @@ void ShowJunkTypes();
 // or the new content of each.
 void SaveJunkTypes();
 
+// A junk file that is read-only isn't any more, so that what the user has entered gets into it.
+void MakeWritable(TextView file);
+
 // Selects a row alone, as EnableJunkCommands then has it.
 void SelectJunkRow(int row);
 // Edit and Delete are enabled where the row in focus is the user's. An empty list enables them.

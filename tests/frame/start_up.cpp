@@ -35,6 +35,7 @@ TEST_F(StartUp, StepsRunInTheirOrder) {
   };
   frameSteps.LoadJunkDefinitions = note("junk");
   frameSteps.LayOutWindow = note("layout");
+  frameSteps.MakeControls = note("controls");
   frameSteps.SendEmbeddedPage = note("page");
   frameSteps.ColorControls = note("colours");
   frameSteps.CheckForUpdate = note("update");
@@ -46,7 +47,7 @@ TEST_F(StartUp, StepsRunInTheirOrder) {
         << "services are released behind the forms";
   };
   Form_Load();
-  EXPECT_EQ(order, (std::vector<std::string>{"tree", "junk", "layout", "page", "colours", "update"}));
+  EXPECT_EQ(order, (std::vector<std::string>{"tree", "junk", "layout", "controls", "page", "colours", "update"}));
   order.clear();
   Form_Unload();
   EXPECT_EQ(order, (std::vector<std::string>{"options", "editor", "about"}));

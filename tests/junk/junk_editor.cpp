@@ -64,6 +64,26 @@ TEST_F(JunkEditor, PatternOfBlanksIsRefusedAndTheBoxIsEmptied) {
   EXPECT_EQ(frmPubType.ActiveControl, &frmPubType.txt[1]);
 }
 
+TEST_F(JunkEditor, FileThatIsReadOnlyGetsWhatTheUserEnteredAllTheSame) {
+  using platform::kHidden, platform::kReadOnly, platform::kSystem;
+  const auto makeReadOnly = [this] {
+    machine.files.SetAttributes(kUserJunkFile, kReadOnly | kHidden | kSystem);
+  };
+  makeReadOnly();
+  Add(u"New", u"*.new");
+  EXPECT_EQ(File(kUserJunkFile), asSeeded + "New\t*.new\tY\tY\tU\r\n");
+  EXPECT_TRUE(IsListed(u"New|*.new|Y|Y|U|U"));
+  makeReadOnly();
+  Edit(u"*.new", u"Newer", u"*.new");
+  EXPECT_EQ(File(kUserJunkFile), asSeeded + "Newer\t*.new\tY\tY\tU\r\n");
+  makeReadOnly();
+  ClickTypes({u"*.new"});
+  machine.dialogs.answers = {platform::kYes};
+  frmPubOptions.sbtJF[2].Click();
+  EXPECT_EQ(File(kUserJunkFile), asSeeded);
+  EXPECT_EQ(machine.files.Look(kUserJunkFile).value().attributes, kHidden | kSystem);
+}
+
 TEST_F(JunkEditor, TwoPatternsInOneAreRefusedAndTheTextStays) {
   Add(u"New", u"*.a;*.b");
   EXPECT_EQ(Messages(), std::vector{InformationOf(u"PATTERN_ERR")});

@@ -3,8 +3,7 @@
 namespace tavix::win32 {
 
 CheckListBinding::CheckListBinding(CheckList& model, WindowContext& context, int id, TextView name)
-    : VirtualList(model, context, id, LVS_NOCOLUMNHEADER | LVS_SINGLESEL), model_(model) {
-  SetName(name);
+    : VirtualList(model, context, id, LVS_NOCOLUMNHEADER | LVS_SINGLESEL, name), model_(model) {
   AddColumn(0, u"", 0);
 }
 

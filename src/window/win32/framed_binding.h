@@ -9,8 +9,8 @@ class FramedBinding : public WindowBinding {
  protected:
   using WindowBinding::WindowBinding;
   // WindowBinding::Create with room for the line.
-  void CreateFramed(int id, const wchar_t* className, DWORD style) {
-    Create(id, className, WS_TABSTOP | WS_BORDER | style);
+  void CreateFramed(int id, const wchar_t* className, DWORD style, TextView name = {}) {
+    Create(id, className, WS_TABSTOP | WS_BORDER | style, name);
   }
   std::optional<LRESULT> OnMessage(UINT message, WPARAM wide, LPARAM longer) override;
 

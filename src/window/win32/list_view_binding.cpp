@@ -35,9 +35,12 @@ bool Selects(UINT message, WPARAM wide) {
 }  // namespace
 
 ListViewBinding::ListViewBinding(ListView& model, WindowContext& context, int id, TextView name)
-    : VirtualList(model, context, id, 0), model_(model) {
-  SetName(name);
-  for (int column = 0; column < ListView::kColumns; ++column) AddColumn(column, u"", 0);
+    : VirtualList(model, context, id, 0, name), model_(model), columns_(model.ColumnHeaders) {
+  for (int i = 0; i < ListView::kColumns; ++i) {
+    ListView::ColumnHeader& column = columns_[i];
+    AddColumn(i, column.Caption, context.Pixels(column.Width));
+    column.Icon = 0;
+  }
   const auto header = reinterpret_cast<HWND>(Send(LVM_GETHEADER));
   ofHeader = reinterpret_cast<WNDPROC>(
       SetWindowLongPtrW(header, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(HeaderProcedure)));

@@ -42,6 +42,7 @@ MainWindow::~MainWindow() {
   frmPubMain.Refresh = nullptr;
   frmPubMain.Minimize = nullptr;
   frmPubMain.Unload = nullptr;
+  mdlPubSelf::frameSteps.MakeControls = nullptr;
   frmPubType.menr.Popup = nullptr;
   frmPubType.menh.Popup = nullptr;
   if (context_.window == nullptr) return;
@@ -64,18 +65,24 @@ bool MainWindow::Create() {
   SendMessageW(context_.toolTips, TTM_SETMAXTIPWIDTH, 0, context_.Pixels(6000));
   frmPubMain.hWnd = reinterpret_cast<intptr_t>(context_.window);
   frame_ = std::make_unique<FrameBinding>(*this);
-  bindings_ = BindMainForm(context_);
   loader_ = std::make_unique<TimerBinding>(frmPubMain.timLoader, context_, kLoaderTimer);
   frmPubMain.Refresh = [this] { Refresh(); };
   frmPubMain.Minimize = [this] { ShowWindow(context_.window, SW_MINIMIZE); };
   frmPubMain.Unload = [this] { Unload(); };
+  mdlPubSelf::frameSteps.MakeControls = [this] { MakeControls(); };
   for (Menu* menu : {&frmPubType.menr, &frmPubType.menh})
     menu->Popup = [this, menu] { PopUp(context_, *menu); };
   return true;
 }
 
-void MainWindow::Open() {
+// In a window that has its size and in their own places, so that nothing is moved before it is first seen.
+void MainWindow::MakeControls() {
   FitTexts([this](TextView text) { return TextWidth(context_, text); });
+  Place();
+  bindings_ = BindMainForm(context_);
+}
+
+void MainWindow::Open() {
   frmPubMain.ActiveControl = &frmPubMain.sbtScan;
   Flush();
   ShowWindow(context_.window, SW_SHOWNORMAL);

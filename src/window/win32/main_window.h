@@ -18,9 +18,10 @@ class MainWindow : private WindowOwner {
   MainWindow(const MainWindow&) = delete;
   ~MainWindow();
 
-  // Makes the window, still hidden. False when the system refuses.
+  // Makes the window, still hidden and empty; its controls are made when the form has been laid out, by the
+  // step of the start that is for them. False when the system refuses.
   bool Create();
-  // Shows the form as it has been laid out.
+  // Shows the form, whose controls have been made.
   void Open();
   // Handles messages until the window has gone; the program's exit status.
   int Run();
@@ -33,6 +34,7 @@ class MainWindow : private WindowOwner {
   void OnPaint(HDC screen, const RECT& area) override { ground_.Paint(screen, area); }
   void OnActivate(WPARAM wide);
 
+  void MakeControls();
   void Handle(MSG& message);
   bool PressKey(const MSG& message);
   void Flush();

@@ -26,9 +26,10 @@ constexpr int kRowRoom = 120;  // above and below a text, at most
 TreeBinding::TreeBinding(TreeView& model, WindowContext& context, int id, TextView name, bool folds)
     : FramedBinding(model, context),
       model_(model),
+      folds_(folds),
       ticks_(MakeTickImages(context, context.Pixels(kTickHeight), true)) {
   CreateFramed(id, WC_TREEVIEWW,
-               TVS_SHOWSELALWAYS | TVS_NOHSCROLL | (folds ? TVS_HASBUTTONS | TVS_LINESATROOT : 0));
+               TVS_SHOWSELALWAYS | TVS_NOHSCROLL | (folds ? TVS_HASBUTTONS | TVS_LINESATROOT : 0), name);
   Send(TVM_SETINDENT, static_cast<WPARAM>(context.Pixels(kIndent)));
   SetWindowTheme(Window(), L"Explorer", nullptr);
   Send(TVM_SETEXTENDEDSTYLE, TVS_EX_DOUBLEBUFFER, TVS_EX_DOUBLEBUFFER);
@@ -37,7 +38,6 @@ TreeBinding::TreeBinding(TreeView& model, WindowContext& context, int id, TextVi
   const auto made = reinterpret_cast<HIMAGELIST>(
       Send(TVM_SETIMAGELIST, TVSIL_STATE, reinterpret_cast<LPARAM>(ticks_.Get())));
   ImageList(made).Reset();
-  SetName(name);
   model_.treePeer = this;
 }
 
@@ -145,6 +145,8 @@ LRESULT TreeBinding::OnNotify(NMHDR& header) {
       return Click(), 0;
     case TVN_ITEMEXPANDEDW:
       return Expanded(reinterpret_cast<NMTREEVIEWW&>(header)), 0;
+    case TVN_SELCHANGEDW:
+      return Selected(reinterpret_cast<NMTREEVIEWW&>(header)), 0;
     default:
       return 0;
   }
@@ -174,6 +176,11 @@ void TreeBinding::Click() {
 void TreeBinding::Expanded(const NMTREEVIEWW& change) {
   Node* const node = showing_ ? nullptr : NodeOf(change.itemNew.hItem);
   if (node != nullptr) node->Expanded = (change.action & TVE_TOGGLE) == TVE_EXPAND;
+}
+
+void TreeBinding::Selected(const NMTREEVIEWW& change) {
+  if (folds_ || change.action != TVC_BYKEYBOARD) return;
+  if (Node* const node = NodeOf(change.itemNew.hItem); node != nullptr) model_.NodeClick(*node);
 }
 
 std::optional<LRESULT> TreeBinding::OnKey(WPARAM key) {

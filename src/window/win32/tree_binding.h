@@ -10,7 +10,8 @@
 namespace tavix::win32 {
 
 // A tree with check boxes, of which those of half-ticked branches show a third state. Ticks are turned by a
-// click on the box or by the space bar, and only in the model; Enter is a click on the node in focus.
+// click on the box or by the space bar, and only in the model; Enter is a click on the node in focus, and so is
+// an arrow key that brings the focus there, where a click opens and closes nothing.
 class TreeBinding : public FramedBinding, private TreePeer {
  public:
   // With `folds`, branches have a mark that opens and closes them.
@@ -41,9 +42,11 @@ class TreeBinding : public FramedBinding, private TreePeer {
   LRESULT Paint(NMTVCUSTOMDRAW& draw) const;
   void Click();
   void Expanded(const NMTREEVIEWW& change);
+  void Selected(const NMTREEVIEWW& change);
   std::optional<LRESULT> OnKey(WPARAM key);
 
   TreeView& model_;
+  bool folds_;
   std::vector<HTREEITEM> items_;
   std::vector<int> changed_;  // numbers of nodes
   bool cleared_ = false;

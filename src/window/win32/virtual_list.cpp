@@ -14,10 +14,10 @@ constexpr UINT kTicked = 2;
 constexpr int kRowHeight = 270;  // twips
 }  // namespace
 
-VirtualList::VirtualList(Control& model, WindowContext& context, int id, DWORD style)
+VirtualList::VirtualList(Control& model, WindowContext& context, int id, DWORD style, TextView name)
     : FramedBinding(model, context), ticks_(MakeTickImages(context, context.Pixels(kRowHeight), false)) {
-  CreateFramed(id, WC_LISTVIEWW,
-               LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS | LVS_SHAREIMAGELISTS | style);
+  CreateFramed(id, WC_LISTVIEWW, LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS | LVS_SHAREIMAGELISTS | style,
+               name);
   SetWindowTheme(Window(), L"Explorer", nullptr);
   constexpr DWORD kStyle = LVS_EX_CHECKBOXES | LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP;
   Send(LVM_SETEXTENDEDLISTVIEWSTYLE, kStyle, kStyle);

@@ -12,7 +12,7 @@ class VirtualList : public FramedBinding {
   LRESULT OnNotify(NMHDR& header) override;
 
  protected:
-  VirtualList(Control& model, WindowContext& context, int id, DWORD style);
+  VirtualList(Control& model, WindowContext& context, int id, DWORD style, TextView name);
 
   virtual int RowCount() = 0;
   virtual TextView TextAt(int row, int column) = 0;

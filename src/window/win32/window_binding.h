@@ -30,7 +30,8 @@ class WindowBinding : public Binding {
   WindowBinding(Control& model, WindowContext& context)
       : Binding(model, context.changes), context_(context), model_(model) {}
 
-  // Makes the control, hidden. `style` is added to what all have; `name` as SetName has it.
+  // Makes the control where the model has it; one that has no place yet is hidden. `style` is added to what
+  // all have; `name` as SetName has it.
   void Create(int id, const wchar_t* className, DWORD style, TextView name = {});
   // The name that the control shows, or that readers of the screen say where it shows none.
   void SetName(TextView name);

@@ -78,6 +78,41 @@ TEST_F(TreeBindingTest, AClickOnTheBoxTurnsTheTickOnce) {
   EXPECT_TRUE(clicks.empty());
 }
 
+TEST_F(TreeBindingTest, AnArrowKeyIsAClickOnTheNodeThatItBringsTheFocusTo) {
+  SetFocus(tree);
+  Send(tree, TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(RootItem()));
+  Press(tree, VK_DOWN);
+  Press(tree, VK_DOWN);
+  Press(tree, VK_DOWN);  // there is no further one
+  Press(tree, VK_UP);
+  EXPECT_EQ(clicks, (std::vector<Text>{u"first", u"second", u"first"}));
+  EXPECT_TRUE(checks.empty());
+}
+
+// There a click would open and close what the key only goes past.
+TEST_F(TreeBindingTest, AnArrowKeyInATreeThatFoldsOnlyMovesTheFocus) {
+  TreeView& scope = frmPubMain.trvRes;
+  Model().Visible = false;
+  scope.Visible = true;
+  int clicked = 0;
+  scope.NodeClick = [&clicked](Node&) { ++clicked; };
+  scope.AddNode(nullptr, u"one", u"One");
+  scope.AddNode(nullptr, u"two", u"Two");
+  Flush();
+  const HWND folding = Control(kIdScopeTree);
+  const auto item = [folding](WPARAM which) {
+    return reinterpret_cast<HTREEITEM>(Send(folding, TVM_GETNEXTITEM, which));
+  };
+  Send(folding, TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(item(TVGN_ROOT)));
+  SetFocus(folding);
+  Press(folding, VK_DOWN);
+  EXPECT_NE(item(TVGN_CARET), item(TVGN_ROOT));
+  EXPECT_EQ(clicked, 0);
+  scope.NodeClick = nullptr;
+  scope.Clear();
+  scope.Visible = false;
+}
+
 TEST_F(TreeBindingTest, SpaceTurnsTheTickAndEnterClicks) {
   Send(tree, TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(FirstItem()));
   SetFocus(tree);

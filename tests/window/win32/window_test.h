@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "forms/main_form.h"
+#include "frame/start_up.h"
 #include "scan/scan_driver.h"
 #include "window/layout.h"
 #include "window/win32/control_ids.h"
@@ -28,6 +29,7 @@ class WindowTest : public testing::Test {
     LayOutMainForm();
     window = std::make_unique<MainWindow>();
     ASSERT_TRUE(window->Create());
+    mdlPubSelf::frameSteps.MakeControls();
     queue = std::make_unique<EventQueueWin32>(*window);
     window->Open();
     window->HandleWaiting();
