@@ -6,10 +6,11 @@ namespace tavix::win32 {
 
 std::optional<LRESULT> FramedBinding::OnMessage(UINT message, WPARAM wide, LPARAM longer) {
   if (message == WM_NCPAINT) {
-    // The system paints scroll bars there, too.
-    const LRESULT result = PassOn(message, wide, longer);
+    // Scroll bars are the system's to paint; its own frame would be painted over.
+    const bool scrolls = (GetWindowLongPtrW(Window(), GWL_STYLE) & (WS_HSCROLL | WS_VSCROLL)) != 0;
+    if (scrolls) PassOn(message, wide, longer);
     PaintFrame();
-    return result;
+    return 0;
   }
   if (message == WM_SETFOCUS || message == WM_KILLFOCUS)
     RedrawWindow(Window(), nullptr, nullptr, RDW_FRAME | RDW_INVALIDATE);

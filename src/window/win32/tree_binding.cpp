@@ -69,7 +69,8 @@ void TreeBinding::Show() {
   showing_ = false;
 }
 
-// Rows are as far apart as lets all of them be seen, within limits.
+// Rows are as far apart as lets all of them be seen, within limits. Where that does, and no more of them come,
+// there is nothing to scroll; texts that are cut would have some systems show a bar.
 void TreeBinding::FitRows() const {
   RECT area;
   GetClientRect(Window(), &area);
@@ -77,11 +78,15 @@ void TreeBinding::FitRows() const {
   const int fitting = static_cast<int>(area.bottom) / model_.NodeCount();
   const int height = std::clamp(fitting, text + context_.Line(), text + context_.Pixels(kRowRoom));
   Send(TVM_SETITEMHEIGHT, static_cast<WPARAM>(height));
+  if (folds_) return;
+  const LONG_PTR style = GetWindowLongPtrW(Window(), GWL_STYLE) & ~LONG_PTR{TVS_NOSCROLL};
+  const bool fits = Send(TVM_GETITEMHEIGHT) * model_.NodeCount() <= area.bottom;
+  SetWindowLongPtrW(Window(), GWL_STYLE, style | (fits ? TVS_NOSCROLL : 0));
 }
 
 void TreeBinding::InsertFrom(int first) {
   Send(WM_SETREDRAW, FALSE);
-  if (first == 1) FitRows();
+  if (first == 1 || !folds_) FitRows();
   for (int i = first; i <= model_.NodeCount(); ++i) Insert(*model_.NodeAt(i));
   // A node opens only when it has children.
   for (int i = first; i <= model_.NodeCount(); ++i) {

@@ -43,6 +43,15 @@ class TreeBindingTest : public WindowTest {
     Send(tree, TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&place));
     return {place.area.left, (place.area.top + place.area.bottom) / 2};
   }
+  int TextHeightOfTree() const {
+    const HDC context = GetDC(tree);
+    const auto old = SelectObject(context, reinterpret_cast<HGDIOBJ>(Send(tree, WM_GETFONT)));
+    TEXTMETRICW metrics{};
+    GetTextMetricsW(context, &metrics);
+    SelectObject(context, old);
+    ReleaseDC(tree, context);
+    return static_cast<int>(metrics.tmHeight);
+  }
   void ClickBox(HTREEITEM item, UINT press = WM_LBUTTONDOWN) {
     const POINT label = LabelOf(item);
     Click(tree, label.x - 8, label.y, press);
@@ -64,6 +73,24 @@ TEST_F(TreeBindingTest, ShowsNodesWithTheirTicks) {
   EXPECT_TRUE(Ticked(FirstItem()));
   EXPECT_FALSE(Ticked(Next(TVGN_NEXT, FirstItem())));
   EXPECT_TRUE(checks.empty());
+}
+
+TEST_F(TreeBindingTest, RowsThatAllFitHaveNoScrollBarAlthoughTextsAreCut) {
+  const auto scrolls = [this] { return (GetWindowLongPtrW(tree, GWL_STYLE) & WS_VSCROLL) != 0; };
+  Model().AddNode(root, u"long", Text(500, u'x'));
+  // As many as the tree has room for, at the least distance.
+  RECT area;
+  GetClientRect(tree, &area);
+  const int text = TextHeightOfTree();
+  const int fitting = static_cast<int>(area.bottom) / (text + 3);
+  while (Model().NodeCount() < fitting) Model().AddNode(root, ToText(Model().NodeCount()), u"x");
+  Flush();
+  EXPECT_FALSE(scrolls());
+  while (Model().NodeCount() < 3 * fitting) Model().AddNode(root, ToText(Model().NodeCount()), u"x");
+  Flush();
+  EXPECT_TRUE(scrolls());
+  Send(tree, WM_VSCROLL, SB_BOTTOM);
+  EXPECT_NE(Next(TVGN_FIRSTVISIBLE), RootItem());
 }
 
 TEST_F(TreeBindingTest, AClickOnTheBoxTurnsTheTickOnce) {
