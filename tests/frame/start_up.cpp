@@ -47,7 +47,8 @@ TEST_F(StartUp, StepsRunInTheirOrder) {
         << "services are released behind the forms";
   };
   Form_Load();
-  EXPECT_EQ(order, (std::vector<std::string>{"tree", "junk", "layout", "controls", "page", "colours", "update"}));
+  EXPECT_EQ(order,
+            (std::vector<std::string>{"tree", "junk", "layout", "controls", "page", "colours", "update"}));
   order.clear();
   Form_Unload();
   EXPECT_EQ(order, (std::vector<std::string>{"options", "editor", "about"}));

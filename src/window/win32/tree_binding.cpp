@@ -69,8 +69,8 @@ void TreeBinding::Show() {
   showing_ = false;
 }
 
-// Rows are as far apart as lets all of them be seen, within limits. Where that does, and no more of them come,
-// there is nothing to scroll; texts that are cut would have some systems show a bar.
+// Rows are as far apart as lets all of them be seen, within limits. Where that does, there is nothing to
+// scroll; texts that are cut would have some systems show a bar all the same.
 void TreeBinding::FitRows() const {
   RECT area;
   GetClientRect(Window(), &area);

@@ -10,8 +10,8 @@
 namespace tavix::win32 {
 
 // A tree with check boxes, of which those of half-ticked branches show a third state. Ticks are turned by a
-// click on the box or by the space bar, and only in the model; Enter is a click on the node in focus, and so is
-// an arrow key that brings the focus there, where a click opens and closes nothing.
+// click on the box or by the space bar, and only in the model; Enter is a click on the node in focus. Where a
+// click folds nothing, an arrow key is one on the node that it brings the focus to.
 class TreeBinding : public FramedBinding, private TreePeer {
  public:
   // With `folds`, branches have a mark that opens and closes them.

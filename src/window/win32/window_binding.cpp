@@ -22,10 +22,10 @@ void WindowBinding::Create(int id, const wchar_t* className, DWORD style, TextVi
   style |= WS_CHILD | WS_CLIPSIBLINGS;
   if (IsRectEmpty(&place_) == FALSE && IsShown()) style |= WS_VISIBLE;
   if (!model_.Enabled) style |= WS_DISABLED;
-  window_ = CreateWindowExW(0, className, windows::Wide(name_), style, place_.left, place_.top,
-                            place_.right - place_.left, place_.bottom - place_.top, context_.window,
-                            reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleW(nullptr),
-                            nullptr);
+  window_ =
+      CreateWindowExW(0, className, windows::Wide(name_), style, place_.left, place_.top,
+                      place_.right - place_.left, place_.bottom - place_.top, context_.window,
+                      reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleW(nullptr), nullptr);
   model_.hWnd = reinterpret_cast<intptr_t>(window_);
   // The controls of the system leave this room to those who make them.
   SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
