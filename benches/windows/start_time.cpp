@@ -41,8 +41,10 @@ double TimeStart(const wchar_t* program, const wchar_t* className) {
   std::wstring command = L"\"" + std::wstring(program) + L"\"";
   const double start = Milliseconds();
   if (CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                     &process) == FALSE)
+                     &process) == FALSE) {
+    std::printf("not started: error %lu\n", GetLastError());
     return -1;
+  }
   const HWND window = WaitForWindow(className);
   const double taken = Milliseconds() - start;
   if (window != nullptr) PostMessageW(window, WM_CLOSE, 0, 0);
