@@ -11,8 +11,9 @@ import time
 
 TOP = pathlib.Path(__file__).resolve().parents[1]
 PAGES = (("s", "system"), ("r", "registry"), ("a", "advanced"), ("p", "privacy"))
-# The last one leaves the prefix with the usual resolution.
-SCREENS = (("big-192", "2048x1536", 192), ("small", "800x600", 96), ("big", "1024x768", 96))
+# The first start of all has the small window, whatever the screen; the last one leaves the prefix with the usual
+# resolution.
+SCREENS = (("small", "800x600", 96), ("big-192", "2048x1536", 192), ("big", "1024x768", 96))
 DESKTOP = r"HKCU\Control Panel\Desktop"
 
 
