@@ -13,6 +13,7 @@
 #include "forms/type_form.h"
 #include "frame/support/ini_text.h"
 #include "frame/support/text_file.h"
+#include "support/source_folder.h"
 #include "text/utf8.h"
 
 namespace tavix {
@@ -21,7 +22,7 @@ namespace {
 using Texts = std::map<std::string, Text>;
 
 FileText Catalogue(const std::string& language, const std::string& name) {
-  std::ifstream file(std::string(TAVIX_SOURCE_DIR) + "/res/lang/" + language + "/" + name, std::ios::binary);
+  std::ifstream file(SourceFolder() + "/res/lang/" + language + "/" + name, std::ios::binary);
   return DecodeTextFile(std::string(std::istreambuf_iterator<char>(file), {}));
 }
 

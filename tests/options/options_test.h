@@ -16,6 +16,7 @@
 #include "frame/settings.h"
 #include "platform/dialogs.h"
 #include "support/program_test.h"
+#include "support/source_folder.h"
 
 namespace tavix::mdlPubSelf {
 
@@ -34,7 +35,7 @@ class OptionsTest : public ProgramTest {
   }
 
   void UseLanguage(const char* language) {
-    const std::filesystem::path folder = std::filesystem::path(TAVIX_SOURCE_DIR) / "res" / "lang" / language;
+    const std::filesystem::path folder = std::filesystem::path(SourceFolder()) / "res" / "lang" / language;
     for (const auto& [name, catalogue] :
          {std::pair("tips.dll", TextCatalogue()), {"menus.dll", MenuCatalogue()}}) {
       std::ifstream file(folder / name, std::ios::binary);

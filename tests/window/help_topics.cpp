@@ -11,6 +11,7 @@
 
 #include "catalogue/functions.h"
 #include "support/program_test.h"
+#include "support/source_folder.h"
 
 // The sources of the help file, held against the functions that the window offers.
 namespace tavix::mdlPubSelf {
@@ -27,7 +28,7 @@ std::string Read(const fs::path& file) {
 
 std::map<std::string, std::string> ReadSources() {
   std::map<std::string, std::string> sources;
-  for (const auto& entry : fs::directory_iterator(TAVIX_SOURCE_DIR "/res/help"))
+  for (const auto& entry : fs::directory_iterator(SourceFolder() + "/res/help"))
     sources[entry.path().filename().string()] = Read(entry.path());
   return sources;
 }

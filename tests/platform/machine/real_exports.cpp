@@ -6,6 +6,7 @@
 #include "platform/machine/machine_registry.h"
 #include "platform/machine/registry_text.h"
 #include "platform/registry_data.h"
+#include "support/source_folder.h"
 #include "text/utf8.h"
 
 namespace tavix::machine {
@@ -14,7 +15,7 @@ namespace {
 using platform::Hive;
 namespace fs = std::filesystem;
 
-const fs::path kExports = fs::path(TAVIX_SOURCE_DIR) / ".." / "shared" / "data" / "reg";
+const fs::path kExports = fs::path(SourceFolder()) / ".." / "shared" / "data" / "reg";
 
 class RealExports : public testing::Test {
  protected:

@@ -9,13 +9,14 @@
 #include <vector>
 
 #include "platform/machine/shortcut.h"
+#include "support/source_folder.h"
 #include "text/utf8.h"
 
 namespace tavix::machine {
 namespace {
 
 const std::filesystem::path kFolder =
-    std::filesystem::path(TAVIX_SOURCE_DIR) / ".." / "shared" / "data" / "lnk";
+    std::filesystem::path(SourceFolder()) / ".." / "shared" / "data" / "lnk";
 
 std::string Content(const std::filesystem::path& path) {
   std::ifstream file(path, std::ios::binary);

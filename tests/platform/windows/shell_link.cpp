@@ -10,6 +10,7 @@
 #include "platform/windows/scratch_place.h"
 #include "platform/windows/wide.h"
 #include "platform/windows/windows_shell.h"
+#include "support/source_folder.h"
 
 #include <shlobj.h>
 
@@ -122,7 +123,7 @@ bool Explains(Wine why, const Text& wines, const Text& ours) {
 }
 
 TEST_F(ShellLinkOfWindows, AgreesWithTheReaderOfOursButForKnownDifferences) {
-  const Text folder = FromHost(TAVIX_SOURCE_DIR "/../shared/data/lnk");
+  const Text folder = FromHost(SourceFolder() + "/../shared/data/lnk");
   std::vector<Text> names;
   files.List(folder, [&names](const platform::DirectoryEntry& entry) {
     if (entry.name.ends_with(u".lnk")) names.emplace_back(entry.name);

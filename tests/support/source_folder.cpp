@@ -1,0 +1,7 @@
+#include "support/source_folder.h"
+
+namespace tavix {
+
+std::string SourceFolder() { return TAVIX_SOURCE_DIR; }
+
+}  // namespace tavix
