@@ -68,6 +68,29 @@ class OpenFolder {
   virtual std::unique_ptr<OpenFolder> Open(TextView name) = 0;
 };
 
+// A file or folder that a walk found, opened from the folder where the walk began. Every name between the two
+// was opened by itself and none of them is a link; the item itself may be one. What is done here is done to
+// what was opened: when a folder above it becomes a link afterwards, nothing happens elsewhere.
+class FoundItem {
+ public:
+  virtual ~FoundItem() = default;
+  // Of the item itself: a link is none, whatever it leads to.
+  virtual bool IsFolder() const = 0;
+
+  // Deletes a file or a link, a read-only one too. What a link leads to stays. False for a folder, and when
+  // the item stays.
+  virtual bool DeleteFile() = 0;
+  // Deletes a folder with the folders and the files of zero bytes in it, read-only ones too; of a link to a
+  // folder, the link alone. A file with content and a link in the folder stay, and so do the folders around
+  // them. False when something stays.
+  virtual bool DeleteEmptyFolder() = 0;
+  // Moves a file or a link, as FileSystem::MoveFile does. False for a folder, and when it could not be moved.
+  virtual bool MoveFileTo(TextView destination) = 0;
+  // Lets go of the item, for the shell to take it by its path. While this lives, the folders on the path
+  // can't get other names where the system can see to that (Windows).
+  virtual void LeaveToShell() = 0;
+};
+
 // The files of a machine. Paths are absolute and are read as Windows reads them: letter case aside, `/` for
 // `\`, repeated separators once (but for the two of a network path), `.` and `..` resolved, blanks and dots
 // at the end of a name dropped. A drive alone ("C:") is its root. Paths over 260 characters work. A relative
@@ -96,8 +119,15 @@ class FileSystem {
     return opened != nullptr && opened->List(visit, wanted);
   }
   // A text that two paths have in common exactly when they lead to the same folder, links followed. Nothing
-  // when no folder is there.
+  // when no folder is there, or it can't be told.
   virtual std::optional<Text> FolderIdentity(TextView path) = 0;
+  // The identity of a folder, links followed, then those of all folders that it lies in, up to the root of
+  // its drive. Empty when no folder is there, or it can't be told.
+  virtual std::vector<Text> Lineage(TextView path) = 0;
+  // What stands at `below`, one or more names, under the folder `start`. That folder is found as any path is;
+  // from there on each name is opened by itself. Null when a name before the last is a link, when one is
+  // missing, and when one can't be opened for deletion.
+  virtual std::unique_ptr<FoundItem> OpenFound(TextView start, TextView below) = 0;
 
   // False when it exists already, or its parent is missing.
   virtual bool CreateFolder(TextView path) = 0;

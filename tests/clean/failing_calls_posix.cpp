@@ -77,6 +77,7 @@ class FailingStore::Folder : public StoreFolder {
   }
   bool Remove(TextView name) override { return !Fails() && folder_->Remove(name); }
   bool RemoveTree(TextView name) override { return !Fails() && folder_->RemoveTree(name); }
+  bool RemoveEmptyTree(TextView name) override { return !Fails() && folder_->RemoveEmptyTree(name); }
   std::optional<uint64_t> TreeSize(TextView name) override {
     return Fails() ? std::nullopt : folder_->TreeSize(name);
   }

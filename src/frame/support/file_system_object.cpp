@@ -125,6 +125,14 @@ std::optional<Text> FileSystemObject::FolderIdentity(TextView path) const {
   return files_ != nullptr ? files_->FolderIdentity(path) : std::nullopt;
 }
 
+std::vector<Text> FileSystemObject::Lineage(TextView path) const {
+  return files_ != nullptr ? files_->Lineage(path) : std::vector<Text>();
+}
+
+std::unique_ptr<platform::FoundItem> FileSystemObject::OpenFound(TextView start, TextView below) const {
+  return files_ != nullptr ? files_->OpenFound(start, below) : nullptr;
+}
+
 void FileSystemObject::CreateFolder(TextView path) const {
   if (files_ != nullptr) files_->CreateFolder(path);
 }

@@ -65,9 +65,11 @@ class FileSystemObject {
   // platform::FileSystem::List does.
   bool List(TextView path, const platform::FileSystem::EntryVisitor& visit,
             const platform::FileSystem::NameFilter& wanted = {}) const;
-  // As platform::FileSystem::Open and FolderIdentity.
+  // As the calls of platform::FileSystem of these names.
   std::unique_ptr<platform::OpenFolder> Open(TextView path) const;
   std::optional<Text> FolderIdentity(TextView path) const;
+  std::vector<Text> Lineage(TextView path) const;
+  std::unique_ptr<platform::FoundItem> OpenFound(TextView start, TextView below) const;
   void CreateFolder(TextView path) const;
   // An empty file, its handle dropped at once.
   void CreateTextFile(TextView path, bool overwrite) const;

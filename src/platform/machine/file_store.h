@@ -37,7 +37,8 @@ struct LinkTarget {
 enum class MoveResult { Done, Failed, OtherVolume };
 
 // An open folder. It stays the same folder when a folder above gets another name. Names are matched exactly
-// but in Find; no operation follows a link. What fails changes nothing, but for RemoveTree.
+// but in Find; no operation follows a link. What fails changes nothing, but for RemoveTree
+// and RemoveEmptyTree.
 class StoreFolder {
  public:
   virtual ~StoreFolder() = default;
@@ -67,6 +68,8 @@ class StoreFolder {
   virtual bool Remove(TextView name) = 0;
   // A folder with all that lies in it, links in it as such. False when something of it stays.
   virtual bool RemoveTree(TextView name) = 0;
+  // The same, but a file with content and a link stay.
+  virtual bool RemoveEmptyTree(TextView name) = 0;
   // The bytes of a file, or of all files in a folder and below.
   virtual std::optional<uint64_t> TreeSize(TextView name) = 0;
   // Gives a file, link or folder another name or place where nothing stands. `to` is of the same store.

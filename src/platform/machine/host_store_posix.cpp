@@ -163,23 +163,16 @@ class HostFolder : public StoreFolder {
   }
 
   bool RemoveTree(TextView name) override {
-    const std::string raw = ToUtf8(name);
-    // What no listing shows is not to go unseen.
-    const auto isShown = [](int, const std::string& entry) {
-      const std::optional<Text> text = FromUtf8(entry);
-      return text && IsFileName(*text);
-    };
-    if (!WalkHostTree(Get(), raw, isShown, isShown)) return false;
-    const bool gone = WalkHostTree(
-        Get(), raw,
-        [](int folder, const std::string& entry) { return ::unlinkat(folder, entry.c_str(), 0) == 0; },
-        [](int folder, const std::string& entry) {
-          return ::unlinkat(folder, entry.c_str(), AT_REMOVEDIR) == 0;
-        });
-    // The host may give the number of a folder that has gone to a new one.
-    shared_->names.Forget();
-    if (gone) folder_->Removed(name);
-    return gone;
+    return RemoveTree(
+        name, [](int folder, const std::string& entry) { return ::unlinkat(folder, entry.c_str(), 0) == 0; });
+  }
+
+  bool RemoveEmptyTree(TextView name) override {
+    return RemoveTree(name, [](int folder, const std::string& entry) {
+      struct statx facts {};
+      return ReadFacts(folder, entry.c_str(), facts) && S_ISREG(facts.stx_mode) && facts.stx_size == 0 &&
+             ::unlinkat(folder, entry.c_str(), 0) == 0;
+    });
   }
 
   std::optional<uint64_t> TreeSize(TextView name) override {
@@ -220,6 +213,24 @@ class HostFolder : public StoreFolder {
 
  private:
   int Get() const { return folder_->Get(); }
+
+  // `file` removes what is no folder, or leaves it.
+  bool RemoveTree(TextView name, const HostAction& file) {
+    const std::string raw = ToUtf8(name);
+    // What no listing shows is not to go unseen.
+    const auto isShown = [](int, const std::string& entry) {
+      const std::optional<Text> text = FromUtf8(entry);
+      return text && IsFileName(*text);
+    };
+    if (!WalkHostTree(Get(), raw, isShown, isShown)) return false;
+    const bool gone = WalkHostTree(Get(), raw, file, [](int folder, const std::string& entry) {
+      return ::unlinkat(folder, entry.c_str(), AT_REMOVEDIR) == 0;
+    });
+    // The host may give the number of a folder that has gone to a new one.
+    shared_->names.Forget();
+    if (gone) folder_->Removed(name);
+    return gone;
+  }
 
   std::optional<std::string> OtherCase(TextView name) {
     if (!folder_->Watched()) return shared_->names.Find(Get(), name);

@@ -150,29 +150,12 @@ class HostFolder : public StoreFolder {
   }
 
   bool RemoveTree(TextView name) override {
-    bool gone = true;
-    std::vector<std::wstring> pending{Path(name)};
-    std::vector<std::wstring> folders;
-    while (!pending.empty()) {
-      const std::wstring path = std::move(pending.back());
-      pending.pop_back();
-      HostFolder folder(path);
-      std::vector<StoreEntry> entries;
-      gone = folder.Read(entries) && gone;
-      for (const StoreEntry& entry : entries) {
-        if (entry.kind == EntryKind::Folder) {
-          pending.push_back(folder.Path(entry.name));
-        } else {
-          gone = folder.Remove(entry.name) && gone;
-        }
-      }
-      folders.push_back(path);
-    }
-    while (!folders.empty()) {
-      gone = _wrmdir(folders.back().c_str()) == 0 && gone;
-      folders.pop_back();
-    }
-    return gone;
+    return RemoveTree(name, [](const StoreEntry&) { return true; });
+  }
+
+  bool RemoveEmptyTree(TextView name) override {
+    return RemoveTree(
+        name, [](const StoreEntry& entry) { return entry.kind == EntryKind::File && entry.size == 0; });
   }
 
   std::optional<uint64_t> TreeSize(TextView name) override {
@@ -221,6 +204,33 @@ class HostFolder : public StoreFolder {
 
  private:
   std::wstring Path(TextView name) const { return path_ + L'\\' + std::wstring(name.begin(), name.end()); }
+  // Of what is no folder, only what `goes` says is removed.
+  bool RemoveTree(TextView name, const std::function<bool(const StoreEntry& entry)>& goes) {
+    bool gone = true;
+    std::vector<std::wstring> pending{Path(name)};
+    std::vector<std::wstring> folders;
+    while (!pending.empty()) {
+      const std::wstring path = std::move(pending.back());
+      pending.pop_back();
+      HostFolder folder(path);
+      std::vector<StoreEntry> entries;
+      gone = folder.Read(entries) && gone;
+      for (const StoreEntry& entry : entries) {
+        if (entry.kind == EntryKind::Folder) {
+          pending.push_back(folder.Path(entry.name));
+        } else {
+          gone = goes(entry) && folder.Remove(entry.name) && gone;
+        }
+      }
+      folders.push_back(path);
+    }
+    while (!folders.empty()) {
+      gone = _wrmdir(folders.back().c_str()) == 0 && gone;
+      folders.pop_back();
+    }
+    return gone;
+  }
+
   bool Is(TextView name, EntryKind kind) {
     const std::optional<StoreEntry> entry = Find(name);
     return entry && entry->kind == kind;

@@ -64,6 +64,17 @@ std::optional<Text> MachineFileSystem::FolderIdentity(TextView path) {
   return place ? std::optional(std::move(place->realPath)) : std::nullopt;
 }
 
+std::vector<Text> MachineFileSystem::Lineage(TextView path) {
+  std::vector<Text> lineage;
+  const std::optional<Text> real = FolderIdentity(path);
+  std::optional<MachinePath> folder = real ? ReadMachinePath(*real) : std::nullopt;
+  if (!folder) return lineage;
+  for (;; folder->names.pop_back()) {
+    lineage.push_back(folder->ToText());
+    if (folder->names.empty()) return lineage;
+  }
+}
+
 class MachineFileSystem::Opened : public platform::OpenFolder {
  public:
   Opened(MachineFileSystem& files, FolderPlace place) : files_(files), place_(std::move(place)) {}
@@ -155,11 +166,15 @@ bool MachineFileSystem::AppendToFile(TextView path, std::string_view content) {
 
 bool MachineFileSystem::DeleteFile(TextView path, bool force) {
   const std::optional<Place> place = finder_.Find(path, Last::Itself);
-  if (!place || place->root || !(place->IsFile() || place->IsLink())) return false;
-  if (!force && IsReadOnly(*place)) return false;
-  if (place->IsLink() && finder_.LeadsToFolder(place->realPath)) return false;
-  if (!place->parent->Remove(place->storeName)) return false;
-  attributes_.Erase(place->realPath);
+  return place && !place->root && DeleteFile(*place, force);
+}
+
+bool MachineFileSystem::DeleteFile(const Place& place, bool force) {
+  if (!(place.IsFile() || place.IsLink())) return false;
+  if (!force && IsReadOnly(place)) return false;
+  if (place.IsLink() && finder_.LeadsToFolder(place.realPath)) return false;
+  if (!place.parent->Remove(place.storeName)) return false;
+  attributes_.Erase(place.realPath);
   return true;
 }
 
@@ -188,24 +203,57 @@ bool MachineFileSystem::DeleteFolder(TextView path, bool force) {
 
 bool MachineFileSystem::MoveFile(TextView source, TextView destination) {
   const std::optional<Place> from = finder_.Find(source, Last::Itself);
-  if (!from || !(from->IsFile() || from->IsLink())) return false;
-  if (from->IsLink() && finder_.LeadsToFolder(from->realPath)) return false;
+  return from && MoveFile(*from, destination);
+}
+
+bool MachineFileSystem::MoveFile(const Place& from, TextView destination) {
+  if (!(from.IsFile() || from.IsLink())) return false;
+  if (from.IsLink() && finder_.LeadsToFolder(from.realPath)) return false;
   const std::optional<Place> to = finder_.Find(destination, Last::Itself, true);
   if (!to || to->entry) return false;
-  switch (from->parent->Move(from->storeName, *to->parent, to->storeName)) {
+  switch (from.parent->Move(from.storeName, *to->parent, to->storeName)) {
     case MoveResult::Failed:
       return false;
     case MoveResult::OtherVolume:
-      if (!from->IsFile() || !from->parent->Copy(from->storeName, *to->parent, to->storeName)) return false;
-      if (from->parent->Remove(from->storeName)) break;
+      if (!from.IsFile() || !from.parent->Copy(from.storeName, *to->parent, to->storeName)) return false;
+      if (from.parent->Remove(from.storeName)) break;
       to->parent->Remove(to->storeName);
       return false;
     case MoveResult::Done:
       break;
   }
   attributes_.Erase(to->realPath);
-  attributes_.Move(from->realPath, to->realPath);
+  attributes_.Move(from.realPath, to->realPath);
   return true;
+}
+
+class MachineFileSystem::Found : public platform::FoundItem {
+ public:
+  Found(MachineFileSystem& files, Place place) : files_(files), place_(std::move(place)) {}
+
+  bool IsFolder() const override { return place_.IsFolder(); }
+  bool DeleteFile() override { return files_.DeleteFile(place_, true); }
+  bool MoveFileTo(TextView destination) override { return files_.MoveFile(place_, destination); }
+  void LeaveToShell() override {}
+
+  bool DeleteEmptyFolder() override {
+    if (place_.IsFolder() ? !place_.parent->RemoveEmptyTree(place_.storeName)
+                          : !place_.IsLink() || !files_.finder_.LeadsToFolder(place_.realPath) ||
+                                !place_.parent->Remove(place_.storeName)) {
+      return false;
+    }
+    files_.attributes_.Erase(place_.realPath);
+    return true;
+  }
+
+ private:
+  MachineFileSystem& files_;
+  const Place place_;
+};
+
+std::unique_ptr<platform::FoundItem> MachineFileSystem::OpenFound(TextView start, TextView below) {
+  std::optional<Place> place = finder_.FindBelow(start, below);
+  return place ? std::make_unique<Found>(*this, *std::move(place)) : nullptr;
 }
 
 bool MachineFileSystem::SetAttributes(TextView path, uint32_t attributes) {

@@ -24,6 +24,8 @@ class MachineFileSystem : public platform::FileSystem {
   bool FolderExists(TextView path) override;
   std::unique_ptr<platform::OpenFolder> Open(TextView folder) override;
   std::optional<Text> FolderIdentity(TextView path) override;
+  std::vector<Text> Lineage(TextView path) override;
+  std::unique_ptr<platform::FoundItem> OpenFound(TextView start, TextView below) override;
   bool CreateFolder(TextView path) override;
   bool CreateTextFile(TextView path, bool overwrite) override;
   std::optional<std::string> ReadFile(TextView path) override;
@@ -46,6 +48,7 @@ class MachineFileSystem : public platform::FileSystem {
 
  private:
   class Opened;
+  class Found;
   using Last = PathFinder::Last;
 
   bool IsReadOnly(const Place& place) const;
@@ -53,6 +56,8 @@ class MachineFileSystem : public platform::FileSystem {
   bool HoldsReadOnly(const Place& folder);
   // The place of a file to write or of a new one; nothing where anything else stands.
   std::optional<Place> FindForWriting(TextView path);
+  bool DeleteFile(const Place& place, bool force);
+  bool MoveFile(const Place& from, TextView destination);
   // A new file has no attributes.
   bool Made(const Place& place, bool made);
 

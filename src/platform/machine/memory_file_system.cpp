@@ -57,6 +57,27 @@ class FaultyFolder : public platform::OpenFolder {
   std::unique_ptr<platform::OpenFolder> folder_;
 };
 
+class FaultyItem : public platform::FoundItem {
+ public:
+  FaultyItem(Faults& faults, Text path, std::unique_ptr<platform::FoundItem> item)
+      : faults_(faults), path_(std::move(path)), item_(std::move(item)) {}
+
+  bool IsFolder() const override { return item_->IsFolder(); }
+  bool DeleteFile() override { return !faults_.Hit(u"DeleteFile", path_) && item_->DeleteFile(); }
+  bool DeleteEmptyFolder() override {
+    return !faults_.Hit(u"DeleteFolder", path_) && item_->DeleteEmptyFolder();
+  }
+  bool MoveFileTo(TextView destination) override {
+    return !faults_.Hit(u"MoveFile", path_) && item_->MoveFileTo(destination);
+  }
+  void LeaveToShell() override { item_->LeaveToShell(); }
+
+ private:
+  Faults& faults_;
+  const Text path_;
+  std::unique_ptr<platform::FoundItem> item_;
+};
+
 }  // namespace
 
 void MemoryFileSystem::AddFile(TextView path, const FileSeed& seed) {
@@ -97,6 +118,11 @@ std::unique_ptr<platform::OpenFolder> MemoryFileSystem::Open(TextView folder) {
   auto opened = MachineFileSystem::Open(folder);
   return opened != nullptr ? std::make_unique<FaultyFolder>(faults, Text(folder), std::move(opened))
                            : nullptr;
+}
+std::unique_ptr<platform::FoundItem> MemoryFileSystem::OpenFound(TextView start, TextView below) {
+  const Text path = Below(start, below);
+  auto item = faults.Hit(u"OpenFound", path) ? nullptr : MachineFileSystem::OpenFound(start, below);
+  return item != nullptr ? std::make_unique<FaultyItem>(faults, path, std::move(item)) : nullptr;
 }
 bool MemoryFileSystem::CreateFolder(TextView path) {
   return !faults.Hit(u"CreateFolder", path) && MachineFileSystem::CreateFolder(path);

@@ -110,6 +110,13 @@ class MemoryFolder : public StoreFolder {
     return Erase(name);
   }
 
+  bool RemoveEmptyTree(TextView name) override {
+    Node* found = Child(name);
+    if (faults_.Hit(u"RemoveTree", name) || found == nullptr || found->kind != EntryKind::Folder)
+      return false;
+    return RemoveEmpty(*found) && Erase(name);
+  }
+
   std::optional<uint64_t> TreeSize(TextView name) override {
     const Node* found = Child(name);
     if (found == nullptr) return std::nullopt;
@@ -159,6 +166,16 @@ class MemoryFolder : public StoreFolder {
     node->parent = node_;
     node_->modified = Now();
     return true;
+  }
+
+  // Takes out of a folder what is empty. Whether nothing is left in it.
+  static bool RemoveEmpty(Node& folder) {
+    std::erase_if(folder.children, [](const auto& child) {
+      const Node& node = *child.second;
+      return node.kind == EntryKind::Folder ? RemoveEmpty(*child.second)
+                                            : node.kind == EntryKind::File && node.size == 0;
+    });
+    return folder.children.empty();
   }
 
   bool Erase(TextView name) {

@@ -177,6 +177,35 @@ std::optional<Place> PathFinder::Finish(Walk& walk, const Text& name, std::optio
   return place;
 }
 
+std::optional<Place> PathFinder::FindBelow(TextView start, TextView below) {
+  std::optional<FolderPlace> from = FindFolder(start);
+  if (!from || from->folder == nullptr) return std::nullopt;
+  const std::optional<MachinePath> above = ReadMachinePath(from->realPath);
+  std::optional<MachinePath> whole = ReadMachinePath(Concat(from->realPath, u"\\", below));
+  if (!above || !whole || whole->names.size() <= above->names.size()) return std::nullopt;
+  const auto first = whole->names.begin() + static_cast<std::ptrdiff_t>(above->names.size());
+  Place place;
+  place.name = whole->names.back();
+  // Mostly the names stand as they are written.
+  std::vector<Text> names = RootNames(whole->drive);
+  names.insert(names.end(), whole->names.begin(), whole->names.end() - 1);
+  place.parent = store_.Open(names);
+  if (place.parent == nullptr) {
+    place.parent = std::move(from->folder);
+    for (auto name = first; name + 1 != whole->names.end(); ++name) {
+      const std::optional<StoreEntry> entry = place.parent->Find(*name);
+      place.parent = entry ? place.parent->Open(entry->name) : nullptr;
+      if (place.parent == nullptr) return std::nullopt;
+      *name = entry->name;
+    }
+  }
+  place.entry = place.parent->Find(place.name);
+  if (!place.entry) return std::nullopt;
+  place.storeName = place.name = whole->names.back() = place.entry->name;
+  place.path = place.realPath = whole->ToText();
+  return place;
+}
+
 bool PathFinder::LeadsToFolder(TextView link) {
   const std::optional<Place> target = Find(link, Last::Followed);
   return target && target->IsFolder();

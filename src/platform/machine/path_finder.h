@@ -48,6 +48,9 @@ class PathFinder {
   std::optional<Place> Find(TextView path, Last last, bool make = false);
   // The folder that a path leads to. Nothing when it leads to none.
   std::optional<FolderPlace> FindFolder(TextView path);
+  // What stands at the names `below` under a folder. That folder is found as FindFolder does it; below it no
+  // link is followed. Nothing when a name before the last is no folder, or the last one is missing.
+  std::optional<Place> FindBelow(TextView start, TextView below);
   // Whether a link leads to a folder of the machine.
   bool LeadsToFolder(TextView link);
 

@@ -72,6 +72,10 @@ std::optional<Text> WindowsFileSystem::FolderIdentity(TextView path) {
   return NormalPath(path).and_then([](const Text& normal) { return ReadFolderIdentity(normal); });
 }
 
+std::vector<Text> WindowsFileSystem::Lineage(TextView) { return {}; }
+
+std::unique_ptr<platform::FoundItem> WindowsFileSystem::OpenFound(TextView, TextView) { return nullptr; }
+
 bool WindowsFileSystem::CreateFolder(TextView path) {
   const std::optional<Text> normal = NormalPath(path);
   return normal && CreateDirectoryW(Wide(ExtendedPath(*normal)), nullptr);
