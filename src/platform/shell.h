@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <vector>
 
 #include "text/text.h"
 
@@ -43,6 +44,11 @@ class Shell {
   virtual std::optional<Text> SpecialFolderByName(TextView name) = 0;
   virtual std::optional<Text> UserTempFolder() = 0;
   virtual std::optional<Text> SystemTempFolder() = 0;
+  // Every folder that the system names: the Windows folder, the temporary folders, what the routines above
+  // answer, and on Windows each known folder of the machine and of all its users. Each once, letter case
+  // aside, in no order of meaning, without a backslash at the end but a drive's. Nothing is made or looked
+  // for: a folder may be missing. What can't be told is left out.
+  virtual std::vector<Text> NamedFolders() = 0;
 
   virtual std::optional<Text> EnvironmentVariable(TextView name) = 0;
   // `%NAME%` replaced where such a variable is set, and left as it stands otherwise.

@@ -1,5 +1,10 @@
 #include "contract/shell_contract.h"
 
+#include <algorithm>
+#include <set>
+
+#include "text/letter_case.h"
+
 namespace tavix::contract {
 
 GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(ShellContract);
@@ -67,6 +72,44 @@ TEST_P(ShellContract, KnowsTheSpecialFolders) {
   EXPECT_FALSE(shell.SpecialFolderByNumber(-1));
   for (const TextView name : {u"", u"None", u"99", u"-1", u"1x"})
     EXPECT_FALSE(shell.SpecialFolderByName(name));
+}
+
+TEST_P(ShellContract, NamesTheFoldersThatItsOtherAnswersName) {
+  const std::vector<Text> named = shell.NamedFolders();
+  const auto expectNamed = [&named](const std::optional<Text>& folder) {
+    ASSERT_TRUE(folder);
+    EXPECT_TRUE(std::ranges::any_of(named, [&folder](TextView one) {
+      return EqualIgnoringCase(one, *folder);
+    })) << testing::PrintToString(*folder);
+  };
+  expectNamed(shell.EnvironmentVariable(u"WinDir"));
+  for (const int number : {32, 33, 34, 9966}) expectNamed(shell.SpecialFolderByNumber(number));
+  for (const TextView name :
+       {u"Recent", u"Fonts", u"AllUsersPrograms", u"Programs", u"0", u"1", u"5", u"10", u"11"}) {
+    expectNamed(shell.SpecialFolderByName(name));
+  }
+  expectNamed(shell.UserTempFolder());
+  expectNamed(shell.SystemTempFolder());
+}
+
+TEST_P(ShellContract, NamesEachFolderOnceAndWithoutABackslashAtItsEnd) {
+  std::set<Text, LessIgnoringCase> seen;
+  for (const Text& folder : shell.NamedFolders()) {
+    EXPECT_GE(folder.size(), 3U);
+    EXPECT_TRUE(folder.size() == 3 || folder.back() != u'\\') << testing::PrintToString(folder);
+    EXPECT_TRUE(seen.insert(folder).second) << testing::PrintToString(folder);
+  }
+  EXPECT_FALSE(seen.empty());
+}
+
+TEST_P(ShellContract, MakesNoFolderByNamingIt) {
+  std::vector<Text> missing;
+  for (const Text& folder : shell.NamedFolders()) {
+    if (!files.FolderExists(folder)) missing.push_back(folder);
+  }
+  shell.NamedFolders();
+  for (const Text& folder : missing)
+    EXPECT_FALSE(files.FolderExists(folder)) << testing::PrintToString(folder);
 }
 
 TEST_P(ShellContract, ExpandsVariables) {

@@ -19,6 +19,8 @@ class MachineFacts {
       : ini_(std::move(ini)), store_(store), drives_(ReadDrives(ini_)) {}
 
   std::optional<Text> Value(TextView section, TextView key) const { return ini_.Value(section, key); }
+  // All of a section, in the order of the file.
+  const std::vector<MachineIni::Entry>& Entries(TextView section) const { return ini_.Entries(section); }
   // Sets a fact, here and in machine.ini where there is one, which keeps all else it holds.
   void Set(TextView section, TextView key, TextView value);
 

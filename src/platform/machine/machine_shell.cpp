@@ -1,10 +1,23 @@
 #include "platform/machine/machine_shell.h"
 
+#include <set>
+
 #include "platform/machine/shortcut.h"
 #include "platform/recycle_bin_text.h"
+#include "text/letter_case.h"
 #include "text/utf8.h"
 
 namespace tavix::machine {
+namespace {
+
+// Without the backslash at the end, but for a drive's root.
+Text WithoutEnd(Text folder) {
+  constexpr size_t kDriveRootLength = 3;
+  if (folder.size() > kDriveRootLength && folder.back() == u'\\') folder.pop_back();
+  return folder;
+}
+
+}  // namespace
 
 bool MachineShell::Exists(TextView path) { return files_.FileExists(path) || files_.FolderExists(path); }
 
@@ -59,9 +72,7 @@ bool MachineShell::DeleteAtRestart(TextView path) {
 }
 
 std::optional<Text> MachineShell::Folder(TextView section, TextView key) const {
-  std::optional<Text> folder = facts_.Value(section, key);
-  if (folder && folder->size() > 3 && folder->back() == u'\\') folder->pop_back();
-  return folder;
+  return facts_.Value(section, key).transform(WithoutEnd);
 }
 
 std::optional<Text> MachineShell::SpecialFolderByNumber(int number) {
@@ -79,6 +90,18 @@ std::optional<Text> MachineShell::UserTempFolder() {
 
 std::optional<Text> MachineShell::SystemTempFolder() {
   return faults.Hit(u"SystemTempFolder", {}) ? std::nullopt : Folder(u"Temporary Folders", u"System");
+}
+
+std::vector<Text> MachineShell::NamedFolders() {
+  std::set<Text, LessIgnoringCase> folders;
+  const auto add = [&folders](const Text& folder) {
+    if (!folder.empty()) folders.insert(WithoutEnd(folder));
+  };
+  if (const auto windows = facts_.Value(u"Environment", u"WinDir")) add(*windows);
+  for (const TextView section : {u"Folders", u"Special Folders", u"Temporary Folders"}) {
+    for (const MachineIni::Entry& entry : facts_.Entries(section)) add(entry.second);
+  }
+  return {folders.begin(), folders.end()};
 }
 
 std::optional<Text> MachineShell::EnvironmentVariable(TextView name) {

@@ -2,8 +2,10 @@
 
 #include "platform/recycle_bin_text.h"
 #include "platform/windows/command_line.h"
+#include "platform/windows/environment.h"
 #include "platform/windows/file_content.h"
 #include "platform/windows/file_facts.h"
+#include "platform/windows/named_folders.h"
 #include "platform/windows/shell_folders.h"
 #include "platform/windows/shell_link.h"
 #include "platform/windows/wide.h"
@@ -109,35 +111,10 @@ std::optional<Text> WindowsShell::SpecialFolderByNumber(int number) { return Fol
 std::optional<Text> WindowsShell::SpecialFolderByName(TextView name) { return FolderByName(name); }
 std::optional<Text> WindowsShell::UserTempFolder() { return UserTemp(); }
 std::optional<Text> WindowsShell::SystemTempFolder() { return SystemTemp(); }
+std::vector<Text> WindowsShell::NamedFolders() { return AllNamedFolders(); }
 
-std::optional<Text> WindowsShell::EnvironmentVariable(TextView name) {
-  if (name.empty() || HasNul(name)) return std::nullopt;
-  const Text variable(name);
-  Text value(MAX_PATH, u'\0');
-  for (;;) {
-    SetLastError(ERROR_SUCCESS);
-    const DWORD length =
-        GetEnvironmentVariableW(Wide(variable), WideBuffer(value.data()), static_cast<DWORD>(value.size()));
-    if (length == 0 && GetLastError() != ERROR_SUCCESS) return std::nullopt;
-    const bool fits = length < value.size();
-    value.resize(length);
-    if (fits) return value;
-  }
-}
-
-Text WindowsShell::ExpandEnvironment(TextView text) {
-  Text plain(text);
-  if (text.find(u'%') == TextView::npos || HasNul(text)) return plain;
-  Text expanded;
-  for (;;) {
-    const DWORD length = ExpandEnvironmentStringsW(Wide(plain), WideBuffer(expanded.data()),
-                                                   static_cast<DWORD>(expanded.size()));
-    if (length == 0) return plain;
-    const bool fits = length <= expanded.size();
-    expanded.resize(fits ? length - 1 : length);
-    if (fits) return expanded;
-  }
-}
+std::optional<Text> WindowsShell::EnvironmentVariable(TextView name) { return Variable(name); }
+Text WindowsShell::ExpandEnvironment(TextView text) { return ExpandVariables(text); }
 
 std::optional<Text> WindowsShell::ShortcutTarget(TextView path) {
   return NormalPath(path)

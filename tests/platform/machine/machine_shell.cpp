@@ -1,5 +1,6 @@
 #include "platform/machine/machine_shell.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "platform/machine/memory_host.h"
@@ -88,6 +89,21 @@ TEST_F(MachineShellTest, AnswersFromTheFacts) {
   EXPECT_EQ(host.shell.UserTempFolder(), u"C:\\Temp");
   EXPECT_EQ(host.shell.SystemTempFolder(), u"C:\\Windows\\Temp");
   EXPECT_EQ(host.shell.EnvironmentVariable(u"windir"), u"C:\\Windows");
+}
+
+TEST_F(MachineShellTest, NamesEveryFolderOfTheFactsOnce) {
+  EXPECT_THAT(host.shell.NamedFolders(), testing::IsEmpty());
+  host.facts.Set(u"Environment", u"WinDir", u"C:\\Windows\\");
+  host.facts.Set(u"Environment", u"USERNAME", u"Ann");
+  host.facts.Set(u"Folders", u"32", u"C:\\Cache\\");
+  host.facts.Set(u"Folders", u"40", u"C:\\Users\\Ann");
+  host.facts.Set(u"Special Folders", u"Recent", u"C:\\Recent");
+  host.facts.Set(u"Special Folders", u"7", u"c:\\recent");
+  host.facts.Set(u"Special Folders", u"8", u"");
+  host.facts.Set(u"Temporary Folders", u"User", u"D:\\");
+  EXPECT_THAT(
+      host.shell.NamedFolders(),
+      testing::UnorderedElementsAre(u"C:\\Windows", u"C:\\Cache", u"C:\\Users\\Ann", u"C:\\Recent", u"D:\\"));
 }
 
 TEST_F(MachineShellTest, ExpandsVariablesThatAreSet) {
