@@ -55,11 +55,11 @@ class AdvancedWalk {
     if (!visit.empty && !visit.content.WasRead() && !fileSystemObject.FolderExists(path)) return false;
     frmPubMain.lblProgS.Caption = Concat(u"Scanning in '", shown, u"', please wait...");
     if (visit.empty) {
-      if (Holds(funcs_, kEmptyFoldersAndFiles)) AddEmptyFolderRow(path);
+      if (Holds(funcs_, kEmptyFoldersAndFiles)) AddEmptyFolderRow(path, chain_.StartLength());
       return true;
     }
     junk_.Update();
-    FolderFunctions(path, visit.content, funcs_).Run(junk_, system_);
+    FolderFunctions(path, chain_.StartLength(), visit.content, funcs_).Run(junk_, system_);
     if (recurse_) AddSubFolders(visit.content);
     return true;
   }

@@ -20,6 +20,8 @@ void AddMemberRow(const File& file, bool first) {
   const auto folder = file.ParentFolder().and_then([](const Folder& parent) { return parent.Path(); });
   ListView::Item row = AddResultItem(u"Duplicate File", file.Name(), size.transform(FormatSizeText), folder,
                                      size.transform(FormatSizeKey), u"F", !first);
+  // A file names the path, and it says nothing of where a walk began.
+  SetWalkStart(row, 0);
   if (first) row.SetForeColor(kKeptCopy);
 }
 

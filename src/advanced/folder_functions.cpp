@@ -40,9 +40,10 @@ bool ReachesLeastSize(const File& file) {
 
 bool Holds(TextView funcs, TextView function) { return funcs.contains(Concat(u"|", function, u"|")); }
 
-void AddEmptyFolderRow(TextView path) {
+void AddEmptyFolderRow(TextView path, size_t startLength) {
   const TextView name = path.substr(path.find_last_of(u'\\') + 1);
-  AddResultItem(u"Empty Folder", name, kZeroSize, FolderOf(path), kNoSizeKey, u"P");
+  SetWalkStart(AddResultItem(u"Empty Folder", name, kZeroSize, FolderOf(path), kNoSizeKey, u"P"),
+               startLength);
 }
 
 void FolderFunctions::Run(const JunkMatcher& junk, FileNames& system) {
@@ -61,12 +62,14 @@ void FolderFunctions::Open(const File& file) {
   opened_ = true;
 }
 
+void FolderFunctions::AddRow(TextView type, std::optional<TextView> name, std::optional<TextView> size,
+                             std::optional<TextView> sizeKey) const {
+  SetWalkStart(AddResultItem(type, name, size, path_, sizeKey, u"F"), startLength_);
+}
+
 void FolderFunctions::AddFileRow(TextView type) const {
-  if (!opened_) {
-    AddResultItem(type, std::nullopt, std::nullopt, path_, std::nullopt, u"F");
-    return;
-  }
-  AddResultItem(type, file_.name, FormatSizeText(file_.size), path_, FormatSizeKey(file_.size), u"F");
+  if (!opened_) return AddRow(type, std::nullopt, std::nullopt, std::nullopt);
+  AddRow(type, file_.name, FormatSizeText(file_.size), FormatSizeKey(file_.size));
 }
 
 // A name that fits patterns of two lists has a row for each.
@@ -122,7 +125,7 @@ void FolderFunctions::TestEachFile(bool collectDuplicates) {
     file_ = content_.FileAt(i);
     opened_ = file_.known;
     if (findEmpty && opened_ && file_.size == 0 && !file_.link) {
-      AddResultItem(u"Empty File", file_.name, kZeroSize, path_, kNoSizeKey, u"F");
+      AddRow(u"Empty File", file_.name, kZeroSize, kNoSizeKey);
     }
     // Some disks keep no such time.
     if (findOld && opened_ && days && file_.accessed != 0) {

@@ -16,14 +16,16 @@ constexpr TextView kJunkFiles = u"Junk Files";
 // Whether the list, with a bar around each function, holds this one.
 bool Holds(TextView funcs, TextView function);
 
-// The row of a folder that adds up to zero bytes.
-void AddEmptyFolderRow(TextView path);
+// The row of a folder that adds up to zero bytes. The walk began at the folder that the first `startLength`
+// characters of the path name.
+void AddEmptyFolderRow(TextView path, size_t startLength);
 
 // Applies the functions that look at files to one folder, one function after the other.
 class FolderFunctions {
  public:
-  FolderFunctions(TextView path, const FolderContent& content, TextView funcs)
-      : path_(path), content_(content), funcs_(funcs) {}
+  // The walk began at the folder that the first `startLength` characters of the path name.
+  FolderFunctions(TextView path, size_t startLength, const FolderContent& content, TextView funcs)
+      : path_(path), startLength_(startLength), content_(content), funcs_(funcs) {}
 
   // `system` stays the same for all folders of a walk.
   void Run(const JunkMatcher& junk, FileNames& system);
@@ -32,6 +34,8 @@ class FolderFunctions {
   using File = FolderContent::File;
 
   void Open(const File& file);
+  void AddRow(TextView type, std::optional<TextView> name, std::optional<TextView> size,
+              std::optional<TextView> sizeKey) const;
   void AddFileRow(TextView type) const;
   void FindJunk(const JunkMatcher& junk);
   void CollectCommonTypes();
@@ -40,6 +44,7 @@ class FolderFunctions {
   void TestEachFile(bool collectDuplicates);
 
   const Text path_;
+  const size_t startLength_;
   const FolderContent& content_;
   const TextView funcs_;
   // The file opened last. One that can't be opened leaves it.

@@ -25,69 +25,79 @@ namespace {
 // A row's fields, taken before the list changes.
 struct Finding {
   Text tag;
-  Text path;  // location and name
-  Text name;
+  FoundPlace place;  // without a name the path would be that of the folder
   Text size;
 };
 
+// One clean: what its rows share.
+struct Clean {
+  Removal removal;
+};
+
 // Whether the row is dealt with and goes.
-using Execute = bool (*)(const Finding& finding, TextView payload);
+using Execute = bool (*)(Clean& clean, const Finding& finding, TextView payload);
 
 // What the system would take for something else is left alone, and its row stays.
-bool CleanNamedFile(const Finding&, TextView path) {
+bool CleanFileAt(Clean& clean, const FoundPlace& place) {
+  const Text path = place.Path();
   if (!HasPlainNames(path)) return false;
-  RemoveFileByMethod(path);
+  if (!place.name.empty()) clean.removal.RemoveFile(place);
   return !fileSystemObject.FileExists(path);
 }
 
-bool CleanFile(const Finding& finding, TextView) {
-  // Without a name the path would be that of the folder.
-  if (!finding.name.empty()) return CleanNamedFile(finding, finding.path);
-  return !fileSystemObject.FileExists(finding.path);
+bool CleanFile(Clean& clean, const Finding& finding, TextView) { return CleanFileAt(clean, finding.place); }
+
+// The file lies in the very folder that its function names.
+bool CleanNamedFile(Clean& clean, const Finding&, TextView path) {
+  const size_t cut = path.find_last_of(u'\\');
+  if (cut == TextView::npos) return !fileSystemObject.FileExists(path);
+  return CleanFileAt(clean, {Text(path.substr(0, cut)), Text(path.substr(cut + 1)), cut});
 }
 
-bool CleanFolder(const Finding& finding, TextView) {
-  if (!HasPlainNames(finding.path)) return false;
-  if (!finding.name.empty()) RemoveFolderByMethod(finding.path);
-  return !fileSystemObject.FolderExists(finding.path);
+bool CleanFolder(Clean& clean, const Finding& finding, TextView) {
+  const Text path = finding.place.Path();
+  if (!HasPlainNames(path)) return false;
+  if (!finding.place.name.empty()) clean.removal.RemoveFolder(finding.place);
+  return !fileSystemObject.FolderExists(path);
 }
 
-bool DeleteRegistryKey(const Finding&, TextView payload) {
+bool DeleteRegistryKey(Clean&, const Finding&, TextView payload) {
   const RegistryTarget target = ReadRegistryTarget(payload);
   if (target.key) pubRegistry.DeleteKey(target.hive, *target.key);
   return true;
 }
 
-bool DeleteRegistryValue(const Finding&, TextView payload) {
+bool DeleteRegistryValue(Clean&, const Finding&, TextView payload) {
   const RegistryTarget target = ReadRegistryTarget(payload);
   int status = 0;
   if (target.value) pubRegistry.DeleteValue(target.hive, *target.key, *target.value, status);
   return true;
 }
 
-bool DeleteRegistryValues(const Finding& finding, TextView payload) {
-  for (const TextView piece : SplitRegistryTargets(payload)) DeleteRegistryValue(finding, piece);
+bool DeleteRegistryValues(Clean& clean, const Finding& finding, TextView payload) {
+  for (const TextView piece : SplitRegistryTargets(payload)) DeleteRegistryValue(clean, finding, piece);
   return true;
 }
 
 constexpr int kMaximized = 3;
 
-bool RunCommand(const Finding&, TextView payload) {
+bool RunCommand(Clean&, const Finding&, TextView payload) {
   pubSystem.RunTarget(payload, kMaximized);
   return true;
 }
 
-bool MarkForRestart(const Finding& finding, TextView) {
-  if (HasPlainNames(finding.path)) pubSystem.DeleteAtRestart(finding.path);
+bool MarkForRestart(Clean&, const Finding& finding, TextView) {
+  const Text path = finding.place.Path();
+  if (HasPlainNames(path)) pubSystem.DeleteAtRestart(path);
   return true;
 }
 
-bool EmptyBins(const Finding&, TextView) {
+bool EmptyBins(Clean&, const Finding&, TextView) {
   pubSystem.EmptyRecycleBin(frmPubMain.hWnd, 0);
   return true;
 }
 
-bool ClearLog(const Finding&, TextView payload) {
+bool ClearLog(Clean&, const Finding&, TextView payload) {
   ClearSystemLog(payload);
   return true;
 }
@@ -113,17 +123,17 @@ constexpr std::array kKinds = {
 
 // What stays in the list is a file or folder that still stands. A tag of an unknown kind, or without the
 // payload that its kind needs, has nothing to be done and its row goes.
-bool ExecuteFinding(const Finding& finding) {
+bool ExecuteFinding(Clean& clean, const Finding& finding) {
   const Action action = ReadAction(finding.tag);
   const auto* kind = std::ranges::find(kKinds, action.kind, &Kind::name);
   if (kind == kKinds.end() || (kind->needsPayload && !action.payload)) return true;
-  return kind->execute(finding, action.payload.value_or(u""));
+  return kind->execute(clean, finding, action.payload.value_or(u""));
 }
 
 Finding ReadRow(int row) {
   const ListView::Item item = frmPubMain.lsvResult.Row(row);
-  const TextView name = item.SubItems(kNameColumn);
-  return {Text(item.Tag()), Concat(item.SubItems(kLocationColumn), u"\\", name), Text(name),
+  return {Text(item.Tag()),
+          {Text(item.SubItems(kLocationColumn)), Text(item.SubItems(kNameColumn)), WalkStart(item).size()},
           Text(item.SubItems(kSizeColumn))};
 }
 
@@ -164,6 +174,7 @@ void sbtClean_Click() {
   form.lsvResult.Enabled = false;
   SetProgressStep(rows);
 
+  Clean clean;
   int32_t cleaned = 0;
   float cleanedSize = 0;
   for (int row = rows; row >= 1; --row) {
@@ -171,7 +182,7 @@ void sbtClean_Click() {
     // While the wait yielded, another clean may have taken rows away.
     if (row > ResultCount() || !form.lsvResult.Row(row).Checked()) continue;
     const Finding finding = ReadRow(row);
-    if (!ExecuteFinding(finding)) continue;
+    if (!ExecuteFinding(clean, finding)) continue;
     ++cleaned;
     if (const auto size = ParseNumber(finding.size)) cleanedSize += static_cast<float>(*size);
     form.lsvResult.Remove(row);

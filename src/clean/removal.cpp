@@ -1,5 +1,8 @@
 #include "clean/removal.h"
 
+#include <memory>
+
+#include "advanced/path_text.h"
 #include "frame/settings.h"
 #include "frame/support/file_system_object.h"
 #include "frame/support/pub_system.h"
@@ -11,33 +14,50 @@ constexpr TextView kDelete = u"D";
 constexpr TextView kRecycle = u"R";
 constexpr TextView kSave = u"S";
 
-Text InBackupFolder(TextView path) {
-  return Concat(BackupFolder, u"\\", path.substr(path.find_last_of(u'\\') + 1));
+Text InBackupFolder(TextView name) { return Concat(BackupFolder, u"\\", name); }
+
+std::unique_ptr<platform::FoundItem> Open(const FoundPlace& place) {
+  TextView below = TextView(place.folder).substr(place.startLength);
+  if (below.starts_with(u'\\')) below.remove_prefix(1);
+  return fileSystemObject.OpenFound(TextView(place.folder).substr(0, place.startLength),
+                                    below.empty() ? place.name : PathBelow(below, place.name));
+}
+
+// The bin takes what stands at the path, so the item is let go no earlier than here.
+void Recycle(platform::FoundItem& item, TextView path) {
+  item.LeaveToShell();
+  pubSystem.DeleteToRecycleBin(path);
 }
 
 }  // namespace
 
-// The bin takes whatever stands there; what has become a folder since it was found isn't that file.
-void RemoveFileByMethod(TextView path) {
+void Removal::RemoveFile(const FoundPlace& place) {
+  const auto item = Open(place);
+  if (item == nullptr || !safeguard_.AllowsFile(place.folder, place.name)) return;
+  const Text path = place.Path();
+  // What has become a folder since it was found isn't that file.
+  if (item->IsFolder() || fileSystemObject.FolderExists(path)) return;
   if (CleaningMethod == kRecycle) {
-    if (!fileSystemObject.FolderExists(path)) pubSystem.DeleteToRecycleBin(path);
+    Recycle(*item, path);
   } else if (CleaningMethod == kDelete) {
-    fileSystemObject.DeleteFile(path, true);
+    item->DeleteFile();
   } else if (CleaningMethod == kSave) {
-    const Text saved = InBackupFolder(path);
-    fileSystemObject.MoveFile(path, fileSystemObject.FileExists(saved) ? saved + u".1" : saved);
+    const Text saved = InBackupFolder(place.name);
+    item->MoveFileTo(fileSystemObject.FileExists(saved) ? saved + u".1" : saved);
   }
 }
 
-void RemoveFolderByMethod(TextView path) {
+void Removal::RemoveFolder(const FoundPlace& place) {
+  const auto item = Open(place);
+  if (item == nullptr || !safeguard_.AllowsFolder(place.folder, place.name)) return;
   if (CleaningMethod == kRecycle) {
-    if (!fileSystemObject.FileExists(path)) pubSystem.DeleteToRecycleBin(path);
+    Recycle(*item, place.Path());
   } else if (CleaningMethod == kDelete) {
-    fileSystemObject.DeleteFolder(path, true);
+    item->DeleteEmptyFolder();
   } else if (CleaningMethod == kSave) {
-    const Text saved = InBackupFolder(path);
+    const Text saved = InBackupFolder(place.name);
     fileSystemObject.CreateFolder(fileSystemObject.FolderExists(saved) ? saved + u".1" : saved);
-    fileSystemObject.DeleteFolder(path, true);
+    item->DeleteEmptyFolder();
   }
 }
 

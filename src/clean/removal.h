@@ -1,16 +1,34 @@
 #pragma once
 
+#include "clean/safeguard.h"
 #include "text/text.h"
 
 namespace tavix::mdlPubSelf {
 
-// Removes a file by the cleaning method in force: deleted, sent to the recycle bin, or moved into the
-// backup folder under its own name, where that is taken under the name with ".1" behind it, and where that
-// is taken too not at all. Any other method does nothing. Whether it has gone is for the caller to look.
-void RemoveFileByMethod(TextView path);
+// Where a row's file or folder lies: the folder where its walk began, and names below it.
+struct FoundPlace {
+  Text folder;             // that it lies in
+  Text name;               // not empty
+  size_t startLength = 0;  // the start is so many characters of `folder`
 
-// The same for a folder. The backup folder gets an empty folder of that name, or of the name with ".1", and
-// the folder is deleted with all its content whether or not that could be made.
-void RemoveFolderByMethod(TextView path);
+  Text Path() const { return Concat(folder, u"\\", name); }
+};
+
+// Removes files and folders by the cleaning method in force: "D" deletes, "R" sends to the recycle bin, "S"
+// saves to the backup folder; any other method does nothing. Nothing that the safeguard keeps is removed, and
+// nothing that is reached through a link below the start. Whether it has gone is for the caller to look. One
+// object serves one clean.
+class Removal {
+ public:
+  // "S" moves a file into the backup folder under its own name, where that is taken under the name with ".1"
+  // added, and where that is taken too not at all.
+  void RemoveFile(const FoundPlace& place);
+  // An empty folder. For "S" the backup folder gets an empty folder of that name, or of the name with ".1",
+  // and the folder is deleted whether or not that could be made.
+  void RemoveFolder(const FoundPlace& place);
+
+ private:
+  Safeguard safeguard_;
+};
 
 }  // namespace tavix::mdlPubSelf

@@ -12,21 +12,23 @@ TextView ListView::Item::SubItems(int column) const { return list_->Field(row_, 
 void ListView::Item::SetSubItems(int column, TextView text) { list_->SetField(row_, column, text); }
 TextView ListView::Item::Tag() const { return list_->Field(row_, kTag); }
 void ListView::Item::SetTag(TextView tag) { list_->SetField(row_, kTag, tag); }
+uint16_t ListView::Item::ItemData() const { return list_->Data(row_).itemData; }
+void ListView::Item::SetItemData(uint16_t data) { list_->Data(row_).itemData = data; }
 bool ListView::Item::Checked() const { return list_->Data(row_).checked; }
 
 void ListView::Item::SetChecked(bool checked) {
-  bool& mark = list_->Data(row_).checked;
-  if (mark == checked) return;
-  mark = checked;
+  RowData& data = list_->Data(row_);
+  if (data.checked == checked) return;
+  data.checked = checked;
   list_->PropertyChanged();
 }
 
 bool ListView::Item::Selected() const { return list_->Data(row_).selected; }
 
 void ListView::Item::SetSelected(bool selected) {
-  bool& mark = list_->Data(row_).selected;
-  if (mark == selected) return;
-  mark = selected;
+  RowData& data = list_->Data(row_);
+  if (data.selected == selected) return;
+  data.selected = selected;
   ++list_->highlightChanges_;
   list_->PropertyChanged();
 }

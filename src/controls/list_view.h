@@ -32,6 +32,9 @@ class ListView : public Control {
     void SetSubItems(int column, TextView text);
     TextView Tag() const;
     void SetTag(TextView tag);
+    // A number that the list keeps with the row and shows nowhere.
+    uint16_t ItemData() const;
+    void SetItemData(uint16_t data);
     bool Checked() const;
     void SetChecked(bool checked);
     // Whether the row is highlighted. Any number of rows can be.
@@ -95,9 +98,10 @@ class ListView : public Control {
   struct RowData {
     std::array<StoredText, kFields> fields;
     Color foreColor = 0;
-    bool hasForeColor = false;
-    bool checked = false;
-    bool selected = false;
+    uint16_t itemData = 0;
+    bool hasForeColor : 1 = false;
+    bool checked : 1 = false;
+    bool selected : 1 = false;
   };
 
   static constexpr uint32_t kNone = UINT32_MAX;

@@ -25,6 +25,7 @@ bool FolderChain::List(const platform::EntryVisitor& visit, const platform::Name
 void FolderChain::Enter(TextView path) {
   path_ = path;
   levels_.push_back({path_.size(), {}});
+  levels_.back().link = true;
 }
 
 void FolderChain::AddSubFolder(const platform::DirectoryEntry& entry) {
@@ -40,38 +41,35 @@ bool FolderChain::GoToNext() {
     path_.resize(level.pathLength);
     if (!path_.ends_with(u'\\')) path_ += u'\\';
     path_ += next.name;
-    const bool turning = turning_.has_value();
-    if (next.link && !MayEnter(path_, next.name)) continue;
+    if (next.link && !MayEnter(path_)) continue;
     levels_.push_back({path_.size(), {}});
-    levels_.back().turns = !turning && turning_;
+    levels_.back().link = next.link;
     return true;
   }
   return false;
 }
 
 void FolderChain::Leave() {
-  if (levels_.back().turns) turning_.reset();
   levels_.pop_back();
   if (!levels_.empty()) path_.resize(levels_.back().pathLength);
 }
 
-bool FolderChain::MayEnter(TextView path, TextView name) {
-  const std::optional<Text> target = fileSystemObject.FolderIdentity(path);
-  if (!target) return true;
-  const bool back = std::ranges::any_of(levels_, [&](Level& level) { return Identity(level) == target; });
-  if (!back) return true;
-  Text link = Concat(Identity(levels_.back()).value_or(Text()), u"\\", name);
-  if (turning_) return *turning_ == link;
-  turning_ = std::move(link);
-  return true;
+// A link to nothing is entered and lists nothing.
+bool FolderChain::MayEnter(TextView link) {
+  std::optional<Text> target = fileSystemObject.FolderIdentity(link);
+  return !target || (!StandsIn(*target) && entered_.insert(*std::move(target)).second);
 }
 
-const std::optional<Text>& FolderChain::Identity(Level& level) {
-  if (!level.identity) {
-    level.identity =
-        fileSystemObject.FolderIdentity(TextView(path_).substr(0, level.pathLength)).value_or(Text());
-  }
-  return level.identity;
+// A folder entered by its name lies in the one above. The first one, and what a link leads to, lie in folders
+// that the chain doesn't name as well.
+bool FolderChain::StandsIn(const Text& folder) {
+  return std::ranges::any_of(levels_, [&](Level& level) {
+    if (level.lineage.empty()) {
+      level.lineage = fileSystemObject.Lineage(TextView(path_).substr(0, level.pathLength));
+      if (!level.link) level.lineage.resize(std::min<size_t>(level.lineage.size(), 1));
+    }
+    return std::ranges::find(level.lineage, folder) != level.lineage.end();
+  });
 }
 
 }  // namespace tavix::mdlPubSelf

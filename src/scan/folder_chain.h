@@ -1,6 +1,7 @@
 #pragma once
 
-#include <optional>
+#include <memory>
+#include <unordered_set>
 #include <vector>
 
 #include "platform/file_system.h"
@@ -11,14 +12,15 @@ namespace tavix::mdlPubSelf {
 // The folders that a walk down a tree stands in, one below the other, each with its subfolders still to be
 // entered. It holds a name for each of them and no more, and a chain may be of any length.
 //
-// A link to a folder is entered like a folder, also one that leads back into a folder of the chain: such a
-// walk goes round until the system refuses the path for its many links. While it goes round, it enters no
-// other link that leads back, or loops would multiply without end.
+// A link to a folder is entered like a folder. It is passed over where the walk stands in its target already,
+// or has entered its target through a link before: such links would lead round and multiply the findings.
 class FolderChain {
  public:
   int Depth() const { return static_cast<int>(levels_.size()); }
   // The innermost folder, no backslash at the end but a drive's.
   const Text& Path() const { return path_; }
+  // How much of the path names the first folder.
+  size_t StartLength() const { return levels_.front().pathLength; }
 
   // Lists the innermost folder, as platform::FileSystem::List does.
   bool List(const platform::EntryVisitor& visit, const platform::NameFilter& wanted);
@@ -43,16 +45,16 @@ class FolderChain {
     std::vector<SubFolder> subFolders;
     size_t next = 0;
     std::unique_ptr<platform::OpenFolder> open = {};  // of the innermost few that were listed
-    std::optional<Text> identity = {};                // once a link made it be asked for
-    bool turns = false;                               // the first that was entered by a link leading back
+    bool link = false;                                // the first folder counts as one
+    std::vector<Text> lineage = {};                   // once a link below made it be asked for
   };
 
-  bool MayEnter(TextView path, TextView name);
-  const std::optional<Text>& Identity(Level& level);
+  bool MayEnter(TextView link);
+  bool StandsIn(const Text& folder);
 
   Text path_;
   std::vector<Level> levels_;
-  std::optional<Text> turning_;  // where the link lies that is being gone round by, and its name
+  std::unordered_set<Text> entered_;  // the targets of all links entered
 };
 
 }  // namespace tavix::mdlPubSelf

@@ -1,10 +1,15 @@
 #include "scan/result_items.h"
 
+#include <algorithm>
+#include <cstdint>
+
 #include "forms/main_form.h"
 #include "text/number.h"
 
 namespace tavix::mdlPubSelf {
 namespace {
+
+constexpr size_t kDriveRootLength = 3;
 
 double Kilobytes(double bytes) { return RoundToTenth(bytes / 1024); }
 
@@ -21,6 +26,20 @@ ListView::Item AddResultItem(TextView type, std::optional<TextView> name, std::o
   if (sizeKey) item.SetSubItems(kSizeKeyColumn, *sizeKey);
   item.SetTag(actionString);
   return item;
+}
+
+// A row keeps the length of what follows the start. One too long to be kept means that the walk began at the
+// drive's root, which is the strictest start.
+void SetWalkStart(ListView::Item item, size_t length) {
+  const size_t location = item.SubItems(kLocationColumn).size();
+  item.SetItemData(
+      static_cast<uint16_t>(std::min<size_t>(location - std::min(length, location), UINT16_MAX)));
+}
+
+TextView WalkStart(const ListView::Item& item) {
+  const TextView location = item.SubItems(kLocationColumn);
+  const size_t rest = item.ItemData();
+  return location.substr(0, rest >= location.size() ? kDriveRootLength : location.size() - rest);
 }
 
 Text FormatSizeText(double bytes) { return FormatGrouped(Kilobytes(bytes)); }

@@ -21,6 +21,12 @@ ListView::Item AddResultItem(TextView type, std::optional<TextView> name, std::o
                              std::optional<TextView> location, std::optional<TextView> sizeKey,
                              TextView actionString, bool checked = true);
 
+// The folder where the walk began that found a row's file or folder, as the first `length` characters of the
+// row's location. A clean follows no link below this folder. Of a row without such a mark, it is the
+// location.
+void SetWalkStart(ListView::Item item, size_t length);
+TextView WalkStart(const ListView::Item& item);
+
 // The size texts of a number of bytes: kilobytes of 1024, rounded to one decimal with ties to even. The
 // one as shown, "1,536.5" or "12.", the other padded so that it sorts as a text, "00001536.5".
 Text FormatSizeText(double bytes);

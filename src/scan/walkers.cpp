@@ -105,11 +105,12 @@ class Walk {
   }
 
   void AddRow(TextView name, const std::optional<FileObject>& file) const {
-    if (!file) {
-      AddResultItem(rules_.type, name, std::nullopt, location_, std::nullopt, u"F");
-      return;
-    }
-    AddResultItem(rules_.type, name, FormatSizeText(file->size), location_, FormatSizeKey(file->size), u"F");
+    const ListView::Item row =
+        file ? AddResultItem(rules_.type, name, FormatSizeText(file->size), location_,
+                             FormatSizeKey(file->size), u"F")
+             : AddResultItem(rules_.type, name, std::nullopt, location_, std::nullopt, u"F");
+    // The first folder may bear another spelling of its path.
+    if (chain_.Depth() > 1) SetWalkStart(row, chain_.StartLength());
   }
 
   const Rules rules_;

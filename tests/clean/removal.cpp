@@ -1,6 +1,8 @@
 #include "clean/removal.h"
 
+#include "advanced/advanced_walker.h"
 #include "clean/clean_test.h"
+#include "scan/walkers.h"
 
 namespace tavix::mdlPubSelf {
 namespace {
@@ -83,15 +85,43 @@ TEST_F(Removal, ASavedFolderTakesTheSuffixOneAndGoesEvenWithoutACopy) {
   EXPECT_FALSE(FolderThere(u"C:\\Work\\empty"));
 }
 
-TEST_F(Removal, AFolderOfAnotherContentThanExpectedGoesWithIt) {
-  CleaningMethod = u"D";
-  AddFolderRow(u"full");
-  machine.files.AddFile(u"C:\\Work\\full\\inner\\x.txt", {.attributes = platform::kReadOnly});
-  frmPubMain.sbtClean.Click();
-  EXPECT_FALSE(FolderThere(u"C:\\Work\\full"));
+TEST_F(Removal, AFolderThatWasFilledSinceTheScanStaysWithItsContent) {
+  for (const TextView method : {u"D", u"R", u"S"}) {
+    CleaningMethod = method;
+    ClearResults();
+    AddFolderRow(u"full");
+    machine.files.AddFile(u"C:\\Work\\full\\inner\\x.txt", {.content = "x"});
+    frmPubMain.sbtClean.Click();
+    EXPECT_TRUE(FileThere(u"C:\\Work\\full\\inner\\x.txt")) << Narrow(method);
+    EXPECT_EQ(ResultCount(), 1) << Narrow(method);
+    EXPECT_EQ(Sum(), u"Sum: 0 item, 0. KB cleaned.") << Narrow(method);
+  }
+  EXPECT_FALSE(FolderThere(u"C:\\TVXBak\\full")) << "no shell of it is made either";
 }
 
-TEST_F(Removal, ALinkInARemovedFolderLosesItselfAndNothingBehindIt) {
+TEST_F(Removal, AFolderOfFoldersAndFilesWithoutContentGoesWhole) {
+  for (const TextView method : {u"D", u"R", u"S"}) {
+    CleaningMethod = method;
+    ClearResults();
+    AddFolderRow(u"hollow");
+    machine.files.AddFile(u"C:\\Work\\hollow\\inner\\0.txt", {.attributes = platform::kReadOnly});
+    frmPubMain.sbtClean.Click();
+    EXPECT_FALSE(FolderThere(u"C:\\Work\\hollow")) << Narrow(method);
+    EXPECT_EQ(ResultCount(), 0) << Narrow(method);
+  }
+}
+
+TEST_F(Removal, AFolderThatCannotBeReadWholeStays) {
+  CleaningMethod = u"D";
+  AddFolderRow(u"closed");
+  machine.files.AddFile(u"C:\\Work\\closed\\inner\\0.txt");
+  machine.files.faults.Fail(u"List", u"C:\\Work\\closed\\inner");
+  frmPubMain.sbtClean.Click();
+  EXPECT_TRUE(FileThere(u"C:\\Work\\closed\\inner\\0.txt"));
+  EXPECT_EQ(ResultCount(), 1);
+}
+
+TEST_F(Removal, AFolderThatGotALinkStaysAndOfALinkTheLinkAloneGoes) {
   CleaningMethod = u"D";
   machine.files.AddFile(u"C:\\Precious\\keep.txt");
   AddFolderRow(u"full");
@@ -99,9 +129,60 @@ TEST_F(Removal, ALinkInARemovedFolderLosesItselfAndNothingBehindIt) {
   machine.files.AddLink(u"C:\\Work\\place", u"C:\\Precious");
   Add(u"P", u"C:\\Work", u"place", u"0.");
   frmPubMain.sbtClean.Click();
-  EXPECT_FALSE(FolderThere(u"C:\\Work\\full"));
+  EXPECT_TRUE(machine.files.Look(u"C:\\Work\\full\\link").has_value());
   EXPECT_FALSE(machine.files.Look(u"C:\\Work\\place").has_value());
   EXPECT_TRUE(FileThere(u"C:\\Precious\\keep.txt"));
+}
+
+// The walk goes through the link and lists the files; the clean doesn't.
+TEST_F(Removal, WhatIsReachedThroughALinkBelowTheWalksStartStays) {
+  for (const TextView method : {u"D", u"R", u"S"}) {
+    CleaningMethod = method;
+    ClearResults();
+    machine.files.AddFile(u"C:\\Precious\\in\\keep.txt", {.content = "x"});
+    machine.files.AddFolder(u"C:\\Precious\\in\\empty");
+    machine.files.AddLink(u"C:\\Work\\a\\link", u"C:\\Precious");
+    WalkFolderFiles(u"C:\\Work", u"t");
+    WalkAdvancedFolder(u"C:\\Work", u"|Empty Folders and Files|", true);
+    ASSERT_EQ(ResultCount(), 2) << Narrow(method);
+    frmPubMain.sbtClean.Click();
+    EXPECT_TRUE(FileThere(u"C:\\Precious\\in\\keep.txt")) << Narrow(method);
+    EXPECT_TRUE(FolderThere(u"C:\\Precious\\in\\empty")) << Narrow(method);
+    EXPECT_EQ(ResultCount(), 2) << Narrow(method);
+    EXPECT_EQ(Sum(), u"Sum: 0 item, 0. KB cleaned.") << Narrow(method);
+  }
+}
+
+// People move their folder for temporary files to another disk by a link.
+TEST_F(Removal, TheFolderWhereTheWalkBeganAndThoseAboveMayBeLinks) {
+  for (const TextView method : {u"D", u"R", u"S"}) {
+    CleaningMethod = method;
+    ClearResults();
+    machine.files.AddFile(u"C:\\Far\\Temp\\in\\f.txt", {.content = "x"});
+    machine.files.AddLink(u"C:\\Near", u"C:\\Far");
+    machine.files.AddLink(u"C:\\Far\\Moved", u"C:\\Far\\Temp");
+    WalkFolderFiles(u"C:\\Near\\Moved", u"t");
+    ASSERT_EQ(ResultCount(), 1) << Narrow(method);
+    frmPubMain.sbtClean.Click();
+    EXPECT_FALSE(FileThere(u"C:\\Far\\Temp\\in\\f.txt")) << Narrow(method);
+    EXPECT_EQ(ResultCount(), 0) << Narrow(method);
+  }
+}
+
+TEST_F(Removal, AFolderSwappedForALinkAfterTheScanLosesNothingThere) {
+  for (const TextView method : {u"D", u"R", u"S"}) {
+    CleaningMethod = method;
+    ClearResults();
+    machine.files.AddFile(u"C:\\Victim\\f.txt", {.content = "victim"});
+    machine.files.AddFile(u"C:\\Work\\a\\f.txt", {.content = "x"});
+    WalkFolderFiles(u"C:\\Work", u"t");
+    ASSERT_EQ(ResultCount(), 1) << Narrow(method);
+    machine.files.AddLink(u"C:\\Work\\a", u"C:\\Victim");
+    frmPubMain.sbtClean.Click();
+    EXPECT_EQ(machine.files.ReadFile(u"C:\\Victim\\f.txt"), "victim") << Narrow(method);
+    EXPECT_EQ(ResultCount(), 1) << Narrow(method);
+    machine.files.DeleteFolder(u"C:\\Work\\a", true);
+  }
 }
 
 TEST_F(Removal, ANamedFileGoesByTheMethodAndIsSavedUnderItsOwnName) {

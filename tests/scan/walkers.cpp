@@ -370,42 +370,67 @@ TEST_F(Walkers, LinksToFoldersAreWalkedAndLinksToFilesAreFiles) {
   }
 }
 
-// A path may go over 40 links.
-TEST_F(Walkers, ALinkToItsOwnParentIsWalkedUntilThePathHasTooManyLinks) {
+TEST_F(Walkers, ALinkToAFolderThatTheWalkIsInIsPassedOver) {
   AddDead(u"C:\\T\\a.lnk");
-  machine.files.AddLink(u"C:\\T\\up", u"C:\\T");
+  AddDead(u"C:\\T\\b\\b.lnk");
+  AddDead(u"C:\\other.lnk");
+  machine.files.AddLink(u"C:\\T\\self", u"C:\\T");
+  machine.files.AddLink(u"C:\\T\\b\\self", u"C:\\T\\b");
+  machine.files.AddLink(u"C:\\T\\b\\up", u"..");
+  machine.files.AddLink(u"C:\\T\\b\\root", u"C:\\");
   for (const Walker& walker : kWalkers) {
-    const std::vector<Text> rows = Walk(walker, u"C:\\T");
-    ASSERT_EQ(rows.size(), 41U) << walker.name;
-    EXPECT_EQ(rows[2], u"C:\\T\\up\\up\\a.lnk");
+    EXPECT_EQ(Walk(walker, u"C:\\T"), (std::vector<Text>{u"C:\\T\\a.lnk", u"C:\\T\\b\\b.lnk"}))
+        << walker.name;
   }
 }
 
-// Two links that lead back would give two to the power of forty folders.
-TEST_F(Walkers, LinksThatLeadBackDoNotMultiply) {
-  AddFile(u"C:\\T\\a.tmp");
-  machine.files.AddLink(u"C:\\T\\b\\one", u"C:\\T");
-  machine.files.AddLink(u"C:\\T\\b\\two", u"C:\\T\\b");
-  machine.files.AddLink(u"C:\\T\\c\\three", u"..");
-  AddFile(u"C:\\T\\b\\b.tmp");
+// Behind a link the walk is in the folders above the link's target as well, and still in those of its path.
+TEST_F(Walkers, BehindALinkTheWalkIsInTheFoldersOfBothPaths) {
+  AddFile(u"D:\\far\\deep\\f.tmp");
+  machine.files.AddLink(u"C:\\T\\link", u"D:\\far\\deep");
+  machine.files.AddLink(u"D:\\far\\deep\\up", u"D:\\far");
+  machine.files.AddLink(u"D:\\far\\deep\\back", u"C:\\T");
   WalkFolderFiles(u"C:\\T", u"t");
-  const std::vector<RowFields> rows = ResultRows();
-  const auto count = [&](TextView name) {
-    return std::ranges::count_if(rows, [name](const RowFields& row) { return row.name == name; });
-  };
-  // Each of the three is gone round by, and none within another's rounds.
-  EXPECT_EQ(count(u"a.tmp"), 1 + 40 + 40);
-  EXPECT_EQ(count(u"b.tmp"), 1 + 40 + 40 + 40);
+  EXPECT_EQ(Paths(ResultRows()), (std::vector<Text>{u"C:\\T\\link\\f.tmp"}));
 }
 
-TEST_F(Walkers, ALinkMetAgainOnAnotherWayIsWalkedAgain) {
+TEST_F(Walkers, AFolderIsEnteredThroughOneLinkOnly) {
   AddFile(u"C:\\Shared\\s.tmp");
+  AddFile(u"C:\\T\\b\\b.tmp");
   machine.files.AddLink(u"C:\\T\\a\\link", u"C:\\Shared");
   machine.files.AddLink(u"C:\\T\\b\\link", u"C:\\Shared");
   machine.files.AddLink(u"C:\\T\\c", u"C:\\T\\b");
+  machine.files.AddLink(u"C:\\T\\d", u"C:\\T\\b");
+  const std::vector<Text> once = {u"C:\\T\\a\\link\\s.tmp", u"C:\\T\\b\\b.tmp", u"C:\\T\\c\\b.tmp"};
   WalkFolderFiles(u"C:\\T", u"t");
-  EXPECT_EQ(Paths(ResultRows()), (std::vector<Text>{u"C:\\T\\a\\link\\s.tmp", u"C:\\T\\b\\link\\s.tmp",
-                                                    u"C:\\T\\c\\link\\s.tmp"}));
+  EXPECT_EQ(Paths(ResultRows()), once);
+  ClearResults();
+  WalkFolderFiles(u"C:\\T", u"t");
+  EXPECT_EQ(Paths(ResultRows()), once) << "each walk begins anew";
+}
+
+TEST_F(Walkers, LinksThatLeadBackDoNotMultiply) {
+  for (const TextView folder : {u"C:\\T\\a", u"C:\\T\\b", u"C:\\T\\c"}) {
+    AddFile(Concat(folder, u"\\f.tmp"));
+    machine.files.AddLink(Concat(folder, u"\\one"), u"C:\\T");
+    machine.files.AddLink(Concat(folder, u"\\two"), folder);
+  }
+  WalkFolderFiles(u"C:\\T", u"t");
+  EXPECT_EQ(ResultCount(), 3);
+}
+
+TEST_F(Walkers, ARowKnowsTheFolderWhereItsWalkBegan) {
+  AddFile(u"C:\\T\\1.tmp");
+  AddFile(u"C:\\T\\a\\b\\2.tmp");
+  WalkFolderFiles(u"c:/t/", u"t");
+  ASSERT_EQ(ResultCount(), 2);
+  EXPECT_EQ(WalkStart(frmPubMain.lsvResult.Row(1)), u"C:\\T");
+  EXPECT_EQ(WalkStart(frmPubMain.lsvResult.Row(2)), u"C:\\T");
+  ClearResults();
+  WalkFolderByPattern(u"C:\\", u"t", u"*.tmp");
+  ASSERT_EQ(ResultCount(), 2);
+  EXPECT_EQ(WalkStart(frmPubMain.lsvResult.Row(1)), u"C:\\");
+  EXPECT_EQ(WalkStart(frmPubMain.lsvResult.Row(2)), u"C:\\");
 }
 
 TEST_F(Walkers, AFolderOfManyThousandFilesIsListedInOrder) {
