@@ -4,6 +4,7 @@ A row is `harmless`, or a `risk` that the topic of its function tells in the sen
 `refused`: a clean leaves it where it is. `unticked` rows come without a tick."""
 import collections
 import html
+import os
 import re
 import sys
 import unittest
@@ -13,6 +14,7 @@ from machine_case import TOP, Machine
 sys.path.insert(0, str(TOP / "tools"))
 import make_windows_11_machine as tables
 
+THROUGH_A_LINK = "what a link leads to stays"
 PAGES = ("privacy", "system", "registry", "advanced")
 TERMS = ("harmless", "risk", "refused", "unticked")
 # Where the function is told that gives rows of a type. A type with more words behind it counts as well.
@@ -64,7 +66,7 @@ def through_links(rows):
     for row in list(rows):
         for link, target in links:
             if row.what.startswith(target + "\\"):
-                rows[row._replace(what=link + row.what[len(target):])] = Expected(rows[row].artefact, "refused", "")
+                rows[row._replace(what=link + row.what[len(target):])] = Expected(rows[row].artefact, "refused", THROUGH_A_LINK)
 
 
 def expected_rows():
@@ -135,3 +137,48 @@ class Scan(Windows11):
         expected = expected_rows()
         self.assertEqual(sorted(set(rows) - set(expected)), [], "rows that no artefact names")
         self.assertEqual(sorted(set(expected) - set(rows)), [], "rows that the tables promise")
+
+
+class Safeguards(Windows11):
+    """What a clean leaves where it is, its row ticked."""
+
+    def clean_page(self, page, *arguments):
+        """The ticked rows that a clean leaves, by what they stand for."""
+        _, kept, _ = self.clean("--page", page, "--now", tables.NOW, *arguments)
+        return sorted(found(row) for row in kept if row["Checked"])
+
+    def is_there(self, path):
+        return os.path.lexists(tables.Maker(self.folder).host(path))
+
+    def test_without_refusals_no_ticked_row_stays(self):
+        for page in ("privacy", "system", "registry"):
+            with self.subTest(page):
+                self.setUp()
+                self.assertEqual(self.clean_page(page), [])
+
+    def test_rows_that_are_refused_stay_ticked_and_their_targets_on_the_disk(self):
+        kept = self.clean_page("advanced")
+        expected = expected_rows()
+        refused = [row for row, of in expected.items() if of.terms == "refused" and of.why != THROUGH_A_LINK]
+        self.assertGreater(len(refused), 8)
+        self.assertEqual([row for row in refused if row not in kept or not self.is_there(row.what)], [])
+        self.assertEqual([row for row in kept if expected[row].terms != "refused"], [])
+
+    def test_what_is_reached_through_a_link_stays(self):
+        rows = self.rows("advanced")
+        expected = expected_rows()
+        behind = [row for row in rows if expected[found(row)].why == THROUGH_A_LINK]
+        self.assertGreater(len(behind), 1)
+        others = [option for row in rows if row not in behind for option in ("--untick", row["row"])]
+        self.assertEqual(self.clean_page("advanced", *others), sorted(map(found, behind)))
+        self.assertEqual([row for row in behind if not self.is_there(found(row).what)], [])
+
+    def test_own_data_and_the_backup_folder_are_whole(self):
+        self.clean_page("advanced")
+        for path in ('C:\\TVXBak', 'C:\\MORVDataPath\\TVX\\DupeFiles\\scanned\\A', 'C:\\MORVDataPath\\TVX\\tvx.dll',
+                     'C:\\MORVDataPath\\TVX\\TVX data folder, please do not delete it'):
+            self.assertTrue(self.is_there(path), path)
+
+
+if __name__ == "__main__":
+    unittest.main()
