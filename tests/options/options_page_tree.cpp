@@ -82,8 +82,8 @@ TEST_F(OptionsPageTree, RemarkFollowsTheCatalogue) {
   Open(2);
   EXPECT_EQ(
       frmPubOptions.lblRemark.Caption.Get(),
-      u"Hier steht, was als unnötige Datei gilt, auch eigene Typen. Die Häkchen schränken die Suche nicht "
-      u"ein: Gesucht wird nach allen Typen.");
+      u"Hier steht, was als unnötige Datei gilt; eigene Typen lassen sich hinzufügen. Die Häkchen schränken "
+      u"die Suche nicht ein.");
   EXPECT_EQ(frmPubOptions.Caption.Get(), u"Optionen");
 }
 
