@@ -123,7 +123,8 @@ class TrueWords(unittest.TestCase):
         for name, sentences in table().items():
             for sentence, holds in sentences.items():
                 if "risk" in holds:
-                    self.assertTrue(any(name == topic and why in sentence for topic, why in risks), f"{name}: {sentence}")
+                    warned_of = any(name == topic and why in sentence for topic, why in risks)
+                    self.assertTrue(warned_of, f"{name}: {sentence}")
 
 
 if __name__ == "__main__":

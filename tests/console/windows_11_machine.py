@@ -66,7 +66,8 @@ def through_links(rows):
     for row in list(rows):
         for link, target in links:
             if row.what.startswith(target + "\\"):
-                rows[row._replace(what=link + row.what[len(target):])] = Expected(rows[row].artefact, "refused", THROUGH_A_LINK)
+                behind = row._replace(what=link + row.what[len(target):])
+                rows[behind] = Expected(rows[row].artefact, "refused", THROUGH_A_LINK)
 
 
 def expected_rows():
@@ -125,8 +126,8 @@ class Tables(unittest.TestCase):
         """But for those whose stores Windows 11 has not any more."""
         without = {"advanced_duplicate_files", "appearance_schemes", "mui_cache_issues", "start_menu_ordering_issues",
                    "uninstall_files_for_windows_update", "wesh"}
-        pages = [text for page in PAGES for text in [(TOP / "res" / "help" / (page + ".htm")).read_text("ascii")]]
-        functions = {name for text in pages for name in re.findall(r'<li><a href="(\w+)\.htm">', text)}
+        pages = [(TOP / "res" / "help" / (page + ".htm")).read_text("ascii") for page in PAGES]
+        functions = {name for page in pages for name in re.findall(r'<li><a href="(\w+)\.htm">', page)}
         self.assertEqual({topic_of(row.type) for row in expected_rows()}, functions - without)
 
 
