@@ -44,10 +44,10 @@ def of_a_function(page):
 
 
 def readme():
-    """What the README says of what the program does and doesn't."""
+    """What the README says of what the program does and doesn't; the rest is for those who build it."""
     text = (TOP / "README.md").read_text(encoding="utf-8")
-    part = text[text.index("## What it does"):text.index("All pages at both sizes")]
-    lines = [line for line in part.splitlines()[1:] if not line.startswith(("|---", "| Page", "| |", "| !["))]
+    lines = [line for line in text[:text.index("All pages at both sizes")].splitlines()
+             if not line.startswith(("#", "|---", "| Page", "| |", "| !", "!["))]
     for block in re.split(r"\n(?=[-|])|\n\n", "\n".join(lines)):
         plain = re.sub(r"\[([^]]*)\]\([^)]*\)", r"\1", block).strip(" -|\n").replace(" | ", ": ")
         if plain:
