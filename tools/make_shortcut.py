@@ -1,14 +1,21 @@
 #!/usr/bin/env python3
 """Writes a shortcut file that names its target by its path: make_shortcut.py TARGET FILE
 
-The path stands in the shortcut's location block, on a fixed volume. Nothing looks whether the target is there."""
+The path stands in the shortcut's location block, on a fixed volume, or as a place in the network if it begins with
+two backslashes. A path with a variable in front stands in a block of its own. Nothing looks whether the target is
+there."""
 import pathlib
 import struct
 import sys
 
 CLASS = bytes.fromhex("0114020000000000c000000000000046")
-HAS_LOCATION, WIDE_STRINGS = 0x2, 0x80
+HAS_ITEMS, HAS_LOCATION, WIDE_STRINGS, HAS_VARIABLE_PATH = 0x1, 0x2, 0x80, 0x200
 FIXED_DRIVE = 3
+DISK_SHARE = 0x20000
+VARIABLE_PATH = 0xA0000001
+# An object of the shell that is no file: the control panel.
+CONTROL_PANEL = bytes.fromhex("2020ec21ea3a6910a2dd08002b30309d")
+END = struct.pack("<I", 0)
 
 
 def location(target):
@@ -31,10 +38,38 @@ def location(target):
     return struct.pack("<I", len(block) + 4) + block
 
 
+def network_location(target):
+    """The location block of a file or folder on a share."""
+    parts = target.split("\\")
+    share = "\\".join(parts[:4]).encode("cp1252") + b"\0"
+    suffix = "\\".join(parts[4:]).encode("cp1252") + b"\0"
+    network = struct.pack("<5I", 20 + len(share), 2, 20, 0, DISK_SHARE) + share
+    fields = struct.pack("<6I", 28, 2, 0, 0, 28, 28 + len(network))
+    return struct.pack("<I", 4 + len(fields) + len(network) + len(suffix)) + fields + network + suffix
+
+
+def variable_path(target):
+    content = target.encode("cp1252").ljust(260, b"\0") + target.encode("utf-16-le").ljust(520, b"\0")
+    return struct.pack("<2I", 8 + len(content), VARIABLE_PATH) + content
+
+
+def header(flags):
+    start = struct.pack("<I16sI", 0x4C, CLASS, flags | WIDE_STRINGS).ljust(0x3C, b"\0")
+    return (start + struct.pack("<I", 1)).ljust(0x4C, b"\0")  # shown as a normal window
+
+
 def shortcut(target):
-    header = struct.pack("<I16sI", 0x4C, CLASS, HAS_LOCATION | WIDE_STRINGS).ljust(0x3C, b"\0")
-    header += struct.pack("<I", 1)  # shown as a normal window
-    return header.ljust(0x4C, b"\0") + location(target) + struct.pack("<I", 0)
+    if target.startswith("%"):
+        return header(HAS_VARIABLE_PATH) + variable_path(target) + END
+    place = network_location(target) if target.startswith("\\\\") else location(target)
+    return header(HAS_LOCATION) + place + END
+
+
+def shortcut_without_a_path():
+    """A shortcut of something in the shell that is no file."""
+    item = struct.pack("<H", 4 + len(CONTROL_PANEL)) + b"\x1f\x50" + CONTROL_PANEL
+    items = item + struct.pack("<H", 0)
+    return header(HAS_ITEMS) + struct.pack("<H", len(items)) + items + END
 
 
 if __name__ == "__main__":

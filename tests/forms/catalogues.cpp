@@ -14,6 +14,7 @@
 #include "frame/support/ini_text.h"
 #include "frame/support/text_file.h"
 #include "support/source_folder.h"
+#include "text/letter_case.h"
 #include "text/utf8.h"
 
 namespace tavix {
@@ -139,6 +140,26 @@ TEST_P(EachLanguage, GivesNoAltLetterTwice) {
       }
     }
   }
+}
+
+// What each language calls them.
+struct PlainWords {
+  Text passwords, logs, ticks;
+};
+const std::map<std::string, PlainWords> kPlainWords{
+    {"en", {u"passwords", u"event logs", u"The ticks don't limit the search"}},
+    {"de",
+     {u"Kennw\u00f6rter", u"Ereignisprotokolle", u"Die H\u00e4kchen schr\u00e4nken die Suche nicht ein"}}};
+
+TEST_P(EachLanguage, SaysPlainlyThatPasswordsAndLogsGoAndThatTicksDoNotLimitTheSearch) {
+  const Texts messages = Section(Catalogue(GetParam(), "tips.dll"), u"Message & Text");
+  const PlainWords& words = kPlainWords.at(GetParam());
+  for (const char* key : {"ONE_CLICK", "OC_REMARK"}) {
+    const Text told = ToLower(messages.at(key));
+    EXPECT_NE(told.find(ToLower(words.passwords)), Text::npos) << key;
+    EXPECT_NE(told.find(ToLower(words.logs)), Text::npos) << key;
+  }
+  EXPECT_NE(messages.at("JF_REMARK").find(words.ticks), Text::npos);
 }
 
 INSTANTIATE_TEST_SUITE_P(Catalogues, EachLanguage, testing::Values("en", "de"),

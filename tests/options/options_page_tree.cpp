@@ -80,8 +80,10 @@ TEST_F(OptionsPageTree, NumberWithoutAPageShowsNone) {
 TEST_F(OptionsPageTree, RemarkFollowsTheCatalogue) {
   UseLanguage("de");
   Open(2);
-  EXPECT_EQ(frmPubOptions.lblRemark.Caption.Get(),
-            u"Wählen Sie, was als unnötige Datei gilt, und fügen Sie eigene Typen hinzu.");
+  EXPECT_EQ(
+      frmPubOptions.lblRemark.Caption.Get(),
+      u"Hier steht, was als unnötige Datei gilt; eigene Typen lassen sich hinzufügen. Die Häkchen schränken "
+      u"die Suche nicht ein.");
   EXPECT_EQ(frmPubOptions.Caption.Get(), u"Optionen");
 }
 

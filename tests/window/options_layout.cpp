@@ -1,10 +1,15 @@
 #include "window/options_layout.h"
 
+#include <fstream>
+#include <iterator>
 #include <vector>
 
 #include "forms/options_form.h"
+#include "frame/support/ini_text.h"
+#include "frame/support/text_file.h"
 #include "options/options_page_tree.h"
 #include "support/program_test.h"
+#include "support/source_folder.h"
 #include "window/place.h"
 
 namespace tavix {
@@ -104,6 +109,33 @@ TEST_P(OptionsLayout, NoCaptionIsCut) {
     EXPECT_GE(button->Width, Words(*button) + 2 * 90);
   for (const Label& label : form.lblOODays) EXPECT_GE(label.Width, Words(label));
   for (const Label& label : form.lblOOSize) EXPECT_GE(label.Width, Words(label));
+}
+
+// How many lines a text takes that is broken at its blanks.
+int LinesOf(TextView text, int lettersOfALine) {
+  int lines = 1, used = -1;
+  for (const TextView word : Split(text, u" ")) {
+    const int letters = static_cast<int>(word.size());
+    if (used + 1 + letters > lettersOfALine) {
+      ++lines;
+      used = -1;
+    }
+    used += 1 + letters;
+  }
+  return lines;
+}
+
+TEST_P(OptionsLayout, TheRemarksOfThePagesTakeTwoLinesAtMost) {
+  const int letters = frmPubOptions.lblRemark.Width / GetParam();
+  for (const char* language : {"en", "de"}) {
+    std::ifstream file(SourceFolder() + "/res/lang/" + language + "/tips.dll", std::ios::binary);
+    const FileText tips = DecodeTextFile(std::string(std::istreambuf_iterator<char>(file), {}));
+    for (const TextView key : {u"OC_REMARK", u"JF_REMARK", u"DF_REMARK", u"CM_REMARK", u"OO_REMARK"}) {
+      const Text remark = ReadIniValue(tips.text, u"Message & Text", key).value_or(Text());
+      EXPECT_NE(remark, u"");
+      EXPECT_LE(LinesOf(remark, letters), 2) << language << " " << Narrow(key) << " by " << letters;
+    }
+  }
 }
 
 }  // namespace

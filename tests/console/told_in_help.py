@@ -1,0 +1,136 @@
+"""What the help and the catalogues tell of a clean and its one-click run, seen on the disk and in the registry."""
+import sys
+import unittest
+
+from machine_case import TOP, Machine
+
+sys.path.insert(0, str(TOP / "tools"))
+import make_windows_11_machine as windows_11
+
+USER = "HKEY_CURRENT_USER\\Software\\"
+
+
+class BinAsMethod(Machine):
+    def setUp(self):
+        super().setUp()
+        self.write("machine.ini", "[Environment]\nWinDir=C:\\Windows\n[Drives]\nC=2,System\n"
+                                  "[Temporary Folders]\nUser=C:\\Temp\nSystem=C:\\Windows\\Temp\n")
+        self.write("drives/C/Temp/a.txt", "a")
+
+    def kept(self, *functions):
+        """The files in the bin after a clean of these functions."""
+        options = [option for name in functions for option in ("--function", name)]
+        self.clean("--page", "system", "--set", "Cleaning Method/Method=R", *options)
+        self.assertFalse((self.folder / "drives" / "C" / "Temp" / "a.txt").exists())
+        return [file.read_bytes() for file in (self.folder / "recycle").rglob("*") if file.read_bytes() == b"a"]
+
+    def test_a_file_is_kept(self):
+        self.assertEqual(self.kept("Temporary Files"), [b"a"])
+
+    def test_nothing_is_kept_where_the_bin_is_emptied_by_the_same_clean(self):
+        self.assertEqual(self.kept("Empty Recycle Bin", "Temporary Files"), [])
+
+
+class OneClickAtFirst(Machine):
+    def setUp(self):
+        super().setUp()
+        windows_11.Maker(self.folder).make()
+
+    def test_takes_passwords_and_clears_the_event_logs(self):
+        self.objects("--one-click", "--now", windows_11.NOW)
+        calls = self.journal()
+        self.assertIn({"op": "RunTarget", "target": "RunDll32.exe InetCpl.cpl,ClearMyTracksByProcess 32", "style": 3},
+                      calls)
+        self.assertEqual([call["log"] for call in calls if call["op"] == "ClearEventLog"],
+                         ["Security", "Application", "System"])
+
+    def test_leaves_the_bin_and_the_log_files_of_windows(self):
+        self.objects("--one-click", "--now", windows_11.NOW)
+        self.assertNotIn("EmptyRecycleBin", [call["op"] for call in self.journal()])
+        self.assertTrue((self.folder / "drives/C/Windows/Logs/CBS/CBS.log").exists())
+
+
+class NamesWithAComma(Machine):
+    def setUp(self):
+        super().setUp()
+        self.write("machine.ini", "[Environment]\nWinDir=C:\\Windows\n")
+
+    def test_of_a_key_the_one_of_the_shorter_name_goes_with_all_below(self):
+        self.write("registry/user.reg", "Windows Registry Editor Version 5.00\n\n"
+                   f"[{USER}Games, Inc]\n\n[{USER}Games\\Scores]\n\"Ann\"=dword:00000001\n")
+        rows, _, _ = self.clean("--page", "registry", "--function", "Obsolete Software")
+        self.assertEqual([row["Name"] for row in rows], ["Games, Inc"])
+        left = self.registry()
+        self.assertIn((USER + "Games, Inc").upper(), left)
+        self.assertNotIn((USER + "Games").upper(), left)
+
+    def test_of_a_value_the_one_of_the_shorter_name_goes(self):
+        run = USER + "Microsoft\\Windows\\CurrentVersion\\Run"
+        self.write("registry/user.reg", "Windows Registry Editor Version 5.00\n\n"
+                   f"[{run}]\n\"Tool\"=\"C:\\\\Windows\"\n\"Tool, old\"=\"C:\\\\gone.exe\"\n")
+        self.write("drives/C/Windows/x", "x")
+        self.clean("--page", "registry", "--function", "Run at Startup Issues", "--untick", "1")
+        self.assertEqual(self.registry()[run.upper()], {"Tool, old": "C:\\gone.exe"})
+
+
+class JunkTypes(Machine):
+    OWN = "First\t*.abc\tY\tY\r\nSecond\t*.def\tY\tN\r\nSign\t*.#12\tY\tY\r\nSet\t*.[x]\tY\tY\r\n"
+
+    def setUp(self):
+        super().setUp()
+        self.write("machine.ini", "[Environment]\nWinDir=C:\\Windows\n[Drives]\nC=2,System\n")
+        for name in ("a.abc", "a.def", "a.#12", "a.512", "a.[x]", "a.x", "a.spc", "a.pch", "a.bak"):
+            self.write("drives/C/Work/" + name, "x")
+
+    def names(self):
+        rows, _ = self.scan("--page", "advanced", "--function", "Junk Files")
+        return sorted(row["Name"] for row in rows)
+
+    def test_types_without_a_tick_are_looked_for(self):
+        self.assertEqual(self.names(), ["a.bak", "a.spc"])
+
+    def test_with_types_of_the_users_own_the_first_and_the_last_built_in_one_find_nothing(self):
+        self.write("drives/C/MORVDataPath/TVX/userjunk.dll", self.OWN)
+        self.assertEqual(self.names(), ["a.bak", "a.def"])
+
+
+class MovedTempFolder(Machine):
+    def test_the_folder_where_a_search_begins_may_be_a_link(self):
+        self.write("machine.ini", "[Environment]\nWinDir=C:\\Windows\n[Drives]\nC=2,System\nD=2,Data\n"
+                                  "[Temporary Folders]\nUser=C:\\Temp\nSystem=C:\\Windows\\Temp\n")
+        self.write("drives/D/Moved/below/a.txt", "a")
+        (self.folder / "drives" / "C").mkdir()
+        (self.folder / "drives" / "C" / "Temp").symlink_to("../D/Moved")
+        _, kept, _ = self.clean("--page", "system", "--function", "Temporary Files")
+        self.assertEqual(kept, [])
+        self.assertFalse((self.folder / "drives/D/Moved/below/a.txt").exists())
+
+
+class SafeguardsOfTheBackupFolder(Machine):
+    """What a clean leaves of the backup folders."""
+
+    def setUp(self):
+        super().setUp()
+        self.write("machine.ini", "[Environment]\nWinDir=C:\\Windows\n[Drives]\nC=2,System\nD=2,Data\n")
+        for name in ("C/TVXBak/a.bak", "D/Saved/b.bak", "D/c.bak"):
+            self.write("drives/" + name, name)
+
+    def left(self, backup_folder, method):
+        """The copies that are still in their place."""
+        self.clean("--page", "advanced", "--function", "Junk Files", "--set", "Cleaning Method/Method=" + method,
+                   "--set", "Cleaning Method/Backup Folder=" + backup_folder)
+        return [path.name for path in sorted((self.folder / "drives").rglob("*.bak"))]
+
+    def test_what_lies_in_one_stays_under_every_method(self):
+        for method in "DRS":
+            with self.subTest(method):
+                self.setUp()
+                self.assertEqual(self.left("D:\\Saved", method),
+                                 ["a.bak", "b.bak", "c.bak"] if method == "S" else ["a.bak", "b.bak"])
+
+    def test_a_drive_as_backup_folder_is_cleaned_like_any_other(self):
+        self.assertEqual(self.left("D:\\", "D"), ["a.bak"])
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,131 @@
+"""Each sentence that the help, the README, the questions of the site and the catalogue tell people, and what holds it.
+
+true_words.txt has them all, each with what holds it in the line below:
+
+- names of tests, where the sentence tells what the program finds, keeps, removes or brings back;
+- `risk`, where the tables of the Windows 11 machine hold it, with the rows that it warns of;
+- `system`, where it tells what Windows or another program does, which nothing here can hold;
+- `words`, where it says what a thing is, or gives advice;
+- `about`, where it does so with the words of finding, keeping and removing, and yet claims nothing.
+
+A sentence that is not in the table fails, and so does one of the table that nobody reads any more."""
+import html
+import re
+import unittest
+
+import windows_11_machine
+from machine_case import TOP
+
+TABLE = TOP / "tests" / "console" / "true_words.txt"
+KINDS = ("risk", "system", "words", "about")
+# A sentence with one of these words usually claims something of the program.
+CLAIM = re.compile(r"\b(removes?d?|deletes?d?|listed|lists|finds|found|searched|kept|keeps|stays?|goes|gone|never|"
+                   r"brought back|passed over|left alone|leaves)\b")
+# The files that hold tests, by the pattern of a test's name in them.
+TESTS = {"*.cpp": r"^TEST(?:_[FP])?\((\w+),\s*(\w+)\)", "*.py": r"^    def (test_\w+)\("}
+
+
+def blocks(page):
+    """The texts of a page that stand by themselves: paragraphs, items of lists, rows of tables."""
+    body = page[page.index("<body>"):]
+    body = re.sub(r"</th>\s*<td>", ": ", body)
+    texts = re.findall(r"<(?:p|li|tr)\b[^>]*>(.*?)(?=</p>|</li>|</tr>)", body, re.S)
+    return [" ".join(html.unescape(re.sub(r"<[^>]*>", "", text)).split()) for text in texts]
+
+
+def split(text):
+    return [sentence for sentence in re.split(r"(?<=[.?!])(?<!Accessed \?)\s+(?=[A-Z\"'*(])", text) if sentence]
+
+
+def of_a_function(page):
+    """What the topic of a function tells of finding and cleaning; of other topics nothing."""
+    parts = re.split("<h2>What it finds</h2>|<h2>What comes back by itself</h2>", page)
+    return blocks("<body>" + parts[1]) if len(parts) == 3 else []
+
+
+def readme():
+    """What the README says of what the program does and doesn't; the rest is for those who build it."""
+    text = (TOP / "README.md").read_text(encoding="utf-8")
+    lines = [line for line in text[:text.index("All pages at both sizes")].splitlines()
+             if not line.startswith(("#", "|---", "| Page", "| |", "| !", "!["))]
+    for block in re.split(r"\n(?=[-|])|\n\n", "\n".join(lines)):
+        plain = re.sub(r"\[([^]]*)\]\([^)]*\)", r"\1", block).strip(" -|\n").replace(" | ", ": ")
+        if plain:
+            yield " ".join(plain.split())
+
+
+def sources():
+    """{name: the texts that people read in it}"""
+    read = {file.stem: blocks(file.read_text(encoding="ascii")) for file in sorted((TOP / "res/help").glob("*.htm"))}
+    read["README"] = list(readme())
+    read["faq"] = blocks((TOP / "packaging" / "faq.htm").read_text(encoding="utf-8"))
+    tips = (TOP / "res/lang/en/tips.dll").read_text(encoding="utf-8").split("[frmPubMain]")[0]
+    read["messages"] = [line.split("=", 1)[1] for line in tips.splitlines() if re.match(r"[A-Z_]+=", line)]
+    return {name: [sentence for text in texts for sentence in split(text)] for name, texts in read.items()}
+
+
+def table():
+    """{name: {sentence: what holds it}}"""
+    held = {}
+    for line in TABLE.read_text(encoding="utf-8").splitlines():
+        if line.startswith("["):
+            here = held.setdefault(line.strip("[]"), {})
+        elif line.startswith(" "):
+            here[sentence] = [name for name in line.strip().split(", ") if name]
+        elif line:
+            sentence = line
+            here[sentence] = []
+    return held
+
+
+def tests():
+    names = set()
+    for pattern, form in TESTS.items():
+        for file in (TOP / "tests").rglob(pattern):
+            for match in re.finditer(form, file.read_text(encoding="utf-8"), re.M):
+                names.add(".".join(match.groups()) if pattern == "*.cpp" else file.stem + "." + match[1])
+    return names
+
+
+class TrueWords(unittest.TestCase):
+    maxDiff = None
+
+    def test_every_sentence_is_in_the_table_and_no_other(self):
+        read = {name: sorted(set(sentences)) for name, sentences in sources().items()}
+        held = {name: sorted(sentences) for name, sentences in table().items()}
+        self.assertEqual(sorted(read), sorted(held))
+        for name, sentences in read.items():
+            self.assertEqual(sentences, held[name], name)
+
+    def test_every_sentence_is_held(self):
+        there = tests()
+        for name, sentences in table().items():
+            for sentence, holds in sentences.items():
+                self.assertTrue(holds, f"{name}: {sentence}")
+                unknown = [test for test in holds if test not in KINDS and test not in there]
+                self.assertEqual(unknown, [], f"{name}: {sentence}")
+
+    def test_what_tells_of_finding_keeping_and_removing_is_no_mere_words(self):
+        for name, sentences in table().items():
+            told = [sentence for sentence, holds in sentences.items() if holds == ["words"] and CLAIM.search(sentence)]
+            self.assertEqual(told, [], name)
+
+    def test_what_a_function_finds_and_its_cleaning_does_is_held_by_a_test(self):
+        held = table()
+        for file in sorted((TOP / "res/help").glob("*.htm")):
+            for text in of_a_function(file.read_text(encoding="ascii")):
+                for sentence in split(text):
+                    self.assertNotIn(held[file.stem][sentence], (["words"], ["about"]), f"{file.stem}: {sentence}")
+
+    def test_a_risk_is_one_of_the_tables(self):
+        risks = {(windows_11_machine.topic_of(row.type), of.why)
+                 for row, of in windows_11_machine.expected_rows().items() if of.terms == "risk"}
+        for name, sentences in table().items():
+            for sentence, holds in sentences.items():
+                if "risk" in holds:
+                    warned_of = any(name == topic and why in sentence for topic, why in risks)
+                    self.assertTrue(warned_of, f"{name}: {sentence}")
+
+
+if __name__ == "__main__":
+    unittest.main()
