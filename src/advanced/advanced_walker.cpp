@@ -32,7 +32,8 @@ class AdvancedWalk {
 
  private:
   bool EnterFirst(TextView folder) {
-    if (!CancelRequested && !fileSystemObject.FolderExists(folder)) return false;
+    // Where the test can't be answered it is passed over, and the walk shows what it can list.
+    if (!CancelRequested && fileSystemObject.FolderExists(folder) == false) return false;
     const Text asked = WithSeparator(folder);
     const auto path =
         fileSystemObject.GetFolder(asked).and_then([](const Folder& found) { return found.Path(); });
@@ -52,7 +53,7 @@ class AdvancedWalk {
     const Text path = chain_.Path();
     const auto list = [this](const platform::EntryVisitor& see) { return chain_.List(see, {}); };
     const FolderReader::Visit visit = reader_.Read(path, list, path.size() >= kShortestJudged);
-    if (!visit.empty && !visit.content.WasRead() && !fileSystemObject.FolderExists(path)) return false;
+    if (!visit.empty && !visit.content.WasRead() && fileSystemObject.FolderExists(path) == false) return false;
     frmPubMain.lblProgS.Caption = Concat(u"Scanning in '", shown, u"', please wait...");
     if (visit.empty) {
       if (Holds(funcs_, kEmptyFoldersAndFiles)) AddEmptyFolderRow(path);

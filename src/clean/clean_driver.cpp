@@ -33,23 +33,24 @@ struct Finding {
 // Whether the row is dealt with and goes.
 using Execute = bool (*)(const Finding& finding, TextView payload);
 
-// What the system would take for something else is left alone, and its row stays.
+// What the system would take for something else is left alone, and its row stays. So does that of a thing of
+// which it can't be told whether it is gone.
 bool CleanNamedFile(const Finding&, TextView path) {
   if (!HasPlainNames(path)) return false;
   RemoveFileByMethod(path);
-  return !fileSystemObject.FileExists(path);
+  return fileSystemObject.FileExists(path) == false;
 }
 
 bool CleanFile(const Finding& finding, TextView) {
   // Without a name the path would be that of the folder.
   if (!finding.name.empty()) return CleanNamedFile(finding, finding.path);
-  return !fileSystemObject.FileExists(finding.path);
+  return fileSystemObject.FileExists(finding.path) == false;
 }
 
 bool CleanFolder(const Finding& finding, TextView) {
   if (!HasPlainNames(finding.path)) return false;
   if (!finding.name.empty()) RemoveFolderByMethod(finding.path);
-  return !fileSystemObject.FolderExists(finding.path);
+  return fileSystemObject.FolderExists(finding.path) == false;
 }
 
 bool DeleteRegistryKey(const Finding&, TextView payload) {

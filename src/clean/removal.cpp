@@ -20,23 +20,23 @@ Text InBackupFolder(TextView path) {
 // The bin takes whatever stands there; what has become a folder since it was found isn't that file.
 void RemoveFileByMethod(TextView path) {
   if (CleaningMethod == kRecycle) {
-    if (!fileSystemObject.FolderExists(path)) pubSystem.DeleteToRecycleBin(path);
+    if (fileSystemObject.FolderExists(path) == false) pubSystem.DeleteToRecycleBin(path);
   } else if (CleaningMethod == kDelete) {
     fileSystemObject.DeleteFile(path, true);
   } else if (CleaningMethod == kSave) {
     const Text saved = InBackupFolder(path);
-    fileSystemObject.MoveFile(path, fileSystemObject.FileExists(saved) ? saved + u".1" : saved);
+    fileSystemObject.MoveFile(path, fileSystemObject.FileExists(saved) == true ? saved + u".1" : saved);
   }
 }
 
 void RemoveFolderByMethod(TextView path) {
   if (CleaningMethod == kRecycle) {
-    if (!fileSystemObject.FileExists(path)) pubSystem.DeleteToRecycleBin(path);
+    if (fileSystemObject.FileExists(path) == false) pubSystem.DeleteToRecycleBin(path);
   } else if (CleaningMethod == kDelete) {
     fileSystemObject.DeleteFolder(path, true);
   } else if (CleaningMethod == kSave) {
     const Text saved = InBackupFolder(path);
-    fileSystemObject.CreateFolder(fileSystemObject.FolderExists(saved) ? saved + u".1" : saved);
+    fileSystemObject.CreateFolder(fileSystemObject.FolderExists(saved) == true ? saved + u".1" : saved);
     fileSystemObject.DeleteFolder(path, true);
   }
 }

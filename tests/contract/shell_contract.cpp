@@ -10,7 +10,7 @@ TEST_P(ShellContract, SendsFilesToTheBinAndEmptiesIt) {
   ASSERT_EQ(shell.RecycleBinInfo(), u"0|0");
   ASSERT_TRUE(files.WriteFile(In(u"Ä.txt"), "12345"));
   EXPECT_TRUE(shell.DeleteToRecycleBin(In(u"Ä.txt")));
-  EXPECT_FALSE(files.FileExists(In(u"Ä.txt")));
+  EXPECT_EQ(files.FileExists(In(u"Ä.txt")), false);
   EXPECT_EQ(shell.RecycleBinInfo(), u"1|5");
   ASSERT_TRUE(files.WriteFile(In(u"Ä.txt"), "1"));
   EXPECT_TRUE(shell.DeleteToRecycleBin(In(u"Ä.txt")));
@@ -23,7 +23,7 @@ TEST_P(ShellContract, SendsFoldersToTheBin) {
   ASSERT_TRUE(files.CreateFolder(In(u"folder")));
   ASSERT_TRUE(files.WriteFile(In(u"folder\\a"), "x"));
   EXPECT_TRUE(shell.DeleteToRecycleBin(In(u"folder")));
-  EXPECT_FALSE(files.FolderExists(In(u"folder")));
+  EXPECT_EQ(files.FolderExists(In(u"folder")), false);
   ASSERT_TRUE(shell.RecycleBinInfo());
   EXPECT_TRUE(shell.RecycleBinInfo()->starts_with(u"1|"));
   EXPECT_EQ(shell.EmptyRecycleBin(0), stage->EmptiesTheBinOfFolders());
@@ -35,7 +35,7 @@ TEST_P(ShellContract, SendsNothingToTheBinThatIsNotThere) {
        {Text(), In(u"none"), In(u"none\\a"), Text(u"a"), Text(u"C:a"), In(u"*"), In(u"?")}) {
     EXPECT_FALSE(shell.DeleteToRecycleBin(path)) << testing::PrintToString(path);
   }
-  EXPECT_TRUE(files.FileExists(In(u"a")));
+  EXPECT_EQ(files.FileExists(In(u"a")), true);
   EXPECT_EQ(shell.RecycleBinInfo(), u"0|0");
 }
 
@@ -45,7 +45,7 @@ TEST_P(ShellContract, MarksForRestartAndLeavesTheFile) {
   EXPECT_TRUE(shell.DeleteAtRestart(In(u"none")));
   EXPECT_FALSE(shell.DeleteAtRestart(u""));
   EXPECT_FALSE(shell.DeleteAtRestart(u"a"));
-  EXPECT_TRUE(files.FileExists(In(u"a")));
+  EXPECT_EQ(files.FileExists(In(u"a")), true);
 }
 
 TEST_P(ShellContract, KnowsTheSpecialFolders) {

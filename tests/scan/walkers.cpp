@@ -211,7 +211,7 @@ TEST_F(Walkers, TheRootOfADriveHasItsBackslashInTheLocation) {
   CleaningMethod = u"D";
   frmPubMain.sbtClean.Click();
   EXPECT_EQ(ResultCount(), 0);
-  EXPECT_FALSE(machine.files.FileExists(u"C:\\root.lnk"));
+  EXPECT_EQ(machine.files.FileExists(u"C:\\root.lnk"), false);
 }
 
 TEST_F(Walkers, ABackslashAtTheEndOfTheFolderIsNoneInTheLocation) {

@@ -21,16 +21,6 @@ bool BeginsWithDrive(TextView path) {
   return path.size() >= 3 && letter >= u'A' && letter <= u'Z' && path[1] == u':' && IsSeparator(path[2]);
 }
 
-// The length of the folder's path, without a separator at its end but a drive's; the drive itself stays.
-size_t ParentLength(TextView path) {
-  constexpr size_t kDrive = 3;
-  size_t length = path.size();
-  while (length > kDrive && IsSeparator(path[length - 1])) --length;
-  while (length > kDrive && !IsSeparator(path[length - 1])) --length;
-  while (length > kDrive && IsSeparator(path[length - 1])) --length;
-  return length;
-}
-
 }  // namespace
 
 void clsPubCommon::LoadTexts(const std::vector<NamedText>& texts, TextView section, TextView file) const {
@@ -74,14 +64,7 @@ void clsPubCommon::IsShortcutValid(TextView path, bool& valid) const {
 
 bool clsPubCommon::IsKnownToBeMissing(TextView path) const {
   if (!BeginsWithDrive(path) || !IsOnReadyFixedDrive(path) || files_->Look(path)) return false;
-  if (MayHoldVariable(path)) return false;
-  // Up to the first folder that is there: if that can't be listed, what is in it isn't known.
-  for (size_t length = path.size(); length > ParentLength(path.substr(0, length));) {
-    length = ParentLength(path.substr(0, length));
-    const TextView folder = path.substr(0, length);
-    if (files_->FolderExists(folder)) return files_->List(folder, [](const platform::DirectoryEntry&) {});
-  }
-  return false;
+  return !MayHoldVariable(path) && files_->FileExists(path) == false && files_->FolderExists(path) == false;
 }
 
 bool clsPubCommon::IsOnReadyFixedDrive(TextView path) const {

@@ -49,14 +49,12 @@ std::optional<platform::FileFacts> MachineFileSystem::Look(TextView path) {
   return facts;
 }
 
-bool MachineFileSystem::FileExists(TextView path) {
-  const std::optional<Place> place = finder_.Find(path, Last::Followed);
-  return place && place->IsFile();
+platform::Existence MachineFileSystem::FileExists(TextView path) {
+  return finder_.Stands(path, EntryKind::File);
 }
 
-bool MachineFileSystem::FolderExists(TextView path) {
-  const std::optional<Place> place = finder_.Find(path, Last::Followed);
-  return place && place->IsFolder();
+platform::Existence MachineFileSystem::FolderExists(TextView path) {
+  return finder_.Stands(path, EntryKind::Folder);
 }
 
 std::optional<Text> MachineFileSystem::FolderIdentity(TextView path) {
@@ -227,7 +225,7 @@ std::vector<platform::Drive> MachineFileSystem::Drives() {
     const bool known = std::any_of(drives.begin(), drives.end(),
                                    [&](const platform::Drive& drive) { return drive.path == path; });
     constexpr int kFixed = 2;
-    if (!known && FolderExists(path)) drives.push_back({path, kFixed, true, {}});
+    if (!known && FolderExists(path) == true) drives.push_back({path, kFixed, true, {}});
   }
   std::sort(drives.begin(), drives.end(),
             [](const platform::Drive& left, const platform::Drive& right) { return left.path < right.path; });

@@ -6,7 +6,9 @@
 
 namespace tavix::machine {
 
-bool MachineShell::Exists(TextView path) { return files_.FileExists(path) || files_.FolderExists(path); }
+bool MachineShell::Exists(TextView path) {
+  return files_.FileExists(path) == true || files_.FolderExists(path) == true;
+}
 
 bool MachineShell::RunTarget(TextView target, int style) {
   journal_.Note(u"RunTarget", {{u"target", Text(target)}, {u"style", style}});

@@ -28,12 +28,12 @@ class MemoryFileSystem : public MachineFileSystem {
   void AddLink(TextView path, TextView target);
 
   // Which of the calls below fail, by their names and paths ("DeleteFile", u"C:\\a.txt"); a moved file by
-  // its source. Faults of the store, half-way through a call, are those of MemoryStore.
+  // its source. An existence test that fails can't tell. Faults of the store, half-way through a call, are those of MemoryStore.
   Faults faults;
 
   std::optional<platform::FileFacts> Look(TextView path) override;
-  bool FileExists(TextView path) override;
-  bool FolderExists(TextView path) override;
+  platform::Existence FileExists(TextView path) override;
+  platform::Existence FolderExists(TextView path) override;
   std::unique_ptr<platform::OpenFolder> Open(TextView folder) override;
   bool CreateFolder(TextView path) override;
   bool CreateTextFile(TextView path, bool overwrite) override;

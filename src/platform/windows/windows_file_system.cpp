@@ -12,11 +12,13 @@ namespace {
 
 constexpr DWORD kChangeable = platform::kReadOnly | platform::kHidden | platform::kSystem;
 
-// What stands at the path, or at the end of a link, is a file or a folder, as asked; false for nothing.
-bool Exists(TextView path, bool folder) {
+// What stands at the path, or at the end of a link, is a file or a folder, as asked.
+platform::Existence Exists(TextView path, bool folder) {
   const std::optional<Text> normal = NormalPath(path);
   if (!normal) return false;
-  const std::optional<DWORD> attributes = FollowedAttributes(*normal);
+  bool sure = true;
+  const std::optional<DWORD> attributes = FollowedAttributes(*normal, sure);
+  if (!sure) return std::nullopt;
   return attributes && ((*attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) == folder;
 }
 
@@ -59,9 +61,9 @@ std::optional<platform::FileFacts> WindowsFileSystem::Look(TextView path) {
   return NormalPath(path).and_then([](const Text& normal) { return ReadFacts(normal); });
 }
 
-bool WindowsFileSystem::FileExists(TextView path) { return Exists(path, false); }
+platform::Existence WindowsFileSystem::FileExists(TextView path) { return Exists(path, false); }
 
-bool WindowsFileSystem::FolderExists(TextView path) { return Exists(path, true); }
+platform::Existence WindowsFileSystem::FolderExists(TextView path) { return Exists(path, true); }
 
 std::unique_ptr<platform::OpenFolder> WindowsFileSystem::Open(TextView folder) {
   std::optional<Text> normal = NormalPath(folder);

@@ -15,8 +15,8 @@ class WindowsFileSystem : public platform::FileSystem {
   WindowsFileSystem& operator=(const WindowsFileSystem&) = delete;
 
   std::optional<platform::FileFacts> Look(TextView path) override;
-  bool FileExists(TextView path) override;
-  bool FolderExists(TextView path) override;
+  platform::Existence FileExists(TextView path) override;
+  platform::Existence FolderExists(TextView path) override;
   std::unique_ptr<platform::OpenFolder> Open(TextView folder) override;
   std::optional<Text> FolderIdentity(TextView path) override;
   bool CreateFolder(TextView path) override;

@@ -18,7 +18,8 @@ bool HasNul(TextView text) { return text.find(u'\0') != TextView::npos; }
 
 bool IsThere(TextView path) {
   const std::optional<Text> normal = NormalPath(path);
-  return normal && FollowedAttributes(*normal);
+  bool sure = true;
+  return normal && FollowedAttributes(*normal, sure);
 }
 
 // A path that the shell takes, of something that is there.

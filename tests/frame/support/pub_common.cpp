@@ -191,11 +191,10 @@ TEST_F(PubCommon, TargetWithAVariableThatIsntSetIsValid) {
   EXPECT_TRUE(IsTargetValid(u"C:\\%Unknown%\\a.exe"));
 }
 
-TEST_F(PubCommon, TargetInAFolderThatCantBeListedIsValid) {
-  host.files.AddFolder(u"C:\\Secret");
+TEST_F(PubCommon, TargetThatCantBeLookedAtIsValid) {
   AddShortcut(u"C:\\Secret\\a.exe");
   EXPECT_FALSE(IsValid());
-  host.files.faults.Fail(u"List", u"C:\\Secret");
+  host.store.faults.Fail(u"Find", u"Secret");
   EXPECT_TRUE(IsValid());
 }
 

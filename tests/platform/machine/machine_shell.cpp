@@ -42,7 +42,7 @@ TEST_F(MachineShellTest, FailsOnDemand) {
   host.files.AddFile(u"C:\\a");
   host.shell.faults.Fail(u"DeleteToRecycleBin", u"C:\\a");
   EXPECT_FALSE(host.shell.DeleteToRecycleBin(u"C:\\a"));
-  EXPECT_TRUE(host.files.FileExists(u"C:\\a"));
+  EXPECT_EQ(host.files.FileExists(u"C:\\a"), true);
   EXPECT_EQ(Ops(), std::vector<Text>{u"DeleteToRecycleBin"});
 }
 

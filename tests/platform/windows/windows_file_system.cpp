@@ -96,13 +96,13 @@ TEST_F(FilesOfWindows, LongPathsWork) {
   EXPECT_TRUE(files.AppendToFile(path, "er"));
   EXPECT_EQ(files.ReadFile(path), "longer");
   EXPECT_EQ(files.Look(path)->path, path);
-  EXPECT_TRUE(files.FileExists(path));
-  EXPECT_TRUE(files.FolderExists(folder));
+  EXPECT_EQ(files.FileExists(path), true);
+  EXPECT_EQ(files.FolderExists(folder), true);
   EXPECT_TRUE(files.SetAttributes(path, platform::kHidden));
   EXPECT_TRUE(files.MoveFile(path, moved));
   EXPECT_TRUE(files.List(folder, [](const auto& entry) { EXPECT_EQ(entry.name, u"moved.txt"); }));
   EXPECT_TRUE(files.DeleteFile(moved, false));
-  EXPECT_FALSE(files.FileExists(moved));
+  EXPECT_EQ(files.FileExists(moved), false);
 }
 
 TEST_F(FilesOfWindows, SettingAttributesLeavesTheOthers) {
