@@ -5,6 +5,7 @@
 #include "advanced/path_text.h"
 #include "forms/main_form.h"
 #include "frame/support/file_system_object.h"
+#include "frame/support/pub_common.h"
 #include "platform/event_queue.h"
 #include "scan/folder_chain.h"
 #include "scan/scan_driver.h"
@@ -86,6 +87,7 @@ class AdvancedWalk {
 }  // namespace
 
 void WalkAdvancedFolder(TextView folder, TextView funcs, bool recurse) {
+  pubCommon.ForgetDrives();
   AdvancedWalk(funcs, recurse).Run(folder);
 }
 

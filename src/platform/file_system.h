@@ -129,8 +129,12 @@ class FileSystem {
   // Read-only, hidden and system; the other attributes stay.
   virtual bool SetAttributes(TextView path, uint32_t attributes) = 0;
 
-  // In the order of their letters.
+  // In the order of their letters. Each is asked whether it is ready, which on the network may take long.
   virtual std::vector<Drive> Drives() = 0;
+  // The type of one drive, as Drive numbers it, without asking the drive. Nothing for a letter that has none.
+  virtual std::optional<int> DriveType(char16_t letter) = 0;
+  // Asks one drive whether it is ready.
+  virtual bool IsDriveReady(char16_t letter) = 0;
 };
 
 inline FileSystem* fileSystem = nullptr;

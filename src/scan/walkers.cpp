@@ -138,6 +138,7 @@ void WalkFolderFilesExcept(TextView folder, TextView typeText, TextView skipName
 }
 
 void WalkInvalidShortcuts(TextView folder, TextView typeText) {
+  pubCommon.ForgetDrives();
   Rules rules = ByPatterns(typeText, u"*.lnk");
   rules.passes = [](const Text& full, const std::optional<FileObject>&) {
     bool valid = true;

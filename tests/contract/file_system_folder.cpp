@@ -45,7 +45,7 @@ class FolderStage : public FileSystemStage {
   bool Refuse(TextView folder, bool refuse) override {
     fs::permissions(HostPath(folder), refuse ? fs::perms::none : fs::perms::owner_all);
     std::error_code failure;
-    fs::symlink_status(HostPath(folder) / "any", failure);
+    static_cast<void>(fs::symlink_status(HostPath(folder) / "any", failure));
     return !refuse || failure == std::errc::permission_denied;
   }
   Text OtherVolume() override { return {}; }

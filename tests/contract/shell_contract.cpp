@@ -82,9 +82,9 @@ TEST_P(ShellContract, ExpandsVariables) {
 
 TEST_P(ShellContract, ReadsNoTargetOfWhatIsNoShortcut) {
   ASSERT_TRUE(files.WriteFile(In(u"a.lnk"), "no shortcut"));
-  EXPECT_FALSE(shell.ShortcutTarget(In(u"a.lnk")));
-  EXPECT_FALSE(shell.ShortcutTarget(In(u"none.lnk")));
-  EXPECT_FALSE(shell.ShortcutTarget(u""));
+  EXPECT_FALSE(shell.OpenShortcut(In(u"a.lnk")));
+  EXPECT_FALSE(shell.OpenShortcut(In(u"none.lnk")));
+  EXPECT_FALSE(shell.OpenShortcut(u""));
 }
 
 TEST_P(ShellContract, OpensNothingThatIsNotThere) {

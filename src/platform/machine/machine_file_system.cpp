@@ -7,6 +7,7 @@
 namespace tavix::machine {
 namespace {
 
+constexpr int kFixedDrive = 2;
 constexpr uint32_t kSettable = platform::kReadOnly | platform::kHidden | platform::kSystem;
 
 // The order in which a folder is listed: that of the capitals, of two alike that of the names. Most hosts
@@ -224,12 +225,21 @@ std::vector<platform::Drive> MachineFileSystem::Drives() {
     const Text path{letter, u':'};
     const bool known = std::any_of(drives.begin(), drives.end(),
                                    [&](const platform::Drive& drive) { return drive.path == path; });
-    constexpr int kFixed = 2;
-    if (!known && FolderExists(path) == true) drives.push_back({path, kFixed, true, {}});
+    if (!known && FolderExists(path) == true) drives.push_back({path, kFixedDrive, true, {}});
   }
   std::sort(drives.begin(), drives.end(),
             [](const platform::Drive& left, const platform::Drive& right) { return left.path < right.path; });
   return drives;
+}
+
+std::optional<int> MachineFileSystem::DriveType(char16_t letter) {
+  if (const platform::Drive* drive = facts_.FindDrive(ToUpper(letter))) return drive->type;
+  return FolderExists(Text{letter, u':'}) == true ? std::optional(kFixedDrive) : std::nullopt;
+}
+
+bool MachineFileSystem::IsDriveReady(char16_t letter) {
+  if (const platform::Drive* drive = facts_.FindDrive(ToUpper(letter))) return drive->ready;
+  return FolderExists(Text{letter, u':'}) == true;
 }
 
 bool MachineFileSystem::Recycle(TextView path, RecycleBin& bin) {

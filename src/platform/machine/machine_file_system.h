@@ -35,6 +35,8 @@ class MachineFileSystem : public platform::FileSystem {
   bool MoveFile(TextView source, TextView destination) override;
   bool SetAttributes(TextView path, uint32_t attributes) override;
   std::vector<platform::Drive> Drives() override;
+  std::optional<int> DriveType(char16_t letter) override;
+  bool IsDriveReady(char16_t letter) override;
 
   // Moves a file, folder or link into the bin. Not the root of a drive.
   bool Recycle(TextView path, RecycleBin& bin);

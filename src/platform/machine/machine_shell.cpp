@@ -1,6 +1,5 @@
 #include "platform/machine/machine_shell.h"
 
-#include "platform/machine/shortcut.h"
 #include "platform/recycle_bin_text.h"
 #include "text/utf8.h"
 
@@ -106,11 +105,10 @@ Text MachineShell::ExpandEnvironment(TextView text) {
   return expanded.append(text);
 }
 
-std::optional<Text> MachineShell::ShortcutTarget(TextView path) {
-  if (faults.Hit(u"ShortcutTarget", path)) return std::nullopt;
-  return files_.ReadFile(path)
-      .and_then([](const std::string& bytes) { return ReadShortcut(bytes); })
-      .transform([](const ShortcutData& shortcut) { return shortcut.target; });
+std::optional<platform::Shortcut> MachineShell::OpenShortcut(TextView path) {
+  if (faults.Hit(u"OpenShortcut", path)) return std::nullopt;
+  return files_.ReadFile(path).and_then(
+      [](const std::string& bytes) { return platform::ReadShortcut(bytes); });
 }
 
 }  // namespace tavix::machine

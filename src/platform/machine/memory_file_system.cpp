@@ -126,4 +126,8 @@ bool MemoryFileSystem::SetAttributes(TextView path, uint32_t attributes) {
   return !faults.Hit(u"SetAttributes", path) && MachineFileSystem::SetAttributes(path, attributes);
 }
 
+bool MemoryFileSystem::IsDriveReady(char16_t letter) {
+  return !faults.Hit(u"IsDriveReady", Text(1, letter)) && MachineFileSystem::IsDriveReady(letter);
+}
+
 }  // namespace tavix::machine

@@ -44,6 +44,7 @@ class MemoryFileSystem : public MachineFileSystem {
   bool DeleteFolder(TextView path, bool force) override;
   bool MoveFile(TextView source, TextView destination) override;
   bool SetAttributes(TextView path, uint32_t attributes) override;
+  bool IsDriveReady(char16_t letter) override;
 
  private:
   MemoryStore& store_;

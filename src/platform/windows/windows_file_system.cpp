@@ -41,7 +41,7 @@ platform::Drive ReadDrive(char16_t letter) {
   const Text root = {letter, u':', u'\\'};
   platform::Drive drive;
   drive.path = root.substr(0, 2);
-  drive.type = DriveType(GetDriveTypeW(Wide(root)));
+  drive.type = DriveTypeOf(GetDriveTypeW(Wide(root)));
   wchar_t name[MAX_PATH + 1] = L"";
   drive.ready =
       GetVolumeInformationW(Wide(root), name, MAX_PATH + 1, nullptr, nullptr, nullptr, nullptr, 0) != 0;
@@ -133,7 +133,14 @@ std::vector<platform::Drive> WindowsFileSystem::Drives() {
   return drives;
 }
 
-int DriveType(UINT systemType) {
+std::optional<int> WindowsFileSystem::DriveType(char16_t letter) {
+  const UINT type = GetDriveTypeW(Wide(Text{letter, u':', u'\\'}));
+  return type == DRIVE_NO_ROOT_DIR ? std::nullopt : std::optional(DriveTypeOf(type));
+}
+
+bool WindowsFileSystem::IsDriveReady(char16_t letter) { return ReadDrive(letter).ready; }
+
+int DriveTypeOf(UINT systemType) {
   switch (systemType) {
     case DRIVE_REMOVABLE:
       return 1;

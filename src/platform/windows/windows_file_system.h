@@ -29,12 +29,14 @@ class WindowsFileSystem : public platform::FileSystem {
   bool MoveFile(TextView source, TextView destination) override;
   bool SetAttributes(TextView path, uint32_t attributes) override;
   std::vector<platform::Drive> Drives() override;
+  std::optional<int> DriveType(char16_t letter) override;
+  bool IsDriveReady(char16_t letter) override;
 
  private:
   DWORD errorMode_ = 0;
 };
 
 // A drive's type as platform::Drive numbers it, of the system's number.
-int DriveType(UINT systemType);
+int DriveTypeOf(UINT systemType);
 
 }  // namespace tavix::windows

@@ -183,13 +183,13 @@ TEST_F(FilesOfWindows, DrivesStandInTheOrderOfTheirLetters) {
 }
 
 TEST(DriveType, IsNumberedAsTheInterfaceHasIt) {
-  EXPECT_EQ(DriveType(DRIVE_UNKNOWN), 0);
-  EXPECT_EQ(DriveType(DRIVE_NO_ROOT_DIR), 0);
-  EXPECT_EQ(DriveType(DRIVE_REMOVABLE), 1);
-  EXPECT_EQ(DriveType(DRIVE_FIXED), 2);
-  EXPECT_EQ(DriveType(DRIVE_REMOTE), 3);
-  EXPECT_EQ(DriveType(DRIVE_CDROM), 4);
-  EXPECT_EQ(DriveType(DRIVE_RAMDISK), 5);
+  EXPECT_EQ(DriveTypeOf(DRIVE_UNKNOWN), 0);
+  EXPECT_EQ(DriveTypeOf(DRIVE_NO_ROOT_DIR), 0);
+  EXPECT_EQ(DriveTypeOf(DRIVE_REMOVABLE), 1);
+  EXPECT_EQ(DriveTypeOf(DRIVE_FIXED), 2);
+  EXPECT_EQ(DriveTypeOf(DRIVE_REMOTE), 3);
+  EXPECT_EQ(DriveTypeOf(DRIVE_CDROM), 4);
+  EXPECT_EQ(DriveTypeOf(DRIVE_RAMDISK), 5);
 }
 
 TEST(WindowsFileSystem, KeepsDialogsOfTheSystemAwayWhileItLives) {
