@@ -122,7 +122,7 @@ int ReadClasses(Hive hive, TextView root) {
   for (const Text& name : NamesOf(hive, root)) {
     const auto server =
         platform::registry->ReadValue(hive, Concat(root, u"\\", name, u"\\InprocServer32"), u"");
-    if (server && !server->starts_with(u'%') && !platform::fileSystem->FileExists(*server)) ++missing;
+    if (server && !server->starts_with(u'%') && platform::fileSystem->FileExists(*server) == false) ++missing;
   }
   return missing;
 }
@@ -134,7 +134,7 @@ void BarePass(benchmark::State& state) {
   for (auto _ : state) {
     missing = 0;
     platform::registry->VisitValues(Hive::LocalMachine, kSharedDlls, [&missing](TextView name, TextView) {
-      if (!platform::fileSystem->FileExists(name)) ++missing;
+      if (platform::fileSystem->FileExists(name) == false) ++missing;
     });
     missing += ReadClasses(Hive::ClassesRoot, u"CLSID");
     missing += ReadClasses(Hive::LocalMachine, u"Software\\Classes\\CLSID");

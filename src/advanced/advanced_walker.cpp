@@ -5,6 +5,7 @@
 #include "advanced/path_text.h"
 #include "forms/main_form.h"
 #include "frame/support/file_system_object.h"
+#include "frame/support/pub_common.h"
 #include "platform/event_queue.h"
 #include "scan/folder_chain.h"
 #include "scan/scan_driver.h"
@@ -32,7 +33,8 @@ class AdvancedWalk {
 
  private:
   bool EnterFirst(TextView folder) {
-    if (!CancelRequested && !fileSystemObject.FolderExists(folder)) return false;
+    // Where the test can't be answered it is passed over, and the walk shows what it can list.
+    if (!CancelRequested && fileSystemObject.FolderExists(folder) == false) return false;
     const Text asked = WithSeparator(folder);
     const auto path =
         fileSystemObject.GetFolder(asked).and_then([](const Folder& found) { return found.Path(); });
@@ -52,7 +54,8 @@ class AdvancedWalk {
     const Text path = chain_.Path();
     const auto list = [this](const platform::EntryVisitor& see) { return chain_.List(see, {}); };
     const FolderReader::Visit visit = reader_.Read(path, list, path.size() >= kShortestJudged);
-    if (!visit.empty && !visit.content.WasRead() && !fileSystemObject.FolderExists(path)) return false;
+    if (!visit.empty && !visit.content.WasRead() && fileSystemObject.FolderExists(path) == false)
+      return false;
     frmPubMain.lblProgS.Caption = Concat(u"Scanning in '", shown, u"', please wait...");
     if (visit.empty) {
       if (Holds(funcs_, kEmptyFoldersAndFiles)) AddEmptyFolderRow(path, chain_.StartLength());
@@ -85,6 +88,7 @@ class AdvancedWalk {
 }  // namespace
 
 void WalkAdvancedFolder(TextView folder, TextView funcs, bool recurse) {
+  pubCommon.ForgetDrives();
   AdvancedWalk(funcs, recurse).Run(folder);
 }
 

@@ -40,10 +40,10 @@ void LoadBucket(const Folder& bucket, TextView name, File& file) {
   frmPubMain.lblProgS.Caption = Concat(u"Loading ", BucketTitle(name), u" duplicate files, please wait...");
   for (const File& group : bucket.Files().value_or(std::vector<File>())) {
     const auto path = group.Path();
-    if (!path || fileSystemObject.FileExists(
-                     Concat(kScannedFolder, u"\\", name, u"\\", group.Name().value_or(Text())))) {
-      continue;
-    }
+    if (!path) continue;
+    // Where the test can't be answered it is passed over, and the group is loaded.
+    const Text candidate = Concat(kScannedFolder, u"\\", name, u"\\", group.Name().value_or(Text()));
+    if (fileSystemObject.FileExists(candidate) == true) continue;
     LoadGroup(*path, file);
     platform::Yield();
   }

@@ -8,7 +8,7 @@ namespace tavix::mdlPubSelf {
 bool FileNames::Hold(TextView folder, TextView name) {
   if (!asked_ || folder_ != folder) Read(folder);
   if (capitals_ && !capitals_->contains(ToUpper(name))) return false;
-  return fileSystemObject.FileExists(Concat(folder, u"\\", name));
+  return fileSystemObject.FileExists(Concat(folder, u"\\", name)) == true;
 }
 
 void FileNames::Read(TextView folder) {

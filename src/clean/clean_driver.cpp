@@ -37,12 +37,13 @@ struct Clean {
 // Whether the row is dealt with and goes.
 using Execute = bool (*)(Clean& clean, const Finding& finding, TextView payload);
 
-// What the system would take for something else is left alone, and its row stays.
+// What the system would take for something else is left alone, and its row stays. So does that of a thing of
+// which it can't be told whether it is gone.
 bool CleanFileAt(Clean& clean, const FoundPlace& place) {
   const Text path = place.Path();
   if (!HasPlainNames(path)) return false;
   if (!place.name.empty()) clean.removal.RemoveFile(place);
-  return !fileSystemObject.FileExists(path);
+  return fileSystemObject.FileExists(path) == false;
 }
 
 bool CleanFile(Clean& clean, const Finding& finding, TextView) { return CleanFileAt(clean, finding.place); }
@@ -50,7 +51,7 @@ bool CleanFile(Clean& clean, const Finding& finding, TextView) { return CleanFil
 // The file lies in the very folder that its function names.
 bool CleanNamedFile(Clean& clean, const Finding&, TextView path) {
   const size_t cut = path.find_last_of(u'\\');
-  if (cut == TextView::npos) return !fileSystemObject.FileExists(path);
+  if (cut == TextView::npos) return fileSystemObject.FileExists(path) == false;
   return CleanFileAt(clean, {Text(path.substr(0, cut)), Text(path.substr(cut + 1)), cut});
 }
 
@@ -58,7 +59,7 @@ bool CleanFolder(Clean& clean, const Finding& finding, TextView) {
   const Text path = finding.place.Path();
   if (!HasPlainNames(path)) return false;
   if (!finding.place.name.empty()) clean.removal.RemoveFolder(finding.place);
-  return !fileSystemObject.FolderExists(path);
+  return fileSystemObject.FolderExists(path) == false;
 }
 
 bool DeleteRegistryKey(Clean&, const Finding&, TextView payload) {

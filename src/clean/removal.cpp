@@ -36,14 +36,14 @@ void Removal::RemoveFile(const FoundPlace& place) {
   if (item == nullptr || !safeguard_.AllowsFile(place.folder, place.name)) return;
   const Text path = place.Path();
   // What has become a folder since it was found isn't that file.
-  if (item->IsFolder() || fileSystemObject.FolderExists(path)) return;
+  if (item->IsFolder() || fileSystemObject.FolderExists(path) != false) return;
   if (CleaningMethod == kRecycle) {
     Recycle(*item, path);
   } else if (CleaningMethod == kDelete) {
     item->DeleteFile();
   } else if (CleaningMethod == kSave) {
     const Text saved = InBackupFolder(place.name);
-    item->MoveFileTo(fileSystemObject.FileExists(saved) ? saved + u".1" : saved);
+    item->MoveFileTo(fileSystemObject.FileExists(saved) == true ? saved + u".1" : saved);
   }
 }
 
@@ -56,7 +56,7 @@ void Removal::RemoveFolder(const FoundPlace& place) {
     item->DeleteEmptyFolder();
   } else if (CleaningMethod == kSave) {
     const Text saved = InBackupFolder(place.name);
-    fileSystemObject.CreateFolder(fileSystemObject.FolderExists(saved) ? saved + u".1" : saved);
+    fileSystemObject.CreateFolder(fileSystemObject.FolderExists(saved) == true ? saved + u".1" : saved);
     item->DeleteEmptyFolder();
   }
 }

@@ -11,8 +11,9 @@ namespace {
 
 constexpr uint32_t kHiddenSystem = platform::kHidden | platform::kSystem;
 
+// What can't be looked at isn't made: the step is skipped.
 void CreateIfMissing(TextView folder) {
-  if (!fileSystemObject.FolderExists(folder)) fileSystemObject.CreateFolder(folder);
+  if (fileSystemObject.FolderExists(folder) == false) fileSystemObject.CreateFolder(folder);
 }
 
 // The names of a store's bucket folders, in the order in which they are made.
@@ -67,7 +68,9 @@ bool ScratchIsFresh(const std::vector<Text>& buckets) {
 }
 
 void MakeScratch(const std::vector<Text>& buckets) {
-  if (fileSystemObject.FolderExists(kDuplicateFolder)) fileSystemObject.DeleteFolder(kDuplicateFolder, true);
+  if (fileSystemObject.FolderExists(kDuplicateFolder) == true) {
+    fileSystemObject.DeleteFolder(kDuplicateFolder, true);
+  }
   for (const TextView folder : {kDuplicateFolder, kScannedFolder, kComparedFolder}) {
     fileSystemObject.CreateFolder(folder);
   }
@@ -86,7 +89,8 @@ void PrepareDataFolders() {
   if (!fresh) MakeScratch(buckets);
 
   for (const TextView file : {kBuiltInJunkFile, kUserJunkFile, kMarkerFile}) {
-    if (!fileSystemObject.FileExists(file)) fileSystemObject.CreateTextFile(file, true);
+    // Making it anew would empty one that can't be looked at just now.
+    if (fileSystemObject.FileExists(file) == false) fileSystemObject.CreateTextFile(file, true);
   }
 
   for (const TextView folder : {kMakersFolder, kDataFolder, kDefaultBackupFolder, kDuplicateFolder,

@@ -14,10 +14,11 @@ namespace {
 
 constexpr TextView kTab = u"\t";
 
-// Whether the file holds too little to be a table. Of one that can't be looked at that isn't known.
+// Whether the file holds too little to be a table. Of one that can't be looked at that isn't known, and the
+// step that would fill it is skipped.
 bool IsMissingOrShort(TextView path) {
   constexpr double kShortest = 20;
-  if (!fileSystemObject.FileExists(path)) return true;
+  if (fileSystemObject.FileExists(path) == false) return true;
   const auto size = fileSystemObject.GetFile(path).and_then([](const File& file) { return file.Size(); });
   return size && *size < kShortest;
 }
@@ -71,7 +72,9 @@ void LoadJunkDefinitions() {
   JunkPatternChunks.assign(1, Text());
   JunkTypes.clear();
   ReadTypes(kBuiltInJunkFile, u"D");
-  if (!fileSystemObject.FileExists(kUserJunkFile)) fileSystemObject.CreateTextFile(kUserJunkFile, true);
+  // Making it anew would empty one that can't be looked at just now.
+  if (fileSystemObject.FileExists(kUserJunkFile) == false)
+    fileSystemObject.CreateTextFile(kUserJunkFile, true);
   ReadTypes(kUserJunkFile, u"U");
 }
 

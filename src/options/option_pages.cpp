@@ -70,7 +70,8 @@ void txtDF_GotFocus() { frmPubOptions.txtDF.SelectAll(); }
 void txtDF_LostFocus() {
   TextBox& box = frmPubOptions.txtDF;
   const TextView folder = Trim(box.Text.Get());
-  if (!box.Enabled || fileSystemObject.FolderExists(folder)) return;
+  // Of a folder that can't be looked at it isn't said that there is none.
+  if (!box.Enabled || fileSystemObject.FolderExists(folder) != false) return;
   Inform(Concat(u"'", folder, u"' does not exists, please specify another."));
   ShowOptionsPage(kCleaningMethodPage);
   frmPubOptions.ActiveControl = &box;

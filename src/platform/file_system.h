@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/clock.h"
+#include "platform/existence.h"
 #include "text/text.h"
 
 namespace tavix::platform {
@@ -109,8 +110,13 @@ class FileSystem {
   // Nothing when the path is missing or can't be looked at.
   virtual std::optional<FileFacts> Look(TextView path) = 0;
   // Whether a file (not a folder), or a folder, stands there; a link counts as what it points to.
-  virtual bool FileExists(TextView path) = 0;
-  virtual bool FolderExists(TextView path) = 0;
+  //
+  // Missing is only what the system says is not found: no such name or folder, a name that nothing can have,
+  // a text that is no whole path, a link to nothing, and all on a drive that isn't there or isn't ready.
+  // It can't be told where the system refuses to look (a folder without the right to it, links in circles),
+  // where the network doesn't answer, and where a device or the system fails (a bad disk, no handles left).
+  virtual Existence FileExists(TextView path) = 0;
+  virtual Existence FolderExists(TextView path) = 0;
   // Null when the folder is missing, which may show only when it is listed.
   virtual std::unique_ptr<OpenFolder> Open(TextView folder) = 0;
   // Lists a folder by its path.
@@ -153,8 +159,12 @@ class FileSystem {
   // Read-only, hidden and system; the other attributes stay.
   virtual bool SetAttributes(TextView path, uint32_t attributes) = 0;
 
-  // In the order of their letters.
+  // In the order of their letters. Each is asked whether it is ready, which on the network may take long.
   virtual std::vector<Drive> Drives() = 0;
+  // The type of one drive, as Drive numbers it, without asking the drive. Nothing for a letter that has none.
+  virtual std::optional<int> DriveType(char16_t letter) = 0;
+  // Asks one drive whether it is ready.
+  virtual bool IsDriveReady(char16_t letter) = 0;
 };
 
 inline FileSystem* fileSystem = nullptr;

@@ -14,14 +14,15 @@ Text BelowClasses(TextView key) {
 
 }  // namespace
 
-void MergedRegistry::VisitSubKeys(Hive hive, TextView key, const NameVisitor& visit) {
+bool MergedRegistry::VisitSubKeys(Hive hive, TextView key, const NameVisitor& visit) {
   if (hive != Hive::ClassesRoot) return plain_.VisitSubKeys(hive, key, visit);
   const Text path = BelowClasses(key);
   std::vector<Text> users;
-  plain_.VisitSubKeys(Hive::CurrentUser, path, [&users](TextView name) { users.emplace_back(name); });
+  const bool allOfUser =
+      plain_.VisitSubKeys(Hive::CurrentUser, path, [&users](TextView name) { users.emplace_back(name); });
   // Both come in order, so one pass over the two gives the whole in order.
   size_t next = 0;
-  plain_.VisitSubKeys(Hive::LocalMachine, path, [&](TextView name) {
+  const bool allOfMachine = plain_.VisitSubKeys(Hive::LocalMachine, path, [&](TextView name) {
     while (next < users.size() && CompareIgnoringCase(users[next], name) < 0) visit(users[next++]);
     if (next < users.size() && EqualIgnoringCase(users[next], name)) {
       visit(users[next++]);
@@ -30,19 +31,21 @@ void MergedRegistry::VisitSubKeys(Hive hive, TextView key, const NameVisitor& vi
     }
   });
   while (next < users.size()) visit(users[next++]);
+  return allOfUser && allOfMachine;
 }
 
-void MergedRegistry::VisitValues(Hive hive, TextView key, const ValueVisitor& visit) {
+bool MergedRegistry::VisitValues(Hive hive, TextView key, const ValueVisitor& visit) {
   if (hive != Hive::ClassesRoot) return plain_.VisitValues(hive, key, visit);
   const Text path = BelowClasses(key);
   std::set<Text, LessIgnoringCase> users;
-  plain_.VisitValues(Hive::CurrentUser, path, [&](TextView name, TextView data) {
+  const bool allOfUser = plain_.VisitValues(Hive::CurrentUser, path, [&](TextView name, TextView data) {
     users.emplace(name);
     visit(name, data);
   });
-  plain_.VisitValues(Hive::LocalMachine, path, [&](TextView name, TextView data) {
+  const bool allOfMachine = plain_.VisitValues(Hive::LocalMachine, path, [&](TextView name, TextView data) {
     if (!users.contains(name)) visit(name, data);
   });
+  return allOfUser && allOfMachine;
 }
 
 std::optional<Text> MergedRegistry::ReadValue(Hive hive, TextView key, TextView name) {
@@ -53,25 +56,31 @@ std::optional<Text> MergedRegistry::ReadValue(Hive hive, TextView key, TextView 
   });
 }
 
-bool MergedRegistry::KeyExists(Hive hive, TextView key) {
+Existence MergedRegistry::KeyExists(Hive hive, TextView key) {
   if (hive != Hive::ClassesRoot) return plain_.KeyExists(hive, key);
   const Text path = BelowClasses(key);
-  return plain_.KeyExists(Hive::CurrentUser, path) || plain_.KeyExists(Hive::LocalMachine, path);
+  const Existence users = plain_.KeyExists(Hive::CurrentUser, path);
+  if (users == true) return users;
+  const Existence machines = plain_.KeyExists(Hive::LocalMachine, path);
+  return machines == true ? machines : users == false ? machines : users;
 }
 
 bool MergedRegistry::WriteString(Hive hive, TextView key, TextView name, TextView data) {
   if (hive != Hive::ClassesRoot) return plain_.WriteString(hive, key, name, data);
   const Text path = BelowClasses(key);
-  const bool users = plain_.KeyExists(Hive::CurrentUser, path);
-  return plain_.WriteString(users ? Hive::CurrentUser : Hive::LocalMachine, path, name, data);
+  const Existence users = plain_.KeyExists(Hive::CurrentUser, path);
+  if (users == std::nullopt) return false;
+  return plain_.WriteString(users == true ? Hive::CurrentUser : Hive::LocalMachine, path, name, data);
 }
 
 bool MergedRegistry::DeleteKey(Hive hive, TextView key) {
   if (hive != Hive::ClassesRoot) return plain_.DeleteKey(hive, key);
   if (key.empty()) return false;
   const Text path = BelowClasses(key);
-  const bool users = plain_.KeyExists(Hive::CurrentUser, path);
-  return plain_.DeleteKey(users ? Hive::CurrentUser : Hive::LocalMachine, path);
+  // Not the machine's in place of a user's that can't be seen just now.
+  const Existence users = plain_.KeyExists(Hive::CurrentUser, path);
+  if (users == std::nullopt) return false;
+  return plain_.DeleteKey(users == true ? Hive::CurrentUser : Hive::LocalMachine, path);
 }
 
 bool MergedRegistry::DeleteValue(Hive hive, TextView key, TextView name) {

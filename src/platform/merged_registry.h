@@ -13,10 +13,10 @@ class MergedRegistry : public Registry {
  public:
   explicit MergedRegistry(Registry& plain) : plain_(plain) {}
 
-  void VisitSubKeys(Hive hive, TextView key, const NameVisitor& visit) override;
-  void VisitValues(Hive hive, TextView key, const ValueVisitor& visit) override;
+  bool VisitSubKeys(Hive hive, TextView key, const NameVisitor& visit) override;
+  bool VisitValues(Hive hive, TextView key, const ValueVisitor& visit) override;
   std::optional<Text> ReadValue(Hive hive, TextView key, TextView name) override;
-  bool KeyExists(Hive hive, TextView key) override;
+  Existence KeyExists(Hive hive, TextView key) override;
   bool WriteString(Hive hive, TextView key, TextView name, TextView data) override;
   bool DeleteKey(Hive hive, TextView key) override;
   bool DeleteValue(Hive hive, TextView key, TextView name) override;

@@ -4,6 +4,7 @@
 #include <functional>
 #include <optional>
 
+#include "platform/existence.h"
 #include "text/text.h"
 
 namespace tavix::platform {
@@ -32,14 +33,17 @@ class Registry {
 
   // Calls the visitor with each direct subkey, in the order of their upper-cased names. A key that is
   // missing or can't be read has none. What the visitor gets is valid during its call; it changes nothing.
-  virtual void VisitSubKeys(Hive hive, TextView key, const NameVisitor& visit) = 0;
+  // True when those were all there are, none of a missing key included; false when the key, or the rest of
+  // it, can't be read.
+  virtual bool VisitSubKeys(Hive hive, TextView key, const NameVisitor& visit) = 0;
   // The same with each value, in the order in which they were made; the default value, if it is set, has
   // the empty name.
-  virtual void VisitValues(Hive hive, TextView key, const ValueVisitor& visit) = 0;
+  virtual bool VisitValues(Hive hive, TextView key, const ValueVisitor& visit) = 0;
   // The data of one value, the default value for the empty name. Nothing when key or value are missing or
   // can't be read.
   virtual std::optional<Text> ReadValue(Hive hive, TextView key, TextView name) = 0;
-  virtual bool KeyExists(Hive hive, TextView key) = 0;
+  // A key that may not be read is there all the same.
+  virtual Existence KeyExists(Hive hive, TextView key) = 0;
   // Writes a string (REG_SZ), making the key where it is missing. False, and nothing changed, on failure.
   virtual bool WriteString(Hive hive, TextView key, TextView name, TextView data) = 0;
   // Deletes a key with everything below it. A registry link, the key itself or one below it, goes and

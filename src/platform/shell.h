@@ -4,6 +4,7 @@
 #include <optional>
 #include <vector>
 
+#include "platform/shortcut.h"
 #include "text/text.h"
 
 namespace tavix::platform {
@@ -54,9 +55,9 @@ class Shell {
   // `%NAME%` replaced where such a variable is set, and left as it stands otherwise.
   virtual Text ExpandEnvironment(TextView text) = 0;
 
-  // The target path of a shortcut file as it is stored, variables not expanded; empty for one that has no
-  // path (a shell object, an advertised program). Nothing when it can't be read as a shortcut.
-  virtual std::optional<Text> ShortcutTarget(TextView path) = 0;
+  // What a shortcut file names as its target; none of it is looked at. Nothing when it can't be read as a
+  // shortcut.
+  virtual std::optional<Shortcut> OpenShortcut(TextView path) = 0;
 };
 
 inline Shell* shell = nullptr;

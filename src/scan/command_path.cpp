@@ -88,7 +88,8 @@ void CutBehindExtension(TextView text, Text& path) {
 
 CommandTarget FindCommandTarget(TextView command) {
   Text whole = Unquote(Trim(command));
-  if (fileSystemObject.FileExists(whole)) return {std::move(whole), true};
+  // A test that can't be answered counts as "no" here, and the text is taken apart.
+  if (fileSystemObject.FileExists(whole) == true) return {std::move(whole), true};
   if (HasResourcePrefix(command)) command.remove_prefix(1);
   const std::optional<int16_t> end = FindEnd(command);
   if (!end) return {};

@@ -108,13 +108,16 @@ const Text& RegistryLookups::SpecialFolder(TextView name) {
   return found->Path;
 }
 
-SubstringIndex& RegistryLookups::TypeLibraries() {
-  if (!typeLibraries_) {
+SubstringIndex* RegistryLookups::TypeLibraries() {
+  constexpr auto kHive = platform::Hive::ClassesRoot;
+  constexpr TextView kKey = u"TypeLib";
+  if (!typeLibrariesAsked_) {
+    typeLibrariesAsked_ = true;
     Text folded;
-    pubRegistry.EnumSubKeys(platform::Hive::ClassesRoot, u"TypeLib", folded);
-    typeLibraries_.emplace(std::move(folded));
+    pubRegistry.EnumSubKeys(kHive, kKey, folded);
+    if (!folded.empty() || pubRegistry.IsReadable(kHive, kKey)) typeLibraries_.emplace(std::move(folded));
   }
-  return *typeLibraries_;
+  return typeLibraries_ ? &*typeLibraries_ : nullptr;
 }
 
 Text RegistryEntry::Value() const {

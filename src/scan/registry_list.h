@@ -44,8 +44,8 @@ class RegistryLookups {
  public:
   // A special folder of the shell; empty where there is none.
   const Text& SpecialFolder(TextView name);
-  // The names of all type libraries, as one folded text.
-  SubstringIndex& TypeLibraries();
+  // The names of all type libraries, as one folded text; null where they can't all be read.
+  SubstringIndex* TypeLibraries();
 
  private:
   struct Folder {
@@ -53,6 +53,7 @@ class RegistryLookups {
     Text Path;
   };
   std::vector<Folder> folders_;
+  bool typeLibrariesAsked_ = false;
   std::optional<SubstringIndex> typeLibraries_;
 };
 

@@ -8,8 +8,9 @@
 namespace tavix::mdlPubSelf {
 namespace {
 
+// A test that can't be answered finds nothing: only what is known to be missing is a finding.
 std::optional<Text> UnlessFile(Text path) {
-  if (fileSystemObject.FileExists(path)) return std::nullopt;
+  if (fileSystemObject.FileExists(path) != false) return std::nullopt;
   return path;
 }
 
@@ -35,7 +36,7 @@ std::optional<Text> NameLeadsToNoFile(const RegistryEntry& entry) { return Unles
 
 std::optional<Text> NameLeadsToNoFolder(const RegistryEntry& entry) {
   Text path = ExtractCommandPath(entry.Name);
-  if (path.empty() || fileSystemObject.FolderExists(path)) return std::nullopt;
+  if (path.empty() || fileSystemObject.FolderExists(path) != false) return std::nullopt;
   return path;
 }
 
@@ -51,7 +52,7 @@ std::optional<Text> DataLeadsToNoFile(const RegistryEntry& entry) {
 
 std::optional<Text> FontIsMissing(const RegistryEntry& entry) {
   const Text& fonts = entry.Lookups.SpecialFolder(u"Fonts");
-  if (fileSystemObject.FileExists(Concat(fonts, u"\\", Trim(entry.Data)))) return std::nullopt;
+  if (!UnlessFile(Concat(fonts, u"\\", Trim(entry.Data)))) return std::nullopt;
   return Text(Trim(entry.Name));
 }
 
@@ -61,7 +62,8 @@ std::optional<Text> HelpFileIsMissing(const RegistryEntry& entry) {
 
 std::optional<Text> TypeLibraryIsMissing(const RegistryEntry& entry) {
   Text library = entry.Value();
-  if (entry.Lookups.TypeLibraries().Contains(library)) return std::nullopt;
+  SubstringIndex* known = entry.Lookups.TypeLibraries();
+  if (known == nullptr || known->Contains(library)) return std::nullopt;
   return library;
 }
 
@@ -77,6 +79,8 @@ std::optional<Text> SoftwareIsObsolete(const RegistryEntry& entry) {
   pubRegistry.EnumValues(entry.List.Hive, key, folded);
   // The default value has no name, so the text of it alone begins with the separator "*NDS*".
   if (!folded.empty() && !MatchesPattern(folded, u"?NDS?*")) return std::nullopt;
+  // What can't be read looks empty and isn't known to be.
+  if (!pubRegistry.IsReadable(entry.List.Hive, key)) return std::nullopt;
   return Text(entry.Name);
 }
 
@@ -90,11 +94,11 @@ std::optional<Text> UninstallerIsMissing(const RegistryEntry& entry) {
 std::optional<Text> MenuItemIsMissing(const RegistryEntry& entry) {
   const Text inAllUsers = Concat(entry.Lookups.SpecialFolder(u"AllUsersPrograms"), u"\\", entry.Name);
   const Text inUsers = Concat(entry.Lookups.SpecialFolder(u"Programs"), u"\\", entry.Name);
-  if (fileSystemObject.FileExists(inAllUsers + u".lnk") || fileSystemObject.FileExists(inUsers + u".lnk") ||
-      fileSystemObject.FolderExists(inAllUsers) || fileSystemObject.FolderExists(inUsers)) {
-    return std::nullopt;
-  }
-  return Text(entry.Name);
+  const bool missing = fileSystemObject.FileExists(inAllUsers + u".lnk") == false &&
+                       fileSystemObject.FileExists(inUsers + u".lnk") == false &&
+                       fileSystemObject.FolderExists(inAllUsers) == false &&
+                       fileSystemObject.FolderExists(inUsers) == false;
+  return missing ? std::optional(Text(entry.Name)) : std::nullopt;
 }
 
 }  // namespace tavix::mdlPubSelf

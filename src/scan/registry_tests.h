@@ -6,7 +6,8 @@ namespace tavix::mdlPubSelf {
 
 // The tests of registry lists. Each gives the name of the row, or nothing where the entry is no finding. A
 // command is a text of which ExtractCommandPath makes a path; one that can't be judged is no finding unless
-// said otherwise.
+// said otherwise. An entry is a finding only if its target is known to be missing: where the test of a file,
+// a folder or a key can't be answered, it is none.
 
 // Every entry, by its value, which may be empty.
 std::optional<Text> ListValue(const RegistryEntry& entry);

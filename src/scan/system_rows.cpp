@@ -52,7 +52,13 @@ void ScanRecycleBins() {
 void ScanMemoryDump() {
   const Text path = Concat(WindowsFolder(), u"\\memory.dmp");
   const Text action = Concat(u"FT: ", path);
-  if (!fileSystemObject.FileExists(path)) {
+  const platform::Existence dump = fileSystemObject.FileExists(path);
+  if (dump == std::nullopt) {
+    // What the row says of the dump is left out where it can't be told whether there is one.
+    AddResultItem(u"Memory Dumps", std::nullopt, std::nullopt, u"System Drive", std::nullopt, action);
+    return;
+  }
+  if (dump == false) {
     // The one size with no point behind it.
     AddResultItem(u"Memory Dumps", u"System Memory Dumps (0 File)", u"0", u"System Drive", kNoSizeKey,
                   action);

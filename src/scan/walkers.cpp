@@ -62,7 +62,8 @@ class Walk {
  private:
   // The paths of the folders below are built on the one that the disk knows the first by.
   bool EnterFirst(TextView folder) {
-    if (CancelRequested || !fileSystemObject.FolderExists(folder)) return false;
+    // Where the test can't be answered it is passed over, and the walk shows what it can list.
+    if (CancelRequested || fileSystemObject.FolderExists(folder) == false) return false;
     const std::optional<Text> path =
         fileSystemObject.GetFolder(folder).and_then([](const Folder& found) { return found.Path(); });
     chain_.Enter(path.value_or(Text(folder)));
@@ -95,7 +96,7 @@ class Walk {
             AddRow(entry.name, file);
         },
         rules_.wanted);
-    if (!read && !fileSystemObject.FolderExists(folder)) return false;
+    if (!read && fileSystemObject.FolderExists(folder) == false) return false;
     if (!shown) ShowFolder(folder);
     return true;
   }
@@ -138,6 +139,7 @@ void WalkFolderFilesExcept(TextView folder, TextView typeText, TextView skipName
 }
 
 void WalkInvalidShortcuts(TextView folder, TextView typeText) {
+  pubCommon.ForgetDrives();
   Rules rules = ByPatterns(typeText, u"*.lnk");
   rules.passes = [](const Text& full, const std::optional<FileObject>&) {
     bool valid = true;

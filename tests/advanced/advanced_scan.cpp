@@ -201,7 +201,7 @@ TEST_F(AdvancedScan, CancelDuringAWalkLeavesAtOnceWithoutTheBarAndTheComparing) 
   CancelAt cancel(3);  // root and C: aren't ticked, D:\ is one folder
   EXPECT_EQ(Paths(Press()), (std::vector<Text>{u"D:\\\\d.log"}));
   EXPECT_EQ(frmPubMain.lblProgMI.Width, 0);
-  EXPECT_TRUE(machine.files.FileExists(ScannedFile(u"X", u"x")));
+  EXPECT_EQ(machine.files.FileExists(ScannedFile(u"X", u"x")), true);
   EXPECT_EQ(frmPubMain.lblProgS.Caption,
             u"Canceled, please click <Clean> or press <F5> to clean the checked item.");
 }
@@ -216,7 +216,7 @@ TEST_F(AdvancedScan, CancelBehindTheLastFolderKeepsDuplicatesFromBeingCompared) 
   CancelAt cancel(4);
   EXPECT_TRUE(Press().empty());
   EXPECT_EQ(frmPubMain.lblProgMI.Width, 300) << "the walk was over";
-  EXPECT_TRUE(machine.files.FileExists(ScannedFile(u"X", u"x")));
+  EXPECT_EQ(machine.files.FileExists(ScannedFile(u"X", u"x")), true);
 }
 
 TEST_F(AdvancedScan, ATreeBuiltAnewDuringTheScanDoesNoHarm) {

@@ -108,9 +108,9 @@ TEST_F(DuplicateFinder, APairIsFoundAndOnePathIsNot) {
   AddCandidates(u"Q", u"q", {u"C:\\1\\q"});
   CompareDuplicateFiles();
   EXPECT_EQ(Paths(ResultRows()), (std::vector<Text>{u"C:\\1\\p", u"C:\\2\\p"}));
-  EXPECT_FALSE(machine.files.FileExists(ScannedFile(u"P", u"p")));
-  EXPECT_FALSE(machine.files.FileExists(ScannedFile(u"Q", u"q"))) << "deleted with no group";
-  EXPECT_FALSE(machine.files.FileExists(GroupFile(u"P", u"p_0"))) << "loaded";
+  EXPECT_EQ(machine.files.FileExists(ScannedFile(u"P", u"p")), false);
+  EXPECT_EQ(machine.files.FileExists(ScannedFile(u"Q", u"q")), false) << "deleted with no group";
+  EXPECT_EQ(machine.files.FileExists(GroupFile(u"P", u"p_0")), false) << "loaded";
 }
 
 TEST_F(DuplicateFinder, SizeAndTimeCountAsTheSettingsSay) {

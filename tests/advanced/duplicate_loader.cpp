@@ -33,7 +33,7 @@ TEST_F(DuplicateLoader, TheFirstOfAGroupIsKeptAndStandsOutByItsColor) {
   EXPECT_EQ(ColorOf(1), kKeptColor);
   EXPECT_EQ(ColorOf(2), std::nullopt);
   EXPECT_EQ(ColorOf(3), std::nullopt);
-  EXPECT_FALSE(machine.files.FileExists(GroupFile(u"A", u"a.txt_0")));
+  EXPECT_EQ(machine.files.FileExists(GroupFile(u"A", u"a.txt_0")), false);
   EXPECT_EQ(Status(), u"Finished, please click <Clean> or press <F5> to clean the checked items.");
 }
 
@@ -49,8 +49,8 @@ TEST_F(DuplicateLoader, CleanRemovesTheTickedMembersOnly) {
   AddGroup(u"A", u"a.txt_0", {u"C:\\1\\a.txt", u"C:\\2\\a.txt"});
   Load();
   sbtClean_Click();
-  EXPECT_TRUE(machine.files.FileExists(u"C:\\1\\a.txt"));
-  EXPECT_FALSE(machine.files.FileExists(u"C:\\2\\a.txt"));
+  EXPECT_EQ(machine.files.FileExists(u"C:\\1\\a.txt"), true);
+  EXPECT_EQ(machine.files.FileExists(u"C:\\2\\a.txt"), false);
 }
 
 TEST_F(DuplicateLoader, BucketsAndGroupsComeInTheirOrderWithAStatusEach) {

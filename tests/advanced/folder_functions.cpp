@@ -4,7 +4,7 @@
 #include "frame/data_paths.h"
 #include "frame/support/file_system_object.h"
 #include "junk/junk_definitions.h"
-#include "platform/machine/shortcut_bytes.h"
+#include "platform/shortcut_bytes.h"
 
 namespace tavix::mdlPubSelf {
 namespace {
@@ -16,7 +16,7 @@ class FolderFunctionsTest : public AdvancedTest {
     machine.facts.Set(u"Folders", u"9966", u"C:\\WINDOWS\\system32");
   }
   void AddShortcut(TextView path, TextView target) {
-    using namespace machine::shortcut_bytes;
+    using namespace platform::shortcut_bytes;
     machine.files.AddFile(
         path, {.content = Header(kHasLocation) + LocationBlock({.flags = 1, .path = target}) + U32(0)});
   }

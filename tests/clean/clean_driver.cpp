@@ -102,8 +102,8 @@ TEST_F(CleanDriver, DeletesARegistryValueAndAKeyWithItsSubkeys) {
   frmPubMain.sbtClean.Click();
   EXPECT_EQ(machineRegistry.ReadValue(Hive::CurrentUser, u"Software\\X", u"name"), std::nullopt);
   EXPECT_EQ(machineRegistry.ReadValue(Hive::CurrentUser, u"Software\\X", u"other"), u"d");
-  EXPECT_FALSE(machineRegistry.KeyExists(Hive::CurrentUser, u"Software\\Y"));
-  EXPECT_TRUE(machineRegistry.KeyExists(Hive::CurrentUser, u"Software"));
+  EXPECT_EQ(machineRegistry.KeyExists(Hive::CurrentUser, u"Software\\Y"), false);
+  EXPECT_EQ(machineRegistry.KeyExists(Hive::CurrentUser, u"Software"), true);
   EXPECT_EQ(Sum(), u"Sum: 2 items, 0. KB cleaned.");
 }
 
@@ -143,8 +143,8 @@ TEST_F(CleanDriver, NoTagDeletesAWholeHive) {
   for (const TextView tag : {u"RK: HKEY_CURRENT_USER, ", u"RK: HKEY_CURRENT_USER", u"RK: ", u"RK"}) Add(tag);
   frmPubMain.sbtClean.Click();
   EXPECT_EQ(ResultCount(), 0);
-  EXPECT_TRUE(machineRegistry.KeyExists(Hive::CurrentUser, u"Software"));
-  EXPECT_TRUE(machineRegistry.KeyExists(Hive::Users, u"S-1"));
+  EXPECT_EQ(machineRegistry.KeyExists(Hive::CurrentUser, u"Software"), true);
+  EXPECT_EQ(machineRegistry.KeyExists(Hive::Users, u"S-1"), true);
 }
 
 TEST_F(CleanDriver, SeveralValuesKeepTheirBlanksAndMissTheRealOnes) {

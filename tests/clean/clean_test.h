@@ -29,8 +29,8 @@ class CleanTest : public ProgramTest {
     machine.files.AddFolder(Concat(u"C:\\Work\\", name));
     Add(u"P", u"C:\\Work", name, u"0.");
   }
-  bool FileThere(TextView path) { return machine.files.FileExists(path); }
-  bool FolderThere(TextView path) { return machine.files.FolderExists(path); }
+  bool FileThere(TextView path) { return machine.files.FileExists(path) == true; }
+  bool FolderThere(TextView path) { return machine.files.FolderExists(path) == true; }
   static Text Sum() { return frmPubMain.lblSum.Caption; }
   std::vector<Text> Calls() const {
     std::vector<Text> calls;

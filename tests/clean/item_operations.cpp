@@ -251,7 +251,7 @@ class Watching : public platform::Shell {
   std::vector<Text> NamedFolders() override { return {}; }
   std::optional<Text> EnvironmentVariable(TextView) override { return std::nullopt; }
   Text ExpandEnvironment(TextView text) override { return Text(text); }
-  std::optional<Text> ShortcutTarget(TextView) override { return std::nullopt; }
+  std::optional<platform::Shortcut> OpenShortcut(TextView) override { return std::nullopt; }
 
   const Texts& Seen() const { return seen_; }
   platform::WindowHandle Owner() const { return owner_; }

@@ -105,7 +105,7 @@ TEST_F(LiveClean, ARegistryValueAndAKeyWithSubkeysGoAndNothingElse) {
   before.erase(Concat(kKey, u"\\V|gone"));
   before.erase(Concat(kKey, u"\\K\\below\\deep|v"));
   EXPECT_TRUE(after == before) << "exactly these two are missing of " << before.size();
-  EXPECT_FALSE(platform::registry->KeyExists(Hive::CurrentUser, Concat(kKey, u"\\K")));
+  EXPECT_EQ(platform::registry->KeyExists(Hive::CurrentUser, Concat(kKey, u"\\K")), false);
   EXPECT_EQ(frmPubMain.lblSum.Caption, Text(u"Sum: 2 items, 0. KB cleaned."));
 }
 
@@ -131,7 +131,7 @@ TEST_F(LiveClean, AFileSentToTheBinIsInIt) {
   MakeFile(u"binned.txt");
   AddFileRow(u"binned.txt");
   sbtClean_Click();
-  EXPECT_FALSE(platform::fileSystem->FileExists(In(u"binned.txt")));
+  EXPECT_EQ(platform::fileSystem->FileExists(In(u"binned.txt")), false);
   EXPECT_EQ(empty, u"0|0");
   EXPECT_EQ(platform::shell->RecycleBinInfo(), u"1|7");
   AddResultItem(u"t", u"bin", u"1.", u"Each Recycle Bin", u"k", u"RE");
@@ -159,17 +159,17 @@ TEST_F(LiveClean, AnEmptyFolderGoesByEachMethod) {
     ASSERT_TRUE(platform::fileSystem->CreateFolder(In(u"empty")));
     AddResultItem(u"t", u"empty", u"0.", kPlace, u"00000000.0", u"P");
     sbtClean_Click();
-    EXPECT_FALSE(platform::fileSystem->FolderExists(In(u"empty"))) << Narrow(method);
+    EXPECT_EQ(platform::fileSystem->FolderExists(In(u"empty")), false) << Narrow(method);
     EXPECT_EQ(ResultCount(), 0);
   }
-  EXPECT_TRUE(platform::fileSystem->FolderExists(u"C:\\TVXBak\\empty"));
+  EXPECT_EQ(platform::fileSystem->FolderExists(u"C:\\TVXBak\\empty"), true);
 }
 
 TEST_F(LiveClean, ADeleteAtRestartIsRecordedBySystem) {
   MakeFile(u"index.dat");
   AddResultItem(u"t", u"index.dat", u"1.", kPlace, u"00000001.0", u"DUR");
   sbtClean_Click();
-  EXPECT_TRUE(platform::fileSystem->FileExists(In(u"index.dat")));
+  EXPECT_EQ(platform::fileSystem->FileExists(In(u"index.dat")), true);
   const auto pending = platform::registry->ReadValue(Hive::LocalMachine,
                                                      u"System\\CurrentControlSet\\Control\\Session Manager",
                                                      u"PendingFileRenameOperations");
@@ -200,7 +200,7 @@ TEST_F(LiveClean, RowsWithoutANameAndWholeDrivesTouchNothing) {
     AddResultItem(u"t", u"n", u"0.", u"x", u"k", u"FT: \\");
     sbtClean_Click();
     EXPECT_TRUE(Disk() == before) << Narrow(method);
-    EXPECT_TRUE(platform::fileSystem->FolderExists(u"C:\\windows\\system32"));
+    EXPECT_EQ(platform::fileSystem->FolderExists(u"C:\\windows\\system32"), true);
   }
 }
 

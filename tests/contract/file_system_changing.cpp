@@ -154,7 +154,7 @@ TEST_P(FileSystemContract, NeverDeletesADrive) {
     EXPECT_FALSE(files.DeleteFolder(path, true));
     EXPECT_FALSE(files.DeleteFile(path, true));
   }
-  EXPECT_TRUE(files.FileExists(In(u"a")));
+  EXPECT_EQ(files.FileExists(In(u"a")), true);
 }
 
 TEST_P(FileSystemContract, DeletesDeepFolders) {

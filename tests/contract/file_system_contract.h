@@ -26,6 +26,9 @@ class FileSystemStage {
   virtual bool LinkOut(TextView path) = 0;
   // Whether that folder and the file in it are as they were.
   virtual bool OutsideIsUntouched() = 0;
+  // Makes the system refuse every look at what lies in a folder. False where this machine can't. It ends
+  // with the stage, or with a call for which `refuse` is false.
+  virtual bool Refuse(TextView folder, bool refuse) = 0;
   // False on a system where a folder can't be read-only.
   virtual bool KeepsReadOnlyFolders() { return true; }
   // A folder like Place on another volume; empty where there is none.

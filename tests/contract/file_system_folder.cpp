@@ -41,6 +41,13 @@ class FolderStage : public FileSystemStage {
     return std::distance(fs::begin(outside), fs::end(outside)) == 1 &&
            scratch_.Read("outside/secret.txt") == "secret";
   }
+  // Rights don't bind the host's superuser, nor do those of the library bind a Windows host.
+  bool Refuse(TextView folder, bool refuse) override {
+    fs::permissions(HostPath(folder), refuse ? fs::perms::none : fs::perms::owner_all);
+    std::error_code failure;
+    static_cast<void>(fs::symlink_status(HostPath(folder) / "any", failure));
+    return !refuse || failure == std::errc::permission_denied;
+  }
   Text OtherVolume() override { return {}; }
 
  private:

@@ -27,6 +27,15 @@ class MemoryStage : public FileSystemStage {
     return outside != nullptr && outside->Read(entries) && entries.size() == 1 &&
            entries[0].name == u"secret.txt";
   }
+  bool Refuse(TextView folder, bool refuse) override {
+    store_.faults.Clear();
+    if (refuse) {
+      files_.List(folder,
+                  [this](const platform::DirectoryEntry& entry) { store_.faults.Fail(u"Find", entry.name); });
+      store_.faults.Fail(u"Find", u"none");
+    }
+    return true;
+  }
   Text OtherVolume() override { return u"D:\\Other"; }
 
  private:

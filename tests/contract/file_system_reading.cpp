@@ -29,8 +29,8 @@ TEST_P(FileSystemContract, FindsNoneOfWhatIsMissing) {
   Write(u"file");
   for (const TextView name : {u"none", u"none\\deeper", u"file\\below", u"fil", u"file2"}) {
     EXPECT_FALSE(files.Look(In(name)));
-    EXPECT_FALSE(files.FileExists(In(name)));
-    EXPECT_FALSE(files.FolderExists(In(name)));
+    EXPECT_EQ(files.FileExists(In(name)), false);
+    EXPECT_EQ(files.FolderExists(In(name)), false);
     EXPECT_FALSE(files.ReadFile(In(name)));
     EXPECT_FALSE(files.DeleteFile(In(name), true));
     EXPECT_FALSE(files.DeleteFolder(In(name), true));
@@ -43,12 +43,28 @@ TEST_P(FileSystemContract, FindsNoneOfWhatIsMissing) {
 TEST_P(FileSystemContract, TellsFilesFromFolders) {
   Make(u"folder");
   Write(u"file");
-  EXPECT_TRUE(files.FileExists(In(u"file")));
-  EXPECT_FALSE(files.FolderExists(In(u"file")));
-  EXPECT_TRUE(files.FolderExists(In(u"folder")));
-  EXPECT_FALSE(files.FileExists(In(u"folder")));
+  EXPECT_EQ(files.FileExists(In(u"file")), true);
+  EXPECT_EQ(files.FolderExists(In(u"file")), false);
+  EXPECT_EQ(files.FolderExists(In(u"folder")), true);
+  EXPECT_EQ(files.FileExists(In(u"folder")), false);
   EXPECT_FALSE(files.ReadFile(In(u"folder")));
   EXPECT_FALSE(files.List(In(u"file"), [](const DirectoryEntry&) { ADD_FAILURE(); }));
+}
+
+TEST_P(FileSystemContract, CantTellWhatStandsInAFolderWhereItMayNotLook) {
+  Make(u"locked");
+  Make(u"locked\\folder");
+  Write(u"locked\\file");
+  if (!stage->Refuse(In(u"locked"), true)) GTEST_SKIP() << "nothing is refused on this machine";
+  for (const TextView name : {u"locked\\file", u"locked\\folder", u"locked\\none", u"LOCKED\\FILE"}) {
+    EXPECT_EQ(files.FileExists(In(name)), std::nullopt) << testing::PrintToString(Text(name));
+    EXPECT_EQ(files.FolderExists(In(name)), std::nullopt) << testing::PrintToString(Text(name));
+    EXPECT_FALSE(files.Look(In(name)));
+  }
+  EXPECT_EQ(files.FolderExists(In(u"locked")), true);
+  stage->Refuse(In(u"locked"), false);
+  EXPECT_EQ(files.FileExists(In(u"locked\\file")), true);
+  EXPECT_EQ(files.FileExists(In(u"locked\\none")), false);
 }
 
 TEST_P(FileSystemContract, MatchesNamesWithoutRegardToCaseAndShowsThoseOfTheDisk) {
@@ -155,8 +171,8 @@ TEST_P(FileSystemContract, NeverGoesAboveADrive) {
   Write(u"b.txt");
   const Text drive = stage->Place().substr(0, 2);
   const TextView below = TextView(In(u"b.txt")).substr(2);
-  EXPECT_TRUE(files.FileExists(Concat(drive, u"\\..\\..", Text(In(u"b.txt")).substr(2))));
-  EXPECT_TRUE(files.FolderExists(Concat(drive, u"\\..\\..\\..")));
+  EXPECT_EQ(files.FileExists(Concat(drive, u"\\..\\..", Text(In(u"b.txt")).substr(2))), true);
+  EXPECT_EQ(files.FolderExists(Concat(drive, u"\\..\\..\\..")), true);
   EXPECT_FALSE(below.empty());
 }
 
@@ -169,7 +185,7 @@ TEST_P(FileSystemContract, KnowsTheRootOfADrive) {
     EXPECT_EQ(root->name, u"");
     EXPECT_TRUE(root->folder);
     EXPECT_FALSE(root->link);
-    EXPECT_TRUE(files.FolderExists(path));
+    EXPECT_EQ(files.FolderExists(path), true);
   }
   bool seen = false;
   EXPECT_TRUE(files.List(Concat(drive, u"\\"), [&](const DirectoryEntry& entry) {
@@ -184,8 +200,8 @@ TEST_P(FileSystemContract, RefusesPathsThatAreNoPaths) {
        {u"", u" ", u"\\", u"a", u"a.txt", u".", u"..", u"\\a", u"C", u"C:a.txt", u"CC:\\a", u"1:\\", u"*:\\",
         u"\\\\", u"\\\\\\", u"::", u"\\\\?", u"https://a/b"}) {
     EXPECT_FALSE(files.Look(path)) << testing::PrintToString(Text(path));
-    EXPECT_FALSE(files.FileExists(path));
-    EXPECT_FALSE(files.FolderExists(path));
+    EXPECT_EQ(files.FileExists(path), false);
+    EXPECT_EQ(files.FolderExists(path), false);
     EXPECT_FALSE(files.List(path, [](const DirectoryEntry&) { ADD_FAILURE(); }));
     EXPECT_FALSE(files.CreateFolder(path));
     EXPECT_FALSE(files.CreateTextFile(path, true));
@@ -207,7 +223,7 @@ TEST_P(FileSystemContract, RefusesNamesThatNoFileHas) {
        {TextView(u"b?"), TextView(u"*"), TextView(u"b<"), TextView(u"b>"), TextView(u"b|c"),
         TextView(u"\"b\""), TextView(u"b\tc"), TextView(u"b\nc"), TextView(u"b\0c", 3)}) {
     EXPECT_FALSE(files.Look(In(name)));
-    EXPECT_FALSE(files.FileExists(In(name)));
+    EXPECT_EQ(files.FileExists(In(name)), false);
     EXPECT_FALSE(files.WriteFile(In(name), "x"));
     EXPECT_FALSE(files.AppendToFile(In(name), "x"));
     EXPECT_FALSE(files.CreateTextFile(In(name), true));
@@ -232,7 +248,7 @@ TEST_P(FileSystemContract, HasNamesOf255AndPathsOf3000Characters) {
   Write(longName, "long");
   EXPECT_EQ(files.ReadFile(In(longName)), "long");
   EXPECT_FALSE(files.WriteFile(In(Text(256, u'n')), "x"));
-  EXPECT_FALSE(files.FileExists(In(Text(256, u'n'))));
+  EXPECT_EQ(files.FileExists(In(Text(256, u'n'))), false);
 
   Text path = In(u"deep");
   ASSERT_TRUE(files.CreateFolder(path));
@@ -250,7 +266,7 @@ TEST_P(FileSystemContract, HasNamesOf255AndPathsOf3000Characters) {
   EXPECT_EQ(found->path, file);
   EXPECT_EQ(found->attributes & 7U, platform::kHidden);
   EXPECT_TRUE(files.MoveFile(file, Concat(path, u"\\Other.txt")));
-  EXPECT_TRUE(files.FileExists(Concat(path, u"\\Other.txt")));
+  EXPECT_EQ(files.FileExists(Concat(path, u"\\Other.txt")), true);
   EXPECT_TRUE(files.MoveFile(Concat(path, u"\\Other.txt"), file));
   EXPECT_TRUE(files.CreateTextFile(Concat(path, u"\\Second.txt"), false));
   EXPECT_TRUE(files.DeleteFile(Concat(path, u"\\Second.txt"), false));
@@ -267,7 +283,7 @@ TEST_P(FileSystemContract, HasNamesOutsideAscii) {
     EXPECT_EQ(found->name, name);
   }
   EXPECT_EQ(Names(), names);
-  EXPECT_TRUE(files.FileExists(In(u"ФАЙЛ.txt")));
+  EXPECT_EQ(files.FileExists(In(u"ФАЙЛ.txt")), true);
   for (const Text& name : names) EXPECT_TRUE(files.DeleteFile(In(name), false));
   EXPECT_EQ(Names(), std::vector<Text>());
 }

@@ -25,6 +25,8 @@ class WindowsStage : public FileSystemStage {
   bool LinkOut(TextView) override { return false; }
   bool OutsideIsUntouched() override { return true; }
   bool KeepsReadOnlyFolders() override { return !windows::IsWine(); }
+  // Wine has no rights on files, and Windows lets most users through a folder they have no rights on.
+  bool Refuse(TextView, bool) override { return false; }
   Text OtherVolume() override {
     const Text folder = Concat(u"Z:\\dev\\shm\\Tavix Contract ", ToText(GetCurrentProcessId()));
     if (windows::IsWine() && otherVolume_.empty() && files_.CreateFolder(folder)) otherVolume_ = folder;

@@ -217,6 +217,17 @@ TEST_P(RegistryContract, ReadsSmallAndLargeDataInTurn) {
   EXPECT_EQ(Read(Hive::CurrentUser, kPlace, u"2"), large);
 }
 
+TEST_P(RegistryContract, ReadingTellsThatItWasWholeOrThatNothingIsThere) {
+  ASSERT_TRUE(Write(Hive::CurrentUser, kPlace, u"name", u"data"));
+  for (const TextView key :
+       {TextView(kPlace), TextView(u"Software\\Tavix Contract\\none"), TextView(u"a\\\\b")}) {
+    EXPECT_TRUE(stage->Use().VisitSubKeys(Hive::CurrentUser, key, [](TextView) {}));
+    EXPECT_TRUE(stage->Use().VisitValues(Hive::CurrentUser, key, [](TextView, TextView) {}));
+  }
+  EXPECT_EQ(stage->Use().KeyExists(Hive::CurrentUser, In(u"none")), false);
+  EXPECT_TRUE(stage->Use().VisitSubKeys(static_cast<Hive>(1), {}, [](TextView) {}));
+}
+
 TEST_P(RegistryContract, KeyThatMayNotBeReadIsEmpty) {
   ASSERT_TRUE(Write(Hive::CurrentUser, In(u"Denied"), u"name", u"data"));
   ASSERT_TRUE(Write(Hive::CurrentUser, In(u"Denied\\Below"), u"name", u"data"));
@@ -224,6 +235,9 @@ TEST_P(RegistryContract, KeyThatMayNotBeReadIsEmpty) {
   EXPECT_EQ(SubKeys(Hive::CurrentUser, kPlace), (std::vector<Text>{u"Denied"}));
   EXPECT_TRUE(SubKeys(Hive::CurrentUser, In(u"Denied")).empty());
   EXPECT_TRUE(Values(Hive::CurrentUser, In(u"Denied")).empty());
+  EXPECT_FALSE(stage->Use().VisitSubKeys(Hive::CurrentUser, In(u"Denied"), [](TextView) {}));
+  EXPECT_FALSE(stage->Use().VisitValues(Hive::CurrentUser, In(u"Denied"), [](TextView, TextView) {}));
+  EXPECT_EQ(stage->Use().KeyExists(Hive::CurrentUser, In(u"Denied")), true);
   EXPECT_EQ(Read(Hive::CurrentUser, In(u"Denied"), u"name"), std::nullopt);
   EXPECT_EQ(Read(Hive::CurrentUser, In(u"Denied\\Below"), u"name"), u"data");
 }

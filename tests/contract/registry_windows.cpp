@@ -64,7 +64,7 @@ class WindowsStage : public RegistryStage {
     for (const Hive hive : {Hive::CurrentUser, Hive::LocalMachine}) {
       for (const TextView key : {kPlace, kClassPlace}) {
         plain_.DeleteKey(hive, key);
-        EXPECT_FALSE(plain_.KeyExists(hive, key));
+        EXPECT_EQ(plain_.KeyExists(hive, key), false);
       }
     }
   }

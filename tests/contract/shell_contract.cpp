@@ -15,7 +15,7 @@ TEST_P(ShellContract, SendsFilesToTheBinAndEmptiesIt) {
   ASSERT_EQ(shell.RecycleBinInfo(), u"0|0");
   ASSERT_TRUE(files.WriteFile(In(u"Ä.txt"), "12345"));
   EXPECT_TRUE(shell.DeleteToRecycleBin(In(u"Ä.txt")));
-  EXPECT_FALSE(files.FileExists(In(u"Ä.txt")));
+  EXPECT_EQ(files.FileExists(In(u"Ä.txt")), false);
   EXPECT_EQ(shell.RecycleBinInfo(), u"1|5");
   ASSERT_TRUE(files.WriteFile(In(u"Ä.txt"), "1"));
   EXPECT_TRUE(shell.DeleteToRecycleBin(In(u"Ä.txt")));
@@ -28,7 +28,7 @@ TEST_P(ShellContract, SendsFoldersToTheBin) {
   ASSERT_TRUE(files.CreateFolder(In(u"folder")));
   ASSERT_TRUE(files.WriteFile(In(u"folder\\a"), "x"));
   EXPECT_TRUE(shell.DeleteToRecycleBin(In(u"folder")));
-  EXPECT_FALSE(files.FolderExists(In(u"folder")));
+  EXPECT_EQ(files.FolderExists(In(u"folder")), false);
   ASSERT_TRUE(shell.RecycleBinInfo());
   EXPECT_TRUE(shell.RecycleBinInfo()->starts_with(u"1|"));
   EXPECT_EQ(shell.EmptyRecycleBin(0), stage->EmptiesTheBinOfFolders());
@@ -40,7 +40,7 @@ TEST_P(ShellContract, SendsNothingToTheBinThatIsNotThere) {
        {Text(), In(u"none"), In(u"none\\a"), Text(u"a"), Text(u"C:a"), In(u"*"), In(u"?")}) {
     EXPECT_FALSE(shell.DeleteToRecycleBin(path)) << testing::PrintToString(path);
   }
-  EXPECT_TRUE(files.FileExists(In(u"a")));
+  EXPECT_EQ(files.FileExists(In(u"a")), true);
   EXPECT_EQ(shell.RecycleBinInfo(), u"0|0");
 }
 
@@ -50,7 +50,7 @@ TEST_P(ShellContract, MarksForRestartAndLeavesTheFile) {
   EXPECT_TRUE(shell.DeleteAtRestart(In(u"none")));
   EXPECT_FALSE(shell.DeleteAtRestart(u""));
   EXPECT_FALSE(shell.DeleteAtRestart(u"a"));
-  EXPECT_TRUE(files.FileExists(In(u"a")));
+  EXPECT_EQ(files.FileExists(In(u"a")), true);
 }
 
 TEST_P(ShellContract, KnowsTheSpecialFolders) {
@@ -105,11 +105,11 @@ TEST_P(ShellContract, NamesEachFolderOnceAndWithoutABackslashAtItsEnd) {
 TEST_P(ShellContract, MakesNoFolderByNamingIt) {
   std::vector<Text> missing;
   for (const Text& folder : shell.NamedFolders()) {
-    if (!files.FolderExists(folder)) missing.push_back(folder);
+    if (files.FolderExists(folder) == false) missing.push_back(folder);
   }
   shell.NamedFolders();
   for (const Text& folder : missing)
-    EXPECT_FALSE(files.FolderExists(folder)) << testing::PrintToString(folder);
+    EXPECT_EQ(files.FolderExists(folder), false) << testing::PrintToString(folder);
 }
 
 TEST_P(ShellContract, ExpandsVariables) {
@@ -125,9 +125,9 @@ TEST_P(ShellContract, ExpandsVariables) {
 
 TEST_P(ShellContract, ReadsNoTargetOfWhatIsNoShortcut) {
   ASSERT_TRUE(files.WriteFile(In(u"a.lnk"), "no shortcut"));
-  EXPECT_FALSE(shell.ShortcutTarget(In(u"a.lnk")));
-  EXPECT_FALSE(shell.ShortcutTarget(In(u"none.lnk")));
-  EXPECT_FALSE(shell.ShortcutTarget(u""));
+  EXPECT_FALSE(shell.OpenShortcut(In(u"a.lnk")));
+  EXPECT_FALSE(shell.OpenShortcut(In(u"none.lnk")));
+  EXPECT_FALSE(shell.OpenShortcut(u""));
 }
 
 TEST_P(ShellContract, OpensNothingThatIsNotThere) {

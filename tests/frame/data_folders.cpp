@@ -116,7 +116,7 @@ TEST_F(DataFolders, TheBackupFoldersContentIsNeverTouched) {
   Form_Unload();
   EXPECT_EQ(machine.files.ReadFile(u"C:\\TVXBak\\saved.txt"), "s");
   EXPECT_EQ(Attributes(u"C:\\TVXBak\\saved.txt"), 0U);
-  EXPECT_TRUE(machine.files.FolderExists(kDefaultBackupFolder)) << "made whatever the setting says";
+  EXPECT_EQ(machine.files.FolderExists(kDefaultBackupFolder), true) << "made whatever the setting says";
 }
 
 TEST_F(DataFolders, ABucketThatCannotGoStaysAndTheRestIsDone) {
@@ -124,7 +124,7 @@ TEST_F(DataFolders, ABucketThatCannotGoStaysAndTheRestIsDone) {
   machine.files.faults.Fail(u"DeleteFolder", kDuplicateFolder);
   Start();
   EXPECT_EQ(NamesIn(Concat(kScannedFolder, u"\\A")).size(), 1U);
-  EXPECT_TRUE(machine.files.FileExists(kMarkerFile));
+  EXPECT_EQ(machine.files.FileExists(kMarkerFile), true);
   EXPECT_EQ(NamesIn(kComparedFolder).size(), 27U);
 }
 

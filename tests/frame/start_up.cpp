@@ -24,7 +24,7 @@ TEST_F(StartUp, ASecondCopyIsRefusedBeforeAnythingIsTouched) {
   OtherCopy other;
   platform::instance = &other;
   EXPECT_FALSE(Form_Initialize());
-  EXPECT_FALSE(machine.files.FolderExists(u"C:\\MORVDataPath"));
+  EXPECT_EQ(machine.files.FolderExists(u"C:\\MORVDataPath"), false);
 }
 
 TEST_F(StartUp, StepsRunInTheirOrder) {
@@ -43,7 +43,7 @@ TEST_F(StartUp, StepsRunInTheirOrder) {
   frameSteps.UnloadTypeEditor = note("editor");
   frameSteps.UnloadAbout = [&order, this] {
     order.emplace_back("about");
-    EXPECT_TRUE(fileSystemObject.FolderExists(u"C:\\MORVDataPath"))
+    EXPECT_EQ(fileSystemObject.FolderExists(u"C:\\MORVDataPath"), true)
         << "services are released behind the forms";
   };
   Form_Load();
@@ -61,10 +61,10 @@ TEST_F(StartUp, StopReleasesTheServicesAndASecondStopDoesNothing) {
   Text data = u"as it was";
   pubRegistry.ReadValue(platform::Hive::CurrentUser, u"K", u"v", u"", data);
   EXPECT_EQ(data, u"as it was");
-  EXPECT_FALSE(fileSystemObject.FolderExists(u"C:\\MORVDataPath"));
+  EXPECT_EQ(fileSystemObject.FolderExists(u"C:\\MORVDataPath"), std::nullopt);
   machine.files.AddFile(u"C:\\MORVDataPath\\TVX\\DupeFiles\\scanned\\A\\x");
   Form_Unload();
-  EXPECT_TRUE(machine.files.FileExists(u"C:\\MORVDataPath\\TVX\\DupeFiles\\scanned\\A\\x"));
+  EXPECT_EQ(machine.files.FileExists(u"C:\\MORVDataPath\\TVX\\DupeFiles\\scanned\\A\\x"), true);
 }
 
 TEST_F(StartUp, ClosingInTheMidstOfAScanEndsItInOrder) {
@@ -81,7 +81,7 @@ TEST_F(StartUp, ClosingInTheMidstOfAScanEndsItInOrder) {
   frmPubMain.sbtScan.Click();
   frmPubMain.lblProgS.peer = nullptr;
   EXPECT_FALSE(frmPubMain.Loaded);
-  EXPECT_TRUE(machine.files.FileExists(u"C:\\MORVDataPath\\TVX\\tvx.dll"));
+  EXPECT_EQ(machine.files.FileExists(u"C:\\MORVDataPath\\TVX\\tvx.dll"), true);
 }
 
 TEST_F(StartUp, WithoutADriveCTheProgramStartsWithEmptySettings) {

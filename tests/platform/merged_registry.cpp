@@ -60,8 +60,8 @@ TEST_F(MergedRegistryTest, ReadsTheUsersValueFirst) {
   EXPECT_EQ(merged.ReadValue(Hive::ClassesRoot, u"k", u"both"), u"user");
   EXPECT_EQ(merged.ReadValue(Hive::ClassesRoot, u"k", u"machine"), u"machine");
   EXPECT_EQ(merged.ReadValue(Hive::ClassesRoot, u"k", u"none"), std::nullopt);
-  EXPECT_TRUE(merged.KeyExists(Hive::ClassesRoot, u"K"));
-  EXPECT_FALSE(merged.KeyExists(Hive::ClassesRoot, u"none"));
+  EXPECT_EQ(merged.KeyExists(Hive::ClassesRoot, u"K"), true);
+  EXPECT_EQ(merged.KeyExists(Hive::ClassesRoot, u"none"), false);
 }
 
 TEST_F(MergedRegistryTest, DeletesTheUsersKeyAndThenTheMachines) {
@@ -70,14 +70,14 @@ TEST_F(MergedRegistryTest, DeletesTheUsersKeyAndThenTheMachines) {
   EXPECT_TRUE(merged.DeleteKey(Hive::ClassesRoot, u"k"));
   EXPECT_EQ(Keys(u"k"), Texts{u"machine"});
   EXPECT_TRUE(merged.DeleteKey(Hive::ClassesRoot, u"k"));
-  EXPECT_FALSE(merged.KeyExists(Hive::ClassesRoot, u"k"));
+  EXPECT_EQ(merged.KeyExists(Hive::ClassesRoot, u"k"), false);
   EXPECT_FALSE(merged.DeleteKey(Hive::ClassesRoot, u"k"));
 }
 
 TEST_F(MergedRegistryTest, DeletesNoHive) {
   Seed(Hive::LocalMachine, u"k", u"", u"");
   EXPECT_FALSE(merged.DeleteKey(Hive::ClassesRoot, u""));
-  EXPECT_TRUE(plain.KeyExists(Hive::LocalMachine, u"Software\\Classes"));
+  EXPECT_EQ(plain.KeyExists(Hive::LocalMachine, u"Software\\Classes"), true);
 }
 
 TEST_F(MergedRegistryTest, DeletesTheUsersValueAndThenTheMachines) {
@@ -109,7 +109,7 @@ TEST_F(MergedRegistryTest, LeavesTheOtherHivesAsTheyAre) {
   EXPECT_EQ(merged.ReadValue(Hive::Users, u"k", u"v"), u"1");
   EXPECT_TRUE(merged.DeleteValue(Hive::Users, u"k", u"v"));
   EXPECT_TRUE(merged.DeleteKey(Hive::Users, u"k"));
-  EXPECT_FALSE(merged.KeyExists(static_cast<Hive>(1), u""));
+  EXPECT_EQ(merged.KeyExists(static_cast<Hive>(1), u""), false);
 }
 
 }  // namespace

@@ -89,8 +89,9 @@ TEST_F(RegistryRepair, TheFourListsAreTickedWhenCheckAllWasUntickedBeforeTheScan
   EXPECT_EQ(Unticked(), 0);
   frmPubMain.sbtRepair.Click();
   EXPECT_EQ(ResultCount(), 0);
-  EXPECT_FALSE(
-      machineRegistry.KeyExists(Hive::LocalMachine, Concat(kWindowsKey, u"\\Telephony\\Country List\\44")));
+  EXPECT_EQ(
+      machineRegistry.KeyExists(Hive::LocalMachine, Concat(kWindowsKey, u"\\Telephony\\Country List\\44")),
+      false);
   EXPECT_FALSE(machineRegistry.ReadValue(Hive::CurrentUser, u"Control Panel\\Appearance\\Schemes", u"Brick"));
 }
 
@@ -106,8 +107,8 @@ TEST_F(RegistryRepair, AUsersClassUnderTheMergedRootGoesFromTheUsersHive) {
     frmPubMain.lsvResult.Row(row).SetChecked(tag == u"RK: HKEY_CLASSES_ROOT, CLSID\\{both}");
   }
   frmPubMain.sbtRepair.Click();
-  EXPECT_FALSE(machineRegistry.KeyExists(Hive::CurrentUser, u"Software\\Classes\\CLSID\\{both}"));
-  EXPECT_TRUE(machineRegistry.KeyExists(Hive::LocalMachine, u"Software\\Classes\\CLSID\\{both}"));
+  EXPECT_EQ(machineRegistry.KeyExists(Hive::CurrentUser, u"Software\\Classes\\CLSID\\{both}"), false);
+  EXPECT_EQ(machineRegistry.KeyExists(Hive::LocalMachine, u"Software\\Classes\\CLSID\\{both}"), true);
 }
 
 TEST_F(RegistryRepair, ASecondScanFindsWhatCouldntBeTaken) {

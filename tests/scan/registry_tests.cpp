@@ -1,5 +1,8 @@
 #include "scan/registry_tests.h"
 
+#include <algorithm>
+#include <map>
+
 #include "scan/registry_test.h"
 
 namespace tavix::mdlPubSelf {
@@ -89,6 +92,14 @@ TEST_F(TypeLibrariesIssues, WithoutLibrariesEveryInterfaceIsAFinding) {
   SeedClass(u"Interface\\{1}", u"IUnknown");
   SeedInterface(u"{2}", u"{L}");
   EXPECT_EQ(FoundBy(u"Type Libraries Issues"), (Texts{u"", u"{L}"}));
+}
+
+TEST_F(TypeLibrariesIssues, LibrariesThatMayNotBeReadMakeNoInterfaceAFinding) {
+  SeedClass(u"TypeLib\\{L}", u"");
+  SeedInterface(u"{1}", u"{L}");
+  SeedInterface(u"{2}", u"{gone}");
+  machineRegistry.Deny(Hive::LocalMachine, u"Software\\Classes\\TypeLib");
+  EXPECT_EQ(FoundBy(u"Type Libraries Issues"), Texts{});
 }
 
 TEST_F(TypeLibrariesIssues, ALibraryInAnotherLetterCaseIsMissing) {
@@ -183,6 +194,74 @@ TEST_F(FontsIssues, WithoutAFontsFolderEveryFontIsAFinding) {
   machine.facts.Set(u"Special Folders", u"Fonts", u"");
   SeedFont(u"Arial (TrueType)", u"arial.ttf");
   EXPECT_EQ(FoundBy(u"Fonts Issues"), Texts{u"Arial (TrueType)"});
+}
+
+// All lists.
+
+class RegistryLists : public RegistryFunctionTest {
+ protected:
+  RegistryLists() {
+    for (const TextView name : {u"Fonts", u"AllUsersPrograms", u"Programs"}) {
+      machine.facts.Set(u"Special Folders", name, u"C:\\P\\Shell");
+    }
+    SeedWindows(u"SharedDlls", u"C:\\P\\a.dll", u"1");
+    SeedClass(u"CLSID\\{1}\\InprocServer32", u"C:\\P\\a.dll");
+    SeedClass(u"Applications\\a.exe\\shell\\open\\command", u"\"C:\\P\\a.exe\" \"%1\"");
+    SeedMachine(u"Software\\Microsoft\\Windows NT\\CurrentVersion\\Fonts", u"A", u"a.ttf");
+    SeedWindows(u"App Paths\\a.exe", u"", u"C:\\P\\a.exe");
+    SeedMachine(u"Software\\Microsoft\\Windows\\Help", u"a.hlp", u"C:\\P");
+    SeedWindows(u"Run", u"a", u"C:\\P\\a.exe -x");
+    SeedUser(u"Software\\Microsoft\\Windows\\ShellNoRoam\\MUICache", u"C:\\P\\a.exe", u"A");
+    SeedWindows(u"Uninstall\\A", u"UninstallString", u"\"C:\\P\\a b.exe\" /x");
+    SeedUser(Concat(kWindowsKey, u"\\Explorer\\MenuOrder\\Start Menu2\\Programs\\A"), u"Order", u"");
+    SeedWindows(u"Installer\\Folders", u"C:\\P\\Folder\\", u"");
+    SeedWindows(u"Installer\\UserData\\S-1\\Patches\\1", u"LocalPackage", u"C:\\P\\a.msp");
+    SeedWindows(u"Installer\\UserData\\S-1\\Products\\1\\InstallProperties", u"LocalPackage",
+                u"C:\\P\\a.msi");
+  }
+  // The functions that find something, with the number of their rows.
+  static std::map<Text, size_t> Found() {
+    std::map<Text, size_t> found;
+    for (const TextView function :
+         {u"Missing Shared DLLs", u"ActiveX and Class Issues", u"Application Shells Issues", u"Fonts Issues",
+          u"Application Paths Issues", u"Help Files Issues", u"Run at Startup Issues", u"MUI Cache Issues",
+          u"Uninstaller Issues", u"Start Menu Ordering Issues", u"Redundant Installers"}) {
+      if (const size_t rows = Scan(function).size(); rows > 0) found[Text(function)] = rows;
+    }
+    return found;
+  }
+};
+
+TEST_F(RegistryLists, FindNothingWhereItCantBeToldWhatIsThere) {
+  EXPECT_EQ(Found().size(), 11U) << "each where it is known to be missing";
+  machine.files.faults.Fail(u"FileExists");
+  machine.files.faults.Fail(u"FolderExists");
+  EXPECT_EQ(Found(), (std::map<Text, size_t>()));
+}
+
+TEST_F(RegistryLists, FindNothingBehindAFolderThatCantBeLookedInto) {
+  machine.store.faults.Fail(u"Find", u"P");
+  EXPECT_EQ(Found(), (std::map<Text, size_t>()));
+}
+
+TEST_F(RegistryLists, FindNothingOnAnotherComputer) {
+  SeedWindows(u"SharedDlls", u"\\\\server\\share\\a.dll", u"1");
+  EXPECT_EQ(FoundBy(u"Missing Shared DLLs"), Texts{u"C:\\P\\a.dll"});
+}
+
+TEST_F(RegistryLists, FindSoftwareObsoleteOnlyWhereItsKeyCanBeRead) {
+  machineRegistry.MakeKey(Hive::CurrentUser, u"Software\\Empty");
+  SeedUser(u"Software\\Sound\\Below", u"v", u"1");
+  const auto isListed = [](TextView name) {
+    const Texts found = FoundBy(u"Obsolete Software");
+    return std::ranges::find(found, name) != found.end();
+  };
+  EXPECT_TRUE(isListed(u"Empty"));
+  EXPECT_FALSE(isListed(u"Sound"));
+  machineRegistry.Deny(Hive::CurrentUser, u"Software\\Empty");
+  machineRegistry.Deny(Hive::CurrentUser, u"Software\\Sound");
+  EXPECT_FALSE(isListed(u"Empty"));
+  EXPECT_FALSE(isListed(u"Sound"));
 }
 
 }  // namespace

@@ -57,6 +57,13 @@ TEST_F(SystemRows, WithoutAnswerTheRowOfTheBinHasTypeLocationAndActionOnly) {
   EXPECT_EQ(Scan(u"Empty Recycle Bin"), (std::vector{BinRow(u"", u"", u"")}));
 }
 
+TEST_F(SystemRows, ADumpThatCantBeLookedForHasARowThatSaysNothingOfIt) {
+  machine.facts.Set(u"Environment", u"WinDir", u"C:\\WINDOWS");
+  machine.files.faults.Fail(u"FileExists", u"C:\\WINDOWS\\memory.dmp");
+  EXPECT_EQ(Scan(u"Memory Dumps"), (std::vector{RowFields{u"Memory Dumps", u"", u"", u"System Drive", u"",
+                                                          u"FT: C:\\WINDOWS\\memory.dmp", true}}));
+}
+
 TEST_F(SystemRows, AnEmptyRecycleBinHasARowAndCleaningItDoesNoHarm) {
   AddFile(u"C:\\kept.txt");
   EXPECT_EQ(Scan(u"Empty Recycle Bin"),
@@ -66,7 +73,7 @@ TEST_F(SystemRows, AnEmptyRecycleBinHasARowAndCleaningItDoesNoHarm) {
   ASSERT_EQ(machine.journal.Entries().size(), 1U);
   EXPECT_EQ(machine.journal.Entries()[0].op, u"EmptyRecycleBin");
   EXPECT_EQ(ResultCount(), 0);
-  EXPECT_TRUE(machine.files.FileExists(u"C:\\kept.txt"));
+  EXPECT_EQ(machine.files.FileExists(u"C:\\kept.txt"), true);
   EXPECT_EQ(frmPubMain.lblSum.Caption, Text(u"Sum: 1 item, 0. KB cleaned."));
 }
 
@@ -143,8 +150,8 @@ TEST_F(SystemRows, CleaningAMemoryDumpDeletesItAndNothingElse) {
   AddFile(u"C:\\WINDOWS\\memory.txt");
   Scan(u"Memory Dumps");
   frmPubMain.sbtClean.Click();
-  EXPECT_FALSE(machine.files.FileExists(u"C:\\WINDOWS\\memory.dmp"));
-  EXPECT_TRUE(machine.files.FileExists(u"C:\\WINDOWS\\memory.txt"));
+  EXPECT_EQ(machine.files.FileExists(u"C:\\WINDOWS\\memory.dmp"), false);
+  EXPECT_EQ(machine.files.FileExists(u"C:\\WINDOWS\\memory.txt"), true);
   EXPECT_EQ(ResultCount(), 0);
 }
 

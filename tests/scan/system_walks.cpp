@@ -1,7 +1,7 @@
 #include "scan/system_walks.h"
 
 #include "frame/settings.h"
-#include "platform/machine/shortcut_bytes.h"
+#include "platform/shortcut_bytes.h"
 #include "scan/scan_driver.h"
 #include "scan/scan_test.h"
 
@@ -19,7 +19,7 @@ class SystemWalks : public ScanTest {
 
   // A shortcut that names its target by its path.
   void AddShortcut(TextView path, TextView target) {
-    using namespace machine::shortcut_bytes;
+    using namespace platform::shortcut_bytes;
     machine.files.AddFile(
         path, {.content = Header(kHasLocation) + LocationBlock({.flags = 1, .path = target}) + U32(0)});
   }

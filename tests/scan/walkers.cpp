@@ -4,7 +4,7 @@
 
 #include "frame/settings.h"
 #include "frame/support/file_system_object.h"
-#include "platform/machine/shortcut_bytes.h"
+#include "platform/shortcut_bytes.h"
 #include "scan/scan_driver.h"
 #include "scan/scan_test.h"
 
@@ -30,7 +30,7 @@ const Walker kWalkers[] = {
 };
 
 std::string DeadShortcut() {
-  using namespace machine::shortcut_bytes;
+  using namespace platform::shortcut_bytes;
   return Header(kHasLocation) + LocationBlock({.flags = 1, .path = u"C:\\Nowhere\\x.exe"}) + U32(0);
 }
 
@@ -187,7 +187,7 @@ TEST_F(Walkers, TheNameLeftOutStaysOutAtAnyDepthAndInAnyCase) {
 }
 
 TEST_F(Walkers, OnlyShortcutsKnownToLeadNowhereAreRows) {
-  using namespace machine::shortcut_bytes;
+  using namespace platform::shortcut_bytes;
   AddFile(u"C:\\there.exe");
   machine.files.AddFile(
       u"C:\\T\\good.lnk",
@@ -211,7 +211,7 @@ TEST_F(Walkers, TheRootOfADriveHasItsBackslashInTheLocation) {
   CleaningMethod = u"D";
   frmPubMain.sbtClean.Click();
   EXPECT_EQ(ResultCount(), 0);
-  EXPECT_FALSE(machine.files.FileExists(u"C:\\root.lnk"));
+  EXPECT_EQ(machine.files.FileExists(u"C:\\root.lnk"), false);
 }
 
 TEST_F(Walkers, ABackslashAtTheEndOfTheFolderIsNoneInTheLocation) {

@@ -244,7 +244,7 @@ TEST_F(UpdateCheck, EndingTheProgramAtStartEmptiesTheScratchFoldersAndReleasesTh
   frmPubMain.Unload = Form_Unload;
   Start();
   EXPECT_FALSE(frmPubMain.Loaded);
-  EXPECT_TRUE(machine.files.FolderExists(u"C:\\MORVDataPath\\TVX\\DupeFiles\\scanned\\A"));
+  EXPECT_EQ(machine.files.FolderExists(u"C:\\MORVDataPath\\TVX\\DupeFiles\\scanned\\A"), true);
 }
 
 }  // namespace

@@ -90,12 +90,12 @@ std::optional<double> Folder::Size() const {
 std::optional<std::vector<File>> Folder::Files() const { return List<File>(facts_, false); }
 std::optional<std::vector<Folder>> Folder::SubFolders() const { return List<Folder>(facts_, true); }
 
-bool FileSystemObject::FileExists(TextView path) const {
-  return files_ != nullptr && files_->FileExists(path);
+platform::Existence FileSystemObject::FileExists(TextView path) const {
+  return files_ != nullptr ? files_->FileExists(path) : platform::Existence();
 }
 
-bool FileSystemObject::FolderExists(TextView path) const {
-  return files_ != nullptr && files_->FolderExists(path);
+platform::Existence FileSystemObject::FolderExists(TextView path) const {
+  return files_ != nullptr ? files_->FolderExists(path) : platform::Existence();
 }
 
 std::optional<File> FileSystemObject::GetFile(TextView path) const {

@@ -56,8 +56,9 @@ class FileSystemObject {
   explicit FileSystemObject(platform::FileSystem* files) : files_(files) {}
   explicit operator bool() const { return files_ != nullptr; }
 
-  bool FileExists(TextView path) const;
-  bool FolderExists(TextView path) const;
+  // As platform::FileSystem has them. Without a file system it can't be told.
+  platform::Existence FileExists(TextView path) const;
+  platform::Existence FolderExists(TextView path) const;
   // Nothing when there is no such file, or it is a folder.
   std::optional<File> GetFile(TextView path) const;
   std::optional<Folder> GetFolder(TextView path) const;

@@ -16,19 +16,15 @@ bool IsSeparator(char16_t c) { return c == u'\\' || c == u'/'; }
 // Two percent signs: the name of a variable that isn't set may stand between them.
 bool MayHoldVariable(TextView path) { return std::count(path.begin(), path.end(), u'%') >= 2; }
 
-bool BeginsWithDrive(TextView path) {
+// Whether a text is a whole path on a drive: no character behind the drive that a path can't have.
+bool IsPathOnDrive(TextView path) {
+  constexpr TextView kRefused = u"<>:\"|?*";
   const char16_t letter = path.empty() ? u'\0' : ToUpper(path[0]);
-  return path.size() >= 3 && letter >= u'A' && letter <= u'Z' && path[1] == u':' && IsSeparator(path[2]);
-}
-
-// The length of the folder's path, without a separator at its end but a drive's; the drive itself stays.
-size_t ParentLength(TextView path) {
-  constexpr size_t kDrive = 3;
-  size_t length = path.size();
-  while (length > kDrive && IsSeparator(path[length - 1])) --length;
-  while (length > kDrive && !IsSeparator(path[length - 1])) --length;
-  while (length > kDrive && IsSeparator(path[length - 1])) --length;
-  return length;
+  if (path.size() < 3 || letter < u'A' || letter > u'Z' || path[1] != u':' || !IsSeparator(path[2])) {
+    return false;
+  }
+  return std::ranges::all_of(
+      path.substr(2), [kRefused](char16_t c) { return c >= u' ' && kRefused.find(c) == TextView::npos; });
 }
 
 }  // namespace
@@ -66,30 +62,32 @@ void clsPubCommon::CountFolderFiles(TextView folder, int& count) const {
   if (listed) count = files;
 }
 
-void clsPubCommon::IsShortcutValid(TextView path, bool& valid) const {
+void clsPubCommon::IsShortcutValid(TextView path, bool& valid) {
   if (files_ == nullptr || shell_ == nullptr) return;
-  const Text target = shell_->ExpandEnvironment(shell_->ShortcutTarget(path).value_or(Text()));
-  valid = !IsKnownToBeMissing(target);
+  const auto shortcut = shell_->OpenShortcut(path);
+  valid = !shortcut || shortcut->others || shortcut->paths.empty() ||
+          !std::ranges::all_of(shortcut->paths, [this](const Text& place) {
+            return IsKnownToBeMissing(shell_->ExpandEnvironment(place));
+          });
 }
 
-bool clsPubCommon::IsKnownToBeMissing(TextView path) const {
-  if (!BeginsWithDrive(path) || !IsOnReadyFixedDrive(path) || files_->Look(path)) return false;
-  if (MayHoldVariable(path)) return false;
-  // Up to the first folder that is there: if that can't be listed, what is in it isn't known.
-  for (size_t length = path.size(); length > ParentLength(path.substr(0, length));) {
-    length = ParentLength(path.substr(0, length));
-    const TextView folder = path.substr(0, length);
-    if (files_->FolderExists(folder)) return files_->List(folder, [](const platform::DirectoryEntry&) {});
-  }
-  return false;
+// Only a fixed drive is touched at all; another kind may keep everybody waiting.
+bool clsPubCommon::IsKnownToBeMissing(TextView path) {
+  if (!IsPathOnDrive(path) || MayHoldVariable(path)) return false;
+  const char16_t letter = ToUpper(path[0]);
+  Drive& drive = DriveOf(letter);
+  // A link as the target counts as there, whatever it leads to.
+  if (!drive.fixed || files_->Look(path)) return false;
+  if (files_->FileExists(path) != false || files_->FolderExists(path) != false) return false;
+  if (!drive.ready) drive.ready = files_->IsDriveReady(letter);
+  return *drive.ready;
 }
 
-bool clsPubCommon::IsOnReadyFixedDrive(TextView path) const {
+clsPubCommon::Drive& clsPubCommon::DriveOf(char16_t letter) {
   constexpr int kFixed = 2;
-  const std::vector<platform::Drive> drives = files_->Drives();
-  return std::any_of(drives.begin(), drives.end(), [path](const platform::Drive& drive) {
-    return drive.type == kFixed && drive.ready && EqualIgnoringCase(drive.path, path.substr(0, 2));
-  });
+  const auto [known, isNew] = drives_.try_emplace(letter);
+  if (isNew) known->second.fixed = files_->DriveType(letter) == kFixed;
+  return known->second;
 }
 
 void clsPubCommon::GetSystemTempFolder(Text& path) const {

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <initializer_list>
+#include <map>
+#include <optional>
 #include <variant>
 
 #include "controls/form.h"
@@ -29,20 +31,32 @@ class clsPubCommon {
   void InArray(const Variant& value, std::initializer_list<Variant> array, bool& found) const;
   // The number of files that lie directly in a folder. A folder that can't be listed is a failure.
   void CountFolderFiles(TextView folder, int& count) const;
-  // False only where the target of the shortcut is known to be missing: its path, variables expanded, leads
-  // to a fixed drive that is ready, and the folder on the way in which it should be can be listed and hasn't
-  // got it. True for all else: a shortcut that can't be read or has no path, a path with a variable that
-  // isn't set, a network path, a drive of another kind, not ready or not there.
-  void IsShortcutValid(TextView path, bool& valid) const;
+  // False only where every place that the shortcut names is known to be missing: a path, variables expanded,
+  // on a fixed drive that is ready, where nothing stands. True for all else: a shortcut that can't be read,
+  // that names no path or also something that is none (an object of the shell), a variable that isn't set or
+  // whose text makes no path, a network path, a drive of another kind, not ready or not there, and what
+  // can't be looked at.
+  //
+  // A drive is asked at most once, and only when something on it seems to be missing, until ForgetDrives.
+  void IsShortcutValid(TextView path, bool& valid);
+  // Drives are asked anew from here on; for the start of each walk.
+  void ForgetDrives() { drives_.clear(); }
   void GetSystemTempFolder(Text& path) const;
 
  private:
   void LoadTexts(const std::vector<NamedText>& texts, TextView section, TextView file) const;
-  bool IsKnownToBeMissing(TextView path) const;
-  bool IsOnReadyFixedDrive(TextView path) const;
+  // What is known of a drive.
+  struct Drive {
+    bool fixed = false;
+    std::optional<bool> ready = {};  // once it was asked
+  };
+
+  bool IsKnownToBeMissing(TextView path);
+  Drive& DriveOf(char16_t letter);
 
   platform::FileSystem* files_ = nullptr;
   platform::Shell* shell_ = nullptr;
+  std::map<char16_t, Drive> drives_;
 };
 
 namespace mdlPubSelf {

@@ -28,7 +28,7 @@ void clsPubFile::AppendLine(TextView file, TextView text) const {
   if (files_ == nullptr) return;
   const Text line = Concat(text, kLineEnd);
   const auto content = files_->ReadFile(file);
-  if (!content && files_->FileExists(file)) return;
+  if (!content && files_->FileExists(file) != false) return;
   FileText decoded = DecodeTextFile(content.value_or(""));
   if (decoded.encoding == TextEncoding::Utf8 || decoded.encoding == TextEncoding::Utf8WithMark) {
     files_->AppendToFile(file, ToUtf8(line));

@@ -38,24 +38,25 @@ void clsPubRegistry::WriteValue(int type, platform::Hive hive, TextView key, Tex
 void clsPubRegistry::EnumSubKeys(platform::Hive hive, TextView key, Text& folded) const {
   if (registry_ == nullptr) return;
   Folding folding(kSubKeySeparator);
-  registry_->VisitSubKeys(hive, key, [&folding](TextView name) { folding.Next() += name; });
-  folded = folding.Take();
+  const bool all = registry_->VisitSubKeys(hive, key, [&folding](TextView name) { folding.Next() += name; });
+  folded = all ? folding.Take() : Text();
 }
 
 void clsPubRegistry::EnumValues(platform::Hive hive, TextView key, Text& folded) const {
   if (registry_ == nullptr) return;
   Folding folding(kItemSeparator);
-  registry_->VisitValues(hive, key, [&folding](TextView name, TextView data) {
+  const bool all = registry_->VisitValues(hive, key, [&folding](TextView name, TextView data) {
     folding.Next().append(name).append(kDataSeparator).append(data);
   });
-  folded = folding.Take();
+  folded = all ? folding.Take() : Text();
 }
 
 void clsPubRegistry::EnumValueNames(platform::Hive hive, TextView key, Text& folded) const {
   if (registry_ == nullptr) return;
   Folding folding(kItemSeparator);
-  registry_->VisitValues(hive, key, [&folding](TextView name, TextView) { folding.Next() += name; });
-  folded = folding.Take();
+  const bool all =
+      registry_->VisitValues(hive, key, [&folding](TextView name, TextView) { folding.Next() += name; });
+  folded = all ? folding.Take() : Text();
 }
 
 void clsPubRegistry::DeleteKey(platform::Hive hive, TextView key) const {
@@ -70,8 +71,13 @@ void clsPubRegistry::DeleteValue(platform::Hive hive, TextView key, TextView nam
 void clsPubRegistry::CountValues(platform::Hive hive, TextView key, int16_t& count) const {
   if (registry_ == nullptr) return;
   int values = 0;
-  registry_->VisitValues(hive, key, [&values](TextView, TextView) { ++values; });
-  if (values <= INT16_MAX) count = static_cast<int16_t>(values);
+  const bool all = registry_->VisitValues(hive, key, [&values](TextView, TextView) { ++values; });
+  if (all && values <= INT16_MAX) count = static_cast<int16_t>(values);
+}
+
+bool clsPubRegistry::IsReadable(platform::Hive hive, TextView key) const {
+  return registry_ != nullptr && registry_->VisitSubKeys(hive, key, [](TextView) {}) &&
+         registry_->VisitValues(hive, key, [](TextView, TextView) {});
 }
 
 }  // namespace tavix

@@ -8,8 +8,8 @@ namespace tavix {
 
 // The one door to the registry. Keys and names as platform/registry.h has them. Enumerations are folded
 // into one text, joined by the separators below, with none before the first item or behind the last; what
-// is missing or can't be read gives the empty text. Results come in the last argument. An operation that
-// fails leaves it as it was.
+// is missing or can't be read, be it the rest of a list, gives the empty text. Results come in the last
+// argument. An operation that fails leaves it as it was.
 //
 // An object with no registry behind it stands for a service that isn't there: each of its operations
 // fails.
@@ -38,8 +38,12 @@ class clsPubRegistry {
   void DeleteKey(platform::Hive hive, TextView key) const;
   // Deletes one value. Status 0 means deleted.
   void DeleteValue(platform::Hive hive, TextView key, TextView name, int& status) const;
-  // The number of values of a key; more than a 16-bit integer holds is a failure.
+  // The number of values of a key, 0 of a missing one. One that can't be read is a failure, and so are more
+  // than a 16-bit integer holds.
   void CountValues(platform::Hive hive, TextView key, int16_t& count) const;
+  // Whether the enumerations of a key tell all there is, so that an empty text means that there is nothing.
+  // False where a part of the key can't be read.
+  bool IsReadable(platform::Hive hive, TextView key) const;
 
  private:
   platform::Registry* registry_ = nullptr;

@@ -33,8 +33,8 @@ void clsPubSystem::ReadProfileString(TextView file, TextView section, TextView k
 void clsPubSystem::WriteProfileString(TextView file, TextView section, TextView key, TextView value) const {
   if (on_.files == nullptr) return;
   const auto content = on_.files->ReadFile(file);
-  // A file that stands there and can't be read is not to be written over.
-  if (!content && on_.files->FileExists(file)) return;
+  // A file that may stand there and can't be read is not to be written over.
+  if (!content && on_.files->FileExists(file) != false) return;
   FileText text = DecodeTextFile(content.value_or(""));
   Text changed = WriteIniValue(text.text, section, key, value);
   if (changed == text.text) return;

@@ -44,14 +44,19 @@ class StoreFolder {
   virtual ~StoreFolder() = default;
 
   // What stands under a name, letter case aside; of two that differ only in case the exact one, else the
-  // first in order.
-  virtual std::optional<StoreEntry> Find(TextView name) = 0;
+  // first in order. Nothing where nothing does. Where it can't be told, nothing as well, and `sure` becomes
+  // false.
+  virtual std::optional<StoreEntry> Find(TextView name, bool& sure) = 0;
+  std::optional<StoreEntry> Find(TextView name) {
+    bool sure = true;
+    return Find(name, sure);
+  }
   // Everything in the folder, in any order. What can be no name on Windows is left out. With `wanted`, files
   // whose names it doesn't want may be left out.
   using NameFilter = std::function<bool(TextView name)>;
   virtual bool Read(std::vector<StoreEntry>& entries, const NameFilter& wanted) = 0;
   bool Read(std::vector<StoreEntry>& entries) { return Read(entries, {}); }
-  // Null when it is missing or no folder.
+  // Null when it is missing or no folder, or can't be opened.
   virtual std::unique_ptr<StoreFolder> Open(TextView name) = 0;
   // Nothing for a link that leads out of the store.
   virtual std::optional<LinkTarget> ReadLink(TextView name) = 0;
@@ -81,9 +86,10 @@ class StoreFolder {
 class FileStore {
  public:
   virtual ~FileStore() = default;
-  // The folder of the whole machine. Null when it has gone.
+  // The folder of the whole machine. Null when it has gone or can't be opened.
   virtual std::unique_ptr<StoreFolder> Root() = 0;
-  // The folder below the root with exactly these names and no link among them; null when there is none.
+  // The folder below the root with exactly these names and no link among them; null when there is none
+  // or it can't be opened.
   virtual std::unique_ptr<StoreFolder> Open(const std::vector<Text>& names) = 0;
 };
 

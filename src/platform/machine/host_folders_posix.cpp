@@ -90,8 +90,9 @@ bool HostFolders::Keep(Known& folder) {
   return true;
 }
 
-const std::string* HostOpenFolder::FindName(TextView name) {
+const std::string* HostOpenFolder::FindName(TextView name, bool& sure) {
   if (!names_) names_ = HostNameTable::Read(Get());
+  if (!names_) sure = false;
   return names_ ? names_->Find(name) : nullptr;
 }
 

@@ -21,8 +21,8 @@ class HostOpenFolder {
   int Get() const { return handle_.Get(); }
   bool Watched() const { return watched_; }
   // Of a watched folder: the name that equals `name` letter case aside, or null; reads all names at the
-  // first call.
-  const std::string* FindName(TextView name);
+  // first call. Where they can't be read, `sure` becomes false.
+  const std::string* FindName(TextView name, bool& sure);
   // Whether a name is known to be missing, without a look at the folder.
   bool Lacks(TextView name) const { return names_ && names_->Find(name) == nullptr; }
   // To be called behind a change of ours.

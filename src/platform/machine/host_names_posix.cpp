@@ -54,15 +54,17 @@ std::list<HostNames::Folder>::iterator HostNames::Known(const HostFolderId& id) 
                       [&id](const Folder& folder) { return folder.state.id == id; });
 }
 
-std::optional<std::string> HostNames::Find(int folder, TextView name) {
+std::optional<std::string> HostNames::Find(int folder, TextView name, bool& sure) {
   // The state from before the reading: what changes meanwhile makes it old.
   const std::optional<HostFolderState> state = ReadFolderState(folder);
-  if (!state) return std::nullopt;
+  sure = state.has_value();
+  if (!sure) return std::nullopt;
   auto known = Known(state->id);
   if (known == folders_.end() || known->state != *state) {
     if (known != folders_.end()) folders_.erase(known);
     std::optional<HostNameTable> read = HostNameTable::Read(folder);
-    if (!read) return std::nullopt;
+    sure = read.has_value();
+    if (!sure) return std::nullopt;
     folders_.push_front({*state, *std::move(read)});
     if (folders_.size() > kMostFolders) folders_.pop_back();
     known = folders_.begin();

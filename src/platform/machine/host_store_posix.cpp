@@ -38,6 +38,9 @@ std::optional<StoreEntry> ToEntry(const struct statx& facts, Text name, bool has
   return entry;
 }
 
+// The system says that there is no such name, or that none can be so long.
+bool IsNotFound(int failure) { return failure == ENOENT || failure == ENAMETOOLONG; }
+
 bool ReadFacts(int folder, const char* raw, struct statx& facts) {
   return ::statx(folder, raw, AT_SYMLINK_NOFOLLOW | AT_STATX_DONT_SYNC, kFacts, &facts) == 0;
 }
@@ -69,16 +72,18 @@ class HostFolder : public StoreFolder {
   HostFolder(std::shared_ptr<HostOpenFolder> folder, std::shared_ptr<Shared> shared)
       : folder_(std::move(folder)), shared_(std::move(shared)) {}
 
-  std::optional<StoreEntry> Find(TextView name) override {
+  using StoreFolder::Find;
+  std::optional<StoreEntry> Find(TextView name, bool& sure) override {
     if (folder_->Lacks(name)) return std::nullopt;
-    const std::string raw = ToUtf8(name);
-    errno = 0;
-    if (auto entry = ReadEntry(Get(), raw.c_str(), Text(name))) return entry;
-    if (errno != ENOENT) return std::nullopt;
-    const std::optional<std::string> other = OtherCase(name);
-    if (!other) return std::nullopt;
-    std::optional<Text> text = FromUtf8(*other);
-    return text ? ReadEntry(Get(), other->c_str(), *std::move(text)) : std::nullopt;
+    struct statx facts {};
+    if (ReadFacts(Get(), ToUtf8(name).c_str(), facts)) return ToEntry(facts, Text(name), HasZone());
+    sure = IsNotFound(errno);
+    const std::optional<std::string> other = sure ? OtherCase(name, sure) : std::nullopt;
+    std::optional<Text> text = other ? FromUtf8(*other) : std::nullopt;
+    if (!text) return std::nullopt;
+    if (ReadFacts(Get(), other->c_str(), facts)) return ToEntry(facts, *std::move(text), HasZone());
+    sure = IsNotFound(errno);
+    return std::nullopt;
   }
 
   using StoreFolder::Read;
@@ -232,9 +237,10 @@ class HostFolder : public StoreFolder {
     return gone;
   }
 
-  std::optional<std::string> OtherCase(TextView name) {
-    if (!folder_->Watched()) return shared_->names.Find(Get(), name);
-    const std::string* other = folder_->FindName(name);
+  // Where the folder can't be read, `sure` becomes false.
+  std::optional<std::string> OtherCase(TextView name, bool& sure) {
+    if (!folder_->Watched()) return shared_->names.Find(Get(), name, sure);
+    const std::string* other = folder_->FindName(name, sure);
     return other != nullptr ? std::optional(*other) : std::nullopt;
   }
 

@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <functional>
 #include <utility>
 #include <vector>
@@ -71,11 +72,15 @@ class HostFolder : public StoreFolder {
   // `path` as the system takes it at any length.
   explicit HostFolder(std::wstring path) : path_(std::move(path)) {}
 
-  std::optional<StoreEntry> Find(TextView name) override {
+  using StoreFolder::Find;
+  std::optional<StoreEntry> Find(TextView name, bool& sure) override {
     if (!IsFileName(name)) return std::nullopt;
     _wfinddata64_t found;
     const intptr_t search = _wfindfirst64(Path(name).c_str(), &found);
-    if (search == -1) return std::nullopt;
+    if (search == -1) {
+      if (errno != ENOENT) sure = false;
+      return std::nullopt;
+    }
     _findclose(search);
     return ToEntry(found);
   }

@@ -7,6 +7,7 @@
 namespace tavix::machine {
 namespace {
 
+constexpr int kFixedDrive = 2;
 constexpr uint32_t kSettable = platform::kReadOnly | platform::kHidden | platform::kSystem;
 
 // The order in which a folder is listed: that of the capitals, of two alike that of the names. Most hosts
@@ -49,14 +50,12 @@ std::optional<platform::FileFacts> MachineFileSystem::Look(TextView path) {
   return facts;
 }
 
-bool MachineFileSystem::FileExists(TextView path) {
-  const std::optional<Place> place = finder_.Find(path, Last::Followed);
-  return place && place->IsFile();
+platform::Existence MachineFileSystem::FileExists(TextView path) {
+  return finder_.Stands(path, EntryKind::File);
 }
 
-bool MachineFileSystem::FolderExists(TextView path) {
-  const std::optional<Place> place = finder_.Find(path, Last::Followed);
-  return place && place->IsFolder();
+platform::Existence MachineFileSystem::FolderExists(TextView path) {
+  return finder_.Stands(path, EntryKind::Folder);
 }
 
 std::optional<Text> MachineFileSystem::FolderIdentity(TextView path) {
@@ -274,12 +273,21 @@ std::vector<platform::Drive> MachineFileSystem::Drives() {
     const Text path{letter, u':'};
     const bool known = std::any_of(drives.begin(), drives.end(),
                                    [&](const platform::Drive& drive) { return drive.path == path; });
-    constexpr int kFixed = 2;
-    if (!known && FolderExists(path)) drives.push_back({path, kFixed, true, {}});
+    if (!known && FolderExists(path) == true) drives.push_back({path, kFixedDrive, true, {}});
   }
   std::sort(drives.begin(), drives.end(),
             [](const platform::Drive& left, const platform::Drive& right) { return left.path < right.path; });
   return drives;
+}
+
+std::optional<int> MachineFileSystem::DriveType(char16_t letter) {
+  if (const platform::Drive* drive = facts_.FindDrive(ToUpper(letter))) return drive->type;
+  return FolderExists(Text{letter, u':'}) == true ? std::optional(kFixedDrive) : std::nullopt;
+}
+
+bool MachineFileSystem::IsDriveReady(char16_t letter) {
+  if (const platform::Drive* drive = facts_.FindDrive(ToUpper(letter))) return drive->ready;
+  return FolderExists(Text{letter, u':'}) == true;
 }
 
 bool MachineFileSystem::Recycle(TextView path, RecycleBin& bin) {

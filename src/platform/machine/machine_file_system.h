@@ -8,7 +8,8 @@
 namespace tavix::machine {
 
 // The files of a machine over a store: drives/<letter>/ are its drives, app/ is its application folder.
-// A link that leads out of these two, or in circles, is one to nothing.
+// A link that leads out of these two is one to nothing. What lies on another computer, or after links in
+// circles, can't be told.
 class MachineFileSystem : public platform::FileSystem {
  public:
   // Store and facts must outlive this.
@@ -20,8 +21,8 @@ class MachineFileSystem : public platform::FileSystem {
   MachineFileSystem& operator=(const MachineFileSystem&) = delete;
 
   std::optional<platform::FileFacts> Look(TextView path) override;
-  bool FileExists(TextView path) override;
-  bool FolderExists(TextView path) override;
+  platform::Existence FileExists(TextView path) override;
+  platform::Existence FolderExists(TextView path) override;
   std::unique_ptr<platform::OpenFolder> Open(TextView folder) override;
   std::optional<Text> FolderIdentity(TextView path) override;
   std::vector<Text> Lineage(TextView path) override;
@@ -36,6 +37,8 @@ class MachineFileSystem : public platform::FileSystem {
   bool MoveFile(TextView source, TextView destination) override;
   bool SetAttributes(TextView path, uint32_t attributes) override;
   std::vector<platform::Drive> Drives() override;
+  std::optional<int> DriveType(char16_t letter) override;
+  bool IsDriveReady(char16_t letter) override;
 
   // Moves a file, folder or link into the bin. Not the root of a drive.
   bool Recycle(TextView path, RecycleBin& bin);

@@ -62,6 +62,23 @@ std::optional<MachinePath> ReadMachinePath(TextView path) {
   return read;
 }
 
+bool LeadsToAnotherComputer(TextView path) {
+  Text unified(path);
+  std::replace(unified.begin(), unified.end(), u'/', u'\\');
+  if (!unified.starts_with(u"\\\\") ||
+      EqualIgnoringCase(TextView(unified).substr(0, kApplicationFolder.size()), kApplicationFolder)) {
+    return false;
+  }
+  size_t names = 0;
+  for (const TextView part : Split(unified, u"\\")) {
+    const TextView name = part.substr(0, part.find_last_not_of(u" .") + 1);
+    if (part.empty() || (name.empty() && names >= 2)) continue;
+    if (!IsFileName(name)) return false;
+    ++names;
+  }
+  return names >= 2;
+}
+
 Text MachinePathText(char16_t drive, const std::vector<Text>& names) {
   Text path = drive == 0 ? Text(kApplicationFolder) : Text{drive, u':'};
   if (drive != 0 && names.empty()) path.push_back(u'\\');

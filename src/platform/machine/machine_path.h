@@ -23,7 +23,10 @@ struct MachinePath {
 // which no file can have.
 std::optional<MachinePath> ReadMachinePath(TextView path);
 
-// The same of a drive, or 0 for the application folder, and names below it.
+// Whether a path names a share of another computer: two separators, then the names of computer and share.
+bool LeadsToAnotherComputer(TextView path);
+
+// "C:\" or "C:\a\b" of a drive, or 0 for the application folder, and names below it.
 Text MachinePathText(char16_t drive, const std::vector<Text>& names);
 
 // Whether a file or folder can have this name on Windows: none of `<>:"|?*/\`, no control characters, no

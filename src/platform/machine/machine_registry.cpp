@@ -35,18 +35,20 @@ RegistryKey* MachineRegistry::OpenOrMake(Hive hive, TextView key) {
   return store_.Make(hive, key, changed_);
 }
 
-void MachineRegistry::VisitSubKeys(Hive hive, TextView key, const NameVisitor& visit) {
+bool MachineRegistry::VisitSubKeys(Hive hive, TextView key, const NameVisitor& visit) {
   const RegistryKey* found = Open(hive, key);
-  if (found == nullptr) return;
+  if (found == nullptr) return !IsDenied(hive, key);
   for (const auto& [name, subKey] : found->Keys()) visit(name);
+  return true;
 }
 
-void MachineRegistry::VisitValues(Hive hive, TextView key, const ValueVisitor& visit) {
+bool MachineRegistry::VisitValues(Hive hive, TextView key, const ValueVisitor& visit) {
   const RegistryKey* found = Open(hive, key);
-  if (found == nullptr) return;
+  if (found == nullptr) return !IsDenied(hive, key);
   for (const RegistryValue& value : found->AllValues()) {
     visit(value.Name, platform::RenderData(value.Type, value.Data));
   }
+  return true;
 }
 
 std::optional<Text> MachineRegistry::ReadValue(Hive hive, TextView key, TextView name) {
@@ -56,7 +58,9 @@ std::optional<Text> MachineRegistry::ReadValue(Hive hive, TextView key, TextView
   return platform::RenderData(value->Type, value->Data);
 }
 
-bool MachineRegistry::KeyExists(Hive hive, TextView key) { return store_.Find(hive, key) != nullptr; }
+platform::Existence MachineRegistry::KeyExists(Hive hive, TextView key) {
+  return store_.Find(hive, key) != nullptr;
+}
 
 bool MachineRegistry::WriteString(Hive hive, TextView key, TextView name, TextView data) {
   return SetValue(hive, key, name, static_cast<uint32_t>(platform::DataType::String),

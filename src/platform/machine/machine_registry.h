@@ -11,10 +11,10 @@ namespace tavix::machine {
 // A registry in memory. It has the plain hives; wrap it in MergedRegistry for HKEY_CLASSES_ROOT.
 class MachineRegistry : public platform::Registry {
  public:
-  void VisitSubKeys(platform::Hive hive, TextView key, const NameVisitor& visit) override;
-  void VisitValues(platform::Hive hive, TextView key, const ValueVisitor& visit) override;
+  bool VisitSubKeys(platform::Hive hive, TextView key, const NameVisitor& visit) override;
+  bool VisitValues(platform::Hive hive, TextView key, const ValueVisitor& visit) override;
   std::optional<Text> ReadValue(platform::Hive hive, TextView key, TextView name) override;
-  bool KeyExists(platform::Hive hive, TextView key) override;
+  platform::Existence KeyExists(platform::Hive hive, TextView key) override;
   bool WriteString(platform::Hive hive, TextView key, TextView name, TextView data) override;
   bool DeleteKey(platform::Hive hive, TextView key) override;
   bool DeleteValue(platform::Hive hive, TextView key, TextView name) override;

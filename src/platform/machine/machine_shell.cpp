@@ -2,7 +2,6 @@
 
 #include <set>
 
-#include "platform/machine/shortcut.h"
 #include "platform/recycle_bin_text.h"
 #include "text/letter_case.h"
 #include "text/utf8.h"
@@ -19,7 +18,9 @@ Text WithoutEnd(Text folder) {
 
 }  // namespace
 
-bool MachineShell::Exists(TextView path) { return files_.FileExists(path) || files_.FolderExists(path); }
+bool MachineShell::Exists(TextView path) {
+  return files_.FileExists(path) == true || files_.FolderExists(path) == true;
+}
 
 bool MachineShell::RunTarget(TextView target, int style) {
   journal_.Note(u"RunTarget", {{u"target", Text(target)}, {u"style", style}});
@@ -127,11 +128,10 @@ Text MachineShell::ExpandEnvironment(TextView text) {
   return expanded.append(text);
 }
 
-std::optional<Text> MachineShell::ShortcutTarget(TextView path) {
-  if (faults.Hit(u"ShortcutTarget", path)) return std::nullopt;
-  return files_.ReadFile(path)
-      .and_then([](const std::string& bytes) { return ReadShortcut(bytes); })
-      .transform([](const ShortcutData& shortcut) { return shortcut.target; });
+std::optional<platform::Shortcut> MachineShell::OpenShortcut(TextView path) {
+  if (faults.Hit(u"OpenShortcut", path)) return std::nullopt;
+  return files_.ReadFile(path).and_then(
+      [](const std::string& bytes) { return platform::ReadShortcut(bytes); });
 }
 
 }  // namespace tavix::machine

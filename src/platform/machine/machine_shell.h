@@ -31,7 +31,7 @@ class MachineShell : public platform::Shell {
   std::vector<Text> NamedFolders() override;
   std::optional<Text> EnvironmentVariable(TextView name) override;
   Text ExpandEnvironment(TextView text) override;
-  std::optional<Text> ShortcutTarget(TextView path) override;
+  std::optional<platform::Shortcut> OpenShortcut(TextView path) override;
 
   // Which calls fail; they are noted nevertheless.
   Faults faults;

@@ -108,11 +108,11 @@ void MemoryFileSystem::AddLink(TextView path, TextView target) {
 std::optional<platform::FileFacts> MemoryFileSystem::Look(TextView path) {
   return faults.Hit(u"Look", path) ? std::nullopt : MachineFileSystem::Look(path);
 }
-bool MemoryFileSystem::FileExists(TextView path) {
-  return !faults.Hit(u"FileExists", path) && MachineFileSystem::FileExists(path);
+platform::Existence MemoryFileSystem::FileExists(TextView path) {
+  return faults.Hit(u"FileExists", path) ? platform::Existence() : MachineFileSystem::FileExists(path);
 }
-bool MemoryFileSystem::FolderExists(TextView path) {
-  return !faults.Hit(u"FolderExists", path) && MachineFileSystem::FolderExists(path);
+platform::Existence MemoryFileSystem::FolderExists(TextView path) {
+  return faults.Hit(u"FolderExists", path) ? platform::Existence() : MachineFileSystem::FolderExists(path);
 }
 std::unique_ptr<platform::OpenFolder> MemoryFileSystem::Open(TextView folder) {
   auto opened = MachineFileSystem::Open(folder);
@@ -150,6 +150,10 @@ bool MemoryFileSystem::MoveFile(TextView source, TextView destination) {
 }
 bool MemoryFileSystem::SetAttributes(TextView path, uint32_t attributes) {
   return !faults.Hit(u"SetAttributes", path) && MachineFileSystem::SetAttributes(path, attributes);
+}
+
+bool MemoryFileSystem::IsDriveReady(char16_t letter) {
+  return !faults.Hit(u"IsDriveReady", Text(1, letter)) && MachineFileSystem::IsDriveReady(letter);
 }
 
 }  // namespace tavix::machine

@@ -28,13 +28,14 @@ class MemoryFileSystem : public MachineFileSystem {
   void AddLink(TextView path, TextView target);
 
   // Which of the calls below fail, by their names and paths ("DeleteFile", u"C:\\a.txt"); a moved file by
-  // its source. What is done to a found item counts as DeleteFile, DeleteFolder and MoveFile. Faults of the
-  // store, half-way through a call, are those of MemoryStore.
+  // its source. What is done to a found item counts as DeleteFile, DeleteFolder and MoveFile. An
+  // existence test that fails can't tell. Faults of the store, half-way through a call, are those of
+  // MemoryStore.
   Faults faults;
 
   std::optional<platform::FileFacts> Look(TextView path) override;
-  bool FileExists(TextView path) override;
-  bool FolderExists(TextView path) override;
+  platform::Existence FileExists(TextView path) override;
+  platform::Existence FolderExists(TextView path) override;
   std::unique_ptr<platform::OpenFolder> Open(TextView folder) override;
   std::unique_ptr<platform::FoundItem> OpenFound(TextView start, TextView below) override;
   bool CreateFolder(TextView path) override;
@@ -46,6 +47,7 @@ class MemoryFileSystem : public MachineFileSystem {
   bool DeleteFolder(TextView path, bool force) override;
   bool MoveFile(TextView source, TextView destination) override;
   bool SetAttributes(TextView path, uint32_t attributes) override;
+  bool IsDriveReady(char16_t letter) override;
 
  private:
   MemoryStore& store_;

@@ -39,7 +39,12 @@ class MemoryFolder : public StoreFolder {
  public:
   MemoryFolder(std::shared_ptr<Node> node, Faults& faults) : node_(std::move(node)), faults_(faults) {}
 
-  std::optional<StoreEntry> Find(TextView name) override {
+  using StoreFolder::Find;
+  std::optional<StoreEntry> Find(TextView name, bool& sure) override {
+    if (faults_.Fails(u"Find", name)) {
+      sure = false;
+      return std::nullopt;
+    }
     const Node* found = Child(name);
     return found != nullptr ? std::optional(Entry(*found)) : std::nullopt;
   }

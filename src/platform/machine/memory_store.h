@@ -34,7 +34,8 @@ class MemoryStore : public FileStore {
   // else is replaced. A new node has the time of the clock.
   Node& Make(const std::vector<Text>& names, EntryKind kind);
 
-  // Operations have the names of StoreFolder's routines; the path is the name in the folder.
+  // Operations have the names of StoreFolder's routines; the path is the name in the folder. A Find that
+  // fails can't tell; it isn't counted as a call.
   Faults faults;
 
  private:

@@ -30,16 +30,31 @@ struct PathFinder::Walk {
 };
 
 std::optional<Place> PathFinder::Find(TextView path, Last last, bool make) {
+  bool sure = true;
+  return Find(path, last, make, sure);
+}
+
+platform::Existence PathFinder::Stands(TextView path, EntryKind kind) {
+  bool sure = true;
+  const std::optional<Place> place = Find(path, Last::Followed, false, sure);
+  if (!sure) return std::nullopt;
+  return place && place->entry && place->entry->kind == kind;
+}
+
+std::optional<Place> PathFinder::Find(TextView path, Last last, bool make, bool& sure) {
   std::optional<MachinePath> asked = ReadMachinePath(path);
-  if (!asked) return std::nullopt;
+  if (!asked) {
+    sure = !LeadsToAnotherComputer(path);
+    return std::nullopt;
+  }
   const platform::Drive* drive = asked->drive != 0 ? facts_.FindDrive(asked->drive) : nullptr;
   if (drive != nullptr && !drive->ready) return std::nullopt;
-  std::optional<Place> place = FindFrom(*asked, last);
-  if (place && place->entry) return place;
+  std::optional<Place> place = FindFrom(*asked, last, sure);
+  if (!sure || (place && place->entry)) return place;
   if (drive == nullptr || (place && !place->root) || HasFolder(asked->drive)) return place;
   if (!asked->names.empty()) {
     if (!make || !MakeFolder(asked->drive)) return std::nullopt;
-    return FindFrom(*asked, last);
+    return FindFrom(*asked, last, sure);
   }
   Place empty;
   empty.path = empty.realPath = asked->ToText();
@@ -86,7 +101,8 @@ bool PathFinder::MakeFolder(char16_t drive) {
   return drives != nullptr && drives->MakeFolder(TextView(&drive, 1));
 }
 
-std::optional<Place> PathFinder::FindFrom(const MachinePath& asked, Last last) {
+// A folder that was seen a moment ago and can't be opened is one of which nothing can be told.
+std::optional<Place> PathFinder::FindFrom(const MachinePath& asked, Last last, bool& sure) {
   Walk walk;
   walk.asked = asked;
   std::vector<Text> names = RootNames(asked.drive);
@@ -114,11 +130,12 @@ std::optional<Place> PathFinder::FindFrom(const MachinePath& asked, Last last) {
       walk.folder = store_.Open(walk.real);
       continue;
     }
-    std::optional<StoreEntry> entry = walk.folder->Find(step.name);
+    std::optional<StoreEntry> entry = walk.folder->Find(step.name, sure);
+    if (!sure) return std::nullopt;
     if (step.shown) walk.shown.push_back(entry ? entry->name : step.name);
     const bool atEnd = walk.pending.empty();
     if (entry && entry->kind == EntryKind::Link && !(atEnd && step.shown && last == Last::Itself)) {
-      if (!FollowLink(walk, entry->name)) return std::nullopt;
+      if (!FollowLink(walk, entry->name, sure)) return std::nullopt;
       continue;
     }
     if (atEnd) return Finish(walk, step.name, std::move(entry));
@@ -127,17 +144,24 @@ std::optional<Place> PathFinder::FindFrom(const MachinePath& asked, Last last) {
     walk.real.push_back(std::move(entry->name));
   }
   // A link whose target ends in `..` or is a root has brought us into the place itself.
-  if (walk.folder == nullptr || walk.real.empty()) return std::nullopt;
-  const Text name = std::move(walk.real.back());
-  walk.real.pop_back();
-  walk.folder = store_.Open(walk.real);
-  if (walk.folder == nullptr) return std::nullopt;
-  std::optional<StoreEntry> entry = walk.folder->Find(name);
-  return Finish(walk, name, std::move(entry));
+  if (walk.folder != nullptr && walk.real.empty()) return std::nullopt;
+  Text name;
+  if (walk.folder != nullptr) {
+    name = std::move(walk.real.back());
+    walk.real.pop_back();
+    walk.folder = store_.Open(walk.real);
+  }
+  sure = walk.folder != nullptr;
+  if (!sure) return std::nullopt;
+  std::optional<StoreEntry> entry = walk.folder->Find(name, sure);
+  return sure ? Finish(walk, name, std::move(entry)) : std::nullopt;
 }
 
-bool PathFinder::FollowLink(Walk& walk, TextView name) {
-  if (++walk.links > kMostLinks) return false;
+bool PathFinder::FollowLink(Walk& walk, TextView name, bool& sure) {
+  if (++walk.links > kMostLinks) {
+    sure = false;
+    return false;
+  }
   std::optional<LinkTarget> target = walk.folder->ReadLink(name);
   if (!target) return false;
   if (target->fromRoot) {

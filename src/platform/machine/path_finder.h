@@ -43,9 +43,13 @@ class PathFinder {
     Followed,  // what it leads to is
   };
 
-  // Nothing when the folder of the last name is missing, a link leads out or in circles, or the drive isn't
-  // ready. A ready drive is there without a folder of its own in the store, which `make` makes.
+  // Nothing when the folder of the last name is missing, a link leads out or in circles, the drive isn't
+  // ready, or it can't be told what stands there. A ready drive is there without a folder of its own in the
+  // store, which `make` makes.
   std::optional<Place> Find(TextView path, Last last, bool make = false);
+  // Whether what stands at a path, links followed, is of this kind, as platform::FileSystem's FileExists and
+  // FolderExists have it.
+  platform::Existence Stands(TextView path, EntryKind kind);
   // The folder that a path leads to. Nothing when it leads to none.
   std::optional<FolderPlace> FindFolder(TextView path);
   // What stands at the names `below` under a folder. That folder is found as FindFolder does it; below it no
@@ -61,12 +65,14 @@ class PathFinder {
   };
   struct Walk;
 
-  std::optional<Place> FindFrom(const MachinePath& asked, Last last);
+  // Where it can't be told what stands there, `sure` becomes false and nothing is given.
+  std::optional<Place> Find(TextView path, Last last, bool make, bool& sure);
+  std::optional<Place> FindFrom(const MachinePath& asked, Last last, bool& sure);
   std::unique_ptr<StoreFolder> OpenDrives();
   // The folder of a drive in the store.
   bool HasFolder(char16_t drive);
   bool MakeFolder(char16_t drive);
-  bool FollowLink(Walk& walk, TextView name);
+  bool FollowLink(Walk& walk, TextView name, bool& sure);
   std::optional<Place> Finish(Walk& walk, const Text& name, std::optional<StoreEntry> entry);
 
   FileStore& store_;

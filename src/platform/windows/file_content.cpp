@@ -31,7 +31,8 @@ bool Write(HANDLE file, std::string_view content) {
 
 // Asked for by itself, as some systems let a user who may do everything write to such a file.
 bool IsReadOnly(TextView path) {
-  const std::optional<DWORD> attributes = FollowedAttributes(path);
+  bool sure = true;
+  const std::optional<DWORD> attributes = FollowedAttributes(path, sure);
   return attributes && (*attributes & FILE_ATTRIBUTE_READONLY) != 0;
 }
 

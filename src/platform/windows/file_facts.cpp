@@ -149,13 +149,36 @@ std::optional<Entry> LookUp(TextView path) {
                FromWide(data.cFileName)};
 }
 
-std::optional<DWORD> FollowedAttributes(TextView path) {
+bool IsNotFound(DWORD error) {
+  switch (error) {
+    case ERROR_FILE_NOT_FOUND:
+    case ERROR_PATH_NOT_FOUND:
+    case ERROR_INVALID_NAME:
+    case ERROR_BAD_PATHNAME:
+    case ERROR_FILENAME_EXCED_RANGE:
+    case ERROR_DIRECTORY:  // a file stands where a folder should
+    case ERROR_INVALID_DRIVE:
+    case ERROR_NOT_READY:
+    case ERROR_NO_MEDIA_IN_DRIVE:
+      return true;
+    default:
+      return false;
+  }
+}
+
+std::optional<DWORD> FollowedAttributes(TextView path, bool& sure) {
   const Text extended = ExtendedPath(path);
   const DWORD attributes = GetFileAttributesW(Wide(extended));
   if (attributes == INVALID_FILE_ATTRIBUTES) {
+    const DWORD error = GetLastError();
     // A file that the system holds for itself shows its attributes in the listing only.
-    if (GetLastError() != ERROR_SHARING_VIOLATION && GetLastError() != ERROR_ACCESS_DENIED) return {};
-    return LookUp(path).transform([](const Entry& entry) { return entry.attributes; });
+    if (error == ERROR_SHARING_VIOLATION || error == ERROR_ACCESS_DENIED) {
+      if (const std::optional<Entry> entry = LookUp(path)) return entry->attributes;
+      sure = false;
+    } else {
+      sure = IsNotFound(error);
+    }
+    return std::nullopt;
   }
   if ((attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) return attributes;
   const std::optional<Entry> entry = LookUp(path);
@@ -163,8 +186,9 @@ std::optional<DWORD> FollowedAttributes(TextView path) {
   const FileHandle target(CreateFileW(Wide(extended), FILE_READ_ATTRIBUTES, kShareAll, nullptr, OPEN_EXISTING,
                                       FILE_FLAG_BACKUP_SEMANTICS, nullptr));
   BY_HANDLE_FILE_INFORMATION found;
-  if (!target || !GetFileInformationByHandle(target.Get(), &found)) return std::nullopt;
-  return found.dwFileAttributes;
+  if (target && GetFileInformationByHandle(target.Get(), &found)) return found.dwFileAttributes;
+  sure = !target && IsNotFound(GetLastError());
+  return std::nullopt;
 }
 
 std::optional<platform::FileFacts> ReadFacts(TextView path) {

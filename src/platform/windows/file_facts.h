@@ -29,8 +29,14 @@ struct Entry {
 // Nothing when it is missing or can't be looked at.
 std::optional<Entry> LookUp(TextView path);
 
-// The attributes of what stands there, or of what a link leads to; nothing when that is missing.
-std::optional<DWORD> FollowedAttributes(TextView path);
+// The attributes of what stands there, or of what a link leads to. Nothing when that is missing or can't be
+// looked at; the second is told apart by `sure`, which becomes false then.
+std::optional<DWORD> FollowedAttributes(TextView path, bool& sure);
+
+// Whether a failure of the system's file calls says that there is nothing of the name: no such file, folder
+// or drive, nothing in the drive, or a name that nothing can have. A network that doesn't answer says so of
+// nothing, nor does a refusal.
+bool IsNotFound(DWORD error);
 
 // The whole facts, as platform::FileSystem::Look gives them.
 std::optional<platform::FileFacts> ReadFacts(TextView path);

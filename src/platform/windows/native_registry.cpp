@@ -49,7 +49,11 @@ constexpr ULONG kKeyValuePartialInformation = 2;
 
 constexpr auto kBufferOverflow = static_cast<NTSTATUS>(0x80000005);
 constexpr auto kBufferTooSmall = static_cast<NTSTATUS>(0xC0000023);
+constexpr auto kNoMoreEntries = static_cast<NTSTATUS>(0x8000001A);
 constexpr auto kNameNotFound = static_cast<NTSTATUS>(0xC0000034);
+constexpr auto kPathNotFound = static_cast<NTSTATUS>(0xC000003A);
+constexpr auto kKeyDeleted = static_cast<NTSTATUS>(0xC000017C);
+constexpr auto kNoRoom = static_cast<NTSTATUS>(0xC0000017);
 
 constexpr ULONG kCaseInsensitive = 0x40;
 constexpr ULONG kOpenLinkItself = 0x100;
@@ -103,19 +107,25 @@ Opened OpenPiece(HKEY base, TextView path, ACCESS_MASK access, LastPart last) {
 
 // Runs a query that says how much room it needs until it has it.
 template <class Query>
-bool Fetch(Buffer& buffer, Query query) {
+NTSTATUS Fetch(Buffer& buffer, Query query) {
   if (buffer.empty()) buffer.resize(kFirstBuffer);
   for (;;) {
     ULONG needed = 0;
     const NTSTATUS status = query(buffer.data(), static_cast<ULONG>(buffer.size()), &needed);
-    if (status != kBufferOverflow && status != kBufferTooSmall) return NT_SUCCESS(status);
+    if (status != kBufferOverflow && status != kBufferTooSmall) return status;
     const size_t size = std::max<size_t>(needed, buffer.size() * 2);
-    if (size > kLargestBuffer) return false;
+    if (size > kLargestBuffer) return kNoRoom;
     buffer.resize(size);
   }
 }
 
 }  // namespace
+
+bool IsMissing(NTSTATUS status) {
+  return status == kNameNotFound || status == kPathNotFound || status == kKeyDeleted;
+}
+
+bool IsHive(platform::Hive hive) { return hive == platform::Hive::CurrentUser || !HivePath(hive).empty(); }
 
 RegistryKeyHandle OpenHive(platform::Hive hive) {
   constexpr ACCESS_MASK kAccess = KEY_READ;
@@ -155,20 +165,22 @@ Created Create(HKEY base, TextView name, ACCESS_MASK access) {
   return result;
 }
 
-std::optional<TextView> SubKeyAt(HKEY key, uint32_t position, Buffer& buffer) {
-  const bool there = Fetch(buffer, [&](void* room, ULONG size, ULONG* needed) {
+std::optional<TextView> SubKeyAt(HKEY key, uint32_t position, Buffer& buffer, bool& atEnd) {
+  const NTSTATUS status = Fetch(buffer, [&](void* room, ULONG size, ULONG* needed) {
     return NtEnumerateKey(key, position, kKeyBasicInformation, room, size, needed);
   });
-  if (!there) return std::nullopt;
+  atEnd = status == kNoMoreEntries;
+  if (!NT_SUCCESS(status)) return std::nullopt;
   const auto* found = reinterpret_cast<const KeyBasicInformation*>(buffer.data());
   return TextView(found->name, found->nameBytes / sizeof(char16_t));
 }
 
-std::optional<Value> ValueAt(HKEY key, uint32_t position, Buffer& buffer) {
-  const bool there = Fetch(buffer, [&](void* room, ULONG size, ULONG* needed) {
+std::optional<Value> ValueAt(HKEY key, uint32_t position, Buffer& buffer, bool& atEnd) {
+  const NTSTATUS status = Fetch(buffer, [&](void* room, ULONG size, ULONG* needed) {
     return NtEnumerateValueKey(key, position, kKeyValueFullInformation, room, size, needed);
   });
-  if (!there) return std::nullopt;
+  atEnd = status == kNoMoreEntries;
+  if (!NT_SUCCESS(status)) return std::nullopt;
   const auto* found = reinterpret_cast<const KeyValueFullInformation*>(buffer.data());
   const std::string_view data(buffer.data() + found->dataOffset, found->dataBytes);
   return Value{TextView(found->name, found->nameBytes / sizeof(char16_t)), found->type, data};
@@ -177,10 +189,10 @@ std::optional<Value> ValueAt(HKEY key, uint32_t position, Buffer& buffer) {
 std::optional<Value> Query(HKEY key, TextView name, Buffer& buffer) {
   if (name.size() > kMostCharacters) return std::nullopt;
   UNICODE_STRING counted = Counted(name);
-  const bool there = Fetch(buffer, [&](void* room, ULONG size, ULONG* needed) {
+  const NTSTATUS status = Fetch(buffer, [&](void* room, ULONG size, ULONG* needed) {
     return NtQueryValueKey(key, &counted, kKeyValuePartialInformation, room, size, needed);
   });
-  if (!there) return std::nullopt;
+  if (!NT_SUCCESS(status)) return std::nullopt;
   const auto* found = reinterpret_cast<const KeyValuePartialInformation*>(buffer.data());
   return Value{{}, found->type, std::string_view(found->data, found->dataBytes)};
 }

@@ -20,7 +20,12 @@ struct Opened {
   NTSTATUS status;
 };
 
-// What every hive has as its handle; none for what is no hive.
+// Whether a failure says that there is no such key.
+bool IsMissing(NTSTATUS status);
+
+// Whether this is a hive of the system. HKEY_CLASSES_ROOT is a view on two others and none of its own.
+bool IsHive(platform::Hive hive);
+// What every hive has as its handle; none for what is no hive, and where it can't be opened.
 RegistryKeyHandle OpenHive(platform::Hive hive);
 
 // Opens a key below another, which is the other itself for an empty path. Links on the way are followed;
@@ -43,9 +48,10 @@ struct Value {
   std::string_view data;
 };
 
-// The subkey or value at a position; nothing behind the last one.
-std::optional<TextView> SubKeyAt(HKEY key, uint32_t position, Buffer& buffer);
-std::optional<Value> ValueAt(HKEY key, uint32_t position, Buffer& buffer);
+// The subkey or value at a position. Nothing behind the last one, which alone is the end, and where the key
+// can't be read.
+std::optional<TextView> SubKeyAt(HKEY key, uint32_t position, Buffer& buffer, bool& atEnd);
+std::optional<Value> ValueAt(HKEY key, uint32_t position, Buffer& buffer, bool& atEnd);
 // One value by its name, which is left out of the result.
 std::optional<Value> Query(HKEY key, TextView name, Buffer& buffer);
 

@@ -12,11 +12,13 @@ namespace {
 
 constexpr DWORD kChangeable = platform::kReadOnly | platform::kHidden | platform::kSystem;
 
-// What stands at the path, or at the end of a link, is a file or a folder, as asked; false for nothing.
-bool Exists(TextView path, bool folder) {
+// What stands at the path, or at the end of a link, is a file or a folder, as asked.
+platform::Existence Exists(TextView path, bool folder) {
   const std::optional<Text> normal = NormalPath(path);
   if (!normal) return false;
-  const std::optional<DWORD> attributes = FollowedAttributes(*normal);
+  bool sure = true;
+  const std::optional<DWORD> attributes = FollowedAttributes(*normal, sure);
+  if (!sure) return std::nullopt;
   return attributes && ((*attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) == folder;
 }
 
@@ -39,7 +41,7 @@ platform::Drive ReadDrive(char16_t letter) {
   const Text root = {letter, u':', u'\\'};
   platform::Drive drive;
   drive.path = root.substr(0, 2);
-  drive.type = DriveType(GetDriveTypeW(Wide(root)));
+  drive.type = DriveTypeOf(GetDriveTypeW(Wide(root)));
   wchar_t name[MAX_PATH + 1] = L"";
   drive.ready =
       GetVolumeInformationW(Wide(root), name, MAX_PATH + 1, nullptr, nullptr, nullptr, nullptr, 0) != 0;
@@ -59,9 +61,9 @@ std::optional<platform::FileFacts> WindowsFileSystem::Look(TextView path) {
   return NormalPath(path).and_then([](const Text& normal) { return ReadFacts(normal); });
 }
 
-bool WindowsFileSystem::FileExists(TextView path) { return Exists(path, false); }
+platform::Existence WindowsFileSystem::FileExists(TextView path) { return Exists(path, false); }
 
-bool WindowsFileSystem::FolderExists(TextView path) { return Exists(path, true); }
+platform::Existence WindowsFileSystem::FolderExists(TextView path) { return Exists(path, true); }
 
 std::unique_ptr<platform::OpenFolder> WindowsFileSystem::Open(TextView folder) {
   std::optional<Text> normal = NormalPath(folder);
@@ -135,7 +137,14 @@ std::vector<platform::Drive> WindowsFileSystem::Drives() {
   return drives;
 }
 
-int DriveType(UINT systemType) {
+std::optional<int> WindowsFileSystem::DriveType(char16_t letter) {
+  const UINT type = GetDriveTypeW(Wide(Text{letter, u':', u'\\'}));
+  return type == DRIVE_NO_ROOT_DIR ? std::nullopt : std::optional(DriveTypeOf(type));
+}
+
+bool WindowsFileSystem::IsDriveReady(char16_t letter) { return ReadDrive(letter).ready; }
+
+int DriveTypeOf(UINT systemType) {
   switch (systemType) {
     case DRIVE_REMOVABLE:
       return 1;

@@ -15,8 +15,8 @@ class WindowsFileSystem : public platform::FileSystem {
   WindowsFileSystem& operator=(const WindowsFileSystem&) = delete;
 
   std::optional<platform::FileFacts> Look(TextView path) override;
-  bool FileExists(TextView path) override;
-  bool FolderExists(TextView path) override;
+  platform::Existence FileExists(TextView path) override;
+  platform::Existence FolderExists(TextView path) override;
   std::unique_ptr<platform::OpenFolder> Open(TextView folder) override;
   std::optional<Text> FolderIdentity(TextView path) override;
   std::vector<Text> Lineage(TextView path) override;
@@ -31,12 +31,14 @@ class WindowsFileSystem : public platform::FileSystem {
   bool MoveFile(TextView source, TextView destination) override;
   bool SetAttributes(TextView path, uint32_t attributes) override;
   std::vector<platform::Drive> Drives() override;
+  std::optional<int> DriveType(char16_t letter) override;
+  bool IsDriveReady(char16_t letter) override;
 
  private:
   DWORD errorMode_ = 0;
 };
 
 // A drive's type as platform::Drive numbers it, of the system's number.
-int DriveType(UINT systemType);
+int DriveTypeOf(UINT systemType);
 
 }  // namespace tavix::windows

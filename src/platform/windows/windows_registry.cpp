@@ -24,13 +24,15 @@ class SubKeyNames {
   explicit SubKeyNames(HKEY key) {
     native::Buffer buffer;
     for (uint32_t i = 0;; ++i) {
-      const std::optional<TextView> name = native::SubKeyAt(key, i, buffer);
+      const std::optional<TextView> name = native::SubKeyAt(key, i, buffer, complete_);
       if (!name) break;
       packed_ += *name;
       ends_.push_back(packed_.size());
     }
   }
 
+  // Whether all could be read.
+  bool Complete() const { return complete_; }
   std::vector<TextView> List() const {
     std::vector<TextView> names;
     names.reserve(ends_.size());
@@ -45,6 +47,7 @@ class SubKeyNames {
  private:
   Text packed_;
   std::vector<size_t> ends_;
+  bool complete_ = false;
 };
 
 // Keys made on the way to a place. Unless they are kept, they go again.
@@ -108,24 +111,33 @@ RegistryKeyHandle WindowsRegistry::Open(Hive hive, TextView key, REGSAM access) 
   return base == nullptr ? RegistryKeyHandle() : native::Open(base, key, access).key;
 }
 
-void WindowsRegistry::VisitSubKeys(Hive hive, TextView key, const NameVisitor& visit) {
-  const RegistryKeyHandle opened = Open(hive, key, KEY_ENUMERATE_SUB_KEYS);
-  if (!opened) return;
-  const SubKeyNames subKeys(opened.Get());
+WindowsRegistry::Reached WindowsRegistry::Reach(Hive hive, TextView key, REGSAM access) {
+  const HKEY base = Base(hive, key);
+  if (base == nullptr) return {{}, !IsPath(key) || !native::IsHive(hive), false};
+  native::Opened opened = native::Open(base, key, access);
+  return {std::move(opened.key), native::IsMissing(opened.status), opened.status == kAccessDenied};
+}
+
+bool WindowsRegistry::VisitSubKeys(Hive hive, TextView key, const NameVisitor& visit) {
+  const Reached reached = Reach(hive, key, KEY_ENUMERATE_SUB_KEYS);
+  if (!reached.key) return reached.missing;
+  const SubKeyNames subKeys(reached.key.Get());
   std::vector<TextView> names = subKeys.List();
   if (!std::is_sorted(names.begin(), names.end(), LessIgnoringCase())) {
     std::sort(names.begin(), names.end(), LessIgnoringCase());
   }
   for (const TextView name : names) visit(name);
+  return subKeys.Complete();
 }
 
-void WindowsRegistry::VisitValues(Hive hive, TextView key, const ValueVisitor& visit) {
-  const RegistryKeyHandle opened = Open(hive, key, KEY_QUERY_VALUE);
-  if (!opened) return;
+bool WindowsRegistry::VisitValues(Hive hive, TextView key, const ValueVisitor& visit) {
+  const Reached reached = Reach(hive, key, KEY_QUERY_VALUE);
+  if (!reached.key) return reached.missing;
   native::Buffer buffer;
   for (uint32_t i = 0;; ++i) {
-    const std::optional<native::Value> value = native::ValueAt(opened.Get(), i, buffer);
-    if (!value) break;
+    bool atEnd = false;
+    const std::optional<native::Value> value = native::ValueAt(reached.key.Get(), i, buffer, atEnd);
+    if (!value) return atEnd;
     visit(value->name, platform::RenderData(value->type, value->data));
   }
 }
@@ -139,12 +151,11 @@ std::optional<Text> WindowsRegistry::ReadValue(Hive hive, TextView key, TextView
   });
 }
 
-bool WindowsRegistry::KeyExists(Hive hive, TextView key) {
-  const HKEY base = Base(hive, key);
-  if (base == nullptr) return false;
-  const native::Opened opened = native::Open(base, key, KEY_QUERY_VALUE);
-  // A key that may not be read is there all the same.
-  return opened.key || opened.status == kAccessDenied;
+platform::Existence WindowsRegistry::KeyExists(Hive hive, TextView key) {
+  const Reached reached = Reach(hive, key, KEY_QUERY_VALUE);
+  if (reached.key || reached.denied) return true;
+  if (reached.missing) return false;
+  return std::nullopt;
 }
 
 bool WindowsRegistry::WriteString(Hive hive, TextView key, TextView name, TextView data) {
@@ -169,6 +180,7 @@ bool WindowsRegistry::DeleteKey(Hive hive, TextView key) {
   if (!take(base, key)) return false;
   for (size_t i = 0; i < keys.size(); ++i) {
     const SubKeyNames subKeys(keys[i].Get());
+    if (!subKeys.Complete()) return false;
     for (const TextView name : subKeys.List()) {
       if (!take(keys[i].Get(), name)) return false;
     }

@@ -7,7 +7,6 @@
 #include "platform/windows/file_facts.h"
 #include "platform/windows/named_folders.h"
 #include "platform/windows/shell_folders.h"
-#include "platform/windows/shell_link.h"
 #include "platform/windows/wide.h"
 #include "platform/windows/windows_path.h"
 
@@ -20,7 +19,8 @@ bool HasNul(TextView text) { return text.find(u'\0') != TextView::npos; }
 
 bool IsThere(TextView path) {
   const std::optional<Text> normal = NormalPath(path);
-  return normal && FollowedAttributes(*normal);
+  bool sure = true;
+  return normal && FollowedAttributes(*normal, sure);
 }
 
 // A path that the shell takes, of something that is there.
@@ -33,6 +33,15 @@ std::optional<Text> ShellPath(TextView path) {
   if (length == 0 || length >= MAX_PATH + 8) return std::nullopt;
   normal = NormalPath(FromWide(room));
   return normal && normal->size() < MAX_PATH ? normal : std::nullopt;
+}
+
+// Text in the code page of the system, as its programs wrote it.
+Text FromCodePage(std::string_view bytes) {
+  const int size = static_cast<int>(bytes.size());
+  Text text(bytes.size(), u'\0');
+  text.resize(
+      static_cast<size_t>(MultiByteToWideChar(CP_ACP, 0, bytes.data(), size, WideBuffer(text.data()), size)));
+  return text;
 }
 
 bool Execute(const Command& command, int style, const wchar_t* verb = nullptr, ULONG flags = 0,
@@ -116,10 +125,10 @@ std::vector<Text> WindowsShell::NamedFolders() { return AllNamedFolders(); }
 std::optional<Text> WindowsShell::EnvironmentVariable(TextView name) { return Variable(name); }
 Text WindowsShell::ExpandEnvironment(TextView text) { return ExpandVariables(text); }
 
-std::optional<Text> WindowsShell::ShortcutTarget(TextView path) {
+std::optional<platform::Shortcut> WindowsShell::OpenShortcut(TextView path) {
   return NormalPath(path)
       .and_then([](const Text& normal) { return ReadContent(normal); })
-      .and_then([](const std::string& bytes) { return ReadLinkTarget(bytes); });
+      .and_then([](const std::string& bytes) { return platform::ReadShortcut(bytes, FromCodePage); });
 }
 
 }  // namespace tavix::windows

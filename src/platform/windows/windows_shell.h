@@ -28,7 +28,7 @@ class WindowsShell : public platform::Shell {
   std::vector<Text> NamedFolders() override;
   std::optional<Text> EnvironmentVariable(TextView name) override;
   Text ExpandEnvironment(TextView text) override;
-  std::optional<Text> ShortcutTarget(TextView path) override;
+  std::optional<platform::Shortcut> OpenShortcut(TextView path) override;
 };
 
 }  // namespace tavix::windows

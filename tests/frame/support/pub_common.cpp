@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/machine/memory_host.h"
-#include "platform/machine/shortcut_bytes.h"
+#include "platform/shortcut_bytes.h"
 
 namespace tavix {
 namespace {
@@ -34,7 +34,7 @@ class SampleForm : public Form {
 class PubCommon : public testing::Test {
  protected:
   void AddShortcut(TextView target) {
-    using namespace machine::shortcut_bytes;
+    using namespace platform::shortcut_bytes;
     const bool variables = target.find(u'%') != TextView::npos;
     const std::string bytes = variables ? Header(kHasVariablePath) + ExtraBlock(kVariablePath, u"", target)
                                         : Header(kHasLocation) + LocationBlock({.flags = 1, .path = target});
@@ -54,7 +54,7 @@ class PubCommon : public testing::Test {
   }
 
   machine::MemoryHost host;
-  const clsPubCommon common{&host.files, &host.shell};
+  clsPubCommon common{&host.files, &host.shell};
 };
 
 TEST_F(PubCommon, LoadsTheTextsOfAFormFromItsSection) {
@@ -163,6 +163,8 @@ TEST_F(PubCommon, ShortcutIntoADriveThatCantBeLookedAtIsValid) {
   }
   host.facts.Set(u"Drives", u"E", u"2");
   host.files.AddFolder(u"E:\\a");
+  EXPECT_TRUE(IsTargetValid(u"E:\\missing.exe")) << "asked once";
+  common.ForgetDrives();
   EXPECT_FALSE(IsTargetValid(u"E:\\missing.exe"));
 }
 
@@ -191,11 +193,84 @@ TEST_F(PubCommon, TargetWithAVariableThatIsntSetIsValid) {
   EXPECT_TRUE(IsTargetValid(u"C:\\%Unknown%\\a.exe"));
 }
 
-TEST_F(PubCommon, TargetInAFolderThatCantBeListedIsValid) {
-  host.files.AddFolder(u"C:\\Secret");
+TEST_F(PubCommon, VariableWhoseTextMakesNoPathIsValid) {
+  host.facts.Set(u"Environment", u"PSModulePath", u"C:\\Modules;C:\\More");
+  EXPECT_TRUE(IsTargetValid(u"%PSModulePath%..\\powershell.exe"));
+  host.facts.Set(u"Environment", u"Quoted", u"C:\\\"a\"");
+  EXPECT_TRUE(IsTargetValid(u"%Quoted%\\b.exe"));
+}
+
+TEST_F(PubCommon, ShortcutIsInvalidOnlyIfEveryPlaceItNamesIsMissing) {
+  using namespace platform::shortcut_bytes;
+  host.facts.Set(u"Environment", u"App", u"C:\\App");
+  host.files.AddFile(u"C:\\App\\a.exe");
+  const auto isValid = [this](TextView variables, TextView location, TextView item) {
+    std::string bytes = Header(kHasItems | kHasLocation | kHasVariablePath);
+    bytes += Items({DriveItem(u"C:\\"), OldFileItem(item, u"")});
+    bytes += LocationBlock({.flags = 1, .path = location}) + ExtraBlock(kVariablePath, u"", variables);
+    host.files.AddFile(u"C:\\Links\\a.lnk", Content(bytes));
+    return IsValid();
+  };
+  EXPECT_FALSE(isValid(u"%App%\\gone", u"C:\\gone", u"gone"));
+  EXPECT_TRUE(isValid(u"%App%\\a.exe", u"C:\\gone", u"gone"));
+  EXPECT_TRUE(isValid(u"%App%\\gone", u"C:\\App\\a.exe", u"gone"));
+  EXPECT_TRUE(isValid(u"%App%\\gone", u"C:\\gone", u"App"));
+  EXPECT_TRUE(isValid(u"%Unknown%\\gone", u"C:\\gone", u"gone"));
+  EXPECT_TRUE(isValid(u"%App%\\gone", u"Z:\\gone", u"gone"));
+  EXPECT_FALSE(isValid(u"", u"C:\\gone", u"gone"));
+}
+
+TEST_F(PubCommon, ShortcutThatAlsoNamesAShareOrAnObjectOfTheShellIsValid) {
+  using namespace platform::shortcut_bytes;
+  const std::string gone = LocationBlock({.flags = 1, .path = u"C:\\gone"});
+  const std::string shared = LocationBlock({.flags = 3, .path = u"C:\\gone", .share = u"\\\\PC\\gone"});
+  const std::string panel = Items({ShellFolderItem(kControlPanel)});
+  const auto isValid = [this](const std::string& bytes) {
+    host.files.AddFile(u"C:\\Links\\a.lnk", Content(bytes));
+    return IsValid();
+  };
+  EXPECT_FALSE(isValid(Header(kHasLocation) + gone));
+  EXPECT_TRUE(isValid(Header(kHasLocation) + shared));
+  EXPECT_TRUE(isValid(Header(kHasItems | kHasLocation) + panel + gone));
+  EXPECT_TRUE(isValid(Header(kHasLocation | kIsAdvertised) + gone));
+}
+
+TEST_F(PubCommon, DriveIsAskedOnceAndOnlyForAMissingTarget) {
+  host.files.AddFile(u"C:\\there.exe");
+  host.facts.Set(u"Drives", u"C", u"2");
+  host.facts.Set(u"Drives", u"N", u"3");
+  // Calls on the disk that a fault of them would show.
+  const auto ready = [this](TextView target) {
+    AddShortcut(target);
+    host.files.faults.Fail(u"IsDriveReady");
+    const bool valid = IsValid();
+    host.files.faults.Clear();
+    return valid;
+  };
+  EXPECT_TRUE(ready(u"C:\\gone.exe")) << "asked, and not ready";
+  EXPECT_TRUE(IsTargetValid(u"C:\\gone.exe")) << "not asked again";
+  common.ForgetDrives();
+  EXPECT_FALSE(IsTargetValid(u"C:\\gone.exe"));
+  EXPECT_FALSE(ready(u"C:\\gone too.exe")) << "not asked again";
+  common.ForgetDrives();
+
+  const auto calls = [this](TextView target) {
+    AddShortcut(target);
+    const int before = host.files.faults.Calls();
+    bool valid = false;
+    common.IsShortcutValid(u"C:\\Links\\a.lnk", valid);
+    return host.files.faults.Calls() - before;
+  };
+  EXPECT_EQ(calls(u"C:\\there.exe"), 2) << "the shortcut is read and its target looked at";
+  EXPECT_EQ(calls(u"N:\\gone.exe"), 1) << "nothing of a network drive is looked at";
+  EXPECT_EQ(calls(u"C:\\gone.exe"), 5) << "and the drive is asked";
+  EXPECT_EQ(calls(u"C:\\gone.exe"), 4);
+}
+
+TEST_F(PubCommon, TargetThatCantBeLookedAtIsValid) {
   AddShortcut(u"C:\\Secret\\a.exe");
   EXPECT_FALSE(IsValid());
-  host.files.faults.Fail(u"List", u"C:\\Secret");
+  host.store.faults.Fail(u"Find", u"Secret");
   EXPECT_TRUE(IsValid());
 }
 
@@ -209,7 +284,7 @@ TEST_F(PubCommon, TellsTheSystemsTemporaryFolder) {
 }
 
 TEST(PubCommonWithoutServices, LeavesEveryOutputAsItWas) {
-  const clsPubCommon common;
+  clsPubCommon common;
   SampleForm form;
   common.LoadFormTexts(form, u"C:\\tips.dll");
   common.LoadFormMenus(form, u"C:\\menus.dll");

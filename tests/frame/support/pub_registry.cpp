@@ -71,6 +71,23 @@ TEST_F(PubRegistry, KeyThatMayNotBeReadFoldsToTheEmptyText) {
   EXPECT_EQ(Values(), u"");
 }
 
+TEST_F(PubRegistry, TellsWhetherAKeyCanBeRead) {
+  EXPECT_TRUE(registry.IsReadable(kUser, kKey)) << "missing";
+  Write(u"one", u"1");
+  EXPECT_TRUE(registry.IsReadable(kUser, kKey));
+  machine.Deny(kUser, kKey);
+  EXPECT_FALSE(registry.IsReadable(kUser, kKey));
+  EXPECT_FALSE(clsPubRegistry().IsReadable(kUser, kKey));
+}
+
+TEST_F(PubRegistry, CountOfAKeyThatMayNotBeReadStaysAsItWas) {
+  Write(u"one", u"1");
+  machine.Deny(kUser, kKey);
+  int16_t count = 7;
+  registry.CountValues(kUser, kKey, count);
+  EXPECT_EQ(count, 7);
+}
+
 TEST_F(PubRegistry, LoneDefaultValueBeginsWithTheSeparator) {
   Write(u"", u"data");
   EXPECT_EQ(Values(), u"*NDS*data");
@@ -154,7 +171,7 @@ TEST_F(PubRegistry, WritesNoOtherType) {
   int status = -1;
   registry.WriteValue(4, kUser, kKey, u"name", u"1", status);
   EXPECT_EQ(status, -1);
-  EXPECT_FALSE(machine.KeyExists(kUser, kKey));
+  EXPECT_EQ(machine.KeyExists(kUser, kKey), false);
 }
 
 TEST_F(PubRegistry, DeletesAValueAndTellsTheStatus) {
@@ -170,9 +187,9 @@ TEST_F(PubRegistry, DeletesAValueAndTellsTheStatus) {
 TEST_F(PubRegistry, DeletesAKeyWithWhatIsUnderIt) {
   machine.MakeKey(kUser, Concat(kKey, u"\\a\\b"));
   registry.DeleteKey(kUser, kKey);
-  EXPECT_FALSE(machine.KeyExists(kUser, kKey));
+  EXPECT_EQ(machine.KeyExists(kUser, kKey), false);
   registry.DeleteKey(kUser, kKey);
-  EXPECT_TRUE(machine.KeyExists(kUser, u"Software"));
+  EXPECT_EQ(machine.KeyExists(kUser, u"Software"), true);
 }
 
 TEST_F(PubRegistry, CountsValues) {

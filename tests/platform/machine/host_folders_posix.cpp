@@ -30,9 +30,9 @@ class HostFoldersTest : public testing::Test {
   fs::path Drive(const std::string& path) const { return Host("drives/C/" + path); }
   // Often enough for the folder to be kept open.
   void AskOften() {
-    for (int i = 0; i < 20; ++i) EXPECT_TRUE(files->FileExists(u"C:\\Desk\\keep"));
-    EXPECT_FALSE(files->FileExists(u"C:\\Desk\\none"));
-    EXPECT_FALSE(files->FileExists(u"C:\\Desk\\none"));
+    for (int i = 0; i < 20; ++i) EXPECT_EQ(files->FileExists(u"C:\\Desk\\keep"), true);
+    EXPECT_EQ(files->FileExists(u"C:\\Desk\\none"), false);
+    EXPECT_EQ(files->FileExists(u"C:\\Desk\\none"), false);
   }
 
   ScratchFolder scratch;
@@ -96,7 +96,7 @@ TEST_F(HostFoldersTest, AFolderSwappedForAnotherKeepsItsFiles) {
   fs::rename(Drive("Desk"), Drive("Moved"));
   fs::create_directory(Drive("Desk"));
   EXPECT_FALSE(files->DeleteFile(u"C:\\Desk\\keep", true));
-  EXPECT_FALSE(files->FileExists(u"C:\\Desk\\keep"));
+  EXPECT_EQ(files->FileExists(u"C:\\Desk\\keep"), false);
   EXPECT_TRUE(fs::exists(Drive("Moved/keep")));
 }
 
@@ -104,7 +104,7 @@ TEST_F(HostFoldersTest, AFolderSwappedForALinkThatLeadsOutIsOutOfReach) {
   AskOften();
   fs::rename(Drive("Desk"), scratch.Root() / "outside" / "Desk");
   fs::create_symlink(scratch.Root() / "outside" / "Desk", Drive("Desk"));
-  EXPECT_FALSE(files->FileExists(u"C:\\Desk\\keep"));
+  EXPECT_EQ(files->FileExists(u"C:\\Desk\\keep"), false);
   EXPECT_FALSE(files->DeleteFile(u"C:\\Desk\\keep", true));
   EXPECT_FALSE(files->WriteFile(u"C:\\Desk\\new", "x"));
   EXPECT_TRUE(fs::exists(scratch.Root() / "outside" / "Desk" / "keep"));
@@ -123,13 +123,13 @@ TEST_F(HostFoldersTest, NamesThatComeIntoAKeptFolderAreSeenAtOnce) {
   for (int i = 0; i < 200; ++i) {
     AskOften();
     scratch.Write("machine/drives/C/Desk/NEW", "x");
-    EXPECT_TRUE(files->FileExists(u"C:\\Desk\\New")) << i;
+    EXPECT_EQ(files->FileExists(u"C:\\Desk\\New"), true) << i;
     EXPECT_TRUE(files->DeleteFile(u"C:\\Desk\\new", true)) << i;
-    EXPECT_FALSE(files->FileExists(u"C:\\Desk\\New")) << i;
+    EXPECT_EQ(files->FileExists(u"C:\\Desk\\New"), false) << i;
     fs::create_symlink("keep", Drive("Desk/New"));
-    EXPECT_TRUE(files->FileExists(u"C:\\Desk\\New")) << i;
+    EXPECT_EQ(files->FileExists(u"C:\\Desk\\New"), true) << i;
     fs::rename(Drive("Desk/New"), Drive("Desk/none"));
-    EXPECT_FALSE(files->FileExists(u"C:\\Desk\\New")) << i;
+    EXPECT_EQ(files->FileExists(u"C:\\Desk\\New"), false) << i;
     EXPECT_TRUE(files->Look(u"C:\\Desk\\NONE").has_value()) << i;
     fs::remove(Drive("Desk/none"));
   }
@@ -139,30 +139,30 @@ TEST_F(HostFoldersTest, OurOwnChangesInAKeptFolderAreSeenAtOnce) {
   for (int i = 0; i < 50; ++i) {
     AskOften();
     EXPECT_TRUE(files->WriteFile(u"C:\\Desk\\None", "x"));
-    EXPECT_TRUE(files->FileExists(u"C:\\Desk\\none"));
+    EXPECT_EQ(files->FileExists(u"C:\\Desk\\none"), true);
     EXPECT_TRUE(files->MoveFile(u"C:\\Desk\\NONE", u"C:\\Desk\\Second"));
-    EXPECT_FALSE(files->FileExists(u"C:\\Desk\\none"));
-    EXPECT_TRUE(files->FileExists(u"C:\\Desk\\SECOND"));
+    EXPECT_EQ(files->FileExists(u"C:\\Desk\\none"), false);
+    EXPECT_EQ(files->FileExists(u"C:\\Desk\\SECOND"), true);
     EXPECT_TRUE(files->DeleteFile(u"C:\\Desk\\second", true));
-    EXPECT_FALSE(files->FileExists(u"C:\\Desk\\second"));
+    EXPECT_EQ(files->FileExists(u"C:\\Desk\\second"), false);
   }
 }
 
 TEST_F(HostFoldersTest, WhatIsMountedOverAKeptFolderIsSeen) {
   AskOften();
   if (mount("tavix", Drive("Desk").c_str(), "tmpfs", 0, "size=1m") != 0) GTEST_SKIP() << "may not mount here";
-  EXPECT_FALSE(files->FileExists(u"C:\\Desk\\keep"));
+  EXPECT_EQ(files->FileExists(u"C:\\Desk\\keep"), false);
   EXPECT_TRUE(files->WriteFile(u"C:\\Desk\\mounted", "x"));
   umount(Drive("Desk").c_str());
-  EXPECT_TRUE(files->FileExists(u"C:\\Desk\\keep"));
-  EXPECT_FALSE(files->FileExists(u"C:\\Desk\\mounted"));
+  EXPECT_EQ(files->FileExists(u"C:\\Desk\\keep"), true);
+  EXPECT_EQ(files->FileExists(u"C:\\Desk\\mounted"), false);
 }
 
 TEST_F(HostFoldersTest, ManyFoldersAskedForInTurnAreAllFound) {
   for (int i = 0; i < 100; ++i) scratch.Write("machine/drives/C/" + std::to_string(i) + "/f", "x");
   for (int round = 0; round < 3; ++round) {
     for (int i = 0; i < 100; ++i) {
-      for (int j = 0; j < 10; ++j) EXPECT_TRUE(files->FileExists(Concat(u"C:\\", ToText(i), u"\\f")));
+      for (int j = 0; j < 10; ++j) EXPECT_EQ(files->FileExists(Concat(u"C:\\", ToText(i), u"\\f")), true);
     }
   }
 }

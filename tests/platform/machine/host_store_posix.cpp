@@ -80,24 +80,24 @@ TEST_F(HostFiles, ThatAreNoFilesAreLeftOut) {
 
 TEST_F(HostFiles, SeeWhatOthersChange) {
   Write("C/f/One");
-  EXPECT_TRUE(files->FileExists(u"C:\\F\\ONE"));
-  EXPECT_FALSE(files->FileExists(u"C:\\F\\TWO"));
+  EXPECT_EQ(files->FileExists(u"C:\\F\\ONE"), true);
+  EXPECT_EQ(files->FileExists(u"C:\\F\\TWO"), false);
   Write("C/f/Two");
   fs::remove(Host("C/f/One"));
-  EXPECT_TRUE(files->FileExists(u"C:\\F\\TWO"));
-  EXPECT_FALSE(files->FileExists(u"C:\\F\\ONE"));
+  EXPECT_EQ(files->FileExists(u"C:\\F\\TWO"), true);
+  EXPECT_EQ(files->FileExists(u"C:\\F\\ONE"), false);
   fs::rename(Host("C/f"), Host("C/g"));
-  EXPECT_FALSE(files->FileExists(u"C:\\F\\TWO"));
-  EXPECT_TRUE(files->FileExists(u"C:\\G\\TWO"));
+  EXPECT_EQ(files->FileExists(u"C:\\F\\TWO"), false);
+  EXPECT_EQ(files->FileExists(u"C:\\G\\TWO"), true);
 }
 
 TEST_F(HostFiles, SeeTheirOwnChangesInAnyCase) {
   ASSERT_TRUE(files->CreateFolder(u"C:\\f"));
   for (int i = 0; i < 300; ++i) {
     const Text number = ToText(i);
-    EXPECT_FALSE(files->FileExists(Concat(u"C:\\F\\N", number)));
+    EXPECT_EQ(files->FileExists(Concat(u"C:\\F\\N", number)), false);
     EXPECT_TRUE(files->CreateTextFile(Concat(u"C:\\F\\n", number), false));
-    EXPECT_TRUE(files->FileExists(Concat(u"C:\\F\\N", number)));
+    EXPECT_EQ(files->FileExists(Concat(u"C:\\F\\N", number)), true);
     if (i % 3 == 0) {
       EXPECT_TRUE(files->MoveFile(Concat(u"C:\\F\\N", number), Concat(u"C:\\f\\moved", number)));
     }
@@ -109,7 +109,7 @@ TEST_F(HostFiles, SeeTheirOwnChangesInAnyCase) {
   }
   ASSERT_TRUE(files->DeleteFolder(u"C:\\F", false));
   ASSERT_TRUE(files->CreateFolder(u"C:\\f"));
-  EXPECT_FALSE(files->FileExists(u"C:\\F\\N2"));
+  EXPECT_EQ(files->FileExists(u"C:\\F\\N2"), false);
 }
 
 TEST_F(HostFiles, HaveTheTimesOfTheHostInItsZone) {
@@ -156,8 +156,8 @@ TEST_F(HostFiles, BehindLinksThatLeadOutAreOutOfReach) {
                             u"C:\\f\\magic",
                             u"D:\\secret"};
   for (const TextView path : paths) {
-    EXPECT_FALSE(files->FileExists(path)) << testing::PrintToString(path);
-    EXPECT_FALSE(files->FolderExists(path));
+    EXPECT_EQ(files->FileExists(path), false) << testing::PrintToString(path);
+    EXPECT_EQ(files->FolderExists(path), false);
     EXPECT_FALSE(files->ReadFile(path));
     EXPECT_FALSE(files->WriteFile(path, "x"));
     EXPECT_FALSE(files->AppendToFile(path, "x"));
@@ -168,7 +168,7 @@ TEST_F(HostFiles, BehindLinksThatLeadOutAreOutOfReach) {
     EXPECT_FALSE(
         files->List(Concat(u"C:\\f\\", folder), [](const platform::DirectoryEntry&) { ADD_FAILURE(); }));
   }
-  EXPECT_FALSE(files->FolderExists(u"D:\\"));
+  EXPECT_EQ(files->FolderExists(u"D:\\"), false);
   EXPECT_FALSE(files->DeleteFolder(u"D:\\", true));
   EXPECT_TRUE(files->DeleteFolder(u"C:\\f", true));
   EXPECT_EQ(outside.Files(), (std::map<std::string, std::string>{{"secret", "secret"}}));
@@ -186,7 +186,7 @@ TEST_F(HostFiles, OfTheMachineItselfAreNoLinksOut) {
   RecycleBin bin(*store);
   EXPECT_FALSE(files->Recycle(u"C:\\a", bin));
   bin.Empty();
-  EXPECT_TRUE(files->FileExists(u"C:\\a"));
+  EXPECT_EQ(files->FileExists(u"C:\\a"), true);
   EXPECT_TRUE(outside.Files().empty());
 }
 
@@ -246,8 +246,8 @@ TEST_F(HostFiles, AreFoundQuicklyAmongMany) {
   EXPECT_EQ(Names(u"C:\\many").size(), static_cast<size_t>(kCount));
   // Names in another case, and names that aren't there, cost no listing each.
   for (int i = 0; i < kCount; ++i) {
-    ASSERT_TRUE(files->FileExists(Concat(u"C:\\MANY\\FILE ", ToText(i))));
-    ASSERT_FALSE(files->FileExists(Concat(u"C:\\many\\none ", ToText(i))));
+    ASSERT_EQ(files->FileExists(Concat(u"C:\\MANY\\FILE ", ToText(i))), true);
+    ASSERT_EQ(files->FileExists(Concat(u"C:\\many\\none ", ToText(i))), false);
   }
   EXPECT_TRUE(files->DeleteFolder(u"C:\\MANY", false));
 }
@@ -259,7 +259,7 @@ TEST_F(HostFiles, NeedFewHandles) {
   const auto before = handles();
   Write("C/f/a");
   for (int i = 0; i < 50; ++i) {
-    EXPECT_TRUE(files->FileExists(u"C:\\F\\A"));
+    EXPECT_EQ(files->FileExists(u"C:\\F\\A"), true);
     EXPECT_FALSE(files->ReadFile(u"C:\\F\\B"));
     EXPECT_TRUE(files->WriteFile(u"C:\\F\\C", "x"));
     EXPECT_EQ(Names(u"C:\\F").size(), 2U);
@@ -296,11 +296,11 @@ TEST_F(HostFiles, MoveToAnotherFileSystemOfTheHost) {
   EXPECT_TRUE(files->MoveFile(u"C:\\a", u"D:\\b"));
   EXPECT_EQ(files->ReadFile(u"D:\\b"), content);
   EXPECT_EQ(files->Look(u"D:\\b")->modified, before->modified);
-  EXPECT_FALSE(files->FileExists(u"C:\\a"));
+  EXPECT_EQ(files->FileExists(u"C:\\a"), false);
   // No room for it: the source stays, and no half file lies there.
   Write("C/large", std::string(2'000'000, 'l'));
   EXPECT_FALSE(files->MoveFile(u"C:\\large", u"D:\\large"));
-  EXPECT_TRUE(files->FileExists(u"C:\\large"));
+  EXPECT_EQ(files->FileExists(u"C:\\large"), true);
   EXPECT_EQ(std::distance(fs::directory_iterator(Host("D")), fs::directory_iterator()), 1);
   Write("C/small");
   EXPECT_FALSE(files->MoveFile(u"C:\\small", u"D:\\B"));
@@ -309,6 +309,55 @@ TEST_F(HostFiles, MoveToAnotherFileSystemOfTheHost) {
   EXPECT_TRUE(files->Recycle(u"D:\\b", bin));
   EXPECT_EQ(bin.Count()->bytes, content.size());
   umount(Host("D").c_str());
+}
+
+// Lets the process have so many more open files, while this lives.
+class FewHandles {
+ public:
+  explicit FewHandles(rlim_t more) {
+    ::getrlimit(RLIMIT_NOFILE, &before_);
+    const int next = ::dup(0);
+    ::close(next);
+    rlimit few = before_;
+    few.rlim_cur = static_cast<rlim_t>(next) + more;
+    ::setrlimit(RLIMIT_NOFILE, &few);
+  }
+  ~FewHandles() { ::setrlimit(RLIMIT_NOFILE, &before_); }
+  FewHandles(const FewHandles&) = delete;
+  FewHandles& operator=(const FewHandles&) = delete;
+
+ private:
+  rlimit before_ = {};
+};
+
+TEST_F(HostFiles, AreNeitherThereNorMissingWithoutAHandleToLook) {
+  Write("C/Program Files/App/a.exe");
+  fs::create_symlink("Program Files", Host("C/link"));
+  constexpr rlim_t kEnough = 8;
+  for (rlim_t more = 0; more <= kEnough; ++more) {
+    // A store of its own, which knows nothing yet.
+    const auto fresh = OpenHostStore(fs::canonical(scratch.Root()));
+    MachineFileSystem machine(*fresh, facts);
+    const FewHandles few(more);
+    int told = 0;
+    for (const TextView path :
+         {u"C:\\Program Files\\App\\a.exe", u"c:\\PROGRAM FILES\\app\\A.EXE", u"C:\\link\\App\\a.exe"}) {
+      const platform::Existence there = machine.FileExists(path);
+      EXPECT_NE(there, false) << ToUtf8(path) << " with " << more;
+      told += there.has_value() ? 1 : 0;
+    }
+    for (const TextView path : {u"C:\\Program Files\\App\\b.exe", u"C:\\link\\none\\a.exe"}) {
+      const platform::Existence there = machine.FileExists(path);
+      EXPECT_NE(there, true) << ToUtf8(path) << " with " << more;
+      told += there.has_value() ? 1 : 0;
+    }
+    if (more == 0) {
+      EXPECT_EQ(told, 0);
+    }
+    if (more == kEnough) {
+      EXPECT_EQ(told, 5);
+    }
+  }
 }
 
 }  // namespace

@@ -23,8 +23,8 @@ class MachineFiles : public testing::Test {
 TEST_F(MachineFiles, AreNoneOnADriveThatIsNotReady) {
   File({u"drives", u"E", u"a"});
   Drives("E=4,,not ready\n");
-  EXPECT_FALSE(files->FolderExists(u"E:\\"));
-  EXPECT_FALSE(files->FileExists(u"E:\\a"));
+  EXPECT_EQ(files->FolderExists(u"E:\\"), false);
+  EXPECT_EQ(files->FileExists(u"E:\\a"), false);
   EXPECT_FALSE(files->WriteFile(u"E:\\b", "x"));
   EXPECT_FALSE(files->DeleteFile(u"E:\\a", true));
   ASSERT_EQ(files->Drives().size(), 1U);
@@ -34,9 +34,9 @@ TEST_F(MachineFiles, AreNoneOnADriveThatIsNotReady) {
 TEST_F(MachineFiles, OfADriveThatIsNotReadyAreNotReachedByLinks) {
   File({u"drives", u"E", u"a"});
   store.Make({u"drives", u"C", u"l"}, EntryKind::Link).target = {false, {u"..", u"E", u"a"}};
-  EXPECT_TRUE(files->FileExists(u"C:\\l"));
+  EXPECT_EQ(files->FileExists(u"C:\\l"), true);
   Drives("E=4,,not ready\n");
-  EXPECT_FALSE(files->FileExists(u"C:\\l"));
+  EXPECT_EQ(files->FileExists(u"C:\\l"), false);
 }
 
 TEST_F(MachineFiles, LieOnDrivesWithoutALineOfTheirOwn) {
@@ -50,13 +50,13 @@ TEST_F(MachineFiles, LieOnDrivesWithoutALineOfTheirOwn) {
   EXPECT_EQ(drives[1].path, u"D:");
   EXPECT_EQ(drives[1].type, 2);
   EXPECT_TRUE(drives[1].ready);
-  EXPECT_TRUE(files->FileExists(u"D:\\a"));
-  EXPECT_FALSE(files->FolderExists(u"X:\\"));
+  EXPECT_EQ(files->FileExists(u"D:\\a"), true);
+  EXPECT_EQ(files->FolderExists(u"X:\\"), false);
 }
 
 TEST_F(MachineFiles, CanBeMadeOnADriveWithNothingOnIt) {
   Drives("D=2,Data\n");
-  EXPECT_TRUE(files->FolderExists(u"D:"));
+  EXPECT_EQ(files->FolderExists(u"D:"), true);
   EXPECT_EQ(files->Look(u"D:\\")->path, u"D:\\");
   int entries = 0;
   EXPECT_TRUE(files->List(u"D:\\", [&entries](const platform::DirectoryEntry&) { ++entries; }));
@@ -67,16 +67,47 @@ TEST_F(MachineFiles, CanBeMadeOnADriveWithNothingOnIt) {
   EXPECT_FALSE(files->CreateFolder(u"D:\\"));
   EXPECT_FALSE(store.Root()->Find(u"drives"));
   EXPECT_TRUE(files->CreateFolder(u"D:\\a"));
-  EXPECT_TRUE(files->FolderExists(u"D:\\a"));
+  EXPECT_EQ(files->FolderExists(u"D:\\a"), true);
   EXPECT_FALSE(files->CreateFolder(u"E:\\a"));
 }
 
 TEST_F(MachineFiles, OfTheProgramLieInItsFolder) {
   File({u"app", u"tips.dll"});
-  EXPECT_TRUE(files->FileExists(u"\\\\tavix\\app\\TIPS.dll"));
+  EXPECT_EQ(files->FileExists(u"\\\\tavix\\app\\TIPS.dll"), true);
   EXPECT_EQ(files->Look(u"\\\\tavix\\app\\tips.dll")->path, u"\\\\tavix\\app\\tips.dll");
   EXPECT_FALSE(files->DeleteFolder(u"\\\\tavix\\app", true));
-  EXPECT_FALSE(files->FileExists(u"\\\\tavix\\other\\tips.dll"));
+}
+
+TEST_F(MachineFiles, OfAnotherComputerCantBeTold) {
+  for (const TextView path :
+       {u"\\\\tavix\\other\\tips.dll", u"\\\\server\\share", u"//server/share/a/../b."}) {
+    EXPECT_EQ(files->FileExists(path), std::nullopt) << testing::PrintToString(Text(path));
+    EXPECT_EQ(files->FolderExists(path), std::nullopt);
+    EXPECT_FALSE(files->Look(path));
+  }
+  for (const TextView path : {u"\\\\server", u"\\\\.\\pipe\\a", u"\\\\?\\C:\\a", u"\\\\server\\share\\a?",
+                              u"\\\\tavix\\app\\a?", u"\\\\tavix\\app\\none"}) {
+    EXPECT_EQ(files->FileExists(path), false) << testing::PrintToString(Text(path));
+  }
+}
+
+TEST_F(MachineFiles, BehindWhatCantBeFoundCantBeTold) {
+  File({u"drives", u"C", u"Folder", u"a"});
+  store.Make({u"drives", u"C", u"link"}, EntryKind::Link).target = {true, {u"drives", u"C", u"folder"}};
+  store.faults.Fail(u"Find", u"Folder");
+  EXPECT_EQ(files->FileExists(u"C:\\Folder\\a"), true) << "its folder is opened at once";
+  for (const TextView path : {u"C:\\FOLDER\\A", u"C:\\FOLDER\\none", u"C:\\link\\a", u"C:\\Folder"}) {
+    EXPECT_EQ(files->FileExists(path), std::nullopt) << testing::PrintToString(Text(path));
+    EXPECT_EQ(files->FolderExists(path), std::nullopt);
+  }
+  EXPECT_FALSE(files->CreateFolder(u"C:\\FOLDER")) << "a second one";
+  EXPECT_EQ(files->FileExists(u"C:\\none"), false);
+}
+
+TEST_F(MachineFiles, OfADriveThatIsntReadyAreMissing) {
+  facts.Set(u"Drives", u"E", u"2,,not ready");
+  EXPECT_EQ(files->FileExists(u"E:\\a"), false);
+  EXPECT_EQ(files->FileExists(u"X:\\a"), false);
 }
 
 TEST_F(MachineFiles, BesideDrivesAndProgramAreOutOfReach) {
@@ -84,13 +115,13 @@ TEST_F(MachineFiles, BesideDrivesAndProgramAreOutOfReach) {
   File({u"recycle", u"a"});
   for (const TextView target : {u"machine.ini", u"recycle", u"drives"}) {
     store.Make({u"drives", u"C", u"l"}, EntryKind::Link).target = {true, {Text(target)}};
-    EXPECT_FALSE(files->FileExists(u"C:\\l"));
-    EXPECT_FALSE(files->FolderExists(u"C:\\l"));
+    EXPECT_EQ(files->FileExists(u"C:\\l"), false);
+    EXPECT_EQ(files->FolderExists(u"C:\\l"), false);
     EXPECT_FALSE(files->WriteFile(u"C:\\l", "x"));
-    EXPECT_FALSE(files->FileExists(u"C:\\l\\a"));
+    EXPECT_EQ(files->FileExists(u"C:\\l\\a"), false);
   }
   store.Make({u"drives", u"C", u"l"}, EntryKind::Link).target = {true, {u"drives", u"C"}};
-  EXPECT_TRUE(files->FolderExists(u"C:\\l\\l\\l"));
+  EXPECT_EQ(files->FolderExists(u"C:\\l\\l\\l"), true);
 }
 
 TEST_F(MachineFiles, AreReadOnlyOnceOnlyWhereTheyStillAre) {

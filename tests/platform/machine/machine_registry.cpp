@@ -44,12 +44,12 @@ TEST(MachineRegistry, DeletesAKeyWithAllBelow) {
   registry.WriteString(Hive::CurrentUser, u"a\\b\\c", u"v", u"");
   registry.MakeKey(Hive::CurrentUser, u"a\\d");
   EXPECT_TRUE(registry.DeleteKey(Hive::CurrentUser, u"A\\B"));
-  EXPECT_FALSE(registry.KeyExists(Hive::CurrentUser, u"a\\b"));
+  EXPECT_EQ(registry.KeyExists(Hive::CurrentUser, u"a\\b"), false);
   EXPECT_EQ(Keys(registry, u"a"), Texts{u"d"});
   for (const TextView wrong : {u"a\\b", u"", u"\\a", u"a\\", u"\\"}) {
     EXPECT_FALSE(registry.DeleteKey(Hive::CurrentUser, wrong));
   }
-  EXPECT_TRUE(registry.KeyExists(Hive::CurrentUser, u"a"));
+  EXPECT_EQ(registry.KeyExists(Hive::CurrentUser, u"a"), true);
 }
 
 TEST(MachineRegistry, DeletesOneValue) {
@@ -57,7 +57,7 @@ TEST(MachineRegistry, DeletesOneValue) {
   registry.WriteString(Hive::CurrentUser, u"k", u"v", u"");
   EXPECT_TRUE(registry.DeleteValue(Hive::CurrentUser, u"K", u"V"));
   EXPECT_FALSE(registry.DeleteValue(Hive::CurrentUser, u"k", u"v"));
-  EXPECT_TRUE(registry.KeyExists(Hive::CurrentUser, u"k"));
+  EXPECT_EQ(registry.KeyExists(Hive::CurrentUser, u"k"), true);
 }
 
 TEST(MachineRegistry, RefusesNamesThatWindowsRefuses) {
@@ -104,7 +104,7 @@ TEST(MachineRegistry, GivesNothingOfADeniedKeyAndLeavesIt) {
   EXPECT_EQ(Keys(registry, u"a\\k"), Texts{});
   EXPECT_EQ(Values(registry, u"a\\k"), Texts{});
   EXPECT_EQ(registry.ReadValue(Hive::CurrentUser, u"a\\k", u"v"), std::nullopt);
-  EXPECT_TRUE(registry.KeyExists(Hive::CurrentUser, u"a\\k"));
+  EXPECT_EQ(registry.KeyExists(Hive::CurrentUser, u"a\\k"), true);
   EXPECT_FALSE(registry.WriteString(Hive::CurrentUser, u"a\\k", u"w", u""));
   EXPECT_FALSE(registry.WriteString(Hive::CurrentUser, u"a\\k\\new\\er", u"w", u""));
   EXPECT_FALSE(registry.DeleteValue(Hive::CurrentUser, u"a\\k", u"v"));

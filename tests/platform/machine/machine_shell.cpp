@@ -43,7 +43,7 @@ TEST_F(MachineShellTest, FailsOnDemand) {
   host.files.AddFile(u"C:\\a");
   host.shell.faults.Fail(u"DeleteToRecycleBin", u"C:\\a");
   EXPECT_FALSE(host.shell.DeleteToRecycleBin(u"C:\\a"));
-  EXPECT_TRUE(host.files.FileExists(u"C:\\a"));
+  EXPECT_EQ(host.files.FileExists(u"C:\\a"), true);
   EXPECT_EQ(Ops(), std::vector<Text>{u"DeleteToRecycleBin"});
 }
 
@@ -124,13 +124,16 @@ TEST_F(MachineShellTest, ExpandsVariablesThatAreSet) {
 
 TEST_F(MachineShellTest, ReadsShortcutsThatAreOnesOnly) {
   host.files.AddFile(u"C:\\a.lnk", {"no shortcut"});
-  EXPECT_FALSE(host.shell.ShortcutTarget(u"C:\\a.lnk"));
-  EXPECT_FALSE(host.shell.ShortcutTarget(u"C:\\none.lnk"));
+  EXPECT_FALSE(host.shell.OpenShortcut(u"C:\\a.lnk"));
+  EXPECT_FALSE(host.shell.OpenShortcut(u"C:\\none.lnk"));
   // A header with no flags: nothing tells a path.
   std::string bare("\x4C\0\0\0\x01\x14\x02\0\0\0\0\0\xC0\0\0\0\0\0\0\x46", 20);
   bare.resize(0x4C);
   host.files.AddFile(u"C:\\b.lnk", {bare});
-  EXPECT_EQ(host.shell.ShortcutTarget(u"C:\\b.lnk"), u"");
+  const auto shortcut = host.shell.OpenShortcut(u"C:\\b.lnk");
+  ASSERT_TRUE(shortcut);
+  EXPECT_TRUE(shortcut->paths.empty());
+  EXPECT_FALSE(shortcut->others);
 }
 
 }  // namespace

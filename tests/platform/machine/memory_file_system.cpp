@@ -47,7 +47,7 @@ TEST_F(MemoryFiles, FailOnDemand) {
     files.faults.Fail(operation);
   }
   EXPECT_FALSE(files.Look(u"C:\\a"));
-  EXPECT_FALSE(files.FileExists(u"C:\\a"));
+  EXPECT_EQ(files.FileExists(u"C:\\a"), std::nullopt);
   EXPECT_FALSE(files.ReadFile(u"C:\\a"));
   EXPECT_FALSE(files.WriteFile(u"C:\\a", "new"));
   EXPECT_FALSE(files.AppendToFile(u"C:\\a", "new"));
@@ -56,10 +56,10 @@ TEST_F(MemoryFiles, FailOnDemand) {
   EXPECT_FALSE(files.SetAttributes(u"C:\\a", 1));
   EXPECT_FALSE(files.CreateTextFile(u"C:\\a", true));
   EXPECT_FALSE(files.List(u"C:\\", [](const platform::DirectoryEntry&) {}));
-  EXPECT_FALSE(files.FolderExists(u"C:\\"));
+  EXPECT_EQ(files.FolderExists(u"C:\\"), std::nullopt);
   EXPECT_FALSE(files.CreateFolder(u"C:\\f"));
   EXPECT_FALSE(files.DeleteFolder(u"C:\\f", true));
-  EXPECT_TRUE(files.FileExists(u"C:\\b"));
+  EXPECT_EQ(files.FileExists(u"C:\\b"), true);
   files.faults.Clear();
   EXPECT_EQ(files.ReadFile(u"C:\\a"), "old");
   EXPECT_EQ(files.Look(u"C:\\a")->attributes, 0U);
@@ -70,13 +70,13 @@ TEST_F(MemoryFiles, LeaveSourceAndNoHalfFileWhenACopyToAnotherVolumeFails) {
   files.AddFolder(u"D:\\");
   store.faults.Fail(u"Copy");
   EXPECT_FALSE(files.MoveFile(u"C:\\a", u"D:\\a"));
-  EXPECT_FALSE(files.FileExists(u"D:\\a"));
+  EXPECT_EQ(files.FileExists(u"D:\\a"), false);
   EXPECT_EQ(files.ReadFile(u"C:\\a"), "content");
   store.faults.Clear();
   // A source that can't be deleted is not there twice.
   store.faults.FailCall(3);
   EXPECT_FALSE(files.MoveFile(u"C:\\a", u"D:\\a"));
-  EXPECT_FALSE(files.FileExists(u"D:\\a"));
+  EXPECT_EQ(files.FileExists(u"D:\\a"), false);
   EXPECT_EQ(files.ReadFile(u"C:\\a"), "content");
   store.faults.Clear();
   EXPECT_TRUE(files.MoveFile(u"C:\\a", u"D:\\a"));
@@ -103,7 +103,7 @@ TEST_F(MemoryFiles, GoToAnyDepth) {
   EXPECT_TRUE(files.WriteFile(path + u"\\a", "x"));
   EXPECT_EQ(files.Look(path + u"\\A")->path, path + u"\\a");
   EXPECT_TRUE(files.DeleteFolder(u"C:\\d", false));
-  EXPECT_FALSE(files.FolderExists(u"C:\\d"));
+  EXPECT_EQ(files.FolderExists(u"C:\\d"), false);
 }
 
 }  // namespace

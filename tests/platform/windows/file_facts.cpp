@@ -68,7 +68,7 @@ TEST_F(FileFactsOfWindows, OfADrivesRoot) {
     EXPECT_FALSE(facts->link);
   }
   EXPECT_FALSE(files.Look(u"Q:\\"));
-  EXPECT_FALSE(files.FolderExists(u"Q:\\"));
+  EXPECT_EQ(files.FolderExists(u"Q:\\"), false);
 }
 
 TEST_F(FileFactsOfWindows, OfALinkAreItsOwn) {
@@ -78,8 +78,8 @@ TEST_F(FileFactsOfWindows, OfALinkAreItsOwn) {
   const auto facts = files.Look(place.In(u"link"));
   ASSERT_TRUE(facts);
   EXPECT_TRUE(facts->link);
-  EXPECT_TRUE(files.FolderExists(place.In(u"link")));
-  EXPECT_FALSE(files.FileExists(place.In(u"link")));
+  EXPECT_EQ(files.FolderExists(place.In(u"link")), true);
+  EXPECT_EQ(files.FileExists(place.In(u"link")), false);
   const auto through = files.Look(place.In(u"link\\IN.TXT"));
   ASSERT_TRUE(through);
   EXPECT_FALSE(through->link);

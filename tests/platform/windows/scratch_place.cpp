@@ -177,7 +177,7 @@ void ClearBin() {
   WindowsFileSystem files;
   for (const TextView part : {u"/Trash/files", u"/Trash/info"}) {
     const Text folder = FromHost(ToUtf8(Concat(PlaceOfBin(), part)));
-    if (!files.FolderExists(folder)) continue;
+    if (files.FolderExists(folder) != true) continue;
     EXPECT_TRUE(files.DeleteFolder(folder, true));
     EXPECT_TRUE(files.CreateFolder(folder));
   }

@@ -96,13 +96,13 @@ TEST_F(FilesOfWindows, LongPathsWork) {
   EXPECT_TRUE(files.AppendToFile(path, "er"));
   EXPECT_EQ(files.ReadFile(path), "longer");
   EXPECT_EQ(files.Look(path)->path, path);
-  EXPECT_TRUE(files.FileExists(path));
-  EXPECT_TRUE(files.FolderExists(folder));
+  EXPECT_EQ(files.FileExists(path), true);
+  EXPECT_EQ(files.FolderExists(folder), true);
   EXPECT_TRUE(files.SetAttributes(path, platform::kHidden));
   EXPECT_TRUE(files.MoveFile(path, moved));
   EXPECT_TRUE(files.List(folder, [](const auto& entry) { EXPECT_EQ(entry.name, u"moved.txt"); }));
   EXPECT_TRUE(files.DeleteFile(moved, false));
-  EXPECT_FALSE(files.FileExists(moved));
+  EXPECT_EQ(files.FileExists(moved), false);
 }
 
 TEST_F(FilesOfWindows, SettingAttributesLeavesTheOthers) {
@@ -183,13 +183,13 @@ TEST_F(FilesOfWindows, DrivesStandInTheOrderOfTheirLetters) {
 }
 
 TEST(DriveType, IsNumberedAsTheInterfaceHasIt) {
-  EXPECT_EQ(DriveType(DRIVE_UNKNOWN), 0);
-  EXPECT_EQ(DriveType(DRIVE_NO_ROOT_DIR), 0);
-  EXPECT_EQ(DriveType(DRIVE_REMOVABLE), 1);
-  EXPECT_EQ(DriveType(DRIVE_FIXED), 2);
-  EXPECT_EQ(DriveType(DRIVE_REMOTE), 3);
-  EXPECT_EQ(DriveType(DRIVE_CDROM), 4);
-  EXPECT_EQ(DriveType(DRIVE_RAMDISK), 5);
+  EXPECT_EQ(DriveTypeOf(DRIVE_UNKNOWN), 0);
+  EXPECT_EQ(DriveTypeOf(DRIVE_NO_ROOT_DIR), 0);
+  EXPECT_EQ(DriveTypeOf(DRIVE_REMOVABLE), 1);
+  EXPECT_EQ(DriveTypeOf(DRIVE_FIXED), 2);
+  EXPECT_EQ(DriveTypeOf(DRIVE_REMOTE), 3);
+  EXPECT_EQ(DriveTypeOf(DRIVE_CDROM), 4);
+  EXPECT_EQ(DriveTypeOf(DRIVE_RAMDISK), 5);
 }
 
 TEST(WindowsFileSystem, KeepsDialogsOfTheSystemAwayWhileItLives) {

@@ -15,11 +15,11 @@ TEST(WindowsHost, PutsTheSystemInPlaceAndTakesItAway) {
   {
     const WindowsHost host;
     ASSERT_NE(platform::registry, nullptr);
-    EXPECT_TRUE(platform::registry->KeyExists(platform::Hive::LocalMachine, u"Software"));
-    EXPECT_TRUE(platform::registry->KeyExists(platform::Hive::ClassesRoot, u"CLSID"));
+    EXPECT_EQ(platform::registry->KeyExists(platform::Hive::LocalMachine, u"Software"), true);
+    EXPECT_EQ(platform::registry->KeyExists(platform::Hive::ClassesRoot, u"CLSID"), true);
     ASSERT_NE(platform::clock, nullptr);
     ASSERT_NE(platform::fileSystem, nullptr);
-    EXPECT_TRUE(platform::fileSystem->FolderExists(u"C:\\"));
+    EXPECT_EQ(platform::fileSystem->FolderExists(u"C:\\"), true);
     ASSERT_NE(platform::shell, nullptr);
     EXPECT_TRUE(platform::shell->SpecialFolderByNumber(9966));
     EXPECT_NE(platform::eventLogs, nullptr);

@@ -20,12 +20,12 @@ class WindowsRegistryLinks : public testing::Test {
   WindowsRegistryLinks() { registry.DeleteKey(Hive::LocalMachine, kPlace); }
   ~WindowsRegistryLinks() override {
     registry.DeleteKey(Hive::LocalMachine, kPlace);
-    EXPECT_FALSE(registry.KeyExists(Hive::LocalMachine, kPlace));
+    EXPECT_EQ(registry.KeyExists(Hive::LocalMachine, kPlace), false);
   }
 
   static Text In(TextView key) { return Concat(kPlace, u"\\", key); }
   bool Write(TextView key) { return registry.WriteString(Hive::LocalMachine, In(key), u"name", key); }
-  bool Exists(TextView key) { return registry.KeyExists(Hive::LocalMachine, In(key)); }
+  bool Exists(TextView key) { return registry.KeyExists(Hive::LocalMachine, In(key)) == true; }
   bool Delete(TextView key) { return registry.DeleteKey(Hive::LocalMachine, In(key)); }
   std::optional<Text> Read(TextView key) { return registry.ReadValue(Hive::LocalMachine, In(key), u"name"); }
   std::vector<Text> SubKeys(TextView key) {
@@ -117,9 +117,9 @@ TEST_F(WindowsRegistryLinks, DeletesALinkToTheKeyAboveIt) {
 
 TEST(WindowsRegistry, LeavesHkeyClassesRootToTheMergedOne) {
   WindowsRegistry plain;
-  EXPECT_FALSE(plain.KeyExists(Hive::ClassesRoot, u"CLSID"));
+  EXPECT_EQ(plain.KeyExists(Hive::ClassesRoot, u"CLSID"), false);
   platform::MergedRegistry merged(plain);
-  EXPECT_TRUE(merged.KeyExists(Hive::ClassesRoot, u"CLSID"));
+  EXPECT_EQ(merged.KeyExists(Hive::ClassesRoot, u"CLSID"), true);
 }
 
 TEST(WindowsRegistry, ListsTheSameKeysAsTheSystem) {

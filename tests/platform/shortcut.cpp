@@ -1,11 +1,11 @@
-#include "platform/machine/shortcut.h"
+#include "platform/shortcut.h"
 
 #include <gtest/gtest.h>
 
-#include "platform/machine/shortcut_bytes.h"
+#include "platform/shortcut_bytes.h"
 #include "text/utf8.h"
 
-namespace tavix::machine {
+namespace tavix::platform {
 namespace {
 
 using namespace shortcut_bytes;
@@ -13,9 +13,14 @@ using namespace shortcut_bytes;
 // What a test expects of a file that is no shortcut.
 constexpr TextView kNoShortcut = u"<no shortcut>";
 
+// What a shortcut names: its paths with bars between them, `<other>` for what has none.
 Text Target(std::string_view bytes) {
-  const std::optional<ShortcutData> data = ReadShortcut(bytes);
-  return data ? data->target : Text(kNoShortcut);
+  const std::optional<Shortcut> shortcut = ReadShortcut(bytes);
+  if (!shortcut) return Text(kNoShortcut);
+  Text all;
+  for (const Text& path : shortcut->paths) all += all.empty() ? path : Concat(u"|", path);
+  if (shortcut->others) all += all.empty() ? u"<other>" : u"|<other>";
+  return all;
 }
 
 const std::string kDocumentItems =
@@ -37,8 +42,39 @@ TEST(Shortcut, OtherBytesAreNoShortcut) {
 
 TEST(Shortcut, PathOnAVolume) { EXPECT_EQ(Target(Header(kHasLocation) + kProgram), u"C:\\Program.exe"); }
 
+TEST(Shortcut, NamesEachPlaceOnce) {
+  const std::string both =
+      LocationBlock({.flags = 3, .path = u"D:\\", .suffix = u"document.txt", .share = u"\\\\PC\\Documents"});
+  const std::string block = ExtraBlock(kVariablePath, u"", u"%WinDir%\\x.exe");
+  EXPECT_EQ(Target(Header(kHasItems | kHasLocation | kHasVariablePath) + kDocumentItems + both + block),
+            u"%WinDir%\\x.exe|D:\\document.txt|\\\\PC\\Documents\\document.txt");
+}
+
 TEST(Shortcut, LocationStandsBehindTheItems) {
-  EXPECT_EQ(Target(Header(kHasItems | kHasLocation) + kDocumentItems + kProgram), u"C:\\Program.exe");
+  EXPECT_EQ(Target(Header(kHasItems | kHasLocation) + kDocumentItems + kProgram),
+            u"C:\\Program.exe|D:\\document.txt");
+}
+
+TEST(Shortcut, ItemsThatMakeNoPathNameSomethingElse) {
+  const std::string panel = Items({ShellFolderItem(kControlPanel)});
+  EXPECT_EQ(Target(Header(kHasItems) + panel), u"<other>");
+  EXPECT_EQ(Target(Header(kHasItems | kHasLocation) + panel + kProgram), u"C:\\Program.exe|<other>");
+  EXPECT_EQ(Target(Header(kHasItems | kHasLocation) + Items({}) + kProgram), u"C:\\Program.exe");
+}
+
+TEST(Shortcut, ShareWithoutANameIsSomethingElse) {
+  std::string location = LocationBlock({.flags = 3, .path = u"C:\\a", .share = u"\\\\s\\x"});
+  location.replace(20, 4, U32(0));
+  EXPECT_EQ(Target(Header(kHasLocation) + location), u"C:\\a|<other>");
+}
+
+TEST(Shortcut, NarrowTextIsReadAsTheMachineHasIt) {
+  const std::string bytes = Header(kHasItems | kHasLocation | kHasVariablePath) + kDocumentItems + kProgram +
+                            ExtraBlock(kVariablePath, u"%A%", u"");
+  const auto shortcut = ReadShortcut(bytes, [](std::string_view) { return Text(u"x"); });
+  ASSERT_TRUE(shortcut);
+  EXPECT_EQ(shortcut->paths, (std::vector<Text>{u"x", u"x\\x"}));
+  EXPECT_TRUE(shortcut->others);
 }
 
 TEST(Shortcut, ItemsTellThePathWhereLocationIsMissingOrToBeIgnoredOrEmpty) {
@@ -49,10 +85,10 @@ TEST(Shortcut, ItemsTellThePathWhereLocationIsMissingOrToBeIgnoredOrEmpty) {
             u"D:\\document.txt");
 }
 
-TEST(Shortcut, PathWithVariablesGoesBeforeLocationAndItems) {
+TEST(Shortcut, PathWithVariablesComesBeforeLocationAndItems) {
   const std::string block = ExtraBlock(kVariablePath, u"%Narrow%\\x", u"%WinDir%\\x.exe");
   EXPECT_EQ(Target(Header(kHasItems | kHasLocation | kHasVariablePath) + kDocumentItems + kProgram + block),
-            u"%WinDir%\\x.exe");
+            u"%WinDir%\\x.exe|C:\\Program.exe|D:\\document.txt");
 }
 
 TEST(Shortcut, NarrowPathWithVariablesHoldsWhereTheWideOneIsEmpty) {
@@ -70,11 +106,12 @@ TEST(Shortcut, EmptyPathWithVariablesCountsAsNone) {
             u"C:\\Program.exe");
 }
 
-TEST(Shortcut, AdvertisedProgramHasNoTarget) {
+TEST(Shortcut, AdvertisedProgramIsSomethingElse) {
   const std::string block = ExtraBlock(kAdvertised, u"abc", u"abc");
-  EXPECT_EQ(Target(Header(kHasLocation) + kProgram + block), u"");
-  EXPECT_EQ(Target(Header(kHasLocation | kIsAdvertised) + kProgram), u"");
-  EXPECT_EQ(Target(Header(kHasVariablePath) + ExtraBlock(kVariablePath, u"", u"%WinDir%") + block), u"");
+  EXPECT_EQ(Target(Header(kHasLocation) + kProgram + block), u"C:\\Program.exe|<other>");
+  EXPECT_EQ(Target(Header(kHasLocation | kIsAdvertised) + kProgram), u"C:\\Program.exe|<other>");
+  EXPECT_EQ(Target(Header(kHasVariablePath) + ExtraBlock(kVariablePath, u"", u"%WinDir%") + block),
+            u"%WinDir%|<other>");
 }
 
 TEST(Shortcut, StringsBetweenLocationAndBlocksAreSteppedOver) {
@@ -106,7 +143,7 @@ TEST(Shortcut, FileCutOffAmongItsBlocksKeepsWhatItHasTold) {
 TEST(Shortcut, FileCutOffBeforeItsBlocksCantBeRead) {
   const std::string whole =
       Header(kHasItems | kHasLocation | kHasName) + kDocumentItems + kProgram + U16(2) + "ab";
-  ASSERT_EQ(Target(whole), u"C:\\Program.exe");
+  ASSERT_EQ(Target(whole), u"C:\\Program.exe|D:\\document.txt");
   for (size_t size = 0; size < whole.size(); ++size) EXPECT_EQ(Target(whole.substr(0, size)), kNoShortcut);
 }
 
@@ -124,4 +161,4 @@ TEST(Shortcut, BlockTooSmallForItsTextsHasNone) {
 }
 
 }  // namespace
-}  // namespace tavix::machine
+}  // namespace tavix::platform

@@ -7,7 +7,7 @@
 #include "text/text.h"
 #include "text/windows_1252.h"
 
-namespace tavix::machine {
+namespace tavix::platform {
 
 // Puts shortcut files together, piece by piece, as the format has them.
 namespace shortcut_bytes {
@@ -142,4 +142,4 @@ constexpr unsigned kHasVariablePath = 0x200;
 constexpr unsigned kIsAdvertised = 0x1000;
 
 }  // namespace shortcut_bytes
-}  // namespace tavix::machine
+}  // namespace tavix::platform

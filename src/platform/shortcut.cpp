@@ -1,10 +1,12 @@
-#include "platform/machine/shortcut.h"
+#include "platform/shortcut.h"
 
-#include "platform/machine/byte_reader.h"
-#include "platform/machine/shortcut_items.h"
-#include "platform/machine/shortcut_location.h"
+#include <algorithm>
 
-namespace tavix::machine {
+#include "platform/byte_reader.h"
+#include "platform/shortcut_items.h"
+#include "platform/shortcut_location.h"
+
+namespace tavix::platform {
 namespace {
 
 using namespace std::string_view_literals;
@@ -68,17 +70,21 @@ bool SkipStrings(Parts& parts, uint32_t flags) {
 }
 
 // A path with environment variables: a narrow text of 260 bytes, and the same in UTF-16 behind it.
-Text VariablePath(std::string_view bytes) {
+Text VariablePath(const ByteReader& block) {
   constexpr size_t kNarrow = 8;
   constexpr size_t kLength = 260;
-  const ByteReader block(bytes);
   Text path = block.Part(kNarrow + kLength, 2 * kLength).WideText(0);
   return path.empty() ? block.Part(kNarrow, kLength).NarrowText(0) : path;
 }
 
+void AddPath(Shortcut& shortcut, Text path) {
+  if (path.empty() || std::ranges::find(shortcut.paths, path) != shortcut.paths.end()) return;
+  shortcut.paths.push_back(std::move(path));
+}
+
 }  // namespace
 
-std::optional<ShortcutData> ReadShortcut(std::string_view bytes) {
+std::optional<Shortcut> ReadShortcut(std::string_view bytes, NarrowDecoder decode) {
   if (!bytes.starts_with(kBeginning) || bytes.size() < kHeaderSize) return std::nullopt;
   const uint32_t flags = ByteReader(bytes).U32(kFlagsField);
   Parts parts(bytes);
@@ -92,20 +98,30 @@ std::optional<ShortcutData> ReadShortcut(std::string_view bytes) {
   if (!location || !SkipStrings(parts, flags)) return std::nullopt;
 
   // Extra blocks go on to one that is too small to be one; a file cut off among them has told enough.
-  bool advertised = (flags & kAdvertised) != 0;
-  Text variablePath;
+  Shortcut shortcut;
+  shortcut.others = (flags & kAdvertised) != 0;
   constexpr uint32_t kSmallestBlock = 8;
   while (const std::optional<std::string_view> block = parts.TakeBlock(kSmallestBlock)) {
-    const uint32_t kind = ByteReader(*block).U32(4);
-    if (kind == kAdvertisedBlock) advertised = true;
-    if (kind == kVariablePathBlock && (flags & kHasVariablePath) != 0) variablePath = VariablePath(*block);
+    const ByteReader reader(*block, decode);
+    const uint32_t kind = reader.U32(4);
+    if (kind == kAdvertisedBlock) shortcut.others = true;
+    if (kind == kVariablePathBlock && (flags & kHasVariablePath) != 0) {
+      AddPath(shortcut, VariablePath(reader));
+    }
   }
 
-  if (advertised) return ShortcutData{};
-  if (!variablePath.empty()) return ShortcutData{std::move(variablePath)};
-  Text target = (flags & kIgnoreLocation) == 0 ? ShortcutLocation(*location) : Text();
-  if (target.empty()) target = ShortcutItemPath(*items);
-  return ShortcutData{std::move(target)};
+  if ((flags & kIgnoreLocation) == 0) {
+    LocationPaths paths = ShortcutLocation(ByteReader(*location, decode));
+    AddPath(shortcut, std::move(paths.onVolume));
+    AddPath(shortcut, std::move(paths.onShare));
+    if (!paths.named) shortcut.others = true;
+  }
+  if (const ByteReader list(*items, decode); list.U16(0) != 0) {
+    Text path = ShortcutItemPath(list);
+    if (path.empty()) shortcut.others = true;
+    AddPath(shortcut, std::move(path));
+  }
+  return shortcut;
 }
 
-}  // namespace tavix::machine
+}  // namespace tavix::platform

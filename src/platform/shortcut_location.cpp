@@ -1,8 +1,8 @@
-#include "platform/machine/shortcut_location.h"
+#include "platform/shortcut_location.h"
 
-#include "platform/machine/byte_reader.h"
+#include "platform/byte_reader.h"
 
-namespace tavix::machine {
+namespace tavix::platform {
 namespace {
 
 constexpr size_t kHeaderSizeField = 4;
@@ -48,8 +48,8 @@ Text Join(Text base, TextView suffix) {
 
 }  // namespace
 
-Text ShortcutLocation(std::string_view bytes) {
-  const ByteReader block(bytes);
+LocationPaths ShortcutLocation(const ByteReader& block) {
+  LocationPaths paths;
   const bool hasWide = block.U32(kHeaderSizeField) >= kHeaderWithWideTexts;
   Text suffix = hasWide ? WideAt(block, kWideSuffixField) : Text();
   if (suffix.empty()) suffix = NarrowAt(block, kSuffixField);
@@ -57,11 +57,14 @@ Text ShortcutLocation(std::string_view bytes) {
   if ((flags & kOnVolume) != 0) {
     Text path = hasWide ? WideAt(block, kWideLocalPathField) : Text();
     if (path.empty()) path = NarrowAt(block, kLocalPathField);
-    if (!path.empty()) return Join(std::move(path), suffix);
+    paths.onVolume = Join(std::move(path), suffix);
   }
-  const uint32_t network = block.U32(kNetworkField);
-  if ((flags & kOnNetwork) == 0 || network == 0) return {};
-  return Join(ShareName(block.Part(network, block.U32(network))), suffix);
+  if ((flags & kOnNetwork) != 0) {
+    const uint32_t network = block.U32(kNetworkField);
+    if (network != 0) paths.onShare = Join(ShareName(block.Part(network, block.U32(network))), suffix);
+    paths.named = !paths.onShare.empty();
+  }
+  return paths;
 }
 
-}  // namespace tavix::machine
+}  // namespace tavix::platform

@@ -1,16 +1,19 @@
-#include "platform/machine/shortcut_items.h"
+#include "platform/shortcut_items.h"
 
 #include <gtest/gtest.h>
 
-#include "platform/machine/shortcut_bytes.h"
+#include "platform/shortcut_bytes.h"
 
-namespace tavix::machine {
+namespace tavix::platform {
 namespace {
 
 using namespace shortcut_bytes;
 
 // Without the size in front, as the reader of the whole file hands it over.
-Text Path(std::initializer_list<std::string> items) { return ShortcutItemPath(Items(items).substr(2)); }
+Text Path(std::initializer_list<std::string> items) {
+  const std::string list = Items(items).substr(2);
+  return ShortcutItemPath(ByteReader(list));
+}
 
 const std::string kThisComputer = ShellFolderItem(kComputer);
 const std::string kDriveC = DriveItem(u"C:\\");
@@ -95,12 +98,15 @@ TEST(ShortcutItems, DriveThatIsNoLetterMakesNoPath) {
 }
 
 TEST(ShortcutItems, SizesThatDontFitMakeNoPath) {
-  EXPECT_EQ(ShortcutItemPath(U16(2) + kDriveC), u"");
-  EXPECT_EQ(ShortcutItemPath(kDriveC + U16(0xFFFF) + "\x32"), u"");
-  EXPECT_EQ(ShortcutItemPath(kDriveC + U16(3) + "\x32"), u"");
+  for (const std::string& list :
+       {U16(2) + kDriveC, kDriveC + U16(0xFFFF) + "\x32", kDriveC + U16(3) + "\x32"}) {
+    EXPECT_EQ(ShortcutItemPath(ByteReader(list)), u"");
+  }
 }
 
-TEST(ShortcutItems, ListWithoutItsEndIsReadToItsLastItem) { EXPECT_EQ(ShortcutItemPath(kDriveC), u"C:\\"); }
+TEST(ShortcutItems, ListWithoutItsEndIsReadToItsLastItem) {
+  EXPECT_EQ(ShortcutItemPath(ByteReader(kDriveC)), u"C:\\");
+}
 
 }  // namespace
-}  // namespace tavix::machine
+}  // namespace tavix::platform

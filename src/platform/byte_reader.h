@@ -6,13 +6,17 @@
 #include "text/text.h"
 #include "text/windows_1252.h"
 
-namespace tavix::machine {
+namespace tavix::platform {
+
+// Reads text of one byte a character, as the machine that wrote it had it.
+using NarrowDecoder = Text (*)(std::string_view bytes);
 
 // A piece of a binary file, read by offsets that may be anything: what lies behind the end is zero, and a
 // text without its final zero is empty.
 class ByteReader {
  public:
-  explicit ByteReader(std::string_view bytes) : bytes_(bytes) {}
+  explicit ByteReader(std::string_view bytes, NarrowDecoder decode = FromWindows1252)
+      : bytes_(bytes), decode_(decode) {}
 
   size_t Size() const { return bytes_.size(); }
   std::string_view Bytes() const { return bytes_; }
@@ -25,14 +29,14 @@ class ByteReader {
 
   // The part from an offset on, shorter where the end comes first.
   ByteReader Part(size_t at, size_t size = std::string_view::npos) const {
-    return ByteReader(at < bytes_.size() ? bytes_.substr(at, size) : std::string_view());
+    return ByteReader(at < bytes_.size() ? bytes_.substr(at, size) : std::string_view(), decode_);
   }
 
   // Text up to a zero byte, or a zero of two bytes.
   Text NarrowText(size_t at) const {
     const std::string_view rest = Part(at).Bytes();
     const size_t end = rest.find('\0');
-    return end == std::string_view::npos ? Text() : FromWindows1252(rest.substr(0, end));
+    return end == std::string_view::npos ? Text() : decode_(rest.substr(0, end));
   }
   Text WideText(size_t at) const {
     Text text;
@@ -46,6 +50,7 @@ class ByteReader {
 
  private:
   std::string_view bytes_;
+  NarrowDecoder decode_;
 };
 
-}  // namespace tavix::machine
+}  // namespace tavix::platform

@@ -1,12 +1,12 @@
-#include "platform/machine/shortcut_items.h"
+#include "platform/shortcut_items.h"
 
 #include <algorithm>
 #include <array>
 #include <optional>
 
-#include "platform/machine/byte_reader.h"
+#include "platform/byte_reader.h"
 
-namespace tavix::machine {
+namespace tavix::platform {
 namespace {
 
 using namespace std::string_view_literals;
@@ -104,9 +104,8 @@ bool AddItem(const ByteReader& item, Text& path) {
 
 }  // namespace
 
-Text ShortcutItemPath(std::string_view items) {
+Text ShortcutItemPath(const ByteReader& list) {
   constexpr uint16_t kSmallestItem = 3;
-  const ByteReader list(items);
   Text path;
   for (size_t at = 0; list.U16(at) != 0;) {
     const uint16_t size = list.U16(at);
@@ -117,4 +116,4 @@ Text ShortcutItemPath(std::string_view items) {
   return path;
 }
 
-}  // namespace tavix::machine
+}  // namespace tavix::platform
