@@ -54,7 +54,8 @@ class AdvancedWalk {
     const Text path = chain_.Path();
     const auto list = [this](const platform::EntryVisitor& see) { return chain_.List(see, {}); };
     const FolderReader::Visit visit = reader_.Read(path, list, path.size() >= kShortestJudged);
-    if (!visit.empty && !visit.content.WasRead() && fileSystemObject.FolderExists(path) == false) return false;
+    if (!visit.empty && !visit.content.WasRead() && fileSystemObject.FolderExists(path) == false)
+      return false;
     frmPubMain.lblProgS.Caption = Concat(u"Scanning in '", shown, u"', please wait...");
     if (visit.empty) {
       if (Holds(funcs_, kEmptyFoldersAndFiles)) AddEmptyFolderRow(path);

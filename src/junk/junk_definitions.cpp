@@ -73,7 +73,8 @@ void LoadJunkDefinitions() {
   JunkTypes.clear();
   ReadTypes(kBuiltInJunkFile, u"D");
   // Making it anew would empty one that can't be looked at just now.
-  if (fileSystemObject.FileExists(kUserJunkFile) == false) fileSystemObject.CreateTextFile(kUserJunkFile, true);
+  if (fileSystemObject.FileExists(kUserJunkFile) == false)
+    fileSystemObject.CreateTextFile(kUserJunkFile, true);
   ReadTypes(kUserJunkFile, u"U");
 }
 

@@ -1,5 +1,5 @@
-// A clean over a machine in a folder of the host in which each call in turn fails, alone or with all after it:
-// no row goes whose thing still stands, and no file is lost.
+// A clean over a machine in a folder of the host in which each call in turn fails, alone or with all after
+// it: no row goes whose thing still stands, and no file is lost.
 
 #include <gtest/gtest.h>
 
@@ -159,9 +159,7 @@ class FailingCalls : public ProgramTest {
     }
     return found;
   }
-  bool Stands(const std::string& name) const {
-    return fs::exists(scratch.Root() / "drives/C/Desk" / name);
-  }
+  bool Stands(const std::string& name) const { return fs::exists(scratch.Root() / "drives/C/Desk" / name); }
   static std::string ThingOf(const RowFields& row) {
     if (row.tag.starts_with(u"FT")) return "dump.dmp";
     return row.name == u"B.TXT" ? "b.txt" : ToUtf8(row.name);
@@ -228,7 +226,8 @@ TEST_F(FailingCalls, LeaveTheRowOfAllThatStillStands) {
         frmPubMain.sbtClean.Click();
         store.failing = 0;
         calls = std::max(calls, store.calls);
-        Check(Narrow(method) + (volumes ? " over volumes" : "") + (forGood ? ", from call " : ", call ") + std::to_string(failing));
+        Check(Narrow(method) + (volumes ? " over volumes" : "") + (forGood ? ", from call " : ", call ") +
+              std::to_string(failing));
         if (failing == 0) {
           EXPECT_EQ(ResultCount(), volumes && method == u"R" ? 1 : 0) << Narrow(method);
         }

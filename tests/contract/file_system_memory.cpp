@@ -30,9 +30,8 @@ class MemoryStage : public FileSystemStage {
   bool Refuse(TextView folder, bool refuse) override {
     store_.faults.Clear();
     if (refuse) {
-      files_.List(folder, [this](const platform::DirectoryEntry& entry) {
-        store_.faults.Fail(u"Find", entry.name);
-      });
+      files_.List(folder,
+                  [this](const platform::DirectoryEntry& entry) { store_.faults.Fail(u"Find", entry.name); });
       store_.faults.Fail(u"Find", u"none");
     }
     return true;

@@ -21,9 +21,7 @@ std::optional<Text> RegistryContract::Read(Hive hive, TextView key, TextView nam
   return stage->Use().ReadValue(hive, key, name);
 }
 
-bool RegistryContract::Exists(Hive hive, TextView key) {
-  return stage->Use().KeyExists(hive, key) == true;
-}
+bool RegistryContract::Exists(Hive hive, TextView key) { return stage->Use().KeyExists(hive, key) == true; }
 
 bool RegistryContract::Write(Hive hive, TextView key, TextView name, TextView data) {
   return stage->Use().WriteString(hive, key, name, data);

@@ -219,7 +219,8 @@ TEST_P(RegistryContract, ReadsSmallAndLargeDataInTurn) {
 
 TEST_P(RegistryContract, ReadingTellsThatItWasWholeOrThatNothingIsThere) {
   ASSERT_TRUE(Write(Hive::CurrentUser, kPlace, u"name", u"data"));
-  for (const TextView key : {TextView(kPlace), TextView(u"Software\\Tavix Contract\\none"), TextView(u"a\\\\b")}) {
+  for (const TextView key :
+       {TextView(kPlace), TextView(u"Software\\Tavix Contract\\none"), TextView(u"a\\\\b")}) {
     EXPECT_TRUE(stage->Use().VisitSubKeys(Hive::CurrentUser, key, [](TextView) {}));
     EXPECT_TRUE(stage->Use().VisitValues(Hive::CurrentUser, key, [](TextView, TextView) {}));
   }

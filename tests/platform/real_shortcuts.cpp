@@ -78,7 +78,8 @@ TEST(RealShortcuts, NameThePlacesOfTheIndex) {
     ASSERT_TRUE(shortcut) << line.file;
     std::set<std::string> paths;
     for (const Text& path : shortcut->paths) paths.insert(ToUtf8(path));
-    for (const std::string& path : Expected(line)) EXPECT_TRUE(paths.contains(path)) << line.file << ' ' << path;
+    for (const std::string& path : Expected(line))
+      EXPECT_TRUE(paths.contains(path)) << line.file << ' ' << path;
     if (line.categories.find("msi-darwin") != std::string::npos) {
       EXPECT_TRUE(shortcut->others) << line.file;
     }

@@ -43,8 +43,8 @@ TEST(Shortcut, OtherBytesAreNoShortcut) {
 TEST(Shortcut, PathOnAVolume) { EXPECT_EQ(Target(Header(kHasLocation) + kProgram), u"C:\\Program.exe"); }
 
 TEST(Shortcut, NamesEachPlaceOnce) {
-  const std::string both = LocationBlock(
-      {.flags = 3, .path = u"D:\\", .suffix = u"document.txt", .share = u"\\\\PC\\Documents"});
+  const std::string both =
+      LocationBlock({.flags = 3, .path = u"D:\\", .suffix = u"document.txt", .share = u"\\\\PC\\Documents"});
   const std::string block = ExtraBlock(kVariablePath, u"", u"%WinDir%\\x.exe");
   EXPECT_EQ(Target(Header(kHasItems | kHasLocation | kHasVariablePath) + kDocumentItems + both + block),
             u"%WinDir%\\x.exe|D:\\document.txt|\\\\PC\\Documents\\document.txt");

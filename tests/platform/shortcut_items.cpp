@@ -104,7 +104,9 @@ TEST(ShortcutItems, SizesThatDontFitMakeNoPath) {
   }
 }
 
-TEST(ShortcutItems, ListWithoutItsEndIsReadToItsLastItem) { EXPECT_EQ(ShortcutItemPath(ByteReader(kDriveC)), u"C:\\"); }
+TEST(ShortcutItems, ListWithoutItsEndIsReadToItsLastItem) {
+  EXPECT_EQ(ShortcutItemPath(ByteReader(kDriveC)), u"C:\\");
+}
 
 }  // namespace
 }  // namespace tavix::platform

@@ -89,7 +89,9 @@ TEST_F(RegistryRepair, TheFourListsAreTickedWhenCheckAllWasUntickedBeforeTheScan
   EXPECT_EQ(Unticked(), 0);
   frmPubMain.sbtRepair.Click();
   EXPECT_EQ(ResultCount(), 0);
-  EXPECT_EQ(machineRegistry.KeyExists(Hive::LocalMachine, Concat(kWindowsKey, u"\\Telephony\\Country List\\44")), false);
+  EXPECT_EQ(
+      machineRegistry.KeyExists(Hive::LocalMachine, Concat(kWindowsKey, u"\\Telephony\\Country List\\44")),
+      false);
   EXPECT_FALSE(machineRegistry.ReadValue(Hive::CurrentUser, u"Control Panel\\Appearance\\Schemes", u"Brick"));
 }
 

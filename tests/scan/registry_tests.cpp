@@ -223,10 +223,9 @@ class RegistryLists : public RegistryFunctionTest {
   static std::map<Text, size_t> Found() {
     std::map<Text, size_t> found;
     for (const TextView function :
-         {u"Missing Shared DLLs", u"ActiveX and Class Issues", u"Application Shells Issues",
-          u"Fonts Issues", u"Application Paths Issues", u"Help Files Issues", u"Run at Startup Issues",
-          u"MUI Cache Issues", u"Uninstaller Issues", u"Start Menu Ordering Issues",
-          u"Redundant Installers"}) {
+         {u"Missing Shared DLLs", u"ActiveX and Class Issues", u"Application Shells Issues", u"Fonts Issues",
+          u"Application Paths Issues", u"Help Files Issues", u"Run at Startup Issues", u"MUI Cache Issues",
+          u"Uninstaller Issues", u"Start Menu Ordering Issues", u"Redundant Installers"}) {
       if (const size_t rows = Scan(function).size(); rows > 0) found[Text(function)] = rows;
     }
     return found;

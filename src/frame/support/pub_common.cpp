@@ -23,9 +23,8 @@ bool IsPathOnDrive(TextView path) {
   if (path.size() < 3 || letter < u'A' || letter > u'Z' || path[1] != u':' || !IsSeparator(path[2])) {
     return false;
   }
-  return std::ranges::all_of(path.substr(2), [kRefused](char16_t c) {
-    return c >= u' ' && kRefused.find(c) == TextView::npos;
-  });
+  return std::ranges::all_of(
+      path.substr(2), [kRefused](char16_t c) { return c >= u' ' && kRefused.find(c) == TextView::npos; });
 }
 
 }  // namespace

@@ -38,8 +38,7 @@ void clsPubRegistry::WriteValue(int type, platform::Hive hive, TextView key, Tex
 void clsPubRegistry::EnumSubKeys(platform::Hive hive, TextView key, Text& folded) const {
   if (registry_ == nullptr) return;
   Folding folding(kSubKeySeparator);
-  const bool all =
-      registry_->VisitSubKeys(hive, key, [&folding](TextView name) { folding.Next() += name; });
+  const bool all = registry_->VisitSubKeys(hive, key, [&folding](TextView name) { folding.Next() += name; });
   folded = all ? folding.Take() : Text();
 }
 

@@ -125,9 +125,7 @@ bool IsMissing(NTSTATUS status) {
   return status == kNameNotFound || status == kPathNotFound || status == kKeyDeleted;
 }
 
-bool IsHive(platform::Hive hive) {
-  return hive == platform::Hive::CurrentUser || !HivePath(hive).empty();
-}
+bool IsHive(platform::Hive hive) { return hive == platform::Hive::CurrentUser || !HivePath(hive).empty(); }
 
 RegistryKeyHandle OpenHive(platform::Hive hive) {
   constexpr ACCESS_MASK kAccess = KEY_READ;

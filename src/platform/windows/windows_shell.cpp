@@ -37,8 +37,8 @@ std::optional<Text> ShellPath(TextView path) {
 Text FromCodePage(std::string_view bytes) {
   const int size = static_cast<int>(bytes.size());
   Text text(bytes.size(), u'\0');
-  text.resize(static_cast<size_t>(
-      MultiByteToWideChar(CP_ACP, 0, bytes.data(), size, WideBuffer(text.data()), size)));
+  text.resize(
+      static_cast<size_t>(MultiByteToWideChar(CP_ACP, 0, bytes.data(), size, WideBuffer(text.data()), size)));
   return text;
 }
 

@@ -340,8 +340,8 @@ TEST_F(HostFiles, AreNeitherThereNorMissingWithoutAHandleToLook) {
     MachineFileSystem machine(*fresh, facts);
     const FewHandles few(more);
     int told = 0;
-    for (const TextView path : {u"C:\\Program Files\\App\\a.exe", u"c:\\PROGRAM FILES\\app\\A.EXE",
-                                u"C:\\link\\App\\a.exe"}) {
+    for (const TextView path :
+         {u"C:\\Program Files\\App\\a.exe", u"c:\\PROGRAM FILES\\app\\A.EXE", u"C:\\link\\App\\a.exe"}) {
       const platform::Existence there = machine.FileExists(path);
       EXPECT_NE(there, false) << ToUtf8(path) << " with " << more;
       told += there.has_value() ? 1 : 0;

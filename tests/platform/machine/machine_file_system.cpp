@@ -79,7 +79,8 @@ TEST_F(MachineFiles, OfTheProgramLieInItsFolder) {
 }
 
 TEST_F(MachineFiles, OfAnotherComputerCantBeTold) {
-  for (const TextView path : {u"\\\\tavix\\other\\tips.dll", u"\\\\server\\share", u"//server/share/a/../b."}) {
+  for (const TextView path :
+       {u"\\\\tavix\\other\\tips.dll", u"\\\\server\\share", u"//server/share/a/../b."}) {
     EXPECT_EQ(files->FileExists(path), std::nullopt) << testing::PrintToString(Text(path));
     EXPECT_EQ(files->FolderExists(path), std::nullopt);
     EXPECT_FALSE(files->Look(path));

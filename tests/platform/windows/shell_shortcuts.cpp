@@ -32,8 +32,8 @@ class ShellLinkOfWindows : public testing::Test {
   // Whether a shortcut names a path, letter case aside.
   bool Names(const Text& path, const Text& target) {
     const auto shortcut = shell.OpenShortcut(path);
-    return shortcut && std::ranges::any_of(shortcut->paths, [&](const Text& place) {
-             return EqualIgnoringCase(place, target);
+    return shortcut && std::ranges::any_of(shortcut->paths, [&](const Text& named) {
+             return EqualIgnoringCase(named, target);
            });
   }
 
@@ -73,8 +73,8 @@ TEST_F(ShellLinkOfWindows, WhatIsNoShortcutHasNoTarget) {
   EXPECT_FALSE(shell.OpenShortcut(place.In(u"missing.lnk")));
   EXPECT_FALSE(shell.OpenShortcut(place.File(u"empty.lnk", "")));
   EXPECT_FALSE(shell.OpenShortcut(place.File(u"text.lnk",
-                                            "no shortcut at all, but of some length, so that "
-                                            "a header could stand here")));
+                                             "no shortcut at all, but of some length, so that "
+                                             "a header could stand here")));
   EXPECT_FALSE(shell.OpenShortcut(place.Folder(u"folder.lnk")));
 }
 
