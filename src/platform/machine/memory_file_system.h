@@ -28,8 +28,7 @@ class MemoryFileSystem : public MachineFileSystem {
   void AddLink(TextView path, TextView target);
 
   // Which of the calls below fail, by their names and paths ("DeleteFile", u"C:\\a.txt"); a moved file by
-  // its source. An existence test that fails can't tell. Faults of the store, half-way through a call, are
-  // those of MemoryStore.
+  // its source. An existence test can't tell then. Faults of the store, half-way, are those of MemoryStore.
   Faults faults;
 
   std::optional<platform::FileFacts> Look(TextView path) override;
