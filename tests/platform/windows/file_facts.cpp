@@ -71,6 +71,29 @@ TEST_F(FileFactsOfWindows, OfADrivesRoot) {
   EXPECT_EQ(files.FolderExists(u"Q:\\"), false);
 }
 
+TEST(IsNotFound, IsWhatTheSystemSaysOfAMissingNameOrDriveAndNothingElse) {
+  for (const DWORD error : {ERROR_FILE_NOT_FOUND, ERROR_PATH_NOT_FOUND, ERROR_INVALID_NAME,
+                            ERROR_BAD_PATHNAME, ERROR_FILENAME_EXCED_RANGE, ERROR_DIRECTORY,
+                            ERROR_INVALID_DRIVE, ERROR_NOT_READY, ERROR_NO_MEDIA_IN_DRIVE}) {
+    EXPECT_TRUE(IsNotFound(error)) << error;
+  }
+  for (const DWORD error : {ERROR_ACCESS_DENIED, ERROR_SHARING_VIOLATION, ERROR_TOO_MANY_OPEN_FILES,
+                            ERROR_NOT_ENOUGH_MEMORY, ERROR_NO_SYSTEM_RESOURCES, ERROR_BAD_NETPATH,
+                            ERROR_BAD_NET_NAME, ERROR_NETNAME_DELETED, ERROR_DEV_NOT_EXIST, ERROR_SEM_TIMEOUT,
+                            ERROR_LOGON_FAILURE, ERROR_CANT_ACCESS_FILE, ERROR_CANT_RESOLVE_FILENAME,
+                            ERROR_UNRECOGNIZED_VOLUME, ERROR_FILE_CORRUPT, ERROR_CRC, ERROR_GEN_FAILURE}) {
+    EXPECT_FALSE(IsNotFound(error)) << error;
+  }
+}
+
+TEST_F(FileFactsOfWindows, OfAFileThatIsHeldAreThereNevertheless) {
+  const Text path = place.File(u"held");
+  const FileHandle held(
+      CreateFileW(Wide(path), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+  ASSERT_TRUE(held);
+  EXPECT_EQ(files.FileExists(path), true);
+}
+
 TEST_F(FileFactsOfWindows, OfALinkAreItsOwn) {
   const Text target = place.Folder(u"target");
   place.File(u"target\\in.txt");

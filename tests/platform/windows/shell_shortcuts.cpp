@@ -32,8 +32,8 @@ class ShellLinkOfWindows : public testing::Test {
   // Whether a shortcut names a path, letter case aside.
   bool Names(const Text& path, const Text& target) {
     const auto shortcut = shell.OpenShortcut(path);
-    return shortcut && std::ranges::any_of(shortcut->paths, [&](const Text& place) {
-             return EqualIgnoringCase(place, target);
+    return shortcut && std::ranges::any_of(shortcut->paths, [&](const Text& named) {
+             return EqualIgnoringCase(named, target);
            });
   }
 
