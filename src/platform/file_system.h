@@ -27,7 +27,7 @@ struct DirectoryEntry {
   DateTime accessed = 0;
   uint32_t attributes = 0;
   bool folder = false;
-  bool link = false;  // a reparse point: junction, symbolic link
+  bool link = false;  // stands for something else: junction, symbolic link, alias of a store app
   // Whether more than name, `folder` and `link` could be had; size, times and attributes are 0 otherwise.
   bool known = true;
 };
@@ -87,8 +87,8 @@ class FoundItem {
   virtual bool DeleteEmptyFolder() = 0;
   // Moves a file or a link, as FileSystem::MoveFile does. False for a folder, and when it could not be moved.
   virtual bool MoveFileTo(TextView destination) = 0;
-  // Lets go of the item, for the shell to take it by its path. While this lives, the folders on the path
-  // can't get other names where the system can see to that (Windows).
+  // Lets go of the item, for the shell to take it by its path. The folders on the path stay held as they
+  // were.
   virtual void LeaveToShell() = 0;
 };
 
@@ -98,8 +98,16 @@ class FoundItem {
 // or empty path fails.
 //
 // A link as the last name is the link itself for Look, listing and deleting, and is followed by List,
-// reading and writing; links on the way are followed. Nothing here throws; what fails changes nothing,
-// except that a folder's deletion may have got half-way.
+// reading and writing; links on the way are followed. The alias of a store app counts as a link to a file
+// that is there; it can't be read. Nothing here throws; what fails changes nothing, except that a folder's
+// deletion may have got half-way.
+//
+// A file may be kept online (a placeholder of a cloud drive, an archived file): its folder's listing has all
+// about it but its content. No call here calls the content in, but AppendToFile and, where the system says
+// so, moving within a volume to outside of the cloud drive's folder. ReadFile fails for such a file, and so
+// does moving it onto another volume. Look, List and OpenFolder read listings and open no file;
+// FileExists and FolderExists open what a link leads to, for its attributes alone; FolderIdentity and Lineage
+// open folders, for their attributes alone. Drives without reparse points (FAT, exFAT) have no links.
 class FileSystem {
  public:
   using EntryVisitor = platform::EntryVisitor;
@@ -132,14 +140,15 @@ class FileSystem {
   virtual std::vector<Text> Lineage(TextView path) = 0;
   // What stands at `below`, one or more names, under the folder `start`. That folder is found as any path is;
   // from there on each name is opened by itself. Null when a name before the last is a link, when one is
-  // missing, and when one can't be opened for deletion.
+  // missing, and when one can't be opened for deletion. While the item lives, the folders on its path can't
+  // be deleted nor get other names, where the system can see to that (Windows).
   virtual std::unique_ptr<FoundItem> OpenFound(TextView start, TextView below) = 0;
 
   // False when it exists already, or its parent is missing.
   virtual bool CreateFolder(TextView path) = 0;
   // An empty file. Where one stands it is emptied if `overwrite`, otherwise this fails.
   virtual bool CreateTextFile(TextView path, bool overwrite) = 0;
-  // The whole content.
+  // The whole content. Nothing for a file that is missing, can't be read or is kept online.
   virtual std::optional<std::string> ReadFile(TextView path) = 0;
   // Replaces the whole content, or makes the file, through a temporary file beside it and a rename, so that
   // a crash leaves the old or the new content. The attributes of a file that stood there stay.

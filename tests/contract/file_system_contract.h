@@ -21,6 +21,11 @@ class FileSystemStage {
   // Makes a link. The target is a whole path or relative to the link's folder; `folder` says what kind it
   // is, where the machine wants to know. False where the machine can't have such a link.
   virtual bool Link(TextView path, TextView target, bool folder) = 0;
+  // The same to a folder, with whole paths and also where a link can't be deleted.
+  virtual bool FolderLink(TextView path, TextView target) { return Link(path, target, true); }
+  // Gives a folder the name "<folder> aside" and puts a link to another one at its path, as somebody else
+  // would. False where that isn't to be had; nothing has changed then.
+  virtual bool Swap(TextView folder, TextView target) = 0;
   // Makes a link to a folder that lies outside of everything the file system may reach and has a file
   // "secret.txt" in it. False where there is no outside.
   virtual bool LinkOut(TextView path) = 0;
@@ -60,4 +65,23 @@ class FileSystemContract : public testing::TestWithParam<FileSystemStageMaker> {
   platform::FileSystem& files;
 };
 
+// What OpenFound gives.
+class FoundItems : public FileSystemContract {
+ protected:
+  std::unique_ptr<platform::FoundItem> Open(TextView below) { return files.OpenFound(stage->Place(), below); }
+
+  // A folder "victim" that looks like "f\g", down to the names, with other content in its files.
+  void MakeAlike() {
+    for (const TextView name : {u"f", u"f\\g", u"f\\g\\empty", u"victim", u"victim\\empty"}) Make(name);
+    Write(u"f\\g\\a", "mine");
+    Write(u"f\\g\\empty\\none", "");
+    Write(u"victim\\a", "the victim's");
+    Write(u"victim\\empty\\none", "");
+  }
+  void ExpectVictimUntouched() {
+    EXPECT_EQ(Names(u"victim"), (std::vector<Text>{u"a", u"empty\\"}));
+    EXPECT_EQ(Names(u"victim\\empty"), std::vector<Text>{u"none"});
+    EXPECT_EQ(files.ReadFile(In(u"victim\\a")), "the victim's");
+  }
+};
 }  // namespace tavix::contract

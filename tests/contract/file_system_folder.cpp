@@ -33,6 +33,16 @@ class FolderStage : public FileSystemStage {
     }
     return MakeLink(HostPath(path), to, folder);
   }
+  bool Swap(TextView folder, TextView target) override {
+    const fs::path there = HostPath(folder), aside = HostPath(Concat(folder, u" aside"));
+    if (!MakeLink(aside, HostPath(target), true)) return false;
+    fs::path third = aside;
+    third += " link";
+    fs::rename(aside, third);
+    fs::rename(there, aside);
+    fs::rename(third, there);
+    return true;
+  }
   bool LinkOut(TextView path) override {
     return MakeLink(HostPath(path), fs::canonical(scratch_.Root()) / "outside", true);
   }
@@ -76,6 +86,7 @@ class FolderStage : public FileSystemStage {
 std::unique_ptr<FileSystemStage> Make() { return std::make_unique<FolderStage>(); }
 
 INSTANTIATE_TEST_SUITE_P(Folder, FileSystemContract, testing::Values(FileSystemStageMaker{"folder", Make}));
+INSTANTIATE_TEST_SUITE_P(Folder, FoundItems, testing::Values(FileSystemStageMaker{"folder", Make}));
 
 }  // namespace
 }  // namespace tavix::contract

@@ -16,6 +16,16 @@ class MemoryStage : public FileSystemStage {
     files_.AddLink(path, target);
     return true;
   }
+  bool Swap(TextView folder, TextView target) override {
+    std::vector<Text> names{u"drives", Text(folder.substr(0, 1))};
+    for (const TextView name : Split(folder.substr(3), u"\\")) names.emplace_back(name);
+    const Text name = names.back();
+    names.pop_back();
+    const auto parent = store_.Open(names);
+    if (parent->Move(name, *parent, Concat(name, u" aside")) != machine::MoveResult::Done) return false;
+    files_.AddLink(folder, target);
+    return true;
+  }
   bool LinkOut(TextView path) override {
     store_.Make({u"outside", u"secret.txt"}, machine::EntryKind::File).content = "secret";
     files_.AddLink(path, u"..\\..\\..\\..\\..\\..\\outside");
@@ -47,6 +57,7 @@ class MemoryStage : public FileSystemStage {
 std::unique_ptr<FileSystemStage> Make() { return std::make_unique<MemoryStage>(); }
 
 INSTANTIATE_TEST_SUITE_P(Memory, FileSystemContract, testing::Values(FileSystemStageMaker{"memory", Make}));
+INSTANTIATE_TEST_SUITE_P(Memory, FoundItems, testing::Values(FileSystemStageMaker{"memory", Make}));
 
 }  // namespace
 }  // namespace tavix::contract

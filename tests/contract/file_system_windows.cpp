@@ -21,6 +21,11 @@ class WindowsStage : public FileSystemStage {
     const DWORD flags = folder ? SYMBOLIC_LINK_FLAG_DIRECTORY : 0;
     return CreateSymbolicLinkW(windows::Wide(Text(path)), windows::Wide(Text(target)), flags) != 0;
   }
+  bool FolderLink(TextView path, TextView target) override {
+    place_.FolderLink(NameOf(path), target);
+    return true;
+  }
+  bool Swap(TextView folder, TextView target) override { return place_.Swap(NameOf(folder), target); }
   // A system has no outside.
   bool LinkOut(TextView) override { return false; }
   bool OutsideIsUntouched() override { return true; }
@@ -34,6 +39,8 @@ class WindowsStage : public FileSystemStage {
   }
 
  private:
+  TextView NameOf(TextView path) const { return path.substr(place_.Path().size() + 1); }
+
   windows::ScratchPlace place_;
   windows::WindowsFileSystem files_;
   Text otherVolume_;
@@ -42,6 +49,7 @@ class WindowsStage : public FileSystemStage {
 std::unique_ptr<FileSystemStage> Make() { return std::make_unique<WindowsStage>(); }
 
 INSTANTIATE_TEST_SUITE_P(Windows, FileSystemContract, testing::Values(FileSystemStageMaker{"windows", Make}));
+INSTANTIATE_TEST_SUITE_P(Windows, FoundItems, testing::Values(FileSystemStageMaker{"windows", Make}));
 
 }  // namespace
 }  // namespace tavix::contract

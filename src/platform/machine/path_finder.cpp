@@ -207,6 +207,7 @@ std::optional<Place> PathFinder::FindBelow(TextView start, TextView below) {
   const std::optional<MachinePath> above = ReadMachinePath(from->realPath);
   std::optional<MachinePath> whole = ReadMachinePath(Concat(from->realPath, u"\\", below));
   if (!above || !whole || whole->names.size() <= above->names.size()) return std::nullopt;
+  if (!std::equal(above->names.begin(), above->names.end(), whole->names.begin())) return std::nullopt;
   const auto first = whole->names.begin() + static_cast<std::ptrdiff_t>(above->names.size());
   Place place;
   place.name = whole->names.back();

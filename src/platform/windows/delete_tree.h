@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/windows/opened_item.h"
 #include "text/text.h"
 
 // Deleting on disk. Paths are normal ones (windows_path.h).
@@ -10,5 +11,8 @@ namespace tavix::windows {
 // What can't be deleted stays and the rest goes.
 bool DeleteOneFile(TextView path, bool force);
 bool DeleteTree(TextView path, bool force);
+
+// As platform::FoundItem::DeleteEmptyFolder, of an open folder that is no link.
+bool DeleteEmptyTree(OpenedItem top);
 
 }  // namespace tavix::windows

@@ -44,14 +44,7 @@ bool CutAt(HANDLE file, LARGE_INTEGER size) {
 std::optional<Text> LinkTarget(TextView path) {
   const FileHandle target =
       OpenFile(path, FILE_READ_ATTRIBUTES, kShareAll, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS);
-  if (!target) return std::nullopt;
-  const DWORD needed = GetFinalPathNameByHandleW(target.Get(), nullptr, 0, FILE_NAME_NORMALIZED);
-  Text found(needed, u'\0');
-  const DWORD length =
-      GetFinalPathNameByHandleW(target.Get(), WideBuffer(found.data()), needed, FILE_NAME_NORMALIZED);
-  if (length == 0 || length >= needed) return std::nullopt;
-  found.resize(length);
-  return NormalPath(found);
+  return target ? FinalPath(target.Get()) : std::nullopt;
 }
 
 bool ReplacePlainFile(TextView path, DWORD attributes, std::string_view content) {
@@ -69,9 +62,15 @@ bool ReplacePlainFile(TextView path, DWORD attributes, std::string_view content)
 }  // namespace
 
 std::optional<std::string> ReadContent(TextView path) {
+  const std::optional<Entry> entry = LookUp(path);
+  if (entry && (entry->attributes & kKeptOnline) != 0) return std::nullopt;
   const FileHandle file = OpenFile(path, GENERIC_READ, kShareAll, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN);
+  BY_HANDLE_FILE_INFORMATION facts;
+  // What a link leads to shows here for the first time.
+  if (!file || !GetFileInformationByHandle(file.Get(), &facts)) return std::nullopt;
+  if ((facts.dwFileAttributes & kKeptOnline) != 0) return std::nullopt;
   LARGE_INTEGER size;
-  if (!file || !GetFileSizeEx(file.Get(), &size)) return std::nullopt;
+  if (!GetFileSizeEx(file.Get(), &size)) return std::nullopt;
   if (static_cast<uint64_t>(size.QuadPart) > kLargestFile) return std::nullopt;
   std::string content(static_cast<size_t>(size.QuadPart), '\0');
   size_t filled = 0;
@@ -93,12 +92,12 @@ bool ReplaceContent(TextView path, std::string_view content) {
   if (!entry) return ReplacePlainFile(path, FILE_ATTRIBUTE_NORMAL, content);
   if (!entry->link) {
     if (entry->IsFolder() || entry->IsReadOnly()) return false;
-    return ReplacePlainFile(path, entry->attributes, content);
+    return ReplacePlainFile(path, entry->attributes & kOwnAttributes, content);
   }
   const std::optional<Text> target = LinkTarget(path);
   const std::optional<Entry> found = target.and_then([](const Text& there) { return LookUp(there); });
   if (!found || found->link || found->IsFolder() || found->IsReadOnly()) return false;
-  return ReplacePlainFile(*target, found->attributes, content);
+  return ReplacePlainFile(*target, found->attributes & kOwnAttributes, content);
 }
 
 bool AppendContent(TextView path, std::string_view content) {

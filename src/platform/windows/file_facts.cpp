@@ -130,9 +130,14 @@ class Listing {
 
 }  // namespace
 
+bool IsAlias(DWORD attributes, DWORD reparseTag) {
+  constexpr DWORD kTag = 0x8000001B;
+  return (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 && reparseTag == kTag;
+}
+
 bool IsLink(DWORD attributes, DWORD reparseTag) {
   if ((attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) return false;
-  return reparseTag == 0 || IsReparseTagNameSurrogate(reparseTag);
+  return reparseTag == 0 || IsAlias(attributes, reparseTag) || IsReparseTagNameSurrogate(reparseTag);
 }
 
 std::optional<Entry> LookUp(TextView path) {
@@ -146,7 +151,8 @@ std::optional<Entry> LookUp(TextView path) {
                SizeOf(data.dwFileAttributes, data.nFileSizeHigh, data.nFileSizeLow),
                data.ftLastWriteTime,
                data.ftLastAccessTime,
-               FromWide(data.cFileName)};
+               FromWide(data.cFileName),
+               IsAlias(data.dwFileAttributes, data.dwReserved0)};
 }
 
 bool IsNotFound(DWORD error) {
@@ -182,7 +188,8 @@ std::optional<DWORD> FollowedAttributes(TextView path, bool& sure) {
   }
   if ((attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) return attributes;
   const std::optional<Entry> entry = LookUp(path);
-  if (entry && !entry->link) return attributes;
+  // No call that opens a file gets through an alias.
+  if (entry && (!entry->link || entry->alias)) return attributes;
   const FileHandle target(CreateFileW(Wide(extended), FILE_READ_ATTRIBUTES, kShareAll, nullptr, OPEN_EXISTING,
                                       FILE_FLAG_BACKUP_SEMANTICS, nullptr));
   BY_HANDLE_FILE_INFORMATION found;
@@ -213,16 +220,6 @@ bool ListFolder(TextView folder, const platform::FileSystem::EntryVisitor& visit
   if (!listing.Read(folder, wanted)) return false;
   listing.Visit(visit);
   return true;
-}
-
-std::optional<Text> ReadFolderIdentity(TextView path) {
-  const FileHandle folder(CreateFileW(Wide(ExtendedPath(path)), FILE_READ_ATTRIBUTES, kShareAll, nullptr,
-                                      OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
-  BY_HANDLE_FILE_INFORMATION facts;
-  if (!folder || !GetFileInformationByHandle(folder.Get(), &facts)) return std::nullopt;
-  if ((facts.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0) return std::nullopt;
-  return Concat(ToText(facts.dwVolumeSerialNumber), u":",
-                ToText(static_cast<long long>(Joined(facts.nFileIndexHigh, facts.nFileIndexLow))));
 }
 
 platform::DateTime LocalTimes::Of(const FILETIME& time) {

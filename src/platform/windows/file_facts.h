@@ -2,6 +2,7 @@
 
 #include <array>
 #include <optional>
+#include <vector>
 
 #include "platform/file_system.h"
 #include "platform/windows/windows_api.h"
@@ -10,8 +11,19 @@
 // What the system tells of a file or folder. Paths are normal ones (windows_path.h).
 namespace tavix::windows {
 
-// Whether an entry with these attributes and this tag stands for another place. Other reparse points, such
-// as a file that is kept online, are what they seem to be. A tag that isn't known counts as a link.
+// The content is somewhere else, and reading calls it in.
+constexpr DWORD kKeptOnline = FILE_ATTRIBUTE_OFFLINE | 0x00040000 | 0x00400000;
+
+// The attributes that a file keeps when it is written anew or copied.
+constexpr DWORD kOwnAttributes = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM |
+                                 FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_TEMPORARY |
+                                 FILE_ATTRIBUTE_NOT_CONTENT_INDEXED | FILE_ATTRIBUTE_ENCRYPTED;
+
+// Whether an entry with these attributes and this tag is the alias of a store app: a file of no bytes that
+// leads to a program, which only the start of a program follows.
+bool IsAlias(DWORD attributes, DWORD reparseTag);
+// Whether it stands for something else, as aliases and links do. Other reparse points, such as a file that is
+// kept online, are what they seem to be. A tag that isn't known counts as a link.
 bool IsLink(DWORD attributes, DWORD reparseTag);
 
 // Of the entry itself; a link is not followed.
@@ -22,6 +34,7 @@ struct Entry {
   FILETIME modified = {};
   FILETIME accessed = {};
   Text name;  // as the disk has it; empty for a root
+  bool alias = false;
 
   bool IsFolder() const { return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0; }
   bool IsReadOnly() const { return (attributes & FILE_ATTRIBUTE_READONLY) != 0; }
@@ -45,6 +58,11 @@ std::optional<platform::FileFacts> ReadFacts(TextView path);
 bool ListFolder(TextView folder, const platform::FileSystem::EntryVisitor& visit,
                 const platform::FileSystem::NameFilter& wanted);
 std::optional<Text> ReadFolderIdentity(TextView path);
+// As platform::FileSystem::Lineage.
+std::vector<Text> ReadLineage(TextView path);
+
+// The normal path of what is open, no link in it. Nothing when the system can't tell.
+std::optional<Text> FinalPath(HANDLE file);
 
 // Local dates and times, as the system shows them for files, in the time zone that was set at its making.
 class LocalTimes {

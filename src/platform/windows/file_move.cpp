@@ -1,60 +1,50 @@
 #include "platform/windows/file_move.h"
 
 #include <optional>
+#include <vector>
 
-#include "platform/windows/delete_tree.h"
 #include "platform/windows/file_content.h"
+#include "platform/windows/file_copy.h"
 #include "platform/windows/file_facts.h"
-#include "platform/windows/file_handle.h"
 #include "platform/windows/wide.h"
 #include "platform/windows/windows_path.h"
 
 namespace tavix::windows {
 namespace {
 
-bool IsWholeOnDisk(const Text& copy, LARGE_INTEGER expected) {
-  const FileHandle file(CreateFileW(Wide(copy), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, nullptr,
-                                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
-  LARGE_INTEGER size;
-  return file && FlushFileBuffers(file.Get()) && GetFileSizeEx(file.Get(), &size) &&
-         size.QuadPart == expected.QuadPart;
+bool IsTaken(TextView path) {
+  return GetFileAttributesW(Wide(ExtendedPath(path))) != INVALID_FILE_ATTRIBUTES;
 }
 
 }  // namespace
 
 bool MoveOneFile(TextView source, TextView destination) {
-  if (IsRoot(source) || IsRoot(destination)) return false;
-  const std::optional<Entry> entry = LookUp(source);
-  if (!entry || entry->IsFolder()) return false;
-  const Text from = ExtendedPath(source), to = ExtendedPath(destination);
-  if (MoveFileExW(Wide(from), Wide(to), 0)) return true;
-  return GetLastError() == ERROR_NOT_SAME_DEVICE && MoveByCopy(source, destination);
+  if (IsRoot(source)) return false;
+  std::optional<OpenedItem> item = OpenItem(source);
+  return item && MoveItem(*item, destination);
 }
 
-bool MoveByCopy(TextView source, TextView destination) {
-  const Text from = ExtendedPath(source), to = ExtendedPath(destination);
-  if (GetFileAttributesW(Wide(to)) != INVALID_FILE_ATTRIBUTES) return false;
-  // Nobody writes to the source while it is being copied.
-  FileHandle held(CreateFileW(Wide(from), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE, nullptr,
-                              OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
-  LARGE_INTEGER size;
-  BY_HANDLE_FILE_INFORMATION facts;
-  if (!held || !GetFileSizeEx(held.Get(), &size) || !GetFileInformationByHandle(held.Get(), &facts))
-    return false;
+bool MoveItem(OpenedItem& item, TextView destination) {
+  if (item.IsFolder() || IsRoot(destination) || IsTaken(destination)) return false;
+  const Renamed renamed = RenameItem(item, destination);
+  return renamed == Renamed::Done || (renamed == Renamed::OtherVolume && MoveByCopy(item, destination));
+}
 
-  const Text copy = TemporaryPath(FolderOf(destination));
-  const bool moved =
-      CopyFileExW(Wide(from), Wide(copy), nullptr, nullptr, nullptr, COPY_FILE_FAIL_IF_EXISTS) &&
-      SetFileAttributesW(Wide(copy), FILE_ATTRIBUTE_NORMAL) && IsWholeOnDisk(copy, size) &&
-      MoveFileExW(Wide(copy), Wide(to), MOVEFILE_WRITE_THROUGH);
-  held.Reset();
-  if (!moved) {
-    SetFileAttributesW(Wide(copy), FILE_ATTRIBUTE_NORMAL);
+bool MoveByCopy(OpenedItem& item, TextView destination) {
+  if (item.link || (item.attributes & kKeptOnline) != 0 || IsTaken(destination)) return false;
+  // Nobody writes to the file from here on to its end.
+  const FileHandle source(ReOpenFile(item.handle.Get(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE,
+                                     FILE_FLAG_SEQUENTIAL_SCAN));
+  if (!source || !AreTheSame(source.Get(), item.handle.Get())) return false;
+
+  const Text copy = TemporaryPath(FolderOf(destination)), to = ExtendedPath(destination);
+  if (!CopyOpenFile(source.Get(), copy)) return false;
+  if (!MoveFileExW(Wide(copy), Wide(to), MOVEFILE_WRITE_THROUGH)) {
     DeleteFileW(Wide(copy));
     return false;
   }
-  if (DeleteOneFile(source, true)) {
-    SetFileAttributesW(Wide(to), facts.dwFileAttributes);
+  if (DeleteItem(item, true)) {
+    SetFileAttributesW(Wide(to), item.attributes & kOwnAttributes);
     return true;
   }
   DeleteFileW(Wide(to));

@@ -4,6 +4,7 @@
 #include "platform/windows/file_content.h"
 #include "platform/windows/file_facts.h"
 #include "platform/windows/file_move.h"
+#include "platform/windows/found_item.h"
 #include "platform/windows/wide.h"
 #include "platform/windows/windows_path.h"
 
@@ -37,6 +38,16 @@ class Opened : public platform::OpenFolder {
   const Text normal_;
 };
 
+// Files that are kept online show themselves as such. They may look like any others otherwise, where the
+// system takes this program for one that wouldn't know what to do with them.
+void ShowWhatIsKeptOnline() {
+  constexpr char kShown = 2;
+  using Setter = char(NTAPI*)(char mode);
+  const auto set = reinterpret_cast<Setter>(reinterpret_cast<void*>(
+      GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "RtlSetProcessPlaceholderCompatibilityMode")));
+  if (set != nullptr) set(kShown);
+}
+
 platform::Drive ReadDrive(char16_t letter) {
   const Text root = {letter, u':', u'\\'};
   platform::Drive drive;
@@ -53,6 +64,7 @@ platform::Drive ReadDrive(char16_t letter) {
 
 WindowsFileSystem::WindowsFileSystem() {
   SetThreadErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX, &errorMode_);
+  ShowWhatIsKeptOnline();
 }
 
 WindowsFileSystem::~WindowsFileSystem() { SetThreadErrorMode(errorMode_, nullptr); }
@@ -74,9 +86,15 @@ std::optional<Text> WindowsFileSystem::FolderIdentity(TextView path) {
   return NormalPath(path).and_then([](const Text& normal) { return ReadFolderIdentity(normal); });
 }
 
-std::vector<Text> WindowsFileSystem::Lineage(TextView) { return {}; }
+std::vector<Text> WindowsFileSystem::Lineage(TextView path) {
+  const std::optional<Text> normal = NormalPath(path);
+  return normal ? ReadLineage(*normal) : std::vector<Text>();
+}
 
-std::unique_ptr<platform::FoundItem> WindowsFileSystem::OpenFound(TextView, TextView) { return nullptr; }
+std::unique_ptr<platform::FoundItem> WindowsFileSystem::OpenFound(TextView start, TextView below) {
+  const std::optional<Text> normal = NormalPath(start);
+  return normal ? OpenFoundItem(*normal, below) : nullptr;
+}
 
 bool WindowsFileSystem::CreateFolder(TextView path) {
   const std::optional<Text> normal = NormalPath(path);

@@ -83,6 +83,17 @@ std::optional<Text> NormalPath(TextView path) {
   return normal;
 }
 
+std::optional<std::vector<Text>> NormalNames(TextView below) {
+  std::vector<Text> names;
+  for (TextView name = TakeName(below); !name.empty(); name = TakeName(below)) {
+    if (name.ends_with(u' ') || name.ends_with(u'.')) return std::nullopt;
+    if (!std::all_of(name.begin(), name.end(), IsNameCharacter)) return std::nullopt;
+    names.emplace_back(name);
+  }
+  if (names.empty()) return std::nullopt;
+  return names;
+}
+
 bool IsRoot(TextView normal) {
   if (!normal.starts_with(u"\\\\")) return normal.size() <= kDriveRootLength;
   return std::count(normal.begin() + 2, normal.end(), u'\\') == 1;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <vector>
 
 #include "text/text.h"
 
@@ -14,6 +15,10 @@ namespace tavix::windows {
 // Nothing for a path that is relative or empty, names a device, or has a character that no name can have:
 // such a path would mean something else to the system (a pattern, a stream of a file).
 std::optional<Text> NormalPath(TextView path);
+
+// The names of a path below a folder, one or more. Nothing where there is none, or one that stands otherwise
+// in a normal path: `..`, one that ends with a blank or a dot.
+std::optional<std::vector<Text>> NormalNames(TextView below);
 
 // Whether a normal path is the root of a drive or of a network share.
 bool IsRoot(TextView normal);

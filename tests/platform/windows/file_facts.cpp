@@ -24,8 +24,24 @@ TEST(IsLink, AsksTheTag) {
   EXPECT_TRUE(IsLink(FILE_ATTRIBUTE_REPARSE_POINT, IO_REPARSE_TAG_SYMLINK));
   EXPECT_TRUE(IsLink(FILE_ATTRIBUTE_REPARSE_POINT, 0));
   EXPECT_FALSE(IsLink(FILE_ATTRIBUTE_REPARSE_POINT, kOnlineFile));
-  EXPECT_FALSE(IsLink(FILE_ATTRIBUTE_REPARSE_POINT, kProgramAlias));
+  EXPECT_TRUE(IsLink(FILE_ATTRIBUTE_REPARSE_POINT, kProgramAlias));
+  EXPECT_FALSE(IsLink(FILE_ATTRIBUTE_ARCHIVE, kProgramAlias));
   EXPECT_FALSE(IsLink(FILE_ATTRIBUTE_DIRECTORY, IO_REPARSE_TAG_MOUNT_POINT));
+}
+
+TEST(IsAlias, IsALinkThatOnlyTheStartOfAProgramFollows) {
+  EXPECT_TRUE(IsAlias(FILE_ATTRIBUTE_REPARSE_POINT | FILE_ATTRIBUTE_ARCHIVE, 0x8000001B));
+  EXPECT_FALSE(IsAlias(FILE_ATTRIBUTE_ARCHIVE, 0x8000001B));
+  EXPECT_FALSE(IsAlias(FILE_ATTRIBUTE_REPARSE_POINT, IO_REPARSE_TAG_SYMLINK));
+}
+
+TEST_F(FileFactsOfWindows, AFileThatIsKeptOnlineIsNotRead) {
+  const Text path = place.File(u"a");
+  SetFileAttributesW(Wide(path), FILE_ATTRIBUTE_OFFLINE);
+  if ((AttributesOf(path) & FILE_ATTRIBUTE_OFFLINE) == 0) GTEST_SKIP() << "no such attribute on this drive";
+  EXPECT_FALSE(files.ReadFile(path));
+  EXPECT_TRUE(files.FileExists(path));
+  EXPECT_EQ(files.Look(path)->size, 7U);
 }
 
 TEST_F(FileFactsOfWindows, ShowTheLocalTimesThatTheSystemShows) {

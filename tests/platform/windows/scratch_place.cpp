@@ -154,6 +154,44 @@ Text ScratchPlace::FolderLink(TextView name, TextView target) const {
   return path;
 }
 
+bool ScratchPlace::Swap(TextView name, TextView target) const {
+  const Text there = In(name), aside = Concat(there, u" aside");
+  if (!IsWine()) {
+    if (!MoveFileExW(Wide(Extended(there)), Wide(Extended(aside)), 0)) return false;
+  } else {
+    const Text arguments = Concat(u"-T \"", HostLinkPath(there), u"\" \"", HostLinkPath(aside), u"\"");
+    EXPECT_TRUE(RunOnHost(u"mv", arguments, aside, true));
+  }
+  FolderLink(name, target);
+  return true;
+}
+
+bool ScratchPlace::StartExchanging(TextView one, TextView other) const {
+  if (!IsWine()) return false;
+  // Ends by itself when the test has died.
+  const Text script = File(u"exchange.py", R"(
+import ctypes, os, sys, time
+here, one, other = sys.argv[1:]
+libc, ends, swapped = ctypes.CDLL(None), time.monotonic() + 120, False
+open(here + "/running", "w").close()
+while time.monotonic() < ends and (swapped or os.path.exists(here + "/running")):
+    if libc.renameat2(-100, one.encode(), -100, other.encode(), 2) == 0:
+        swapped = not swapped
+if os.path.exists(here + "/ends"):
+    os.remove(here + "/ends")
+)");
+  File(u"ends");
+  const auto quoted = [](const Text& path) { return Concat(u" \"", HostLinkPath(path), u"\""); };
+  return RunOnHost(u"python3", Concat(quoted(script), quoted(path_), quoted(In(one)), quoted(In(other))),
+                   In(u"running"), true);
+}
+
+void ScratchPlace::StopExchanging() const {
+  EXPECT_TRUE(DeleteFileW(Wide(In(u"running"))));
+  for (int i = 0; i < 1000 && AttributesOf(In(u"ends")) != INVALID_FILE_ATTRIBUTES; ++i) Sleep(10);
+  EXPECT_EQ(AttributesOf(In(u"ends")), INVALID_FILE_ATTRIBUTES);
+}
+
 bool ScratchPlace::FileLink(TextView name, TextView target) const {
   return !IsWine() && CreateSymbolicLinkW(Wide(In(name)), Wide(Text(target)), 0) != 0;
 }

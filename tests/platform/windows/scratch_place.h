@@ -24,6 +24,14 @@ class ScratchPlace {
   Text Folder(TextView name) const;
   // Makes a link to a folder: a junction, or under Wine, which has none, a link of the host.
   Text FolderLink(TextView name, TextView target) const;
+  // Gives a folder the name "<name> aside" and puts a link to another one at its path. False where the system
+  // doesn't let the folder go because it is in use; Wine isn't asked.
+  bool Swap(TextView name, TextView target) const;
+  // Has another process exchange two names, one a folder's and one a link's, as fast as it can. False where
+  // there is none to do it; Windows has no such exchange.
+  bool StartExchanging(TextView one, TextView other) const;
+  // Waits until that has ended; the names stand as they did.
+  void StopExchanging() const;
   // A link to a file. False without the right to make one, and under Wine.
   bool FileLink(TextView name, TextView target) const;
 

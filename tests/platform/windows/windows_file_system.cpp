@@ -21,6 +21,11 @@ class FilesOfWindows : public testing::Test {
     return count;
   }
 
+  static bool MovesByCopy(const Text& source, const Text& destination) {
+    std::optional<OpenedItem> item = OpenItem(source);
+    return item && MoveByCopy(*item, destination);
+  }
+
   ScratchPlace place;
   WindowsFileSystem files;
 };
@@ -134,7 +139,7 @@ TEST_F(FilesOfWindows, MoveByCopyKeepsContentAndAttributesAndLeavesNoSource) {
   const Text file = place.File(u"file", "some content");
   ASSERT_TRUE(SetFileAttributesW(Wide(file), FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN));
   const platform::DateTime modified = files.Look(file)->modified;
-  EXPECT_TRUE(MoveByCopy(file, place.In(u"copy")));
+  EXPECT_TRUE(MovesByCopy(file, place.In(u"copy")));
   EXPECT_EQ(ContentOf(place.In(u"copy")), "some content");
   EXPECT_EQ(files.Look(place.In(u"copy"))->attributes, platform::kReadOnly | platform::kHidden);
   EXPECT_EQ(files.Look(place.In(u"copy"))->modified, modified);
@@ -144,12 +149,12 @@ TEST_F(FilesOfWindows, MoveByCopyKeepsContentAndAttributesAndLeavesNoSource) {
 
 TEST_F(FilesOfWindows, AFailedMoveByCopyLeavesTheSourceAndNoCopy) {
   const Text file = place.File(u"file"), other = place.File(u"other", "other");
-  EXPECT_FALSE(MoveByCopy(file, other));
-  EXPECT_FALSE(MoveByCopy(file, place.In(u"missing\\file")));
+  EXPECT_FALSE(MovesByCopy(file, other));
+  EXPECT_FALSE(MovesByCopy(file, place.In(u"missing\\file")));
   // Held without leave to delete it, the source can be copied and must stay.
   const FileHandle held(CreateFileW(Wide(file), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
                                     FILE_ATTRIBUTE_NORMAL, nullptr));
-  EXPECT_FALSE(MoveByCopy(file, place.In(u"copy")));
+  EXPECT_FALSE(MovesByCopy(file, place.In(u"copy")));
   EXPECT_EQ(ContentOf(file), "content");
   EXPECT_EQ(ContentOf(other), "other");
   EXPECT_EQ(Count(), 2);

@@ -78,5 +78,16 @@ TEST(WindowsPath, TakesAPathApartAndTogether) {
   EXPECT_EQ(ExtendedPath(u"\\\\s\\h\\a"), u"\\\\?\\UNC\\s\\h\\a");
 }
 
+TEST(NormalNames, AreThoseBelowAFolder) {
+  EXPECT_EQ(NormalNames(u"a"), std::vector<Text>{u"a"});
+  EXPECT_EQ(NormalNames(u"a b\\c.d/e\\"), (std::vector<Text>{u"a b", u"c.d", u"e"}));
+}
+
+TEST(NormalNames, AreNoneThatANormalPathWouldHaveOtherwise) {
+  for (const TextView below :
+       {u"", u"\\", u".", u"..", u"a\\..\\b", u"a.", u"a ", u"a \\b", u"a:b", u"a*", u"C:\\a"})
+    EXPECT_EQ(NormalNames(below), std::nullopt) << testing::PrintToString(below);
+}
+
 }  // namespace
 }  // namespace tavix::windows

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <memory>
+
+#include "platform/file_system.h"
+
+namespace tavix::windows {
+
+// As platform::FileSystem::OpenFound. The start is a normal path (windows_path.h).
+std::unique_ptr<platform::FoundItem> OpenFoundItem(TextView start, TextView below);
+
+}  // namespace tavix::windows

@@ -1,0 +1,124 @@
+#include "platform/windows/found_item.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/windows/scratch_place.h"
+
+namespace tavix::windows {
+namespace {
+
+constexpr int kRounds = 100;
+
+Text NameOfRound(int round) { return Concat(u"file ", ToText(round)); }
+
+// Somebody swaps a folder for a link to another one, as fast as can be, while files are taken from it. Wine
+// looks at a path and deletes what stands there then: what is swapped in between goes, one file in some
+// hundreds. So these are tried by hand, with TAVIX_RACE set.
+class FoundItemInARace : public testing::Test {
+ protected:
+  static bool Wanted() { return GetEnvironmentVariableW(L"TAVIX_RACE", nullptr, 0) != 0; }
+
+  // False where no such thing can be had.
+  bool Start() {
+    if (!Wanted()) return false;
+    place.Folder(u"t");
+    place.Folder(u"t\\swapped");
+    place.Folder(u"victim");
+    place.Folder(u"backup");
+    for (int i = 0; i < kRounds; ++i) {
+      place.File(Concat(u"t\\swapped\\", NameOfRound(i)), "mine");
+      place.File(Concat(u"victim\\", NameOfRound(i)), "the victim's");
+    }
+    place.FolderLink(u"t\\link", place.In(u"victim"));
+    return place.StartExchanging(u"t\\swapped", u"t\\link");
+  }
+
+  std::unique_ptr<platform::FoundItem> Open(int round) {
+    return files.OpenFound(place.In(u"t"), Concat(u"swapped\\", NameOfRound(round)));
+  }
+
+  Text Mine(int round) const { return place.In(Concat(u"t\\swapped\\", NameOfRound(round))); }
+  Text Moved(int round) const { return place.In(Concat(u"backup\\", NameOfRound(round))); }
+
+  void ExpectVictimUntouched() {
+    for (int i = 0; i < kRounds; ++i) {
+      EXPECT_EQ(ContentOf(place.In(Concat(u"victim\\", NameOfRound(i)))), "the victim's") << i;
+    }
+  }
+
+  ScratchPlace place;
+  WindowsFileSystem files;
+};
+
+TEST_F(FoundItemInARace, DeletesNothingOfTheVictim) {
+  if (!Start()) GTEST_SKIP() << "to be tried by hand";
+  int opened = 0, deleted = 0;
+  for (int i = 0; i < kRounds; ++i) {
+    const auto item = Open(i);
+    if (item == nullptr) continue;
+    ++opened;
+    if (item->DeleteFile()) ++deleted;
+  }
+  place.StopExchanging();
+  ExpectVictimUntouched();
+  // What could not be deleted stands, and goes now.
+  for (int i = 0; i < kRounds; ++i) {
+    const bool stands = files.FileExists(Mine(i));
+    const auto item = Open(i);
+    ASSERT_EQ(item != nullptr, stands) << i;
+    if (stands) {
+      EXPECT_TRUE(item->DeleteFile()) << i;
+    }
+  }
+  ExpectVictimUntouched();
+  RecordProperty("opened", opened);
+  RecordProperty("deleted", deleted);
+}
+
+TEST_F(FoundItemInARace, MovesNothingOfTheVictim) {
+  if (!Start()) GTEST_SKIP() << "to be tried by hand";
+  int opened = 0, moved = 0;
+  for (int i = 0; i < kRounds; ++i) {
+    const auto item = Open(i);
+    if (item == nullptr) continue;
+    ++opened;
+    if (item->MoveFileTo(Moved(i))) ++moved;
+  }
+  place.StopExchanging();
+  ExpectVictimUntouched();
+  for (int i = 0; i < kRounds; ++i) {
+    EXPECT_TRUE(files.FileExists(Mine(i)) || files.FileExists(Moved(i))) << i;
+    for (const Text& path : {Mine(i), Moved(i)}) {
+      if (files.FileExists(path)) {
+        EXPECT_EQ(ContentOf(path), "mine") << i;
+      }
+    }
+  }
+  RecordProperty("opened", opened);
+  RecordProperty("moved", moved);
+}
+
+TEST_F(FoundItemInARace, DeletesNoEmptyFolderOfTheVictim) {
+  if (!Wanted()) GTEST_SKIP() << "to be tried by hand";
+  place.Folder(u"t");
+  place.Folder(u"t\\swapped");
+  place.Folder(u"victim");
+  for (int i = 0; i < kRounds; ++i) {
+    for (const TextView folder : {u"t\\swapped\\", u"victim\\"}) {
+      place.Folder(Concat(folder, NameOfRound(i)));
+      place.File(Concat(folder, NameOfRound(i), u"\\none"), "");
+    }
+  }
+  place.FolderLink(u"t\\link", place.In(u"victim"));
+  if (!place.StartExchanging(u"t\\swapped", u"t\\link")) GTEST_SKIP() << "to be tried by hand";
+  for (int i = 0; i < kRounds; ++i) {
+    if (const auto item = Open(i)) item->DeleteEmptyFolder();
+  }
+  place.StopExchanging();
+  for (int i = 0; i < kRounds; ++i) {
+    EXPECT_EQ(ContentOf(place.In(Concat(u"victim\\", NameOfRound(i), u"\\none"))), "") << i;
+  }
+}
+
+}  // namespace
+}  // namespace tavix::windows
