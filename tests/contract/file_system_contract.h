@@ -28,6 +28,8 @@ class FileSystemStage {
   virtual bool OutsideIsUntouched() = 0;
   // False on a system where a folder can't be read-only.
   virtual bool KeepsReadOnlyFolders() { return true; }
+  // False on a system where every file shows the archive bit and no folder does.
+  virtual bool KeepsArchiveBit() { return true; }
   // A folder like Place on another volume; empty where there is none.
   virtual Text OtherVolume() = 0;
 };

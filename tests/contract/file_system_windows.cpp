@@ -25,6 +25,7 @@ class WindowsStage : public FileSystemStage {
   bool LinkOut(TextView) override { return false; }
   bool OutsideIsUntouched() override { return true; }
   bool KeepsReadOnlyFolders() override { return !windows::IsWine(); }
+  bool KeepsArchiveBit() override { return !windows::IsWine(); }
   Text OtherVolume() override {
     const Text folder = Concat(u"Z:\\dev\\shm\\Tavix Contract ", ToText(GetCurrentProcessId()));
     if (windows::IsWine() && otherVolume_.empty() && files_.CreateFolder(folder)) otherVolume_ = folder;

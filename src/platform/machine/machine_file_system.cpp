@@ -7,7 +7,8 @@
 namespace tavix::machine {
 namespace {
 
-constexpr uint32_t kSettable = platform::kReadOnly | platform::kHidden | platform::kSystem;
+constexpr uint32_t kSettable =
+    platform::kReadOnly | platform::kHidden | platform::kSystem | platform::kArchive;
 
 // The order in which a folder is listed: that of the capitals, of two alike that of the names. Most hosts
 // list a folder in the order in which it was filled, or the other way round.
