@@ -35,6 +35,8 @@ class MachineFileSystem : public platform::FileSystem {
   bool SetAttributes(TextView path, uint32_t attributes) override;
   std::vector<platform::Drive> Drives() override;
 
+  // Gives a file, folder or link another name in its folder where nothing of that name stands.
+  bool Rename(TextView path, TextView name);
   // Moves a file, folder or link into the bin. Not the root of a drive.
   bool Recycle(TextView path, RecycleBin& bin);
   // Writes the attributes to the store if they changed.

@@ -233,4 +233,14 @@ MemoryStore::Node& MemoryStore::Make(const std::vector<Text>& names, EntryKind k
   return *node;
 }
 
+MemoryStore::Node* MemoryStore::Find(const std::vector<Text>& names) {
+  Node* node = root_.get();
+  for (const Text& name : names) {
+    const auto found = node->children.find(name);
+    if (found == node->children.end()) return nullptr;
+    node = found->second.get();
+  }
+  return node;
+}
+
 }  // namespace tavix::machine
