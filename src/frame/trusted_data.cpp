@@ -63,10 +63,14 @@ bool PutAside(const Text& path) {
   return renamed && !platform::fileSystem->Look(path);
 }
 
-// True when others could change the folder until now.
-bool MakeProtected(TextView folder) {
+// True when others could change it until now.
+bool Close(TextView path) {
+  return platform::trust != nullptr && platform::trust->Protect(path) == platform::Protection::Set;
+}
+
+bool MakeClosed(TextView folder) {
   if (!fileSystemObject.FolderExists(folder)) fileSystemObject.CreateFolder(folder);
-  return platform::trust != nullptr && platform::trust->Protect(folder) == platform::Protection::Set;
+  return Close(folder);
 }
 
 }  // namespace
@@ -97,19 +101,16 @@ bool DataIsTrusted() {
 }
 
 bool ProtectData() {
-  const bool makersWasOpen = MakeProtected(kMakersFolder);
-  const bool dataWasOpen = MakeProtected(kDataFolder);
-  MakeProtected(kDefaultBackupFolder);
-  if (dataWasOpen) {
-    for (const TextView file : {kSettingsFile, kBuiltInJunkFile, kUserJunkFile, kMarkerFile}) {
-      platform::trust->Protect(file);
-    }
-    // Its folders are as open as they were. They are made anew, under the new list.
-    if (fileSystemObject.FolderExists(kDuplicateFolder)) {
-      fileSystemObject.DeleteFolder(kDuplicateFolder, true);
-    }
+  bool wasOpen = MakeClosed(kMakersFolder);
+  wasOpen = MakeClosed(kDataFolder) || wasOpen;
+  MakeClosed(kDefaultBackupFolder);
+  // What stood in a folder before it was closed is as open as it was.
+  for (const TextView file : {kSettingsFile, kBuiltInJunkFile, kUserJunkFile, kMarkerFile}) {
+    wasOpen = Close(file) || wasOpen;
   }
-  return makersWasOpen || dataWasOpen;
+  // The scratch folders are made anew then.
+  if (Close(kDuplicateFolder)) fileSystemObject.DeleteFolder(kDuplicateFolder, true);
+  return wasOpen;
 }
 
 bool BackupFolderIsTrusted() { return !IsElevated() || !platform::trust->LiesAmongPrograms(BackupFolder); }

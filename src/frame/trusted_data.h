@@ -23,7 +23,8 @@ bool DataIsTrusted();
 
 // Makes the data folders and the default backup folder where they are missing, and takes the right to change
 // them and the program's files from all other ordinary users, where we have the right to do so. True when
-// the data folder stood open to others until now: then they may have put something in it meanwhile.
+// one of the data folders or files stood open to others until now: then they may have put something there
+// since ForeignData looked.
 bool ProtectData();
 
 // Whether files may be moved into the folder of the setting `Backup Folder`. False where the program is

@@ -234,11 +234,27 @@ TEST_F(TrustedData, WhatStoodOpenIsClosedWithAllThatIsReadInIt) {
 
 TEST_F(TrustedData, OpenScratchFoldersAreMadeAnew) {
   machine.files.AddFile(Concat(kScannedFolder, u"\\A\\planted"));
-  ASSERT_EQ(machine.trust.Protect(kMakersFolder), platform::Protection::Set);
   fileSystemObject = FileSystemObject(platform::fileSystem);
   EXPECT_TRUE(ProtectData());
   EXPECT_FALSE(machine.files.FolderExists(kDuplicateFolder));
-  EXPECT_FALSE(ProtectData()) << "it is closed now";
+}
+
+TEST_F(TrustedData, WhatIsOpenInAClosedFolderIsClosed) {
+  machine.files.AddFile(kSettingsFile, {.content = Narrow(kPlantedSettings)});
+  for (const TextView folder : {kMakersFolder, kDataFolder}) {
+    ASSERT_EQ(machine.trust.Protect(folder), platform::Protection::Set);
+  }
+  Start();
+  EXPECT_TRUE(machine.trust.IsProtected(kSettingsFile));
+}
+
+TEST_F(TrustedData, WhatIsClosedStaysAsItIs) {
+  Start();
+  Form_Unload();
+  fileSystemObject = FileSystemObject(platform::fileSystem);
+  const auto before = Everything(u"C:");
+  EXPECT_FALSE(ProtectData());
+  EXPECT_EQ(Everything(u"C:"), before);
 }
 
 // Puts a link in the place of the settings just when the data folder is closed to others.
