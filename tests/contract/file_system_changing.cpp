@@ -125,7 +125,8 @@ TEST_P(FileSystemContract, SetsExactlyTheAttributesThatItIsToldTheArchiveBitIncl
   Write(u"a");
   Make(u"folder");
   for (const TextView name : {u"a", u"folder"}) {
-    for (const uint32_t attributes : {kHiddenSystem | platform::kArchive, kHiddenSystem, platform::kArchive}) {
+    for (const uint32_t attributes :
+         {kHiddenSystem | platform::kArchive, kHiddenSystem, platform::kArchive}) {
       EXPECT_TRUE(files.SetAttributes(In(name), attributes));
       EXPECT_EQ(files.Look(In(name))->attributes, attributes);
     }

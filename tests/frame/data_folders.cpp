@@ -48,8 +48,8 @@ TEST_F(DataFolders, AFirstRunLeavesTheWholeTreeHiddenAfterExit) {
 }
 
 TEST_F(DataFolders, TheArchiveBitGoesWithTheNextStart) {
-  machine.files.AddFile(kSettingsFile,
-                        {.content = "[Duplicate Files]\nCommon Types=*.x\n", .attributes = platform::kArchive});
+  machine.files.AddFile(
+      kSettingsFile, {.content = "[Duplicate Files]\nCommon Types=*.x\n", .attributes = platform::kArchive});
   machine.files.SetAttributes(kMakersFolder, platform::kArchive);
   Start();
   EXPECT_EQ(Attributes(kSettingsFile), kHiddenSystem);

@@ -114,7 +114,7 @@ TEST_F(FileFactsOfWindows, ShowOnlyTheAttributesOfTheInterface) {
   ASSERT_TRUE(SetFileAttributesW(Wide(path), FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN |
                                                  FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE |
                                                  FILE_ATTRIBUTE_NOT_CONTENT_INDEXED));
-  constexpr uint32_t kShown =
+  static constexpr uint32_t kShown =
       platform::kReadOnly | platform::kHidden | platform::kSystem | platform::kArchive;
   EXPECT_EQ(files.Look(path)->attributes, kShown);
   ASSERT_TRUE(files.List(place.Path(), [](const auto& entry) { EXPECT_EQ(entry.attributes, kShown); }));

@@ -76,7 +76,6 @@ TEST_F(TrustOfWindows, WhatALinkLeadsToIsNotProtected) {
   EXPECT_TRUE(OthersMayChange(folder));
 }
 
-
 TEST_F(TrustOfWindows, ElevatedMeansWhatTheShellMeans) {
   using Asked = BOOL(WINAPI*)();
   const HMODULE shell = LoadLibraryW(L"shell32.dll");
