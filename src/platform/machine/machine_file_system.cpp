@@ -209,17 +209,6 @@ bool MachineFileSystem::MoveFile(TextView source, TextView destination) {
   return true;
 }
 
-bool MachineFileSystem::Rename(TextView path, TextView name) {
-  const std::optional<Place> from = finder_.Find(path, Last::Itself);
-  if (!from || !from->entry || from->root || !IsFileName(name)) return false;
-  const TextView folder = TextView(from->path).substr(0, from->path.size() - from->name.size());
-  const std::optional<Place> to = finder_.Find(Concat(folder, name), Last::Itself);
-  if (!to || to->entry) return false;
-  if (from->parent->Move(from->storeName, *to->parent, to->storeName) != MoveResult::Done) return false;
-  attributes_.Move(from->realPath, to->realPath);
-  return true;
-}
-
 bool MachineFileSystem::SetAttributes(TextView path, uint32_t attributes) {
   const std::optional<Place> place = finder_.Find(path, Last::Itself);
   if (!place || !place->entry || place->root) return false;
@@ -244,6 +233,17 @@ std::vector<platform::Drive> MachineFileSystem::Drives() {
   std::sort(drives.begin(), drives.end(),
             [](const platform::Drive& left, const platform::Drive& right) { return left.path < right.path; });
   return drives;
+}
+
+bool MachineFileSystem::Rename(TextView path, TextView name) {
+  const std::optional<Place> from = finder_.Find(path, Last::Itself);
+  if (!from || !from->entry || from->root || !IsFileName(name)) return false;
+  const TextView folder = TextView(from->path).substr(0, from->path.size() - from->name.size());
+  const std::optional<Place> to = finder_.Find(Concat(folder, name), Last::Itself);
+  if (!to || to->entry) return false;
+  if (from->parent->Move(from->storeName, *to->parent, to->storeName) != MoveResult::Done) return false;
+  attributes_.Move(from->realPath, to->realPath);
+  return true;
 }
 
 bool MachineFileSystem::Recycle(TextView path, RecycleBin& bin) {
