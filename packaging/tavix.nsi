@@ -55,6 +55,66 @@ VIAddVersionKey "LegalCopyright" "Copyright (C) 2026 the makers of Tavix"
   ${Loop}
 !macroend
 
+; Puts into $R0 the access list of the folders of data: everything to the system, the administrators and the user
+; who installs, reading to all others, nothing from the folder above. Without it anybody could change what later
+; steers the program of an administrator.
+Function AccessList
+  StrCpy $R0 ""
+  System::Call 'advapi32::OpenProcessToken(p -1, i 8, *p .r0) i .r1'
+  ${If} $1 <> 0
+    System::Alloc 256
+    Pop $2
+    System::Call 'advapi32::GetTokenInformation(p r0, i 1, p r2, i 256, *i .r3) i .r1'
+    ${If} $1 <> 0
+      System::Call '*$2(p .r3)'
+      System::Call 'advapi32::ConvertSidToStringSidW(p r3, *p .r4) i .r1'
+      ${If} $1 <> 0
+        System::Call 'kernel32::lstrcpynW(w .r5, p r4, i 200)'
+        System::Call 'kernel32::LocalFree(p r4)'
+        StrCpy $R0 "(A;OICI;FA;;;$5)"
+      ${EndIf}
+    ${EndIf}
+    System::Free $2
+    System::Call 'kernel32::CloseHandle(p r0)'
+  ${EndIf}
+  StrCpy $R0 "D:P(A;OICI;FA;;;SY)(A;OICI;FA;;;BA)$R0(A;OICI;0x1200a9;;;BU)"
+FunctionEnd
+
+; Makes the folder $R1 with the access list $R0, or gives the list to the folder that stands there. A link keeps its
+; own and so does what it leads to. What can't be done is passed over: the program tries it again.
+Function ProtectFolder
+  System::Call 'advapi32::ConvertStringSecurityDescriptorToSecurityDescriptorW(w R0, i 1, *p .r0, p 0) i .r1'
+  ${If} $1 = 0
+    Return
+  ${EndIf}
+  ; A SECURITY_ATTRIBUTES: its size, the list, no inheriting of the handle, each in eight bytes.
+  System::Call '*(l 24, p r0, l 0) p .r2'
+  System::Call 'kernel32::CreateDirectoryW(w R1, p r2) i .r3'
+  System::Free $2
+  ${If} $3 = 0
+    ; READ_CONTROL, WRITE_DAC, FILE_READ_ATTRIBUTES; the folder or link itself.
+    System::Call 'kernel32::CreateFileW(w R1, i 0x60080, i 7, p 0, i 3, i 0x02200000, p 0) p .r4'
+    ${If} $4 P<> -1
+      System::Alloc 64
+      Pop $5
+      System::Call 'kernel32::GetFileInformationByHandle(p r4, p r5) i .r6'
+      System::Call '*$5(i .r7)'
+      System::Free $5
+      IntOp $7 $7 & 0x410
+      ; Where the system opens what a link leads to, whatever it is asked for, the name tells.
+      System::Call 'kernel32::GetFileAttributesW(w R1) i .r8'
+      IntOp $8 $8 & 0x410
+      ${If} $6 <> 0
+      ${AndIf} $7 = 0x10
+      ${AndIf} $8 = 0x10
+        System::Call 'advapi32::SetKernelObjectSecurity(p r4, i 0x80000004, p r0)'
+      ${EndIf}
+      System::Call 'kernel32::CloseHandle(p r4)'
+    ${EndIf}
+  ${EndIf}
+  System::Call 'kernel32::LocalFree(p r0)'
+FunctionEnd
+
 Function .onInit
   SetRegView 64
   SetShellVarContext all
@@ -88,6 +148,14 @@ Section
     Quit
   ${EndIf}
   WriteUninstaller "$INSTDIR\uninstall.exe"
+
+  Call AccessList
+  StrCpy $R1 "C:\MORVDataPath"
+  Call ProtectFolder
+  StrCpy $R1 "${DATA}"
+  Call ProtectFolder
+  StrCpy $R1 "C:\TVXBak"
+  Call ProtectFolder
 
   CreateDirectory "$SMPROGRAMS\Tavix"
   CreateShortcut "$SMPROGRAMS\Tavix\Tavix.lnk" "$INSTDIR\tavix.exe"

@@ -25,7 +25,7 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
   const tavix::win32::OptionsWindow options;
   const tavix::win32::TypeWindow typeEditor;
   const tavix::win32::EventQueueWin32 eventQueue(window);
-  tavix::mdlPubSelf::Form_Load();
+  if (!tavix::mdlPubSelf::Form_Load()) return 0;
   window.Open();
   return window.Run();
 }

@@ -9,6 +9,7 @@
 #include "forms/main_form.h"
 #include "frame/settings.h"
 #include "frame/start_up.h"
+#include "frame/trusted_data.h"
 #include "text/utf8.h"
 #include "window/wiring.h"
 
@@ -97,7 +98,11 @@ int RunSession(const Options& options, std::string& error) {
     error = "another copy of the program runs over this machine";
     return 3;
   }
-  mdlPubSelf::Form_Load();
+  if (!mdlPubSelf::Form_Load()) {
+    error = "the program's data was left alone, as others may have put it there:";
+    for (const Text& path : mdlPubSelf::ForeignData()) error += " '" + ToUtf8(path) + "'";
+    return 3;
+  }
   const int status = Run(options, error) ? 0 : 2;
   mdlPubSelf::Form_Unload();
   return status;

@@ -35,8 +35,8 @@ std::vector<Text> BucketFolders() {
 }
 
 bool IsHiddenFolder(const platform::DirectoryEntry& entry) {
-  return entry.folder && !entry.link &&
-         (entry.attributes & (kHiddenSystem | platform::kReadOnly)) == kHiddenSystem;
+  constexpr uint32_t kSet = kHiddenSystem | platform::kReadOnly | platform::kArchive;
+  return entry.folder && !entry.link && (entry.attributes & kSet) == kHiddenSystem;
 }
 
 // Whether the hidden folders of these names lie there, and nothing else.

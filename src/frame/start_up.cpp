@@ -10,6 +10,7 @@
 #include "frame/support/pub_registry.h"
 #include "frame/support/pub_system.h"
 #include "frame/support/shell_object.h"
+#include "frame/trusted_data.h"
 #include "platform/instance.h"
 
 namespace tavix::mdlPubSelf {
@@ -49,13 +50,21 @@ void CloseHelpViewer() {
   pubSystem.PostWindowMessage(viewer, kCloseMessage, 0, 0);
 }
 
+// Whether the data folders are the program's alone. What stood open to others until now is looked at a second
+// time.
+bool OpenData() { return DataIsTrusted() && (!ProtectData() || DataIsTrusted()); }
+
 }  // namespace
 
 bool Form_Initialize() { return platform::instance == nullptr || !platform::instance->PreviousRuns(); }
 
-void Form_Load() {
-  frmPubMain.Loaded = true;
+bool Form_Load() {
   CreateServices();
+  if (!OpenData()) {
+    ReleaseServices();
+    return false;
+  }
+  frmPubMain.Loaded = true;
   PrepareDataFolders();
   LoadSettings();
   // This one key tells whether the settings were ever written.
@@ -72,12 +81,14 @@ void Form_Load() {
   Run(frameSteps.ColorControls);
   pubSystem.AttachListColorHook(frmPubMain.lsvResult.hWnd, true, frmPubMain.hWnd, kWhite);
   Run(frameSteps.CheckForUpdate);
+  return true;
 }
 
 void Form_Unload() {
   if (!frmPubMain.Loaded) return;
   frmPubMain.Loaded = false;
-  PrepareDataFolders();
+  // Through what took their place in the meantime nothing is written.
+  if (ForeignData().empty()) PrepareDataFolders();
   pubSystem.AttachListColorHook(frmPubMain.lsvResult.hWnd, false, 0, 0);
   CloseHelpViewer();
   Run(frameSteps.UnloadOptions);

@@ -26,8 +26,10 @@ inline FrameSteps frameSteps;
 
 // False when another copy of the program runs: then the process ends at once, before anything is touched.
 bool Form_Initialize();
-// The body of start-up: services, data folders, settings, and everything that the window shows.
-void Form_Load();
+// The body of start-up: services, data folders, settings, and everything that the window shows. False when
+// the program ends before it has read or written its data, because others may have put something in its
+// place (frame/trusted_data.h); the services are released again then, and Form_Unload does nothing.
+bool Form_Load();
 // The end of the program, however the window was closed: scratch folders emptied, services released. A
 // second call does nothing.
 void Form_Unload();

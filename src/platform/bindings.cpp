@@ -11,6 +11,7 @@
 #include "platform/registry.h"
 #include "platform/screen.h"
 #include "platform/shell.h"
+#include "platform/trust.h"
 #include "text/number.h"
 
 namespace tavix::platform {
@@ -24,6 +25,7 @@ void ClearPlatform() {
   desktop = nullptr;
   instance = nullptr;
   network = nullptr;
+  trust = nullptr;
   clock = nullptr;
   screen = {};
   applicationFolder.clear();

@@ -12,6 +12,7 @@ constexpr int kOkCancel = 1;
 constexpr int kYesNoCancel = 3;
 constexpr int kYesNo = 4;
 constexpr int kQuestion = 32;
+constexpr int kWarning = 48;
 constexpr int kInformation = 64;
 
 // Its answers.
@@ -24,7 +25,8 @@ constexpr int kNo = 7;
 class Dialogs {
  public:
   virtual ~Dialogs() = default;
-  // Returns when it is answered. Where nobody can answer: Yes, or OK.
+  // Returns when it is answered. Where nobody can answer: Yes; Cancel where only OK and Cancel can be
+  // chosen; OK where there is nothing else.
   virtual int MsgBox(TextView text, int style) = 0;
   // The text entered, `offered` where the user leaves what stands there from the start; nothing when
   // cancelled.

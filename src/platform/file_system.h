@@ -18,6 +18,7 @@ namespace tavix::platform {
 constexpr uint32_t kReadOnly = 1;
 constexpr uint32_t kHidden = 2;
 constexpr uint32_t kSystem = 4;
+constexpr uint32_t kArchive = 32;
 
 // What a listing tells of a file or folder without another look at it.
 struct DirectoryEntry {
@@ -25,7 +26,7 @@ struct DirectoryEntry {
   uint64_t size = 0;      // bytes; 0 for a folder
   DateTime modified = 0;  // local time, as accessed
   DateTime accessed = 0;
-  uint32_t attributes = 0;
+  uint32_t attributes = 0;  // of those above
   bool folder = false;
   bool link = false;  // stands for something else: junction, symbolic link, alias of a store app
   // Whether more than name, `folder` and `link` could be had; size, times and attributes are 0 otherwise.
@@ -165,7 +166,8 @@ class FileSystem {
   // Moves a file to a new path whose folder exists and where nothing stands. Onto another volume it is
   // copied, the copy's size checked and the source deleted; a failed copy leaves the source and no half file.
   virtual bool MoveFile(TextView source, TextView destination) = 0;
-  // Read-only, hidden and system; the other attributes stay.
+  // Gives a file, folder or link exactly these of read-only, hidden, system and archive; the attributes
+  // beside these four stay.
   virtual bool SetAttributes(TextView path, uint32_t attributes) = 0;
 
   // In the order of their letters. Each is asked whether it is ready, which on the network may take long.

@@ -1,7 +1,10 @@
 """Runs tavix-console as people and tools run it."""
 import fcntl
 import os
+import pathlib
 import re
+import shutil
+import tempfile
 import unittest
 
 from machine_case import TOP, Machine, SampleCopy, run
@@ -153,6 +156,45 @@ class TwoCopies(SampleCopy):
         self.write("registry~saving/~saving", "")
         self.write("registry~saving/HKEY_CURRENT_USER.reg", "Windows Registry Editor Version 5.00\n")
         self.assertIn("another copy", self.refuse())
+
+
+class ForeignData(SampleCopy):
+    """A link stands where the program's own data is to lie."""
+
+    def refuse(self, place, target):
+        link = self.folder / "drives" / "C" / place
+        link.parent.mkdir(parents=True, exist_ok=True)
+        link.symlink_to(target)
+        before = self.snapshot()
+        line = self.refused(3, "--machine", self.folder, "--one-click", "--json",
+                            "--set", "Cleaning Method/Method=D")
+        self.assertIn("'C:\\" + place.replace("/", "\\") + "'", line)
+        after = self.snapshot()
+        after.pop("journal.jsonl")
+        self.assertEqual(after, before)
+        calls = self.journal()
+        self.assertEqual([(call["op"], call["style"]) for call in calls], [("MsgBox", 49)])
+        self.assertIn("others may have put there", calls[0]["text"])
+        self.assertTrue(link.is_symlink())
+
+    def test_nothing_is_run_when_the_data_folder_leads_to_windows(self):
+        self.refuse("MORVDataPath/TVX", "../WINDOWS")
+
+    def test_nor_when_the_folder_above_it_leads_elsewhere(self):
+        self.refuse("MORVDataPath", "Users")
+
+    def test_nor_when_it_leads_out_of_the_machine(self):
+        outside = pathlib.Path(tempfile.mkdtemp())
+        self.addCleanup(shutil.rmtree, outside)
+        self.refuse("MORVDataPath/TVX", outside)
+        self.assertEqual(list(outside.iterdir()), [])
+
+    def test_nor_when_the_settings_stand_elsewhere(self):
+        self.write("drives/C/Users/Bob/planted.txt", "[Duplicate Files]\nCommon Types=*.x\n")
+        self.refuse("MORVDataPath/TVX/tvx.dll", "../../Users/Bob/planted.txt")
+
+    def test_nor_when_the_scratch_folder_leads_elsewhere(self):
+        self.refuse("MORVDataPath/TVX/DupeFiles", "../../Users")
 
 
 class Arguments(Machine):

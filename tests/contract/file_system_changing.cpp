@@ -119,6 +119,20 @@ TEST_P(FileSystemContract, SetsAttributes) {
   }
 }
 
+TEST_P(FileSystemContract, SetsExactlyTheAttributesThatItIsToldTheArchiveBitIncluded) {
+  if (!stage->KeepsArchiveBit()) GTEST_SKIP() << "the archive bit can't be changed on this system";
+  constexpr uint32_t kHiddenSystem = platform::kHidden | platform::kSystem;
+  Write(u"a");
+  Make(u"folder");
+  for (const TextView name : {u"a", u"folder"}) {
+    for (const uint32_t attributes :
+         {kHiddenSystem | platform::kArchive, kHiddenSystem, platform::kArchive}) {
+      EXPECT_TRUE(files.SetAttributes(In(name), attributes));
+      EXPECT_EQ(files.Look(In(name))->attributes, attributes);
+    }
+  }
+}
+
 TEST_P(FileSystemContract, DeletesAFolderWithAllItsContent) {
   Make(u"f");
   Make(u"f\\g");

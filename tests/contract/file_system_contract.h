@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/file_system.h"
+#include "platform/trust.h"
 
 namespace tavix::contract {
 
@@ -16,6 +17,7 @@ class FileSystemStage {
  public:
   virtual ~FileSystemStage() = default;
   virtual platform::FileSystem& Use() = 0;
+  virtual platform::Trust& UseTrust() = 0;
   // A folder that is there, empty and belongs to the test; it goes with the stage.
   virtual Text Place() = 0;
   // Makes a link. The target is a whole path or relative to the link's folder; `folder` says what kind it
@@ -36,6 +38,10 @@ class FileSystemStage {
   virtual bool Refuse(TextView folder, bool refuse) = 0;
   // False on a system where a folder can't be read-only.
   virtual bool KeepsReadOnlyFolders() { return true; }
+  // False on a system where every file shows the archive bit and no folder does.
+  virtual bool KeepsArchiveBit() { return true; }
+  // False on a system that opens what a link leads to where the link is wanted: then it can't be renamed.
+  virtual bool RenamesLinks() { return true; }
   // A folder like Place on another volume; empty where there is none.
   virtual Text OtherVolume() = 0;
 };

@@ -5,6 +5,7 @@
 #include "platform/machine/host_store.h"
 #include "platform/machine/machine_file_system.h"
 #include "platform/machine/machine_path.h"
+#include "platform/machine/machine_trust.h"
 #include "platform/machine/scratch_folder.h"
 
 namespace tavix::contract {
@@ -19,8 +20,10 @@ class FolderStage : public FileSystemStage {
     scratch_.Write("outside/secret.txt", "secret");
     store_ = machine::OpenHostStore(fs::canonical(scratch_.Root() / "machine"));
     files_.emplace(*store_, facts_);
+    trust_.emplace(*files_, facts_);
   }
   platform::FileSystem& Use() override { return *files_; }
+  platform::Trust& UseTrust() override { return *trust_; }
   Text Place() override { return u"C:\\Contract\\Place"; }
   bool Link(TextView path, TextView target, bool folder) override {
     fs::path to;
@@ -81,6 +84,7 @@ class FolderStage : public FileSystemStage {
   machine::MachineFacts facts_;
   std::unique_ptr<machine::FileStore> store_;
   std::optional<machine::MachineFileSystem> files_;
+  std::optional<machine::MachineTrust> trust_;
 };
 
 std::unique_ptr<FileSystemStage> Make() { return std::make_unique<FolderStage>(); }

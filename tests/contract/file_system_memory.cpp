@@ -1,4 +1,5 @@
 #include "contract/file_system_contract.h"
+#include "platform/machine/machine_trust.h"
 #include "platform/machine/memory_file_system.h"
 
 namespace tavix::contract {
@@ -11,6 +12,7 @@ class MemoryStage : public FileSystemStage {
     files_.AddFolder(u"D:\\Other");
   }
   platform::FileSystem& Use() override { return files_; }
+  platform::Trust& UseTrust() override { return trust_; }
   Text Place() override { return u"C:\\Contract\\Place"; }
   bool Link(TextView path, TextView target, bool) override {
     files_.AddLink(path, target);
@@ -52,6 +54,7 @@ class MemoryStage : public FileSystemStage {
   machine::MemoryStore store_;
   machine::MachineFacts facts_;
   machine::MemoryFileSystem files_{store_, facts_};
+  machine::MemoryTrust trust_{store_, files_, facts_};
 };
 
 std::unique_ptr<FileSystemStage> Make() { return std::make_unique<MemoryStage>(); }

@@ -4,6 +4,7 @@
 #include "platform/windows/scratch_place.h"
 #include "platform/windows/wide.h"
 #include "platform/windows/windows_file_system.h"
+#include "platform/windows/windows_trust.h"
 
 namespace tavix::contract {
 namespace {
@@ -14,6 +15,7 @@ class WindowsStage : public FileSystemStage {
     if (!otherVolume_.empty()) files_.DeleteFolder(otherVolume_, true);
   }
   platform::FileSystem& Use() override { return files_; }
+  platform::Trust& UseTrust() override { return trust_; }
   Text Place() override { return place_.Path(); }
   // Wine deletes what a link leads to for the link, and makes none.
   bool Link(TextView path, TextView target, bool folder) override {
@@ -32,6 +34,8 @@ class WindowsStage : public FileSystemStage {
   bool KeepsReadOnlyFolders() override { return !windows::IsWine(); }
   // Wine has no rights on files, and Windows lets most users through a folder they have no rights on.
   bool Refuse(TextView, bool) override { return false; }
+  bool KeepsArchiveBit() override { return !windows::IsWine(); }
+  bool RenamesLinks() override { return !windows::IsWine(); }
   Text OtherVolume() override {
     const Text folder = Concat(u"Z:\\dev\\shm\\Tavix Contract ", ToText(GetCurrentProcessId()));
     if (windows::IsWine() && otherVolume_.empty() && files_.CreateFolder(folder)) otherVolume_ = folder;
@@ -43,6 +47,7 @@ class WindowsStage : public FileSystemStage {
 
   windows::ScratchPlace place_;
   windows::WindowsFileSystem files_;
+  windows::WindowsTrust trust_;
   Text otherVolume_;
 };
 

@@ -67,10 +67,10 @@ struct Forms {
 };
 
 const std::vector<std::string> kMessages{
-    "ADD_JUNK",  "CM_REMARK",    "DEL_TYPE_PROMPT", "DF_REMARK",   "EXCEPT_FOLDER", "EXIST",
-    "EXT_ERR",   "INPUT_DESC",   "INPUT_EXT",       "JF_REMARK",   "LBOUND_ERR",    "NEED_COMM",
-    "NEED_DESC", "NEED_PATTERN", "NO_NEWVER",       "NO_TYPE_DEL", "NO_TYPE_EDIT",  "OC_REMARK",
-    "ONE_CLICK", "OO_REMARK",    "PATTERN_ERR",     "UPGRADE"};
+    "ADD_JUNK",      "CM_REMARK", "DATA_FOREIGN", "DATA_STAYS",   "DEL_TYPE_PROMPT", "DF_REMARK",
+    "EXCEPT_FOLDER", "EXIST",     "EXT_ERR",      "INPUT_DESC",   "INPUT_EXT",       "JF_REMARK",
+    "LBOUND_ERR",    "NEED_COMM", "NEED_DESC",    "NEED_PATTERN", "NO_NEWVER",       "NO_TYPE_DEL",
+    "NO_TYPE_EDIT",  "OC_REMARK", "ONE_CLICK",    "OO_REMARK",    "PATTERN_ERR",     "UPGRADE"};
 
 class EachLanguage : public testing::TestWithParam<const char*> {};
 

@@ -14,7 +14,7 @@ class DataFolders : public ProgramTest {
   DataFolders() { machine.files.AddFolder(u"C:\\"); }
   uint32_t Attributes(TextView path) {
     const auto facts = machine.files.Look(path);
-    return facts ? facts->attributes & 7U : 99;
+    return facts ? facts->attributes : 99;
   }
   void AddHidden(TextView folder) {
     machine.files.AddFolder(folder);
@@ -47,6 +47,15 @@ TEST_F(DataFolders, AFirstRunLeavesTheWholeTreeHiddenAfterExit) {
   EXPECT_EQ(machine.files.ReadFile(kMarkerFile), "");
 }
 
+TEST_F(DataFolders, TheArchiveBitGoesWithTheNextStart) {
+  machine.files.AddFile(
+      kSettingsFile, {.content = "[Duplicate Files]\nCommon Types=*.x\n", .attributes = platform::kArchive});
+  machine.files.SetAttributes(kMakersFolder, platform::kArchive);
+  Start();
+  EXPECT_EQ(Attributes(kSettingsFile), kHiddenSystem);
+  EXPECT_EQ(Attributes(kMakersFolder), kHiddenSystem);
+}
+
 TEST_F(DataFolders, AStaleBucketFileIsGoneAfterTheNextStart) {
   machine.files.AddFile(Concat(kScannedFolder, u"\\A\\1024"), {.attributes = platform::kReadOnly});
   Start();
@@ -62,6 +71,7 @@ TEST_F(DataFolders, AnyOtherThanTheFreshTreeIsMadeAnew) {
       [&] { machine.files.DeleteFolder(at(u"\\compared\\Q"), true); },
       [&] { machine.files.SetAttributes(at(u"\\scanned\\Q"), 0); },
       [&] { machine.files.SetAttributes(at(u"\\scanned\\Q"), kHiddenSystem | platform::kReadOnly); },
+      [&] { machine.files.SetAttributes(at(u"\\scanned\\Q"), kHiddenSystem | platform::kArchive); },
       [&] { machine.files.SetAttributes(at(u"\\scanned"), platform::kHidden); },
       [&] { AddHidden(at(u"\\scanned\\1")); },
       [&] { machine.files.AddFolder(at(u"\\scanned\\Q\\deeper")); },

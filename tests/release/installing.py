@@ -130,6 +130,18 @@ class Installing(unittest.TestCase):
         self.run_as_typed('"C:\\Program Files\\Tavix\\uninstall.exe" /S _?=C:\\Program Files\\Tavix', status=2)
         self.assertEqual(content(self.folder), INSTALLED)
 
+    def test_the_data_folders_are_closed_to_others_and_what_a_link_leads_to_stays_as_it_is(self):
+        elsewhere = self.machine.drive_c / "elsewhere"
+        for folder in (self.data.parent, elsewhere):
+            folder.mkdir()
+            folder.chmod(0o777)
+        self.backup.symlink_to("elsewhere")
+        self.install()
+        for folder in (self.data.parent, self.data):
+            self.assertEqual(folder.stat().st_mode & 0o002, 0, folder)
+        self.assertTrue(self.backup.is_symlink())
+        self.assertEqual(elsewhere.stat().st_mode & 0o777, 0o777)
+
     def test_into_another_folder_and_again_into_it(self):
         setup = "Z:" + str(SETUP).replace("/", "\\")
         self.run_as_typed(f'"{setup}" /S /D=C:\\Tools\\My Tavix')

@@ -77,7 +77,7 @@ class FileSystemObject {
   void DeleteFile(TextView path, bool force) const;
   void DeleteFolder(TextView path, bool force) const;
   void MoveFile(TextView source, TextView destination) const;
-  // Read-only, hidden and system, added up.
+  // As platform::FileSystem has it: exactly these of read-only, hidden, system and archive.
   void SetAttributes(TextView path, uint32_t attributes) const;
   std::vector<platform::Drive> Drives() const;
 

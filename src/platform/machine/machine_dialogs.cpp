@@ -18,7 +18,8 @@ int MachineDialogs::MsgBox(TextView text, int style) {
   constexpr int kButtons = 15;
   const int buttons = style & kButtons;
   const bool asks = buttons == platform::kYesNo || buttons == platform::kYesNoCancel;
-  return TakeFirst(answers).value_or(asks ? platform::kYes : platform::kOk);
+  const bool offers = buttons == platform::kOkCancel;
+  return TakeFirst(answers).value_or(asks ? platform::kYes : offers ? platform::kCancel : platform::kOk);
 }
 
 std::optional<Text> MachineDialogs::InputBox(TextView prompt, TextView text) {

@@ -9,7 +9,8 @@
 namespace tavix::machine {
 
 // Dialogs that nobody sees: they are noted in the journal and answered from the lists below, in order; when
-// a list is used up, a message box is answered with Yes or OK and the others are cancelled.
+// a list is used up, a question is answered with Yes, what can only be accepted or cancelled is cancelled,
+// and so are the others.
 class MachineDialogs : public platform::Dialogs {
  public:
   explicit MachineDialogs(Journal& journal) : journal_(journal) {}

@@ -8,7 +8,8 @@ namespace tavix::machine {
 namespace {
 
 constexpr int kFixedDrive = 2;
-constexpr uint32_t kSettable = platform::kReadOnly | platform::kHidden | platform::kSystem;
+constexpr uint32_t kSettable =
+    platform::kReadOnly | platform::kHidden | platform::kSystem | platform::kArchive;
 
 // The order in which a folder is listed: that of the capitals, of two alike that of the names. Most hosts
 // list a folder in the order in which it was filled, or the other way round.
@@ -288,6 +289,17 @@ std::optional<int> MachineFileSystem::DriveType(char16_t letter) {
 bool MachineFileSystem::IsDriveReady(char16_t letter) {
   if (const platform::Drive* drive = facts_.FindDrive(ToUpper(letter))) return drive->ready;
   return FolderExists(Text{letter, u':'}) == true;
+}
+
+bool MachineFileSystem::Rename(TextView path, TextView name) {
+  const std::optional<Place> from = finder_.Find(path, Last::Itself);
+  if (!from || !from->entry || from->root || !IsFileName(name)) return false;
+  const TextView folder = TextView(from->path).substr(0, from->path.size() - from->name.size());
+  const std::optional<Place> to = finder_.Find(Concat(folder, name), Last::Itself);
+  if (!to || to->entry) return false;
+  if (from->parent->Move(from->storeName, *to->parent, to->storeName) != MoveResult::Done) return false;
+  attributes_.Move(from->realPath, to->realPath);
+  return true;
 }
 
 bool MachineFileSystem::Recycle(TextView path, RecycleBin& bin) {

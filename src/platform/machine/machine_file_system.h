@@ -40,6 +40,8 @@ class MachineFileSystem : public platform::FileSystem {
   std::optional<int> DriveType(char16_t letter) override;
   bool IsDriveReady(char16_t letter) override;
 
+  // Gives a file, folder or link another name in its folder where nothing of that name stands.
+  bool Rename(TextView path, TextView name);
   // Moves a file, folder or link into the bin. Not the root of a drive.
   bool Recycle(TextView path, RecycleBin& bin);
   // Writes the attributes to the store if they changed.

@@ -11,6 +11,7 @@
 #include "platform/machine/machine_instance.h"
 #include "platform/machine/machine_network.h"
 #include "platform/machine/machine_shell.h"
+#include "platform/machine/machine_trust.h"
 #include "platform/merged_registry.h"
 
 namespace tavix::machine {
@@ -32,6 +33,7 @@ struct MachineHost::Parts {
   MachineEventLogs eventLogs{facts, journal};
   MachineDialogs dialogs{journal};
   MachineDesktop desktop;
+  MachineTrust trust{files, facts};
   MachineNetwork network{journal};
   std::unique_ptr<FolderInstance> instance;
   HostClock hostClock;
@@ -69,6 +71,7 @@ MachineHost::MachineHost(std::unique_ptr<Parts> parts) : parts_(std::move(parts)
   platform::desktop = &parts_->desktop;
   platform::instance = parts_->instance.get();
   platform::network = &parts_->network;
+  platform::trust = &parts_->trust;
   platform::screen = parts_->folder->Screen();
   platform::applicationFolder = kApplicationFolder;
   userLocale = parts_->folder->Locale();

@@ -12,9 +12,9 @@
 namespace tavix::machine {
 
 // Puts a machine folder behind the platform interfaces for as long as it lives: registry with
-// HKEY_CLASSES_ROOT merged, files, shell, event logs, dialogs, desktop, instance, network, clock, screen, the
-// user's separators, the application folder. One at a time; afterwards they are as at the start of the
-// process.
+// HKEY_CLASSES_ROOT merged, files, shell, event logs, dialogs, desktop, instance, network, trust, clock,
+// screen, the user's separators, the application folder. One at a time; afterwards they are as at the start
+// of the process.
 class MachineHost {
  public:
   // Opens the folder. `now` is where the machine's clock stands still; without it the clock is the host's.

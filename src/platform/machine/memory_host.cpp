@@ -13,6 +13,7 @@ MemoryHost::MemoryHost() {
   platform::dialogs = &dialogs;
   platform::desktop = &desktop;
   platform::instance = &instance;
+  platform::trust = &trust;
   platform::network = &network;
   platform::clock = &clock;
   platform::applicationFolder = kApplicationFolder;

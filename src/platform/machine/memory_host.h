@@ -10,6 +10,7 @@
 #include "platform/machine/machine_network.h"
 #include "platform/machine/machine_registry.h"
 #include "platform/machine/machine_shell.h"
+#include "platform/machine/machine_trust.h"
 #include "platform/machine/memory_file_system.h"
 #include "platform/merged_registry.h"
 
@@ -35,6 +36,7 @@ struct MemoryHost {
   MachineEventLogs eventLogs{facts, journal};
   MachineDialogs dialogs{journal};
   MachineDesktop desktop;
+  MemoryTrust trust{store, files, facts};
   MachineNetwork network{journal};
   MemoryInstance instance;
 };

@@ -80,11 +80,11 @@ class MemoryFolder : public StoreFolder {
   }
 
   bool MakeFolder(TextView name) override {
-    return !faults_.Hit(u"MakeFolder", name) && Add(NewNode(name, EntryKind::Folder));
+    return !faults_.Hit(u"MakeFolder", name) && Add(NewChild(name, EntryKind::Folder));
   }
 
   bool MakeFile(TextView name) override {
-    return !faults_.Hit(u"MakeFile", name) && Add(NewNode(name, EntryKind::File));
+    return !faults_.Hit(u"MakeFile", name) && Add(NewChild(name, EntryKind::File));
   }
 
   bool WriteFile(TextView name, std::string_view content) override {
@@ -166,6 +166,13 @@ class MemoryFolder : public StoreFolder {
     return found == node_->children.end() ? nullptr : found->second.get();
   }
 
+  // What is made in a folder takes its access list over.
+  std::shared_ptr<Node> NewChild(TextView name, EntryKind kind) const {
+    auto node = NewNode(name, kind);
+    node->isProtected = node_->isProtected;
+    return node;
+  }
+
   bool Add(const std::shared_ptr<Node>& node) {
     if (!node_->children.emplace(node->name, node).second) return false;
     node->parent = node_;
@@ -192,7 +199,7 @@ class MemoryFolder : public StoreFolder {
   bool Put(TextView name, std::string content) {
     Node* node = Child(name);
     if (node == nullptr) {
-      if (!Add(NewNode(name, EntryKind::File))) return false;
+      if (!Add(NewChild(name, EntryKind::File))) return false;
       node = Child(name);
     }
     if (node->kind != EntryKind::File) return false;
@@ -253,6 +260,16 @@ MemoryStore::Node& MemoryStore::Make(const std::vector<Text>& names, EntryKind k
     node = std::shared_ptr<Node>(child);
   }
   return *node;
+}
+
+MemoryStore::Node* MemoryStore::Find(const std::vector<Text>& names) {
+  Node* node = root_.get();
+  for (const Text& name : names) {
+    const auto found = node->children.find(name);
+    if (found == node->children.end()) return nullptr;
+    node = found->second.get();
+  }
+  return node;
 }
 
 }  // namespace tavix::machine

@@ -20,6 +20,8 @@ class MemoryStore : public FileStore {
     LinkTarget target;
     platform::DateTime modified = 0;
     platform::DateTime accessed = 0;
+    bool ofOthers = false;     // belongs to another user
+    bool isProtected = false;  // has an access list under which no other user can change it
     std::map<Text, std::shared_ptr<Node>, LessIgnoringCase> children;
     std::weak_ptr<Node> parent;
 
@@ -33,6 +35,9 @@ class MemoryStore : public FileStore {
   // The node below the root, made with all on the way where it is missing; what stands there as something
   // else is replaced. A new node has the time of the clock.
   Node& Make(const std::vector<Text>& names, EntryKind kind);
+
+  // The node below the root, links not followed; null where there is none.
+  Node* Find(const std::vector<Text>& names);
 
   // Operations have the names of StoreFolder's routines; the path is the name in the folder. A Find that
   // fails can't tell; it isn't counted as a call.

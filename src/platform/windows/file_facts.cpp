@@ -12,7 +12,8 @@
 namespace tavix::windows {
 namespace {
 
-constexpr uint32_t kShownAttributes = platform::kReadOnly | platform::kHidden | platform::kSystem;
+constexpr uint32_t kShownAttributes =
+    platform::kReadOnly | platform::kHidden | platform::kSystem | platform::kArchive;
 
 uint64_t Joined(DWORD high, DWORD low) { return static_cast<uint64_t>(high) << 32 | low; }
 

@@ -11,7 +11,8 @@
 namespace tavix::windows {
 namespace {
 
-constexpr DWORD kChangeable = platform::kReadOnly | platform::kHidden | platform::kSystem;
+constexpr DWORD kChangeable =
+    platform::kReadOnly | platform::kHidden | platform::kSystem | platform::kArchive;
 
 // What stands at the path, or at the end of a link, is a file or a folder, as asked.
 platform::Existence Exists(TextView path, bool folder) {

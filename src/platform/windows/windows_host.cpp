@@ -34,6 +34,7 @@ WindowsHost::WindowsHost() {
   platform::desktop = &desktop_;
   platform::instance = &instance_;
   platform::network = &network_;
+  platform::trust = &trust_;
   platform::applicationFolder = ProgramFolder();
   userLocale = ReadUserLocale();
   platform::screen = ReadPrimaryScreen();

@@ -11,13 +11,14 @@
 #include "platform/windows/windows_network.h"
 #include "platform/windows/windows_registry.h"
 #include "platform/windows/windows_shell.h"
+#include "platform/windows/windows_trust.h"
 
 namespace tavix::windows {
 
 // Puts the running system behind the platform interfaces for as long as it lives: the registry with
 // HKEY_CLASSES_ROOT merged, files, shell, event logs, dialogs, desktop, network, other copies of the program,
-// the clock, the user's separators, the primary screen, the folder of the program. The event queue comes with
-// the window. One at a time, on the thread that uses it.
+// owners and rights, the clock, the user's separators, the primary screen, the folder of the program. The
+// event queue comes with the window. One at a time, on the thread that uses it.
 class WindowsHost {
  public:
   WindowsHost();
@@ -37,6 +38,7 @@ class WindowsHost {
   WindowsDesktop desktop_;
   WindowsInstance instance_;
   WindowsNetwork network_;
+  WindowsTrust trust_;
 };
 
 // The folder in which the running program lies.

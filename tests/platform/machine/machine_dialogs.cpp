@@ -7,12 +7,12 @@ namespace {
 
 using namespace platform;
 
-TEST(MachineDialogs, AnswerYesOrOkWhereNobodyCan) {
+TEST(MachineDialogs, AnswerYesAndDeclineOffersWhereNobodyCanAnswer) {
   Journal journal;
   MachineDialogs dialogs(journal);
   EXPECT_EQ(dialogs.MsgBox(u"Sure?", kYesNo + kQuestion), kYes);
   EXPECT_EQ(dialogs.MsgBox(u"Sure?", kYesNoCancel + kQuestion), kYes);
-  EXPECT_EQ(dialogs.MsgBox(u"Sure?", kOkCancel), kOk);
+  EXPECT_EQ(dialogs.MsgBox(u"Sure?", kOkCancel), kCancel);
   EXPECT_EQ(dialogs.MsgBox(u"So it is.", kInformation), kOk);
   EXPECT_FALSE(dialogs.InputBox(u"Name?", u""));
   EXPECT_FALSE(dialogs.BrowseForFolder(0, u"Where?"));

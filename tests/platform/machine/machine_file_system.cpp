@@ -125,12 +125,12 @@ TEST_F(MachineFiles, BesideDrivesAndProgramAreOutOfReach) {
 }
 
 TEST_F(MachineFiles, AreReadOnlyOnceOnlyWhereTheyStillAre) {
-  store.Root()->WriteFile(u"attributes.ini", "[Attributes]\nC:\\f\\gone=1\nC:\\f\\a=33\n");
+  store.Root()->WriteFile(u"attributes.ini", "[Attributes]\nC:\\f\\gone=1\nC:\\f\\a=2081\n");
   File({u"drives", u"C", u"f", u"a"});
   files.emplace(store, facts);
   EXPECT_FALSE(files->DeleteFolder(u"C:\\f", false));
   EXPECT_TRUE(files->SetAttributes(u"C:\\f\\a", platform::kHidden));
-  EXPECT_EQ(files->Look(u"C:\\f\\a")->attributes, 34U);
+  EXPECT_EQ(files->Look(u"C:\\f\\a")->attributes, 2050U);
   EXPECT_TRUE(files->DeleteFolder(u"C:\\f", false));
 }
 

@@ -9,6 +9,7 @@
 #include "platform/machine/memory_host.h"
 #include "platform/machine/scratch_folder.h"
 #include "platform/screen.h"
+#include "platform/trust.h"
 #include "text/number.h"
 
 namespace tavix::machine {
@@ -23,6 +24,7 @@ void ExpectNothingBound() {
   EXPECT_EQ(platform::desktop, nullptr);
   EXPECT_EQ(platform::instance, nullptr);
   EXPECT_EQ(platform::clock, nullptr);
+  EXPECT_EQ(platform::trust, nullptr);
   EXPECT_TRUE(platform::applicationFolder.empty());
   EXPECT_EQ(platform::screen.Width, 1024);
   EXPECT_EQ(userLocale.Decimal, u".");
@@ -55,6 +57,7 @@ TEST_F(MachineHostTest, PutsTheFolderBehindEveryInterfaceAndTakesItAway) {
     EXPECT_NE(platform::eventLogs->Open(u"System"), 0);
     EXPECT_NE(platform::dialogs, nullptr);
     EXPECT_NE(platform::desktop, nullptr);
+    EXPECT_NE(platform::trust, nullptr);
     EXPECT_FALSE(platform::instance->PreviousRuns());
     EXPECT_EQ(platform::clock->Now(), 1234);
     EXPECT_EQ(platform::screen.Width, 800);

@@ -151,9 +151,12 @@ TEST_F(FileFactsOfWindows, ListInTheOrderOfUpperCasedNames) {
 TEST_F(FileFactsOfWindows, ShowOnlyTheAttributesOfTheInterface) {
   const Text path = place.File(u"a");
   ASSERT_TRUE(SetFileAttributesW(Wide(path), FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN |
-                                                 FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE));
-  EXPECT_EQ(files.Look(path)->attributes, platform::kReadOnly | platform::kHidden | platform::kSystem);
-  ASSERT_TRUE(files.List(place.Path(), [](const auto& entry) { EXPECT_EQ(entry.attributes, 7U); }));
+                                                 FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE |
+                                                 FILE_ATTRIBUTE_NOT_CONTENT_INDEXED));
+  static constexpr uint32_t kShown =
+      platform::kReadOnly | platform::kHidden | platform::kSystem | platform::kArchive;
+  EXPECT_EQ(files.Look(path)->attributes, kShown);
+  ASSERT_TRUE(files.List(place.Path(), [](const auto& entry) { EXPECT_EQ(entry.attributes, kShown); }));
 }
 
 TEST_F(FileFactsOfWindows, AnEmptyFolderListsNothingAndAFileCantBeListed) {

@@ -1,0 +1,99 @@
+#include "platform/windows/access_list.h"
+
+#include <algorithm>
+
+#include "platform/windows/file_handle.h"
+
+namespace tavix::windows {
+namespace {
+
+constexpr ACCESS_MASK kChanging = FILE_WRITE_DATA | FILE_APPEND_DATA | FILE_WRITE_EA | FILE_DELETE_CHILD |
+                                  FILE_WRITE_ATTRIBUTES | DELETE | WRITE_DAC | WRITE_OWNER | GENERIC_WRITE |
+                                  GENERIC_ALL;
+
+}  // namespace
+
+std::optional<Identity> Identity::Of(PSID identity) {
+  if (identity == nullptr || !IsValidSid(identity)) return std::nullopt;
+  Identity copy;
+  const auto* const bytes = static_cast<const char*>(identity);
+  copy.bytes_.assign(bytes, bytes + GetLengthSid(identity));
+  return copy;
+}
+
+std::optional<Identity> Identity::ThisUser() {
+  FileHandle token;
+  if (!OpenProcessToken(GetCurrentProcess(), TOKEN_QUERY, token.Receive())) return std::nullopt;
+  alignas(TOKEN_USER) char room[sizeof(TOKEN_USER) + SECURITY_MAX_SID_SIZE];
+  DWORD length = 0;
+  if (!GetTokenInformation(token.Get(), TokenUser, room, sizeof(room), &length)) return std::nullopt;
+  return Of(reinterpret_cast<const TOKEN_USER*>(room)->User.Sid);
+}
+
+std::optional<Identity> Identity::WellKnown(WELL_KNOWN_SID_TYPE type) {
+  alignas(SID) char room[SECURITY_MAX_SID_SIZE];
+  DWORD length = sizeof(room);
+  return CreateWellKnownSid(type, nullptr, room, &length) ? Of(room) : std::nullopt;
+}
+
+std::optional<Security> Security::Read(HANDLE file) {
+  constexpr SECURITY_INFORMATION kWanted = OWNER_SECURITY_INFORMATION | DACL_SECURITY_INFORMATION;
+  Security security;
+  DWORD needed = 0;
+  GetKernelObjectSecurity(file, kWanted, nullptr, 0, &needed);
+  if (needed == 0) return std::nullopt;
+  security.bytes_.resize(needed);
+  char* const bytes = security.bytes_.data();
+  if (!GetKernelObjectSecurity(file, kWanted, bytes, needed, &needed)) return std::nullopt;
+  PSID owner = nullptr;
+  BOOL present = FALSE;
+  BOOL byDefault = FALSE;
+  if (!GetSecurityDescriptorOwner(bytes, &owner, &byDefault)) return std::nullopt;
+  if (!GetSecurityDescriptorDacl(bytes, &present, &security.list_, &byDefault)) return std::nullopt;
+  if (!present) security.list_ = nullptr;
+  security.owner = Identity::Of(owner);
+  return security;
+}
+
+bool Security::OthersMayChange(const std::vector<Identity>& except) const {
+  if (list_ == nullptr) return true;
+  std::vector<Identity> known = except;
+  for (const auto& each :
+       {owner, Identity::WellKnown(WinCreatorOwnerSid), Identity::WellKnown(WinCreatorOwnerRightsSid)}) {
+    if (each) known.push_back(*each);
+  }
+  for (DWORD i = 0; i < list_->AceCount; ++i) {
+    void* entry = nullptr;
+    if (!GetAce(list_, i, &entry)) return true;
+    const BYTE type = static_cast<const ACE_HEADER*>(entry)->AceType;
+    if (type == ACCESS_DENIED_ACE_TYPE) continue;
+    if (type != ACCESS_ALLOWED_ACE_TYPE) return true;
+    auto* const allowed = static_cast<ACCESS_ALLOWED_ACE*>(entry);
+    if ((allowed->Mask & kChanging) == 0) continue;
+    const std::optional<Identity> whom = Identity::Of(&allowed->SidStart);
+    if (!whom || std::ranges::find(known, *whom) == known.end()) return true;
+  }
+  return false;
+}
+
+bool SetAccessList(HANDLE file, bool folder, const std::vector<Identity>& full) {
+  const std::optional<Identity> users = Identity::WellKnown(WinBuiltinUsersSid);
+  if (!users) return false;
+  alignas(ACL) char room[1024];
+  const auto list = reinterpret_cast<PACL>(room);
+  const DWORD handedDown = folder ? OBJECT_INHERIT_ACE | CONTAINER_INHERIT_ACE : 0;
+  if (!InitializeAcl(list, sizeof(room), ACL_REVISION)) return false;
+  for (const Identity& each : full) {
+    if (!AddAccessAllowedAceEx(list, ACL_REVISION, handedDown, FILE_ALL_ACCESS, each.Get())) return false;
+  }
+  constexpr DWORD kReading = FILE_GENERIC_READ | FILE_GENERIC_EXECUTE;
+  if (!AddAccessAllowedAceEx(list, ACL_REVISION, handedDown, kReading, users->Get())) return false;
+  SECURITY_DESCRIPTOR descriptor;
+  return InitializeSecurityDescriptor(&descriptor, SECURITY_DESCRIPTOR_REVISION) &&
+         SetSecurityDescriptorDacl(&descriptor, TRUE, list, FALSE) &&
+         SetSecurityDescriptorControl(&descriptor, SE_DACL_PROTECTED, SE_DACL_PROTECTED) &&
+         SetKernelObjectSecurity(file, DACL_SECURITY_INFORMATION | PROTECTED_DACL_SECURITY_INFORMATION,
+                                 &descriptor);
+}
+
+}  // namespace tavix::windows

@@ -1,0 +1,164 @@
+#include "platform/windows/windows_trust.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "platform/windows/access_list.h"
+#include "platform/windows/file_facts.h"
+#include "platform/windows/file_handle.h"
+#include "platform/windows/shell_folders.h"
+#include "platform/windows/wide.h"
+#include "platform/windows/windows_path.h"
+
+namespace tavix::windows {
+namespace {
+
+constexpr int kWindows = 0x24;  // as CSIDL numbers folders
+constexpr int kPrograms = 0x26;
+constexpr int kPrograms32 = 0x2A;
+
+// What stands at the path, a link as itself.
+FileHandle OpenItself(TextView normal, DWORD access) {
+  return FileHandle(CreateFileW(Wide(ExtendedPath(normal)), access, kShareAll, nullptr, OPEN_EXISTING,
+                                FILE_FLAG_OPEN_REPARSE_POINT | FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+}
+
+bool IsMissing(DWORD error) { return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND; }
+
+bool KeepsOwners(HANDLE file) {
+  DWORD flags = 0;
+  return !GetVolumeInformationByHandleW(file, nullptr, 0, nullptr, nullptr, &flags, nullptr, 0) ||
+         (flags & FILE_PERSISTENT_ACLS) != 0;
+}
+
+// Whom the program's data may belong to.
+std::vector<Identity> Ours() {
+  std::vector<Identity> ours;
+  for (const auto& each : {Identity::ThisUser(), Identity::WellKnown(WinBuiltinAdministratorsSid),
+                           Identity::WellKnown(WinLocalSystemSid)}) {
+    if (each && std::ranges::find(ours, *each) == ours.end()) ours.push_back(*each);
+  }
+  return ours;
+}
+
+// Where a folder really lies. `error` tells why nothing is known.
+std::optional<Text> FinalPath(TextView normal, DWORD& error) {
+  const FileHandle folder(CreateFileW(Wide(ExtendedPath(normal)), FILE_READ_ATTRIBUTES, kShareAll, nullptr,
+                                      OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+  error = folder ? ERROR_SUCCESS : GetLastError();
+  if (!folder) return std::nullopt;
+  const DWORD needed = GetFinalPathNameByHandleW(folder.Get(), nullptr, 0, FILE_NAME_NORMALIZED);
+  Text found(needed, u'\0');
+  const DWORD length =
+      GetFinalPathNameByHandleW(folder.Get(), WideBuffer(found.data()), needed, FILE_NAME_NORMALIZED);
+  if (length == 0 || length >= needed) return std::nullopt;
+  found.resize(length);
+  return NormalPath(found);
+}
+
+// The same of the next folder above it where it is missing.
+std::optional<Text> FinalPathOfNearest(Text normal, DWORD& error) {
+  std::optional<Text> found = FinalPath(normal, error);
+  while (!found && IsMissing(error) && !IsRoot(normal)) {
+    normal = FolderOf(normal);
+    found = FinalPath(normal, error);
+  }
+  return found;
+}
+
+std::vector<Text> ProgramFolderIdentities() {
+  std::vector<Text> identities;
+  for (const int number : {kWindows, kPrograms, kPrograms32}) {
+    const std::optional<Text> path = FolderByNumber(number);
+    const std::optional<Text> normal = path ? NormalPath(*path) : std::nullopt;
+    if (const auto identity = normal ? ReadFolderIdentity(*normal) : std::nullopt) {
+      identities.push_back(*identity);
+    }
+  }
+  return identities;
+}
+
+}  // namespace
+
+bool WindowsTrust::Elevated() {
+  FileHandle token;
+  if (!OpenProcessToken(GetCurrentProcess(), TOKEN_QUERY, token.Receive())) return true;
+  TOKEN_ELEVATION elevation = {};
+  DWORD length = 0;
+  if (!GetTokenInformation(token.Get(), TokenElevation, &elevation, sizeof(elevation), &length)) return true;
+  if (elevation.TokenIsElevated != 0) return true;
+  // Where nobody is asked before a program gets more rights, an administrator has them all the time.
+  const std::optional<Identity> administrators = Identity::WellKnown(WinBuiltinAdministratorsSid);
+  BOOL member = FALSE;
+  return !administrators || !CheckTokenMembership(nullptr, administrators->Get(), &member) || member != FALSE;
+}
+
+bool WindowsTrust::OwnedByOthers(TextView path) {
+  const std::optional<Text> normal = NormalPath(path);
+  if (!normal) return false;
+  const FileHandle file = OpenItself(*normal, READ_CONTROL);
+  if (!file) return !IsMissing(GetLastError());
+  if (!KeepsOwners(file.Get())) return false;
+  const std::optional<Security> security = Security::Read(file.Get());
+  if (!security || !security->owner) return true;
+  const std::vector<Identity> ours = Ours();
+  return std::ranges::find(ours, *security->owner) == ours.end();
+}
+
+platform::Protection WindowsTrust::Protect(TextView path) {
+  using platform::Protection;
+  const std::optional<Text> normal = NormalPath(path);
+  const std::optional<Entry> entry = normal.and_then([](const Text& there) { return LookUp(there); });
+  if (!entry || entry->link) return Protection::Failed;
+  const FileHandle file = OpenItself(*normal, READ_CONTROL | WRITE_DAC | FILE_READ_ATTRIBUTES);
+  BY_HANDLE_FILE_INFORMATION facts;
+  if (!file || !GetFileInformationByHandle(file.Get(), &facts)) return Protection::Failed;
+  // One that has just been swapped in.
+  if ((facts.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0) return Protection::Failed;
+  const std::optional<Security> security =
+      KeepsOwners(file.Get()) ? Security::Read(file.Get()) : std::nullopt;
+  if (!security || !security->owner) return Protection::Failed;
+  std::vector<Identity> full = Ours();
+  if (std::ranges::find(full, *security->owner) == full.end()) full.push_back(*security->owner);
+  if (!security->OthersMayChange(full)) return Protection::Stood;
+  const bool folder = (facts.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+  return SetAccessList(file.Get(), folder, full) ? Protection::Set : Protection::Failed;
+}
+
+// By the identities of the folders on the real path: short names, letter case, links and other ways to the
+// same disk make no difference.
+bool WindowsTrust::LiesAmongPrograms(TextView folder) {
+  std::optional<Text> normal = NormalPath(folder);
+  if (!normal) return false;
+  DWORD error = ERROR_SUCCESS;
+  std::optional<Text> real = FinalPathOfNearest(*std::move(normal), error);
+  if (!real) return !IsMissing(error) && error != ERROR_NOT_READY;
+  const std::vector<Text> programs = ProgramFolderIdentities();
+  for (Text place = *std::move(real);; place = FolderOf(place)) {
+    const std::optional<Text> identity = ReadFolderIdentity(place);
+    if (identity && std::ranges::find(programs, *identity) != programs.end()) return true;
+    if (IsRoot(place)) return programs.empty();
+  }
+}
+
+bool WindowsTrust::Rename(TextView path, TextView name) {
+  const std::optional<Text> from = NormalPath(path);
+  if (!from || IsRoot(*from)) return false;
+  const Text to = PathIn(FolderOf(*from), name);
+  const std::optional<Entry> entry = LookUp(*from);
+  if (!entry || NormalPath(to) != to) return false;
+  const FileHandle file = OpenItself(*from, DELETE | FILE_READ_ATTRIBUTES | SYNCHRONIZE);
+  BY_HANDLE_FILE_INFORMATION facts;
+  if (!file || !GetFileInformationByHandle(file.Get(), &facts)) return false;
+  // Some systems open what a link leads to, whatever they are asked for.
+  if (entry->link && (facts.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) return false;
+  const Text target = ExtendedPath(to);
+  std::vector<char> room(sizeof(FILE_RENAME_INFO) + target.size() * sizeof(char16_t));
+  const auto info = reinterpret_cast<FILE_RENAME_INFO*>(room.data());
+  info->ReplaceIfExists = FALSE;
+  info->FileNameLength = static_cast<DWORD>(target.size() * sizeof(char16_t));
+  std::copy(target.begin(), target.end(), reinterpret_cast<char16_t*>(info->FileName));
+  return SetFileInformationByHandle(file.Get(), FileRenameInfo, info, static_cast<DWORD>(room.size())) != 0;
+}
+
+}  // namespace tavix::windows

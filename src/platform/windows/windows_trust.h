@@ -1,0 +1,18 @@
+#pragma once
+
+#include "platform/trust.h"
+
+namespace tavix::windows {
+
+// Owners, access lists and rights of the running system. A link is looked at and changed by a handle of its
+// own, so that nothing happens to what it leads to.
+class WindowsTrust : public platform::Trust {
+ public:
+  bool Elevated() override;
+  bool OwnedByOthers(TextView path) override;
+  platform::Protection Protect(TextView path) override;
+  bool LiesAmongPrograms(TextView folder) override;
+  bool Rename(TextView path, TextView name) override;
+};
+
+}  // namespace tavix::windows

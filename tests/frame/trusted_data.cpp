@@ -1,0 +1,370 @@
+#include "frame/trusted_data.h"
+
+#include <fstream>
+#include <iterator>
+
+#include "frame/data_paths.h"
+#include "frame/settings.h"
+#include "frame/start_up.h"
+#include "frame/support/file_system_object.h"
+#include "frame/support/ini_text.h"
+#include "frame/support/text_file.h"
+#include "junk/junk_definitions.h"
+#include "platform/application.h"
+#include "support/program_test.h"
+#include "support/source_folder.h"
+
+namespace tavix::mdlPubSelf {
+namespace {
+
+constexpr TextView kPlantedSettings =
+    u"[Duplicate Files]\nCommon Types=*.x\n[Cleaning Method]\nMethod=S\nBackup Folder=C:\\Program "
+    u"Files\\App\n";
+
+class TrustedData : public ProgramTest {
+ protected:
+  TrustedData() {
+    machine.files.AddFolder(u"C:\\");
+    machine.trust.keepsLists = true;
+  }
+  // A folder of somebody else with settings in it, and a link to it in the place of ours.
+  void PlantLink(TextView path, TextView target) {
+    machine.files.AddFile(Concat(target, u"\\tvx.dll"), {.content = Narrow(kPlantedSettings)});
+    machine.files.AddLink(path, target);
+  }
+  void PlantFile(TextView path) {
+    machine.files.AddFile(path, {.content = Narrow(kPlantedSettings)});
+    machine.trust.GiveToOthers(path);
+  }
+  // Everything below a folder with attributes and contents, links not gone into.
+  std::vector<std::string> Everything(TextView folder) {
+    std::vector<std::string> found;
+    machine.files.List(folder, [&](const platform::DirectoryEntry& entry) {
+      const Text path = Concat(folder, u"\\", entry.name);
+      std::string line =
+          Narrow(path) + " " + std::to_string(entry.attributes) + (entry.link ? " link " : " ");
+      if (!entry.folder) line += machine.files.ReadFile(path).value_or("unreadable");
+      found.push_back(line);
+      if (!entry.folder || entry.link) return;
+      const auto below = Everything(path);
+      found.insert(found.end(), below.begin(), below.end());
+    });
+    return found;
+  }
+  bool IsLink(TextView path) {
+    const auto facts = machine.files.Look(path);
+    return facts && facts->link;
+  }
+  // The texts of the message boxes, in order.
+  std::vector<std::string> Boxes() {
+    std::vector<std::string> boxes;
+    for (const auto& entry : machine.journal.Entries()) {
+      const std::string line = entry.Json();
+      if (line.find("\"op\":\"MsgBox\"") != std::string::npos) boxes.push_back(line);
+    }
+    return boxes;
+  }
+};
+
+TEST_F(TrustedData, ANameOnTheDataFoldersPathThatIsALinkEndsTheProgramUntouchedOnCancel) {
+  for (const TextView place : {kMakersFolder, kDataFolder, kSettingsFile, kBuiltInJunkFile, kUserJunkFile,
+                               kMarkerFile, kDuplicateFolder, kScannedFolder, kComparedFolder}) {
+    SCOPED_TRACE(Narrow(place));
+    machine.files.DeleteFolder(kMakersFolder, true);
+    machine.files.DeleteFolder(u"C:\\Victim", true);
+    PlantLink(place, u"C:\\Victim");
+    const auto before = Everything(u"C:");
+    machine.dialogs.answers = {platform::kCancel};
+    const size_t boxes = Boxes().size();
+    EXPECT_FALSE(Form_Load());
+    Form_Unload();
+    EXPECT_EQ(Everything(u"C:"), before);
+    ASSERT_EQ(Boxes().size(), boxes + 1);
+    EXPECT_NE(Boxes().back().find("\"style\":49"), std::string::npos) << Boxes().back();
+    EXPECT_EQ(CleaningMethod, u"") << "the planted settings were read";
+    EXPECT_TRUE(JunkTypes.empty());
+  }
+}
+
+TEST_F(TrustedData, OkPutsTheLinkAsideAloneAndStartsWithDefaults) {
+  for (const TextView place : {kMakersFolder, kDataFolder, kSettingsFile}) {
+    SCOPED_TRACE(Narrow(place));
+    machine.files.DeleteFolder(kMakersFolder, true);
+    machine.files.DeleteFolder(u"C:\\Victim", true);
+    PlantLink(place, u"C:\\Victim");
+    const auto before = Everything(u"C:\\Victim");
+    machine.dialogs.answers = {platform::kOk};
+    EXPECT_TRUE(Form_Load());
+    EXPECT_EQ(CleaningMethod, u"D");
+    Form_Unload();
+    EXPECT_EQ(Everything(u"C:\\Victim"), before);
+    EXPECT_TRUE(IsLink(Concat(place, u".aside")));
+    EXPECT_FALSE(IsLink(place));
+    EXPECT_TRUE(machine.files.FileExists(kSettingsFile));
+    machine.files.DeleteFolder(Concat(place, u".aside"), true);
+  }
+  EXPECT_EQ(Boxes().size(), 3U);
+}
+
+TEST_F(TrustedData, OneBoxNamesAllThatIsForeignAndNothingBelowIt) {
+  PlantLink(kDuplicateFolder, u"C:\\Victim");
+  PlantLink(kSettingsFile, u"C:\\Victim\\settings");
+  EXPECT_EQ(ForeignData(), (std::vector<Text>{Text(kSettingsFile), Text(kDuplicateFolder)}));
+  machine.dialogs.answers = {platform::kOk};
+  EXPECT_TRUE(Form_Load());
+  ASSERT_EQ(Boxes().size(), 1U);
+  EXPECT_NE(Boxes()[0].find("TVX\\\\tvx.dll\\r\\nC:\\\\MORVDataPath\\\\TVX\\\\DupeFiles\""),
+            std::string::npos)
+      << Boxes()[0];
+  EXPECT_TRUE(IsLink(Concat(kDuplicateFolder, u".aside")));
+  EXPECT_TRUE(IsLink(Concat(kSettingsFile, u".aside")));
+}
+
+TEST_F(TrustedData, ALinkToNothingCountsAsWell) {
+  machine.files.AddLink(kUserJunkFile, u"C:\\Victim\\new.txt");
+  EXPECT_EQ(ForeignData(), std::vector<Text>{Text(kUserJunkFile)});
+}
+
+TEST_F(TrustedData, WhatBelongsToAnotherUserCountsWhereTheProgramIsElevated) {
+  machine.trust.elevated = true;
+  for (const TextView place : {kMakersFolder, kDataFolder}) {
+    SCOPED_TRACE(Narrow(place));
+    machine.files.DeleteFolder(kMakersFolder, true);
+    machine.files.AddFile(kSettingsFile, {.content = Narrow(kPlantedSettings)});
+    machine.trust.GiveToOthers(place);
+    const auto before = Everything(u"C:");
+    machine.dialogs.answers = {platform::kCancel};
+    EXPECT_FALSE(Form_Load());
+    EXPECT_EQ(Everything(u"C:"), before);
+
+    machine.dialogs.answers = {platform::kOk};
+    EXPECT_TRUE(Form_Load());
+    EXPECT_EQ(CleaningMethod, u"D");
+    Form_Unload();
+    const TextView below = kSettingsFile.substr(place.size());
+    EXPECT_EQ(machine.files.ReadFile(Concat(place, u".aside", below)), Narrow(kPlantedSettings));
+    machine.files.DeleteFolder(Concat(place, u".aside"), true);
+  }
+}
+
+TEST_F(TrustedData, AFileThatSteersAndBelongsToAnotherUserIsPutAside) {
+  machine.trust.elevated = true;
+  PlantFile(kSettingsFile);
+  machine.dialogs.answers = {platform::kOk};
+  EXPECT_TRUE(Form_Load());
+  EXPECT_EQ(CleaningMethod, u"D");
+  EXPECT_EQ(machine.files.ReadFile(Concat(kSettingsFile, u".aside")), Narrow(kPlantedSettings));
+}
+
+TEST_F(TrustedData, WithoutAnAdministratorsRightsTheOwnerDoesNotCount) {
+  PlantFile(kSettingsFile);
+  machine.trust.GiveToOthers(kMakersFolder);
+  machine.trust.GiveToOthers(kDataFolder);
+  EXPECT_TRUE(Form_Load());
+  EXPECT_EQ(CleaningMethod, u"S");
+  EXPECT_TRUE(Boxes().empty());
+}
+
+TEST_F(TrustedData, TheScratchFoldersOwnerDoesNotCountSinceTheyAreOnlyEmptied) {
+  machine.trust.elevated = true;
+  machine.files.AddFile(Concat(kScannedFolder, u"\\A\\1"));
+  for (const TextView folder : {kDuplicateFolder, kScannedFolder}) machine.trust.GiveToOthers(folder);
+  EXPECT_TRUE(Form_Load());
+  EXPECT_TRUE(Boxes().empty());
+  EXPECT_FALSE(machine.files.FileExists(Concat(kScannedFolder, u"\\A\\1")));
+}
+
+TEST_F(TrustedData, TheNextFreeNameIsTakenWhereTheFirstIsnt) {
+  machine.files.AddFile(u"C:\\MORVDataPath.aside\\kept.txt");
+  machine.files.AddFile(u"C:\\MORVDataPath.aside.2");
+  PlantLink(kMakersFolder, u"C:\\Victim");
+  machine.dialogs.answers = {platform::kOk};
+  EXPECT_TRUE(Form_Load());
+  EXPECT_TRUE(IsLink(u"C:\\MORVDataPath.aside.3"));
+  EXPECT_TRUE(machine.files.FileExists(u"C:\\MORVDataPath.aside\\kept.txt"));
+}
+
+TEST_F(TrustedData, WhatCantBePutAsideEndsTheProgramWithAWord) {
+  PlantLink(kDataFolder, u"C:\\Victim");
+  machine.trust.refusesRename = true;
+  const auto before = Everything(u"C:");
+  machine.dialogs.answers = {platform::kOk};
+  EXPECT_FALSE(Form_Load());
+  EXPECT_EQ(Everything(u"C:"), before);
+  ASSERT_EQ(Boxes().size(), 2U);
+  EXPECT_NE(Boxes()[1].find("could not be given another name"), std::string::npos);
+}
+
+TEST_F(TrustedData, WithNobodyToAnswerTheProgramEnds) {
+  PlantLink(kDataFolder, u"C:\\Victim");
+  EXPECT_FALSE(Form_Load());
+  platform::dialogs = nullptr;
+  EXPECT_FALSE(Form_Load());
+}
+
+TEST_F(TrustedData, ALinkThatCameDuringTheRunIsNotWrittenThroughAtTheEnd) {
+  Start();
+  machine.files.DeleteFolder(kDataFolder, true);
+  PlantLink(kDataFolder, u"C:\\Victim");
+  const auto before = Everything(u"C:\\Victim");
+  Form_Unload();
+  EXPECT_EQ(Everything(u"C:\\Victim"), before);
+  EXPECT_TRUE(Boxes().empty());
+}
+
+TEST_F(TrustedData, TheFirstStartKeepsOthersFromWriting) {
+  Start();
+  for (const TextView folder : {kMakersFolder, kDataFolder, kDefaultBackupFolder}) {
+    EXPECT_TRUE(machine.trust.IsProtected(folder)) << Narrow(folder);
+  }
+}
+
+TEST_F(TrustedData, WhatStoodOpenIsClosedWithAllThatIsReadInIt) {
+  machine.files.AddFile(kSettingsFile, {.content = Narrow(kPlantedSettings)});
+  machine.files.AddFile(kUserJunkFile);
+  machine.files.AddFile(u"C:\\TVXBak\\saved.txt");
+  Start();
+  for (const TextView path : {kSettingsFile, kUserJunkFile, kDefaultBackupFolder}) {
+    EXPECT_TRUE(machine.trust.IsProtected(path)) << Narrow(path);
+  }
+  EXPECT_FALSE(machine.trust.IsProtected(u"C:\\TVXBak\\saved.txt"));
+  EXPECT_EQ(CleaningMethod, u"S") << "the settings stay";
+  EXPECT_TRUE(machine.files.FileExists(u"C:\\TVXBak\\saved.txt"));
+}
+
+TEST_F(TrustedData, OpenScratchFoldersAreMadeAnew) {
+  machine.files.AddFile(Concat(kScannedFolder, u"\\A\\planted"));
+  fileSystemObject = FileSystemObject(platform::fileSystem);
+  EXPECT_TRUE(ProtectData());
+  EXPECT_FALSE(machine.files.FolderExists(kDuplicateFolder));
+}
+
+TEST_F(TrustedData, WhatIsOpenInAClosedFolderIsClosed) {
+  machine.files.AddFile(kSettingsFile, {.content = Narrow(kPlantedSettings)});
+  for (const TextView folder : {kMakersFolder, kDataFolder}) {
+    ASSERT_EQ(machine.trust.Protect(folder), platform::Protection::Set);
+  }
+  Start();
+  EXPECT_TRUE(machine.trust.IsProtected(kSettingsFile));
+}
+
+TEST_F(TrustedData, WhatIsClosedStaysAsItIs) {
+  Start();
+  Form_Unload();
+  fileSystemObject = FileSystemObject(platform::fileSystem);
+  const auto before = Everything(u"C:");
+  EXPECT_FALSE(ProtectData());
+  EXPECT_EQ(Everything(u"C:"), before);
+}
+
+// Puts a link in the place of the settings just when the data folder is closed to others.
+struct PlantingTrust : machine::MemoryTrust {
+  using MemoryTrust::MemoryTrust;
+  platform::Protection Protect(TextView path) override {
+    const auto result = MemoryTrust::Protect(path);
+    if (path == kDataFolder && std::exchange(plant, false))
+      files->AddLink(kSettingsFile, u"C:\\Victim\\tvx.dll");
+    return result;
+  }
+  machine::MemoryFileSystem* files = nullptr;
+  bool plant = true;
+};
+
+TEST_F(TrustedData, WhatWasPlantedWhileTheFolderStillStoodOpenIsNoticed) {
+  machine.files.AddFile(u"C:\\Victim\\tvx.dll", {.content = Narrow(kPlantedSettings)});
+  PlantingTrust planting(machine.store, machine.files, machine.facts);
+  planting.files = &machine.files;
+  planting.keepsLists = true;
+  platform::trust = &planting;
+  EXPECT_FALSE(Form_Load());
+  EXPECT_EQ(Boxes().size(), 1U);
+  EXPECT_EQ(CleaningMethod, u"");
+}
+
+TEST_F(TrustedData, WithoutAnythingForeignNobodyIsAsked) {
+  machine.trust.elevated = true;
+  Start();
+  Form_Unload();
+  Start();
+  Form_Unload();
+  EXPECT_TRUE(Boxes().empty());
+}
+
+TEST_F(TrustedData, TheBoxHasTheCataloguesWordsAndOtherwiseTheSameInEnglish) {
+  std::ifstream file(SourceFolder() + "/res/lang/en/tips.dll", std::ios::binary);
+  const Text tips = DecodeTextFile(std::string(std::istreambuf_iterator<char>(file), {})).text;
+  PlantLink(kDataFolder, u"C:\\Victim");
+  machine.trust.refusesRename = true;
+  machine.dialogs.answers = {platform::kOk};
+  EXPECT_FALSE(Form_Load());
+  const std::vector<std::string> builtIn = Boxes();
+  ASSERT_EQ(builtIn.size(), 2U);
+  EXPECT_NE(builtIn[0].find(Narrow(*ReadIniValue(tips, u"Message & Text", u"DATA_FOREIGN"))),
+            std::string::npos);
+  EXPECT_NE(builtIn[1].find(Narrow(*ReadIniValue(tips, u"Message & Text", u"DATA_STAYS"))),
+            std::string::npos);
+
+  machine.files.AddFile(Concat(platform::applicationFolder, u"\\tips.dll"),
+                        {.content = "[Message & Text]\nDATA_FOREIGN=Was ist das?\n"});
+  EXPECT_FALSE(Form_Load());
+  EXPECT_NE(Boxes().back().find("\"text\":\"Was ist das?\\r\\n\\r\\nC:\\\\MORVDataPath\\\\TVX\""),
+            std::string::npos)
+      << Boxes().back();
+}
+
+class TrustedBackup : public TrustedData {
+ protected:
+  TrustedBackup() {
+    machine.facts.Set(u"Environment", u"WinDir", u"C:\\WINDOWS");
+    machine.facts.Set(u"Folders", u"38", u"C:\\Program Files");
+    machine.facts.Set(u"Folders", u"42", u"C:\\Program Files (x86)");
+    for (const TextView folder : {u"C:\\Windows", u"C:\\Program Files\\App", u"C:\\Program Files (x86)"}) {
+      machine.files.AddFolder(folder);
+    }
+    machine.trust.elevated = true;
+  }
+  bool Trusted(TextView folder) {
+    BackupFolder = folder;
+    return BackupFolderIsTrusted();
+  }
+};
+
+TEST_F(TrustedBackup, LiesNotAmongProgramsOrInWindows) {
+  for (const TextView folder :
+       {u"C:\\Windows", u"c:\\windows\\", u"C:\\WINDOWS\\System32", u"C:\\Program Files",
+        u"C:/program files/APP", u"C:\\Program Files\\App\\not there\\yet", u"C:\\Program Files (x86)\\x",
+        u"C:\\x\\..\\Windows\\Temp"}) {
+    EXPECT_FALSE(Trusted(folder)) << Narrow(folder);
+  }
+  for (const TextView folder : {u"C:\\TVXBak", u"C:\\", u"C:\\Windows2", u"C:\\Program Filesystem",
+                                u"D:\\Windows", u"", u"Windows", u"C:\\Users\\Windows"}) {
+    EXPECT_TRUE(Trusted(folder)) << Narrow(folder);
+  }
+}
+
+TEST_F(TrustedBackup, LeadsNotThereByALink) {
+  machine.files.AddLink(u"C:\\Bak", u"C:\\Program Files\\App");
+  machine.files.AddLink(u"C:\\Disk", u"C:\\");
+  EXPECT_FALSE(Trusted(u"C:\\Bak"));
+  EXPECT_FALSE(Trusted(u"C:\\Bak\\new"));
+  EXPECT_FALSE(Trusted(u"C:\\Disk\\Windows\\x"));
+  EXPECT_TRUE(Trusted(u"C:\\Disk\\x"));
+}
+
+TEST_F(TrustedBackup, LiesNotInAProgramFolderThatWasMovedByALink) {
+  machine.files.AddFolder(u"D:\\Programs\\App");
+  machine.files.DeleteFolder(u"C:\\Program Files", true);
+  machine.files.AddLink(u"C:\\Program Files", u"D:\\Programs");
+  EXPECT_FALSE(Trusted(u"D:\\Programs\\App"));
+  EXPECT_FALSE(Trusted(u"C:\\Program Files\\App"));
+}
+
+TEST_F(TrustedBackup, LiesWhereItLikesWithoutAnAdministratorsRights) {
+  machine.trust.elevated = false;
+  EXPECT_TRUE(Trusted(u"C:\\Windows"));
+  platform::trust = nullptr;
+  EXPECT_TRUE(Trusted(u"C:\\Windows"));
+}
+
+}  // namespace
+}  // namespace tavix::mdlPubSelf
