@@ -131,7 +131,7 @@ class Installing(unittest.TestCase):
         self.assertEqual(content(self.folder), INSTALLED)
 
     def test_into_another_folder_and_again_into_it(self):
-        setup = "Z:" + str(SETUP).replace("/", "\\")
+        setup = self.machine.tool(SETUP)
         self.run_as_typed(f'"{setup}" /S /D=C:\\Tools\\My Tavix')
         other = self.machine.drive_c / "Tools" / "My Tavix"
         self.assertEqual(content(other), INSTALLED)

@@ -11,6 +11,7 @@
 #include "platform/windows/wide.h"
 #include "platform/windows/windows_shell.h"
 #include "support/source_folder.h"
+#include "text/utf8.h"
 
 #include <shlobj.h>
 
@@ -123,7 +124,7 @@ bool Explains(Wine why, const Text& wines, const Text& ours) {
 }
 
 TEST_F(ShellLinkOfWindows, AgreesWithTheReaderOfOursButForKnownDifferences) {
-  const Text folder = FromHost(SourceFolder() + "/../shared/data/lnk");
+  const Text folder = *FromUtf8(SourceFolder() + "/../shared/data/lnk");
   std::vector<Text> names;
   files.List(folder, [&names](const platform::DirectoryEntry& entry) {
     if (entry.name.ends_with(u".lnk")) names.emplace_back(entry.name);
