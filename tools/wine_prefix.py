@@ -20,7 +20,10 @@ TOP = pathlib.Path(__file__).resolve().parent.parent
 WINE = TOP / "tools" / "wine"
 TEMPLATE = TOP / "build" / "wine" / "template"
 # Counts up with each change of how prefixes are made: older ones are made anew then.
-MAKE = 2
+MAKE = 3
+# Wine's chooser of folders offers those of this machine beside the drives, as long as this key is there.
+HOST_IN_CHOOSER = ("HKLM\\Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Desktop\\Namespace\\"
+                   "{9D20AAE8-0625-44B0-9CA7-71889C2254D9}")
 # What lies beside our programs and is looked for there.
 COMPANIONS = ("tips.dll", "menus.dll", "Help.chm", "res", "lang")
 # The folder of drive C: into which programs are copied.
@@ -95,8 +98,8 @@ def make_template():
     (TEMPLATE / "dosdevices" / "c:").symlink_to("../drive_c")
     settings = environment(TEMPLATE)
     settings.pop("DISPLAY", None)
-    subprocess.run([WINE, "wineboot", "--init"], env=settings, check=True, stdout=subprocess.DEVNULL,
-                   stderr=subprocess.DEVNULL)
+    for command in (("wineboot", "--init"), ("reg", "delete", HOST_IN_CHOOSER, "/f")):
+        subprocess.run([WINE, *command], env=settings, check=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
     subprocess.run(["wineserver", "-w"], env=settings, check=True)
     found = ways_out(TEMPLATE)
     if found:

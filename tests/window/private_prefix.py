@@ -86,6 +86,14 @@ class OfTheTests(Private):
                             "Empty Folders and Files", "--scope", drive, allowed=(status,))
         self.assert_has_no_way_out(machine.prefix)
 
+    def test_the_chooser_of_folders_offers_none_of_this_machine(self):
+        machine = driver.Machine()
+        self.addCleanup(machine.close)
+        above, _, key = wine_prefix.HOST_IN_CHOOSER.replace("HKLM", "HKEY_LOCAL_MACHINE").rpartition("\\")
+        offered = [name.upper() for name in machine.registry(above)]
+        self.assertGreater(len(offered), 1)
+        self.assertEqual([name for name in offered if name.endswith(key)], [])
+
     def test_an_update_by_wine_makes_none(self):
         prefix = self.prefix()
         subprocess.run([wine_prefix.WINE, "wineboot", "-u"], env={**os.environ, "WINEPREFIX": str(prefix)}, check=True,
