@@ -94,10 +94,14 @@ class OfTheTests(Private):
         self.assertGreater(len(offered), 1)
         self.assertEqual([name for name in offered if name.endswith(key)], [])
 
-    def test_an_update_by_wine_makes_none(self):
-        prefix = self.prefix()
-        subprocess.run([wine_prefix.WINE, "wineboot", "-u"], env={**os.environ, "WINEPREFIX": str(prefix)}, check=True,
-                       stderr=subprocess.DEVNULL)
+    def test_folders_that_a_clean_took_come_again_as_folders_and_not_as_links_into_the_home(self):
+        prefix, home = self.prefix(), self.folder()
+        user = next(entry for entry in (prefix / "drive_c" / "users").iterdir() if entry.name != "Public")
+        for name in ("Desktop", "Documents", "Downloads", "Music", "Pictures", "Videos"):
+            (home / name).mkdir()
+            (user / name).rmdir()
+        subprocess.run([wine_prefix.WINE, "wineboot", "-u"], check=True, stderr=subprocess.DEVNULL,
+                       env={**os.environ, "WINEPREFIX": str(prefix), "HOME": str(home)})
         self.assert_has_no_way_out(prefix)
 
     def test_an_older_prefix_is_made_anew(self):
