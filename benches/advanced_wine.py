@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 """The advanced scan under Wine, all six functions over 50,000 files, beside a bare recursion over the same tree:
-advanced_wine.py CONSOLE.EXE BARE_WALK.EXE PREFIX. The prefix gets the tree on its drive C. Prints processor seconds
-of program and Wine server together, the least of some runs, and the ratio with the start of each taken off."""
+advanced_wine.py CONSOLE.EXE BARE_WALK.EXE PREFIX. A private prefix is made in place of PREFIX, with the tree on its
+drive C. Prints processor seconds of program and Wine server together, the least of some runs, and the ratio with the
+start of each taken off."""
 import glob
 import os
 import pathlib
@@ -13,6 +14,9 @@ import tempfile
 import advanced_scan
 
 TOP = pathlib.Path(__file__).resolve().parents[1]
+sys.path.insert(0, str(TOP / "tools"))
+import wine_prefix
+
 FILES, RUNS = 50_000, 4
 TICKS = os.sysconf("SC_CLK_TCK")
 
@@ -30,18 +34,20 @@ def server_seconds(prefix):
 
 
 def main(console, bare, prefix):
+    wine_prefix.make(prefix)
+    console, bare = (wine_prefix.copy_program_in(prefix, program) for program in (console, bare))
     with tempfile.TemporaryDirectory(dir=prefix.parent) as folder:
         drive = advanced_scan.make_machine(pathlib.Path(folder) / "machine", FILES, 3)
         shutil.move(drive, prefix / "drive_c" / "Work")
     (prefix / "drive_c" / "Nothing").mkdir()
     (prefix / "drive_c" / "Nothing" / "file").write_text("x")
-    environment = {**os.environ, "WINEPREFIX": str(prefix)}
+    environment = wine_prefix.environment(prefix)
 
     def least(*command):
         times = []
         for _ in range(RUNS):
             before = server_seconds(prefix)
-            used = advanced_scan.processor_seconds([TOP / "tools" / "wine", *command], env=environment)
+            used = advanced_scan.processor_seconds(["wine", *command], env=environment, cwd=prefix / "drive_c")
             times.append(used + server_seconds(prefix) - before)
         return min(times)
 
@@ -52,7 +58,7 @@ def main(console, bare, prefix):
     scanned = scan("C:\\Work") - scan("C:\\Nothing")
     walked = least(bare, "C:\\Work") - least(bare, "C:\\Nothing")
     print(f"{FILES} files: {scanned:.2f} s, bare recursion {walked:.2f} s, ratio {scanned / walked:.2f}")
-    subprocess.run(["wineserver", "-k"], env=environment, check=False)
+    wine_prefix.stop(prefix)
 
 
 if __name__ == "__main__":

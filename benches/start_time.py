@@ -22,12 +22,10 @@ def main(build, runs):
 
     machine = driver.Machine()
     try:
-        programs = []
         for name in ("tavix.exe", "tavix-bare-window.exe"):
             # As they are released, without what debuggers need.
-            programs.append(str(machine.drive_c / name))
-            subprocess.run(["x86_64-w64-mingw32-strip", "-o", programs[-1], driver.BUILD / name], check=True)
-        command = (programs[0], "TavixMainWindow", programs[1], "TavixBareWindow")
+            subprocess.run(["x86_64-w64-mingw32-strip", "-o", machine.drive_c / name, driver.BUILD / name], check=True)
+        command = ("C:\\tavix.exe", "TavixMainWindow", "C:\\tavix-bare-window.exe", "TavixBareWindow")
 
         def timed(rounds):
             printed = machine.run(driver.BUILD / "tavix-start-time.exe", str(rounds), *command)

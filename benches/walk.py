@@ -3,7 +3,7 @@
 
     python3 benches/walk.py CONSOLE                    natively, over trees in memory
     python3 benches/walk.py --real CONSOLE             a copy of this machine's /usr: rows against `find`
-    python3 benches/walk.py --wine WINDOWS-BUILD       under Wine, over drive Z:, in the prefix of WINEPREFIX
+    python3 benches/walk.py --wine WINDOWS-BUILD       under Wine, over drive C: of a private prefix in memory
 """
 import argparse
 import json
@@ -66,12 +66,12 @@ def run(command, **options):
         return seconds, used.ru_maxrss * 1024, out.read()
 
 
-def alternating(commands, rounds=ROUNDS):
+def alternating(commands, rounds=ROUNDS, **options):
     """Median seconds of each command, run one after the other in each round."""
     seconds = {name: [] for name in commands}
     for _ in range(rounds):
         for name, command in commands.items():
-            seconds[name].append(run(command)[0])
+            seconds[name].append(run(command, **options)[0])
     return {name: statistics.median(times) for name, times in seconds.items()}
 
 
@@ -190,36 +190,36 @@ def real(console):
 
 def wine(build):
     """The whole of each program, its start taken off: that of a walk over an empty folder."""
-    top = pathlib.Path(__file__).resolve().parent.parent
-    runner = str(top / "tools/wine")
+    sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "tools"))
+    import wine_prefix
+
     limits = Limits()
     with tempfile.TemporaryDirectory(dir=PLACE, prefix="tavix-walk-") as place:
-        make_tree(os.path.join(place, "full"), 200_000)
-        os.mkdir(os.path.join(place, "empty"))
-
-        def temporary_folder():
-            listed = subprocess.run([runner, "reg", "query", r"HKCU\Environment", "/v", "TEMP"], check=True,
-                                    stdout=subprocess.PIPE, text=True).stdout
-            return listed.split("REG_", 1)[1].split(None, 1)[1].strip()
+        prefix = pathlib.Path(place, "prefix")
+        drive_c = prefix / "drive_c"
+        wine_prefix.make(prefix)
+        make_tree(str(drive_c / "full"), 200_000)
+        (drive_c / "empty").mkdir()
+        bare, program = (wine_prefix.copy_program_in(prefix, pathlib.Path(build, name))
+                         for name in ("bare-walk.exe", "tavix-console.exe"))
+        inside = {"env": wine_prefix.environment(prefix), "cwd": drive_c}
 
         def point_at(folder):
             for name in ("TEMP", "TMP"):
-                subprocess.run([runner, "reg", "add", r"HKCU\Environment", "/v", name, "/t", "REG_EXPAND_SZ", "/d",
-                                folder, "/f"], check=True, stdout=subprocess.DEVNULL)
+                subprocess.run(["wine", "reg", "add", r"HKCU\Environment", "/v", name, "/t", "REG_EXPAND_SZ", "/d",
+                                folder, "/f"], check=True, stdout=subprocess.DEVNULL, **inside)
 
-        console = [runner, os.path.join(build, "tavix-console.exe"), "--live", "--page", "system", "--function",
-                   "Temporary Files", "--json"]
+        console = ["wine", program, "--live", "--page", "system", "--function", "Temporary Files", "--json"]
         seconds = {}
-        old = temporary_folder()
         for folder in ("empty", "full"):
-            path = "Z:" + os.path.join(place, folder).replace("/", "\\")
+            path = "C:\\" + folder
             point_at(path)
-            peers = {"bare": [runner, os.path.join(build, "bare-walk.exe"), path], "console": console}
+            peers = {"bare": ["wine", bare, path], "console": console}
             if folder == "full":
-                peers["dir"] = [runner, "cmd", "/c", "dir", "/s", path]
-            times = alternating(peers, 3)
+                peers["dir"] = ["wine", "cmd", "/c", "dir", "/s", path]
+            times = alternating(peers, 3, **inside)
             seconds = {name: time - seconds.get(name, 0) for name, time in times.items()}
-        point_at(old)
+        wine_prefix.stop(prefix)
         for name, time in seconds.items():
             print(f"{name}, 200,000 files: {time:.2f} s")
         limits.show("Temporary Files under Wine to a bare walk", seconds["console"] / seconds["bare"], 1.5)

@@ -57,19 +57,3 @@ build() {
   shift
   cmake --build --preset "$shift_preset" "$@"
 }
-
-# An empty private Wine prefix at $1, copied from a template that is made once.
-make_prefix() {
-  template="$top/build/wine/template"
-  if [ ! -f "$template/ready" ]; then
-    rm -rf "$template"
-    mkdir -p "$template"
-    WINEPREFIX="$template" "$top/tools/wine" wineboot --init >/dev/null 2>&1
-    WINEPREFIX="$template" wineserver -w
-    # Folders of the user are links into the host's home: none of its files may be in reach.
-    find "$template/drive_c/users" -type l -exec sh -c 'rm "$1" && mkdir "$1"' _ {} \;
-    touch "$template/ready"
-  fi
-  mkdir -p "$(dirname "$1")"
-  cp -a "$template" "$1"
-}

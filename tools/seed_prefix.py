@@ -1,32 +1,22 @@
 #!/usr/bin/env python3
-"""Puts a machine folder's registry and drive C into a Wine prefix: seed_prefix.py MACHINE PREFIX
+"""Makes a private Wine prefix with a machine folder's registry and drive C in it: seed_prefix.py MACHINE PREFIX
 
 The profile of the machine's user becomes that of the prefix's user. Names are matched without regard to letter
-case, as Windows does. Files that the prefix has already stay. The user's folders that lead to those of the host are
-replaced by folders of the prefix's own."""
+case, as Windows does. Files that a fresh prefix has already stay."""
 import configparser
 import os
 import pathlib
 import shutil
 import subprocess
 import sys
-import tempfile
 
-TOP = pathlib.Path(__file__).resolve().parent.parent
+import wine_prefix
 
 
 def place(folder, name):
     """Where `name` stands in a folder, or would stand."""
     folded = name.casefold()
     return next((entry for entry in folder.iterdir() if entry.name.casefold() == folded), folder / name)
-
-
-def keep_to_itself(prefix):
-    """Gives the user folders of its own, where they lead to those of the host."""
-    for entry in (prefix / "drive_c" / "users").rglob("*"):
-        if entry.is_symlink():
-            entry.unlink()
-            entry.mkdir()
 
 
 def copy_tree(source, target, names):
@@ -52,27 +42,30 @@ def profiles(machine, prefix):
     return {machine / "drives" / "C" / "Users" / user: there[0]}
 
 
-def import_registry(machine, environment):
+def import_registry(machine, prefix):
+    file = prefix / "drive_c" / "seed.reg"
     for reg in sorted((machine / "registry").glob("*.reg"), key=lambda p: p.name.upper()):
         raw = reg.read_bytes()
         text = raw.decode("utf-16") if raw[:2] in (b"\xff\xfe", b"\xfe\xff") else raw.decode("utf-8-sig")
-        with tempfile.NamedTemporaryFile(suffix=".reg") as wide:
-            wide.write(text.replace("\r\n", "\n").replace("\n", "\r\n").encode("utf-16"))
-            wide.flush()
-            subprocess.run([TOP / "tools" / "wine", "regedit", "/S", "Z:" + wide.name.replace("/", "\\")],
-                           env=environment, check=True)
+        file.write_bytes(text.replace("\r\n", "\n").replace("\n", "\r\n").encode("utf-16"))
+        subprocess.run([wine_prefix.WINE, "regedit", "/S", wine_prefix.windows_path(prefix, file)],
+                       env=wine_prefix.environment(prefix), check=True)
+        file.unlink()
     # What was started without a display would keep programs that are started later from having one.
-    subprocess.run(["wineserver", "-k"], env=environment, check=False)
-    subprocess.run(["wineserver", "-w"], env=environment, check=False)
+    wine_prefix.stop(prefix)
 
 
-def main(machine, prefix):
-    import_registry(machine, {**os.environ, "WINEPREFIX": str(prefix)})
-    keep_to_itself(prefix)
+def make_seeded(machine, prefix):
+    """A fresh prefix with what the machine has, in place of an older one."""
+    wine_prefix.make(prefix)
+    # What is half seeded isn't taken for a prefix of the machine.
+    wine_prefix.unset_current(prefix)
+    import_registry(machine, prefix)
     drive = machine / "drives" / "C"
     if drive.is_dir():
         copy_tree(drive, prefix / "drive_c", profiles(machine, prefix))
+    wine_prefix.set_current(prefix)
 
 
 if __name__ == "__main__":
-    main(pathlib.Path(sys.argv[1]).resolve(), pathlib.Path(sys.argv[2]).resolve())
+    make_seeded(pathlib.Path(sys.argv[1]).resolve(), pathlib.Path(sys.argv[2]).resolve())

@@ -37,8 +37,9 @@ class WindowsStage : public FileSystemStage {
   bool KeepsArchiveBit() override { return !windows::IsWine(); }
   bool RenamesLinks() override { return !windows::IsWine(); }
   Text OtherVolume() override {
-    const Text folder = Concat(u"Z:\\dev\\shm\\Tavix Contract ", ToText(GetCurrentProcessId()));
-    if (windows::IsWine() && otherVolume_.empty() && files_.CreateFolder(folder)) otherVolume_ = folder;
+    const Text other = windows::OtherVolume();
+    const Text folder = other.empty() ? Text() : Concat(other, u"\\Tavix Contract");
+    if (otherVolume_.empty() && !folder.empty() && files_.CreateFolder(folder)) otherVolume_ = folder;
     return otherVolume_;
   }
 

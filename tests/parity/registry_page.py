@@ -2,7 +2,7 @@
 
 The native side sees the files of drive C through hard links. Files that are on one side alone (the console itself and
 what the two runs make) are named by no registry. Wine shows a folder's content in any letter case, as the machine
-folder does; drive Z: is taken away on one side and never there on the other."""
+folder does; neither side has another drive."""
 import collections
 import pathlib
 import tempfile

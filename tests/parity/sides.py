@@ -29,7 +29,7 @@ def native_console():
 
 
 class Live:
-    """A prefix with nothing of the host in reach, the console in it."""
+    """A private prefix, the console in it."""
 
     CONSOLE = "C:\\tavix-console.exe"
 
@@ -38,7 +38,6 @@ class Live:
         self.machine = driver.Machine()
         self.drive_c = self.machine.drive_c
         shutil.copy(driver.BUILD / "tavix-console.exe", self.drive_c)
-        (self.machine.prefix / "dosdevices" / "z:").unlink()
         users = self.drive_c / "users"
         self.user = next(entry.name for entry in users.iterdir() if entry.name != "Public")
         self.machine.environment["TZ"] = zone

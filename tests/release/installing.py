@@ -143,7 +143,7 @@ class Installing(unittest.TestCase):
         self.assertEqual(elsewhere.stat().st_mode & 0o777, 0o777)
 
     def test_into_another_folder_and_again_into_it(self):
-        setup = "Z:" + str(SETUP).replace("/", "\\")
+        setup = self.machine.tool(SETUP)
         self.run_as_typed(f'"{setup}" /S /D=C:\\Tools\\My Tavix')
         other = self.machine.drive_c / "Tools" / "My Tavix"
         self.assertEqual(content(other), INSTALLED)

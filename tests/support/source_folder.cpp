@@ -1,7 +1,12 @@
 #include "support/source_folder.h"
 
+#include <cstdlib>
+
 namespace tavix {
 
-std::string SourceFolder() { return TAVIX_SOURCE_DIR; }
+std::string SourceFolder() {
+  const char* copy = std::getenv("TAVIX_SOURCES");
+  return copy != nullptr ? copy : TAVIX_SOURCE_DIR;
+}
 
 }  // namespace tavix

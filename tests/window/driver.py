@@ -4,7 +4,6 @@ through window messages.
 TAVIX_BUILD names the build folder with the programs. Prefixes, displays and screenshots are made below
 <build>/window.
 """
-import fcntl
 import json
 import os
 import pathlib
@@ -16,12 +15,15 @@ import tempfile
 import time
 
 SOURCE = pathlib.Path(__file__).resolve().parents[2]
-sys.path.insert(0, str(SOURCE / "tests" / "support"))
+sys.path[:0] = [str(SOURCE / "tests" / "support"), str(SOURCE / "tools")]
 import registry_text
+import wine_prefix
 BUILD = pathlib.Path(os.environ["TAVIX_BUILD"]).resolve()
 WORK = BUILD / "window"
 READER = BUILD / "tavix-list-reader.exe"
-WINE = SOURCE / "tools" / "wine"
+WINE = wine_prefix.WINE
+# The folder of drive C: for the programs that a test runs beside the window.
+TESTS = "Tests"
 START_SECONDS = 60
 ANSWER_SECONDS = 30
 
@@ -53,32 +55,6 @@ def wait_for(what, condition, seconds=ANSWER_SECONDS):
 
 def environment(prefix, display):
     return {**os.environ, "WINEPREFIX": str(prefix), "DISPLAY": display}
-
-
-def template_prefix(display):
-    """A fresh prefix, made once per build folder and only copied after that."""
-    WORK.mkdir(parents=True, exist_ok=True)
-    template = WORK / "template"
-    with open(WORK / "template.lock", "w", encoding="ascii") as lock:
-        fcntl.flock(lock, fcntl.LOCK_EX)
-        if not (template / "ready").exists():
-            shutil.rmtree(template, ignore_errors=True)
-            template.mkdir()
-            settings = environment(template, display)
-            subprocess.run([WINE, "wineboot", "-i"], env=settings, check=True, stdout=subprocess.DEVNULL,
-                           stderr=subprocess.DEVNULL)
-            subprocess.run(["wineserver", "-w"], env=settings, check=True)
-            keep_to_itself(template)
-            (template / "ready").touch()
-    return template
-
-
-def keep_to_itself(prefix):
-    """Gives the user folders of its own, where they lead to those of the host."""
-    for entry in (prefix / "drive_c" / "users").rglob("*"):
-        if entry.is_symlink():
-            entry.unlink()
-            entry.mkdir()
 
 
 def stand_in():
@@ -114,41 +90,53 @@ class Display:
 
 
 class Machine:
-    """A Windows machine: a copy of the template prefix on a display."""
+    """A Windows machine: a private prefix on a display."""
 
     def __init__(self, size="1024x768"):
-        self.display = Display(size)
-        template = template_prefix(self.display.name)
-        self.prefix = pathlib.Path(tempfile.mkdtemp(prefix="prefix-", dir=WORK))
-        subprocess.run(["cp", "-a", f"{template}/.", self.prefix], check=True)
-        self.environment = environment(self.prefix, self.display.name)
-        self.drive_c = self.prefix / "drive_c"
+        WORK.mkdir(parents=True, exist_ok=True)
+        prefix = pathlib.Path(tempfile.mkdtemp(prefix="prefix-", dir=WORK))
+        wine_prefix.make(prefix)
+        self._open(prefix, size)
 
     @classmethod
     def on(cls, prefix, size):
         """The machine of a prefix that stays when it is left."""
         machine = cls.__new__(cls)
-        machine.display = Display(size)
-        machine.prefix = prefix
-        machine.environment = environment(prefix, machine.display.name)
-        machine.drive_c = prefix / "drive_c"
+        machine._open(prefix, size)
         return machine
 
+    def _open(self, prefix, size):
+        self.display = Display(size)
+        self.prefix = prefix
+        self.environment = environment(prefix, self.display.name)
+        self.drive_c = prefix / "drive_c"
+        self._tools = {}
+
     def leave(self):
-        subprocess.run(["wineserver", "-k"], env=self.environment, check=False)
-        subprocess.run(["wineserver", "-w"], env=self.environment, check=False)
+        wine_prefix.stop(self.prefix)
         self.display.close()
 
     def close(self):
         self.leave()
-        for folder in (self.prefix, f"{self.prefix}.tavix-data"):
-            shutil.rmtree(folder, ignore_errors=True)
+        wine_prefix.remove(self.prefix)
+
+    def tool(self, program):
+        """The path on drive C: of a program of this machine, which is copied there when it is asked for first."""
+        if program not in self._tools:
+            self._tools[program] = wine_prefix.copy_program_in(self.prefix, program, TESTS)
+        return self._tools[program]
 
     def run(self, *command, allowed=(0,)):
-        """Runs a Windows program to its end; what it printed. None for another exit status than 0 that is allowed."""
+        """Runs a Windows program to its end; what it printed. None for another exit status than 0 that is allowed. A
+        program of this machine is copied into the prefix."""
+        program, *arguments = command
+        is_ours = isinstance(program, pathlib.Path)
+        if is_ours:
+            program = wine_prefix.windows_path(self.prefix, program) or self.tool(program)
+        command = (program, *arguments)
         status, output, errors = self._run_once(command)
         # Seldom one of Wine's own tools ends with 1 and without a word. Our programs have no second try.
-        if status == 1 and not output and not errors and os.sep not in str(command[0]):
+        if status == 1 and not output and not errors and not is_ours:
             status, output, errors = self._run_once(command)
         if status not in allowed:
             raise AssertionError(f"{command} gave {status}:\n{(output + errors).decode(errors='replace')}")

@@ -173,9 +173,9 @@ class OptionsCase(SeededMachine):
         return driver.wait_for("a box", self.box)
 
     def choose_documents(self):
-        """Chooses the third folder that the chooser offers, which Wine gives with a separator at its end."""
+        """Chooses the second folder that the chooser offers, which Wine gives with a separator at its end."""
         self.wait_for_box()
-        self.key("Down", "Down", "Return")
+        self.key("Down", "Return")
         user = next(f for f in (self.machine.drive_c / "users").iterdir() if f.name != "Public")
         return f"C:\\users\\{user.name}\\Documents\\"
 

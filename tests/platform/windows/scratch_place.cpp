@@ -7,6 +7,7 @@
 
 #include "platform/windows/file_handle.h"
 #include "platform/windows/wide.h"
+#include "platform/windows/windows_path.h"
 #include "text/utf8.h"
 
 #include <winioctl.h>
@@ -14,7 +15,23 @@
 namespace tavix::windows {
 namespace {
 
-Text Extended(TextView path) { return Concat(u"\\\\?\\", path); }
+Text Extended(TextView path) {
+  return path.starts_with(u"\\\\") ? ExtendedPath(path) : Concat(u"\\\\?\\", path);
+}
+
+// The path that Extended() makes a file of the host: "/a/b" is "unix\a\b". No drive leads there, and no path
+// that Tavix takes for one.
+Text OnHost(TextView path) {
+  Text found = Concat(u"unix", path);
+  std::replace(found.begin(), found.end(), u'/', u'\\');
+  return found;
+}
+
+Text FromEnvironment(const wchar_t* name) {
+  wchar_t value[1024] = L"";
+  GetEnvironmentVariableW(name, value, 1024);
+  return FromWide(value);
+}
 
 // A junction is a folder with a reparse point that has the target in the form of the system and in one to
 // show.
@@ -61,7 +78,7 @@ bool RunOnHost(TextView program, TextView arguments, const Text& path, bool come
   STARTUPINFOW start = {};
   start.cb = sizeof(start);
   PROCESS_INFORMATION process = {};
-  const Text file = Concat(u"Z:\\bin\\", program);
+  const Text file = Extended(OnHost(Concat(u"/bin/", program)));
   Text line = Concat(program, u" ", arguments);
   if (!CreateProcessW(Wide(file), WideBuffer(line.data()), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
                       &start, &process))
@@ -200,11 +217,7 @@ bool IsWine() { return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_
 
 namespace {
 
-Text PlaceOfBin() {
-  wchar_t place[1024] = L"";
-  GetEnvironmentVariableW(L"XDG_DATA_HOME", place, 1024);
-  return FromWide(place);
-}
+Text PlaceOfBin() { return FromEnvironment(L"XDG_DATA_HOME"); }
 
 }  // namespace
 
@@ -212,14 +225,15 @@ bool HasBinOfItsOwn() { return IsWine() && PlaceOfBin().ends_with(u".tavix-data"
 
 void ClearBin() {
   if (!HasBinOfItsOwn()) return;
-  WindowsFileSystem files;
   for (const TextView part : {u"/Trash/files", u"/Trash/info"}) {
-    const Text folder = FromHost(ToUtf8(Concat(PlaceOfBin(), part)));
-    if (files.FolderExists(folder) != true) continue;
-    EXPECT_TRUE(files.DeleteFolder(folder, true));
-    EXPECT_TRUE(files.CreateFolder(folder));
+    const Text folder = OnHost(Concat(PlaceOfBin(), part));
+    if (AttributesOf(folder) == INVALID_FILE_ATTRIBUTES) continue;
+    RemoveAll(folder);
+    EXPECT_TRUE(CreateDirectoryW(Wide(Extended(folder)), nullptr));
   }
 }
+
+Text OtherVolume() { return FromEnvironment(L"TAVIX_OTHER_VOLUME"); }
 
 DWORD AttributesOf(TextView path) { return GetFileAttributesW(Wide(Extended(path))); }
 
@@ -232,12 +246,6 @@ std::string ContentOf(TextView path) {
   ReadFile(file.Get(), content.data(), static_cast<DWORD>(content.size()), &count, nullptr);
   content.resize(count);
   return content;
-}
-
-Text FromHost(std::string_view path) {
-  Text found = FromUtf8(path).value_or(Text());
-  std::replace(found.begin(), found.end(), u'/', u'\\');
-  return found.starts_with(u'\\') ? Concat(u"Z:", found) : found;
 }
 
 }  // namespace tavix::windows

@@ -50,7 +50,7 @@ void ClearBin();
 // What the system itself says, without the code under test.
 DWORD AttributesOf(TextView path);
 std::string ContentOf(TextView path);
-// A path of the host as a path of the system: "/a/b" is "Z:\a\b" under Wine.
-Text FromHost(std::string_view path);
+// A folder on another volume, which may be filled; empty if the tests were given none.
+Text OtherVolume();
 
 }  // namespace tavix::windows

@@ -162,8 +162,9 @@ TEST_F(FilesOfWindows, AFailedMoveByCopyLeavesTheSourceAndNoCopy) {
 }
 
 TEST_F(FilesOfWindows, MovesAcrossVolumes) {
-  const Text folder = Concat(u"Z:\\dev\\shm\\tavix-", ToText(GetCurrentProcessId()));
-  if (!IsWine() || !files.CreateFolder(folder)) GTEST_SKIP() << "no second volume";
+  if (OtherVolume().empty()) GTEST_SKIP() << "no second volume";
+  const Text folder = Concat(OtherVolume(), u"\\moved");
+  ASSERT_TRUE(files.CreateFolder(folder));
   const Text file = place.File(u"file");
   const Text there = folder + u"\\file";
   ASSERT_FALSE(MoveFileExW(Wide(file), Wide(there), 0));
@@ -186,6 +187,10 @@ TEST_F(FilesOfWindows, DrivesStandInTheOrderOfTheirLetters) {
     EXPECT_TRUE(drives[i].ready || drives[i].volumeName.empty());
   }
   EXPECT_TRUE(c);
+  // Nothing of the host is in the reach of what runs under Wine here.
+  if (IsWine()) {
+    EXPECT_EQ(drives.size(), 1U);
+  }
 }
 
 TEST(DriveType, IsNumberedAsTheInterfaceHasIt) {

@@ -56,6 +56,7 @@ TEST(NormalPath, RefusesWhatIsNoPathOfAFile) {
       u"\\\\?\\a",
       u"\\\\?\\",
       u"\\\\?\\\\\\?\\C:\\a",
+      u"\\\\?\\unix\\a",  // a file of the host, as Wine names it
   };
   for (const TextView path : kRefused)
     EXPECT_EQ(NormalPath(path), std::nullopt) << testing::PrintToString(path);
