@@ -2,6 +2,7 @@
 #include <memory>
 #include <string>
 
+#include "console/lack_of_memory.h"
 #include "console/live.h"
 #include "console/options.h"
 #include "console/session.h"
@@ -59,6 +60,7 @@ int RunOverSystem(const console::Options& options) {
 }  // namespace
 
 int main(int count, char** values) {
+  console::EndForLackOfMemory(kNoMachine);
   std::string error;
   const auto options = console::ReadOptions(console::Arguments(count, values), error);
   if (!options) return Fail(kWrongArguments, error);

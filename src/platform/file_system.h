@@ -123,6 +123,12 @@ class FileSystem {
   // Read-only, hidden and system; the other attributes stay.
   virtual bool SetAttributes(TextView path, uint32_t attributes) = 0;
 
+  // Takes away what writing and moving files into the folder left there when an earlier run was killed:
+  // ordinary files with the very names that these calls make, which no running copy of the program can be
+  // at work on. Everything else stays, and what lies below is not looked at. Does nothing where the folder is
+  // missing or can't be read, or lies on another computer, which might let the caller wait.
+  virtual void RemoveTemporaries(TextView folder) = 0;
+
   // In the order of their letters.
   virtual std::vector<Drive> Drives() = 0;
 };

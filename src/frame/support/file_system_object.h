@@ -76,6 +76,8 @@ class FileSystemObject {
   void MoveFile(TextView source, TextView destination) const;
   // Read-only, hidden and system, added up.
   void SetAttributes(TextView path, uint32_t attributes) const;
+  // As platform::FileSystem::RemoveTemporaries.
+  void RemoveTemporaries(TextView folder) const;
   std::vector<platform::Drive> Drives() const;
 
  private:

@@ -218,6 +218,8 @@ class HostFolder : public StoreFolder {
     return true;
   }
 
+  void RemoveTemporaries() override { RemoveHostTemporaries(Get()); }
+
  private:
   int Get() const { return folder_->Get(); }
 

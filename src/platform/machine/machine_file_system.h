@@ -33,6 +33,7 @@ class MachineFileSystem : public platform::FileSystem {
   bool DeleteFolder(TextView path, bool force) override;
   bool MoveFile(TextView source, TextView destination) override;
   bool SetAttributes(TextView path, uint32_t attributes) override;
+  void RemoveTemporaries(TextView folder) override;
   std::vector<platform::Drive> Drives() override;
 
   // Moves a file, folder or link into the bin. Not the root of a drive.

@@ -11,6 +11,7 @@
 #include "platform/machine/machine_instance.h"
 #include "platform/machine/machine_network.h"
 #include "platform/machine/machine_shell.h"
+#include "platform/machine/recycle_bin.h"
 #include "platform/merged_registry.h"
 
 namespace tavix::machine {
@@ -53,6 +54,11 @@ std::unique_ptr<MachineHost> MachineHost::Open(const std::filesystem::path& fold
   if (store == nullptr) {
     error = "the machine folder can't be read";
     return nullptr;
+  }
+  // What a killed run left where only the machine itself writes.
+  if (const auto root = store->Root()) {
+    root->RemoveTemporaries();
+    if (const auto bin = root->Open(kRecycleFolder)) bin->RemoveTemporaries();
   }
   auto parts = std::make_unique<Parts>(std::move(opened), std::move(store), std::move(instance));
   if (now) parts->standingClock.Set(*now);
