@@ -38,6 +38,8 @@ class MachineFileSystem : public platform::FileSystem {
 
   // Moves a file, folder or link into the bin. Not the root of a drive.
   bool Recycle(TextView path, RecycleBin& bin);
+  // Whether the attributes in the store, where it has any, could be read.
+  bool Readable() const { return attributes_.Readable(); }
   // Writes the attributes to the store if they changed.
   bool Save() { return !attributes_.Changed() || attributes_.Save(); }
 

@@ -61,6 +61,10 @@ std::unique_ptr<MachineHost> MachineHost::Open(const std::filesystem::path& fold
     if (const auto bin = root->Open(kRecycleFolder)) bin->RemoveTemporaries();
   }
   auto parts = std::make_unique<Parts>(std::move(opened), std::move(store), std::move(instance));
+  if (!parts->files.Readable()) {
+    error = "attributes.ini: can't be read";
+    return nullptr;
+  }
   if (now) parts->standingClock.Set(*now);
   platform::clock = now ? static_cast<platform::Clock*>(&parts->standingClock) : &parts->hostClock;
   return std::unique_ptr<MachineHost>(new MachineHost(std::move(parts)));
