@@ -9,7 +9,7 @@ from machine_case import CONSOLE, Machine, run
 # The sanitizers need more address space than any limit leaves.
 SANITIZED = b"__asan_init" in pathlib.Path(CONSOLE).read_bytes()
 
-FILES = 400
+FILES = 200
 
 
 class TooLarge(Machine):
@@ -71,8 +71,8 @@ class LackOfMemory(Machine):
             middle = (low + high) // 2
             low, high = (low, middle) if self.clean_with(middle) == 0 else (middle, high)
         ended = 0
-        for step in range(1, 60):
-            status = self.clean_with(high - step * 16384)
+        for step in range(1, 31):
+            status = self.clean_with(high - step * 32768)
             self.assertIn(status, (0, 3), step)
             ended += status == 3
             for number in range(FILES):
@@ -81,7 +81,7 @@ class LackOfMemory(Machine):
                 self.assertEqual(found, [f"log {number}" * 50])
             self.assertEqual(len(self.scan("--function", "iertu")[0]), FILES)
             self.assertEqual([str(p) for p in self.folder.rglob(".tavix:*")], [])
-        self.assertGreater(ended, 50)
+        self.assertGreater(ended, 25)
 
 
 if __name__ == "__main__":
