@@ -55,8 +55,9 @@ void ScanNames(const RegistryList& list, TextView key, TextView folded, TextView
 }
 
 void ScanValues(const RegistryList& list, TextView key, TextView folded, RegistryLookups& lookups) {
-  VisitFoldedValues(
-      folded, [&](TextView name, TextView data) { ScanEntry({list, key, name, data, lookups}); });
+  VisitFoldedValues(folded, [&](TextView name, TextView data) {
+    ScanEntry({list, key, name, data, lookups});
+  });
 }
 
 void ScanKey(const RegistryList& list, TextView key, RegistryLookups& lookups) {

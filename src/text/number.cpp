@@ -14,7 +14,8 @@ struct Digits {
 };
 
 // 15 significant digits, as many as a double holds for sure, so that 0.15 is seen as 0.15 and not as the
-// binary fraction next to it; times ten to the power of `shift`; then cut to `decimals`, halves away from zero.
+// binary fraction next to it; times ten to the power of `shift`; then cut to `decimals`, halves away from
+// zero.
 Digits RoundedDigits(double magnitude, size_t decimals, int shift = 0) {
   char buffer[32];
   const auto end =

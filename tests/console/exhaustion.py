@@ -2,6 +2,7 @@
 import pathlib
 import resource
 import shutil
+import subprocess
 import unittest
 
 from machine_case import CONSOLE, Machine, run
@@ -10,6 +11,17 @@ from machine_case import CONSOLE, Machine, run
 SANITIZED = b"__asan_init" in pathlib.Path(CONSOLE).read_bytes()
 
 FILES = 200
+
+
+class OddPath(Machine):
+    def test_half_a_character_is_refused(self):
+        for path in (b"\xed\xa0\x80", b"a\xed\xb0\x80b", b"\xff"):
+            self.assertEqual(self.refused_bytes(path), "tavix-console: --machine is no UTF-8 text")
+
+    def refused_bytes(self, path):
+        done = subprocess.run([CONSOLE, b"--machine", path], capture_output=True, timeout=300)
+        self.assertEqual((done.returncode, done.stdout), (2, b""), done)
+        return done.stderr.decode().rstrip("\n")
 
 
 class TooLarge(Machine):

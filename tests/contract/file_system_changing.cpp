@@ -43,7 +43,8 @@ TEST_P(FileSystemContract, WritesTheWholeContent) {
 }
 
 TEST_P(FileSystemContract, TakesAwayNoFileThatAnybodyElseMayHaveMadeAsATemporaryOne) {
-  for (const TextView name : {u"a", u"~tvx", u"~tvx.tmp", u"~tvx1.tmp", u"~tvx1-x.tmp", u"b.tmp"}) Write(name);
+  for (const TextView name : {u"a", u"~tvx", u"~tvx.tmp", u"~tvx1.tmp", u"~tvx1-x.tmp", u"b.tmp"})
+    Write(name);
   Make(u"~tvx1-1.tmp");
   Write(u"~tvx1-1.tmp\\a");
   const std::string before = Everything();

@@ -10,7 +10,8 @@ using namespace tavix;
 using namespace tavix::mdlPubSelf;
 
 bool LiesIn(TextView part, TextView whole) {
-  return part.empty() || (part.data() >= whole.data() && part.data() + part.size() <= whole.data() + whole.size());
+  return part.empty() ||
+         (part.data() >= whole.data() && part.data() + part.size() <= whole.data() + whole.size());
 }
 
 void CheckTarget(TextView payload) {

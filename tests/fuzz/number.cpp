@@ -20,7 +20,8 @@ bool IsNear(double shown, double number) {
 void CheckFormats(double number) {
   const Text percent = FormatPercent(number);
   Require(percent.empty() == !std::isfinite(number) && (percent.empty() || percent.ends_with(u'%')));
-  if (std::isfinite(number)) Require(std::fabs(RoundToTenth(number) - number) <= std::fabs(number) * 1e-15 + 0.05);
+  if (std::isfinite(number))
+    Require(std::fabs(RoundToTenth(number) - number) <= std::fabs(number) * 1e-15 + 0.05);
   const auto whole = ToInteger16(number);
   Require(!whole || std::fabs(*whole - number) <= 0.5);
   if (!std::isfinite(number)) {

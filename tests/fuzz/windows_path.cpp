@@ -29,7 +29,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   Text wide(size / sizeof(char16_t), u'\0');
   std::memcpy(wide.data(), data, wide.size() * sizeof(char16_t));
   const Text narrow(data, data + size);
-  for (const Text& text : {wide, narrow, u"c:/" + narrow, u"\\\\server\\share\\" + narrow, u"\\\\?\\" + narrow}) {
+  for (const Text& text :
+       {wide, narrow, u"c:/" + narrow, u"\\\\server\\share\\" + narrow, u"\\\\?\\" + narrow}) {
     Check(text);
   }
   return 0;

@@ -17,11 +17,30 @@ TEST(TemporaryNames, TellTheProcessThatMadeThem) {
 }
 
 TEST(TemporaryNames, AreNoneInAnyOtherForm) {
-  for (const TextView name :
-       {u"", u"~tvx", u"~tvx.tmp", u"~tvx-.tmp", u"~tvx1.tmp", u"~tvx1-.tmp", u"~tvx-1.tmp", u"~tvx0-1.tmp",
-        u"~tvx1-0.tmp", u"~tvx01-1.tmp", u"~tvx1-01.tmp", u"~tvx1-1-1.tmp", u"~tvx1-1.tmp ", u" ~tvx1-1.tmp",
-        u"~TVX1-1.tmp", u"~tvx1-1.TMP", u"~tvx1-1.tmp.tmp", u"~tvx4294967296-1.tmp", u"~tvx1-4294967296.tmp",
-        u"~tvx1-99999999999999999999999.tmp", u"~tvx+1-1.tmp", u"~tvx1- 1.tmp", u"~tvx1-1.tm", u"~tavix1.tmp"}) {
+  for (const TextView name : {u"",
+                              u"~tvx",
+                              u"~tvx.tmp",
+                              u"~tvx-.tmp",
+                              u"~tvx1.tmp",
+                              u"~tvx1-.tmp",
+                              u"~tvx-1.tmp",
+                              u"~tvx0-1.tmp",
+                              u"~tvx1-0.tmp",
+                              u"~tvx01-1.tmp",
+                              u"~tvx1-01.tmp",
+                              u"~tvx1-1-1.tmp",
+                              u"~tvx1-1.tmp ",
+                              u" ~tvx1-1.tmp",
+                              u"~TVX1-1.tmp",
+                              u"~tvx1-1.TMP",
+                              u"~tvx1-1.tmp.tmp",
+                              u"~tvx4294967296-1.tmp",
+                              u"~tvx1-4294967296.tmp",
+                              u"~tvx1-99999999999999999999999.tmp",
+                              u"~tvx+1-1.tmp",
+                              u"~tvx1- 1.tmp",
+                              u"~tvx1-1.tm",
+                              u"~tavix1.tmp"}) {
     EXPECT_FALSE(kTemporaryFiles.ProcessOf(name)) << std::string(name.begin(), name.end());
   }
 }

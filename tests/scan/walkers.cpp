@@ -230,7 +230,7 @@ TEST_F(Walkers, TheFileListHasTheRootOfADriveWithABackslashAndNoSeparatorAtTheEn
   AddDead(u"C:\\T\\a.lnk");
   const struct {
     TextView folder, location;
-  } cases[] = {{u"C:", u"C:\\"},    {u"C:\\", u"C:\\"},   {u"C:/", u"C:\\"},        {u"c:\\\\", u"c:\\"},
+  } cases[] = {{u"C:", u"C:\\"},     {u"C:\\", u"C:\\"},  {u"C:/", u"C:\\"},        {u"c:\\\\", u"c:\\"},
                {u"C:\\T", u"C:\\T"}, {u"c:/T/", u"c:/T"}, {u"C:\\T\\/\\", u"C:\\T"}};
   for (const Walker& walker : kWalkers) {
     if (!walker.byFileList) continue;

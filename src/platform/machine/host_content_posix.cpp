@@ -98,7 +98,8 @@ void RemoveHostTemporaries(int folder) {
   });
   for (const std::string& name : names) {
     struct stat facts {};
-    const bool file = ::fstatat(folder, name.c_str(), &facts, AT_SYMLINK_NOFOLLOW) == 0 && S_ISREG(facts.st_mode);
+    const bool file =
+        ::fstatat(folder, name.c_str(), &facts, AT_SYMLINK_NOFOLLOW) == 0 && S_ISREG(facts.st_mode);
     if (file) ::unlinkat(folder, name.c_str(), 0);
   }
 }

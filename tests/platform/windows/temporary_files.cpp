@@ -29,7 +29,9 @@ DWORD EndedProcess() {
 class TemporaryFilesOnWindows : public testing::Test {
  protected:
   TemporaryFilesOnWindows() { ended = EndedProcess(); }
-  static Text NameBy(DWORD process, uint32_t count = 1) { return platform::kTemporaryFiles.Make(process, count); }
+  static Text NameBy(DWORD process, uint32_t count = 1) {
+    return platform::kTemporaryFiles.Make(process, count);
+  }
   static bool IsGone(TextView path) { return AttributesOf(path) == INVALID_FILE_ATTRIBUTES; }
 
   ScratchPlace place;
@@ -54,7 +56,8 @@ TEST_F(TemporaryFilesOnWindows, OfAProcessThatHasEndedGo) {
 TEST_F(TemporaryFilesOnWindows, ThatSomebodyHasOpenStay) {
   const Text file = place.File(NameBy(ended));
   {
-    const FileHandle open(CreateFileW(Wide(file), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING, 0, nullptr));
+    const FileHandle open(
+        CreateFileW(Wide(file), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING, 0, nullptr));
     ASSERT_TRUE(open);
     files.RemoveTemporaries(place.Path());
     EXPECT_FALSE(IsGone(file));
