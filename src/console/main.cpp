@@ -2,6 +2,7 @@
 #include <memory>
 #include <string>
 
+#include "console/lack_of_memory.h"
 #include "console/live.h"
 #include "console/options.h"
 #include "console/session.h"
@@ -31,10 +32,25 @@ int Fail(int status, std::string reason) {
 
 int Finish(int status, const std::string& error) { return status == 0 ? 0 : Fail(status, error); }
 
+// Whether a text has half a character in it, which no path of the host has.
+bool HasHalfCharacter(TextView text) {
+  const auto isHalf = [text](size_t at, char16_t kind) {
+    return at < text.size() && (text[at] & 0xFC00U) == kind;
+  };
+  for (size_t i = 0; i < text.size(); ++i) {
+    if (isHalf(i, 0xD800) && isHalf(i + 1, 0xDC00)) {
+      ++i;
+    } else if (isHalf(i, 0xD800) || isHalf(i, 0xDC00)) {
+      return true;
+    }
+  }
+  return false;
+}
+
 int RunOverFolder(const console::Options& options) {
   std::string error;
   const auto path = FromUtf8(*options.machine);
-  if (!path) return Fail(kWrongArguments, "--machine is no UTF-8 text");
+  if (!path || HasHalfCharacter(*path)) return Fail(kWrongArguments, "--machine is no UTF-8 text");
   const auto host = machine::MachineHost::Open(std::filesystem::path(*path), options.now, error);
   if (host == nullptr) return Fail(kNoMachine, error);
   const int status = console::RunSession(options, error);
@@ -59,6 +75,7 @@ int RunOverSystem(const console::Options& options) {
 }  // namespace
 
 int main(int count, char** values) {
+  console::EndForLackOfMemory(kNoMachine);
   std::string error;
   const auto options = console::ReadOptions(console::Arguments(count, values), error);
   if (!options) return Fail(kWrongArguments, error);

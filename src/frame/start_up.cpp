@@ -2,6 +2,7 @@
 
 #include "forms/main_form.h"
 #include "frame/data_folders.h"
+#include "frame/left_temporaries.h"
 #include "frame/messages.h"
 #include "frame/settings.h"
 #include "frame/support/file_system_object.h"
@@ -72,6 +73,7 @@ bool Form_Load() {
     WriteDefaultSettings();
     LoadSettings();
   }
+  RemoveLeftTemporaries();
   Run(frameSteps.BuildPrivacyTree);
   Run(frameSteps.LoadJunkDefinitions);
   pubCommon.LoadFormTexts(frmPubMain, TextCatalogue());

@@ -170,6 +170,12 @@ class FileSystem {
   // beside these four stay.
   virtual bool SetAttributes(TextView path, uint32_t attributes) = 0;
 
+  // Takes away what writing and moving files into the folder left there when an earlier run was killed:
+  // ordinary files with the very names that these calls make, which no running copy of the program can be
+  // at work on. Everything else stays, and what lies below is not looked at. Does nothing where the folder is
+  // missing or can't be read, or lies on another computer, which might let the caller wait.
+  virtual void RemoveTemporaries(TextView folder) = 0;
+
   // In the order of their letters. Each is asked whether it is ready, which on the network may take long.
   virtual std::vector<Drive> Drives() = 0;
   // The type of one drive, as Drive numbers it, without asking the drive. Nothing for a letter that has none.

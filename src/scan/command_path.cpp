@@ -64,11 +64,13 @@ std::optional<int16_t> FindEnd(TextView text) {
 bool StripTrailingWords(Text& path) {
   int16_t backslash = 0;
   int16_t blank = 0;
-  while (path.find(u'\\') != Text::npos) {
-    Set(backslash, FindLast(path, u'\\'));
+  for (size_t last = path.rfind(u'\\'); last != Text::npos;) {
+    Set(backslash, Position(last));
     Set(blank, FindLast(path, u' '));
     if (blank == 0 || blank <= backslash) return true;
     path.resize(static_cast<size_t>(blank - 1));
+    // A backslash too far behind for its number goes with what is cut.
+    if (last >= path.size()) last = path.rfind(u'\\');
   }
   return false;
 }

@@ -2,6 +2,7 @@
 
 #include "forms/main_form.h"
 #include "frame/support/pub_registry.h"
+#include "scan/folded_values.h"
 #include "scan/result_items.h"
 
 namespace tavix::mdlPubSelf {
@@ -34,13 +35,11 @@ void ShowStatus(TextView status) {
 void AddValuesOf(TextView key, TextView type) {
   Text folded;
   pubRegistry.EnumValues(kHive, key, folded);
-  for (const TextView value : Split(folded, clsPubRegistry::kItemSeparator)) {
-    const auto parts = Split(value, clsPubRegistry::kDataSeparator);
-    // Data that holds a separator itself leaves a piece with no data of its own.
-    if (parts.size() < 2 || parts[1].empty()) continue;
-    AddResultItem(type, parts[1], kNoSize, u"Registry", kNoSizeKey,
-                  Concat(u"RI: HKEY_CURRENT_USER, ", key, u", ", parts[0]));
-  }
+  VisitFoldedValues(folded, [&](TextView name, TextView data) {
+    if (data.empty()) return;
+    AddResultItem(type, data, kNoSize, u"Registry", kNoSizeKey,
+                  Concat(u"RI: HKEY_CURRENT_USER, ", key, u", ", name));
+  });
 }
 
 void ScanValues(const ValueList& list) {

@@ -6,8 +6,8 @@
 #include "frame/support/pub_registry.h"
 #include "frame/support/shell_object.h"
 #include "platform/event_queue.h"
+#include "scan/folded_values.h"
 #include "scan/result_items.h"
-#include "text/attempt.h"
 
 namespace tavix::mdlPubSelf {
 namespace {
@@ -26,10 +26,6 @@ TextView HiveName(platform::Hive hive) {
       break;
   }
   return {};
-}
-
-std::optional<TextView> Element(const std::vector<TextView>& elements, size_t index) {
-  return index < elements.size() ? std::optional(elements[index]) : std::nullopt;
 }
 
 Text LocationOf(const RegistryEntry& entry) {
@@ -58,16 +54,10 @@ void ScanNames(const RegistryList& list, TextView key, TextView folded, TextView
   for (const TextView name : Split(folded, separator)) ScanEntry({list, key, name, {}, lookups});
 }
 
-// A name or data that a piece lacks, since data of another one held a separator, is that of the piece before.
 void ScanValues(const RegistryList& list, TextView key, TextView folded, RegistryLookups& lookups) {
-  TextView name;
-  TextView data;
-  for (const TextView item : Split(folded, clsPubRegistry::kItemSeparator)) {
-    const auto parts = Split(item, clsPubRegistry::kDataSeparator);
-    Set(name, Element(parts, 0));
-    Set(data, Element(parts, 1));
+  VisitFoldedValues(folded, [&](TextView name, TextView data) {
     ScanEntry({list, key, name, data, lookups});
-  }
+  });
 }
 
 void ScanKey(const RegistryList& list, TextView key, RegistryLookups& lookups) {

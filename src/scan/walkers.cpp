@@ -37,10 +37,11 @@ struct Rules {
   std::function<bool(const Text& full, const std::optional<FileObject>& file)> passes = {};
 };
 
-// The control shows no backslash at the end of its path but that of a drive's root.
+// The control shows no separator at the end of its path but that of a drive's root.
 Text FileListPath(TextView folder) {
-  const bool root = folder.size() < 4 && folder.ends_with(u":\\");
-  return Text(folder.substr(0, folder.size() - (folder.ends_with(u'\\') && !root ? 1 : 0)));
+  Text path(folder.substr(0, folder.find_last_not_of(u"\\/") + 1));
+  if (path.size() == 2 && path[1] == u':') path += u'\\';
+  return path;
 }
 
 class Walk {

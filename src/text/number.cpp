@@ -14,8 +14,9 @@ struct Digits {
 };
 
 // 15 significant digits, as many as a double holds for sure, so that 0.15 is seen as 0.15 and not as the
-// binary fraction next to it; then cut to `decimals`, halves away from zero.
-Digits RoundedDigits(double magnitude, size_t decimals) {
+// binary fraction next to it; times ten to the power of `shift`; then cut to `decimals`, halves away from
+// zero.
+Digits RoundedDigits(double magnitude, size_t decimals, int shift = 0) {
   char buffer[32];
   const auto end =
       std::to_chars(buffer, buffer + sizeof buffer, magnitude, std::chars_format::scientific, 14).ptr;
@@ -23,6 +24,7 @@ Digits RoundedDigits(double magnitude, size_t decimals) {
   const size_t mark = shown.find('e');
   int exponent = 0;
   std::from_chars(shown[mark + 1] == '+' ? buffer + mark + 2 : buffer + mark + 1, end, exponent);
+  exponent += shift;
 
   std::string all(1, shown[0]);
   all.append(shown.substr(2, mark - 2));
@@ -78,12 +80,17 @@ Text FormatPadded(double number, const Locale& locale) {
 
 Text FormatPercent(double number) {
   if (!std::isfinite(number)) return {};
-  const Digits digits = RoundedDigits(std::fabs(number) * 100, 0);
+  // The product with 100 may be more than a double holds.
+  const Digits digits = RoundedDigits(std::fabs(number), 0, 2);
   if (IsZero(digits)) return u"%";
   return Concat(number < 0 ? u"-" : u"", Widen(digits.text), u"%");
 }
 
-double RoundToTenth(double number) { return std::nearbyint(number * 10) / 10; }
+double RoundToTenth(double number) {
+  // From here on a double has no decimals.
+  constexpr double kWhole = 0x1p53;
+  return std::fabs(number) < kWhole ? std::nearbyint(number * 10) / 10 : number;
+}
 
 std::optional<double> ParseNumber(TextView text, const Locale& locale) {
   text = Trim(text);

@@ -1,5 +1,7 @@
 #include "text/utf8.h"
 
+#include <algorithm>
+
 namespace tavix {
 namespace {
 
@@ -22,9 +24,11 @@ Lead ReadLead(unsigned char byte) {
 }  // namespace
 
 std::optional<Text> FromUtf8(std::string_view bytes) {
-  Text text;
+  // Most texts are plain ones, and most others begin so.
+  const auto* const plain = std::find_if(bytes.begin(), bytes.end(), [](char c) { return (c & 0x80) != 0; });
+  Text text(bytes.begin(), plain);
   text.reserve(bytes.size());
-  for (size_t at = 0; at < bytes.size();) {
+  for (size_t at = text.size(); at < bytes.size();) {
     Lead lead = ReadLead(static_cast<unsigned char>(bytes[at]));
     if (lead.length == 0 || lead.length > bytes.size() - at) return std::nullopt;
     char32_t point = lead.bits;

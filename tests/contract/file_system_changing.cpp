@@ -42,6 +42,19 @@ TEST_P(FileSystemContract, WritesTheWholeContent) {
   EXPECT_EQ(Names(), (std::vector<Text>{u"a", u"folder\\"}));
 }
 
+TEST_P(FileSystemContract, TakesAwayNoFileThatAnybodyElseMayHaveMadeAsATemporaryOne) {
+  for (const TextView name : {u"a", u"~tvx", u"~tvx.tmp", u"~tvx1.tmp", u"~tvx1-x.tmp", u"b.tmp"})
+    Write(name);
+  Make(u"~tvx1-1.tmp");
+  Write(u"~tvx1-1.tmp\\a");
+  const std::string before = Everything();
+  files.RemoveTemporaries(stage->Place());
+  files.RemoveTemporaries(In(u"none"));
+  files.RemoveTemporaries(In(u"a"));
+  files.RemoveTemporaries({});
+  EXPECT_EQ(Everything(), before);
+}
+
 TEST_P(FileSystemContract, KeepsTheAttributesOfAFileThatIsWritten) {
   Write(u"a");
   constexpr uint32_t kBoth = platform::kHidden | platform::kSystem;

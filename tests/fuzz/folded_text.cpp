@@ -1,9 +1,9 @@
 #include <cstdint>
-#include <cstdlib>
 
 #include "forms/main_form.h"
 #include "frame/support/pub_registry.h"
 #include "platform/machine/machine_registry.h"
+#include "require.h"
 #include "scan/registry_list.h"
 #include "scan/result_items.h"
 #include "scan/substring_index.h"
@@ -13,10 +13,6 @@ namespace {
 using namespace tavix;
 
 constexpr TextView kKey = u"k";
-
-void Require(bool holds) {
-  if (!holds) std::abort();
-}
 
 Text Join(const std::vector<TextView>& pieces, TextView separator) {
   Text joined;

@@ -1,19 +1,15 @@
 #include <cstdint>
-#include <cstdlib>
 #include <utility>
 #include <vector>
 
 #include "frame/support/ini_text.h"
 #include "frame/support/text_file.h"
+#include "require.h"
 #include "text/letter_case.h"
 
 namespace {
 
 using namespace tavix;
-
-void Require(bool holds) {
-  if (!holds) std::abort();
-}
 
 using Entries = std::vector<std::pair<Text, Text>>;
 

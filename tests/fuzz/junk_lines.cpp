@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 
 #include "frame/data_paths.h"
 #include "frame/start_up.h"
@@ -8,6 +7,7 @@
 #include "frame/support/text_file.h"
 #include "junk/junk_definitions.h"
 #include "platform/machine/memory_host.h"
+#include "require.h"
 #include "text/letter_case.h"
 #include "text/pattern.h"
 #include "text/wildcard.h"
@@ -16,10 +16,6 @@ namespace {
 
 using namespace tavix;
 using namespace tavix::mdlPubSelf;
-
-void Require(bool holds) {
-  if (!holds) std::abort();
-}
 
 // A machine that has been started, with nothing above the frame.
 machine::MemoryHost& Machine() {

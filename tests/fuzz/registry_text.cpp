@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 
@@ -6,6 +7,8 @@
 // Any bytes are read without harm, and what a text made is the same after it was written and read again.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   using namespace tavix::machine;
+  constexpr size_t kMost = 500;
+  size = std::min(size, kMost);
   RegistryStore store;
   const auto error = ReadRegistryText({reinterpret_cast<const char*>(data), size}, store);
   if (error && (error->Line == 0 || error->Reason.empty())) std::abort();

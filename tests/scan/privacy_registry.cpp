@@ -108,13 +108,23 @@ TEST_F(PrivacyRegistry, AUrlWithACommaIsShownWholeAndOnlyTheNameGoesIntoTheTag) 
   EXPECT_TRUE(ResultRows()[1].tag.ends_with(u"TypedUrls, a, b"));
 }
 
-TEST_F(PrivacyRegistry, DataThatHoldsASeparatorIsSplitAndThePieceWithoutDataPassedOver) {
+TEST_F(PrivacyRegistry, DataThatHoldsASeparatorIsSplitAndAPieceWithoutDataHasThatOfTheOneBefore) {
   Seed(Hive::CurrentUser, kTypedUrls, u"url1", u"before*IS*behind");
   Seed(Hive::CurrentUser, kTypedUrls, u"url2", u"one*NDS*two");
   ScanFunction(u"iertu");
-  ASSERT_EQ(ResultCount(), 2);
-  EXPECT_EQ(ResultRows()[0].name, u"before");
-  EXPECT_EQ(ResultRows()[1].name, u"one");
+  const Text tag = Concat(u"RI: HKEY_CURRENT_USER, ", kTypedUrls, u", ");
+  EXPECT_EQ(ResultRows(),
+            (std::vector<RowFields>{RegistryRow(u"Recently Typed URL", u"before", tag + u"url1"),
+                                    RegistryRow(u"Recently Typed URL", u"before", tag + u"behind"),
+                                    RegistryRow(u"Recently Typed URL", u"one", tag + u"url2")}));
+}
+
+TEST_F(PrivacyRegistry, APieceWithoutDataAfterOneWithEmptyDataIsPassedOver) {
+  Seed(Hive::CurrentUser, kTypedUrls, u"a*IS*b", u"");
+  Seed(Hive::CurrentUser, kTypedUrls, u"c*IS*d", u"x");
+  ScanFunction(u"iertu");
+  ASSERT_EQ(ResultCount(), 1);
+  EXPECT_TRUE(ResultRows()[0].tag.ends_with(u"TypedUrls, d"));
 }
 
 TEST_F(PrivacyRegistry, DataOfEveryTypeIsShownAsText) {

@@ -114,6 +114,17 @@ TEST_F(SystemWalks, LogFilesAreThoseOfTheWholeTreeOfWindows) {
                          FileRow(u"Windows Log File", u"C:\\WINDOWS\\system32\\wbem\\Logs", u"x.log")}));
 }
 
+TEST_F(SystemWalks, TheFolderOfWindowsMayBeADriveOrHaveSeparatorsOfEitherKind) {
+  AddFiles({u"C:\\a.log", u"C:\\WINDOWS\\b.log"});
+  const auto locationOfTheFirst = [this](TextView folder) {
+    machine.facts.Set(u"Environment", u"WinDir", folder);
+    return Scan(u"Windows Log Files").at(0).location;
+  };
+  EXPECT_EQ(locationOfTheFirst(u"C:\\"), u"C:\\");
+  EXPECT_EQ(locationOfTheFirst(u"C:"), u"C:\\");
+  EXPECT_EQ(locationOfTheFirst(u"c:/windows/"), u"c:/windows");
+}
+
 TEST_F(SystemWalks, CancelStopsTheLogWalkBetweenFolders) {
   AddFiles({u"C:\\WINDOWS\\a\\1.log", u"C:\\WINDOWS\\b\\2.log", u"C:\\WINDOWS\\c\\3.log"});
   struct CancelAtFirst : platform::EventQueue {

@@ -225,6 +225,24 @@ TEST_F(Walkers, ABackslashAtTheEndOfTheFolderIsNoneInTheLocation) {
   }
 }
 
+TEST_F(Walkers, TheFileListHasTheRootOfADriveWithABackslashAndNoSeparatorAtTheEndOtherwise) {
+  AddDead(u"C:\\root.lnk");
+  AddDead(u"C:\\T\\a.lnk");
+  const struct {
+    TextView folder, location;
+  } cases[] = {{u"C:", u"C:\\"},     {u"C:\\", u"C:\\"},  {u"C:/", u"C:\\"},        {u"c:\\\\", u"c:\\"},
+               {u"C:\\T", u"C:\\T"}, {u"c:/T/", u"c:/T"}, {u"C:\\T\\/\\", u"C:\\T"}};
+  for (const Walker& walker : kWalkers) {
+    if (!walker.byFileList) continue;
+    for (const auto& [folder, location] : cases) {
+      ClearResults();
+      walker.walk(folder);
+      ASSERT_GE(ResultCount(), 1);
+      EXPECT_EQ(ResultRows()[0].location, location) << walker.name;
+    }
+  }
+}
+
 TEST_F(Walkers, NamesAreAsTheDiskHasThemBelowTheFolderThatWasNamed) {
   AddDead(u"C:\\Temp\\Sub\\a.lnk");
   for (const Walker& walker : kWalkers) {

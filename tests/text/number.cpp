@@ -64,6 +64,19 @@ TEST(FormatPercent, HasNoMandatoryDigit) {
   for (const auto& [number, text] : table) EXPECT_EQ(FormatPercent(number), text) << number;
 }
 
+TEST(FormatPercent, ANumberThatADoubleHoldsOnlyWithoutTheFactorIsShownWhole) {
+  constexpr double kLargest = 1.7976931348623157e308;
+  EXPECT_EQ(FormatPercent(1.5e307), Concat(u"15", Text(308, u'0'), u"%"));
+  EXPECT_EQ(FormatPercent(-kLargest), Concat(u"-179769313486232", Text(296, u'0'), u"%"));
+  EXPECT_EQ(FormatPercent(kLargest * 2), u"");
+}
+
+TEST(RoundToTenth, ANumberThatADoubleHoldsOnlyWithoutTheFactorStaysAsItIs) {
+  for (const double number : {1.7e308, -1.7e308, 1e300, 9007199254740993.0}) {
+    EXPECT_EQ(RoundToTenth(number), number);
+  }
+}
+
 TEST(RoundToTenth, TiesGoToTheEvenDigit) {
   EXPECT_EQ(RoundToTenth(0.25), 0.2);
   EXPECT_EQ(RoundToTenth(0.75), 0.8);

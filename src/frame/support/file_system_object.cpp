@@ -157,6 +157,10 @@ void FileSystemObject::SetAttributes(TextView path, uint32_t attributes) const {
   if (files_ != nullptr) files_->SetAttributes(path, attributes);
 }
 
+void FileSystemObject::RemoveTemporaries(TextView folder) const {
+  if (files_ != nullptr) files_->RemoveTemporaries(folder);
+}
+
 std::vector<platform::Drive> FileSystemObject::Drives() const {
   return files_ != nullptr ? files_->Drives() : std::vector<platform::Drive>();
 }

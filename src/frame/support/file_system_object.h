@@ -79,6 +79,8 @@ class FileSystemObject {
   void MoveFile(TextView source, TextView destination) const;
   // As platform::FileSystem has it: exactly these of read-only, hidden, system and archive.
   void SetAttributes(TextView path, uint32_t attributes) const;
+  // As platform::FileSystem::RemoveTemporaries.
+  void RemoveTemporaries(TextView folder) const;
   std::vector<platform::Drive> Drives() const;
 
  private:

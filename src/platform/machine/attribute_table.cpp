@@ -32,9 +32,9 @@ std::optional<std::pair<Text, uint32_t>> ReadLine(TextView line) {
 AttributeTable::AttributeTable(FileStore* store) : store_(store) {
   const auto root = store != nullptr ? store->Root() : nullptr;
   const std::optional<std::string> bytes = root != nullptr ? root->ReadFile(kFile) : std::nullopt;
-  if (!bytes) return;
   TextError error;
-  const std::optional<Text> text = DecodeText(*bytes, error);
+  const std::optional<Text> text = bytes ? DecodeText(*bytes, error) : std::nullopt;
+  readable_ = text || root == nullptr || !root->Find(kFile);
   if (!text) return;
   for (const TextView line : Split(*text, u"\n")) {
     const auto read = ReadLine(line);
@@ -84,7 +84,7 @@ void AttributeTable::Move(TextView from, TextView to) {
 
 bool AttributeTable::Save() {
   if (!changed_) return true;
-  if (store_ == nullptr) return false;
+  if (store_ == nullptr || !readable_) return false;
   std::string content = "[Attributes]\n";
   for (const auto& [path, attributes] : attributes_) {
     content += ToUtf8(path) + "=" + std::to_string(attributes) + "\n";

@@ -15,6 +15,8 @@ class AttributeTable {
  public:
   explicit AttributeTable(FileStore* store = nullptr);
 
+  // False when attributes.ini is there and can't be read. Then Save fails, so that it stays as it is.
+  bool Readable() const { return readable_; }
   bool Empty() const { return attributes_.empty(); }
   uint32_t Get(TextView path) const;
   void Set(TextView path, uint32_t attributes);
@@ -45,6 +47,7 @@ class AttributeTable {
   FileStore* store_;
   std::map<Text, uint32_t, LessIgnoringCase> attributes_;
   bool changed_ = false;
+  bool readable_ = true;
 };
 
 }  // namespace tavix::machine

@@ -81,6 +81,9 @@ class StoreFolder {
   virtual MoveResult Move(TextView name, StoreFolder& to, TextView newName) = 0;
   // Copies a file with its time of change to a name where nothing stands. On failure no half file stays.
   virtual bool Copy(TextView name, StoreFolder& to, TextView newName) = 0;
+  // Takes away what WriteFile and Copy left in this folder when they were killed. Only for a store that
+  // nobody else is at work on. A store whose files come whole has nothing to do.
+  virtual void RemoveTemporaries() {}
 };
 
 class FileStore {

@@ -7,6 +7,9 @@
 #include <cstdio>
 #include <vector>
 
+#include "platform/machine/host_tree_posix.h"
+#include "text/utf8.h"
+
 namespace tavix::machine {
 namespace {
 
@@ -87,12 +90,25 @@ bool CopyHostContent(int from, int to) {
   return ::futimens(to, times) == 0;
 }
 
-// The colon keeps it out of every listing.
+void RemoveHostTemporaries(int folder) {
+  std::vector<std::string> names;
+  ReadHostNames(folder, [&names](const char* name, unsigned char) {
+    const std::optional<Text> text = FromUtf8(name);
+    if (text && kHostTemporaries.ProcessOf(*text)) names.emplace_back(name);
+  });
+  for (const std::string& name : names) {
+    struct stat facts {};
+    const bool file =
+        ::fstatat(folder, name.c_str(), &facts, AT_SYMLINK_NOFOLLOW) == 0 && S_ISREG(facts.st_mode);
+    if (file) ::unlinkat(folder, name.c_str(), 0);
+  }
+}
+
 NewHostFile::NewHostFile(int folder) : folder_(folder) {
-  static unsigned count = 0;
+  static uint32_t count = 0;
   constexpr int kTries = 100;
   for (int i = 0; i < kTries && !file_; ++i) {
-    temporary_ = ".tavix:" + std::to_string(::getpid()) + "-" + std::to_string(++count);
+    temporary_ = ToUtf8(kHostTemporaries.Make(static_cast<uint32_t>(::getpid()), ++count));
     file_ = HostHandle(
         ::openat(folder, temporary_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, 0666));
     if (!file_ && errno != EEXIST) break;

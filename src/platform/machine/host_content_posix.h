@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "platform/machine/host_handle_posix.h"
+#include "platform/temporary_name.h"
 
 namespace tavix::machine {
 
@@ -19,6 +20,12 @@ std::optional<std::string> ReadHostContent(int file);
 bool WriteHostContent(int file, std::string_view bytes);
 // Puts all that is in a file, with its times and rights, into an empty one, and compares the sizes.
 bool CopyHostContent(int from, int to);
+
+// The names of new files that have none yet. The colon keeps them out of every listing.
+inline constexpr platform::TemporaryNames kHostTemporaries{u".tavix:", u""};
+
+// Takes away the ordinary files in an open folder that have such names. Nobody else may be at work there.
+void RemoveHostTemporaries(int folder);
 
 // A new file in an open folder that has no name yet which a file of the machine could have. It goes with
 // this unless it was given its name.

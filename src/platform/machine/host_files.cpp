@@ -30,13 +30,19 @@ std::string HostNameUtf8(const fs::path& path) {
   return name;
 }
 
-std::optional<std::string> ReadHostFile(const fs::path& file) {
+std::optional<std::string> ReadHostFile(const fs::path& file, uint64_t most, std::string& reason) {
+  reason = "can't be read";
   std::error_code failure;
   if (!fs::is_regular_file(file, failure)) return std::nullopt;
   const uintmax_t size = fs::file_size(file, failure);
+  if (failure) return std::nullopt;
+  if (size > most) {
+    reason = "is bigger than " + std::to_string(most >> 20U) + " MiB";
+    return std::nullopt;
+  }
   std::ifstream in(file, std::ios::binary);
-  if (failure || !in) return std::nullopt;
-  std::string bytes(size, '\0');
+  if (!in) return std::nullopt;
+  std::string bytes(static_cast<size_t>(size), '\0');
   in.read(bytes.data(), static_cast<std::streamsize>(size));
   if (in.bad() || in.gcount() != static_cast<std::streamsize>(size)) return std::nullopt;
   return bytes;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -16,15 +17,9 @@ Text HostName(const std::filesystem::path& path);
 // The same in UTF-8, with slashes.
 std::string HostNameUtf8(const std::filesystem::path& path);
 
-// The content of a file. Nothing where it is missing, is no ordinary file or can't be read.
-std::optional<std::string> ReadHostFile(const std::filesystem::path& file);
-
-// Makes a file, or replaces one, and returns when it lies on the disk. False on failure; a part of it may
-// be there then.
-bool WriteHostFile(const std::filesystem::path& file, std::string_view bytes);
-// Returns when the names in a folder lie on the disk, as far as the host can tell.
-void FlushHostFolder(const std::filesystem::path& folder);
-// Lets two names change places in one step. False, and nothing changed, where the host has no such step.
-bool ExchangeHostNames(const std::filesystem::path& left, const std::filesystem::path& right);
+// The content of a file of `most` bytes at most. Nothing where it is missing, is no ordinary file, is bigger
+// or can't be read; `reason` then says why in plain words.
+std::optional<std::string> ReadHostFile(const std::filesystem::path& file, uint64_t most,
+                                        std::string& reason);
 
 }  // namespace tavix::machine

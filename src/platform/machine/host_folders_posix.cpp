@@ -37,27 +37,27 @@ HostHandle OpenByStep(int root, std::string_view path) {
   return folder;
 }
 
-HostHandle OpenBelow(int root, const std::string& path) {
-  if (path.empty()) return HostHandle(::openat(root, ".", kFolder));
+}  // namespace
+
+HostHandle OpenHostFolder(int from, const std::string& path) {
+  if (path.empty()) return HostHandle(::openat(from, ".", kFolder));
   HostHandle folder;
   for (std::string_view rest = path; !rest.empty();) {
     struct open_how how {};
     how.flags = kFolder;
     how.resolve = RESOLVE_BENEATH | RESOLVE_NO_SYMLINKS;
     const std::string part = TakePart(rest);
-    const int from = folder ? folder.Get() : root;
-    const long opened = ::syscall(SYS_openat2, from, part.c_str(), &how, sizeof(how));
+    const int above = folder ? folder.Get() : from;
+    const long opened = ::syscall(SYS_openat2, above, part.c_str(), &how, sizeof(how));
     if (opened < 0) {
       // Where it isn't simply missing, the host may not know this call.
       if (errno == ENOENT || errno == ENOTDIR || errno == ELOOP) return HostHandle();
-      return OpenByStep(root, path);
+      return OpenByStep(from, path);
     }
     folder = HostHandle(static_cast<int>(opened));
   }
   return folder;
 }
-
-}  // namespace
 
 std::shared_ptr<HostOpenFolder> HostFolders::Open(const std::string& path) {
   auto known = std::ranges::find(known_, path, &Known::path);
@@ -72,7 +72,7 @@ std::shared_ptr<HostOpenFolder> HostFolders::Open(const std::string& path) {
   if (watched && watch_.Quiet()) return asked.kept;
   asked.kept = nullptr;
   if (++asked.asked >= asked.wanted && Keep(asked)) return asked.kept;
-  HostHandle opened = OpenBelow(root_.Get(), path);
+  HostHandle opened = OpenHostFolder(root_.Get(), path);
   return opened ? std::make_shared<HostOpenFolder>(std::move(opened), false) : nullptr;
 }
 
@@ -83,7 +83,7 @@ bool HostFolders::Keep(Known& folder) {
   folder.wanted *= 2;
   if (watch_.Count() >= kMostWatched) watch_.Clear();
   if (!watch_.Add(root_.Get(), folder.path)) return false;
-  HostHandle opened = OpenBelow(root_.Get(), folder.path);
+  HostHandle opened = OpenHostFolder(root_.Get(), folder.path);
   if (!opened || !watch_.Quiet()) return false;
   folder.kept = std::make_shared<HostOpenFolder>(std::move(opened), true);
   folder.generation = watch_.Generation();

@@ -12,6 +12,11 @@
 
 namespace tavix::machine {
 
+// The folder below an open one at a path of names joined by slashes, of any length, the empty path for the
+// folder itself; opened by name only, which needs no right to read it. No link is followed. An empty handle
+// where there is none.
+HostHandle OpenHostFolder(int from, const std::string& path);
+
 // A folder of the host, opened by name only, which needs no right to read it.
 class HostOpenFolder {
  public:

@@ -216,6 +216,8 @@ class HostFolder : public StoreFolder {
     return true;
   }
 
+  void RemoveTemporaries() override { RemoveHostTemporaries(Get()); }
+
  private:
   int Get() const { return folder_->Get(); }
 

@@ -1,6 +1,7 @@
 #include <direct.h>
 #include <fcntl.h>
 #include <io.h>
+#include <process.h>
 #include <sys/stat.h>
 
 #include <algorithm>
@@ -12,6 +13,7 @@
 #include "platform/machine/host_store.h"
 #include "platform/machine/machine_clock.h"
 #include "platform/machine/machine_path.h"
+#include "platform/temporary_name.h"
 
 namespace tavix::machine {
 namespace {
@@ -207,6 +209,15 @@ class HostFolder : public StoreFolder {
         });
   }
 
+  void RemoveTemporaries() override {
+    std::vector<StoreEntry> entries;
+    Read(entries);
+    for (const StoreEntry& entry : entries) {
+      const bool ours = entry.kind == EntryKind::File && platform::kTemporaryFiles.ProcessOf(entry.name);
+      if (ours) RemoveFile(Path(entry.name));
+    }
+  }
+
  private:
   std::wstring Path(TextView name) const { return path_ + L'\\' + std::wstring(name.begin(), name.end()); }
   // Of what is no folder, only what `goes` says is removed.
@@ -248,10 +259,10 @@ class HostFolder : public StoreFolder {
   // Writes a file under a name of its own and gives it its name when it lies on the disk.
   bool WriteNew(const std::function<bool(int file)>& write,
                 const std::function<bool(const std::wstring& temporary)>& name) {
-    static unsigned count = 0;
+    static uint32_t count = 0;
     std::wstring temporary;
     do {
-      temporary = Path(Concat(u"~tavix", tavix::ToText(++count), u".tmp"));
+      temporary = Path(platform::kTemporaryFiles.Make(static_cast<uint32_t>(_getpid()), ++count));
     } while (_waccess(temporary.c_str(), 0) == 0);
     HostFile file(temporary, _O_WRONLY | _O_CREAT | _O_EXCL);
     if (!file) return false;

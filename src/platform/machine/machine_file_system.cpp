@@ -264,6 +264,11 @@ bool MachineFileSystem::SetAttributes(TextView path, uint32_t attributes) {
   return true;
 }
 
+void MachineFileSystem::RemoveTemporaries(TextView folder) {
+  const std::optional<FolderPlace> place = finder_.FindFolder(folder);
+  if (place && place->folder != nullptr) place->folder->RemoveTemporaries();
+}
+
 std::vector<platform::Drive> MachineFileSystem::Drives() {
   std::vector<platform::Drive> drives = facts_.Drives();
   std::vector<StoreEntry> entries;

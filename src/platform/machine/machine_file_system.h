@@ -36,6 +36,7 @@ class MachineFileSystem : public platform::FileSystem {
   bool DeleteFolder(TextView path, bool force) override;
   bool MoveFile(TextView source, TextView destination) override;
   bool SetAttributes(TextView path, uint32_t attributes) override;
+  void RemoveTemporaries(TextView folder) override;
   std::vector<platform::Drive> Drives() override;
   std::optional<int> DriveType(char16_t letter) override;
   bool IsDriveReady(char16_t letter) override;
@@ -44,6 +45,8 @@ class MachineFileSystem : public platform::FileSystem {
   bool Rename(TextView path, TextView name);
   // Moves a file, folder or link into the bin. Not the root of a drive.
   bool Recycle(TextView path, RecycleBin& bin);
+  // Whether the attributes in the store, where it has any, could be read.
+  bool Readable() const { return attributes_.Readable(); }
   // Writes the attributes to the store if they changed.
   bool Save() { return !attributes_.Changed() || attributes_.Save(); }
 

@@ -14,6 +14,9 @@ namespace fs = std::filesystem;
 
 constexpr const char* kFacts = "machine.ini";
 constexpr const char* kRegistry = "registry";
+// More than this is neither facts nor a registry.
+constexpr uint64_t kMostFacts = uint64_t{16} << 20U;
+constexpr uint64_t kMostRegistry = uint64_t{1} << 30U;
 constexpr const char* kLeadsOut = "a link that leads out of the machine folder";
 
 bool Fail(std::string& error, const std::string& where, std::string_view what) {
@@ -102,8 +105,9 @@ bool MachineFolder::ReadFacts(std::string& error) {
   const fs::path file = root_ / kFacts;
   if (!Exists(file)) return true;
   if (!LiesInside(file)) return Fail(error, kFacts, kLeadsOut);
-  const std::optional<std::string> bytes = ReadHostFile(file);
-  if (!bytes) return Fail(error, kFacts, "can't be read");
+  std::string reason;
+  const std::optional<std::string> bytes = ReadHostFile(file, kMostFacts, reason);
+  if (!bytes) return Fail(error, kFacts, reason);
   TextError wrong;
   std::optional<MachineIni> ini = MachineIni::Read(*bytes, wrong);
   if (!ini) return Fail(error, kFacts + (":" + std::to_string(wrong.Line)), wrong.Reason);
@@ -128,8 +132,9 @@ bool MachineFolder::ReadRegistry(std::string& error) {
     const fs::path file = folder / name;
     const std::string shown = std::string(kRegistry) + "/" + HostNameUtf8(name);
     if (!LiesInside(file)) return Fail(error, shown, kLeadsOut);
-    const std::optional<std::string> bytes = ReadHostFile(file);
-    if (!bytes) return Fail(error, shown, "can't be read");
+    std::string reason;
+    const std::optional<std::string> bytes = ReadHostFile(file, kMostRegistry, reason);
+    if (!bytes) return Fail(error, shown, reason);
     if (const auto wrong = ReadRegistryText(*bytes, registry_.Store())) {
       return Fail(error, shown + ":" + std::to_string(wrong->Line), wrong->Reason);
     }

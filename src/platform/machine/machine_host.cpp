@@ -12,6 +12,7 @@
 #include "platform/machine/machine_network.h"
 #include "platform/machine/machine_shell.h"
 #include "platform/machine/machine_trust.h"
+#include "platform/machine/recycle_bin.h"
 #include "platform/merged_registry.h"
 
 namespace tavix::machine {
@@ -56,7 +57,16 @@ std::unique_ptr<MachineHost> MachineHost::Open(const std::filesystem::path& fold
     error = "the machine folder can't be read";
     return nullptr;
   }
+  // What a killed run left where only the machine itself writes.
+  if (const auto root = store->Root()) {
+    root->RemoveTemporaries();
+    if (const auto bin = root->Open(kRecycleFolder)) bin->RemoveTemporaries();
+  }
   auto parts = std::make_unique<Parts>(std::move(opened), std::move(store), std::move(instance));
+  if (!parts->files.Readable()) {
+    error = "attributes.ini: can't be read";
+    return nullptr;
+  }
   if (now) parts->standingClock.Set(*now);
   platform::clock = now ? static_cast<platform::Clock*>(&parts->standingClock) : &parts->hostClock;
   return std::unique_ptr<MachineHost>(new MachineHost(std::move(parts)));

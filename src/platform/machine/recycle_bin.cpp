@@ -5,7 +5,6 @@
 namespace tavix::machine {
 namespace {
 
-constexpr TextView kFolder = u"recycle";
 constexpr size_t kLongestName = 255;
 
 // The name itself, else with a number before it.
@@ -20,13 +19,13 @@ Text FreeName(StoreFolder& folder, TextView name) {
 
 }  // namespace
 
-std::unique_ptr<StoreFolder> RecycleBin::Open() { return store_.Open({Text(kFolder)}); }
+std::unique_ptr<StoreFolder> RecycleBin::Open() { return store_.Open({Text(kRecycleFolder)}); }
 
 bool RecycleBin::Take(StoreFolder& folder, const StoreEntry& entry) {
   auto bin = Open();
   if (bin == nullptr) {
     const auto root = store_.Root();
-    if (root == nullptr || !root->MakeFolder(kFolder)) return false;
+    if (root == nullptr || !root->MakeFolder(kRecycleFolder)) return false;
     bin = Open();
     if (bin == nullptr) return false;
   }

@@ -6,6 +6,8 @@
 
 namespace tavix::machine {
 
+inline constexpr TextView kRecycleFolder = u"recycle";
+
 // The folder recycle/ of a machine.
 class RecycleBin {
  public:

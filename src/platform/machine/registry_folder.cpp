@@ -1,5 +1,6 @@
 #include "platform/machine/registry_folder.h"
 
+#include "platform/machine/host_directory.h"
 #include "platform/machine/host_files.h"
 #include "text/letter_case.h"
 
@@ -10,54 +11,23 @@ namespace fs = std::filesystem;
 
 constexpr const char* kMark = "~saving";
 
-fs::path Beside(const fs::path& folder, const char* suffix) {
-  fs::path path = folder;
-  path += suffix;
-  return path;
+fs::path WithSuffix(const fs::path& name, const char* suffix) {
+  fs::path longer = name;
+  longer += suffix;
+  return longer;
 }
 
-// Links are looked at, never through.
-bool Exists(const fs::path& path) {
-  std::error_code failure;
-  return fs::exists(fs::symlink_status(path, failure));
-}
+using Opened = std::unique_ptr<HostDirectory>;
 
-bool IsFolder(const fs::path& path) {
-  std::error_code failure;
-  return fs::is_directory(fs::symlink_status(path, failure));
-}
-
-bool Rename(const fs::path& from, const fs::path& to) {
-  std::error_code failure;
-  fs::rename(from, to, failure);
-  return !failure;
-}
-
-bool Remove(const fs::path& path) {
-  std::error_code failure;
-  fs::remove(path, failure);
-  return !failure;
-}
-
-// Nothing when the folder can't be read.
-std::optional<std::vector<fs::path>> NamesIn(const fs::path& folder) {
-  std::vector<fs::path> names;
-  std::error_code failure;
-  for (fs::directory_iterator entry(folder, failure), end; !failure && entry != end;
-       entry.increment(failure)) {
-    names.push_back(entry->path().filename());
-  }
-  if (failure) return std::nullopt;
-  return names;
-}
-
-// One run over the folder. Each change on the disk asks the hook first.
+// One run over the folder. Each change on the disk asks the hook first. Each folder is opened once and is
+// worked on by its handle, so that a link that is put in its place meanwhile leads nowhere.
 class Replacement {
  public:
   Replacement(const fs::path& folder, std::string& reason, const StepHook& step)
-      : folder_(folder),
-        stage_(Beside(folder, "~saving")),
-        aside_(Beside(folder, "~old")),
+      : parent_(HostDirectory::Open(folder.parent_path())),
+        name_(folder.filename()),
+        stage_(WithSuffix(name_, "~saving")),
+        aside_(WithSuffix(name_, "~old")),
         reason_(reason),
         step_(step) {}
 
@@ -66,17 +36,20 @@ class Replacement {
 
  private:
   bool Step() { return !step_ || step_(); }
-  bool Fail(const fs::path& path, const char* what) {
-    reason_ = HostNameUtf8(path.filename()) + ": " + what;
+  bool Fail(const fs::path& name, const char* what) {
+    reason_ = HostNameUtf8(name.filename()) + ": " + what;
     return false;
   }
-  bool RemoveStage();
-  bool MakeStage(const std::vector<NewFile>& files);
+  bool Rename(const fs::path& from, const fs::path& to) { return parent_->Rename(from, *parent_, to); }
+  bool RemoveStage(HostDirectory& stage);
+  Opened MakeStage();
+  bool FillStage(HostDirectory& stage, const std::vector<NewFile>& files);
   bool PutInPlace();
-  bool CarryOver();
-  bool Finish();
+  bool CarryOver(HostDirectory& old, HostDirectory& current);
+  bool Finish(HostDirectory& current);
 
-  const fs::path folder_;
+  const Opened parent_;
+  const fs::path name_;
   const fs::path stage_;
   const fs::path aside_;  // the old folder, for the moment between two renames
   std::string& reason_;
@@ -84,110 +57,129 @@ class Replacement {
 };
 
 // The mark goes last, so that a stage half removed is still known as one.
-bool Replacement::RemoveStage() {
-  const std::optional<std::vector<fs::path>> names = NamesIn(stage_);
+bool Replacement::RemoveStage(HostDirectory& stage) {
+  const auto names = stage.Names();
   if (!names) return Fail(stage_, "can't be read");
-  std::error_code failure;
   for (const fs::path& name : *names) {
     if (!Step()) return false;
-    if (name != kMark) fs::remove_all(stage_ / name, failure);
+    if (name != kMark) stage.RemoveTree(name);
   }
-  if (!Step() || !Remove(stage_ / kMark) || !Step() || !Remove(stage_)) {
+  if (!Step() || !stage.Remove(kMark) || !Step() || !parent_->RemoveEmptyFolder(stage_)) {
     return Fail(stage_, "can't be removed");
   }
   return true;
 }
 
-bool Replacement::MakeStage(const std::vector<NewFile>& files) {
-  std::error_code failure;
+// Somebody may have put another folder in the place of the new one before it was opened.
+Opened Replacement::MakeStage() {
+  if (!Step()) return nullptr;
+  Opened stage = parent_->MakeFolder(stage_) ? parent_->OpenFolder(stage_) : nullptr;
+  if (stage == nullptr || stage->Names() != std::vector<fs::path>()) {
+    Fail(stage_, "can't be made");
+    return nullptr;
+  }
+  return stage;
+}
+
+bool Replacement::FillStage(HostDirectory& stage, const std::vector<NewFile>& files) {
   if (!Step()) return false;
-  if (!fs::create_directory(stage_, failure)) return Fail(stage_, "can't be made");
-  if (!Step()) return false;
-  if (!WriteHostFile(stage_ / kMark, {})) return Fail(stage_, "can't be written in");
-  FlushHostFolder(stage_);
+  if (!stage.WriteNewFile(kMark, {})) return Fail(stage_, "can't be written in");
+  stage.Flush();
   for (const NewFile& file : files) {
     if (!Step()) return false;
-    if (!WriteHostFile(stage_ / file.Name, file.Bytes)) return Fail(file.Name, "can't be written");
+    if (!stage.WriteNewFile(file.Name, file.Bytes)) return Fail(file.Name, "can't be written");
   }
-  if (Exists(folder_)) {
-    fs::permissions(stage_, fs::status(folder_, failure).permissions() | fs::perms::owner_all, failure);
-  }
-  FlushHostFolder(stage_);
-  FlushHostFolder(stage_.parent_path());
+  if (const Opened old = parent_->OpenFolder(name_)) stage.TakeRightsOf(*old);
+  stage.Flush();
+  parent_->Flush();
   return true;
 }
 
 bool Replacement::PutInPlace() {
   if (!Step()) return false;
-  if (!Exists(folder_)) return Rename(stage_, folder_) || Fail(folder_, "can't be made");
-  if (ExchangeHostNames(stage_, folder_)) return true;
-  if (Exists(aside_)) return Fail(aside_, "is in the way");
-  if (!Rename(folder_, aside_)) return Fail(folder_, "can't be renamed");
+  if (!parent_->Exists(name_)) return Rename(stage_, name_) || Fail(name_, "can't be made");
+  if (parent_->Exchange(stage_, name_)) return true;
+  if (parent_->Exists(aside_)) return Fail(aside_, "is in the way");
+  if (!Rename(name_, aside_)) return Fail(name_, "can't be renamed");
   if (!Step()) return false;
-  if (!Rename(stage_, folder_)) {
-    Rename(aside_, folder_);
+  if (!Rename(stage_, name_)) {
+    Rename(aside_, name_);
     return Fail(stage_, "can't be renamed");
   }
   if (!Step()) return false;
   return Rename(aside_, stage_) || Fail(aside_, "can't be renamed");
 }
 
-bool Replacement::CarryOver() {
-  const std::optional<std::vector<fs::path>> names = NamesIn(stage_);
+bool Replacement::CarryOver(HostDirectory& old, HostDirectory& current) {
+  const auto names = old.Names();
   if (!names) return Fail(stage_, "can't be read");
   for (const fs::path& name : *names) {
     if (!Step()) return false;
-    const fs::path from = stage_ / name;
-    if (IsRegistryFile(name) && !IsFolder(from)) {
-      if (!Remove(from)) return Fail(name, "can't be removed");
+    if (IsRegistryFile(name) && old.OpenFolder(name) == nullptr) {
+      if (!old.Remove(name)) return Fail(name, "can't be removed");
       continue;
     }
-    fs::path to = folder_ / name;
-    while (Exists(to)) to += "~";
-    if (!Rename(from, to)) return Fail(name, "can't be moved");
+    fs::path to = name;
+    while (current.Exists(to)) to += "~";
+    if (!old.Rename(name, current, to)) return Fail(name, "can't be moved");
   }
-  FlushHostFolder(folder_);
-  FlushHostFolder(stage_);
+  current.Flush();
+  old.Flush();
   if (!Step()) return false;
-  return Remove(stage_) || Fail(stage_, "can't be removed");
+  return parent_->RemoveEmptyFolder(stage_) || Fail(stage_, "can't be removed");
 }
 
-bool Replacement::Finish() {
-  if (IsFolder(stage_) && !CarryOver()) return false;
-  FlushHostFolder(folder_.parent_path());
+bool Replacement::Finish(HostDirectory& current) {
+  const Opened old = parent_->OpenFolder(stage_);
+  if (old != nullptr && !CarryOver(*old, current)) return false;
+  parent_->Flush();
   if (!Step()) return false;
-  if (!Remove(folder_ / kMark)) return Fail(folder_, "can't be written in");
-  FlushHostFolder(folder_);
+  if (!current.Remove(kMark)) return Fail(name_, "can't be written in");
+  current.Flush();
   return true;
 }
 
 bool Replacement::Recover() {
-  if (IsFolder(aside_)) {
-    if (!Exists(folder_)) {
-      if (!Step() || !Rename(aside_, folder_)) return Fail(aside_, "can't be renamed");
-    } else if (Exists(folder_ / kMark) && !Exists(stage_)) {
+  if (parent_ == nullptr) return Fail(name_, "the folder it lies in can't be opened");
+  if (parent_->OpenFolder(aside_) != nullptr) {
+    const Opened current = parent_->OpenFolder(name_);
+    if (!parent_->Exists(name_)) {
+      if (!Step() || !Rename(aside_, name_)) return Fail(aside_, "can't be renamed");
+    } else if (current != nullptr && current->Exists(kMark) && !parent_->Exists(stage_)) {
       if (!Step() || !Rename(aside_, stage_)) return Fail(aside_, "can't be renamed");
     }
   }
-  if (IsFolder(stage_) && Exists(stage_ / kMark)) return RemoveStage();
-  if (IsFolder(folder_) && Exists(folder_ / kMark)) return Finish();
+  const Opened stage = parent_->OpenFolder(stage_);
+  if (stage != nullptr && stage->Exists(kMark)) return RemoveStage(*stage);
+  const Opened current = parent_->OpenFolder(name_);
+  if (current != nullptr && current->Exists(kMark)) return Finish(*current);
   // An empty one never came to its mark; any other is none of ours.
-  std::error_code failure;
-  if (IsFolder(stage_) && fs::is_empty(stage_, failure) && Step()) Remove(stage_);
+  if (stage != nullptr && stage->Names() == std::vector<fs::path>() && Step()) {
+    parent_->RemoveEmptyFolder(stage_);
+  }
   return true;
 }
 
 bool Replacement::Replace(const std::vector<NewFile>& files) {
   if (!Recover()) return false;
-  if (Exists(stage_)) return Fail(stage_, "is in the way");
-  if (!MakeStage(files)) {
-    std::string ignored;
-    if (Step() && Exists(stage_ / kMark)) Replacement(folder_, ignored, step_).RemoveStage();
+  if (parent_->Exists(stage_)) return Fail(stage_, "is in the way");
+  const Opened stage = MakeStage();
+  if (stage == nullptr) return false;
+  if (!FillStage(*stage, files)) {
+    const std::string why = reason_;
+    if (Step() && stage->Exists(kMark)) RemoveStage(*stage);
+    reason_ = why;
     return false;
   }
   if (!PutInPlace()) return false;
-  FlushHostFolder(folder_.parent_path());
-  return Finish();
+  parent_->Flush();
+  // What has the name now must be what was filled.
+  const Opened current = parent_->OpenFolder(name_);
+  if (current == nullptr || !current->IsSame(*stage)) {
+    parent_->Exchange(stage_, name_);
+    return Fail(stage_, "was replaced by something else meanwhile");
+  }
+  return Finish(*current);
 }
 
 }  // namespace

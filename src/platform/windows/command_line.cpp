@@ -1,6 +1,7 @@
 #include "platform/windows/command_line.h"
 
 #include <algorithm>
+#include <cstddef>
 
 namespace tavix::windows {
 namespace {
@@ -11,7 +12,7 @@ bool IsLetter(char16_t c) { return (c >= u'a' && c <= u'z') || (c >= u'A' && c <
 bool IsAddress(TextView text) {
   const size_t colon = text.find(u':');
   if (colon == TextView::npos || colon < 2 || !IsLetter(text[0])) return false;
-  return std::all_of(text.begin(), text.begin() + static_cast<ptrdiff_t>(colon), [](char16_t c) {
+  return std::all_of(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(colon), [](char16_t c) {
     return IsLetter(c) || (c >= u'0' && c <= u'9') || c == u'+' || c == u'-' || c == u'.';
   });
 }

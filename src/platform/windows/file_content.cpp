@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/temporary_name.h"
 #include "platform/windows/file_facts.h"
 #include "platform/windows/file_handle.h"
 #include "platform/windows/wide.h"
@@ -126,10 +127,9 @@ bool CreateEmptyFile(TextView path, bool overwrite) {
 }
 
 Text TemporaryPath(TextView folder) {
-  constexpr TextView kPrefix = u"~tvx";
   static uint32_t count = 0;
   for (;;) {
-    const Text name = Concat(kPrefix, ToText(GetCurrentProcessId()), u"-", ToText(++count), u".tmp");
+    const Text name = platform::kTemporaryFiles.Make(GetCurrentProcessId(), ++count);
     Text path = ExtendedPath(PathIn(folder, name));
     if (GetFileAttributesW(Wide(path)) == INVALID_FILE_ATTRIBUTES) return path;
   }

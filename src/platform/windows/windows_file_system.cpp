@@ -5,6 +5,7 @@
 #include "platform/windows/file_facts.h"
 #include "platform/windows/file_move.h"
 #include "platform/windows/found_item.h"
+#include "platform/windows/temporary_files.h"
 #include "platform/windows/wide.h"
 #include "platform/windows/windows_path.h"
 
@@ -145,6 +146,10 @@ bool WindowsFileSystem::SetAttributes(TextView path, uint32_t attributes) {
   const DWORD wanted = (there & ~(kChangeable | FILE_ATTRIBUTE_NORMAL)) | (attributes & kChangeable);
   if (wanted == there) return true;
   return SetFileAttributesW(Wide(extended), wanted == 0 ? FILE_ATTRIBUTE_NORMAL : wanted) != 0;
+}
+
+void WindowsFileSystem::RemoveTemporaries(TextView folder) {
+  if (const std::optional<Text> normal = NormalPath(folder)) RemoveTemporaryFiles(*normal);
 }
 
 std::vector<platform::Drive> WindowsFileSystem::Drives() {

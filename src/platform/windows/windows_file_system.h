@@ -30,6 +30,7 @@ class WindowsFileSystem : public platform::FileSystem {
   bool DeleteFolder(TextView path, bool force) override;
   bool MoveFile(TextView source, TextView destination) override;
   bool SetAttributes(TextView path, uint32_t attributes) override;
+  void RemoveTemporaries(TextView folder) override;
   std::vector<platform::Drive> Drives() override;
   std::optional<int> DriveType(char16_t letter) override;
   bool IsDriveReady(char16_t letter) override;

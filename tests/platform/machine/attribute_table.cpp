@@ -45,6 +45,18 @@ TEST(AttributeTable, SavesWhatDiffersFromZero) {
   EXPECT_EQ(again.Get(u"C:\\B=C"), 2U);
 }
 
+TEST(AttributeTable, LeavesAFileThatItCannotReadAsItIs) {
+  const std::string noText = "C:\\a=7\n\xFF\xFE\n";
+  MemoryStore store;
+  store.Root()->WriteFile(kFile, noText);
+  AttributeTable table(&store);
+  EXPECT_FALSE(table.Readable());
+  table.Set(u"C:\\b", 1);
+  EXPECT_FALSE(table.Save());
+  EXPECT_EQ(store.Root()->ReadFile(kFile), noText);
+  EXPECT_TRUE(AttributeTable().Readable());
+}
+
 TEST(AttributeTable, KeepsItsChangesWhenSavingFails) {
   MemoryStore store;
   AttributeTable table(&store);

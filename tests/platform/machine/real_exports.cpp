@@ -23,8 +23,9 @@ class RealExports : public testing::Test {
     if (!fs::exists(kExports)) GTEST_SKIP() << "no exports of real machines here";
   }
   void Read(const char* name) {
-    const auto bytes = ReadHostFile(kExports / name);
-    ASSERT_TRUE(bytes.has_value()) << name;
+    std::string reason;
+    const auto bytes = ReadHostFile(kExports / name, UINT32_MAX, reason);
+    ASSERT_TRUE(bytes.has_value()) << name << ": " << reason;
     const auto error = ReadRegistryText(*bytes, registry.Store());
     ASSERT_FALSE(error) << name << ":" << error->Line << ": " << error->Reason;
   }
@@ -115,8 +116,9 @@ TEST_F(RealExports, LoadFormsOfEachType) {
 
 // Each statement of the irregular file by itself: what is sound loads, the rest has its reason.
 TEST_F(RealExports, TakeIrregularFormsOneByOne) {
-  const auto bytes = ReadHostFile(kExports / "forms/irregular-regedit5.reg");
-  ASSERT_TRUE(bytes.has_value());
+  std::string reason;
+  const auto bytes = ReadHostFile(kExports / "forms/irregular-regedit5.reg", UINT32_MAX, reason);
+  ASSERT_TRUE(bytes.has_value()) << reason;
   const std::string header = bytes->substr(0, bytes->find('\n') + 1);
   const auto error = ReadRegistryText(*bytes, registry.Store());
   ASSERT_TRUE(error.has_value());

@@ -1,0 +1,33 @@
+#include "text/fit_lines.h"
+
+#include <algorithm>
+#include <cstdint>
+
+#include "require.h"
+
+// The first two bytes are the number of lines and their width. What comes out begins as the text does, has
+// room where it is to stand, and is the whole text where that has.
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+  using namespace tavix;
+  if (size < 2) return 0;
+  const size_t lines = data[0] % 20 + 1;
+  const size_t width = data[1] % 90 + 3;
+  const Text text(data + 2, data + size);
+  const Text fitted = FitLines(text, lines, width);
+  size_t taken = 0;
+  for (const TextView line : Split(fitted, u"\n")) {
+    taken += std::max<size_t>((line.size() + width - 1) / width, 1);
+  }
+  // A carriage return at the end of a full line takes no room of its own.
+  Require(taken <= 2 * lines && fitted.size() <= text.size() + 5);
+  if (fitted == text) {
+    Require(FitLines(fitted, lines, width) == fitted);
+    return 0;
+  }
+  Require(fitted.ends_with(u"..."));
+  Text head = fitted.substr(0, fitted.size() - 3);
+  if (!text.starts_with(head) && head.ends_with(u"\r\n")) head.resize(head.size() - 2);
+  Require(text.starts_with(head));
+  Require(FitLines(text, lines + 1, width).size() + 5 >= head.size());
+  return 0;
+}

@@ -1,0 +1,99 @@
+#include "frame/settings.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <vector>
+
+#include "frame/data_paths.h"
+#include "frame/start_up.h"
+#include "frame/support/file_system_object.h"
+#include "platform/machine/memory_host.h"
+#include "require.h"
+
+namespace {
+
+using namespace tavix;
+using namespace tavix::mdlPubSelf;
+
+// A disk whose settings file is at hand without a way to it.
+class Disk : public machine::MemoryFileSystem {
+ public:
+  using MemoryFileSystem::MemoryFileSystem;
+  std::optional<std::string> ReadFile(TextView path) override {
+    return path == kSettingsFile ? content : MemoryFileSystem::ReadFile(path);
+  }
+  bool WriteFile(TextView path, std::string_view bytes) override {
+    if (path != kSettingsFile) return MemoryFileSystem::WriteFile(path, bytes);
+    content = bytes;
+    return true;
+  }
+  std::optional<std::string> content;
+};
+
+// That of a machine that has been started, with nothing above the frame.
+Disk& SettingsDisk() {
+  static machine::MemoryHost host;
+  static Disk disk(host.store, host.facts);
+  if (!fileSystemObject) {
+    host.files.AddFolder(u"C:\\");
+    platform::fileSystem = &disk;
+    Form_Load();
+  }
+  return disk;
+}
+
+Text* const kAll[] = {&DuplicateSize, &DuplicateModified, &OnlyCommon,       &LeastSize,
+                      &NeedLeast,     &CommonTypes,       &Functions,        &CleaningMethod,
+                      &BackupFolder,  &InterfaceSize,     &LastAccessedFile, &LastAccessedPrefetch,
+                      &ExceptFolders};
+constexpr size_t kMethod = 7;
+constexpr size_t kBackup = 8;
+
+std::vector<Text> Settings() {
+  std::vector<Text> values;
+  for (const Text* value : kAll) values.push_back(*value);
+  return values;
+}
+
+// Gives back all memory. A run that leaves some is looked through for leaks, which takes long.
+void Forget() {
+  for (Text* value : kAll) Text().swap(*value);
+  SettingsDisk().content.reset();
+}
+
+void CheckWriting() {
+  auto expected = Settings();
+  const Text value = CommonTypes + u" \"x";
+  WriteSetting(u"Cleaning Method", u"Backup Folder", value);
+  LoadSettings();
+  expected[kBackup] = value;
+  if (value.find_first_of(u"\r\n") == Text::npos) Require(Settings() == expected);
+}
+
+void CheckDefaults() {
+  WriteDefaultSettings();
+  LoadSettings();
+  const auto defaults = Settings();
+  Require(defaults[kMethod] == u"D" && defaults[kBackup] == kDefaultBackupFolder);
+  const auto written = SettingsDisk().content;
+  WriteDefaultSettings();
+  LoadSettings();
+  Require(SettingsDisk().content == written && Settings() == defaults);
+}
+
+}  // namespace
+
+// Any bytes in the settings file give settings no longer than they are. The last byte chooses what follows: a
+// setting that is written is read back and leaves the others alone; defaults are the same a second time.
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+  constexpr size_t kMost = 300;
+  const std::string bytes(reinterpret_cast<const char*>(data), std::min(size, kMost));
+  SettingsDisk().content = bytes;
+  LoadSettings();
+  for (const Text& value : Settings()) Require(value.size() <= bytes.size());
+  const unsigned choice = size > 0 ? data[size - 1] % 16 : 0;
+  if (choice == 1) CheckWriting();
+  if (choice == 2) CheckDefaults();
+  Forget();
+  return 0;
+}
