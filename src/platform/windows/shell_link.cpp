@@ -9,13 +9,6 @@
 namespace tavix::windows {
 namespace {
 
-template <class Interface>
-ComPointer<Interface> Ask(IUnknown* object, REFIID id) {
-  ComPointer<Interface> found;
-  if (FAILED(object->QueryInterface(id, reinterpret_cast<void**>(found.Receive())))) (void)found.Release();
-  return found;
-}
-
 // An advertised program has no path before it is looked for among the installed ones.
 bool IsAdvertised(IShellLinkW* link) {
   const auto data = Ask<IShellLinkDataList>(link, IID_IShellLinkDataList);
