@@ -30,8 +30,8 @@ class Shell {
   virtual bool ShowFileProperties(WindowHandle owner, TextView path) = 0;
 
   // Sends a file or folder to the recycle bin without a question, and nothing along with it. What the bin
-  // can't take stays where it is, and the call fails: on a share or a volume without a bin, where the user has
-  // turned the bin off, too large, or with a path too long.
+  // can't take stays where it is, and the call fails: on a share or a volume without a bin, where the user
+  // has turned the bin off, too large, or with a path too long.
   virtual bool DeleteToRecycleBin(TextView path) = 0;
   // Empties the bins of all drives without a question.
   virtual bool EmptyRecycleBin(WindowHandle owner) = 0;
