@@ -15,9 +15,9 @@ VERSION = re.search(r"project\(tavix VERSION (\S+)", (SOURCE / "CMakeLists.txt")
 SYSTEM_LIBRARIES = {
     "advapi32.dll", "comctl32.dll", "gdi32.dll", "kernel32.dll", "msvcrt.dll", "ntdll.dll", "ole32.dll", "oleaut32.dll",
     "shell32.dll", "shlwapi.dll", "user32.dll", "uxtheme.dll", "winhttp.dll"}
-# Those that every Windows since 7 lists among its known ones, ntdll, and the one whose place the manifest tells.
+# Those that every Windows since 7 lists among its known ones, and ntdll.
 FOUND_WITHOUT_A_SEARCH = {
-    "advapi32.dll", "gdi32.dll", "kernel32.dll", "msvcrt.dll", "ole32.dll", "user32.dll", "ntdll.dll", "comctl32.dll"}
+    "advapi32.dll", "gdi32.dll", "kernel32.dll", "msvcrt.dll", "ole32.dll", "user32.dll", "ntdll.dll"}
 ICON, MANIFEST, ICONS, VERSION_INFO, BITMAP = 3, 24, 14, 16, 2
 
 

@@ -10,6 +10,7 @@ import update_program
 from driver import wait_for
 
 PROGRAMS = ("HH.exe", "hh.com", "RunDll32.exe", "regedit.exe", "ntsd.exe")
+# Not version.dll: Wine's own user32 takes that along before the program's first instruction, and looks for it here.
 LIBRARIES = ("uxtheme.dll", "winhttp.dll", "shell32.dll", "shlwapi.dll", "oleaut32.dll")
 
 

@@ -9,13 +9,18 @@
 namespace tavix::windows {
 namespace {
 
-// Called before a library is loaded late; what it returns is the library.
-FARPROC WINAPI LoadFromSystemFolder(unsigned moment, DelayLoadInfo* info) {
-  if (moment != dliNotePreLoadLibrary) return nullptr;
+HMODULE LoadFromSystemFolder(TextView name) {
+  const Text path = Concat(SystemFolder(), u"\\", name);
+  return LoadLibraryExW(Wide(path), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
+}
+
+// Called before a library is loaded late; what it returns is the library. For nothing it is loaded by its
+// name: so the manifest tells the place of the controls, which is not the system folder.
+FARPROC WINAPI OnLateLibrary(unsigned moment, DelayLoadInfo* info) {
   const std::string_view name = info->szDll;
-  const Text path = Concat(SystemFolder(), u"\\", Text(name.begin(), name.end()));
-  const HMODULE library = LoadLibraryExW(Wide(path), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
-  return reinterpret_cast<FARPROC>(reinterpret_cast<void*>(library));
+  if (moment != dliNotePreLoadLibrary || name == "comctl32.dll") return nullptr;
+  return reinterpret_cast<FARPROC>(
+      reinterpret_cast<void*>(LoadFromSystemFolder(Text(name.begin(), name.end()))));
 }
 
 }  // namespace
@@ -28,10 +33,13 @@ void SearchSystemFolderOnly() {
   const auto setDirectories = reinterpret_cast<SetDirectories>(
       reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "SetDefaultDllDirectories")));
   if (setDirectories != nullptr) setDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
+  // The system's controls load this one by its name alone, and under Wine without regard to the above. Once
+  // it is loaded, its name means the one that is.
+  LoadFromSystemFolder(u"uxtheme.dll");
 }
 
 }  // namespace tavix::windows
 
 // The hook that the compiler's library for late loading looks for. It is in place without being set, since it
 // is linked in together with the routine above.
-PfnDliHook __pfnDliNotifyHook2 = tavix::windows::LoadFromSystemFolder;
+PfnDliHook __pfnDliNotifyHook2 = tavix::windows::OnLateLibrary;

@@ -7,9 +7,9 @@ namespace tavix::windows {
 // in a program.
 //
 // What is loaded before that, together with the program, is told by its import table, which therefore names
-// no library but those that the system finds without a search (KERNEL32, USER32, GDI32, ADVAPI32, ole32,
-// msvcrt, ntdll: its known ones) and COMCTL32, whose place the manifest tells. All others are loaded when
-// they are first called (CMakeLists.txt, late/), by their full path.
+// no library but those that the system finds without a search: KERNEL32, USER32, GDI32, ADVAPI32, ole32,
+// msvcrt and ntdll are its known ones. All others are loaded when they are first called (CMakeLists.txt,
+// late/), by their full path, or where the manifest tells it, by that.
 void SearchSystemFolderOnly();
 
 }  // namespace tavix::windows
