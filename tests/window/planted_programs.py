@@ -39,8 +39,8 @@ class Planted(update_program.UpdateTest):
         cls.machine.seed("".join(
             f"[HKEY_CURRENT_USER\\Software\\Wine\\AppDefaults\\{program}\\DllOverrides]\n"
             + "".join(f'"{library[:-4]}"="native,builtin"\n' for library in LIBRARIES)
-            for program in ("tavix-older.exe", "HH.exe")))
-        for name in ("tavix-older.exe", "tips.dll", "menus.dll"):
+            for program in ("tavix-older.exe", "tavix-console.exe", "HH.exe")))
+        for name in ("tavix-older.exe", "tavix-console.exe", "tips.dll", "menus.dll"):
             shutil.copy(driver.BUILD / name, cls.beside)
         shutil.copytree(driver.BUILD / "res", cls.beside / "res")
 
@@ -50,7 +50,8 @@ class Planted(update_program.UpdateTest):
         self.note.unlink(missing_ok=True)
 
     def start_among_them(self, program, *arguments):
-        process = subprocess.Popen([driver.WINE, program, *arguments], env=self.machine.environment, cwd=self.current)
+        process = subprocess.Popen([driver.WINE, program, *arguments], env=self.machine.environment, cwd=self.current,
+                                   stdout=subprocess.DEVNULL)
         self.addCleanup(self.end, process)
         return process
 
@@ -76,6 +77,15 @@ class Planted(update_program.UpdateTest):
         time.sleep(1)
         self.assertEqual(self.notes(), "")
         self.close_window(process)
+        self.assertEqual(self.notes(), "")
+
+    def test_a_clean_runs_the_system_s_own_command(self):
+        self.assertFalse((self.machine.prefix / "dosdevices" / "z:").is_symlink(), "a clean could reach this machine")
+        self.machine.note_rundll32_calls()
+        process = self.start_among_them(self.beside / "tavix-console.exe", "--live", "--function", "ieafh", "--clean")
+        self.assertEqual(process.wait(timeout=driver.START_SECONDS), 0)
+        calls = wait_for("the command", self.machine.rundll32_calls)
+        self.assertEqual(calls, ["InetCpl.cpl,ClearMyTracksByProcess 16"])
         self.assertEqual(self.notes(), "")
 
 
