@@ -4,6 +4,7 @@
 // clang-format on
 
 #include "frame/start_up.h"
+#include "platform/windows/library_search.h"
 #include "platform/windows/windows_host.h"
 #include "window/win32/about_window.h"
 #include "window/win32/event_queue_win32.h"
@@ -13,6 +14,7 @@
 #include "window/wiring.h"
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
+  tavix::windows::SearchSystemFolderOnly();
   const INITCOMMONCONTROLSEX controls{
       sizeof controls, ICC_STANDARD_CLASSES | ICC_LISTVIEW_CLASSES | ICC_TREEVIEW_CLASSES | ICC_BAR_CLASSES};
   InitCommonControlsEx(&controls);

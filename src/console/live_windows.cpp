@@ -1,5 +1,6 @@
 #include "console/live.h"
 
+#include "platform/windows/library_search.h"
 #include "platform/windows/wide.h"
 #include "platform/windows/windows_api.h"
 #include "platform/windows/windows_host.h"
@@ -17,7 +18,10 @@ class Live : public LiveSystem {
 
 }  // namespace
 
-std::unique_ptr<LiveSystem> UseLiveSystem(std::string&) { return std::make_unique<Live>(); }
+std::unique_ptr<LiveSystem> UseLiveSystem(std::string&) {
+  windows::SearchSystemFolderOnly();
+  return std::make_unique<Live>();
+}
 
 std::vector<std::string> Arguments(int, char**) {
   int count = 0;

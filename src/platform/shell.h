@@ -19,16 +19,20 @@ class Shell {
   virtual ~Shell() = default;
 
   // Starts a web or mail address, a program, or a whole command line with arguments. `style` is the show
-  // style of the window, 3 for maximised.
+  // style of the window, 3 for maximised. A program of the system that is named without a folder is the one
+  // in the system's own folder, whatever bears its name elsewhere. An address is opened with the user's
+  // ordinary rights where this program has higher ones.
   virtual bool RunTarget(TextView target, int style) = 0;
-  // Opens a file or folder with its default action.
+  // Opens a file or folder with its default action, with the user's ordinary rights like an address.
   virtual bool OpenPath(TextView path, int style) = 0;
   // The same as RunTarget with no window at all.
   virtual bool RunHidden(TextView target) = 0;
   // Opens the properties sheet of a file or folder.
   virtual bool ShowFileProperties(WindowHandle owner, TextView path) = 0;
 
-  // Sends a file or folder to the recycle bin without a question.
+  // Sends a file or folder to the recycle bin without a question, and nothing along with it. What the bin
+  // can't take stays where it is, and the call fails: on a share or a volume without a bin, where the user
+  // has turned the bin off, too large, or with a path too long.
   virtual bool DeleteToRecycleBin(TextView path) = 0;
   // Empties the bins of all drives without a question.
   virtual bool EmptyRecycleBin(WindowHandle owner) = 0;

@@ -1,5 +1,7 @@
 #include "window/update.h"
 
+#include <algorithm>
+
 #include "forms/main_form.h"
 #include "frame/messages.h"
 #include "frame/support/pub_system.h"
@@ -17,6 +19,37 @@ constexpr int kMaximised = 3;
 
 Text Address(TextView path) { return Concat(ProductSite(), path); }
 
+bool IsLineEnd(char16_t c) { return c == u'\r' || c == u'\n'; }
+
+bool IsControl(char16_t c) { return c < 0x20 || (c >= 0x7F && c <= 0x9F); }
+
+// Characters that turn the order of those around them: a line with one reads otherwise than it is written.
+bool IsBidirectional(char16_t c) {
+  return c == 0x061C || c == 0x200E || c == 0x200F || (c >= 0x202A && c <= 0x202E) ||
+         (c >= 0x2066 && c <= 0x2069);
+}
+
+// Whether a text can be a version. The page that a network shows before it lets anybody through can't.
+bool CanBeVersion(TextView text) {
+  constexpr size_t kMost = 64;
+  return text.size() <= kMost &&
+         std::ranges::none_of(text, [](char16_t c) { return c == u'<' || (IsControl(c) && !IsLineEnd(c)); });
+}
+
+// What a message box shows of a text from elsewhere.
+Text Harmless(TextView text) {
+  Text harmless;
+  harmless.reserve(text.size());
+  for (const char16_t c : text) {
+    if (c == u'\t') {
+      harmless += u' ';
+    } else if (IsLineEnd(c) || (!IsControl(c) && !IsBidirectional(c))) {
+      harmless += c;
+    }
+  }
+  return harmless;
+}
+
 // The text at the address of `net`; empty where there is none to be had.
 Text OpenUrl() {
   if (platform::network == nullptr) return {};
@@ -31,13 +64,14 @@ int MsgBox(TextView text, int style) {
 
 Text LatestVersion() {
   frmPubMain.net.RequestTimeout = kVersionSeconds;
-  return OpenUrl();
+  Text text = OpenUrl();
+  return CanBeVersion(text) ? text : Text();
 }
 
 Text Notes() {
   frmPubMain.net.URL = Address(u"/update.txt");
   frmPubMain.net.RequestTimeout = kNotesSeconds;
-  return OpenUrl();
+  return Harmless(OpenUrl());
 }
 
 // The version text of the window bears a letter in front.

@@ -156,17 +156,31 @@ TEST_F(UpdateCheck, WithoutTheCatalogueTheNotesAreShownAll) {
   EXPECT_EQ(machine.journal.Entries().back().Get(u"text"), u"\r\n\r\nnotes");
 }
 
-TEST_F(UpdateCheck, EveryTextButTheRunningVersionCountsAsNewer) {
-  for (const std::string& latest : {std::string("0.0.1"), running + "\r\n", running + "\n", running + " ",
-                                    " " + running, "v" + running, running + std::string(1, '\0'),
-                                    std::string("<html>Not here</html>"), std::string("\xFF\xFE", 2) + "9"}) {
+TEST_F(UpdateCheck, EveryShortPlainTextButTheRunningVersionCountsAsNewer) {
+  for (const std::string& latest :
+       {std::string("0.0.1"), running + "\r\n", running + "\n", running + " ", " " + running, "v" + running,
+        std::string(64, '9'), std::string("caf\xC3\xA9")}) {
     machine.journal.Clear();
     machine.dialogs.answers = {platform::kCancel};
     Serve(latest, "notes");
     CheckForUpdate();
-    const bool offered = Calls().size() == 3;
-    // Half a character behind a mark is no text.
-    EXPECT_EQ(offered, latest[0] != '\xFF') << latest;
+    EXPECT_EQ(Calls().size(), 3U) << latest;
+  }
+}
+
+TEST_F(UpdateCheck, WhatIsNoShortPlainTextIsAFailedFetch) {
+  Start();
+  for (const std::string& latest :
+       {std::string("<html>Welcome to the hotel</html>"), std::string("9.0.1<"), std::string(65, '9'),
+        "9.0.1" + std::string(1, '\0'), std::string("9.0.1\t"), std::string("\x1B[2J"), std::string("9\x7F"),
+        std::string("9.0.1\xC2\x85"), std::string("\xFF\xFE", 2) + "9"}) {
+    machine.journal.Clear();
+    Serve(latest, "notes");
+    CheckForUpdate();
+    EXPECT_EQ(Calls(), Strings{fetchVersion}) << latest;
+    machine.journal.Clear();
+    frmPubType.menhl.Click();
+    EXPECT_EQ(Calls(), (Strings{fetchVersion, nothingNew})) << latest;
   }
 }
 
@@ -189,9 +203,14 @@ TEST_F(UpdateCheck, NotesOfAnyBytesAreShownAsText) {
       {"caf\xC3\xA9", u"café"},
       {"caf\xE9", u"café"},
       {std::string("\xFF\xFE\xE9\x00\xE9", 5), u"é"},
-      {std::string("one\0two", 7), Text(u"one\0two", 7)},
+      {"one\r\n\ttwo\nthree", u"one\r\n two\nthree"},
+      {std::string("one\0two", 7), u"onetwo"},
       {"\x80\xFE\xFF", u"\u20ACþÿ"},
-      {"%s%n\x1B[2J", u"%s%n\u001B[2J"},
+      {"%s%n\x1B[2J\x07\x7F", u"%s%n[2J"},
+      // Next line; right-to-left override, marks and isolates.
+      {"a\xC2\x85z", u"az"},
+      {"exe.\xE2\x80\xAEtxt\xE2\x80\xAC", u"exe.txt"},
+      {"\xE2\x80\x8E\xE2\x80\x8F\xD8\x9C\xE2\x81\xA6x\xE2\x81\xA9", u"x"},
       {std::string(1 << 20, 'x'), Text(1 << 20, u'x')},
   };
   Start();

@@ -199,6 +199,46 @@ class AtStart(UpdateTest):
         self.assertGreater(took, 4.5)
         self.assertLess(took, 9.5)  # what reading the window takes comes on top
 
+    def test_a_site_that_sends_a_byte_now_and_then_holds_the_start_up_for_six_seconds(self):
+        def drip(handler):
+            handler.send_response(200)
+            handler.end_headers()
+            try:
+                while not site.ending.wait(0.3):
+                    handler.wfile.write(b"9")
+            except OSError:
+                pass
+
+        site = self.serve(latestver=drip)
+        process, _ = self.start()
+        wait_for("the request", lambda: site.requests, driver.START_SECONDS)
+        begin = time.monotonic()
+        self.wait_for_the_window_alone(process)
+        took = time.monotonic() - begin
+        # A machine that is busy takes its time to show the window; the site would have gone on for hours.
+        self.assertLess(took, 40)
+
+    def test_a_login_page_of_the_network_is_silent(self):
+        self.serve(latestver=b"<html><title>Welcome</title></html>", update=b"notes")
+        process, _ = self.start()
+        self.wait_for_the_window_alone(process)
+        self.assertEqual(self.site.requests, ["/latestver.txt"])
+
+    def test_a_site_that_leads_to_another_host_is_silent(self):
+        other = Site({"/latestver.txt": b"9.0.1"})
+        self.addCleanup(other.close)
+
+        def lead(handler):
+            handler.send_response(302)
+            handler.send_header("Location", other.address.replace("127.0.0.1", "localhost") + "/latestver.txt")
+            handler.send_header("Content-Length", "0")
+            handler.end_headers()
+
+        self.serve(latestver=lead)
+        process, _ = self.start()
+        self.wait_for_the_window_alone(process)
+        self.assertEqual(other.requests, [])
+
     def test_a_site_that_never_ends_is_silent(self):
         def pour(handler):
             handler.send_response(200)

@@ -16,6 +16,14 @@ struct ComTraits {
 template <class Interface>
 using ComPointer = Owned<ComTraits<Interface>>;
 
+// Another interface of an object; null when it has none of that kind.
+template <class Interface>
+ComPointer<Interface> Ask(IUnknown* object, REFIID id) {
+  ComPointer<Interface> found;
+  if (FAILED(object->QueryInterface(id, reinterpret_cast<void**>(found.Receive())))) (void)found.Release();
+  return found;
+}
+
 // Memory that an object handed out.
 template <class Type>
 struct TaskMemoryTraits {

@@ -8,7 +8,12 @@ namespace {
 
 bool IsLetter(char16_t c) { return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z'); }
 
-// A scheme in front; a single letter is a drive.
+Command At(TextView text, size_t cut) {
+  return {Text(text.substr(0, cut)), Text(cut < text.size() ? Trim(text.substr(cut)) : TextView())};
+}
+
+}  // namespace
+
 bool IsAddress(TextView text) {
   const size_t colon = text.find(u':');
   if (colon == TextView::npos || colon < 2 || !IsLetter(text[0])) return false;
@@ -16,12 +21,6 @@ bool IsAddress(TextView text) {
     return IsLetter(c) || (c >= u'0' && c <= u'9') || c == u'+' || c == u'-' || c == u'.';
   });
 }
-
-Command At(TextView text, size_t cut) {
-  return {Text(text.substr(0, cut)), Text(cut < text.size() ? Trim(text.substr(cut)) : TextView())};
-}
-
-}  // namespace
 
 Command SplitCommand(TextView text, const std::function<bool(TextView path)>& isThere) {
   text = Trim(text);

@@ -12,6 +12,9 @@ struct Command {
   Text arguments;
 };
 
+// Whether a text begins with a scheme ("http:", "mailto:"). A single letter is a drive.
+bool IsAddress(TextView text);
+
 // Takes apart what a user or a registry entry has in one text. An address ("http://...", "mailto:...") is a
 // whole, blanks included; so is what `isThere` knows as a file or folder. Quotes hold a path with blanks.
 // Without them the shortest beginning up to a blank that `isThere` knows, with or without ".exe", is the

@@ -45,6 +45,14 @@ class Owned {
   Handle handle_ = Traits::Null();
 };
 
+// An object that the system keeps for its processes: a mutex, an event, a token.
+struct ObjectTraits {
+  using Handle = HANDLE;
+  static Handle Null() { return nullptr; }
+  static void Close(Handle handle) { CloseHandle(handle); }
+};
+using ObjectHandle = Owned<ObjectTraits>;
+
 struct RegistryKeyTraits {
   using Handle = HKEY;
   static Handle Null() { return nullptr; }

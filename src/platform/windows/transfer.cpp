@@ -1,5 +1,7 @@
 #include "platform/windows/transfer.h"
 
+#include "platform/windows/wide.h"
+
 namespace tavix::windows {
 namespace {
 
@@ -13,30 +15,75 @@ std::optional<DWORD> HeaderNumber(HINTERNET request, DWORD header) {
   return there != FALSE ? std::optional(number) : std::nullopt;
 }
 
+// Where the answer is said to be; nothing when it isn't said.
+std::optional<Text> LocationOf(HINTERNET request) {
+  constexpr size_t kMost = 2048;
+  wchar_t text[kMost] = L"";
+  DWORD bytes = sizeof text;
+  if (WinHttpQueryHeaders(request, WINHTTP_QUERY_LOCATION, WINHTTP_HEADER_NAME_BY_INDEX, text, &bytes,
+                          WINHTTP_NO_HEADER_INDEX) == FALSE)
+    return std::nullopt;
+  return FromWide(std::wstring_view(text, bytes / sizeof(wchar_t)));
+}
+
+bool IsRedirection(DWORD status) {
+  for (const DWORD one : {301, 302, 303, 307, 308}) {
+    if (status == one) return true;
+  }
+  return false;
+}
+
 }  // namespace
 
-std::shared_ptr<Transfer> Transfer::Start(HINTERNET request) {
+std::shared_ptr<Transfer> Transfer::Start(Request request) {
   auto transfer = std::make_shared<Transfer>();
+  transfer->handles_ = std::move(request);
   if (!transfer->done_) return nullptr;
   // The share of the system's threads; it goes with the request.
   auto share = std::make_unique<std::shared_ptr<Transfer>>(transfer);
+  const HINTERNET handle = transfer->handles_.request.Get();
   auto context = reinterpret_cast<DWORD_PTR>(share.get());
   constexpr DWORD kNotifications = WINHTTP_CALLBACK_FLAG_ALL_COMPLETIONS | WINHTTP_CALLBACK_FLAG_HANDLES;
-  if (WinHttpSetStatusCallback(request, OnStatus, kNotifications, 0) == WINHTTP_INVALID_STATUS_CALLBACK ||
-      WinHttpSetOption(request, WINHTTP_OPTION_CONTEXT_VALUE, &context, sizeof context) == FALSE) {
+  if (WinHttpSetStatusCallback(handle, OnStatus, kNotifications, 0) == WINHTTP_INVALID_STATUS_CALLBACK ||
+      WinHttpSetOption(handle, WINHTTP_OPTION_CONTEXT_VALUE, &context, sizeof context) == FALSE) {
     return nullptr;
   }
   static_cast<void>(share.release());
-  const BOOL sent =
-      WinHttpSendRequest(request, WINHTTP_NO_ADDITIONAL_HEADERS, 0, WINHTTP_NO_REQUEST_DATA, 0, 0, context);
-  return sent != FALSE ? transfer : nullptr;
+  if (!transfer->Send(context)) {
+    transfer->End();
+    return nullptr;
+  }
+  return transfer;
 }
 
 std::optional<std::string> Transfer::Answer() const { return well_ ? std::optional(bytes_) : std::nullopt; }
 
-void Transfer::Abandon() {
+void Transfer::End() {
+  Request handles;  // closed when the guard is free again: closing calls OnStatus
   const std::lock_guard lock(guard_);
-  abandoned_ = true;
+  ended_ = true;
+  if (atWork_ == 0) std::swap(handles, handles_);
+}
+
+bool Transfer::Send(DWORD_PTR context) {
+  Enter();
+  const BOOL sent = WinHttpSendRequest(handles_.request.Get(), WINHTTP_NO_ADDITIONAL_HEADERS, 0,
+                                       WINHTTP_NO_REQUEST_DATA, 0, 0, context);
+  Leave();
+  return sent != FALSE;
+}
+
+bool Transfer::Enter() {
+  const std::lock_guard lock(guard_);
+  if (!ended_) ++atWork_;
+  return !ended_;
+}
+
+void Transfer::Leave() {
+  Request handles;  // as in End
+  const std::lock_guard lock(guard_);
+  --atWork_;
+  if (ended_ && atWork_ == 0) std::swap(handles, handles_);
 }
 
 void CALLBACK Transfer::OnStatus(HINTERNET request, DWORD_PTR context, DWORD status, void*, DWORD length) {
@@ -44,21 +91,22 @@ void CALLBACK Transfer::OnStatus(HINTERNET request, DWORD_PTR context, DWORD sta
   auto* const share = reinterpret_cast<std::shared_ptr<Transfer>*>(context);
   if (status == WINHTTP_CALLBACK_STATUS_HANDLE_CLOSING) {
     delete share;
-  } else {
-    (*share)->Proceed(request, status, length);
+    return;
   }
+  // The request may be closed at the end of this, and the system's share go with it.
+  const std::shared_ptr<Transfer> transfer = *share;
+  if (!transfer->Enter()) return;
+  transfer->Proceed(request, status, length);
+  transfer->Leave();
 }
 
 void Transfer::Proceed(HINTERNET request, DWORD status, DWORD length) {
-  const std::lock_guard lock(guard_);
-  if (abandoned_) return;
   switch (status) {
     case WINHTTP_CALLBACK_STATUS_SENDREQUEST_COMPLETE:
       if (WinHttpReceiveResponse(request, nullptr) == FALSE) Finish(false);
       break;
     case WINHTTP_CALLBACK_STATUS_HEADERS_AVAILABLE:
-      if (HeaderNumber(request, WINHTTP_QUERY_STATUS_CODE) != HTTP_STATUS_OK) return Finish(false);
-      Read(request);
+      TakeHeaders(request);
       break;
     case WINHTTP_CALLBACK_STATUS_READ_COMPLETE:
       Take(request, length);
@@ -69,6 +117,13 @@ void Transfer::Proceed(HINTERNET request, DWORD status, DWORD length) {
     default:
       break;
   }
+}
+
+void Transfer::TakeHeaders(HINTERNET request) {
+  const DWORD status = HeaderNumber(request, WINHTTP_QUERY_STATUS_CODE).value_or(0);
+  if (status == HTTP_STATUS_OK) return Read(request);
+  if (IsRedirection(status)) location_ = LocationOf(request);
+  Finish(false);
 }
 
 void Transfer::Read(HINTERNET request) {

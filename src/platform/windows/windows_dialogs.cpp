@@ -16,6 +16,21 @@ namespace {
 constexpr TextView kCaption = u"Tavix";
 constexpr int kButtons = 0xF;
 
+BOOL CALLBACK TakeVisible(HWND window, LPARAM found) {
+  const bool taken = IsWindowVisible(window) != FALSE && GetWindow(window, GW_OWNER) == nullptr;
+  if (taken) *reinterpret_cast<HWND*>(found) = window;
+  return taken ? FALSE : TRUE;
+}
+
+// The window that a dialog belongs to: the active one; while another program is in front, and none of ours is
+// active, the one that was active last. None before the first window is shown.
+HWND Owner() {
+  if (const HWND active = GetActiveWindow()) return active;
+  HWND visible = nullptr;
+  EnumThreadWindows(GetCurrentThreadId(), TakeVisible, reinterpret_cast<LPARAM>(&visible));
+  return visible == nullptr ? nullptr : GetLastActivePopup(visible);
+}
+
 // What a message box on this screen has room for: a longer one would have its buttons outside.
 Text FitOnScreen(TextView text) {
   constexpr int kAround = 200;
@@ -29,7 +44,7 @@ Text FitOnScreen(TextView text) {
 
 int WindowsDialogs::MsgBox(TextView text, int style) {
   const int answer =
-      MessageBoxW(GetActiveWindow(), Wide(FitOnScreen(text)), Wide(Text(kCaption)), static_cast<UINT>(style));
+      MessageBoxW(Owner(), Wide(FitOnScreen(text)), Wide(Text(kCaption)), static_cast<UINT>(style));
   if (answer != 0) return answer;
   // The box could not be shown, so nobody has agreed to anything.
   const int buttons = style & kButtons;
@@ -38,7 +53,7 @@ int WindowsDialogs::MsgBox(TextView text, int style) {
 }
 
 std::optional<Text> WindowsDialogs::InputBox(TextView prompt, TextView offered) {
-  return ShowInputBox(GetActiveWindow(), kCaption, prompt, offered);
+  return ShowInputBox(Owner(), kCaption, prompt, offered);
 }
 
 std::optional<Text> WindowsDialogs::BrowseForFolder(platform::WindowHandle owner, TextView title) {

@@ -4,7 +4,7 @@
 
 namespace tavix::windows {
 
-// Dialogs before the user, in front of the program's active window.
+// Dialogs before the user, in front of the program's window, also while another program's is active.
 class WindowsDialogs : public platform::Dialogs {
  public:
   int MsgBox(TextView text, int style) override;

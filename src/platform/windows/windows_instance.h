@@ -5,19 +5,17 @@
 
 namespace tavix::windows {
 
-// Copies of the program in one session of a user. The answer is that of the first question.
+// Copies of the program on one machine, in whatever session and of whatever user: they share the data folder
+// and empty its scratch folders at their start. A copy whose mark this one may not open counts as well. The
+// answer is that of the first question.
 class WindowsInstance : public platform::Instance {
  public:
   bool PreviousRuns() override;
 
  private:
-  struct MutexTraits {
-    using Handle = HANDLE;
-    static Handle Null() { return nullptr; }
-    static void Close(Handle handle) { CloseHandle(handle); }
-  };
   // There as long as a copy has it.
-  Owned<MutexTraits> mark_;
+  ObjectHandle mark_;
+  bool asked_ = false;
   bool previousRuns_ = false;
 };
 

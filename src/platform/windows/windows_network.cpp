@@ -47,13 +47,40 @@ bool LeadsNowhere(TextView url) {
          CompareIgnoringCase(host.substr(host.size() - kNowhere.size()), kNowhere) == 0;
 }
 
+// A server's word that the answer is to be found elsewhere, read at the address that was asked for. Nothing
+// for another host or a scheme that is less safe: what stands there is not the site's own.
+std::optional<Target> FollowRedirection(const Target& from, TextView location) {
+  if (location.empty()) return std::nullopt;
+  if (location.starts_with(u"/") && !location.starts_with(u"//")) {
+    Target target = from;
+    target.path = location;
+    return target;
+  }
+  std::optional<Target> target = ReadUrl(location);
+  const bool same = target && EqualIgnoringCase(target->host, from.host) && (target->secure || !from.secure);
+  return same ? target : std::nullopt;
+}
+
+// The protocols before TLS 1.2 are broken, and older systems offer nothing else unless they are told. Those
+// that don't know TLS 1.3 refuse a set with it whole.
+void AskForSafeProtocols(HINTERNET session) {
+  constexpr DWORD kTls12 = 0x800;
+  constexpr DWORD kTls13 = 0x2000;
+  for (DWORD protocols : {kTls12 | kTls13, kTls12}) {
+    if (WinHttpSetOption(session, WINHTTP_OPTION_SECURE_PROTOCOLS, &protocols, sizeof protocols) != FALSE)
+      return;
+  }
+}
+
 // The settings of the user where the system can look them up by itself, else those of the system.
 InternetHandle OpenSession() {
   constexpr DWORD kAutomaticProxy = 4;
   for (const DWORD proxy : {kAutomaticProxy, static_cast<DWORD>(WINHTTP_ACCESS_TYPE_DEFAULT_PROXY)}) {
     InternetHandle session(
         WinHttpOpen(L"Tavix", proxy, WINHTTP_NO_PROXY_NAME, WINHTTP_NO_PROXY_BYPASS, WINHTTP_FLAG_ASYNC));
-    if (session) return session;
+    if (!session) continue;
+    AskForSafeProtocols(session.Get());
+    return session;
   }
   return InternetHandle();
 }
@@ -63,7 +90,7 @@ InternetHandle OpenRequest(HINTERNET connection, const Target& target) {
   InternetHandle request(WinHttpOpenRequest(connection, L"GET", Wide(target.path), nullptr,
                                             WINHTTP_NO_REFERER, WINHTTP_DEFAULT_ACCEPT_TYPES, flags));
   if (!request) return request;
-  DWORD without = WINHTTP_DISABLE_COOKIES | WINHTTP_DISABLE_AUTHENTICATION;
+  DWORD without = WINHTTP_DISABLE_COOKIES | WINHTTP_DISABLE_AUTHENTICATION | WINHTTP_DISABLE_REDIRECTS;
   if (WinHttpSetOption(request.Get(), WINHTTP_OPTION_DISABLE_FEATURE, &without, sizeof without) == FALSE)
     return InternetHandle();
   return request;
@@ -90,27 +117,40 @@ bool Wait(HANDLE done, ULONGLONG until) {
   }
 }
 
+// Sends a request and waits for its end; null when it can't be sent or has not ended at `until`.
+std::shared_ptr<Transfer> Transact(const Target& target, ULONGLONG until) {
+  const ULONGLONG now = GetTickCount64();
+  // Each of the steps for itself, so that what is given up below doesn't live on for long.
+  const auto step = static_cast<int>(std::min<ULONGLONG>(now < until ? until - now : 0, INT32_MAX));
+  Request request;
+  request.session = OpenSession();
+  if (!request.session) return nullptr;
+  WinHttpSetTimeouts(request.session.Get(), step, step, step, step);
+  request.connection.Reset(WinHttpConnect(request.session.Get(), Wide(target.host), target.port, 0));
+  if (!request.connection) return nullptr;
+  request.request = OpenRequest(request.connection.Get(), target);
+  if (!request.request) return nullptr;
+  std::shared_ptr<Transfer> transfer = Transfer::Start(std::move(request));
+  if (transfer == nullptr) return nullptr;
+  const bool done = Wait(transfer->Done(), until);
+  transfer->End();
+  return done ? transfer : nullptr;
+}
+
 }  // namespace
 
 std::optional<std::string> WindowsNetwork::Fetch(TextView url, int timeoutSeconds) {
-  const auto limit = static_cast<ULONGLONG>(std::max(timeoutSeconds, 0)) * 1000;
-  const ULONGLONG until = GetTickCount64() + limit;
+  constexpr int kMostRedirections = 10;
+  const ULONGLONG until = GetTickCount64() + static_cast<ULONGLONG>(std::max(timeoutSeconds, 0)) * 1000;
   if (LeadsNowhere(url)) return std::nullopt;
-  const std::optional<Target> target = ReadUrl(url);
-  if (!target) return std::nullopt;
-  const InternetHandle session = OpenSession();
-  if (!session) return std::nullopt;
-  // Each of the steps for itself, so that what is given up below doesn't live on for long.
-  const auto step = static_cast<int>(std::min<ULONGLONG>(limit, INT32_MAX));
-  WinHttpSetTimeouts(session.Get(), step, step, step, step);
-  const InternetHandle connection(WinHttpConnect(session.Get(), Wide(target->host), target->port, 0));
-  if (!connection) return std::nullopt;
-  const InternetHandle request = OpenRequest(connection.Get(), *target);
-  if (!request) return std::nullopt;
-  const std::shared_ptr<Transfer> transfer = Transfer::Start(request.Get());
-  if (transfer == nullptr) return std::nullopt;
-  if (Wait(transfer->Done(), until)) return transfer->Answer();
-  transfer->Abandon();
+  std::optional<Target> target = ReadUrl(url);
+  for (int i = 0; target && i <= kMostRedirections; ++i) {
+    const std::shared_ptr<Transfer> transfer = Transact(*target, until);
+    if (transfer == nullptr) return std::nullopt;
+    const std::optional<Text> location = transfer->Location();
+    if (!location) return transfer->Answer();
+    target = FollowRedirection(*target, *location);
+  }
   return std::nullopt;
 }
 

@@ -6,7 +6,10 @@
 #include "platform/windows/file_content.h"
 #include "platform/windows/file_facts.h"
 #include "platform/windows/named_folders.h"
+#include "platform/windows/ordinary_rights.h"
+#include "platform/windows/recycling.h"
 #include "platform/windows/shell_folders.h"
+#include "platform/windows/system_programs.h"
 #include "platform/windows/wide.h"
 #include "platform/windows/windows_path.h"
 
@@ -47,6 +50,8 @@ Text FromCodePage(std::string_view bytes) {
 bool Execute(const Command& command, int style, const wchar_t* verb = nullptr, ULONG flags = 0,
              platform::WindowHandle owner = 0) {
   if (command.target.empty() || HasNul(command.target) || HasNul(command.arguments)) return false;
+  // What is started has its libraries looked for there, too.
+  const Text folder = SystemFolder();
   SHELLEXECUTEINFOW info = {};
   info.cbSize = sizeof(info);
   info.fMask = SEE_MASK_FLAG_NO_UI | SEE_MASK_NOASYNC | flags;
@@ -54,8 +59,15 @@ bool Execute(const Command& command, int style, const wchar_t* verb = nullptr, U
   info.lpVerb = verb;
   info.lpFile = Wide(command.target);
   info.lpParameters = command.arguments.empty() ? nullptr : Wide(command.arguments);
+  info.lpDirectory = Wide(folder);
   info.nShow = style;
   return ShellExecuteExW(&info) != 0;
+}
+
+// What people look at is opened with their ordinary rights, where they have given this program more.
+bool OpenForUser(const Text& target, int style) {
+  if (HasRaisedRights() && !HasNul(target) && OpenByDesktop(target, style)) return true;
+  return Execute({target, {}}, style);
 }
 
 std::optional<SHQUERYRBINFO> QueryBins() {
@@ -68,12 +80,20 @@ std::optional<SHQUERYRBINFO> QueryBins() {
 }  // namespace
 
 bool WindowsShell::RunTarget(TextView target, int style) {
-  return Execute(SplitCommand(target, IsThere), style);
+  Command command = SplitCommand(target, IsThere);
+  if (IsAddress(command.target)) return OpenForUser(command.target, style);
+  // The system itself would look for a name in the current folder and in this program's first.
+  if (!NormalPath(command.target)) {
+    std::optional<Text> program = SystemProgram(command.target);
+    if (!program) return false;
+    command.target = std::move(*program);
+  }
+  return Execute(command, style);
 }
 
 bool WindowsShell::OpenPath(TextView path, int style) {
   const std::optional<Text> there = ShellPath(path);
-  return there && Execute({*there, {}}, style);
+  return there && OpenForUser(*there, style);
 }
 
 bool WindowsShell::RunHidden(TextView target) { return RunTarget(target, SW_HIDE); }
@@ -84,15 +104,8 @@ bool WindowsShell::ShowFileProperties(platform::WindowHandle owner, TextView pat
 }
 
 bool WindowsShell::DeleteToRecycleBin(TextView path) {
-  std::optional<Text> there = ShellPath(path);
-  if (!there || IsRoot(*there)) return false;
-  // The shell reads a list of paths that ends with an empty one.
-  there->push_back(u'\0');
-  SHFILEOPSTRUCTW operation = {};
-  operation.wFunc = FO_DELETE;
-  operation.pFrom = Wide(*there);
-  operation.fFlags = FOF_ALLOWUNDO | FOF_NOCONFIRMATION | FOF_SILENT | FOF_NOERRORUI;
-  return SHFileOperationW(&operation) == 0 && !operation.fAnyOperationsAborted;
+  const std::optional<Text> there = ShellPath(path);
+  return there && !IsRoot(*there) && SendToBin(*there);
 }
 
 bool WindowsShell::EmptyRecycleBin(platform::WindowHandle owner) {

@@ -4,16 +4,16 @@
 
 namespace tavix::windows {
 
-// The shell of the running system. It takes no paths over 259 characters: for one that is longer the short
-// form is tried where the disk keeps one; otherwise OpenPath, ShowFileProperties and DeleteToRecycleBin
-// fail and nothing happens.
+// The shell of the running system. Objects of the system are used: the thread has a ComApartment. It takes no
+// paths over 259 characters: for one that is longer the short form is tried where the disk keeps one;
+// otherwise OpenPath, ShowFileProperties and DeleteToRecycleBin fail and nothing happens.
 class WindowsShell : public platform::Shell {
  public:
   bool RunTarget(TextView target, int style) override;
   bool OpenPath(TextView path, int style) override;
   bool RunHidden(TextView target) override;
   bool ShowFileProperties(platform::WindowHandle owner, TextView path) override;
-  // What a bin can't hold, on a share or a drive without one, is deleted at once.
+  // As recycling.h has it: the shell may ask in the end, and what it was refused stays whatever is answered.
   bool DeleteToRecycleBin(TextView path) override;
   // True as well when there is nothing in them; false when something stays.
   bool EmptyRecycleBin(platform::WindowHandle owner) override;

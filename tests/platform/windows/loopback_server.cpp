@@ -81,6 +81,7 @@ void LoopbackServer::Serve(SOCKET connection, const Answer& answer) {
   if (!Send(connection, answer.bytes)) return;
   const std::string more(answer.then == kSendOn ? 65536 : 1, 'x');
   while (answer.then != kClose && !ending_) {
+    for (int i = 0; answer.then == kDrip && i < 14 && !ending_; ++i) Sleep(20);
     if (answer.then != kSendOn) Sleep(20);
     if (answer.then != kKeepSilent && !Send(connection, more)) return;
   }

@@ -19,7 +19,8 @@ namespace tavix::windows {
 // takes none when they are used up.
 class LoopbackServer {
  public:
-  enum Then { kClose, kKeepSilent, kTrickle, kSendOn };
+  enum Then { kClose, kKeepSilent, kTrickle, kDrip, kSendOn };
+  // kTrickle sends a byte every 20 ms, kDrip one every 300.
   struct Answer {
     std::string bytes;
     Then then = kClose;

@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/windows/wide.h"
+
+#include <sddl.h>
+
 namespace tavix::windows {
 namespace {
 
@@ -17,6 +21,45 @@ TEST(InstanceOfWindows, TheSecondFindsTheFirstAsLongAsItRuns) {
   }
   WindowsInstance third;
   EXPECT_FALSE(third.PreviousRuns());
+}
+
+// What the first copy of another session or user leaves for this one to see, rights given or not.
+TEST(InstanceOfWindows, ACopyOfAnotherSessionOrUserCounts) {
+  for (const wchar_t* rights : {L"D:(A;;GA;;;WD)", L"D:(D;;GA;;;WD)"}) {
+    PSECURITY_DESCRIPTOR descriptor = nullptr;
+    ASSERT_TRUE(
+        ConvertStringSecurityDescriptorToSecurityDescriptorW(rights, SDDL_REVISION_1, &descriptor, nullptr));
+    SECURITY_ATTRIBUTES attributes = {sizeof attributes, descriptor, FALSE};
+    const ObjectHandle mark(CreateMutexW(&attributes, FALSE, L"Global\\TavixPub.Running"));
+    LocalFree(descriptor);
+    ASSERT_TRUE(mark);
+    EXPECT_TRUE(WindowsInstance().PreviousRuns());
+  }
+  EXPECT_FALSE(WindowsInstance().PreviousRuns());
+}
+
+TEST(InstanceOfWindows, AMarkThatCantBeOpenedCounts) {
+  // Nothing but a mutex can be opened as one.
+  const ObjectHandle other(CreateEventW(nullptr, TRUE, FALSE, L"Global\\TavixPub.Running"));
+  ASSERT_TRUE(other);
+  EXPECT_TRUE(WindowsInstance().PreviousRuns());
+}
+
+TEST(InstanceOfWindows, EverybodyMayOpenTheMark) {
+  WindowsInstance first;
+  ASSERT_FALSE(first.PreviousRuns());
+  const ObjectHandle mark(OpenMutexW(READ_CONTROL | SYNCHRONIZE, FALSE, L"Global\\TavixPub.Running"));
+  ASSERT_TRUE(mark);
+  char room[4096];
+  DWORD size = 0;
+  ASSERT_TRUE(GetKernelObjectSecurity(mark.Get(), DACL_SECURITY_INFORMATION, room, sizeof room, &size));
+  wchar_t* text = nullptr;
+  ASSERT_TRUE(ConvertSecurityDescriptorToStringSecurityDescriptorW(
+      room, SDDL_REVISION_1, DACL_SECURITY_INFORMATION, &text, nullptr));
+  const Text rights = FromWide(text);
+  LocalFree(text);
+  EXPECT_NE(rights.find(u";;;WD)"), Text::npos) << testing::PrintToString(rights);
+  EXPECT_EQ(rights.find(u"(D;"), Text::npos) << testing::PrintToString(rights);
 }
 
 }  // namespace

@@ -62,6 +62,29 @@ TEST_F(NetworkOfWindows, FollowsARedirection) {
   EXPECT_EQ(requests[1].substr(0, 11), "GET /there ");
 }
 
+std::string MovedTo(const std::string& location) {
+  return "HTTP/1.1 302 Found\r\nLocation: " + location + "\r\nContent-Length: 0\r\nConnection: close\r\n\r\n";
+}
+
+TEST_F(NetworkOfWindows, FollowsARedirectionWithinTheHost) {
+  LoopbackServer there({{Ok("there")}});
+  const std::string port = std::to_string(there.Port());
+  EXPECT_EQ(Fetch({{MovedTo("http://127.0.0.1:" + port + "/elsewhere")}}), "there");
+}
+
+TEST_F(NetworkOfWindows, AnotherHostIsNotAskedForTheAnswer) {
+  LoopbackServer other({{Ok("2.19.630")}});
+  const std::string port = std::to_string(other.Port());
+  for (const std::string& location :
+       {"http://localhost:" + port + "/latestver.txt", "//localhost:" + port + "/latestver.txt",
+        "http://127.0.0.1@localhost:" + port + "/", "http://127.0.0.1.localhost:" + port + "/",
+        std::string("ftp://127.0.0.1/"), std::string("file:///C:/windows/win.ini"), std::string("there"),
+        std::string("")}) {
+    EXPECT_EQ(Fetch({{MovedTo(location)}}, 2), std::nullopt) << location;
+  }
+  EXPECT_TRUE(other.Requests().empty());
+}
+
 TEST_F(NetworkOfWindows, ARedirectionWithoutEndComesToNothingInTime) {
   const LoopbackServer::Answer again{
       "HTTP/1.1 302 Found\r\nLocation: /there\r\nContent-Length: 0\r\nConnection: close\r\n\r\n"};
@@ -111,21 +134,32 @@ TEST_F(NetworkOfWindows, AServerThatNeverEndsIsLeftAtTheMostOrWhenTheTimeIsOver)
   EXPECT_LT(took, kInTime);
 }
 
+TEST_F(NetworkOfWindows, AServerThatSendsAByteNowAndThenIsLeftWhenTheTimeIsOver) {
+  const std::string head = "HTTP/1.1 200 OK\r\n";
+  for (const std::string& begin :
+       {head, head + "\r\n", head + "\r\n2.19", head + "Content-Length: 9000\r\n\r\n2"}) {
+    EXPECT_EQ(Fetch({{.bytes = begin, .then = LoopbackServer::kDrip}}, 1), std::nullopt) << begin;
+    EXPECT_LT(took, kInTime) << begin;
+  }
+}
+
 TEST_F(NetworkOfWindows, WhatWasGivenUpAsksForNothingMore) {
   const LoopbackServer server({{Ok("2.19.630")}, {Ok("2.19.630")}});
-  const InternetHandle session(
-      WinHttpOpen(L"Tavix", WINHTTP_ACCESS_TYPE_NO_PROXY, nullptr, nullptr, WINHTTP_FLAG_ASYNC));
-  const InternetHandle connection(
-      WinHttpConnect(session.Get(), L"127.0.0.1", static_cast<INTERNET_PORT>(server.Port()), 0));
-  for (const bool abandoned : {true, false}) {
-    const InternetHandle request(
-        WinHttpOpenRequest(connection.Get(), L"GET", L"/", nullptr, nullptr, nullptr, 0));
-    const auto transfer = Transfer::Start(request.Get());
+  for (const bool ended : {true, false}) {
+    Request request;
+    request.session.Reset(
+        WinHttpOpen(L"Tavix", WINHTTP_ACCESS_TYPE_NO_PROXY, nullptr, nullptr, WINHTTP_FLAG_ASYNC));
+    request.connection.Reset(
+        WinHttpConnect(request.session.Get(), L"127.0.0.1", static_cast<INTERNET_PORT>(server.Port()), 0));
+    request.request.Reset(
+        WinHttpOpenRequest(request.connection.Get(), L"GET", L"/", nullptr, nullptr, nullptr, 0));
+    const auto transfer = Transfer::Start(std::move(request));
     ASSERT_NE(transfer, nullptr);
-    if (abandoned) transfer->Abandon();
-    const DWORD waited = WaitForSingleObject(transfer->Done(), abandoned ? 300 : kPatience * 1000);
-    EXPECT_EQ(waited == WAIT_OBJECT_0, !abandoned);
-    EXPECT_EQ(transfer->Answer(), abandoned ? std::nullopt : std::optional<std::string>("2.19.630"));
+    if (ended) transfer->End();
+    const DWORD waited = WaitForSingleObject(transfer->Done(), ended ? 300 : kPatience * 1000);
+    EXPECT_EQ(waited == WAIT_OBJECT_0, !ended);
+    EXPECT_EQ(transfer->Answer(), ended ? std::nullopt : std::optional<std::string>("2.19.630"));
+    if (!ended) transfer->End();
   }
 }
 

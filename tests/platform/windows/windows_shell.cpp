@@ -2,9 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/windows/bin_settings.h"
+#include "platform/windows/com.h"
+#include "platform/windows/file_handle.h"
 #include "platform/windows/restart_list.h"
 #include "platform/windows/scratch_place.h"
 #include "platform/windows/wide.h"
+#include "text/letter_case.h"
 
 namespace tavix::windows {
 namespace {
@@ -17,8 +21,50 @@ class ShellOfWindows : public testing::Test {
     return ContentOf(path);
   }
 
+  const ComApartment apartment;
   ScratchPlace place;
   WindowsShell shell;
+};
+
+// A setting of the user's that is a number, for as long as it lives.
+class UserNumber {
+ public:
+  UserNumber(Text key, const wchar_t* name, DWORD value) : key_(std::move(key)), name_(name) {
+    EXPECT_EQ(RegSetKeyValueW(HKEY_CURRENT_USER, Wide(key_), name_, REG_DWORD, &value, sizeof value), 0);
+  }
+  ~UserNumber() { RegDeleteKeyValueW(HKEY_CURRENT_USER, Wide(key_), name_); }
+  UserNumber(const UserNumber&) = delete;
+  UserNumber& operator=(const UserNumber&) = delete;
+
+ private:
+  Text key_;
+  const wchar_t* name_;
+};
+
+// Where the bin of the volume of a path has its settings.
+Text BinSettings(const Text& path) {
+  wchar_t root[MAX_PATH], volume[MAX_PATH];
+  EXPECT_TRUE(GetVolumePathNameW(Wide(path), root, MAX_PATH));
+  EXPECT_TRUE(GetVolumeNameForVolumeMountPointW(root, volume, MAX_PATH));
+  const Text name = FromWide(volume);
+  const size_t open = name.find(u'{');
+  return Concat(u"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\BitBucket\\Volume\\",
+                TextView(name).substr(open, name.find(u'}') + 1 - open));
+}
+
+// Programs start in the folder that a test names.
+class CurrentFolder {
+ public:
+  explicit CurrentFolder(const Text& path) {
+    GetCurrentDirectoryW(MAX_PATH, before_);
+    EXPECT_TRUE(SetCurrentDirectoryW(Wide(path)));
+  }
+  ~CurrentFolder() { SetCurrentDirectoryW(before_); }
+  CurrentFolder(const CurrentFolder&) = delete;
+  CurrentFolder& operator=(const CurrentFolder&) = delete;
+
+ private:
+  wchar_t before_[MAX_PATH] = L"";
 };
 
 TEST_F(ShellOfWindows, RunsACommandLineWithArguments) {
@@ -37,6 +83,30 @@ TEST_F(ShellOfWindows, OpensAFileWithItsDefaultAction) {
   const Text program = place.File(u"a program.cmd", "@echo opened>\"%~dp0done.txt\"\r\n");
   EXPECT_TRUE(shell.OpenPath(program, 0));
   EXPECT_EQ(ContentWhenThere(place.In(u"done.txt")), "opened\r\n");
+}
+
+TEST_F(ShellOfWindows, RunsNoProgramOfTheCurrentFolderThatIsNamedWithoutOne) {
+  const Text program = place.File(u"planted.cmd", "@echo planted>\"%~dp0done.txt\"\r\n");
+  {
+    const CurrentFolder current(place.Path());
+    for (const TextView target : {u"planted.cmd", u"planted", u".\\planted.cmd", u"\"planted.cmd\" x"})
+      EXPECT_FALSE(shell.RunTarget(target, 0)) << testing::PrintToString(target);
+  }
+  // The same program runs by its path: it would have left a file.
+  EXPECT_EQ(ContentOf(place.In(u"done.txt")), "(none)");
+  EXPECT_TRUE(shell.RunTarget(program, 0));
+  EXPECT_EQ(ContentWhenThere(place.In(u"done.txt")), "planted\r\n");
+}
+
+TEST_F(ShellOfWindows, WhatItStartsHasNoFolderOfOursAsItsCurrentOne) {
+  const Text done = place.In(u"done.txt");
+  const CurrentFolder current(place.Path());
+  EXPECT_TRUE(shell.RunTarget(Concat(u"cmd.exe /c cd>\"", done, u"\""), 0));
+  wchar_t system[MAX_PATH];
+  ASSERT_NE(GetSystemDirectoryW(system, MAX_PATH), 0U);
+  const std::string found = ContentWhenThere(done);
+  EXPECT_EQ(ToLower(FromWide(std::wstring(found.begin(), found.end()))),
+            Concat(ToLower(FromWide(system)), u"\r\n"));
 }
 
 TEST_F(ShellOfWindows, WhatCantBeStartedFailsWithoutADialog) {
@@ -100,6 +170,59 @@ TEST_F(ShellOfWindows, SendsReadOnlyFilesAndFullFoldersToTheBin) {
   EXPECT_EQ(shell.EmptyRecycleBin(0), !IsWine());
   ClearBin();
   EXPECT_EQ(shell.RecycleBinInfo(), u"0|0");
+}
+
+TEST_F(ShellOfWindows, NothingGoesAlongIntoTheBin) {
+  if (!HasBinOfItsOwn()) GTEST_SKIP() << "the bin is the user's own";
+  const Text page = place.File(u"page.htm"), folder = place.Folder(u"page_files");
+  const Text picture = place.File(u"page_files\\a.gif");
+  EXPECT_TRUE(shell.DeleteToRecycleBin(page));
+  EXPECT_EQ(AttributesOf(page), INVALID_FILE_ATTRIBUTES);
+  EXPECT_EQ(ContentOf(picture), "content");
+  ClearBin();
+}
+
+TEST_F(ShellOfWindows, WhereTheBinIsTurnedOffNothingIsDeletedInItsPlace) {
+  if (!HasBinOfItsOwn()) GTEST_SKIP() << "the bin is the user's own";
+  const Text file = place.File(u"a file.txt"), folder = place.Folder(u"folder");
+  const Text policies = u"Software\\Microsoft\\Windows\\CurrentVersion\\Policies\\Explorer";
+  {
+    const UserNumber off(BinSettings(file), L"NukeOnDelete", 1);
+    EXPECT_FALSE(shell.DeleteToRecycleBin(file));
+    EXPECT_FALSE(shell.DeleteToRecycleBin(folder));
+  }
+  {
+    const UserNumber off(policies, L"NoRecycleFiles", 1);
+    EXPECT_FALSE(shell.DeleteToRecycleBin(file));
+    EXPECT_FALSE(shell.DeleteToRecycleBin(folder));
+  }
+  EXPECT_EQ(ContentOf(file), "content");
+  EXPECT_NE(AttributesOf(folder), INVALID_FILE_ATTRIBUTES);
+  {
+    const UserNumber on(BinSettings(file), L"NukeOnDelete", 0);
+    EXPECT_TRUE(shell.DeleteToRecycleBin(file));
+  }
+  EXPECT_EQ(AttributesOf(file), INVALID_FILE_ATTRIBUTES);
+  ClearBin();
+}
+
+TEST_F(ShellOfWindows, AFileLargerThanTheBinMayBecomeStays) {
+  if (!HasBinOfItsOwn()) GTEST_SKIP() << "the bin is the user's own";
+  const Text file = place.File(u"a file.txt", std::string((1 << 20) + 1, 'x'));
+  {
+    const UserNumber megabyte(BinSettings(file), L"MaxCapacity", 1);
+    EXPECT_FALSE(shell.DeleteToRecycleBin(file));
+    const Text fits = place.File(u"fits.txt", std::string(1 << 20, 'x'));
+    EXPECT_TRUE(shell.DeleteToRecycleBin(fits));
+    EXPECT_EQ(AttributesOf(fits), INVALID_FILE_ATTRIBUTES);
+  }
+  EXPECT_NE(AttributesOf(file), INVALID_FILE_ATTRIBUTES);
+  ClearBin();
+}
+
+TEST_F(ShellOfWindows, TheBinTakesNothingOfAShare) {
+  EXPECT_FALSE(shell.DeleteToRecycleBin(u"\\\\tavix.invalid\\share\\a"));
+  EXPECT_FALSE(BinTakes(u"\\\\tavix.invalid\\share\\a"));
 }
 
 TEST_F(ShellOfWindows, TheBinTakesNoRootsPatternsAndMissingFiles) {

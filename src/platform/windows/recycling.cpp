@@ -1,0 +1,67 @@
+#include "platform/windows/recycling.h"
+
+#include <optional>
+
+#include "platform/windows/bin_settings.h"
+#include "platform/windows/com.h"
+#include "platform/windows/delete_watch.h"
+#include "platform/windows/wide.h"
+
+#include <shellapi.h>
+#include <shobjidl.h>
+
+namespace tavix::windows {
+namespace {
+
+// FOF_NO_CONNECTED_ELEMENTS: without it "page_files" goes along with "page.htm".
+// FOF_WANTNUKEWARNING: without it FOF_NOCONFIRMATION answers Yes when the shell asks whether it may delete
+// what does not fit into the bin.
+constexpr FILEOP_FLAGS kFlags = FOF_ALLOWUNDO | FOF_NO_CONNECTED_ELEMENTS | FOF_NOCONFIRMATION | FOF_SILENT |
+                                FOF_NOERRORUI | FOF_WANTNUKEWARNING;
+
+// Windows 7 recycles by FOF_ALLOWUNDO and does not know FOFX_RECYCLEONDELETE, which later ones go by.
+HRESULT SetFlags(IFileOperation* operation) {
+  constexpr DWORD kStopAtErrors = FOFX_EARLYFAILURE;
+  const HRESULT result = operation->SetOperationFlags(kFlags | kStopAtErrors | FOFX_RECYCLEONDELETE);
+  return result == E_INVALIDARG ? operation->SetOperationFlags(kFlags | kStopAtErrors) : result;
+}
+
+// Nothing where the system has no such operation: Wine has the object, and its calls do nothing.
+std::optional<bool> RecycleWatched(const Text& path) {
+  ComPointer<IFileOperation> operation;
+  if (FAILED(CoCreateInstance(CLSID_FileOperation, nullptr, CLSCTX_INPROC_SERVER, IID_IFileOperation,
+                              reinterpret_cast<void**>(operation.Receive()))))
+    return std::nullopt;
+  const HRESULT flags = SetFlags(operation.Get());
+  if (flags == E_NOTIMPL) return std::nullopt;
+  ComPointer<IShellItem> item;
+  if (FAILED(flags) || FAILED(SHCreateItemFromParsingName(Wide(path), nullptr, IID_IShellItem,
+                                                          reinterpret_cast<void**>(item.Receive()))))
+    return false;
+  DeleteWatch watch;
+  if (FAILED(operation.Get()->DeleteItem(item.Get(), &watch)) || FAILED(operation.Get()->PerformOperations()))
+    return false;
+  BOOL stopped = FALSE;
+  if (FAILED(operation.Get()->GetAnyOperationsAborted(&stopped)) || stopped != FALSE) return false;
+  return watch.IsInBin();
+}
+
+bool RecycleUnwatched(Text path) {
+  // The shell reads a list of paths that ends with an empty one.
+  path.push_back(u'\0');
+  SHFILEOPSTRUCTW operation = {};
+  operation.wFunc = FO_DELETE;
+  operation.pFrom = Wide(path);
+  operation.fFlags = kFlags;
+  return SHFileOperationW(&operation) == 0 && !operation.fAnyOperationsAborted;
+}
+
+}  // namespace
+
+bool SendToBin(const Text& path) {
+  if (!BinTakes(path)) return false;
+  const std::optional<bool> recycled = RecycleWatched(path);
+  return recycled ? *recycled : RecycleUnwatched(path);
+}
+
+}  // namespace tavix::windows

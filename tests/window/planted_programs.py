@@ -1,0 +1,93 @@
+"""Programs and libraries with the names of the system's own, beside the program and in the current folder: none of
+them is run."""
+import shutil
+import subprocess
+import time
+import unittest
+
+import driver
+import update_program
+from driver import wait_for
+
+PROGRAMS = ("HH.exe", "hh.com", "RunDll32.exe", "regedit.exe", "ntsd.exe")
+# Not version.dll: Wine's own user32 takes that along before the program's first instruction, and looks for it here.
+LIBRARIES = ("uxtheme.dll", "winhttp.dll", "shell32.dll", "shlwapi.dll", "oleaut32.dll")
+
+
+def planted(name, *options):
+    program = driver.WORK / name
+    source = driver.SOURCE / "tests" / "window" / "stand_in" / "planted.c"
+    subprocess.run(["x86_64-w64-mingw32-gcc-posix", "-municode", "-mwindows", "-Wall", "-Wextra", "-Werror", *options,
+                    source, "-o", program], check=True)
+    return program
+
+
+class Planted(update_program.UpdateTest):
+    @classmethod
+    def setUpClass(cls):
+        super().setUpClass()
+        cls.beside = cls.machine.drive_c / "Planted"
+        cls.current = cls.machine.drive_c / "Current"
+        program, library = planted("planted.exe"), planted("planted.dll", "-DPLANTED_LIBRARY", "-shared")
+        for folder in (cls.beside, cls.current):
+            folder.mkdir()
+            for name in PROGRAMS:
+                shutil.copy(program, folder / name)
+            for name in LIBRARIES:
+                shutil.copy(library, folder / name)
+        # Wine prefers its own libraries unless it is told, and would not take one of these from anywhere.
+        cls.machine.seed("".join(
+            f"[HKEY_CURRENT_USER\\Software\\Wine\\AppDefaults\\{program}\\DllOverrides]\n"
+            + "".join(f'"{library[:-4]}"="native,builtin"\n' for library in LIBRARIES)
+            for program in ("tavix-older.exe", "tavix-console.exe", "HH.exe")))
+        for name in ("tavix-older.exe", "tavix-console.exe", "tips.dll", "menus.dll"):
+            shutil.copy(driver.BUILD / name, cls.beside)
+        shutil.copytree(driver.BUILD / "res", cls.beside / "res")
+
+    def setUp(self):
+        super().setUp()
+        self.note = self.machine.drive_c / "planted.txt"
+        self.note.unlink(missing_ok=True)
+
+    def start_among_them(self, program, *arguments):
+        process = subprocess.Popen([driver.WINE, program, *arguments], env=self.machine.environment, cwd=self.current,
+                                   stdout=subprocess.DEVNULL)
+        self.addCleanup(self.end, process)
+        return process
+
+    def notes(self):
+        return self.note.read_text() if self.note.exists() else ""
+
+    def test_what_is_planted_notes_that_it_ran(self):
+        for library in LIBRARIES:
+            self.note.unlink(missing_ok=True)
+            process = self.start_among_them(self.current / "HH.exe", library)
+            process.wait(timeout=driver.START_SECONDS)
+            self.assertEqual(self.notes(), f"C:\\Current\\HH.exe\nC:\\Current\\{library}\n")
+
+    def test_neither_start_nor_update_check_nor_help_takes_one(self):
+        site = self.serve(latestver=b"2.18.601")
+        process = self.start_among_them(self.beside / "tavix-older.exe")
+        self.wait_for_the_window_alone(process)
+        self.assertEqual(site.requests, ["/latestver.txt"])
+        self.key("F1")
+        calls = wait_for("the system's viewer", self.machine.rundll32_calls)
+        self.assertEqual(len(calls), 1)
+        self.assertTrue(calls[0].endswith("\\Help.chm"), calls)
+        time.sleep(1)
+        self.assertEqual(self.notes(), "")
+        self.close_window(process)
+        self.assertEqual(self.notes(), "")
+
+    def test_a_clean_runs_the_system_s_own_command(self):
+        self.assertFalse((self.machine.prefix / "dosdevices" / "z:").is_symlink(), "a clean could reach this machine")
+        self.machine.note_rundll32_calls()
+        process = self.start_among_them(self.beside / "tavix-console.exe", "--live", "--function", "ieafh", "--clean")
+        self.assertEqual(process.wait(timeout=driver.START_SECONDS), 0)
+        calls = wait_for("the command", self.machine.rundll32_calls)
+        self.assertEqual(calls, ["InetCpl.cpl,ClearMyTracksByProcess 16"])
+        self.assertEqual(self.notes(), "")
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)
