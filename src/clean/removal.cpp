@@ -6,6 +6,7 @@
 #include "frame/settings.h"
 #include "frame/support/file_system_object.h"
 #include "frame/support/pub_system.h"
+#include "frame/trusted_data.h"
 
 namespace tavix::mdlPubSelf {
 namespace {
@@ -41,7 +42,7 @@ void Removal::RemoveFile(const FoundPlace& place) {
     Recycle(*item, path);
   } else if (CleaningMethod == kDelete) {
     item->DeleteFile();
-  } else if (CleaningMethod == kSave) {
+  } else if (CleaningMethod == kSave && BackupFolderIsTrusted()) {
     const Text saved = InBackupFolder(place.name);
     item->MoveFileTo(fileSystemObject.FileExists(saved) == true ? saved + u".1" : saved);
   }
@@ -54,7 +55,7 @@ void Removal::RemoveFolder(const FoundPlace& place) {
     Recycle(*item, place.Path());
   } else if (CleaningMethod == kDelete) {
     item->DeleteEmptyFolder();
-  } else if (CleaningMethod == kSave) {
+  } else if (CleaningMethod == kSave && BackupFolderIsTrusted()) {
     const Text saved = InBackupFolder(place.name);
     fileSystemObject.CreateFolder(fileSystemObject.FolderExists(saved) == true ? saved + u".1" : saved);
     item->DeleteEmptyFolder();

@@ -20,6 +20,7 @@ struct FoundPlace {
 // object serves one clean.
 class Removal {
  public:
+  // With raised rights, "S" saves to no folder of Windows or of programs: the file or folder stays then.
   // "S" moves a file into the backup folder under its own name, where that is taken under the name with ".1"
   // added, and where that is taken too not at all.
   void RemoveFile(const FoundPlace& place);

@@ -69,7 +69,7 @@ bool Close(TextView path) {
 }
 
 bool MakeClosed(TextView folder) {
-  if (!fileSystemObject.FolderExists(folder)) fileSystemObject.CreateFolder(folder);
+  if (fileSystemObject.FolderExists(folder) != true) fileSystemObject.CreateFolder(folder);
   return Close(folder);
 }
 

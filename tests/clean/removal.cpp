@@ -185,6 +185,25 @@ TEST_F(Removal, AFolderSwappedForALinkAfterTheScanLosesNothingThere) {
   }
 }
 
+// Somebody else may have chosen the folder to have files put among the programs.
+TEST_F(Removal, WithRaisedRightsNothingIsSavedAmongThePrograms) {
+  CleaningMethod = u"S";
+  BackupFolder = u"C:\\Program Files\\App";
+  machine.facts.Set(u"Environment", u"WinDir", u"C:\\WINDOWS");
+  machine.trust.programs.push_back(u"C:\\Program Files");
+  machine.files.AddFolder(BackupFolder);
+  for (const bool elevated : {true, false}) {
+    machine.trust.elevated = elevated;
+    ClearResults();
+    AddFileRow(u"version.dll");
+    AddFolderRow(u"empty");
+    frmPubMain.sbtClean.Click();
+    EXPECT_EQ(FileThere(u"C:\\Work\\version.dll"), elevated);
+    EXPECT_EQ(FolderThere(u"C:\\Work\\empty"), elevated);
+    EXPECT_EQ(ResultCount(), elevated ? 2 : 0);
+  }
+}
+
 TEST_F(Removal, ANamedFileGoesByTheMethodAndIsSavedUnderItsOwnName) {
   CleaningMethod = u"S";
   machine.files.AddFile(u"C:\\WINDOWS\\MEMORY.DMP", {.content = "dump"});

@@ -69,7 +69,7 @@ TEST_P(FoundItems, DeleteThemselves) {
     const auto item = Open(name);
     ASSERT_NE(item, nullptr);
     EXPECT_TRUE(item->DeleteFile());
-    EXPECT_FALSE(files.FileExists(In(name)));
+    EXPECT_EQ(files.FileExists(In(name)), false);
     EXPECT_FALSE(item->DeleteFile());
   }
   EXPECT_EQ(Names(u"f"), std::vector<Text>{u"c"});
@@ -109,7 +109,7 @@ TEST_P(FoundItems, LeaveContentAndTheFoldersAroundIt) {
   ASSERT_NE(item, nullptr);
   EXPECT_FALSE(item->DeleteEmptyFolder());
   EXPECT_EQ(files.ReadFile(In(u"f\\g\\h\\content")), "x");
-  EXPECT_TRUE(files.FolderExists(In(u"f\\g\\h")));
+  EXPECT_EQ(files.FolderExists(In(u"f\\g\\h")), true);
 }
 
 TEST_P(FoundItems, SeeWhatCameIntoAFolderSinceTheyWereOpened) {
@@ -129,7 +129,7 @@ TEST_P(FoundItems, LeaveLinksInAFolderAndWhatTheyLeadTo) {
   ASSERT_NE(item, nullptr);
   EXPECT_FALSE(item->DeleteEmptyFolder());
   EXPECT_EQ(Names(u"f\\g"), std::vector<Text>{u"link\\>"});
-  EXPECT_TRUE(files.FolderExists(In(u"target")));
+  EXPECT_EQ(files.FolderExists(In(u"target")), true);
 }
 
 TEST_P(FoundItems, MayStartAtALinkAndBelowOne) {
@@ -184,7 +184,7 @@ TEST_P(FoundItems, NeverTakeWhatALinkLeadsTo) {
     EXPECT_TRUE(item->DeleteEmptyFolder());
   }
   EXPECT_EQ(Names(u"f").empty(), item != nullptr);
-  EXPECT_TRUE(files.FolderExists(In(u"empty")));
+  EXPECT_EQ(files.FolderExists(In(u"empty")), true);
 }
 
 TEST_P(FoundItems, DeleteNothingBehindASwappedFolder) {

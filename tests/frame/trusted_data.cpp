@@ -100,7 +100,7 @@ TEST_F(TrustedData, OkPutsTheLinkAsideAloneAndStartsWithDefaults) {
     EXPECT_EQ(Everything(u"C:\\Victim"), before);
     EXPECT_TRUE(IsLink(Concat(place, u".aside")));
     EXPECT_FALSE(IsLink(place));
-    EXPECT_TRUE(machine.files.FileExists(kSettingsFile));
+    EXPECT_EQ(machine.files.FileExists(kSettingsFile), true);
     machine.files.DeleteFolder(Concat(place, u".aside"), true);
   }
   EXPECT_EQ(Boxes().size(), 3U);
@@ -171,7 +171,7 @@ TEST_F(TrustedData, TheScratchFoldersOwnerDoesNotCountSinceTheyAreOnlyEmptied) {
   for (const TextView folder : {kDuplicateFolder, kScannedFolder}) machine.trust.GiveToOthers(folder);
   EXPECT_TRUE(Form_Load());
   EXPECT_TRUE(Boxes().empty());
-  EXPECT_FALSE(machine.files.FileExists(Concat(kScannedFolder, u"\\A\\1")));
+  EXPECT_EQ(machine.files.FileExists(Concat(kScannedFolder, u"\\A\\1")), false);
 }
 
 TEST_F(TrustedData, TheNextFreeNameIsTakenWhereTheFirstIsnt) {
@@ -181,7 +181,7 @@ TEST_F(TrustedData, TheNextFreeNameIsTakenWhereTheFirstIsnt) {
   machine.dialogs.answers = {platform::kOk};
   EXPECT_TRUE(Form_Load());
   EXPECT_TRUE(IsLink(u"C:\\MORVDataPath.aside.3"));
-  EXPECT_TRUE(machine.files.FileExists(u"C:\\MORVDataPath.aside\\kept.txt"));
+  EXPECT_EQ(machine.files.FileExists(u"C:\\MORVDataPath.aside\\kept.txt"), true);
 }
 
 TEST_F(TrustedData, WhatCantBePutAsideEndsTheProgramWithAWord) {
@@ -229,14 +229,14 @@ TEST_F(TrustedData, WhatStoodOpenIsClosedWithAllThatIsReadInIt) {
   }
   EXPECT_FALSE(machine.trust.IsProtected(u"C:\\TVXBak\\saved.txt"));
   EXPECT_EQ(CleaningMethod, u"S") << "the settings stay";
-  EXPECT_TRUE(machine.files.FileExists(u"C:\\TVXBak\\saved.txt"));
+  EXPECT_EQ(machine.files.FileExists(u"C:\\TVXBak\\saved.txt"), true);
 }
 
 TEST_F(TrustedData, OpenScratchFoldersAreMadeAnew) {
   machine.files.AddFile(Concat(kScannedFolder, u"\\A\\planted"));
   fileSystemObject = FileSystemObject(platform::fileSystem);
   EXPECT_TRUE(ProtectData());
-  EXPECT_FALSE(machine.files.FolderExists(kDuplicateFolder));
+  EXPECT_EQ(machine.files.FolderExists(kDuplicateFolder), false);
 }
 
 TEST_F(TrustedData, WhatIsOpenInAClosedFolderIsClosed) {
