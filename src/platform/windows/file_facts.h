@@ -44,7 +44,7 @@ std::optional<Text> ReadFolderIdentity(TextView path);
 class LocalTimes {
  public:
   LocalTimes() { GetTimeZoneInformation(&zone_); }
-  // 0 for none.
+  // kUnknownTime for none.
   platform::DateTime Of(const FILETIME& time);
 
  private:
