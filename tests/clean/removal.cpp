@@ -91,6 +91,27 @@ TEST_F(Removal, AFolderOfAnotherContentThanExpectedGoesWithIt) {
   EXPECT_FALSE(FolderThere(u"C:\\Work\\full"));
 }
 
+TEST_F(Removal, WhatIsReadOnlyGoesUnderEveryMethod) {
+  for (const TextView method : {u"D", u"R", u"S"}) {
+    CleaningMethod = method;
+    ClearResults();
+    machine.files.DeleteFolder(u"C:\\TVXBak", true);
+    machine.files.AddFolder(u"C:\\TVXBak");
+    machine.files.AddFile(u"C:\\Work\\a.txt", {.content = "a", .attributes = platform::kReadOnly});
+    machine.files.AddFile(u"C:\\Work\\dump", {.content = "d", .attributes = platform::kReadOnly});
+    machine.files.AddFile(u"C:\\Work\\empty\\none", {.attributes = platform::kReadOnly});
+    Add(u"F", u"C:\\Work", u"a.txt", u"1.");
+    Add(u"FT: C:\\Work\\dump", u"System Drive", u"Dump", u"1.");
+    Add(u"P", u"C:\\Work", u"empty", u"0.");
+    frmPubMain.sbtClean.Click();
+    EXPECT_EQ(ResultCount(), 0) << Narrow(method);
+    EXPECT_FALSE(FileThere(u"C:\\Work\\a.txt")) << Narrow(method);
+    EXPECT_FALSE(FileThere(u"C:\\Work\\dump")) << Narrow(method);
+    EXPECT_FALSE(FolderThere(u"C:\\Work\\empty")) << Narrow(method);
+    EXPECT_EQ(FileThere(u"C:\\TVXBak\\a.txt") && FileThere(u"C:\\TVXBak\\dump"), method == u"S");
+  }
+}
+
 TEST_F(Removal, ALinkInARemovedFolderLosesItselfAndNothingBehindIt) {
   CleaningMethod = u"D";
   machine.files.AddFile(u"C:\\Precious\\keep.txt");
