@@ -57,10 +57,11 @@ def faults_of(line, begins_statement):
             for other in others:
                 put(at.start(), at.end(), other)
     for at in NUMBER.finditer(code):
-        number = int(at.group(), 0)
-        put(at.start(), at.end(), str(number + 1))
-        if number > 0:
-            put(at.start(), at.end(), str(number - 1))
+        octal = re.fullmatch(r"0\d+", at.group())
+        number = int(at.group(), 8 if octal else 0)
+        for other in (number + 1, number - 1):
+            if other >= 0:
+                put(at.start(), at.end(), f"0{other:o}" if octal else str(other))
     for at in TEXT.finditer(code):
         put(at.end() - 1, at.end() - 1, "~")
         if at.group(1):

@@ -2,16 +2,16 @@
 """Tells how much the tests hold: plants faults in the sources, one line each and one at a time, and runs the
 tests. A fault that no test sees either makes no difference, or shows an assertion that is missing.
 
-    cmake --preset native && cmake --build --preset native
+    cmake --preset native
     tools/plant_faults.py --count 100 --seed 1 [--room scan] [--jobs 2]
     tools/plant_faults.py --count 100 --seed 1 --only 17 42     those of that run again
 
 A seed and a state of the sources give the same faults each time. Of each fault that the compiler takes: the
-tests in the file of the same name are run, then those of its room, then all native ones, then the console's;
-the first that fails has killed it. Survivors are listed with what was changed.
+tests in the file of the same name are run, then those of its room, then all native ones, those that take long
+last, then the console's; the first that fails has killed it. Survivors are listed with what was changed.
 
 Nothing in the tree is touched: the altered file is compiled from build/faults/ and linked there with the
-objects of the native build, which has to be up to date. The tests run where they can write nowhere but in
+objects of the native build, which is brought up to date first. The tests run where they can write nowhere but in
 memory of their own, since a fault can make them delete anything; that takes Linux, and root or name spaces of
 users.
 """
@@ -43,6 +43,7 @@ SANDBOX = ("mount --make-rprivate / && mount -o remount,bind,ro / && mount -t tm
            "mount -t tmpfs -o size=4g none /dev/shm && mount -t proc none /proc && cd \"$0\" && exec \"$@\"")
 ROOT_SPACES = ["--mount", "--pid", "--net", "--ipc", "--fork", "--kill-child"]
 MOST_MEMORY = 8 << 30
+SLOW_SECONDS = 1.0
 
 
 def in_sandbox(command, folder):
@@ -54,6 +55,7 @@ class Build:
     """The native build, whose objects are linked anew with an altered file in place of one of them."""
 
     def __init__(self):
+        self._ninja("tavix-tests", "tavix-console")
         entries = json.loads((BUILD / "compile_commands.json").read_text())
         self.commands = {}  # by object, from the build folder
         self.objects = {}  # by source
@@ -62,20 +64,23 @@ class Build:
             made = words[words.index("-o") + 1]
             self.commands[made] = words
             self.objects[pathlib.Path(entry["file"])] = made
+        self.links = {name: self._link_words(name) for name in ("tavix-tests", "tavix-console")}
         self.users = {}  # objects by header
         for line in self._ninja("-t", "deps").splitlines():
             if line and not line.startswith(" "):
                 made = line.split(":")[0]
-            elif line.strip().startswith(str(TOP / "src")):
-                self.users.setdefault(pathlib.Path(line.strip()), []).append(made)
-        self.links = {name: self._link_words(name) for name in ("tavix-tests", "tavix-console")}
+                concerned = made in self.commands and (self._is_of_products(made) or made in self.links["tavix-tests"])
+            elif concerned and "/src/" in line:
+                file = pathlib.Path(os.path.normpath(BUILD / line.strip()))
+                self.users.setdefault(file, []).append(made)
+
+    @staticmethod
+    def _is_of_products(made):
+        return re.match(r"CMakeFiles/tavix_\w+\.dir/src/", made)
 
     @staticmethod
     def _ninja(*arguments):
         return subprocess.run(["ninja", "-C", BUILD, *arguments], capture_output=True, text=True, check=True).stdout
-
-    def is_fresh(self):
-        return "no work to do" in self._ninja("-n", "tavix-tests", "tavix-console")
 
     def _link_words(self, program):
         last = self._ninja("-t", "commands", program).strip().splitlines()[-1]
@@ -83,12 +88,14 @@ class Build:
 
     def sources(self):
         """Sources of the products that this build compiles, and headers of few of them."""
-        own = [file for file in self.objects if file.is_relative_to(TOP / "src") and self.objects[file] in self.commands]
-        headers = [file for file, users in self.users.items() if file.suffix == ".h" and len(users) <= MOST_USERS]
+        own = [file for file, made in self.objects.items() if self._is_of_products(made)]
+        headers = [file for file, users in self.users.items()
+                   if file.suffix == ".h" and file.is_relative_to(TOP / "src") and len(users) <= MOST_USERS]
         return sorted(own + headers)
 
-    def make(self, source, place):
-        """Compiles what has the altered file in `place` in it, and links. False where the compiler refuses it."""
+    def compile(self, source, place):
+        """Compiles what has the altered file in `place` in it: the new objects by those they stand for. Nothing
+        where the compiler refuses it."""
         altered = place / "src" / source.relative_to(TOP / "src")
         made = {}
         for user in [self.objects[source]] if source.suffix == ".cpp" else self.users[source]:
@@ -101,16 +108,17 @@ class Build:
             words[1:1] = [f"-I{place / 'src'}"]
             words += ["-w", "-O0", "-g0"]
             if subprocess.run(words, cwd=BUILD, capture_output=True, check=False).returncode != 0:
-                return False
-        for program, link in self.links.items():
-            words = [made.get(word, word) for word in link]
-            at = words.index("-o")
-            # What is defined before the libraries isn't taken from them.
-            more = [file for user, file in made.items() if user not in link and ".dir/src/" in user]
-            words[at:at + 2] = [*more, "-fuse-ld=gold", "-Wl,-S", "-o", str(place / program)]
-            if subprocess.run(words, cwd=BUILD, capture_output=True, check=False).returncode != 0:
-                return False
-        return True
+                return None
+        return made
+
+    def link(self, program, made, place):
+        words = [made.get(word, word) for word in self.links[program]]
+        at = words.index("-o")
+        # What is defined before the libraries isn't taken from them.
+        more = [file for user, file in made.items() if self._is_of_products(user)]
+        words[at:at + 2] = [*more, "-fuse-ld=gold", "-Wl,-S", "-o", str(place / program)]
+        subprocess.run(words, cwd=BUILD, capture_output=True, check=True)
+        return place / program
 
 
 class Suites:
@@ -132,32 +140,33 @@ class Suites:
         own = [room / f"{source.stem}.cpp"]
         stages = [("its own tests", cls._filter(f for f in own if f.exists())),
                   ("its room", cls._filter(sorted(room.glob("*.cpp"))))]
-        return [(name, names) for name, names in stages if names] + [("all native tests", "*")]
+        return [(name, names) for name, names in stages if names]
 
 
 class Runner:
     def __init__(self, build):
         self.build = build
-        # How long all of it takes without a fault, by stage; a fault may make it endless.
-        self.usual = {"all native tests": 0.0, "console": 0.0}
+        # How long all tests take without a fault; one may make them endless.
+        self.usual = 600.0
+        self.slow = []
 
-    def _run(self, command, folder, stage, environment=None):
+    def _run(self, command, folder, environment=None):
         """The output of a failing run; None of a good one."""
-        seconds = 60 + 6 * self.usual.get(stage, self.usual["all native tests"])
         process = subprocess.Popen(
             in_sandbox(command, folder), stdout=subprocess.PIPE, stderr=subprocess.STDOUT, env=environment,
             preexec_fn=lambda: (resource.setrlimit(resource.RLIMIT_CORE, (0, 0)),
                                 resource.setrlimit(resource.RLIMIT_AS, (MOST_MEMORY, MOST_MEMORY))))
         try:
-            output = process.communicate(timeout=seconds)[0].decode("utf-8", "replace")
+            output = process.communicate(timeout=60 + 6 * self.usual)[0].decode("utf-8", "replace")
         except subprocess.TimeoutExpired:
             process.kill()
             process.communicate()
             return "no end"
         return None if process.returncode == 0 else output or f"status {process.returncode}"
 
-    def native(self, program, stage, names):
-        output = self._run([program, f"--gtest_filter={names}", "--gtest_brief=1", "--gtest_fail_fast"], TOP, stage)
+    def native(self, program, names):
+        """The first of these tests that fails; None where none does."""
+        output = self._run([program, f"--gtest_filter={names}", "--gtest_brief=1", "--gtest_fail_fast"], TOP)
         if output is None:
             return None
         failed = re.search(r"\[  FAILED  \] ([\w/]+\.[\w/]+)", output)
@@ -165,8 +174,7 @@ class Runner:
 
     def console(self, program):
         environment = {**os.environ, "TAVIX_CONSOLE": str(program), "PYTHONDONTWRITEBYTECODE": "1"}
-        output = self._run([sys.executable, "-m", "unittest", "-f", *CONSOLE_TESTS], TOP / "tests" / "console", "console",
-                           environment)
+        output = self._run([sys.executable, "-m", "unittest", "-f", *CONSOLE_TESTS], TOP / "tests" / "console", environment)
         if output is None:
             return None
         failed = re.search(r"^(?:FAIL|ERROR): (.*)$", output, re.M)
@@ -174,15 +182,16 @@ class Runner:
 
     def measure(self):
         """Runs everything without a fault. What fails here would kill every fault."""
-        for stage, run in (("all native tests", lambda: self.native(BUILD / "tavix-tests", "all native tests", "*")),
-                           ("console", lambda: self.console(BUILD / "tavix-console"))):
-            self.usual[stage] = 600.0
-            begin = time.monotonic()
-            failed = run()
-            if failed:
-                sys.exit(f"without a fault: {failed}")
-            self.usual[stage] = time.monotonic() - begin
-            print(f"without a fault {stage} took {self.usual[stage]:.0f} s", flush=True)
+        begin = time.monotonic()
+        done = subprocess.run(in_sandbox([BUILD / "tavix-tests", "--gtest_color=no"], TOP), capture_output=True, check=False)
+        output = done.stdout.decode("utf-8", "replace")
+        failed = "the native tests" if done.returncode != 0 else self.console(BUILD / "tavix-console")
+        if failed:
+            sys.exit(f"{output[-2000:]}\nwithout a fault there fail: {failed}")
+        self.usual = time.monotonic() - begin
+        took = re.findall(r"^\[       OK \] (\S+).* \((\d+) ms\)$", output, re.M)
+        self.slow = [name for name, milliseconds in took if int(milliseconds) > SLOW_SECONDS * 1000]
+        print(f"without a fault all tests took {self.usual:.0f} s", flush=True)
 
     def judge(self, number, source, line, fault):
         """What became of one fault: a word, and by which test."""
@@ -194,13 +203,17 @@ class Runner:
         lines[line] = fault
         altered.write_text("\n".join(lines), encoding="utf-8")
         try:
-            if not self.build.make(source, place):
+            made = self.build.compile(source, place)
+            if made is None:
                 return "not compiled", ""
-            for stage, names in Suites.stages(source):
-                failed = self.native(place / "tavix-tests", stage, names)
+            tests = self.build.link("tavix-tests", made, place)
+            slow = ":".join(self.slow) or "none"
+            stages = [(stage, f"{names}-{slow}") for stage, names in Suites.stages(source)]
+            for stage, names in [*stages, ("all native tests", f"*-{slow}"), ("the slow tests", slow)]:
+                failed = self.native(tests, names)
                 if failed:
                     return "killed", f"{failed} ({stage})"
-            failed = self.console(place / "tavix-console")
+            failed = self.console(self.build.link("tavix-console", made, place))
             return ("killed", f"{failed} (console)") if failed else ("survived", "")
         finally:
             shutil.rmtree(place, ignore_errors=True)
@@ -235,8 +248,6 @@ def main():
     options.add_argument("--only", type=int, nargs="+", help="only the faults of that run with these numbers")
     chosen = options.parse_args()
     build = Build()
-    if not build.is_fresh():
-        sys.exit("build first: cmake --build --preset native --target tavix-tests tavix-console")
     room = TOP / "src" / (chosen.room or "")
     faults = choose([s for s in build.sources() if s == room or s.is_relative_to(room)], chosen.seed)
     runner = Runner(build)
