@@ -162,7 +162,7 @@ class Runner:
             process.kill()
             process.communicate()
             return "no end"
-        return None if process.returncode == 0 else output or f"status {process.returncode}"
+        return None if process.returncode == 0 else f"{output}\nstatus {process.returncode}"
 
     def native(self, program, names):
         """The first of these tests that fails; None where none does."""
@@ -170,7 +170,7 @@ class Runner:
         if output is None:
             return None
         failed = re.search(r"\[  FAILED  \] ([\w/]+\.[\w/]+)", output)
-        return failed.group(1) if failed else (output.strip().splitlines() or ["ended"])[-1][:100]
+        return failed.group(1) if failed else output.splitlines()[-1]
 
     def console(self, program):
         environment = {**os.environ, "TAVIX_CONSOLE": str(program), "PYTHONDONTWRITEBYTECODE": "1"}
