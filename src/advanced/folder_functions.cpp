@@ -30,13 +30,14 @@ void VisitFileList(TextView path, TextView patterns, const FilePatterns& fit, co
   }
 }
 
-// A limit that is no number is one that no file reaches.
-bool ReachesLeastSize(const File& file) {
-  const auto least = ToInteger16(LeastSize);
-  return file.known && least && file.size / 1024 >= *least;
-}
+bool IsBigEnough(const File& file) { return file.known && ReachesLeastSize(file.size); }
 
 }  // namespace
+
+bool ReachesLeastSize(double bytes) {
+  const auto least = ToInteger16(LeastSize);
+  return least && bytes / 1024 >= *least;
+}
 
 bool Holds(TextView funcs, TextView function) { return funcs.contains(Concat(u"|", function, u"|")); }
 
@@ -86,7 +87,7 @@ void FolderFunctions::FindJunk(const JunkMatcher& junk) {
 void FolderFunctions::CollectCommonTypes() {
   VisitFileList(path_, CommonTypes, FilePatterns(CommonTypes), content_, [this](const File& file) {
     Open(file);
-    if (NeedLeast == u"Y" && !(opened_ && ReachesLeastSize(file_))) return;
+    if (NeedLeast == u"Y" && !(opened_ && IsBigEnough(file_))) return;
     WriteDuplicateCandidate(file.name, Concat(path_, u"\\", file.name));
   });
 }
@@ -128,13 +129,13 @@ void FolderFunctions::TestEachFile(bool collectDuplicates) {
       AddRow(u"Empty File", file_.name, kZeroSize, kNoSizeKey);
     }
     // Some disks keep no such time.
-    if (findOld && opened_ && days && file_.accessed != 0) {
+    if (findOld && opened_ && days && file_.accessed != platform::kUnknownTime) {
       if (const auto since = CalendarDaysSince(file_.accessed); since && *since >= *days) {
         AddFileRow(lastAccessed);
       }
     }
     if (findDuplicates && OnlyCommon == u"N" && collectDuplicates &&
-        (NeedLeast == u"N" || (NeedLeast == u"Y" && ReachesLeastSize(file_)))) {
+        (NeedLeast == u"N" || (NeedLeast == u"Y" && IsBigEnough(file_)))) {
       WriteDuplicateCandidate(file_.name, PathBelow(path_, file_.name));
     }
   }

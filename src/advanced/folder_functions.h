@@ -16,6 +16,9 @@ constexpr TextView kJunkFiles = u"Junk Files";
 // Whether the list, with a bar around each function, holds this one.
 bool Holds(TextView funcs, TextView function);
 
+// Whether so many bytes reach `LeastSize`. A limit that is no number is one that none reaches.
+bool ReachesLeastSize(double bytes);
+
 // The row of a folder that adds up to zero bytes. The walk began at the folder that the first `startLength`
 // characters of the path name.
 void AddEmptyFolderRow(TextView path, size_t startLength);

@@ -18,7 +18,7 @@ class FolderContent {
     TextView name;
     TextView capitals;  // of the name
     double size = 0;
-    platform::DateTime accessed = 0;
+    platform::DateTime accessed = platform::kUnknownTime;
     bool known = true;  // whether more than the name could be had
     bool link = false;
   };
@@ -45,7 +45,7 @@ class FolderContent {
   struct Stored {
     size_t nameEnd = 0;
     double size = 0;
-    platform::DateTime accessed = 0;
+    platform::DateTime accessed = platform::kUnknownTime;
     bool known = true;
     bool link = false;
   };

@@ -22,14 +22,15 @@ constexpr uint32_t kArchive = 32;
 
 // What a listing tells of a file or folder without another look at it.
 struct DirectoryEntry {
-  TextView name;          // as the disk has it; valid during the visit
-  uint64_t size = 0;      // bytes; 0 for a folder
-  DateTime modified = 0;  // local time, as accessed
-  DateTime accessed = 0;
+  TextView name;                     // as the disk has it; valid during the visit
+  uint64_t size = 0;                 // bytes; 0 for a folder
+  DateTime modified = kUnknownTime;  // local time, as accessed
+  DateTime accessed = kUnknownTime;
   uint32_t attributes = 0;  // of those above
   bool folder = false;
   bool link = false;  // stands for something else: junction, symbolic link, alias of a store app
-  // Whether more than name, `folder` and `link` could be had; size, times and attributes are 0 otherwise.
+  // Whether more than name, `folder` and `link` could be had. Otherwise size and attributes are 0, and the
+  // times aren't known.
   bool known = true;
 };
 
@@ -38,8 +39,8 @@ struct FileFacts {
   Text path;  // whole, names as the disk has them, no backslash at the end but a drive's
   Text name;  // empty for the root of a drive
   uint64_t size = 0;
-  DateTime modified = 0;
-  DateTime accessed = 0;
+  DateTime modified = kUnknownTime;
+  DateTime accessed = kUnknownTime;
   uint32_t attributes = 0;
   bool folder = false;
   bool link = false;

@@ -22,7 +22,7 @@ namespace {
 // What is known of a file once it was opened.
 struct FileObject {
   double size = 0;
-  platform::DateTime accessed = 0;
+  platform::DateTime accessed = platform::kUnknownTime;
 };
 
 // What tells the walkers apart.
@@ -159,7 +159,7 @@ void WalkFolderByPatternAge(TextView folder, TextView typeText, TextView pattern
   if (days > 0) {
     rules.passes = [days](const Text&, const std::optional<FileObject>& file) {
       // Some disks keep no such time.
-      if (file && file->accessed == 0) return false;
+      if (file && file->accessed == platform::kUnknownTime) return false;
       return !file || CalendarDaysSince(file->accessed).value_or(days) >= days;
     };
   }

@@ -115,6 +115,26 @@ TEST_F(AdvancedScan, TheDataFolderIsNeverWalkedAsANode) {
   EXPECT_EQ(frmPubMain.lblProgMI.Width, 1000) << "a folder left out moves the bar like any other";
 }
 
+TEST_F(AdvancedScan, WhatBeginsLikeTheDataFolderIsLeftOutAsWellInAnyLetterCase) {
+  AddFile(u"C:\\MorvDATAPATH2\\x.log");
+  AddFile(u"C:\\morvdatapath\\y.log");
+  AddFile(u"C:\\MORVData\\z.log");
+  Open(u"Junk Files");
+  trvRes_NodeClick(*frmPubMain.trvRes.NodeByKey(u"C:"));
+  // The data folder bears the spelling that it was made with.
+  Tick({u"C:\\MorvDATAPATH2", u"C:\\MORVDataPath", u"C:\\MORVData"});
+  EXPECT_EQ(Paths(Press()), (std::vector<Text>{u"C:\\MORVData\\z.log"}));
+}
+
+TEST_F(AdvancedScan, ADataFolderOfAnotherSpellingIsLeftOutToo) {
+  machine.files.DeleteFolder(u"C:\\MORVDataPath", true);
+  AddFile(u"C:\\morvDATApath\\y.log");
+  Open(u"Junk Files");
+  trvRes_NodeClick(*frmPubMain.trvRes.NodeByKey(u"C:"));
+  Tick({u"C:\\morvDATApath"});
+  EXPECT_TRUE(Press().empty());
+}
+
 TEST_F(AdvancedScan, RecycleFoldersAreLeftOutWhileTheSettingNamesThem) {
   AddFile(u"C:\\RECYCLER\\x.log");
   AddFile(u"D:\\Recycled\\y.log");

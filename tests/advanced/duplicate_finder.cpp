@@ -113,6 +113,14 @@ TEST_F(DuplicateFinder, APairIsFoundAndOnePathIsNot) {
   EXPECT_EQ(machine.files.FileExists(GroupFile(u"P", u"p_0")), false) << "loaded";
 }
 
+TEST_F(DuplicateFinder, FilesOfTheStoreGoThoughTheyAreReadOnly) {
+  AddCopies({{u"C:\\1\\p", 1}, {u"C:\\2\\p", 1}});
+  AddCandidates(u"P", u"p", {u"C:\\1\\p", u"C:\\2\\p"});
+  machine.files.SetAttributes(ScannedFile(u"P", u"p"), platform::kReadOnly);
+  CompareDuplicateFiles();
+  EXPECT_FALSE(machine.files.FileExists(ScannedFile(u"P", u"p")));
+}
+
 TEST_F(DuplicateFinder, SizeAndTimeCountAsTheSettingsSay) {
   machine.files.AddFile(u"C:\\1\\f", {.size = 10, .modified = 1000});
   machine.files.AddFile(u"C:\\2\\f", {.size = 10, .modified = 2000});

@@ -37,6 +37,15 @@ TEST_F(DuplicateLoader, TheFirstOfAGroupIsKeptAndStandsOutByItsColor) {
   EXPECT_EQ(Status(), u"Finished, please click <Clean> or press <F5> to clean the checked items.");
 }
 
+TEST_F(DuplicateLoader, AReadOnlyGroupFileGoesSoThatItsRowsStandOnce) {
+  AddFile(u"C:\\1\\a");
+  AddGroup(u"A", u"a_0", {u"C:\\1\\a"});
+  machine.files.SetAttributes(GroupFile(u"A", u"a_0"), platform::kReadOnly);
+  Load();
+  EXPECT_FALSE(machine.files.FileExists(GroupFile(u"A", u"a_0")));
+  EXPECT_EQ(Load().size(), 1U);
+}
+
 TEST_F(DuplicateLoader, OneRowIsAnItem) {
   AddFile(u"C:\\1\\a");
   AddGroup(u"A", u"a_0", {u"C:\\1\\a"});

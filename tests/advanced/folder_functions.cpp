@@ -144,11 +144,13 @@ TEST_F(FolderFunctionsTest, TheDaysAreThoseOfTheSettingAsItStands) {
 
 TEST_F(FolderFunctionsTest, AnUnknownTimeOfAccessIsNotOld) {
   clock.Set(400 * kDay);
-  AddAccessed(u"C:\\t\\known", 1);
-  AddAccessed(u"C:\\t\\unknown", 0);
+  AddAccessed(u"C:\\t\\known", -1);
+  AddAccessed(u"C:\\t\\start of 1970", 0);
+  AddAccessed(u"C:\\t\\unknown", platform::kUnknownTime);
   LastAccessedFile = Text(u"60");
   EXPECT_EQ(Walk(u"C:\\t", u"|Last Accessed 60 Days Before|"),
-            (std::vector{FileRow(u"Last Accessed 60 Days Before", u"C:\\t", u"known")}));
+            (std::vector{FileRow(u"Last Accessed 60 Days Before", u"C:\\t", u"known"),
+                         FileRow(u"Last Accessed 60 Days Before", u"C:\\t", u"start of 1970")}));
 }
 
 TEST_F(FolderFunctionsTest, AnOldFileOfNoBytesIsFoundTwice) {
@@ -200,6 +202,24 @@ TEST_F(FolderFunctionsTest, NoCandidatesOfDuplicatesAreWrittenWhateverTheSetting
   ASSERT_TRUE(scanned);
   EXPECT_EQ(scanned->SubFolders()->size(), 27U);
   EXPECT_EQ(scanned->Size(), 0.0);
+}
+
+TEST_F(FolderFunctionsTest, TheLeastSizeIsReachedFromItsLastByteOn) {
+  const struct {
+    TextView least;
+    double bytes;
+    bool reached;
+  } table[] = {{u"10", 10 * 1024, true},     {u"10", 10 * 1024 - 1, false},
+               {u"10", 10 * 1024 + 1, true}, {u"0", 0, true},
+               {u"1", 1023, false},          {u"1", 1024, true},
+               {u"32767", 33553408, true},   {u"32767", 33553407, false},
+               {u"32768", 1e12, false},      {u"many", 1e12, false},
+               {u"", 1e12, false},           {u" 2 ", 2048, true},
+               {u"2.5", 2048, true}};
+  for (const auto& row : table) {
+    LeastSize = Text(row.least);
+    EXPECT_EQ(ReachesLeastSize(row.bytes), row.reached) << Narrow(row.least) << " " << row.bytes;
+  }
 }
 
 TEST_F(FolderFunctionsTest, OtherValuesOfOnlyCommonLeaveTheOtherFunctionsAlone) {

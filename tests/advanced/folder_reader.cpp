@@ -7,6 +7,7 @@
 #include "advanced/advanced_test.h"
 #include "advanced/path_text.h"
 #include "frame/support/file_system_object.h"
+#include "support/odd_names.h"
 
 namespace tavix::mdlPubSelf {
 namespace {
@@ -127,6 +128,17 @@ TEST_F(FolderReading, EachFolderIsListedOnce) {
   EXPECT_EQ(Walk(u"C:\\top", u"|Empty Folders and Files|").size(), 30U);
   EXPECT_EQ(files.listings.size(), 30U * 4 + 1);
   for (const auto& [folder, times] : files.listings) EXPECT_EQ(times, 1) << Narrow(folder);
+}
+
+// The system would take them for the file or folder that bears the rest of the name.
+TEST_F(FolderReading, NamesThatEndInABlankOrADotAreLeftOutAndTheirFolderIsNotEmpty) {
+  OddNames odd(machine.store, machine.facts);
+  platform::fileSystem = &odd;
+  fileSystemObject = FileSystemObject(&odd);
+  odd.AddFile(u"C:\\t\\folder\\x.tmp", {.size = 1024});
+  odd.AddFolder(u"C:\\t\\bare");
+  EXPECT_EQ(Paths(Walk(u"C:\\t", u"|Junk Files|Empty Folders and Files|Invalid Shortcuts|")),
+            std::vector<Text>{u"C:\\t\\folder\\x.tmp"});
 }
 
 TEST_F(FolderReading, KnowsTheFilesOfAFolderByNameSizeAndTime) {

@@ -2,6 +2,8 @@
 
 #include "clean/clean_test.h"
 #include "frame/start_up.h"
+#include "frame/support/pub_system.h"
+#include "platform/event_logs.h"
 #include "platform/event_queue.h"
 #include "scan/scan_driver.h"
 
@@ -199,6 +201,46 @@ TEST_F(CleanDriver, EmptiesTheBinsAndClearsTheNamedLog) {
   EXPECT_EQ(ResultCount(), 0);
 }
 
+TEST_F(CleanDriver, ALogIsOpenedClearedAndClosedByItsHandleAlsoWhereItCannotBeOpened) {
+  struct Logs : platform::EventLogs {
+    Logs() { platform::eventLogs = this; }
+    Handle Open(TextView log) override {
+      calls.push_back(Concat(u"open ", log));
+      return log == u"Security" ? 7 : 0;
+    }
+    std::optional<uint32_t> Count(Handle) override { return std::nullopt; }
+    bool Clear(Handle log) override {
+      calls.push_back(Concat(u"clear ", ToText(static_cast<long long>(log))));
+      return log != 0;
+    }
+    void Close(Handle log) override {
+      calls.push_back(Concat(u"close ", ToText(static_cast<long long>(log))));
+    }
+    std::vector<Text> calls;
+  } logs;
+  Add(u"WSL: Nothing", u"Windows System", u"no such log");
+  Add(u"WSL: Security", u"Windows System", u"Security Category (7 Items)");
+  frmPubMain.sbtClean.Click();
+  EXPECT_EQ(logs.calls, (std::vector<Text>{u"open Security", u"clear 7", u"close 7", u"open Nothing",
+                                           u"clear 0", u"close 0"}));
+}
+
+TEST_F(CleanDriver, TheBinsAreEmptiedOnBehalfOfTheMainWindow) {
+  struct Shell : machine::MachineShell {
+    using MachineShell::MachineShell;
+    bool EmptyRecycleBin(platform::WindowHandle owner) override {
+      owners.push_back(owner);
+      return MachineShell::EmptyRecycleBin(owner);
+    }
+    std::vector<platform::WindowHandle> owners;
+  } shell(machine.store, machine.files, machine.facts, machine.journal);
+  pubSystem = clsPubSystem({.shell = &shell});
+  frmPubMain.hWnd = 4711;
+  Add(u"RE", u"Each Recycle Bin", u"bin", u"4.");
+  frmPubMain.sbtClean.Click();
+  EXPECT_EQ(shell.owners, std::vector<platform::WindowHandle>{4711});
+}
+
 TEST_F(CleanDriver, AnUnknownKindIsCountedAddsItsSizeAndDoesNothing) {
   machine.files.AddFile(u"C:\\Work\\keep.txt");
   Add(u"X: y", u"C:\\Work", u"keep.txt", u"5.");
@@ -286,6 +328,57 @@ TEST_F(CleanDriver, YieldsOnceBeforeTheFirstRowAndNeverAgain) {
   EXPECT_FALSE(frmPubMain.CleanBusy);
   EXPECT_FALSE(frmPubMain.webGIF.Visible);
   EXPECT_TRUE(frmPubMain.lsvResult.Enabled);
+}
+
+TEST_F(CleanDriver, WaitsForTheAnimationBeforeTheFirstRow) {
+  AddFileRow(u"a.txt");
+  clock.Set(1'000'000);
+  frmPubMain.webGIF.Busy = true;
+  struct Waiting : platform::EventQueue {
+    Waiting() { platform::eventQueue = this; }
+    ~Waiting() override { platform::eventQueue = nullptr; }
+    void Yield() override {
+      EXPECT_EQ(ResultCount(), 1);
+      if (++yields == 3) frmPubMain.webGIF.Busy = false;
+    }
+    int yields = 0;
+  } waiting;
+  frmPubMain.sbtClean.Click();
+  EXPECT_EQ(waiting.yields, 3);
+  EXPECT_EQ(ResultCount(), 0);
+}
+
+TEST_F(CleanDriver, TheTimeOfTheWaitForTheAnimationCounts) {
+  AddFileRow(u"a.txt");
+  clock.Set(1'000'000);
+  Hand hand([this] { clock.Set(1'007'000); });
+  frmPubMain.sbtClean.Click();
+  EXPECT_EQ(frmPubMain.lblTime.Caption, Text(u"7 seconds."));
+}
+
+TEST_F(CleanDriver, WhileRowsAreWorkedOnTheListIsOutOfReachAndTheBarIsSeen) {
+  AddFileRow(u"a.txt");
+  AddFileRow(u"b.txt");
+  struct Onlooker : ControlPeer {
+    // The list changes with each row that goes.
+    void ModelChanged() override {
+      if (ResultCount() == 0 || ResultCount() == seen) return;
+      seen = ResultCount();
+      ++looks;
+      EXPECT_FALSE(frmPubMain.lsvResult.Enabled);
+      EXPECT_TRUE(frmPubMain.lblProgMI.Visible);
+      EXPECT_TRUE(frmPubMain.webGIF.Visible);
+      EXPECT_TRUE(frmPubMain.CleanBusy);
+    }
+    int looks = 0;
+    int seen = 2;
+  } onlooker;
+  frmPubMain.lsvResult.peer = &onlooker;
+  frmPubMain.sbtClean.Click();
+  frmPubMain.lsvResult.peer = nullptr;
+  EXPECT_EQ(onlooker.looks, 1);
+  EXPECT_TRUE(frmPubMain.lsvResult.Enabled);
+  EXPECT_TRUE(frmPubMain.lblProgMI.Visible);
 }
 
 TEST_F(CleanDriver, AScanInTheYieldBehindASecondCleanIsRefused) {

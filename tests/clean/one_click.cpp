@@ -128,6 +128,23 @@ TEST_F(OneClick, TheQuestionComesBeforeTheWindowIsDisabled) {
   EXPECT_TRUE(asking.enabled);
 }
 
+TEST_F(OneClick, ItsPictureRestsAndIsMarkedWhileTheQuestionIsAsked) {
+  struct Asking : machine::MachineDialogs {
+    using MachineDialogs::MachineDialogs;
+    int MsgBox(TextView, int) override {
+      picture = frmPubMain.picOne.Picture;
+      for (const PictureBox* page : frmPubMain.PagePictures()) marks += ToText(page->BorderStyle);
+      return platform::kNo;
+    }
+    Text picture, marks;
+  } asking(machine.journal);
+  platform::dialogs = &asking;
+  frmPubMain.picOne.Picture = u"ONE_ACTV";
+  Press();
+  EXPECT_EQ(asking.picture, u"ONE_STTC");
+  EXPECT_EQ(asking.marks, u"000001");
+}
+
 TEST_F(OneClick, TheTimeShownCoversBoth) {
   clock.Set(1'000'000);
   Onlooker onlooker([this] { clock.Set(clock.Now() + 1'000); });

@@ -99,6 +99,27 @@ TEST_F(Removal, AFolderThatWasFilledSinceTheScanStaysWithItsContent) {
   EXPECT_FALSE(FolderThere(u"C:\\TVXBak\\full")) << "no shell of it is made either";
 }
 
+TEST_F(Removal, WhatIsReadOnlyGoesUnderEveryMethod) {
+  for (const TextView method : {u"D", u"R", u"S"}) {
+    CleaningMethod = method;
+    ClearResults();
+    machine.files.DeleteFolder(u"C:\\TVXBak", true);
+    machine.files.AddFolder(u"C:\\TVXBak");
+    machine.files.AddFile(u"C:\\Work\\a.txt", {.content = "a", .attributes = platform::kReadOnly});
+    machine.files.AddFile(u"C:\\Work\\dump", {.content = "d", .attributes = platform::kReadOnly});
+    machine.files.AddFile(u"C:\\Work\\empty\\none", {.attributes = platform::kReadOnly});
+    Add(u"F", u"C:\\Work", u"a.txt", u"1.");
+    Add(u"FT: C:\\Work\\dump", u"System Drive", u"Dump", u"1.");
+    Add(u"P", u"C:\\Work", u"empty", u"0.");
+    frmPubMain.sbtClean.Click();
+    EXPECT_EQ(ResultCount(), 0) << Narrow(method);
+    EXPECT_FALSE(FileThere(u"C:\\Work\\a.txt")) << Narrow(method);
+    EXPECT_FALSE(FileThere(u"C:\\Work\\dump")) << Narrow(method);
+    EXPECT_FALSE(FolderThere(u"C:\\Work\\empty")) << Narrow(method);
+    EXPECT_EQ(FileThere(u"C:\\TVXBak\\a.txt") && FileThere(u"C:\\TVXBak\\dump"), method == u"S");
+  }
+}
+
 TEST_F(Removal, AFolderOfFoldersAndFilesWithoutContentGoesWhole) {
   for (const TextView method : {u"D", u"R", u"S"}) {
     CleaningMethod = method;
@@ -190,7 +211,7 @@ TEST_F(Removal, WithRaisedRightsNothingIsSavedAmongThePrograms) {
   CleaningMethod = u"S";
   BackupFolder = u"C:\\Program Files\\App";
   machine.facts.Set(u"Environment", u"WinDir", u"C:\\WINDOWS");
-  machine.trust.programs.push_back(u"C:\\Program Files");
+  machine.facts.Set(u"Folders", u"38", u"C:\\Program Files");
   machine.files.AddFolder(BackupFolder);
   for (const bool elevated : {true, false}) {
     machine.trust.elevated = elevated;

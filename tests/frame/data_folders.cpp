@@ -1,6 +1,7 @@
 #include "frame/data_folders.h"
 
 #include "frame/data_paths.h"
+#include "frame/settings.h"
 #include "frame/start_up.h"
 #include "support/program_test.h"
 
@@ -126,7 +127,19 @@ TEST_F(DataFolders, TheBackupFoldersContentIsNeverTouched) {
   Form_Unload();
   EXPECT_EQ(machine.files.ReadFile(u"C:\\TVXBak\\saved.txt"), "s");
   EXPECT_EQ(Attributes(u"C:\\TVXBak\\saved.txt"), 0U);
-  EXPECT_EQ(machine.files.FolderExists(kDefaultBackupFolder), true) << "made whatever the setting says";
+}
+
+TEST_F(DataFolders, TheDefaultBackupFolderIsMadeAtStartAndExitThoughTheSettingNamesAnother) {
+  machine.files.AddFile(
+      kSettingsFile,
+      {.content = "[Duplicate Files]\nCommon Types=*.x\n[Cleaning Method]\nBackup Folder=C:\\Else\n"});
+  Start();
+  ASSERT_EQ(BackupFolder, u"C:\\Else");
+  EXPECT_EQ(Attributes(kDefaultBackupFolder), kHiddenSystem);
+  EXPECT_EQ(machine.files.FolderExists(u"C:\\Else"), false) << "that one is the user's to make";
+  machine.files.DeleteFolder(kDefaultBackupFolder, true);
+  Form_Unload();
+  EXPECT_EQ(Attributes(kDefaultBackupFolder), kHiddenSystem);
 }
 
 TEST_F(DataFolders, ABucketThatCannotGoStaysAndTheRestIsDone) {

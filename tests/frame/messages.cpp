@@ -54,6 +54,14 @@ TEST_F(Messages, ShowWhatStandsInTheFile) {
   EXPECT_EQ(GetMessageText(u"EXIST"), u"a\\nb & c");
 }
 
+// A line of the file ends with a line feed; a carriage return within it is the one line end that a text can
+// hold.
+TEST_F(Messages, KeepTheLineEndsThatStandInTheFile) {
+  Write("[Message & Text]\r\nEXIST=first\rsecond\r\rthird\r\nUPGRADE=next\r\n");
+  EXPECT_EQ(GetMessageText(u"EXIST"), u"first\rsecond\r\rthird");
+  EXPECT_EQ(GetMessageText(u"UPGRADE"), u"next");
+}
+
 TEST(MessagesWithoutServices, AreEmpty) { EXPECT_EQ(GetMessageText(u"EXIST"), u""); }
 
 }  // namespace

@@ -67,6 +67,17 @@ TEST_F(StartUp, StopReleasesTheServicesAndASecondStopDoesNothing) {
   EXPECT_EQ(machine.files.FileExists(u"C:\\MORVDataPath\\TVX\\DupeFiles\\scanned\\A\\x"), true);
 }
 
+TEST_F(StartUp, TheDocumentOfTheEmbeddedPageIsClearedLastOfAll) {
+  Start();
+  frmPubMain.webGIF.DocumentComplete();
+  ASSERT_EQ(frmPubMain.mhtm.Scroll, Text(u"no"));
+  Text whileFormsGo;
+  frameSteps.UnloadAbout = [&whileFormsGo] { whileFormsGo = frmPubMain.mhtm.Scroll; };
+  Form_Unload();
+  EXPECT_EQ(whileFormsGo, u"no");
+  EXPECT_EQ(frmPubMain.mhtm.Scroll, Text());
+}
+
 TEST_F(StartUp, ClosingInTheMidstOfAScanEndsItInOrder) {
   Start();
   Seed(platform::Hive::CurrentUser, u"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\RunMRU", u"a",

@@ -47,6 +47,25 @@ class JunkEditor : public OptionsTest {
   int rows = 0;
 };
 
+TEST_F(JunkEditor, TheWindowComesWithEmptyBoxesAndTheTextsOfTheCatalogues) {
+  machine.files.AddFile(Concat(machine::kApplicationFolder, u"\\tips.dll"),
+                        {.content = "[frmPubType]\r\nlbl(0)=Was?\r\n"});
+  machine.files.AddFile(Concat(machine::kApplicationFolder, u"\\menus.dll"),
+                        {.content = "[frmPubType]\r\nmenro=Aufmachen\r\n"});
+  frmPubType.txt[0].Text = u"left over";
+  Text description, label, menu;
+  InTypeWindow([&] {
+    description = frmPubType.txt[0].Text;
+    label = frmPubType.lbl[0].Caption;
+    menu = frmPubType.menro.Caption;
+  });
+  frmPubType.Loaded = false;
+  frmPubOptions.sbtJF[0].Click();
+  EXPECT_EQ(description, u"");
+  EXPECT_EQ(label, u"Was?");
+  EXPECT_EQ(menu, u"Aufmachen");
+}
+
 TEST_F(JunkEditor, DescriptionOfBlanksIsRefusedAndTheBoxIsEmptied) {
   Add(u"   ", u"*.new");
   EXPECT_EQ(Messages(), std::vector{InformationOf(u"NEED_DESC")});

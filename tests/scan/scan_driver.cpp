@@ -315,6 +315,24 @@ TEST_F(ScanDriver, WhileAScanRunsOnlyCancelAndPagesCanBeOperated) {
   EXPECT_EQ(form.lblProgMO.BorderStyle, 1) << "stays as a scan sets it";
 }
 
+TEST_F(ScanDriver, TheWindowIsPaintedOnceTheListIsEmptyAndOutOfReach) {
+  Tick({kAddsOne});
+  frmPubMain.sbtScan.Click();
+  ASSERT_EQ(ResultCount(), 1);
+  int paints = 0;
+  frmPubMain.Refresh = [&paints] {
+    ++paints;
+    EXPECT_EQ(ResultCount(), 0) << "neither rows of the scan before nor of this one";
+    EXPECT_TRUE(frmPubMain.sbtCancel.Visible);
+    EXPECT_FALSE(frmPubMain.lsvResult.Enabled);
+    EXPECT_FALSE(frmPubMain.sbtClean.Enabled);
+  };
+  frmPubMain.sbtScan.Click();
+  EXPECT_EQ(paints, 1);
+  EXPECT_EQ(ResultCount(), 1);
+  frmPubMain.Refresh = nullptr;
+}
+
 TEST_F(ScanDriver, ARegistryScanStartsWithItsOwnSumLine) {
   OpenListPage(frmPubMain.picRegistry, {kAddsNothing});
   Text seen;
@@ -347,6 +365,18 @@ TEST_F(ScanDriver, WaitsForTheAnimationYielding) {
   frmPubMain.sbtScan.Click();
   EXPECT_EQ(yields, 3);
   EXPECT_EQ(ResultCount(), 1);
+}
+
+TEST_F(ScanDriver, TheTimeOfTheWaitForTheAnimationCounts) {
+  Tick({kAddsOne});
+  clock.Set(1'000'000);
+  frmPubMain.webGIF.Busy = true;
+  HandAtYield hand([this] {
+    clock.Set(1'007'000);
+    frmPubMain.webGIF.Busy = false;
+  });
+  frmPubMain.sbtScan.Click();
+  EXPECT_EQ(frmPubMain.lblTime.Caption, Text(u"7 seconds."));
 }
 
 TEST_F(ScanDriver, CancelDuringTheWaitFindsNothing) {

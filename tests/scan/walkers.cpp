@@ -7,6 +7,7 @@
 #include "platform/shortcut_bytes.h"
 #include "scan/scan_driver.h"
 #include "scan/scan_test.h"
+#include "support/odd_names.h"
 
 namespace tavix::mdlPubSelf {
 namespace {
@@ -154,8 +155,13 @@ TEST_F(Walkers, AFileOfExactlySoManyDaysPassesTheAgeTest) {
     platform::DateTime accessed;
     bool passesSeven;
   } files[] = {
-      {u"a7.pf", 994 * kDay - 1, true}, {u"b7.pf", 993 * kDay, true},   {u"c6.pf", 994 * kDay, false},
-      {u"d0.pf", 1000 * kDay, false},   {u"e0.pf", 1001 * kDay, false}, {u"f.pf", -5 * kDay - 1, true},
+      {u"a7.pf", 994 * kDay - 1, true},
+      {u"b7.pf", 993 * kDay, true},
+      {u"c6.pf", 994 * kDay, false},
+      {u"d0.pf", 1000 * kDay, false},
+      {u"e0.pf", 1001 * kDay, false},
+      {u"f.pf", -5 * kDay - 1, true},
+      {u"g.pf", 0, true},  // the start of 1970
   };
   std::vector<Text> all, seven;
   for (const auto& file : files) {
@@ -174,6 +180,14 @@ TEST_F(Walkers, AFileOfExactlySoManyDaysPassesTheAgeTest) {
   EXPECT_EQ(walk(0), all) << "0 days: all that match";
   EXPECT_EQ(walk(-1), all);
   EXPECT_TRUE(walk(INT16_MAX).empty());
+}
+
+TEST_F(Walkers, AFileWhoseTimeOfAccessIsNotKnownIsNotOld) {
+  machine.files.AddFile(u"C:\\T\\unknown.pf", {.accessed = platform::kUnknownTime});
+  WalkFolderByPatternAge(u"C:\\T", u"t", u"*.pf", 1);
+  EXPECT_EQ(ResultCount(), 0);
+  WalkFolderByPatternAge(u"C:\\T", u"t", u"*.pf", 0);
+  EXPECT_EQ(ResultCount(), 1) << "without days no time is asked for";
 }
 
 TEST_F(Walkers, TheNameLeftOutStaysOutAtAnyDepthAndInAnyCase) {
@@ -198,6 +212,24 @@ TEST_F(Walkers, OnlyShortcutsKnownToLeadNowhereAreRows) {
   machine.files.AddFolder(u"C:\\T\\folder.lnk");
   WalkInvalidShortcuts(u"C:\\T", u"t");
   EXPECT_EQ(Paths(ResultRows()), (std::vector<Text>{u"C:\\T\\dead.LNK"}));
+}
+
+// The system would take them for the file or folder that bears the rest of the name.
+TEST_F(Walkers, NamesThatEndInABlankOrADotAreNoRowsAndNotEntered) {
+  AddDead(u"C:\\T\\folder\\a.lnk");
+  AddDead(u"C:\\T\\x.lnk");
+  AddFile(u"C:\\T\\x.tmp");
+  OddNames odd(machine.store, machine.facts);
+  fileSystemObject = FileSystemObject(&odd);
+  platform::fileSystem = &odd;
+  for (const Walker& walker : kWalkers) {
+    std::vector<Text> found = Walk(walker, u"C:\\T");
+    std::erase(found, u"C:\\T\\x.tmp");
+    EXPECT_EQ(found, (std::vector<Text>{u"C:\\T\\x.lnk", u"C:\\T\\folder\\a.lnk"})) << walker.name;
+  }
+  ClearResults();
+  WalkFolderByPattern(u"C:\\T", u"t", u"");
+  EXPECT_EQ(ResultCount(), 3);
 }
 
 TEST_F(Walkers, TheRootOfADriveHasItsBackslashInTheLocation) {

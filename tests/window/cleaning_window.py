@@ -145,19 +145,36 @@ class StartAndStop(DataTree):
                      "C:\\MORVDataPath\\TVX\\DupeFiles\\scanned\\other"):
             self.assertLessEqual({"S", "H"}, self.attributes(path), path)
 
+    def contents(self):
+        """What stands in the folders of the program: names, times of change and bytes, and attributes of its files."""
+        found = {}
+        for top in (self.data.parent, self.machine.drive_c / "TVXBak"):
+            for path in (top, *top.rglob("*")):
+                content = path.read_bytes() if path.is_file() else None
+                found[path] = (path.stat().st_mtime_ns, content)
+        for line in self.machine.run("attrib", "C:\\MORVDataPath\\TVX\\*").splitlines():
+            found[line[12:].strip()] = line[:12]
+        return found
+
     def test_a_second_copy_ends_at_once_and_touches_nothing(self):
         program = self.start()
+        # What a start would change: scratch files go, missing files come back, settings without types become
+        # the defaults, and files are hidden.
         left = self.data / "DupeFiles" / "scanned" / "A" / "left.txt"
         left.write_text("of the first copy", encoding="ascii")
-        settings = self.settings_file.read_bytes()
+        (self.data / "userjunk.dll").unlink()
+        (self.data / "seen.txt").write_text("not hidden", encoding="ascii")
+        self.settings_file.write_bytes(b"[Cleaning Method]\r\nMethod=S\r\n")
+        before = self.contents()
         self.machine.run(BUILD / "tavix.exe")
-        self.assertTrue(left.exists())
-        self.assertEqual(self.settings_file.read_bytes(), settings)
+        after = self.contents()
+        self.assertEqual([str(name) for name in before | after if before.get(name) != after.get(name)], [])
         self.assertTrue(program.is_running())
         self.close(program)
         # The scratch folders are emptied at the end.
         self.assertFalse(left.exists())
         self.assertTrue(left.parent.is_dir())
+        self.assertEqual(self.settings_file.read_bytes(), b"[Cleaning Method]\r\nMethod=S\r\n")
         # Now there is no other.
         self.close(self.start())
 

@@ -61,6 +61,27 @@ bool Contains(const Place& room, const Place& place) {
          place.Bottom() <= room.Bottom();
 }
 
+// The real list looks up its columns when it hears of a change.
+TEST_P(OptionsLayout, AListHearsOfTheWidthsOfItsColumns) {
+  struct Shown : ControlPeer {
+    explicit Shown(ListView& model) : list(model) { list.peer = this; }
+    ~Shown() override { list.peer = nullptr; }
+    void ModelChanged() override { widths = Widths(); }
+    std::vector<int> Widths() const { return {list.ColumnHeaders[0].Width, list.ColumnHeaders[1].Width}; }
+    ListView& list;
+    std::vector<int> widths;
+  };
+  for (ListView* list : {&frmPubOptions.lsvJF, &frmPubOptions.lsvOO}) {
+    list->ColumnHeaders[0].Width = 0;
+    list->ColumnHeaders[1].Width = 0;
+    const Shown shown(*list);
+    list->Width = 1;
+    LayOutOptionsForm(WidthOf);
+    EXPECT_GT(shown.Widths()[0], 0);
+    EXPECT_EQ(shown.widths, shown.Widths());
+  }
+}
+
 INSTANTIATE_TEST_SUITE_P(Fonts, OptionsLayout, testing::Values(70, 85, 100));
 
 TEST_P(OptionsLayout, EachControlHasRoomOfItsOwnInsideItsPage) {

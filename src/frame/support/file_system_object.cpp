@@ -11,6 +11,10 @@ auto Of(const std::optional<platform::FileFacts>& facts, Member member) {
   return facts.transform([member](const platform::FileFacts& known) { return known.*member; });
 }
 
+std::optional<platform::DateTime> Known(std::optional<platform::DateTime> time) {
+  return time == platform::kUnknownTime ? std::nullopt : time;
+}
+
 std::optional<Folder> Parent(const std::optional<platform::FileFacts>& facts) {
   if (!facts || Disk() == nullptr) return std::nullopt;
   const size_t cut = facts->path.find_last_of(u'\\');
@@ -56,12 +60,10 @@ std::optional<double> File::Size() const {
   });
 }
 std::optional<platform::DateTime> File::DateLastModified() const {
-  if (facts_ && !facts_->known) return std::nullopt;
-  return Of(facts_, &platform::FileFacts::modified);
+  return Known(Of(facts_, &platform::FileFacts::modified));
 }
 std::optional<platform::DateTime> File::DateLastAccessed() const {
-  if (facts_ && !facts_->known) return std::nullopt;
-  return Of(facts_, &platform::FileFacts::accessed);
+  return Known(Of(facts_, &platform::FileFacts::accessed));
 }
 std::optional<Folder> File::ParentFolder() const { return Parent(facts_); }
 

@@ -22,8 +22,8 @@ struct StoreEntry {
   Text name;  // as it was made
   EntryKind kind = EntryKind::File;
   uint64_t size = 0;  // 0 for folders and links
-  platform::DateTime modified = 0;
-  platform::DateTime accessed = 0;
+  platform::DateTime modified = platform::kUnknownTime;
+  platform::DateTime accessed = platform::kUnknownTime;
   bool known = true;  // false where a listing has the name and the kind only
 };
 

@@ -34,7 +34,8 @@ std::optional<StoreEntry> ToEntry(const struct statx& facts, Text name, bool has
   entry.kind = type == S_IFREG ? EntryKind::File : type == S_IFDIR ? EntryKind::Folder : EntryKind::Link;
   if (type == S_IFREG) entry.size = facts.stx_size;
   entry.modified = ToLocal(facts.stx_mtime, hasZone);
-  entry.accessed = ToLocal(facts.stx_atime, hasZone);
+  // Some disks keep no such time.
+  if ((facts.stx_mask & STATX_ATIME) != 0) entry.accessed = ToLocal(facts.stx_atime, hasZone);
   return entry;
 }
 

@@ -36,7 +36,8 @@ std::optional<StoreEntry> ToEntry(const _wfinddata64_t& found) {
   entry.kind = link ? EntryKind::Link : folder ? EntryKind::Folder : EntryKind::File;
   if (entry.kind == EntryKind::File) entry.size = static_cast<uint64_t>(found.size);
   entry.modified = ToLocalTime(found.time_write * 1000);
-  entry.accessed = ToLocalTime(found.time_access * 1000);
+  // Some disks keep no such time.
+  if (found.time_access != -1) entry.accessed = ToLocalTime(found.time_access * 1000);
   return entry;
 }
 

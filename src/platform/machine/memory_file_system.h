@@ -11,7 +11,7 @@ struct FileSeed {
   std::optional<uint64_t> size =
       {};  // where it is more than the content, the rest is NULs and takes no memory
   platform::DateTime modified = 0;
-  platform::DateTime accessed = 1;  // long ago; 0 is not known
+  platform::DateTime accessed = 0;  // long ago
   uint32_t attributes = 0;
 };
 

@@ -228,14 +228,14 @@ platform::DateTime LocalTimes::Of(const FILETIME& time) {
   constexpr uint64_t kQuarter = 15 * 60 * 1000 * kTicks;
   const uint64_t ticks = Joined(time.dwHighDateTime, time.dwLowDateTime);
   const uint64_t number = ticks / kQuarter;
-  if (ticks == 0) return 0;
+  if (ticks == 0) return platform::kUnknownTime;
   Quarter& quarter = known_[number % known_.size()];
   if (quarter.number != number || number == 0) {
     const uint64_t start = number * kQuarter;
     const FILETIME whole = {static_cast<DWORD>(start), static_cast<DWORD>(start >> 32U)};
     SYSTEMTIME universal, local;
-    if (!FileTimeToSystemTime(&whole, &universal)) return 0;
-    if (!SystemTimeToTzSpecificLocalTime(&zone_, &universal, &local)) return 0;
+    if (!FileTimeToSystemTime(&whole, &universal)) return platform::kUnknownTime;
+    if (!SystemTimeToTzSpecificLocalTime(&zone_, &universal, &local)) return platform::kUnknownTime;
     quarter = {number, ToDateTime(local.wYear, local.wMonth, local.wDay, local.wHour, local.wMinute,
                                   local.wSecond, local.wMilliseconds)};
   }

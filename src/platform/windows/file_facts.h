@@ -68,7 +68,7 @@ std::optional<Text> FinalPath(HANDLE file);
 class LocalTimes {
  public:
   LocalTimes() { GetTimeZoneInformation(&zone_); }
-  // 0 for none.
+  // kUnknownTime for none.
   platform::DateTime Of(const FILETIME& time);
 
  private:

@@ -126,6 +126,14 @@ TEST_F(HostFiles, HaveTheTimesOfTheHostInItsZone) {
   EXPECT_EQ(files->Look(u"C:\\a")->accessed, 1'600'000'000'250);
 }
 
+TEST_F(HostFiles, TheStartOf1970IsATime) {
+  Write("C/a");
+  const struct timespec times[] = {{0, 0}, {0, 0}};
+  ASSERT_EQ(utimensat(AT_FDCWD, Host("C/a").c_str(), times, 0), 0);
+  EXPECT_EQ(files->Look(u"C:\\a")->accessed, 0);
+  EXPECT_EQ(files->Look(u"C:\\a")->modified, 0);
+}
+
 TEST_F(HostFiles, KeepTheRightsOfAFileThatIsWritten) {
   Write("C/a");
   ASSERT_EQ(chmod(Host("C/a").c_str(), 0640), 0);

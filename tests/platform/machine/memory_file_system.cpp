@@ -83,13 +83,24 @@ TEST_F(MemoryFiles, LeaveSourceAndNoHalfFileWhenACopyToAnotherVolumeFails) {
   EXPECT_EQ(files.ReadFile(u"D:\\a"), "content");
 }
 
+TEST_F(MemoryFiles, StayWhereAMoveOnTheirVolumeFails) {
+  files.AddFile(u"C:\\a", {"content"});
+  store.faults.Fail(u"Move");
+  EXPECT_FALSE(files.MoveFile(u"C:\\a", u"C:\\b"));
+  EXPECT_FALSE(files.FileExists(u"C:\\b"));
+  EXPECT_EQ(files.ReadFile(u"C:\\a"), "content");
+}
+
 TEST_F(MemoryFiles, HaveTheTimeOfTheClockWhenTheyAreWritten) {
   StandingClock clock(5000);
   platform::clock = &clock;
   files.AddFile(u"C:\\a", {"old", {}, 1, 2});
   EXPECT_TRUE(files.WriteFile(u"C:\\a", "new"));
+  EXPECT_TRUE(files.CreateTextFile(u"C:\\b", false));
   platform::clock = nullptr;
   EXPECT_EQ(files.Look(u"C:\\a")->modified, 5000);
+  EXPECT_EQ(files.Look(u"C:\\b")->modified, 5000);
+  EXPECT_EQ(files.Look(u"C:\\b")->accessed, 5000);
 }
 
 TEST_F(MemoryFiles, GoToAnyDepth) {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "platform/machine/memory_store.h"
 
 namespace tavix::machine {
@@ -49,6 +51,9 @@ TEST_F(RecycleBinTest, TakesThingsOfOneNameUnderFreeNames) {
   }
   const std::vector<Text> names = Names();
   EXPECT_EQ(names.size(), 6U);
+  for (const TextView name : {u"a.txt", u"2~a.txt", u"3~a.txt"}) {
+    EXPECT_EQ(std::count(names.begin(), names.end(), name), 1) << name.size();
+  }
   for (const Text& name : names) EXPECT_TRUE(IsFileName(name));
   EXPECT_EQ(bin.Count()->bytes, 18U);
 }

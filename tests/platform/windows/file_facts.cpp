@@ -62,6 +62,16 @@ TEST_F(FileFactsOfWindows, ShowTheLocalTimesThatTheSystemShows) {
              [shown](const platform::DirectoryEntry& entry) { EXPECT_EQ(entry.modified, shown); });
 }
 
+TEST(LocalTimes, TellNoTimeFromTheStartOf1970) {
+  LocalTimes times;
+  EXPECT_EQ(times.Of({}), platform::kUnknownTime);
+  SYSTEMTIME local = {1970, 1, 0, 1, 0, 0, 0, 0}, universal;
+  FILETIME time;
+  ASSERT_TRUE(TzSpecificLocalTimeToSystemTime(nullptr, &local, &universal));
+  ASSERT_TRUE(SystemTimeToFileTime(&universal, &time));
+  EXPECT_EQ(times.Of(time), 0);
+}
+
 TEST_F(FileFactsOfWindows, HaveTheNamesOfTheDisk) {
   place.Folder(u"MiXed");
   place.File(u"MiXed\\NaMe.TXT");
