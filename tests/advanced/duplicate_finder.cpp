@@ -118,7 +118,7 @@ TEST_F(DuplicateFinder, FilesOfTheStoreGoThoughTheyAreReadOnly) {
   AddCandidates(u"P", u"p", {u"C:\\1\\p", u"C:\\2\\p"});
   machine.files.SetAttributes(ScannedFile(u"P", u"p"), platform::kReadOnly);
   CompareDuplicateFiles();
-  EXPECT_FALSE(machine.files.FileExists(ScannedFile(u"P", u"p")));
+  EXPECT_EQ(machine.files.FileExists(ScannedFile(u"P", u"p")), false);
 }
 
 TEST_F(DuplicateFinder, SizeAndTimeCountAsTheSettingsSay) {

@@ -42,7 +42,7 @@ TEST_F(DuplicateLoader, AReadOnlyGroupFileGoesSoThatItsRowsStandOnce) {
   AddGroup(u"A", u"a_0", {u"C:\\1\\a"});
   machine.files.SetAttributes(GroupFile(u"A", u"a_0"), platform::kReadOnly);
   Load();
-  EXPECT_FALSE(machine.files.FileExists(GroupFile(u"A", u"a_0")));
+  EXPECT_EQ(machine.files.FileExists(GroupFile(u"A", u"a_0")), false);
   EXPECT_EQ(Load().size(), 1U);
 }
 

@@ -87,7 +87,7 @@ TEST_F(MemoryFiles, StayWhereAMoveOnTheirVolumeFails) {
   files.AddFile(u"C:\\a", {"content"});
   store.faults.Fail(u"Move");
   EXPECT_FALSE(files.MoveFile(u"C:\\a", u"C:\\b"));
-  EXPECT_FALSE(files.FileExists(u"C:\\b"));
+  EXPECT_EQ(files.FileExists(u"C:\\b"), false);
   EXPECT_EQ(files.ReadFile(u"C:\\a"), "content");
 }
 
