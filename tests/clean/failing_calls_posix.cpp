@@ -7,6 +7,7 @@
 #include <map>
 #include <set>
 
+#include "clean/failing_store.h"
 #include "frame/settings.h"
 #include "platform/machine/host_store.h"
 #include "platform/machine/journal.h"
@@ -24,83 +25,6 @@ namespace {
 namespace fs = std::filesystem;
 using namespace machine;
 
-// A store over another one of which the call with a number fails, counted from 1; what is asked of it and
-// what it does counts alike.
-class FailingStore : public FileStore {
- public:
-  explicit FailingStore(std::unique_ptr<FileStore> store) : store_(std::move(store)) {}
-  std::unique_ptr<StoreFolder> Root() override { return Fails() ? nullptr : Wrap(store_->Root()); }
-  std::unique_ptr<StoreFolder> Open(const std::vector<Text>& names) override {
-    return Fails() ? nullptr : Wrap(store_->Open(names));
-  }
-
-  int calls = 0;
-  int failing = 0;
-  static inline bool otherVolume = false;  // whether every folder lies on a volume of its own
-
- private:
-  class Folder;
-  bool Fails() { return ++calls == failing; }
-  std::unique_ptr<StoreFolder> Wrap(std::unique_ptr<StoreFolder> folder);
-
-  std::unique_ptr<FileStore> store_;
-};
-
-class FailingStore::Folder : public StoreFolder {
- public:
-  Folder(FailingStore& store, std::unique_ptr<StoreFolder> folder)
-      : store_(store), folder_(std::move(folder)) {}
-
-  using StoreFolder::Read;
-  std::optional<StoreEntry> Find(TextView name) override {
-    return Fails() ? std::nullopt : folder_->Find(name);
-  }
-  bool Read(std::vector<StoreEntry>& entries, const NameFilter& wanted) override {
-    return !Fails() && folder_->Read(entries, wanted);
-  }
-  std::unique_ptr<StoreFolder> Open(TextView name) override {
-    return Fails() ? nullptr : store_.Wrap(folder_->Open(name));
-  }
-  std::optional<LinkTarget> ReadLink(TextView name) override {
-    return Fails() ? std::nullopt : folder_->ReadLink(name);
-  }
-  std::optional<std::string> ReadFile(TextView name) override {
-    return Fails() ? std::nullopt : folder_->ReadFile(name);
-  }
-  bool MakeFolder(TextView name) override { return !Fails() && folder_->MakeFolder(name); }
-  bool MakeFile(TextView name) override { return !Fails() && folder_->MakeFile(name); }
-  bool WriteFile(TextView name, std::string_view content) override {
-    return !Fails() && folder_->WriteFile(name, content);
-  }
-  bool Append(TextView name, std::string_view content) override {
-    return !Fails() && folder_->Append(name, content);
-  }
-  bool Remove(TextView name) override { return !Fails() && folder_->Remove(name); }
-  bool RemoveTree(TextView name) override { return !Fails() && folder_->RemoveTree(name); }
-  bool RemoveEmptyTree(TextView name) override { return !Fails() && folder_->RemoveEmptyTree(name); }
-  std::optional<uint64_t> TreeSize(TextView name) override {
-    return Fails() ? std::nullopt : folder_->TreeSize(name);
-  }
-  MoveResult Move(TextView name, StoreFolder& to, TextView newName) override {
-    if (Fails()) return otherVolume ? MoveResult::OtherVolume : MoveResult::Failed;
-    return otherVolume ? MoveResult::OtherVolume
-                       : folder_->Move(name, *static_cast<Folder&>(to).folder_, newName);
-  }
-  bool Copy(TextView name, StoreFolder& to, TextView newName) override {
-    return !Fails() && folder_->Copy(name, *static_cast<Folder&>(to).folder_, newName);
-  }
-
- private:
-  bool Fails() { return store_.Fails(); }
-
-  FailingStore& store_;
-  std::unique_ptr<StoreFolder> folder_;
-};
-
-std::unique_ptr<StoreFolder> FailingStore::Wrap(std::unique_ptr<StoreFolder> folder) {
-  return folder != nullptr ? std::make_unique<Folder>(*this, std::move(folder)) : nullptr;
-}
-
 constexpr TextView kBackup = u"C:\\TVXBak";
 
 // The program over files in a folder; all else of the machine is in memory.
@@ -112,7 +36,6 @@ class FailingCalls : public ProgramTest {
     platform::shell = &shell;
     Start();
   }
-  ~FailingCalls() override { FailingStore::otherVolume = false; }
 
   void Put(const std::string& path, const std::string& content) {
     scratch.Write("drives/C/Desk/" + path, content);
@@ -196,7 +119,7 @@ class FailingCalls : public ProgramTest {
 
 TEST_F(FailingCalls, EachInTurnLeavesRowsAndDiskInAgreement) {
   for (const bool volumes : {false, true}) {
-    FailingStore::otherVolume = volumes;
+    store.otherVolume = volumes;
     for (const TextView method : {u"D", u"R", u"S"}) {
       CleaningMethod = method;
       BackupFolder = kBackup;
