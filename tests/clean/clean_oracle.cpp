@@ -177,7 +177,7 @@ bool CleanOracle::CleanFile(const Row& row) {
     } else if (orders_.method == u"S") {
       const bool taken = disk_.IsFile(Concat(orders_.backupFolder, u"\\", place->name));
       const auto saved = InBackup(Concat(place->name, taken ? u".1" : u""));
-      const bool otherVolume = saved && (*saved)[7] != (*key)[7];
+      const bool otherVolume = !orders_.oneVolume && saved && (*saved)[7] != (*key)[7];
       if (saved && !(otherVolume && disk_.Find(*key)->kind == EntryKind::Link)) disk_.Move(*key, *saved);
     }
   }

@@ -28,6 +28,7 @@ struct Orders {
   Text backupFolder;
   std::optional<Text> systemFolder;
   std::vector<Text> namedFolders;
+  bool oneVolume = false;  // whether all drives are; a link can't be moved to another volume
 };
 
 // What a clean has to do to a machine when every call works, worked out row by row from pictures alone.

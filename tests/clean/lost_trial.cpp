@@ -279,6 +279,7 @@ class Trial {
     Orders orders;
     orders.method = CleaningMethod;
     orders.backupFolder = machine_.backupFolder;
+    orders.oneVolume = ground_.OnHost();
     for (const auto& [section, key, value] : machine_.facts) {
       if (section == u"Folders" && key == u"9966") orders.systemFolder = value;
       if (section.ends_with(u"Folders") || key == u"WinDir") orders.namedFolders.push_back(value);
@@ -384,8 +385,9 @@ class Trial {
         EXPECT_TRUE(IsSafe(key, place, oracle)) << Narrow(key) << " is at " << Narrow(place);
     }
     for (const auto& [content, keys] : places) {
+      if (known.contains(content)) continue;
       const bool half = trouble_ == Trouble::Kill && NameOf(keys.front()).starts_with(u".tavix:");
-      EXPECT_TRUE(known.contains(content) || half) << "half a file: " << Narrow(keys.front());
+      EXPECT_TRUE(half) << "half a file: " << Narrow(keys.front());
     }
   }
 
@@ -482,6 +484,9 @@ class Trial {
     DiskPicture found = Picture();
     ForgetScratch(expected);
     ForgetScratch(found);
+    // The default backup folder is made where somebody took it away meanwhile.
+    const Text backup = u"drives\\C\\TVXBak";
+    if (expected.Find(backup) == nullptr && found.Find(backup) != nullptr) expected.items[backup] = {};
     EXPECT_EQ(Difference(expected, found), "") << "the program's end changed the disk";
   }
 
