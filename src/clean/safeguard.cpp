@@ -29,7 +29,8 @@ bool IsEmptyFolder(const Text& path) {
 bool Safeguard::AllowsFile(TextView folder, TextView name) {
   ReadOwnFolders();
   if (KeepsContent(folder)) return false;
-  return !IsLibrary(name) || !systemFolder_ || LineageOf(folder).front() != *systemFolder_;
+  if (!IsLibrary(name)) return true;
+  return systemTold_ && (!systemFolder_ || LineageOf(folder).front() != *systemFolder_);
 }
 
 bool Safeguard::AllowsFolder(TextView folder, TextView name) {
@@ -39,7 +40,13 @@ bool Safeguard::AllowsFolder(TextView folder, TextView name) {
   const Text path = PathBelow(folder, name);
   const std::vector<Text> lineage = fileSystemObject.Lineage(path);
   const bool isRoot = lineage.size() < 2;
-  return !isRoot && !holding_->contains(lineage.front()) && IsEmptyFolder(path);
+  return !isRoot && !holding_->contains(lineage.front()) && !HoldsUntold(path) && IsEmptyFolder(path);
+}
+
+std::vector<Text> Safeguard::LineageOfKept(const Text& folder, bool& told) {
+  std::vector<Text> lineage = fileSystemObject.Lineage(folder);
+  told = told && !(lineage.empty() && fileSystemObject.FolderExists(folder));
+  return lineage;
 }
 
 void Safeguard::ReadOwnFolders() {
@@ -47,16 +54,18 @@ void Safeguard::ReadOwnFolders() {
   own_.emplace();
   holding_.reset();
   for (const TextView folder : {kMakersFolder, kDataFolder}) {
-    if (const auto identity = fileSystemObject.FolderIdentity(folder)) own_->insert(*identity);
+    const std::vector<Text> lineage = LineageOfKept(Text(folder), ownTold_);
+    if (!lineage.empty()) own_->insert(lineage.front());
   }
   for (const TextView folder : {kDefaultBackupFolder, TextView(BackupFolder)}) {
-    const std::vector<Text> lineage = fileSystemObject.Lineage(folder);
+    const std::vector<Text> lineage = LineageOfKept(Text(folder), ownTold_);
     const bool isRoot = lineage.size() < 2;
     if (!isRoot) own_->insert(lineage.front());
   }
   Text system;
   pubSystem.GetSpecialFolder(kSystemFolder, system);
-  systemFolder_ = fileSystemObject.FolderIdentity(system);
+  const std::vector<Text> lineage = LineageOfKept(system, systemTold_);
+  if (!lineage.empty()) systemFolder_ = lineage.front();
 }
 
 void Safeguard::ReadNamedFolders() {
@@ -68,13 +77,21 @@ void Safeguard::ReadNamedFolders() {
     std::ranges::move(platform::shell->NamedFolders(), std::back_inserter(named));
   }
   for (const Text& folder : named) {
-    for (Text& identity : fileSystemObject.Lineage(folder)) holding_->insert(std::move(identity));
+    bool told = true;
+    for (Text& identity : LineageOfKept(folder, told)) holding_->insert(std::move(identity));
+    if (!told) untold_.push_back(folder);
   }
+}
+
+bool Safeguard::HoldsUntold(TextView path) const {
+  return std::ranges::any_of(untold_, [start = WithSeparator(path)](const Text& folder) {
+    return EqualIgnoringCase(WithSeparator(folder).substr(0, start.size()), start);
+  });
 }
 
 bool Safeguard::KeepsContent(TextView folder) {
   const std::vector<Text>& lineage = LineageOf(folder);
-  return lineage.empty() ||
+  return !ownTold_ || lineage.empty() ||
          std::ranges::any_of(lineage, [this](const Text& identity) { return own_->contains(identity); });
 }
 

@@ -141,5 +141,35 @@ TEST_F(FailingCalls, EachInTurnLeavesRowsAndDiskInAgreement) {
   }
 }
 
+// A folder whose identity can't be told at that moment is no other one.
+TEST_F(FailingCalls, WhateverCallFailsKeptFoldersAndLibrariesStay) {
+  machine.facts.Set(u"Folders", u"33", u"C:\\Desk\\way\\Cookies");
+  machine.facts.Set(u"Folders", u"9966", u"C:\\Desk\\way\\system");
+  facts = machine.facts;
+  CleaningMethod = u"D";
+  BackupFolder = u"C:\\Desk\\way\\saved";
+  int calls = 0;
+  for (int failing = 0; failing <= calls; ++failing) {
+    Seed();
+    ClearResults();
+    fs::create_directories(scratch.Root() / "drives/C/Desk/real/Cookies");
+    fs::create_directory_symlink("real", scratch.Root() / "drives/C/Desk/way");
+    Put("real/saved/old.txt", "old");
+    Put("real/system/a.dll", "library");
+    AddResultItem(u"t", u"Cookies", u"0.", u"C:\\Desk\\real", u"00000000.0", u"P");
+    AddResultItem(u"t", u"old.txt", u"1.", u"C:\\Desk\\real\\saved", u"00000001.0", u"F");
+    AddResultItem(u"t", u"a.dll", u"1.", u"C:\\Desk\\real\\system", u"00000001.0", u"F");
+    store.calls = 0;
+    store.failing = failing;
+    frmPubMain.sbtClean.Click();
+    store.failing = 0;
+    calls = std::max(calls, store.calls);
+    EXPECT_TRUE(fs::exists(scratch.Root() / "drives/C/Desk/real/Cookies")) << failing;
+    EXPECT_EQ(scratch.Read("drives/C/Desk/real/saved/old.txt"), "old") << failing;
+    EXPECT_EQ(scratch.Read("drives/C/Desk/real/system/a.dll"), "library") << failing;
+  }
+  EXPECT_GE(calls, 15);
+}
+
 }  // namespace
 }  // namespace tavix::mdlPubSelf

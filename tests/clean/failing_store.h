@@ -19,14 +19,15 @@ class FailingStore : public FileStore {
 
   int calls = 0;
   int failing = 0;
-  bool otherVolume = false;            // whether every folder lies on a volume of its own
-  std::function<void(int call)> hook;  // called before each call with its number
+  bool otherVolume = false;                              // whether every folder lies on a volume of its own
+  std::function<void(int call)> onCall;                  // before each call, with its number
+  std::function<void(TextView name)> onRemovalOfFolder;  // right before each, with its name
 
  private:
   class Folder;
   bool Fails() {
     ++calls;
-    if (hook) hook(calls);
+    if (onCall) onCall(calls);
     return calls == failing;
   }
   std::unique_ptr<StoreFolder> Wrap(std::unique_ptr<StoreFolder> folder);
@@ -65,7 +66,10 @@ class FailingStore::Folder : public StoreFolder {
   }
   bool Remove(TextView name) override { return !Fails() && folder_->Remove(name); }
   bool RemoveTree(TextView name) override { return !Fails() && folder_->RemoveTree(name); }
-  bool RemoveEmptyTree(TextView name) override { return !Fails() && folder_->RemoveEmptyTree(name); }
+  bool RemoveEmptyTree(TextView name) override {
+    if (store_.onRemovalOfFolder) store_.onRemovalOfFolder(name);
+    return !Fails() && folder_->RemoveEmptyTree(name);
+  }
   std::optional<uint64_t> TreeSize(TextView name) override {
     return Fails() ? std::nullopt : folder_->TreeSize(name);
   }

@@ -18,6 +18,8 @@ class Ground {
   virtual void Put(const Text& key, const DiskItem& item, platform::DateTime time) = 0;
   // With all below it.
   virtual void Remove(const Text& key) = 0;
+  // Gives an item another name in its folder.
+  virtual void Rename(const Text& key, TextView name) = 0;
   virtual DiskPicture Picture() = 0;
   // The store for the program.
   virtual std::unique_ptr<machine::FileStore> Store() = 0;
@@ -27,7 +29,16 @@ class Ground {
 };
 
 // How a clean is disturbed.
-enum class Trouble { None, FailingCall, Kill };
+enum class Trouble {
+  None,
+  FailingCall,    // a call of the store, and calls on the names of some rows
+  FilledFolders,  // folders get new files right before they are removed
+  SwappedFolder,  // a folder becomes a link at any call of the store
+  Kill,
+};
+// What one machine after the other meets.
+constexpr Trouble kTroubles[] = {Trouble::None,          Trouble::FailingCall, Trouble::None,
+                                 Trouble::FilledFolders, Trouble::None,        Trouble::SwappedFolder};
 
 // What all trials of a test came to.
 struct Tally {

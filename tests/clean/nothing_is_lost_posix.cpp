@@ -49,6 +49,10 @@ class FolderGround : public Ground {
 
   void Remove(const Text& key) override { fs::remove_all(Path(key)); }
 
+  void Rename(const Text& key, TextView name) override {
+    fs::rename(Path(key), Path(key).parent_path() / ToUtf8(name));
+  }
+
   DiskPicture Picture() override {
     EXPECT_EQ(scratch_.Read("outside/victim/a.tmp"), "outside");
     EXPECT_EQ(scratch_.Read("outside/victim/in/A.LOG"), "outside too");
@@ -110,7 +114,7 @@ bool CleanAndDie(FailingStore& store, Dice& dice, const std::function<void()>& c
   const pid_t child = fork();
   if (child == 0) {
     if (atCall) {
-      store.hook = [number](int call) {
+      store.onCall = [number](int call) {
         if (call == number) kill(getpid(), SIGKILL);
       };
     }
@@ -147,8 +151,7 @@ void TrySeeds(int share, const char* test, const std::function<Trouble(uint64_t 
 TEST(NothingIsLost, OnMachinesInAFolder) {
   Tally tally;
   TrySeeds(
-      20, "OnMachinesInAFolder",
-      [](uint64_t seed) { return seed % 3 == 0 ? Trouble::FailingCall : Trouble::None; }, tally);
+      20, "OnMachinesInAFolder", [](uint64_t seed) { return kTroubles[seed % std::size(kTroubles)]; }, tally);
   if (tally.machines < 10) return;
   EXPECT_GT(tally.removed, tally.machines);
 }
