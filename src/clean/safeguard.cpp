@@ -40,7 +40,7 @@ bool Safeguard::AllowsFolder(TextView folder, TextView name) {
   const Text path = PathBelow(folder, name);
   const std::vector<Text> lineage = fileSystemObject.Lineage(path);
   const bool isRoot = lineage.size() < 2;
-  return !isRoot && !holding_->contains(lineage.front()) && !HoldsUntold(path) && IsEmptyFolder(path);
+  return namedTold_ && !isRoot && !holding_->contains(lineage.front()) && IsEmptyFolder(path);
 }
 
 std::vector<Text> Safeguard::LineageOfKept(const Text& folder, bool& told) {
@@ -77,16 +77,8 @@ void Safeguard::ReadNamedFolders() {
     std::ranges::move(platform::shell->NamedFolders(), std::back_inserter(named));
   }
   for (const Text& folder : named) {
-    bool told = true;
-    for (Text& identity : LineageOfKept(folder, told)) holding_->insert(std::move(identity));
-    if (!told) untold_.push_back(folder);
+    for (Text& identity : LineageOfKept(folder, namedTold_)) holding_->insert(std::move(identity));
   }
-}
-
-bool Safeguard::HoldsUntold(TextView path) const {
-  return std::ranges::any_of(untold_, [start = WithSeparator(path)](const Text& folder) {
-    return EqualIgnoringCase(WithSeparator(folder).substr(0, start.size()), start);
-  });
 }
 
 bool Safeguard::KeepsContent(TextView folder) {

@@ -27,10 +27,9 @@ class Safeguard {
 
   void ReadOwnFolders();
   void ReadNamedFolders();
-  // The lineage of a folder that is to stay. `told` becomes false where the folder is there and it can't be had.
+  // The lineage of a folder that is to stay. `told` becomes false where the folder is there and it can't be
+  // had.
   static std::vector<Text> LineageOfKept(const Text& folder, bool& told);
-  // Whether the path is one of the folders that stay and whose identity can't be told, or holds one.
-  bool HoldsUntold(TextView path) const;
   // Whether what lies in the folder is the program's own or the user's backup.
   bool KeepsContent(TextView folder);
   const std::vector<Text>& LineageOf(TextView folder);
@@ -39,9 +38,10 @@ class Safeguard {
   std::optional<Identities> own_;
   std::optional<Identities> holding_;
   std::optional<Text> systemFolder_;
-  bool ownTold_ = true;  // whether the identities of all own folders are known
+  // Whether the identities of all these folders that are there are known.
+  bool ownTold_ = true;
   bool systemTold_ = true;
-  std::vector<Text> untold_;  // paths of named folders that are there and whose identities aren't known
+  bool namedTold_ = true;
   // Of the folder asked for last: most rows of a folder follow one another.
   Text folder_;
   std::vector<Text> lineage_;
