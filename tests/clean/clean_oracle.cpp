@@ -150,6 +150,7 @@ std::optional<Text> CleanOracle::LinkTarget(const Row& row) const {
 
 void CleanOracle::Recycle(const Text& key, const Text& path) {
   calls_.emplace_back(u"DeleteToRecycleBin", path);
+  if (orders_.everyFolderIsAVolume && disk_.Find(key)->kind != EntryKind::File) return;
   Text name(NameOf(key));
   for (int number = 2; disk_.Find(Concat(u"recycle\\", name)) != nullptr; ++number) {
     name = Concat(ToText(number), u"~", NameOf(key));
@@ -177,7 +178,8 @@ bool CleanOracle::CleanFile(const Row& row) {
     } else if (orders_.method == u"S") {
       const bool taken = disk_.IsFile(Concat(orders_.backupFolder, u"\\", place->name));
       const auto saved = InBackup(Concat(place->name, taken ? u".1" : u""));
-      const bool otherVolume = !orders_.oneVolume && saved && (*saved)[7] != (*key)[7];
+      const bool otherVolume =
+          orders_.everyFolderIsAVolume || (!orders_.oneVolume && saved && (*saved)[7] != (*key)[7]);
       if (saved && !(otherVolume && disk_.Find(*key)->kind == EntryKind::Link)) disk_.Move(*key, *saved);
     }
   }

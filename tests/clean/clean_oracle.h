@@ -28,7 +28,9 @@ struct Orders {
   Text backupFolder;
   std::optional<Text> systemFolder;
   std::vector<Text> namedFolders;
-  bool oneVolume = false;  // whether all drives are; a link can't be moved to another volume
+  // Whether all drives are one volume, or every folder is one of its own. Only files can be moved to another.
+  bool oneVolume = false;
+  bool everyFolderIsAVolume = false;
 };
 
 // What a clean has to do to a machine when every call works, worked out row by row from pictures alone.
