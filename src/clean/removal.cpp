@@ -37,7 +37,7 @@ void Removal::RemoveFile(const FoundPlace& place) {
   if (item == nullptr || !safeguard_.AllowsFile(place.folder, place.name)) return;
   const Text path = place.Path();
   // What has become a folder since it was found isn't that file.
-  if (item->IsFolder() || fileSystemObject.FolderExists(path) != false) return;
+  if (item->IsFolder() || fileSystemObject.FolderExists(path) == true) return;
   if (CleaningMethod == kRecycle) {
     Recycle(*item, path);
   } else if (CleaningMethod == kDelete) {

@@ -8,6 +8,7 @@
 #include "frame/settings.h"
 #include "frame/support/file_system_object.h"
 #include "frame/support/pub_system.h"
+#include "platform/file_system.h"
 #include "platform/shell.h"
 #include "text/letter_case.h"
 
@@ -15,6 +16,7 @@ namespace tavix::mdlPubSelf {
 namespace {
 
 constexpr int kSystemFolder = 9966;
+constexpr size_t kDriveRootLength = 3;
 
 bool IsLibrary(TextView name) { return ToLower(name).ends_with(u".dll"); }
 
@@ -24,39 +26,59 @@ bool IsEmptyFolder(const Text& path) {
   return FolderReader().Read(path, list, true).empty;
 }
 
+// A folder of another computer that doesn't answer holds nothing of what can be looked at.
+bool LiesOnTheNetwork(TextView path) {
+  constexpr int kNetworkDrive = 3;
+  return path.starts_with(u"\\\\") ||
+         (path.size() > 1 && path[1] == u':' && platform::fileSystem != nullptr &&
+          platform::fileSystem->DriveType(path[0]) == kNetworkDrive);
+}
+
 }  // namespace
 
 bool Safeguard::AllowsFile(TextView folder, TextView name) {
   ReadOwnFolders();
-  if (KeepsContent(folder)) return false;
-  return !IsLibrary(name) || !systemFolder_ || LineageOf(folder).front() != *systemFolder_;
+  return !LiesIn(*own_, folder) && !(IsLibrary(name) && LineageOf(folder).front() == system_);
 }
 
 bool Safeguard::AllowsFolder(TextView folder, TextView name) {
   ReadOwnFolders();
   ReadNamedFolders();
-  if (KeepsContent(folder)) return false;
+  if (LiesIn(*own_, folder) || LiesIn(closed_, folder)) return false;
   const Text path = PathBelow(folder, name);
   const std::vector<Text> lineage = fileSystemObject.Lineage(path);
   const bool isRoot = lineage.size() < 2;
   return !isRoot && !holding_->contains(lineage.front()) && IsEmptyFolder(path);
 }
 
+std::vector<Text> Safeguard::LineageOfKept(TextView folder, Identities& closed) {
+  std::vector<Text> lineage = fileSystemObject.Lineage(folder);
+  if (!lineage.empty() || LiesOnTheNetwork(folder) || fileSystemObject.FolderExists(folder) == false)
+    return lineage;
+  for (Text above(folder); lineage.empty() && above.size() > kDriveRootLength;) {
+    above = FolderOf(above);
+    lineage = fileSystemObject.Lineage(above);
+  }
+  if (!lineage.empty()) closed.insert(lineage.front());
+  return lineage;
+}
+
 void Safeguard::ReadOwnFolders() {
   if (own_) return;
   own_.emplace();
-  holding_.reset();
   for (const TextView folder : {kMakersFolder, kDataFolder}) {
-    if (const auto identity = fileSystemObject.FolderIdentity(folder)) own_->insert(*identity);
+    const std::vector<Text> lineage = LineageOfKept(folder, *own_);
+    if (!lineage.empty()) own_->insert(lineage.front());
   }
   for (const TextView folder : {kDefaultBackupFolder, TextView(BackupFolder)}) {
-    const std::vector<Text> lineage = fileSystemObject.Lineage(folder);
+    const std::vector<Text> lineage = LineageOfKept(folder, *own_);
     const bool isRoot = lineage.size() < 2;
     if (!isRoot) own_->insert(lineage.front());
   }
   Text system;
   pubSystem.GetSpecialFolder(kSystemFolder, system);
-  systemFolder_ = fileSystemObject.FolderIdentity(system);
+  const std::vector<Text> lineage = LineageOfKept(system, *own_);
+  if (!lineage.empty()) system_ = lineage.front();
 }
 
 void Safeguard::ReadNamedFolders() {
@@ -68,14 +90,14 @@ void Safeguard::ReadNamedFolders() {
     std::ranges::move(platform::shell->NamedFolders(), std::back_inserter(named));
   }
   for (const Text& folder : named) {
-    for (Text& identity : fileSystemObject.Lineage(folder)) holding_->insert(std::move(identity));
+    for (Text& identity : LineageOfKept(folder, closed_)) holding_->insert(std::move(identity));
   }
 }
 
-bool Safeguard::KeepsContent(TextView folder) {
+bool Safeguard::LiesIn(const Identities& kept, TextView folder) {
   const std::vector<Text>& lineage = LineageOf(folder);
   return lineage.empty() ||
-         std::ranges::any_of(lineage, [this](const Text& identity) { return own_->contains(identity); });
+         std::ranges::any_of(lineage, [&kept](const Text& identity) { return kept.contains(identity); });
 }
 
 const std::vector<Text>& Safeguard::LineageOf(TextView folder) {

@@ -27,14 +27,18 @@ class Safeguard {
 
   void ReadOwnFolders();
   void ReadNamedFolders();
-  // Whether what lies in the folder is the program's own or the user's backup.
-  bool KeepsContent(TextView folder);
+  // The lineage of a folder that is to stay; empty where it is known to be missing, or a network doesn't
+  // answer. Where the folder can't be looked at, it is that of the nearest folder above it that can, which
+  // joins `closed`: the folder may be anywhere in there.
+  static std::vector<Text> LineageOfKept(TextView folder, Identities& closed);
+  // Whether a folder is one of these or lies in one, or that can't be told.
+  bool LiesIn(const Identities& kept, TextView folder);
   const std::vector<Text>& LineageOf(TextView folder);
 
-  // The folders whose content stays; the folders that never go themselves. Nothing before they are asked for.
-  std::optional<Identities> own_;
-  std::optional<Identities> holding_;
-  std::optional<Text> systemFolder_;
+  std::optional<Identities> own_;      // folders whose content stays; nothing before they are asked for
+  std::optional<Identities> holding_;  // folders that stay themselves, likewise
+  Identities closed_;                  // folders in which no folder goes
+  Text system_;                        // the system folder; empty when there is none
   // Of the folder asked for last: most rows of a folder follow one another.
   Text folder_;
   std::vector<Text> lineage_;

@@ -148,6 +148,25 @@ TEST_F(SafeguardTest, ALibraryInTheSystemFolderItselfStays) {
   EXPECT_EQ(FileThere(u"C:\\Work\\way", u"a.dll"), u"");
 }
 
+// It may be anywhere in the nearest folder above it that can be looked at.
+TEST_F(SafeguardTest, WhereABackupFolderCannotBeLookedAtTheFolderAroundItStays) {
+  BackupFolder = u"C:\\Work\\around\\circle\\Saved";
+  machine.files.AddLink(u"C:\\Work\\around\\circle", u"C:\\Work\\around\\circle");
+  EXPECT_EQ(File(u"C:\\Work\\around", u"a.tmp"), u"");
+  EXPECT_EQ(File(u"C:\\Work\\around\\below", u"a.tmp"), u"");
+  EXPECT_EQ(File(u"C:\\Work\\beside", u"a.tmp"), u"DR");
+  BackupFolder = u"\\\\nas\\saved";
+  EXPECT_EQ(File(u"C:\\Work\\around", u"a.tmp"), u"DR") << "what is on another computer is not here";
+}
+
+TEST_F(SafeguardTest, WhereANamedFolderCannotBeLookedAtNoFolderAroundItGoes) {
+  Fact(u"Folders", u"33", u"C:\\Users\\Bob\\circle\\Cookies");
+  machine.files.AddLink(u"C:\\Users\\Bob\\circle", u"C:\\Users\\Bob\\circle");
+  EXPECT_EQ(Folder(u"C:\\Users\\Bob", u"empty"), u"");
+  EXPECT_EQ(File(u"C:\\Users\\Bob", u"a.tmp"), kAll);
+  EXPECT_EQ(Folder(u"C:\\Users\\Ann", u"empty"), kAll);
+}
+
 TEST_F(SafeguardTest, SavingIntoTheBackupFolderKeepsWhatItSaves) {
   CleaningMethod = u"S";
   Add(u"P", u"C:", u"TVXBak", u"0.");

@@ -22,7 +22,8 @@ Text FolderOf(FolderCall call) {
 }
 
 bool IsFile(TextView path) {
-  const std::optional<DWORD> attributes = FollowedAttributes(path);
+  bool sure = true;
+  const std::optional<DWORD> attributes = FollowedAttributes(path, sure);
   return attributes && (*attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 

@@ -40,7 +40,7 @@ TEST_F(FileFactsOfWindows, AFileThatIsKeptOnlineIsNotRead) {
   SetFileAttributesW(Wide(path), FILE_ATTRIBUTE_OFFLINE);
   if ((AttributesOf(path) & FILE_ATTRIBUTE_OFFLINE) == 0) GTEST_SKIP() << "no such attribute on this drive";
   EXPECT_FALSE(files.ReadFile(path));
-  EXPECT_TRUE(files.FileExists(path));
+  EXPECT_EQ(files.FileExists(path), true);
   EXPECT_EQ(files.Look(path)->size, 7U);
 }
 

@@ -63,7 +63,7 @@ TEST_F(FoundItemInARace, DeletesNothingOfTheVictim) {
   ExpectVictimUntouched();
   // What could not be deleted stands, and goes now.
   for (int i = 0; i < kRounds; ++i) {
-    const bool stands = files.FileExists(Mine(i));
+    const bool stands = files.FileExists(Mine(i)) == true;
     const auto item = Open(i);
     ASSERT_EQ(item != nullptr, stands) << i;
     if (stands) {
@@ -87,9 +87,9 @@ TEST_F(FoundItemInARace, MovesNothingOfTheVictim) {
   place.StopExchanging();
   ExpectVictimUntouched();
   for (int i = 0; i < kRounds; ++i) {
-    EXPECT_TRUE(files.FileExists(Mine(i)) || files.FileExists(Moved(i))) << i;
+    EXPECT_TRUE(files.FileExists(Mine(i)) == true || files.FileExists(Moved(i)) == true) << i;
     for (const Text& path : {Mine(i), Moved(i)}) {
-      if (files.FileExists(path)) {
+      if (files.FileExists(path) == true) {
         EXPECT_EQ(ContentOf(path), "mine") << i;
       }
     }

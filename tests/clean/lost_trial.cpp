@@ -1,0 +1,618 @@
+#include "clean/lost_trial.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <unordered_map>
+
+#include "catalogue/functions.h"
+#include "console/choices.h"
+#include "frame/settings.h"
+#include "frame/start_up.h"
+#include "platform/machine/machine_file_system.h"
+#include "platform/machine/machine_shell.h"
+#include "scan/result_items.h"
+#include "text/utf8.h"
+#include "window/wiring.h"
+
+namespace tavix::lost {
+namespace {
+
+using namespace mdlPubSelf;
+using machine::FailingStore;
+
+constexpr platform::DateTime kDay = int64_t{24} * 3600 * 1000;
+constexpr platform::DateTime kNow = 20'779 * kDay;  // 2026-11-22
+
+Text KeyOfData() { return u"C:\\MORVDataPath\\TVX"; }
+
+// Without a backslash at the end.
+Text Plain(TextView path) {
+  while (path.size() > 2 && path.ends_with(u'\\')) path.remove_suffix(1);
+  return Text(path);
+}
+
+using Keys = std::set<Text, LessIgnoringCase>;
+constexpr TextView kAside = u"stands aside";
+
+bool IsLostFile(const DiskItem& item) { return item.kind == EntryKind::File && !item.content.empty(); }
+
+class Trial {
+ public:
+  Trial(uint64_t seed, Ground& ground, Trouble trouble, const KillableClean& kill, Tally& tally)
+      : ground_(ground),
+        trouble_(trouble),
+        kill_(kill),
+        tally_(tally),
+        dice_(seed),
+        store_(ground.Store()),
+        files_(store_, host_.facts),
+        shell_(store_, files_, host_.facts, host_.journal),
+        machine_(dice_, ground.OnHost()) {
+    platform::fileSystem = &files_;
+    platform::shell = &shell_;
+    host_.clock.Set(kNow);
+  }
+  ~Trial() { ResetProcess(); }
+  Trial(const Trial&) = delete;
+  Trial& operator=(const Trial&) = delete;
+
+  void Run() {
+    Make();
+    if (!Start()) return;
+    Scan();
+  }
+
+ private:
+  DiskPicture Picture() {
+    DiskPicture picture = ground_.Picture();
+    picture.notReady = machine_.disk.notReady;
+    return picture;
+  }
+
+  void Put(const Text& key, const DiskItem& item) {
+    constexpr int kAges[] = {0, 1, 29, 31, 400, 20'000};
+    ground_.Put(key, item, kNow - dice_.Of(kAges) * kDay);
+  }
+
+  void Make() {
+    for (const auto& [section, key, value] : machine_.facts) host_.facts.Set(section, key, value);
+    for (const auto& [key, item] : machine_.disk.items) Put(key, item);
+    for (int i = 0; i < 3; ++i) {
+      if (const auto key = machine_.Any(EntryKind::File))
+        files_.SetAttributes(PathOfKey(*key), platform::kReadOnly);
+    }
+    machine_.FillRegistry(host_.registry);
+    made_ = Picture();
+    EXPECT_EQ(Difference(machine_.disk, made_), "");
+  }
+
+  // False where the program ends at once, since a link stands in the place of its data.
+  bool Start() {
+    WireMainForm();
+    if (!Form_Load()) {
+      EXPECT_EQ(Difference(made_, Picture()), "") << "the program has no data of its own here";
+      return false;
+    }
+    frmPubMain.lblProgMO.Width = 3000;
+    const DiskPicture started = Picture();
+    for (const auto& [key, item] : machine_.disk.items) {
+      const DiskItem* found = started.Find(key);
+      const bool kept = found != nullptr && *found == item;
+      EXPECT_TRUE(kept || IsProgramsOwn(made_, key)) << "the start lost " << Narrow(key);
+    }
+    constexpr TextView kMethods[] = {u"D", u"R", u"S"};
+    CleaningMethod = dice_.Of(kMethods);
+    BackupFolder = machine_.backupFolder;
+    if (dice_.Percent(60)) ExceptFolders.clear();
+    if (dice_.Percent(50)) LastAccessedFile = dice_.Percent(50) ? u"0" : u"30";
+    if (dice_.Percent(50)) LastAccessedPrefetch = u"0";
+    store_.otherVolume = dice_.Percent(trouble_ == Trouble::FailingCall ? 50 : 20);
+    return true;
+  }
+
+  // Whether an item lies in the scratch folder or is one of the files that every start and end make anew.
+  static bool IsProgramsOwn(const DiskPicture& disk, TextView key) {
+    const auto data = disk.Resolve(KeyOfData(), true);
+    return data && (key.starts_with(Concat(*data, u"\\DupeFiles")) || key == Concat(*data, u"\\tvx.dll"));
+  }
+
+  void Scan() {
+    const DiskPicture before = Picture();
+    const bool oneClick = trouble_ != Trouble::Kill && dice_.Percent(20);
+    if (oneClick) {
+      ChooseOneClickFunctions();
+      Event<>& press = frmPubMain.sbtClean.Click;
+      const Event<> clean = press;
+      press = [&] { ReviewAndClean(before, [&clean] { clean(); }); };
+      frmPubMain.picOne.MouseUp(kLeftButton);
+      press = clean;
+    } else {
+      constexpr TextView kPages[] = {u"privacy",  u"system",   u"system",  u"registry",
+                                     u"advanced", u"advanced", u"advanced"};
+      OpenPage(dice_.Of(kPages));
+      frmPubMain.sbtScan.Click();
+      ReviewAndClean(before, [] { frmPubMain.sbtClean.Click(); });
+    }
+    EXPECT_TRUE(reviewed_) << "the clean was never reached";
+  }
+
+  static std::vector<Text> Functions(TextView page) {
+    std::vector<Text> names;
+    const auto all = page == u"privacy"    ? kPrivacyFunctions
+                     : page == u"system"   ? kSystemFunctions
+                     : page == u"registry" ? kRegistryFunctions
+                                           : kAdvancedFunctions;
+    for (const CleaningFunction& function : all) {
+      if (function.Key != u"ie" && function.Key != u"we") {
+        names.push_back(page == u"privacy" ? Text(function.Key) : CaptionOf(function));
+      }
+    }
+    return names;
+  }
+
+  void ChooseOneClickFunctions() {
+    page_ = u"one-click";
+    if (dice_.Percent(40)) return;
+    mdlPubSelf::Functions = u"|";
+    for (const TextView page : {u"privacy", u"system", u"registry"}) {
+      for (const Text& function : Functions(page)) {
+        if (dice_.Percent(60)) mdlPubSelf::Functions += Concat(function, u"|");
+      }
+    }
+  }
+
+  void OpenPage(TextView page) {
+    page_ = page;
+    console::Options options;
+    options.page = page;
+    if (dice_.Percent(60)) {
+      for (const Text& function : Functions(page)) {
+        if (dice_.Percent(50)) options.functions.push_back(function);
+      }
+    }
+    if (page == u"advanced" && dice_.Percent(70)) {
+      for (size_t i = dice_.Below(4); i < 4; ++i) {
+        const auto folder = machine_.Any(dice_.Percent(90) ? EntryKind::Folder : EntryKind::Link);
+        options.scopes.push_back(folder && dice_.Percent(80) ? PathOfKey(*folder)
+                                                             : Text(dice_.Percent(50) ? u"C:" : u"D:"));
+      }
+    }
+    // A scope that is no node leaves those before it ticked.
+    std::string error;
+    console::OpenAndTick(options, error);
+  }
+
+  static std::vector<Row> ReadRows() {
+    std::vector<Row> rows;
+    for (const RowFields& fields : ResultRows()) rows.push_back({fields, {}});
+    for (size_t i = 0; i < rows.size(); ++i) {
+      rows[i].start = WalkStart(frmPubMain.lsvResult.Row(static_cast<int>(i) + 1));
+    }
+    return rows;
+  }
+
+  void ReviewAndClean(const DiskPicture& beforeScan, const std::function<void()>& clean) {
+    reviewed_ = true;
+    CheckScan(beforeScan);
+    if (dice_.Percent(30)) frmPubMain.lsvResult.ColumnClick(static_cast<int>(1 + dice_.Below(4)));
+    TickRows();
+    const std::vector<Row> rows = ReadRows();
+    CheckStarts(rows);
+    ChangeDisk(rows);
+    before_ = Picture();
+    const RegistryPicture registryBefore = PictureOf(host_.registry);
+    CleanOracle oracle(before_, registryBefore, GiveOrders());
+    AddWhatMayGo(rows, oracle, before_);
+    host_.journal.Clear();
+
+    if (trouble_ == Trouble::Kill) {
+      tally_.killed += kill_(store_, dice_, clean) ? 1 : 0;
+      CheckNothingIsLost(rows, oracle, Picture());
+      ++tally_.machines;
+      return;
+    }
+    if (trouble_ == Trouble::FailingCall) LetCallsFail(rows);
+    if (trouble_ == Trouble::FilledFolders) FillBeforeRemovals(rows);
+    if (trouble_ == Trouble::SwappedFolder) SwapAtACall(rows);
+    clean();
+    store_.failing = 0;
+    store_.onCall = {};
+    store_.onRemovalOfFolder = {};
+    if (machine::Faults* faults = ground_.NamedFaults()) faults->Clear();
+    shell_.faults.Clear();
+
+    const DiskPicture after = Picture();
+    CheckNothingIsLost(rows, oracle, after);
+    CheckRows(rows, after);
+    oracle.Clean(rows);
+    if (trouble_ == Trouble::None && CanTellWhatStays()) CheckExactly(rows, oracle, after);
+    CheckRegistry(oracle, registryBefore);
+    Count(after);
+    CheckEnd(after);
+  }
+
+  void CheckScan(const DiskPicture& before) {
+    DiskPicture expected = before;
+    DiskPicture found = Picture();
+    ForgetScratch(expected);
+    ForgetScratch(found);
+    EXPECT_EQ(Difference(expected, found), "") << "the scan changed the disk";
+  }
+
+  static void ForgetScratch(DiskPicture& disk) {
+    if (const auto data = disk.Resolve(KeyOfData(), true)) {
+      disk.Remove(Concat(*data, u"\\DupeFiles"));
+      disk.Remove(Concat(*data, u"\\tvx.dll"));
+    }
+  }
+
+  void TickRows() {
+    const size_t mode = dice_.Below(3);
+    for (int row = 1; mode > 0 && row <= ResultCount(); ++row) {
+      frmPubMain.lsvResult.Row(row).SetChecked(mode == 1 || dice_.Percent(60));
+    }
+  }
+
+  // Every walk began at a folder that a function names, or at a ticked node.
+  void CheckStarts(const std::vector<Row>& rows) const {
+    std::set<Text, LessIgnoringCase> starts;
+    const auto add = [&starts](const Text& folder, TextView below) {
+      starts.insert(Concat(Plain(folder), below));
+    };
+    if (page_ == u"advanced") {
+      for (int i = 1; i <= frmPubMain.trvRes.NodeCount(); ++i) {
+        if (frmPubMain.trvRes.NodeAt(i)->Checked) add(frmPubMain.trvRes.NodeAt(i)->Key, u"");
+      }
+    } else {
+      const Text windows = machine_.Fact(u"Environment", u"WinDir");
+      for (const TextView below : {u"", u"\\SoftwareDistribution\\Download", u"\\Prefetch"})
+        add(windows, below);
+      for (const TextView number : {u"32", u"33", u"34"}) add(machine_.Fact(u"Folders", number), u"");
+      for (const TextView name : {u"Recent", u"0", u"1", u"10", u"11"})
+        add(machine_.Fact(u"Special Folders", name), u"");
+      add(machine_.Fact(u"Special Folders", u"5"), u"\\Microsoft\\Internet Explorer\\Quick Launch");
+      for (const TextView name : {u"User", u"System"}) add(machine_.Fact(u"Temporary Folders", name), u"");
+    }
+    for (const Row& row : rows) {
+      if (row.fields.tag != u"F" && row.fields.tag != u"P") continue;
+      const Text start = Plain(row.start);
+      const Text name = ToLower(NameOf(start));
+      const bool named = name.starts_with(u"found.") || name.starts_with(u"$ntuninstall");
+      // A walk may find nothing but the folder that it began at.
+      const bool itself = row.fields.tag == u"P" && start == Plain(row.fields.location) &&
+                          starts.contains(Concat(start, u"\\", row.fields.name));
+      EXPECT_TRUE(starts.contains(start) || itself || (page_ != u"advanced" && named))
+          << Narrow(row.fields.location) << " was found from " << Narrow(row.start) << " on page "
+          << Narrow(page_);
+    }
+  }
+
+  Orders GiveOrders() const {
+    Orders orders;
+    orders.method = CleaningMethod;
+    orders.backupFolder = machine_.backupFolder;
+    orders.oneVolume = ground_.OnHost();
+    orders.everyFolderIsAVolume = store_.otherVolume;
+    for (const auto& [section, key, value] : machine_.facts) {
+      if (section == u"Folders" && key == u"9966") orders.systemFolder = value;
+      if (section.ends_with(u"Folders") || key == u"WinDir") orders.namedFolders.push_back(value);
+    }
+    return orders;
+  }
+
+  // What others do while the rows stand in the list.
+  void ChangeDisk(const std::vector<Row>& rows) {
+    if (rows.empty() || dice_.Percent(30)) return;
+    for (size_t i = dice_.Below(4); i < 4; ++i) {
+      const DiskPicture now = Picture();
+      const RowFields& row = dice_.Of(rows).fields;
+      const Text path = Concat(row.location, u"\\", row.name);
+      const auto folder = now.Resolve(row.location, true);
+      const auto item = now.Resolve(path, false);
+      if (!folder || !item || IsRoot(*item) || now.Find(*folder)->kind != EntryKind::Folder) continue;
+      const auto data = now.Resolve(KeyOfData(), true);
+      if (data && (item->starts_with(*data) || data->starts_with(*item))) continue;
+      const auto elsewhere = machine_.Any(EntryKind::Folder);
+      switch (dice_.Below(6)) {
+        case 0:  // something new in the folder
+          if (now.Find(*item)->kind == EntryKind::Folder) Put(Concat(*item, u"\\new.doc"), NewFile());
+          break;
+        case 1:  // the folder it lies in leads elsewhere
+          if (IsRoot(*folder) || !elsewhere || (data && data->starts_with(*folder))) break;
+          ground_.Remove(*folder);
+          Put(*folder, {EntryKind::Link, {}, Concat(u"\\", *elsewhere)});
+          break;
+        case 2:  // a link in its place
+          ground_.Remove(*item);
+          Put(*item, {EntryKind::Link, {}, Concat(u"\\", elsewhere.value_or(*folder))});
+          break;
+        case 3:
+          ground_.Remove(*item);
+          break;
+        case 4:  // a file with content, or a folder with some, in its place
+          if (now.Find(*item)->kind == EntryKind::File) {
+            ground_.Remove(*item);
+            Put(*item, {});
+            Put(Concat(*item, u"\\new.doc"), NewFile());
+          } else {
+            ground_.Remove(*item);
+            Put(*item, NewFile());
+          }
+          break;
+        default:  // a folder further down
+          if (now.Find(*item)->kind != EntryKind::Folder) break;
+          ground_.Remove(Concat(*item, u"\\new"));
+          Put(Concat(*item, u"\\new"), {});
+          Put(Concat(*item, u"\\new\\new.doc"), NewFile());
+      }
+    }
+  }
+
+  DiskItem NewFile() { return {EntryKind::File, machine_.NewContent()}; }
+
+  void LetCallsFail(const std::vector<Row>& rows) {
+    const int number = 1 + static_cast<int>(dice_.Below(size_t{1} << dice_.Below(12)));
+    store_.failing = store_.calls + number;
+    if (rows.empty() || !dice_.Percent(60)) return;
+    namedFaults_ = true;
+    constexpr TextView kCalls[] = {u"Remove", u"RemoveTree", u"Move", u"Copy", u"Read", u"MakeFolder"};
+    if (ground_.NamedFaults() != nullptr && dice_.Percent(50)) {
+      constexpr TextView kAlways[] = {u"Copy", u"Copy", u"Move", u"Remove"};
+      return ground_.NamedFaults()->Fail(dice_.Of(kAlways));
+    }
+    // Those of one kind of call, or of many.
+    const bool one = dice_.Percent(50);
+    const TextView kind = dice_.Of(kCalls);
+    for (int i = 0; i < 8 && ground_.NamedFaults() != nullptr; ++i) {
+      ground_.NamedFaults()->Fail(one ? kind : dice_.Of(kCalls), dice_.Of(rows).fields.name);
+    }
+    if (dice_.Percent(30)) shell_.faults.Fail(u"DeleteToRecycleBin", dice_.Of(rows).fields.name);
+  }
+
+  // The new files are among what must not be lost.
+  void FillBeforeRemovals(const std::vector<Row>& rows) {
+    const CleanOracle oracle(before_, {}, GiveOrders());
+    for (const Row& row : rows) {
+      const auto key = row.fields.checked && row.fields.tag == u"P" ? oracle.Target(row) : std::nullopt;
+      if (key && before_.Find(*key)->kind == EntryKind::Folder && dice_.Percent(50)) filled_.insert(*key);
+    }
+    store_.onRemovalOfFolder = [this](TextView name) {
+      for (const Text& key : filled_) {
+        const Text file = Concat(key, u"\\late.doc");
+        const bool there = ground_.Picture().Find(key) != nullptr;
+        if (!EqualIgnoringCase(NameOf(key), name) || !there || before_.Find(file) != nullptr) continue;
+        before_.items[file] = NewFile();
+        Put(file, before_.items[file]);
+      }
+    };
+  }
+
+  // The folder itself stands aside then, with all that it holds.
+  void SwapAtACall(const std::vector<Row>& rows) {
+    if (rows.empty()) return;
+    const auto folder = before_.Resolve(dice_.Of(rows).fields.location, true);
+    const auto elsewhere = machine_.Any(EntryKind::Folder);
+    if (!folder || IsRoot(*folder) || !elsewhere) return;
+    for (const TextView kept :
+         {TextView(u"C:\\MORVDataPath\\TVX"), TextView(u"C:\\TVXBak"), TextView(BackupFolder)}) {
+      const auto key = before_.Resolve(kept, true);
+      if (key && (*key + u"\\").starts_with(*folder + u"\\")) return;
+    }
+    const int number = store_.calls + 1 + static_cast<int>(dice_.Below(size_t{1} << dice_.Below(12)));
+    store_.onCall = [this, number, &rows, from = *folder, to = *elsewhere](int call) {
+      const DiskItem* now = call == number ? ground_.Picture().Find(from) : nullptr;
+      if (now == nullptr || now->kind != EntryKind::Folder) return;
+      swapped_ = from;
+      ground_.Rename(from, kAside);
+      Put(from, {EntryKind::Link, {}, Concat(u"\\", to)});
+      const DiskPicture picture = Picture();
+      AddWhatMayGo(rows, CleanOracle(picture, {}, GiveOrders()), picture);
+    };
+  }
+
+  // Where an item of the picture before the clean stands afterwards if nobody takes it.
+  Text Later(const Text& key) const {
+    if (!swapped_ || !(key + u"\\").starts_with(*swapped_ + u"\\")) return key;
+    return Concat(ParentOf(*swapped_), u"\\", kAside, TextView(key).substr(swapped_->size()));
+  }
+
+  void AddWhatMayGo(const std::vector<Row>& rows, const CleanOracle& oracle, const DiskPicture& disk) {
+    for (const Row& row : rows) {
+      if (!row.fields.checked) continue;
+      if (const auto key = oracle.Target(row)) AddTree(mayGo_, disk, *key);
+      if (const auto key = oracle.LinkTarget(row)) mayGo_.insert(*key);
+    }
+  }
+
+  // Holds whatever failed: each content stands where it stood, in the bin or in the backup folder; what no
+  // ticked row may take stands unchanged.
+  void CheckNothingIsLost(const std::vector<Row>& rows, const CleanOracle& oracle, const DiskPicture& after) {
+    const bool binIsEmptied = std::ranges::any_of(
+        rows, [](const Row& row) { return row.fields.checked && row.fields.tag == u"RE"; });
+    std::unordered_map<std::string, std::vector<Text>> places;
+    for (const auto& [key, item] : after.items) {
+      if (IsLostFile(item)) places[item.content].push_back(key);
+    }
+    std::set<std::string> known;
+    for (const auto& [key, item] : before_.items) {
+      const DiskItem* now = after.Find(Later(key));
+      const bool inBin = key.starts_with(u"recycle\\");
+      const bool mayLeave = mayGo_.contains(key) || mayGo_.contains(Later(key)) || (inBin && binIsEmptied);
+      if (!mayLeave) {
+        EXPECT_TRUE(now != nullptr && *now == item) << "lost or changed: " << Narrow(key);
+      }
+      if (!IsLostFile(item)) continue;
+      known.insert(item.content);
+      const std::vector<Text>& found = places[item.content];
+      // A copy that can't be taken back stays beside its source.
+      if (trouble_ != Trouble::Kill && !namedFaults_) {
+        EXPECT_LE(found.size(), 1U) << "twice: " << Narrow(key);
+      }
+      if (!mayLeave || (found.empty() && CleaningMethod == u"D")) continue;
+      if (found.empty()) {
+        EXPECT_TRUE(binIsEmptied && (inBin || CleaningMethod == u"R")) << "lost: " << Narrow(key);
+      }
+      for (const Text& place : found)
+        EXPECT_TRUE(place == Later(key) || IsSafe(key, place, oracle))
+            << Narrow(key) << " is at " << Narrow(place);
+    }
+    for (const auto& [content, keys] : places) {
+      if (known.contains(content)) continue;
+      const bool half = trouble_ == Trouble::Kill && NameOf(keys.front()).starts_with(u".tavix:");
+      EXPECT_TRUE(half) << "half a file: " << Narrow(keys.front());
+    }
+  }
+
+  static void AddTree(Keys& keys, const DiskPicture& disk, const Text& key) {
+    keys.insert(key);
+    for (const Text& child : disk.Children(key)) AddTree(keys, disk, child);
+  }
+
+  // In its place, or where the method keeps it, under its own name or the one that is taken where that is not
+  // free.
+  static bool IsSafe(const Text& key, const Text& place, const CleanOracle& oracle) {
+    if (place == key) return true;
+    // The name may be spelled as the function has it.
+    const Text name = ToUpper(NameOf(key));
+    const Text newName = ToUpper(NameOf(place));
+    if (CleaningMethod == u"R") return place.starts_with(u"recycle\\") && newName.ends_with(name);
+    return CleaningMethod == u"S" && oracle.BackupFolder() && ParentOf(place) == *oracle.BackupFolder() &&
+           (newName == name || newName == Concat(name, u".1"));
+  }
+
+  // A row that is left was left unticked, or what it stands for is still there; the label counts the others.
+  void CheckRows(const std::vector<Row>& rows, const DiskPicture& after) const {
+    std::vector<RowFields> left = ResultRows();
+    size_t at = 0;
+    for (const Row& row : rows) {
+      const bool stays = at < left.size() && left[at] == row.fields;
+      if (stays) ++at;
+      EXPECT_TRUE(stays || row.fields.checked) << "an unticked row has gone: " << Narrow(row.fields.name);
+    }
+    EXPECT_EQ(at, left.size()) << "rows have changed";
+    // After a swap a path leads to something else than before.
+    if (!swapped_) CheckRowsLeft(rows, after);
+    // With no row at all a clean doesn't begin.
+    if (rows.empty()) return;
+    const size_t gone = rows.size() - left.size();
+    const Text sum = frmPubMain.lblSum.Caption;
+    EXPECT_TRUE(sum.starts_with(
+        Concat(u"Sum: ", ToText(static_cast<long long>(gone)), gone < 2 ? u" item, " : u" items, ")))
+        << Narrow(sum) << ", but " << gone;
+  }
+
+  // What a row stands for may go by another row, which reaches it without a link. Where calls fail, it may
+  // not be told that it has gone.
+  void CheckRowsLeft(const std::vector<Row>& rows, const DiskPicture& after) const {
+    const CleanOracle oracle(before_, {}, GiveOrders());
+    std::map<Text, int> targets;
+    for (const Row& row : rows) {
+      Keys keys;
+      if (const auto key = row.fields.checked ? oracle.Target(row) : std::nullopt)
+        AddTree(keys, before_, *key);
+      for (const Text& key : keys) ++targets[key];
+    }
+    const std::vector<RowFields> left = ResultRows();
+    size_t at = 0;
+    for (const Row& row : rows) {
+      if (at == left.size() || !(left[at] == row.fields)) continue;
+      ++at;
+      const auto key = row.fields.checked ? oracle.Target(row) : std::nullopt;
+      if (!key || targets[*key] > 1 || trouble_ == Trouble::FailingCall) continue;
+      EXPECT_TRUE(after.Find(Later(*key)) != nullptr)
+          << "a ticked row is left of what has gone: " << Narrow(*key);
+    }
+  }
+
+  // A link may have come to stand in the way to a folder that is to stay. What stays then has tests of its
+  // own.
+  bool CanTellWhatStays() const {
+    return !BlockingLink(before_, BackupFolder) && !BlockingLink(before_, u"C:\\TVXBak") &&
+           std::ranges::none_of(machine_.facts, [this](const auto& fact) {
+             return BlockingLink(before_, std::get<2>(fact)).has_value();
+           });
+  }
+
+  void CheckExactly(const std::vector<Row>& rows, const CleanOracle& oracle, const DiskPicture& after) const {
+    EXPECT_EQ(Difference(oracle.Disk(), after), "");
+    std::vector<RowFields> left;
+    for (const size_t row : oracle.RowsLeft()) left.push_back(rows[row].fields);
+    EXPECT_EQ(ResultRows(), left);
+    const Text sum = frmPubMain.lblSum.Caption;
+    if (!rows.empty()) {
+      EXPECT_EQ(Narrow(sum), Narrow(oracle.SumLabel()));
+    }
+    std::vector<std::pair<Text, Text>> calls;
+    for (const machine::JournalEntry& entry : host_.journal.Entries()) {
+      Text argument;
+      for (const TextView name : {u"path", u"target", u"log"}) argument += entry.Get(name);
+      calls.emplace_back(entry.op, argument);
+    }
+    EXPECT_EQ(calls, oracle.Calls());
+  }
+
+  void CheckRegistry(const CleanOracle& oracle, const RegistryPicture& before) {
+    const RegistryPicture after = PictureOf(host_.registry);
+    EXPECT_TRUE(after == oracle.Registry()) << "the registry is another one than the ticked rows make it";
+    tally_.registry += after != before ? 1 : 0;
+  }
+
+  void Count(const DiskPicture& after) {
+    ++tally_.machines;
+    for (const auto& [key, item] : before_.items) tally_.removed += after.Find(key) == nullptr ? 1 : 0;
+    for (const RowFields& row : ResultRows()) tally_.refused += row.checked ? 1 : 0;
+  }
+
+  void CheckEnd(const DiskPicture& after) {
+    Form_Unload();
+    DiskPicture expected = after;
+    DiskPicture found = Picture();
+    ForgetScratch(expected);
+    ForgetScratch(found);
+    // The default backup folder is made where somebody took it away meanwhile.
+    const Text backup = u"drives\\C\\TVXBak";
+    if (expected.Find(backup) == nullptr && found.Find(backup) != nullptr) expected.items[backup] = {};
+    EXPECT_EQ(Difference(expected, found), "") << "the program's end changed the disk";
+  }
+
+  machine::MemoryHost host_;
+  Ground& ground_;
+  const Trouble trouble_;
+  const KillableClean& kill_;
+  Tally& tally_;
+  Dice dice_;
+  FailingStore store_;
+  machine::MachineFileSystem files_;
+  machine::MachineShell shell_;
+  RandomMachine machine_;
+  DiskPicture made_, before_;
+  Text page_;
+  Keys mayGo_;                   // what ticked rows may take
+  Keys filled_;                  // folders to be filled before they are removed
+  std::optional<Text> swapped_;  // the folder that became a link during the clean
+  bool namedFaults_ = false;     // whether calls fail again and again
+  bool reviewed_ = false;
+};
+
+}  // namespace
+
+void RunTrial(uint64_t seed, Ground& ground, Trouble trouble, const KillableClean& kill, Tally& tally) {
+  Trial(seed, ground, trouble, kill, tally).Run();
+}
+
+Seeds SeedsToTry(int share) {
+  const char* machines = std::getenv("TAVIX_MACHINES");
+  const char* seed = std::getenv("TAVIX_SEED");
+#ifdef __SANITIZE_ADDRESS__
+  constexpr int kMachines = 60;
+#else
+  constexpr int kMachines = 300;
+#endif
+  Seeds seeds;
+  seeds.first = seed != nullptr ? std::strtoull(seed, nullptr, 10) : 1;
+  seeds.count = machines == nullptr ? kMachines * share / 100 : std::atoi(machines) * share / 100;
+  if (seed != nullptr && machines == nullptr) seeds.count = 1;
+  return seeds;
+}
+
+}  // namespace tavix::lost

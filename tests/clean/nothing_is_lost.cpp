@@ -1,0 +1,117 @@
+// Random machines in memory, cleaned: what the user had is in its place, in the bin or in the backup folder,
+// and what a clean took is what its ticked rows told.
+
+#include "clean/lost_trial.h"
+#include "platform/machine/memory_store.h"
+
+namespace tavix::lost {
+namespace {
+
+using namespace machine;
+
+// Hands a store on that belongs to somebody else.
+class LentStore : public FileStore {
+ public:
+  explicit LentStore(FileStore& store) : store_(store) {}
+  std::unique_ptr<StoreFolder> Root() override { return store_.Root(); }
+  std::unique_ptr<StoreFolder> Open(const std::vector<Text>& names) override { return store_.Open(names); }
+
+ private:
+  FileStore& store_;
+};
+
+std::vector<Text> NamesOf(TextView key) {
+  std::vector<Text> names;
+  for (const TextView name : Split(key, u"\\")) names.emplace_back(name);
+  return names;
+}
+
+Text LinkText(const LinkTarget& target) {
+  Text text = target.fromRoot ? u"\\" : u"";
+  for (const Text& name : target.names) text.append(text.empty() || text == u"\\" ? u"" : u"\\").append(name);
+  return text;
+}
+
+class MemoryGround : public Ground {
+ public:
+  void Put(const Text& key, const DiskItem& item, platform::DateTime time) override {
+    MemoryStore::Node& node = store_.Make(NamesOf(key), item.kind);
+    node.content = item.content;
+    node.size = item.content.size();
+    node.modified = node.accessed = time;
+    node.target.fromRoot = item.link.starts_with(u'\\');
+    for (const TextView name : Split(item.link, u"\\")) {
+      if (!name.empty() && name != u".") node.target.names.emplace_back(name);
+    }
+  }
+
+  void Remove(const Text& key) override {
+    std::vector<Text> names = NamesOf(key);
+    const Text name = names.back();
+    names.pop_back();
+    const auto folder = store_.Open(names);
+    if (folder != nullptr && !folder->Remove(name)) folder->RemoveTree(name);
+  }
+
+  void Rename(const Text& key, TextView name) override {
+    std::vector<Text> names = NamesOf(key);
+    const Text old = names.back();
+    names.pop_back();
+    const auto folder = store_.Open(names);
+    const auto same = store_.Open(names);
+    if (folder != nullptr) folder->Move(old, *same, name);
+  }
+
+  DiskPicture Picture() override {
+    DiskPicture picture;
+    Read({}, *store_.Root(), picture);
+    std::erase_if(picture.items, [](const auto& item) {
+      const TextView key = item.first;
+      return !key.starts_with(u"drives") && !key.starts_with(u"recycle");
+    });
+    return picture;
+  }
+
+  std::unique_ptr<FileStore> Store() override { return std::make_unique<LentStore>(store_); }
+  bool OnHost() const override { return false; }
+  Faults* NamedFaults() override { return &store_.faults; }
+
+ private:
+  static void Read(const Text& key, StoreFolder& folder, DiskPicture& picture) {
+    std::vector<StoreEntry> entries;
+    folder.Read(entries);
+    for (const StoreEntry& entry : entries) {
+      const Text below = Concat(key, key.empty() ? u"" : u"\\", entry.name);
+      DiskItem& item = picture.items[below];
+      item.kind = entry.kind;
+      if (entry.kind == EntryKind::File) item.content = folder.ReadFile(entry.name).value_or("unreadable");
+      if (entry.kind == EntryKind::Link) item.link = LinkText(*folder.ReadLink(entry.name));
+      if (entry.kind == EntryKind::Folder) Read(below, *folder.Open(entry.name), picture);
+    }
+  }
+
+  MemoryStore store_;
+};
+
+TEST(NothingIsLost, OnMachinesInMemory) {
+  Tally tally;
+  const Seeds seeds = SeedsToTry(70);
+  for (uint64_t seed = seeds.first; seed < seeds.first + static_cast<uint64_t>(seeds.count); ++seed) {
+    SCOPED_TRACE("TAVIX_SEED=" + std::to_string(seed) +
+                 " tavix-tests --gtest_filter=NothingIsLost.OnMachinesInMemory");
+    MemoryGround ground;
+    RunTrial(seed, ground, kTroubles[seed % std::size(kTroubles)], {}, tally);
+    if (testing::Test::HasFatalFailure()) return;
+  }
+  RecordProperty("machines", tally.machines);
+  std::cout << tally.machines << " machines, " << tally.removed << " items removed, " << tally.refused
+            << " ticked rows refused, " << tally.registry << " registries cleaned\n";
+  if (seeds.count < 50) return;
+  // The test is worth nothing when there is nothing to clean.
+  EXPECT_GT(tally.removed, tally.machines);
+  EXPECT_GT(tally.refused, tally.machines);
+  EXPECT_GT(tally.registry, tally.machines / 20);
+}
+
+}  // namespace
+}  // namespace tavix::lost

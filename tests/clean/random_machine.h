@@ -1,0 +1,66 @@
+#pragma once
+
+#include <random>
+#include <tuple>
+#include <vector>
+
+#include "clean/disk_picture.h"
+#include "platform/machine/machine_registry.h"
+
+namespace tavix::lost {
+
+// Numbers from a seed, the same on every system.
+class Dice {
+ public:
+  explicit Dice(uint64_t seed) : engine_(seed) {}
+  // 0 up to `count` - 1.
+  size_t Below(size_t count) { return static_cast<size_t>(engine_() % count); }
+  bool Percent(unsigned chance) { return Below(100) < chance; }
+  template <class List>
+  const auto& Of(const List& list) {
+    return list[Below(std::size(list))];
+  }
+
+ private:
+  std::mt19937_64 engine_;
+};
+
+// A machine with something to find for every function, and much that is to stay: links of all kinds, several
+// drives, names that clash in the backup folder, a backup folder in odd places. Each file that isn't empty
+// has a content that no other has.
+struct RandomMachine {
+  RandomMachine(Dice& dice, bool onHost);
+
+  DiskPicture disk;
+  std::vector<std::tuple<Text, Text, Text>> facts;  // section, key, value
+  Text backupFolder;
+
+  Text Fact(TextView section, TextView key) const;
+  // Of any item whose kind it is; nothing where there is none.
+  std::optional<Text> Any(EntryKind kind) const;
+  void FillRegistry(machine::MachineRegistry& registry);
+  std::string NewContent();
+
+ private:
+  Text MakeFolder(TextView path);
+  void PutFile(const Text& key, std::string content);
+  void Fill(const Text& folder, int depth);
+  void FillSystem();
+  void AddLinks();
+  // Takes away a link to nothing or in circles on the way to a folder that is to stay: what such a folder
+  // keeps has tests of its own.
+  void ClearTheWayTo(TextView folder);
+  Text LinkTo(const Text& from, const Text& target);
+  void ChooseFacts();
+  void ChooseBackupFolder();
+  Text RandomFolderPath();
+
+  Dice& dice_;
+  bool onHost_;
+  int files_ = 0;
+};
+
+// The first link on a path that leads to nothing or in circles, as a key of the picture.
+std::optional<Text> BlockingLink(const DiskPicture& disk, TextView folder);
+
+}  // namespace tavix::lost
