@@ -49,8 +49,10 @@ void Removal::RemoveFile(const FoundPlace& place) {
 }
 
 void Removal::RemoveFolder(const FoundPlace& place) {
+  // An open item may keep its folder from being listed, so the safeguard looks first.
+  if (!safeguard_.AllowsFolder(place.folder, place.name)) return;
   const auto item = Open(place);
-  if (item == nullptr || !safeguard_.AllowsFolder(place.folder, place.name)) return;
+  if (item == nullptr) return;
   if (CleaningMethod == kRecycle) {
     Recycle(*item, place.Path());
   } else if (CleaningMethod == kDelete) {

@@ -225,7 +225,7 @@ class Trial {
     CheckNothingIsLost(rows, oracle, after);
     CheckRows(rows, after);
     oracle.Clean(rows);
-    if (trouble_ == Trouble::None && CanTellWhatStays()) CheckExactly(rows, oracle, after);
+    if (trouble_ == Trouble::None && CanTellWhatStays(rows)) CheckExactly(rows, oracle, after);
     CheckRegistry(oracle, registryBefore);
     Count(after);
     CheckEnd(after);
@@ -524,10 +524,16 @@ class Trial {
     }
   }
 
-  // A link may have come to stand in the way to a folder that is to stay. What stays then has tests of its
-  // own.
-  bool CanTellWhatStays() const {
-    return !BlockingLink(before_, BackupFolder) && !BlockingLink(before_, u"C:\\TVXBak") &&
+  // A link may have come to stand in the way to a folder that is to stay, or to what a row stands for. What
+  // stays then has tests of its own.
+  bool CanTellWhatStays(const std::vector<Row>& rows) const {
+    return std::ranges::none_of(rows,
+                                [this](const Row& row) {
+                                  return BlockingLink(before_,
+                                                      Concat(row.fields.location, u"\\", row.fields.name))
+                                      .has_value();
+                                }) &&
+           !BlockingLink(before_, BackupFolder) && !BlockingLink(before_, u"C:\\TVXBak") &&
            std::ranges::none_of(machine_.facts, [this](const auto& fact) {
              return BlockingLink(before_, std::get<2>(fact)).has_value();
            });
