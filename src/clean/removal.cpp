@@ -35,11 +35,12 @@ void Recycle(platform::FoundItem& item, TextView path) {
 void Removal::RemoveFile(const FoundPlace& place) {
   const auto item = Open(place);
   if (item == nullptr || !safeguard_.AllowsFile(place.folder, place.name)) return;
-  const Text path = place.Path();
-  // What has become a folder since it was found isn't that file.
-  if (item->IsFolder() || fileSystemObject.FolderExists(path) == true) return;
+  // What has become a folder since it was found, or a link to one, isn't that file. The item refuses to go as
+  // one; the shell would take it.
+  if (item->IsFolder()) return;
   if (CleaningMethod == kRecycle) {
-    Recycle(*item, path);
+    const Text path = place.Path();
+    if (fileSystemObject.FolderExists(path) != true) Recycle(*item, path);
   } else if (CleaningMethod == kDelete) {
     item->DeleteFile();
   } else if (CleaningMethod == kSave && BackupFolderIsTrusted()) {
