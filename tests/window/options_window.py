@@ -217,7 +217,7 @@ class Method(OptionsCase):
         self.turn_to(OTHERS)
         self.press(SAVE)
         self.wait_for_setting(("Cleaning Method", "Method"), "S")
-        self.assertEqual(self.settings()["Cleaning Method", "Backup Folder"], "C:\\windows")
+        self.wait_for_setting(("Cleaning Method", "Backup Folder"), "C:\\windows")
 
     def test_another_method_lets_the_box_go(self):
         self.open(METHOD)
