@@ -16,7 +16,7 @@ constexpr TextView kJunkFiles = u"Junk Files";
 // Whether the list, with a bar around each function, holds this one.
 bool Holds(TextView funcs, TextView function);
 
-// Whether so many bytes reach `LeastSize`. A limit that is no number is one that none reaches.
+// Whether a size in bytes is at least `LeastSize`. False where that setting is no number.
 bool ReachesLeastSize(double bytes);
 
 // The row of a folder that adds up to zero bytes. The walk began at the folder that the first `startLength`

@@ -9,7 +9,7 @@ namespace tavix::mdlPubSelf {
 struct FoundPlace {
   Text folder;             // that it lies in
   Text name;               // not empty
-  size_t startLength = 0;  // the start is so many characters of `folder`
+  size_t startLength = 0;  // characters of `folder` that name the start
 
   Text Path() const { return Concat(folder, u"\\", name); }
 };

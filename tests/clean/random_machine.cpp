@@ -235,7 +235,7 @@ void RandomMachine::ChooseBackupFolder() {
       MakeFolder(backupFolder);
       break;
     case 7:
-      backupFolder = u"c:/WORK/backup of ann/";
+      backupFolder = u"c:\\WORK/backup of ann/";
       MakeFolder(backupFolder);
       break;
     case 8:

@@ -51,7 +51,7 @@ class OwnFolders(Machine):
     def setUp(self):
         super().setUp()
         self.write("machine.ini", "[Environment]\nWinDir=C:\\WINDOWS\nUSERNAME=Ann\n[Drives]\nC=2,System\n")
-        self.write("drives/C/Work/a.tmp", "saved")
+        self.write("drives/C/Desk/a.tmp", "saved")
 
     def advanced(self, *arguments):
         return self.clean("--page", "advanced", *arguments)

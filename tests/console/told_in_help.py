@@ -80,7 +80,7 @@ class JunkTypes(Machine):
         super().setUp()
         self.write("machine.ini", "[Environment]\nWinDir=C:\\Windows\n[Drives]\nC=2,System\n")
         for name in ("a.abc", "a.def", "a.#12", "a.512", "a.[x]", "a.x", "a.spc", "a.pch", "a.bak"):
-            self.write("drives/C/Work/" + name, "x")
+            self.write("drives/C/Desk/" + name, "x")
 
     def names(self):
         rows, _ = self.scan("--page", "advanced", "--function", "Junk Files")
