@@ -7,11 +7,11 @@
 #include <fstream>
 
 #include "clean/clean_driver.h"
+#include "doubles/memory_host.h"
 #include "forms/main_form.h"
 #include "frame/settings.h"
 #include "frame/start_up.h"
-#include "platform/machine/machine_host.h"
-#include "platform/machine/memory_host.h"
+#include "platform/machine/services/machine_host.h"
 #include "scan/result_items.h"
 #include "window/wiring.h"
 

@@ -1,6 +1,6 @@
 #include <benchmark/benchmark.h>
 
-#include "platform/machine/registry_text.h"
+#include "platform/machine/formats/registry_text.h"
 #include "platform/registry_data.h"
 
 namespace {

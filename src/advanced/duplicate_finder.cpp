@@ -7,7 +7,6 @@
 #include "frame/settings.h"
 #include "frame/support/file_system_object.h"
 #include "frame/support/pub_file.h"
-#include "frame/support/text_lines.h"
 #include "platform/event_queue.h"
 #include "scan/scan_driver.h"
 #include "text/attempt.h"

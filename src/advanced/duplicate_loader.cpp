@@ -4,7 +4,7 @@
 #include "forms/main_form.h"
 #include "frame/data_paths.h"
 #include "frame/support/file_system_object.h"
-#include "frame/support/text_lines.h"
+#include "frame/support/pub_file.h"
 #include "platform/event_queue.h"
 #include "scan/result_items.h"
 #include "scan/scan_driver.h"

@@ -8,8 +8,8 @@
 #include "console/session.h"
 #include "console/unattended.h"
 #include "forms/product.h"
-#include "platform/machine/machine_clock.h"
-#include "platform/machine/machine_host.h"
+#include "platform/machine/host/machine_clock.h"
+#include "platform/machine/services/machine_host.h"
 #include "platform/network.h"
 #include "text/utf8.h"
 

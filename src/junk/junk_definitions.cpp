@@ -6,7 +6,6 @@
 #include "frame/data_paths.h"
 #include "frame/support/file_system_object.h"
 #include "frame/support/pub_file.h"
-#include "frame/support/text_lines.h"
 #include "junk/built_in_types.h"
 
 namespace tavix::mdlPubSelf {

@@ -9,12 +9,12 @@
 #include "frame/messages.h"
 #include "frame/support/pub_common.h"
 #include "frame/support/pub_file.h"
-#include "frame/support/text_file.h"
 #include "junk/junk_definitions.h"
 #include "junk/junk_list.h"
 #include "platform/dialogs.h"
 #include "platform/file_system.h"
 #include "text/letter_case.h"
+#include "text/text_file.h"
 
 namespace tavix::mdlPubSelf {
 namespace {

@@ -2,9 +2,9 @@
 
 #include "forms/options_form.h"
 #include "frame/data_paths.h"
-#include "frame/support/text_file.h"
 #include "junk/junk_definitions.h"
 #include "platform/file_system.h"
+#include "text/text_file.h"
 
 namespace tavix::mdlPubSelf {
 namespace {

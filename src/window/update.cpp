@@ -5,9 +5,9 @@
 #include "forms/main_form.h"
 #include "frame/messages.h"
 #include "frame/support/pub_system.h"
-#include "frame/support/text_file.h"
 #include "platform/dialogs.h"
 #include "platform/network.h"
+#include "text/text_file.h"
 #include "window/addresses.h"
 
 namespace tavix::mdlPubSelf {

@@ -6,8 +6,8 @@
 
 #include "advanced/advanced_test.h"
 #include "advanced/path_text.h"
+#include "doubles/odd_names.h"
 #include "frame/support/file_system_object.h"
-#include "support/odd_names.h"
 
 namespace tavix::mdlPubSelf {
 namespace {

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/machine/file_store.h"
+#include "platform/machine/formats/file_store.h"
 #include "text/letter_case.h"
 #include "text/text.h"
 

@@ -3,7 +3,7 @@
 #include <functional>
 #include <memory>
 
-#include "platform/machine/file_store.h"
+#include "platform/machine/formats/file_store.h"
 
 namespace tavix::machine {
 

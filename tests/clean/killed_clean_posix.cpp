@@ -17,7 +17,7 @@
 #include "forms/main_form.h"
 #include "frame/settings.h"
 #include "frame/start_up.h"
-#include "platform/machine/machine_host.h"
+#include "platform/machine/services/machine_host.h"
 #include "scan/result_items.h"
 #include "support/program_test.h"
 #include "window/wiring.h"

@@ -8,8 +8,8 @@
 #include "console/choices.h"
 #include "frame/settings.h"
 #include "frame/start_up.h"
-#include "platform/machine/machine_file_system.h"
-#include "platform/machine/machine_shell.h"
+#include "platform/machine/services/machine_file_system.h"
+#include "platform/machine/services/machine_shell.h"
 #include "scan/result_items.h"
 #include "text/utf8.h"
 #include "window/wiring.h"
@@ -589,7 +589,7 @@ class Trial {
   Dice dice_;
   FailingStore store_;
   machine::MachineFileSystem files_;
-  machine::MachineShell shell_;
+  machine::MemoryShell shell_;
   RandomMachine machine_;
   DiskPicture made_, before_;
   Text page_;

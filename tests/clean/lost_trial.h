@@ -6,7 +6,7 @@
 #include "clean/clean_oracle.h"
 #include "clean/failing_store.h"
 #include "clean/random_machine.h"
-#include "platform/machine/faults.h"
+#include "doubles/faults.h"
 
 namespace tavix::lost {
 

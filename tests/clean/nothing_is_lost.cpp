@@ -2,7 +2,7 @@
 // and what a clean took is what its ticked rows told.
 
 #include "clean/lost_trial.h"
-#include "platform/machine/memory_store.h"
+#include "doubles/memory_store.h"
 
 namespace tavix::lost {
 namespace {

@@ -12,7 +12,7 @@
 #include <thread>
 
 #include "clean/lost_trial.h"
-#include "platform/machine/host_store.h"
+#include "platform/machine/host/host_store.h"
 #include "platform/machine/quick_place.h"
 #include "platform/machine/scratch_folder.h"
 #include "text/utf8.h"

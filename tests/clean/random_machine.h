@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "clean/disk_picture.h"
-#include "platform/machine/machine_registry.h"
+#include "platform/machine/services/machine_registry.h"
 
 namespace tavix::lost {
 

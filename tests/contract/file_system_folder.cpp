@@ -2,11 +2,11 @@
 #include <filesystem>
 
 #include "contract/file_system_contract.h"
-#include "platform/machine/host_store.h"
-#include "platform/machine/machine_file_system.h"
-#include "platform/machine/machine_path.h"
-#include "platform/machine/machine_trust.h"
+#include "platform/machine/formats/machine_path.h"
+#include "platform/machine/host/host_store.h"
 #include "platform/machine/scratch_folder.h"
+#include "platform/machine/services/machine_file_system.h"
+#include "platform/machine/services/machine_trust.h"
 
 namespace tavix::contract {
 namespace {

@@ -1,6 +1,6 @@
 #include "contract/file_system_contract.h"
-#include "platform/machine/machine_trust.h"
-#include "platform/machine/memory_file_system.h"
+#include "doubles/memory_file_system.h"
+#include "doubles/memory_trust.h"
 
 namespace tavix::contract {
 namespace {

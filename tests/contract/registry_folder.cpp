@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "contract/registry_contract.h"
-#include "platform/machine/machine_folder.h"
+#include "platform/machine/services/machine_folder.h"
 #include "platform/merged_registry.h"
 
 namespace tavix::contract {

@@ -1,5 +1,5 @@
 #include "contract/registry_contract.h"
-#include "platform/machine/machine_registry.h"
+#include "platform/machine/services/machine_registry.h"
 #include "platform/merged_registry.h"
 
 namespace tavix::contract {

@@ -1,9 +1,9 @@
 #include <filesystem>
 
 #include "contract/shell_contract.h"
-#include "platform/machine/machine_host.h"
-#include "platform/machine/memory_host.h"
+#include "doubles/memory_host.h"
 #include "platform/machine/scratch_folder.h"
+#include "platform/machine/services/machine_host.h"
 
 namespace tavix::contract {
 namespace {

@@ -11,10 +11,10 @@
 #include "forms/main_form.h"
 #include "forms/options_form.h"
 #include "forms/type_form.h"
-#include "frame/support/ini_text.h"
-#include "frame/support/text_file.h"
 #include "support/source_folder.h"
+#include "text/ini_text.h"
 #include "text/letter_case.h"
+#include "text/text_file.h"
 #include "text/utf8.h"
 
 namespace tavix {

@@ -14,10 +14,10 @@
 #include "frame/settings.h"
 #include "frame/start_up.h"
 #include "platform/file_system.h"
-#include "platform/machine/host_store.h"
-#include "platform/machine/machine_host.h"
+#include "platform/machine/host/host_store.h"
 #include "platform/machine/quick_place.h"
 #include "platform/machine/scratch_folder.h"
+#include "platform/machine/services/machine_host.h"
 #include "support/program_test.h"
 
 namespace tavix::mdlPubSelf {

@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "doubles/memory_host.h"
 #include "frame/support/pub_system.h"
 #include "platform/application.h"
-#include "platform/machine/memory_host.h"
 
 namespace tavix {
 namespace {

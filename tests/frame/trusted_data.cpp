@@ -7,12 +7,12 @@
 #include "frame/settings.h"
 #include "frame/start_up.h"
 #include "frame/support/file_system_object.h"
-#include "frame/support/ini_text.h"
-#include "frame/support/text_file.h"
 #include "junk/junk_definitions.h"
 #include "platform/application.h"
 #include "support/program_test.h"
 #include "support/source_folder.h"
+#include "text/ini_text.h"
+#include "text/text_file.h"
 
 namespace tavix::mdlPubSelf {
 namespace {

@@ -1,8 +1,8 @@
 #include <cstdint>
 
-#include "platform/machine/attribute_table.h"
-#include "platform/machine/machine_path.h"
-#include "platform/machine/memory_store.h"
+#include "doubles/memory_store.h"
+#include "platform/machine/formats/attribute_table.h"
+#include "platform/machine/formats/machine_path.h"
 #include "require.h"
 
 // Any bytes in attributes.ini are read without harm; what is saved is read back as it was, and saving again

@@ -5,8 +5,8 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "doubles/memory_host.h"
 #include "frame/support/file_system_object.h"
-#include "platform/machine/memory_host.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 
 #include "forms/main_form.h"
 #include "frame/support/pub_registry.h"
-#include "platform/machine/machine_registry.h"
+#include "platform/machine/services/machine_registry.h"
 #include "require.h"
 #include "scan/registry_list.h"
 #include "scan/result_items.h"

@@ -2,10 +2,10 @@
 #include <utility>
 #include <vector>
 
-#include "frame/support/ini_text.h"
-#include "frame/support/text_file.h"
 #include "require.h"
+#include "text/ini_text.h"
 #include "text/letter_case.h"
+#include "text/text_file.h"
 
 namespace {
 

@@ -1,15 +1,15 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "doubles/memory_host.h"
 #include "frame/data_paths.h"
 #include "frame/start_up.h"
 #include "frame/support/file_system_object.h"
-#include "frame/support/text_file.h"
 #include "junk/junk_definitions.h"
-#include "platform/machine/memory_host.h"
 #include "require.h"
 #include "text/letter_case.h"
 #include "text/pattern.h"
+#include "text/text_file.h"
 #include "text/wildcard.h"
 
 namespace {

@@ -1,8 +1,8 @@
-#include "platform/machine/machine_ini.h"
+#include "platform/machine/formats/machine_ini.h"
 
 #include <cstdint>
 
-#include "platform/machine/machine_facts.h"
+#include "platform/machine/formats/machine_facts.h"
 #include "require.h"
 
 // Any bytes are read without harm or refused with line and reason. A value that is set is what is read, and

@@ -1,4 +1,4 @@
-#include "platform/machine/machine_path.h"
+#include "platform/machine/formats/machine_path.h"
 
 #include <cstdint>
 #include <cstring>

@@ -2,7 +2,7 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "platform/machine/registry_text.h"
+#include "platform/machine/formats/registry_text.h"
 
 // Any bytes are read without harm, and what a text made is the same after it was written and read again.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {

@@ -5,10 +5,10 @@
 #include <functional>
 #include <vector>
 
+#include "doubles/memory_host.h"
 #include "frame/data_paths.h"
 #include "frame/start_up.h"
 #include "frame/support/file_system_object.h"
-#include "platform/machine/memory_host.h"
 #include "require.h"
 
 namespace {

@@ -1,6 +1,6 @@
-#include "frame/support/text_file.h"
 #include "junk/junk_definitions.h"
 #include "options/options_test.h"
+#include "text/text_file.h"
 
 namespace tavix::mdlPubSelf {
 namespace {

@@ -1,8 +1,8 @@
 #include "options/option_values.h"
 
-#include "frame/support/ini_text.h"
-#include "frame/support/text_file.h"
 #include "options/options_test.h"
+#include "text/ini_text.h"
+#include "text/text_file.h"
 
 namespace tavix::mdlPubSelf {
 namespace {

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "platform/machine/machine_registry.h"
+#include "platform/machine/services/machine_registry.h"
 
 namespace tavix::platform {
 namespace {

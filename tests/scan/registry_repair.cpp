@@ -1,6 +1,6 @@
 // The Registry page from its picture to Repair.
 
-#include "platform/machine/registry_text.h"
+#include "platform/machine/formats/registry_text.h"
 #include "scan/registry_page_test.h"
 
 namespace tavix::mdlPubSelf {

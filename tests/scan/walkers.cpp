@@ -2,12 +2,12 @@
 
 #include <functional>
 
+#include "doubles/odd_names.h"
 #include "frame/settings.h"
 #include "frame/support/file_system_object.h"
 #include "platform/shortcut_bytes.h"
 #include "scan/scan_driver.h"
 #include "scan/scan_test.h"
-#include "support/odd_names.h"
 
 namespace tavix::mdlPubSelf {
 namespace {

@@ -9,9 +9,9 @@
 #include <chrono>
 
 #include "frame/start_up.h"
-#include "platform/machine/machine_host.h"
 #include "platform/machine/quick_place.h"
 #include "platform/machine/scratch_folder.h"
+#include "platform/machine/services/machine_host.h"
 #include "scan/result_items.h"
 #include "scan/walkers.h"
 #include "support/program_test.h"

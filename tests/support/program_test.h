@@ -4,8 +4,8 @@
 
 #include <vector>
 
+#include "doubles/memory_host.h"
 #include "forms/main_form.h"
-#include "platform/machine/memory_host.h"
 
 namespace tavix {
 

@@ -5,11 +5,11 @@
 #include <vector>
 
 #include "forms/options_form.h"
-#include "frame/support/ini_text.h"
-#include "frame/support/text_file.h"
 #include "options/options_page_tree.h"
 #include "support/program_test.h"
 #include "support/source_folder.h"
+#include "text/ini_text.h"
+#include "text/text_file.h"
 #include "window/place.h"
 
 namespace tavix {

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <map>
 
-#include "frame/support/ini_text.h"
-#include "frame/support/text_file.h"
 #include "text/attempt.h"
+#include "text/ini_text.h"
 #include "text/letter_case.h"
+#include "text/text_file.h"
 
 namespace tavix {
 namespace {

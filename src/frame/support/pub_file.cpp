@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "frame/support/text_file.h"
+#include "text/text_file.h"
 #include "text/utf8.h"
 
 namespace tavix {
@@ -60,6 +60,11 @@ void clsPubFile::RemoveLine(TextView file, TextView text, TextView separator, in
   if (kept.size() == decoded.text.size()) return;
   decoded.text = std::move(kept);
   files_->WriteFile(file, EncodeTextFile(decoded));
+}
+
+std::vector<Text> ReadTextLines(TextView file) {
+  const auto content = platform::fileSystem != nullptr ? platform::fileSystem->ReadFile(file) : std::nullopt;
+  return content ? TextLines(DecodeTextFile(*content).text) : std::vector<Text>();
 }
 
 }  // namespace tavix

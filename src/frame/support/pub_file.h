@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include "platform/file_system.h"
 
 namespace tavix {
@@ -21,6 +23,9 @@ class clsPubFile {
  private:
   platform::FileSystem* files_ = nullptr;
 };
+
+// The lines of a text file (text/text_file.h has what a line is). None when the file can't be read.
+std::vector<Text> ReadTextLines(TextView file);
 
 namespace mdlPubSelf {
 inline clsPubFile pubFile;

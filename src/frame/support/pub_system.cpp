@@ -1,8 +1,8 @@
 #include "frame/support/pub_system.h"
 
-#include "frame/support/ini_text.h"
-#include "frame/support/text_file.h"
 #include "text/attempt.h"
+#include "text/ini_text.h"
+#include "text/text_file.h"
 
 namespace tavix {
 

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/machine/memory_host.h"
+#include "doubles/memory_host.h"
 #include "platform/shortcut_bytes.h"
 
 namespace tavix {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/machine/machine_registry.h"
+#include "platform/machine/services/machine_registry.h"
 #include "text/pattern.h"
 
 namespace tavix {

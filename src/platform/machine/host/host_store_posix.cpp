@@ -1,0 +1,320 @@
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <climits>
+
+#include "platform/machine/formats/machine_path.h"
+#include "platform/machine/host/host_content_posix.h"
+#include "platform/machine/host/host_folders_posix.h"
+#include "platform/machine/host/host_names_posix.h"
+#include "platform/machine/host/host_store.h"
+#include "platform/machine/host/host_tree_posix.h"
+#include "platform/machine/host/machine_clock.h"
+#include "text/utf8.h"
+
+namespace tavix::machine {
+namespace {
+
+// Opened by name only, which needs no right to read it.
+constexpr int kFolder = O_PATH | O_DIRECTORY | O_CLOEXEC | O_NOFOLLOW;
+constexpr unsigned kFacts = STATX_TYPE | STATX_SIZE | STATX_MTIME | STATX_ATIME;
+
+platform::DateTime ToLocal(const struct statx_timestamp& time, bool hasZone) {
+  return ToLocalTime(time.tv_sec * 1000 + time.tv_nsec / 1'000'000, hasZone);
+}
+
+// Nothing for what a machine can't have: pipes, sockets, devices.
+std::optional<StoreEntry> ToEntry(const struct statx& facts, Text name, bool hasZone) {
+  StoreEntry entry;
+  const unsigned type = facts.stx_mode & static_cast<unsigned>(S_IFMT);
+  if (type != S_IFREG && type != S_IFDIR && type != S_IFLNK) return std::nullopt;
+  entry.name = std::move(name);
+  entry.kind = type == S_IFREG ? EntryKind::File : type == S_IFDIR ? EntryKind::Folder : EntryKind::Link;
+  if (type == S_IFREG) entry.size = facts.stx_size;
+  entry.modified = ToLocal(facts.stx_mtime, hasZone);
+  // Some disks keep no such time.
+  if ((facts.stx_mask & STATX_ATIME) != 0) entry.accessed = ToLocal(facts.stx_atime, hasZone);
+  return entry;
+}
+
+// The system says that there is no such name, or that none can be so long.
+bool IsNotFound(int failure) { return failure == ENOENT || failure == ENAMETOOLONG; }
+
+bool ReadFacts(int folder, const char* raw, struct statx& facts) {
+  return ::statx(folder, raw, AT_SYMLINK_NOFOLLOW | AT_STATX_DONT_SYNC, kFacts, &facts) == 0;
+}
+
+std::optional<StoreEntry> ReadEntry(int folder, const char* raw, Text name) {
+  struct statx facts {};
+  if (!ReadFacts(folder, raw, facts)) return std::nullopt;
+  return ToEntry(facts, std::move(name), HasZone());
+}
+
+// Of what a listing names but what can't be looked at, or went meanwhile. Nothing where the type isn't told.
+std::optional<StoreEntry> BareEntry(unsigned char type, Text name) {
+  if (type != DT_REG && type != DT_DIR && type != DT_LNK) return std::nullopt;
+  StoreEntry entry;
+  entry.name = std::move(name);
+  entry.kind = type == DT_REG ? EntryKind::File : type == DT_DIR ? EntryKind::Folder : EntryKind::Link;
+  entry.known = false;
+  return entry;
+}
+
+// What the folders of a store share.
+struct Shared {
+  std::string root;  // the path of the store
+  HostNames names;
+};
+
+class HostFolder : public StoreFolder {
+ public:
+  HostFolder(std::shared_ptr<HostOpenFolder> folder, std::shared_ptr<Shared> shared)
+      : folder_(std::move(folder)), shared_(std::move(shared)) {}
+
+  using StoreFolder::Find;
+  std::optional<StoreEntry> Find(TextView name, bool& sure) override {
+    if (folder_->Lacks(name)) return std::nullopt;
+    struct statx facts {};
+    if (ReadFacts(Get(), ToUtf8(name).c_str(), facts)) return ToEntry(facts, Text(name), HasZone());
+    sure = IsNotFound(errno);
+    const std::optional<std::string> other = sure ? OtherCase(name, sure) : std::nullopt;
+    std::optional<Text> text = other ? FromUtf8(*other) : std::nullopt;
+    if (!text) return std::nullopt;
+    if (ReadFacts(Get(), other->c_str(), facts)) return ToEntry(facts, *std::move(text), HasZone());
+    sure = IsNotFound(errno);
+    return std::nullopt;
+  }
+
+  using StoreFolder::Read;
+  bool Read(std::vector<StoreEntry>& entries, const NameFilter& wanted) override {
+    const int folder = Get();
+    const bool hasZone = HasZone();
+    return ReadHostNames(folder, [&](const char* raw, unsigned char type) {
+      std::optional<Text> name = FromUtf8(raw);
+      if (!name || !IsFileName(*name)) return;
+      if (type == DT_REG && wanted && !wanted(*name)) return;
+      struct statx facts {};
+      std::optional<StoreEntry> entry = ReadFacts(folder, raw, facts)
+                                            ? ToEntry(facts, *std::move(name), hasZone)
+                                            : BareEntry(type, *std::move(name));
+      if (entry) entries.push_back(*std::move(entry));
+    });
+  }
+
+  std::unique_ptr<StoreFolder> Open(TextView name) override {
+    HostHandle opened(::openat(Get(), ToUtf8(name).c_str(), kFolder));
+    if (!opened) return nullptr;
+    return std::make_unique<HostFolder>(std::make_shared<HostOpenFolder>(std::move(opened), false), shared_);
+  }
+
+  std::optional<LinkTarget> ReadLink(TextView name) override {
+    char bytes[PATH_MAX];
+    const ssize_t size = ::readlinkat(Get(), ToUtf8(name).c_str(), bytes, sizeof(bytes));
+    if (size <= 0 || static_cast<size_t>(size) == sizeof(bytes)) return std::nullopt;
+    return ToTarget({bytes, static_cast<size_t>(size)});
+  }
+
+  std::optional<std::string> ReadFile(TextView name) override {
+    const HostHandle file = OpenHostFile(Get(), ToUtf8(name), O_RDONLY);
+    return file ? ReadHostContent(file.Get()) : std::nullopt;
+  }
+
+  bool MakeFolder(TextView name) override {
+    const std::string raw = ToUtf8(name);
+    if (::mkdirat(Get(), raw.c_str(), 0777) != 0) return false;
+    Added(raw);
+    return true;
+  }
+
+  bool MakeFile(TextView name) override {
+    const std::string raw = ToUtf8(name);
+    if (!OpenHostFile(Get(), raw, O_WRONLY | O_CREAT | O_EXCL)) return false;
+    Added(raw);
+    return true;
+  }
+
+  bool WriteFile(TextView name, std::string_view content) override {
+    const std::string raw = ToUtf8(name);
+    NewHostFile file(Get());
+    if (!WriteHostContent(file.Get(), content) || !file.Replace(raw)) return false;
+    Added(raw);
+    return true;
+  }
+
+  bool Append(TextView name, std::string_view content) override {
+    const std::string raw = ToUtf8(name);
+    HostHandle file = OpenHostFile(Get(), raw, O_WRONLY | O_APPEND);
+    const bool made = !file;
+    if (made) file = OpenHostFile(Get(), raw, O_WRONLY | O_APPEND | O_CREAT | O_EXCL);
+    if (!file) return false;
+    const off_t size = ::lseek(file.Get(), 0, SEEK_END);
+    const bool written = WriteHostContent(file.Get(), content);
+    if (made) Added(raw);
+    if (written) return true;
+    if (made) {
+      Remove(name);
+    } else if (size >= 0) {
+      static_cast<void>(!::ftruncate(file.Get(), size));
+    }
+    return false;
+  }
+
+  bool Remove(TextView name) override {
+    const std::string raw = ToUtf8(name);
+    if (::unlinkat(Get(), raw.c_str(), 0) != 0) return false;
+    Removed(raw, name);
+    return true;
+  }
+
+  bool RemoveTree(TextView name) override {
+    return RemoveTree(
+        name, [](int folder, const std::string& entry) { return ::unlinkat(folder, entry.c_str(), 0) == 0; });
+  }
+
+  bool RemoveEmptyTree(TextView name) override {
+    return RemoveTree(name, [](int folder, const std::string& entry) {
+      struct statx facts {};
+      return ReadFacts(folder, entry.c_str(), facts) && S_ISREG(facts.stx_mode) && facts.stx_size == 0 &&
+             ::unlinkat(folder, entry.c_str(), 0) == 0;
+    });
+  }
+
+  std::optional<uint64_t> TreeSize(TextView name) override {
+    const std::optional<StoreEntry> entry = Find(name);
+    if (!entry) return std::nullopt;
+    if (entry->kind != EntryKind::Folder) return entry->size;
+    uint64_t size = 0;
+    const auto add = [&size](int folder, const std::string& raw) {
+      if (const auto file = ReadEntry(folder, raw.c_str(), {})) size += file->size;
+      return true;
+    };
+    const bool read = WalkHostTree(Get(), ToUtf8(name), add, [](int, const std::string&) { return true; });
+    return read ? std::optional(size) : std::nullopt;
+  }
+
+  MoveResult Move(TextView name, StoreFolder& to, TextView newName) override {
+    auto& target = static_cast<HostFolder&>(to);
+    const std::string raw = ToUtf8(name);
+    const std::string rawNew = ToUtf8(newName);
+    const int failure = RenameHostEntry(Get(), raw, target.Get(), rawNew);
+    if (failure == EXDEV) return MoveResult::OtherVolume;
+    if (failure != 0) return MoveResult::Failed;
+    Removed(raw, name);
+    target.Added(rawNew);
+    return MoveResult::Done;
+  }
+
+  bool Copy(TextView name, StoreFolder& to, TextView newName) override {
+    auto& target = static_cast<HostFolder&>(to);
+    const std::string rawNew = ToUtf8(newName);
+    const HostHandle source = OpenHostFile(Get(), ToUtf8(name), O_RDONLY);
+    if (!source) return false;
+    NewHostFile copy(target.Get());
+    if (copy.Get() < 0 || !CopyHostContent(source.Get(), copy.Get()) || !copy.Name(rawNew)) return false;
+    target.Added(rawNew);
+    return true;
+  }
+
+  void RemoveTemporaries() override { RemoveHostTemporaries(Get()); }
+
+ private:
+  int Get() const { return folder_->Get(); }
+
+  // `file` removes what is no folder, or leaves it.
+  bool RemoveTree(TextView name, const HostAction& file) {
+    const std::string raw = ToUtf8(name);
+    // What no listing shows is not to go unseen.
+    const auto isShown = [](int, const std::string& entry) {
+      const std::optional<Text> text = FromUtf8(entry);
+      return text && IsFileName(*text);
+    };
+    if (!WalkHostTree(Get(), raw, isShown, isShown)) return false;
+    const bool gone = WalkHostTree(Get(), raw, file, [](int folder, const std::string& entry) {
+      return ::unlinkat(folder, entry.c_str(), AT_REMOVEDIR) == 0;
+    });
+    // The host may give the number of a folder that has gone to a new one.
+    shared_->names.Forget();
+    if (gone) folder_->Removed(name);
+    return gone;
+  }
+
+  // Where the folder can't be read, `sure` becomes false.
+  std::optional<std::string> OtherCase(TextView name, bool& sure) {
+    if (!folder_->Watched()) return shared_->names.Find(Get(), name, sure);
+    const std::string* other = folder_->FindName(name, sure);
+    return other != nullptr ? std::optional(*other) : std::nullopt;
+  }
+
+  void Added(const std::string& raw) {
+    folder_->Added(raw);
+    shared_->names.Added(Get(), raw);
+  }
+
+  void Removed(const std::string& raw, TextView name) {
+    folder_->Removed(name);
+    // A name too many in the other table does no harm: what stands under it is looked up.
+    if (!folder_->Watched()) shared_->names.Removed(Get(), raw);
+  }
+
+  // The names of a link's target; a whole path must begin with that of the store.
+  std::optional<LinkTarget> ToTarget(std::string_view path) const {
+    LinkTarget target;
+    if (path.starts_with('/')) {
+      const std::string& root = shared_->root;
+      if (!path.starts_with(root) || (path.size() > root.size() && path[root.size()] != '/')) {
+        return std::nullopt;
+      }
+      path.remove_prefix(root.size());
+      target.fromRoot = true;
+    }
+    while (!path.empty()) {
+      const size_t end = std::min(path.find('/'), path.size());
+      const std::string_view raw = path.substr(0, end);
+      path.remove_prefix(std::min(end + 1, path.size()));
+      if (raw.empty() || raw == ".") continue;
+      std::optional<Text> name = FromUtf8(raw);
+      if (!name || !(raw == ".." || IsFileName(*name))) return std::nullopt;
+      target.names.push_back(*std::move(name));
+    }
+    return target;
+  }
+
+  std::shared_ptr<HostOpenFolder> folder_;
+  std::shared_ptr<Shared> shared_;
+};
+
+class HostStore : public FileStore {
+ public:
+  HostStore(HostHandle root, std::shared_ptr<Shared> shared)
+      : folders_(std::move(root)), shared_(std::move(shared)) {}
+
+  std::unique_ptr<StoreFolder> Root() override { return Open({}); }
+
+  std::unique_ptr<StoreFolder> Open(const std::vector<Text>& names) override {
+    std::string path;
+    for (const Text& name : names) {
+      if (!path.empty()) path += '/';
+      path += ToUtf8(name);
+    }
+    auto folder = folders_.Open(path);
+    return folder != nullptr ? std::make_unique<HostFolder>(std::move(folder), shared_) : nullptr;
+  }
+
+ private:
+  HostFolders folders_;
+  std::shared_ptr<Shared> shared_;
+};
+
+}  // namespace
+
+std::unique_ptr<FileStore> OpenHostStore(const std::filesystem::path& root) {
+  HostHandle opened(::open(root.c_str(), kFolder));
+  if (!opened) return nullptr;
+  auto shared = std::make_shared<Shared>();
+  shared->root = root.native();
+  return std::make_unique<HostStore>(std::move(opened), std::move(shared));
+}
+
+}  // namespace tavix::machine

@@ -1,0 +1,61 @@
+#include "platform/machine/host/host_watch_posix.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/inotify.h>
+
+#include <algorithm>
+#include <array>
+
+namespace tavix::machine {
+namespace {
+
+constexpr int kFolder = O_PATH | O_DIRECTORY | O_CLOEXEC | O_NOFOLLOW;
+
+bool Watch(int watches, int folder, uint32_t events) {
+  const std::string path = "/proc/self/fd/" + std::to_string(folder);
+  return ::inotify_add_watch(watches, path.c_str(), events | IN_MASK_ADD | IN_ONLYDIR) >= 0;
+}
+
+}  // namespace
+
+bool HostWatch::Start() {
+  if (changes_) return true;
+  changes_ = HostHandle(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC));
+  mounts_ = HostHandle(::open("/proc/self/mountinfo", O_RDONLY | O_CLOEXEC));
+  return changes_ && mounts_;
+}
+
+// A folder that is removed while it is open says so to the folder above only.
+bool HostWatch::Add(int root, const std::string& path) {
+  bool watched = Start() && Watch(changes_.Get(), root, IN_DELETE);
+  HostHandle above;
+  for (size_t start = 0; watched && start < path.size();) {
+    const size_t end = std::min(path.find('/', start), path.size());
+    const std::string name = path.substr(start, end - start);
+    start = end + 1;
+    HostHandle folder(::openat(above ? above.Get() : root, name.c_str(), kFolder));
+    const uint32_t events = IN_MOVE_SELF | (start < path.size() ? IN_DELETE : IN_CREATE | IN_MOVED_TO);
+    watched = folder && Watch(changes_.Get(), folder.Get(), events);
+    above = std::move(folder);
+  }
+  if (watched) ++count_;
+  return watched;
+}
+
+bool HostWatch::Quiet() {
+  if (!changes_ || !mounts_) return false;
+  std::array<pollfd, 2> asked = {{{changes_.Get(), POLLIN, 0}, {mounts_.Get(), POLLPRI, 0}}};
+  if (::poll(asked.data(), asked.size(), 0) == 0) return true;
+  Clear();
+  return false;
+}
+
+void HostWatch::Clear() {
+  changes_ = HostHandle();
+  mounts_ = HostHandle();
+  count_ = 0;
+  ++generation_;
+}
+
+}  // namespace tavix::machine

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <map>
+#include <optional>
+#include <set>
+
+#include "platform/event_logs.h"
+#include "platform/machine/formats/machine_facts.h"
+#include "platform/machine/services/journal.h"
+
+namespace tavix::machine {
+
+// The event logs of the section [Event Logs]. Clearing one is noted in the journal and sets its number of
+// records to 0; one that could not be opened is noted, too.
+class MachineEventLogs : public platform::EventLogs {
+ public:
+  MachineEventLogs(MachineFacts& facts, Journal& journal) : facts_(facts), journal_(journal) {}
+
+  Handle Open(TextView log) override;
+  std::optional<uint32_t> Count(Handle log) override;
+  bool Clear(Handle log) override;
+  void Close(Handle log) override;
+
+  // How many are open.
+  size_t OpenLogs() const { return open_.size(); }
+  // Logs that can be opened and counted but not cleared.
+  std::set<Text, LessIgnoringCase> locked;
+
+ private:
+  MachineFacts& facts_;
+  Journal& journal_;
+  std::map<Handle, Text> open_;
+  std::optional<Text> refused_;  // the log that was asked for last, when it could not be opened
+  Handle last_ = 0;
+};
+
+}  // namespace tavix::machine

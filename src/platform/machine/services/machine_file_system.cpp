@@ -1,0 +1,317 @@
+#include "platform/machine/services/machine_file_system.h"
+
+#include <algorithm>
+
+#include "text/letter_case.h"
+
+namespace tavix::machine {
+namespace {
+
+constexpr int kFixedDrive = 2;
+constexpr uint32_t kSettable =
+    platform::kReadOnly | platform::kHidden | platform::kSystem | platform::kArchive;
+
+// The order in which a folder is listed: that of the capitals, of two alike that of the names. Most hosts
+// list a folder in the order in which it was filled, or the other way round.
+void SortByCapitals(std::vector<StoreEntry>& entries) {
+  const auto before = [](const StoreEntry& left, const StoreEntry& right) {
+    const int capitals = CompareIgnoringCase(left.name, right.name);
+    return capitals != 0 ? capitals < 0 : left.name < right.name;
+  };
+  if (std::is_sorted(entries.rbegin(), entries.rend(), before)) std::reverse(entries.begin(), entries.end());
+  if (!std::is_sorted(entries.begin(), entries.end(), before)) {
+    std::sort(entries.begin(), entries.end(), before);
+  }
+}
+
+Text Below(TextView folder, TextView name) {
+  return Concat(folder, folder.ends_with(u'\\') ? u"" : u"\\", name);
+}
+
+}  // namespace
+
+MachineFileSystem::~MachineFileSystem() { attributes_.Save(); }
+
+bool MachineFileSystem::IsReadOnly(const Place& place) const {
+  return (attributes_.Get(place.realPath) & platform::kReadOnly) != 0;
+}
+
+std::optional<platform::FileFacts> MachineFileSystem::Look(TextView path) {
+  std::optional<Place> place = finder_.Find(path, Last::Itself);
+  if (!place || !place->entry) return std::nullopt;
+  platform::FileFacts facts;
+  facts.size = place->entry->size;
+  facts.modified = place->entry->modified;
+  facts.accessed = place->entry->accessed;
+  facts.attributes = attributes_.Get(place->realPath);
+  facts.link = place->IsLink();
+  facts.folder = place->IsFolder() || (facts.link && finder_.LeadsToFolder(place->realPath));
+  facts.path = std::move(place->path);
+  facts.name = std::move(place->name);
+  return facts;
+}
+
+platform::Existence MachineFileSystem::FileExists(TextView path) {
+  return finder_.Stands(path, EntryKind::File);
+}
+
+platform::Existence MachineFileSystem::FolderExists(TextView path) {
+  return finder_.Stands(path, EntryKind::Folder);
+}
+
+std::optional<Text> MachineFileSystem::FolderIdentity(TextView path) {
+  std::optional<FolderPlace> place = finder_.FindFolder(path);
+  return place ? std::optional(std::move(place->realPath)) : std::nullopt;
+}
+
+std::vector<Text> MachineFileSystem::Lineage(TextView path) {
+  std::vector<Text> lineage;
+  const std::optional<Text> real = FolderIdentity(path);
+  std::optional<MachinePath> folder = real ? ReadMachinePath(*real) : std::nullopt;
+  if (!folder) return lineage;
+  for (;; folder->names.pop_back()) {
+    lineage.push_back(folder->ToText());
+    if (folder->names.empty()) return lineage;
+  }
+}
+
+class MachineFileSystem::Opened : public platform::OpenFolder {
+ public:
+  Opened(MachineFileSystem& files, FolderPlace place) : files_(files), place_(std::move(place)) {}
+
+  bool List(const EntryVisitor& visit, const NameFilter& wanted) override {
+    std::vector<StoreEntry> entries;
+    if (place_.folder != nullptr && !place_.folder->Read(entries, wanted)) return false;
+    SortByCapitals(entries);
+    for (const StoreEntry& entry : entries) {
+      const platform::DirectoryEntry shown = Shown(entry);
+      if (shown.folder || !wanted || wanted(shown.name)) visit(shown);
+    }
+    return true;
+  }
+
+  std::unique_ptr<platform::OpenFolder> Open(TextView name) override {
+    auto folder = place_.folder != nullptr ? place_.folder->Open(name) : nullptr;
+    if (folder == nullptr) return nullptr;
+    return std::make_unique<Opened>(
+        files_, FolderPlace{Below(place_.path, name), Below(place_.realPath, name), std::move(folder)});
+  }
+
+ private:
+  platform::DirectoryEntry Shown(const StoreEntry& entry) const {
+    platform::DirectoryEntry shown;
+    shown.name = entry.name;
+    shown.size = entry.size;
+    shown.modified = entry.modified;
+    shown.accessed = entry.accessed;
+    if (!files_.attributes_.Empty()) {
+      shown.attributes = files_.attributes_.Get(Below(place_.realPath, entry.name));
+    }
+    shown.link = entry.kind == EntryKind::Link;
+    shown.folder = entry.kind == EntryKind::Folder ||
+                   (shown.link && files_.finder_.LeadsToFolder(Below(place_.realPath, entry.name)));
+    shown.known = entry.known;
+    return shown;
+  }
+
+  MachineFileSystem& files_;
+  FolderPlace place_;
+};
+
+std::unique_ptr<platform::OpenFolder> MachineFileSystem::Open(TextView folder) {
+  std::optional<FolderPlace> place = finder_.FindFolder(folder);
+  return place ? std::make_unique<Opened>(*this, *std::move(place)) : nullptr;
+}
+
+// What a file of the same name had that went without our doing is not for the new one.
+bool MachineFileSystem::Made(const Place& place, bool made) {
+  if (made && !place.entry) attributes_.Erase(place.realPath);
+  return made;
+}
+
+bool MachineFileSystem::CreateFolder(TextView path) {
+  const std::optional<Place> place = finder_.Find(path, Last::Itself, true);
+  if (!place || place->entry) return false;
+  return Made(*place, place->parent->MakeFolder(place->storeName));
+}
+
+std::optional<Place> MachineFileSystem::FindForWriting(TextView path) {
+  std::optional<Place> place = finder_.Find(path, Last::Followed, true);
+  if (!place || (place->entry && (!place->IsFile() || IsReadOnly(*place)))) return std::nullopt;
+  return place;
+}
+
+bool MachineFileSystem::CreateTextFile(TextView path, bool overwrite) {
+  const std::optional<Place> place = FindForWriting(path);
+  if (!place || (place->entry && !overwrite)) return false;
+  if (place->entry) return place->parent->WriteFile(place->storeName, {});
+  return Made(*place, place->parent->MakeFile(place->storeName));
+}
+
+std::optional<std::string> MachineFileSystem::ReadFile(TextView path) {
+  const std::optional<Place> place = finder_.Find(path, Last::Followed);
+  if (!place || !place->IsFile()) return std::nullopt;
+  return place->parent->ReadFile(place->storeName);
+}
+
+bool MachineFileSystem::WriteFile(TextView path, std::string_view content) {
+  const std::optional<Place> place = FindForWriting(path);
+  return place && Made(*place, place->parent->WriteFile(place->storeName, content));
+}
+
+bool MachineFileSystem::AppendToFile(TextView path, std::string_view content) {
+  const std::optional<Place> place = FindForWriting(path);
+  return place && Made(*place, place->parent->Append(place->storeName, content));
+}
+
+bool MachineFileSystem::DeleteFile(TextView path, bool force) {
+  const std::optional<Place> place = finder_.Find(path, Last::Itself);
+  return place && !place->root && DeleteFile(*place, force);
+}
+
+bool MachineFileSystem::DeleteFile(const Place& place, bool force) {
+  if (!(place.IsFile() || place.IsLink())) return false;
+  if (!force && IsReadOnly(place)) return false;
+  if (place.IsLink() && finder_.LeadsToFolder(place.realPath)) return false;
+  if (!place.parent->Remove(place.storeName)) return false;
+  attributes_.Erase(place.realPath);
+  return true;
+}
+
+// What the table still knows of files that went without our doing doesn't count.
+bool MachineFileSystem::HoldsReadOnly(const Place& folder) {
+  return !attributes_.VisitTree(folder.realPath, [this](const Text& path, uint32_t attributes) {
+    if ((attributes & platform::kReadOnly) == 0) return true;
+    const std::optional<Place> place = finder_.Find(path, Last::Itself);
+    return !place || !place->entry;
+  });
+}
+
+bool MachineFileSystem::DeleteFolder(TextView path, bool force) {
+  const std::optional<Place> place = finder_.Find(path, Last::Itself);
+  if (!place || place->root) return false;
+  if (place->IsLink()) {
+    if (!finder_.LeadsToFolder(place->realPath) || (!force && IsReadOnly(*place))) return false;
+    if (!place->parent->Remove(place->storeName)) return false;
+  } else {
+    if (!place->IsFolder() || (!force && HoldsReadOnly(*place))) return false;
+    if (!place->parent->RemoveTree(place->storeName)) return false;
+  }
+  attributes_.Erase(place->realPath);
+  return true;
+}
+
+bool MachineFileSystem::MoveFile(TextView source, TextView destination) {
+  const std::optional<Place> from = finder_.Find(source, Last::Itself);
+  return from && MoveFile(*from, destination);
+}
+
+bool MachineFileSystem::MoveFile(const Place& from, TextView destination) {
+  if (!(from.IsFile() || from.IsLink())) return false;
+  if (from.IsLink() && finder_.LeadsToFolder(from.realPath)) return false;
+  const std::optional<Place> to = finder_.Find(destination, Last::Itself, true);
+  if (!to || to->entry) return false;
+  switch (from.parent->Move(from.storeName, *to->parent, to->storeName)) {
+    case MoveResult::Failed:
+      return false;
+    case MoveResult::OtherVolume:
+      if (!from.IsFile() || !from.parent->Copy(from.storeName, *to->parent, to->storeName)) return false;
+      if (from.parent->Remove(from.storeName)) break;
+      to->parent->Remove(to->storeName);
+      return false;
+    case MoveResult::Done:
+      break;
+  }
+  attributes_.Erase(to->realPath);
+  attributes_.Move(from.realPath, to->realPath);
+  return true;
+}
+
+class MachineFileSystem::Found : public platform::FoundItem {
+ public:
+  Found(MachineFileSystem& files, Place place) : files_(files), place_(std::move(place)) {}
+
+  bool IsFolder() const override { return place_.IsFolder(); }
+  bool DeleteFile() override { return files_.DeleteFile(place_, true); }
+  bool MoveFileTo(TextView destination) override { return files_.MoveFile(place_, destination); }
+  void LeaveToShell() override {}
+
+  bool DeleteEmptyFolder() override {
+    if (place_.IsFolder() ? !place_.parent->RemoveEmptyTree(place_.storeName)
+                          : !place_.IsLink() || !files_.finder_.LeadsToFolder(place_.realPath) ||
+                                !place_.parent->Remove(place_.storeName)) {
+      return false;
+    }
+    files_.attributes_.Erase(place_.realPath);
+    return true;
+  }
+
+ private:
+  MachineFileSystem& files_;
+  const Place place_;
+};
+
+std::unique_ptr<platform::FoundItem> MachineFileSystem::OpenFound(TextView start, TextView below) {
+  std::optional<Place> place = finder_.FindBelow(start, below);
+  return place ? std::make_unique<Found>(*this, *std::move(place)) : nullptr;
+}
+
+bool MachineFileSystem::SetAttributes(TextView path, uint32_t attributes) {
+  const std::optional<Place> place = finder_.Find(path, Last::Itself);
+  if (!place || !place->entry || place->root) return false;
+  const uint32_t others = attributes_.Get(place->realPath) & ~kSettable;
+  attributes_.Set(place->realPath, others | (attributes & kSettable));
+  return true;
+}
+
+void MachineFileSystem::RemoveTemporaries(TextView folder) {
+  const std::optional<FolderPlace> place = finder_.FindFolder(folder);
+  if (place && place->folder != nullptr) place->folder->RemoveTemporaries();
+}
+
+std::vector<platform::Drive> MachineFileSystem::Drives() {
+  std::vector<platform::Drive> drives = facts_.Drives();
+  std::vector<StoreEntry> entries;
+  if (const auto folder = store_.Open({u"drives"})) folder->Read(entries);
+  for (const StoreEntry& entry : entries) {
+    const char16_t letter = ToUpper(entry.name.front());
+    if (entry.name.size() != 1 || letter < u'A' || letter > u'Z') continue;
+    const Text path{letter, u':'};
+    const bool known = std::any_of(drives.begin(), drives.end(),
+                                   [&](const platform::Drive& drive) { return drive.path == path; });
+    if (!known && FolderExists(path) == true) drives.push_back({path, kFixedDrive, true, {}});
+  }
+  std::sort(drives.begin(), drives.end(),
+            [](const platform::Drive& left, const platform::Drive& right) { return left.path < right.path; });
+  return drives;
+}
+
+std::optional<int> MachineFileSystem::DriveType(char16_t letter) {
+  if (const platform::Drive* drive = facts_.FindDrive(ToUpper(letter))) return drive->type;
+  return FolderExists(Text{letter, u':'}) == true ? std::optional(kFixedDrive) : std::nullopt;
+}
+
+bool MachineFileSystem::IsDriveReady(char16_t letter) {
+  if (const platform::Drive* drive = facts_.FindDrive(ToUpper(letter))) return drive->ready;
+  return FolderExists(Text{letter, u':'}) == true;
+}
+
+bool MachineFileSystem::Rename(TextView path, TextView name) {
+  const std::optional<Place> from = finder_.Find(path, Last::Itself);
+  if (!from || !from->entry || from->root || !IsFileName(name)) return false;
+  const TextView folder = TextView(from->path).substr(0, from->path.size() - from->name.size());
+  const std::optional<Place> to = finder_.Find(Concat(folder, name), Last::Itself);
+  if (!to || to->entry) return false;
+  if (from->parent->Move(from->storeName, *to->parent, to->storeName) != MoveResult::Done) return false;
+  attributes_.Move(from->realPath, to->realPath);
+  return true;
+}
+
+bool MachineFileSystem::Recycle(TextView path, RecycleBin& bin) {
+  const std::optional<Place> place = finder_.Find(path, Last::Itself);
+  if (!place || !place->entry || place->root || !bin.Take(*place->parent, *place->entry)) return false;
+  attributes_.Erase(place->realPath);
+  return true;
+}
+
+}  // namespace tavix::machine

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "platform/clock.h"
+#include "platform/machine/formats/machine_facts.h"
+#include "platform/machine/services/journal.h"
+#include "platform/machine/services/machine_folder.h"
+
+namespace tavix::machine {
+
+// Puts a machine folder behind the platform interfaces for as long as it lives: registry with
+// HKEY_CLASSES_ROOT merged, files, shell, event logs, dialogs, desktop, instance, network, trust, clock,
+// screen, the user's separators, the application folder. One at a time; afterwards they are as at the start
+// of the process.
+class MachineHost {
+ public:
+  // Opens the folder. `now` is where the machine's clock stands still; without it the clock is the host's.
+  // Null on failure, another copy at work on the folder among them; `error` is then one line of UTF-8.
+  static std::unique_ptr<MachineHost> Open(const std::filesystem::path& folder,
+                                           std::optional<platform::DateTime> now, std::string& error);
+  ~MachineHost();
+  MachineHost(const MachineHost&) = delete;
+  MachineHost& operator=(const MachineHost&) = delete;
+
+  MachineFolder& Folder();
+  const class Journal& Journal() const;
+  // Writes registry and attributes back if they changed. Files, journal, restart.txt and machine.ini are
+  // always up to date. False on failure; `error` is then one line of UTF-8.
+  bool Save(std::string& error);
+
+ private:
+  struct Parts;
+  explicit MachineHost(std::unique_ptr<Parts> parts);
+
+  std::unique_ptr<Parts> parts_;
+};
+
+}  // namespace tavix::machine

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "platform/machine/services/machine_file_system.h"
+#include "platform/trust.h"
+
+namespace tavix::machine {
+
+// A machine in a folder has one user, who isn't elevated; it keeps no owners and no access lists.
+class MachineTrust : public platform::Trust {
+ public:
+  // Files and facts must outlive this.
+  MachineTrust(MachineFileSystem& files, const MachineFacts& facts) : files_(files), facts_(facts) {}
+
+  bool Elevated() override { return false; }
+  bool OwnedByOthers(TextView) override { return false; }
+  platform::Protection Protect(TextView) override { return platform::Protection::Failed; }
+  // Among `WinDir` and the answers 36, 38 and 42 of the shell: Windows, programs, programs of 32 bits.
+  bool LiesAmongPrograms(TextView folder) override;
+  bool Rename(TextView path, TextView name) override { return files_.Rename(path, name); }
+
+ private:
+  // The path without links of a folder, or of the next one above it that is there; empty where none is.
+  Text RealPath(TextView folder);
+
+  MachineFileSystem& files_;
+  const MachineFacts& facts_;
+};
+
+}  // namespace tavix::machine

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "doubles/memory_store.h"
+#include "platform/machine/services/machine_file_system.h"
+
+namespace tavix::machine {
+
+// What a file of a machine in memory is seeded with.
+struct FileSeed {
+  std::string content = {};
+  std::optional<uint64_t> size =
+      {};  // where it is more than the content, the rest is NULs and takes no memory
+  platform::DateTime modified = 0;
+  platform::DateTime accessed = 0;  // long ago
+  uint32_t attributes = 0;
+};
+
+// The files of a machine in memory, with calls that fail on demand.
+class MemoryFileSystem : public MachineFileSystem {
+ public:
+  MemoryFileSystem(MemoryStore& store, const MachineFacts& facts)
+      : MachineFileSystem(store, facts), store_(store) {}
+
+  // Seeding makes the folders on the way and replaces what stands there. Paths are whole.
+  void AddFile(TextView path, const FileSeed& seed = {});
+  void AddFolder(TextView path);
+  // A link to a whole path, or to one relative to the link's folder; the target needs not exist.
+  void AddLink(TextView path, TextView target);
+
+  // Which of the calls below fail, by their names and paths ("DeleteFile", u"C:\\a.txt"); a moved file by
+  // its source. What is done to a found item counts as DeleteFile, DeleteFolder and MoveFile. An
+  // existence test that fails can't tell. Faults of the store, half-way through a call, are those of
+  // MemoryStore.
+  Faults faults;
+
+  std::optional<platform::FileFacts> Look(TextView path) override;
+  platform::Existence FileExists(TextView path) override;
+  platform::Existence FolderExists(TextView path) override;
+  std::unique_ptr<platform::OpenFolder> Open(TextView folder) override;
+  std::unique_ptr<platform::FoundItem> OpenFound(TextView start, TextView below) override;
+  bool CreateFolder(TextView path) override;
+  bool CreateTextFile(TextView path, bool overwrite) override;
+  std::optional<std::string> ReadFile(TextView path) override;
+  bool WriteFile(TextView path, std::string_view content) override;
+  bool AppendToFile(TextView path, std::string_view content) override;
+  bool DeleteFile(TextView path, bool force) override;
+  bool DeleteFolder(TextView path, bool force) override;
+  bool MoveFile(TextView source, TextView destination) override;
+  bool SetAttributes(TextView path, uint32_t attributes) override;
+  bool IsDriveReady(char16_t letter) override;
+
+ private:
+  MemoryStore& store_;
+};
+
+}  // namespace tavix::machine

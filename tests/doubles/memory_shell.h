@@ -1,0 +1,20 @@
+#pragma once
+
+#include "doubles/faults.h"
+#include "platform/machine/services/machine_shell.h"
+
+namespace tavix::machine {
+
+// The shell of a machine in memory, with calls that fail on demand.
+class MemoryShell : public MachineShell {
+ public:
+  using MachineShell::MachineShell;
+
+  // Operations have the names of the routines; the path is the call's argument, as text.
+  Faults faults;
+
+ protected:
+  bool Refuses(TextView operation, TextView argument) override { return faults.Hit(operation, argument); }
+};
+
+}  // namespace tavix::machine

@@ -1,0 +1,275 @@
+#include "doubles/memory_store.h"
+
+namespace tavix::machine {
+namespace {
+
+using Node = MemoryStore::Node;
+
+// A file whose size was only said is not made bigger than this to read it.
+constexpr uint64_t kMostRead = uint64_t{64} << 20U;
+
+platform::DateTime Now() { return platform::clock != nullptr ? platform::clock->Now() : 0; }
+
+std::shared_ptr<Node> NewNode(TextView name, EntryKind kind) {
+  auto node = std::make_shared<Node>();
+  node->name = name;
+  node->kind = kind;
+  node->modified = node->accessed = Now();
+  return node;
+}
+
+StoreEntry Entry(const Node& node) {
+  return {node.name, node.kind, node.kind == EntryKind::File ? node.size : 0, node.modified, node.accessed};
+}
+
+// The letter of the drive that a node is or lies on; 0 beside the drives.
+char16_t Volume(const std::shared_ptr<Node>& start) {
+  std::shared_ptr<Node> below;  // of the last two nodes the lower one
+  std::shared_ptr<Node> above;
+  for (std::shared_ptr<Node> node = start; node != nullptr; node = node->parent.lock()) {
+    if (node->parent.expired())
+      return below != nullptr && above->name == u"drives" ? below->name.front() : u'\0';
+    below = above;
+    above = node;
+  }
+  return 0;
+}
+
+class MemoryFolder : public StoreFolder {
+ public:
+  MemoryFolder(std::shared_ptr<Node> node, Faults& faults) : node_(std::move(node)), faults_(faults) {}
+
+  using StoreFolder::Find;
+  std::optional<StoreEntry> Find(TextView name, bool& sure) override {
+    if (faults_.Fails(u"Find", name)) {
+      sure = false;
+      return std::nullopt;
+    }
+    const Node* found = Child(name);
+    return found != nullptr ? std::optional(Entry(*found)) : std::nullopt;
+  }
+
+  using StoreFolder::Read;
+  bool Read(std::vector<StoreEntry>& entries, const NameFilter&) override {
+    if (faults_.Hit(u"Read", node_->name)) return false;
+    for (const auto& [name, child] : node_->children) entries.push_back(Entry(*child));
+    return true;
+  }
+
+  std::unique_ptr<StoreFolder> Open(TextView name) override {
+    const auto found = node_->children.find(name);
+    if (found == node_->children.end() || found->second->kind != EntryKind::Folder) return nullptr;
+    return std::make_unique<MemoryFolder>(found->second, faults_);
+  }
+
+  std::optional<LinkTarget> ReadLink(TextView name) override {
+    const Node* found = Child(name);
+    if (found == nullptr || found->kind != EntryKind::Link) return std::nullopt;
+    return found->target;
+  }
+
+  std::optional<std::string> ReadFile(TextView name) override {
+    const Node* found = Child(name);
+    if (faults_.Hit(u"ReadFile", name) || found == nullptr || found->kind != EntryKind::File ||
+        found->size > kMostRead) {
+      return std::nullopt;
+    }
+    std::string content = found->content;
+    content.resize(found->size);
+    return content;
+  }
+
+  bool MakeFolder(TextView name) override {
+    return !faults_.Hit(u"MakeFolder", name) && Add(NewChild(name, EntryKind::Folder));
+  }
+
+  bool MakeFile(TextView name) override {
+    return !faults_.Hit(u"MakeFile", name) && Add(NewChild(name, EntryKind::File));
+  }
+
+  bool WriteFile(TextView name, std::string_view content) override {
+    if (faults_.Hit(u"WriteFile", name)) return false;
+    return Put(name, std::string(content));
+  }
+
+  bool Append(TextView name, std::string_view content) override {
+    if (faults_.Hit(u"Append", name)) return false;
+    std::string whole;
+    if (const Node* found = Child(name)) {
+      whole = found->content;
+      whole.resize(found->size);
+    }
+    return Put(name, whole.append(content));
+  }
+
+  bool Remove(TextView name) override {
+    const Node* found = Child(name);
+    if (faults_.Hit(u"Remove", name) || found == nullptr || found->kind == EntryKind::Folder) return false;
+    return Erase(name);
+  }
+
+  bool RemoveTree(TextView name) override {
+    const Node* found = Child(name);
+    if (faults_.Hit(u"RemoveTree", name) || found == nullptr || found->kind != EntryKind::Folder)
+      return false;
+    return Erase(name);
+  }
+
+  bool RemoveEmptyTree(TextView name) override {
+    Node* found = Child(name);
+    if (faults_.Hit(u"RemoveTree", name) || found == nullptr || found->kind != EntryKind::Folder)
+      return false;
+    return RemoveEmpty(*found) && Erase(name);
+  }
+
+  std::optional<uint64_t> TreeSize(TextView name) override {
+    const Node* found = Child(name);
+    if (found == nullptr) return std::nullopt;
+    uint64_t size = 0;
+    for (std::vector<const Node*> pending{found}; !pending.empty();) {
+      const Node* node = pending.back();
+      pending.pop_back();
+      if (node->kind == EntryKind::File) size += node->size;
+      for (const auto& [childName, child] : node->children) pending.push_back(child.get());
+    }
+    return size;
+  }
+
+  MoveResult Move(TextView name, StoreFolder& to, TextView newName) override {
+    auto& target = static_cast<MemoryFolder&>(to);
+    if (faults_.Hit(u"Move", name)) return MoveResult::Failed;
+    const auto found = node_->children.find(name);
+    if (found == node_->children.end() || target.Child(newName) != nullptr) return MoveResult::Failed;
+    const char16_t from = Volume(node_);
+    const char16_t there = Volume(target.node_);
+    if (from != there && from != 0 && there != 0) return MoveResult::OtherVolume;
+    const std::shared_ptr<Node> node = found->second;
+    node_->children.erase(found);
+    node->name = newName;
+    return target.Add(node) ? MoveResult::Done : MoveResult::Failed;
+  }
+
+  bool Copy(TextView name, StoreFolder& to, TextView newName) override {
+    const Node* found = Child(name);
+    auto& target = static_cast<MemoryFolder&>(to);
+    if (faults_.Hit(u"Copy", name) || found == nullptr || found->kind != EntryKind::File) return false;
+    const auto copy = NewNode(newName, EntryKind::File);
+    copy->content = found->content;
+    copy->size = found->size;
+    copy->modified = found->modified;
+    return target.Add(copy);
+  }
+
+ private:
+  Node* Child(TextView name) const {
+    const auto found = node_->children.find(name);
+    return found == node_->children.end() ? nullptr : found->second.get();
+  }
+
+  // What is made in a folder takes its access list over.
+  std::shared_ptr<Node> NewChild(TextView name, EntryKind kind) const {
+    auto node = NewNode(name, kind);
+    node->isProtected = node_->isProtected;
+    return node;
+  }
+
+  bool Add(const std::shared_ptr<Node>& node) {
+    if (!node_->children.emplace(node->name, node).second) return false;
+    node->parent = node_;
+    node_->modified = Now();
+    return true;
+  }
+
+  // Takes out of a folder what is empty. Whether nothing is left in it.
+  static bool RemoveEmpty(Node& folder) {
+    std::erase_if(folder.children, [](const auto& child) {
+      const Node& node = *child.second;
+      return node.kind == EntryKind::Folder ? RemoveEmpty(*child.second)
+                                            : node.kind == EntryKind::File && node.size == 0;
+    });
+    return folder.children.empty();
+  }
+
+  bool Erase(TextView name) {
+    node_->children.erase(node_->children.find(name));
+    node_->modified = Now();
+    return true;
+  }
+
+  bool Put(TextView name, std::string content) {
+    Node* node = Child(name);
+    if (node == nullptr) {
+      if (!Add(NewChild(name, EntryKind::File))) return false;
+      node = Child(name);
+    }
+    if (node->kind != EntryKind::File) return false;
+    node->content = std::move(content);
+    node->size = node->content.size();
+    node->modified = Now();
+    return true;
+  }
+
+  std::shared_ptr<Node> node_;
+  Faults& faults_;
+};
+
+}  // namespace
+
+// Not one within the other: a chain of folders may be long.
+MemoryStore::Node::~Node() {
+  std::vector<std::shared_ptr<Node>> pending;
+  const auto take = [&pending](Node& node) {
+    for (auto& [childName, child] : node.children) pending.push_back(std::move(child));
+    node.children.clear();
+  };
+  take(*this);
+  while (!pending.empty()) {
+    const std::shared_ptr<Node> node = std::move(pending.back());
+    pending.pop_back();
+    if (node.use_count() == 1) take(*node);
+  }
+}
+
+MemoryStore::MemoryStore() : root_(NewNode({}, EntryKind::Folder)) {}
+
+std::unique_ptr<StoreFolder> MemoryStore::Root() { return std::make_unique<MemoryFolder>(root_, faults); }
+
+std::unique_ptr<StoreFolder> MemoryStore::Open(const std::vector<Text>& names) {
+  std::shared_ptr<Node> node = root_;
+  for (const Text& name : names) {
+    const auto found = node->children.find(name);
+    if (found == node->children.end() || found->second->name != name ||
+        found->second->kind != EntryKind::Folder) {
+      return nullptr;
+    }
+    node = std::shared_ptr<Node>(found->second);
+  }
+  return std::make_unique<MemoryFolder>(node, faults);
+}
+
+MemoryStore::Node& MemoryStore::Make(const std::vector<Text>& names, EntryKind kind) {
+  std::shared_ptr<Node> node = root_;
+  for (size_t i = 0; i < names.size(); ++i) {
+    const bool last = i + 1 == names.size();
+    const EntryKind wanted = last ? kind : EntryKind::Folder;
+    std::shared_ptr<Node>& child = node->children[names[i]];
+    if (child == nullptr || child->kind != wanted || (last && kind != EntryKind::Folder)) {
+      child = NewNode(names[i], wanted);
+      child->parent = node;
+    }
+    node = std::shared_ptr<Node>(child);
+  }
+  return *node;
+}
+
+MemoryStore::Node* MemoryStore::Find(const std::vector<Text>& names) {
+  Node* node = root_.get();
+  for (const Text& name : names) {
+    const auto found = node->children.find(name);
+    if (found == node->children.end()) return nullptr;
+    node = found->second.get();
+  }
+  return node;
+}
+
+}  // namespace tavix::machine

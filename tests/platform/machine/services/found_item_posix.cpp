@@ -1,0 +1,118 @@
+#include <gtest/gtest.h>
+
+#include <fcntl.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <filesystem>
+#include <thread>
+
+#include "platform/machine/host/host_store.h"
+#include "platform/machine/scratch_folder.h"
+#include "platform/machine/services/machine_file_system.h"
+#include "text/utf8.h"
+
+namespace tavix::machine {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int kRounds = 100;
+
+std::string NameOfRound(int round) { return "file " + std::to_string(round); }
+
+// Somebody swaps a folder for a link to another one, as fast as can be, while files are taken from it.
+class FoundItemInARace : public testing::Test {
+ protected:
+  FoundItemInARace() {
+    for (int i = 0; i < kRounds; ++i) {
+      scratch_.Write(kMine + NameOfRound(i), "mine");
+      scratch_.Write(kVictims + NameOfRound(i), "the victim's");
+      scratch_.Write(kMine + "folder " + NameOfRound(i) + "/none", "");
+      scratch_.Write(kVictims + "folder " + NameOfRound(i) + "/none", "");
+    }
+    fs::create_directory(scratch_.Root() / "machine/drives/C/backup");
+    fs::create_directory_symlink("../victim", scratch_.Root() / "machine/drives/C/t/link");
+    store_ = OpenHostStore(fs::canonical(scratch_.Root() / "machine"));
+    files_.emplace(*store_, facts_);
+  }
+
+  // Calls `take` with what is opened of the names, while they lead to one place and the other by turns.
+  template <class Take>
+  int Race(const std::string& prefix, const Take& take) {
+    std::atomic<bool> over = false;
+    const std::string one = scratch_.Root() / "machine/drives/C/t/swapped";
+    const std::string other = scratch_.Root() / "machine/drives/C/t/link";
+    std::thread exchanger([&] {
+      constexpr unsigned kExchange = 2;
+      for (bool swapped = false; swapped || !over;) {
+        if (syscall(SYS_renameat2, AT_FDCWD, one.c_str(), AT_FDCWD, other.c_str(), kExchange) == 0)
+          swapped = !swapped;
+      }
+    });
+    int opened = 0;
+    for (int i = 0; i < kRounds; ++i) {
+      const auto item = Open(prefix + NameOfRound(i));
+      if (item == nullptr) continue;
+      ++opened;
+      take(*item, i);
+    }
+    over = true;
+    exchanger.join();
+    return opened;
+  }
+
+  std::unique_ptr<platform::FoundItem> Open(const std::string& name) {
+    return files_->OpenFound(u"C:\\t", Concat(u"swapped\\", *FromUtf8(name)));
+  }
+  bool Stands(const std::string& file) const { return fs::exists(scratch_.Root() / file); }
+
+  void ExpectVictimUntouched() {
+    for (int i = 0; i < kRounds; ++i) {
+      EXPECT_EQ(scratch_.Read(kVictims + NameOfRound(i)), "the victim's") << i;
+      EXPECT_TRUE(Stands(kVictims + "folder " + NameOfRound(i) + "/none")) << i;
+    }
+  }
+
+  const std::string kMine = "machine/drives/C/t/swapped/", kVictims = "machine/drives/C/victim/",
+                    kBackup = "machine/drives/C/backup/";
+  ScratchFolder scratch_;
+  MachineFacts facts_;
+  std::unique_ptr<FileStore> store_;
+  std::optional<MachineFileSystem> files_;
+};
+
+TEST_F(FoundItemInARace, DeletesNothingOfTheVictim) {
+  RecordProperty("opened", Race("", [](platform::FoundItem& item, int) { item.DeleteFile(); }));
+  ExpectVictimUntouched();
+  // What could not be deleted stands, and goes now.
+  for (int i = 0; i < kRounds; ++i) {
+    const auto item = Open(NameOfRound(i));
+    ASSERT_EQ(item != nullptr, Stands(kMine + NameOfRound(i))) << i;
+    if (item != nullptr) {
+      EXPECT_TRUE(item->DeleteFile()) << i;
+    }
+  }
+  ExpectVictimUntouched();
+}
+
+TEST_F(FoundItemInARace, DeletesNoEmptyFolderOfTheVictim) {
+  RecordProperty("opened", Race("folder ", [](platform::FoundItem& item, int) { item.DeleteEmptyFolder(); }));
+  ExpectVictimUntouched();
+}
+
+TEST_F(FoundItemInARace, MovesNothingOfTheVictim) {
+  RecordProperty("opened", Race("", [](platform::FoundItem& item, int round) {
+                   item.MoveFileTo(Concat(u"C:\\backup\\", *FromUtf8(NameOfRound(round))));
+                 }));
+  ExpectVictimUntouched();
+  for (int i = 0; i < kRounds; ++i) {
+    const bool moved = Stands(kBackup + NameOfRound(i));
+    EXPECT_NE(Stands(kMine + NameOfRound(i)), moved) << i;
+    EXPECT_EQ(scratch_.Read((moved ? kBackup : kMine) + NameOfRound(i)), "mine") << i;
+  }
+}
+
+}  // namespace
+}  // namespace tavix::machine
