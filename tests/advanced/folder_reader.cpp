@@ -150,7 +150,7 @@ TEST_F(FolderReading, KnowsTheFilesOfAFolderByNameSizeAndTime) {
     return FolderContent([&](const platform::EntryVisitor& visit) { return files.List(path, visit); });
   };
   const FolderContent content = read(u"C:\\t");
-  EXPECT_TRUE(content.WasRead());
+  EXPECT_TRUE(content.IsRead());
   EXPECT_FALSE(content.IsEmptyByItself());
   ASSERT_EQ(content.FileCount(), 2U);
   EXPECT_EQ(content.FileAt(0).name, u"a long name of a file.txt");
@@ -161,7 +161,7 @@ TEST_F(FolderReading, KnowsTheFilesOfAFolderByNameSizeAndTime) {
   ASSERT_EQ(content.SubFolders().size(), 2U);
   EXPECT_FALSE(content.SubFolders()[0].link);
   EXPECT_TRUE(content.SubFolders()[1].link);
-  EXPECT_FALSE(read(u"C:\\gone").WasRead());
+  EXPECT_FALSE(read(u"C:\\gone").IsRead());
   EXPECT_FALSE(read(u"C:\\gone").IsEmptyByItself());
 }
 
