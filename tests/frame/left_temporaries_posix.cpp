@@ -1,4 +1,4 @@
-// What a run that is killed leaves half written goes at the next start, and nothing else does.
+// The next start deletes the half-written files of a killed run, and nothing else.
 
 #include "frame/left_temporaries.h"
 
@@ -35,7 +35,7 @@ class LeftTemporaries : public testing::Test {
   }
   ~LeftTemporaries() override { ResetProcess(); }
 
-  // The program is started over the machine and ended again.
+  // Starts the program over the machine and ends it.
   void StartOnce() const {
     std::string error;
     const auto host = machine::MachineHost::Open(scratch.Root(), std::nullopt, error);
@@ -45,7 +45,7 @@ class LeftTemporaries : public testing::Test {
     EXPECT_TRUE(host->Save(error)) << error;
   }
 
-  // Everything in the machine folder whose name begins as those of temporaries do.
+  // All items of the machine folder whose names begin like those of temporary files.
   std::set<std::string> Temporaries() const {
     std::set<std::string> found;
     for (const auto& entry : fs::recursive_directory_iterator(scratch.Root())) {
@@ -60,7 +60,7 @@ class LeftTemporaries : public testing::Test {
   machine::ScratchFolder scratch;
 };
 
-// As a move to another volume and a save of the settings write, without an end.
+// Writes without end, as a move to another volume and a save of the settings do.
 [[noreturn]] void WriteUntilKilled(const fs::path& root, int ready) {
   const auto store = machine::OpenHostStore(fs::canonical(root));
   const auto desk = store->Open({u"drives", u"C", u"Desk"});
