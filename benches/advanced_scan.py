@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""The advanced scan, all six functions over a whole drive, beside find and a public cleaner over the same tree:
-advanced_scan.py CONSOLE [FOLDER [RUNS]]. The trees are made below FOLDER, which should be in memory, and are
-removed again. Prints processor seconds, user and system together, the least of some runs taken in turns."""
+"""Measures the advanced scan (all six functions, a whole drive) beside find and a public cleaner over the same tree:
+advanced_scan.py CONSOLE [FOLDER [RUNS]]. Makes the trees below FOLDER, which should be in memory, and removes them
+afterwards. Runs the commands in turn and prints the lowest processor time of each, user and system together."""
 import os
 import pathlib
 import shutil
@@ -18,7 +18,7 @@ C=2
 
 
 def folder_paths(count, depth):
-    """Relative paths of so many folders, in chains or in a tree of this depth."""
+    """Relative paths of `count` folders: a tree of this depth, or chains if the depth is over 10."""
     paths = []
     if depth > 10:
         while len(paths) < count:
@@ -66,7 +66,7 @@ def processor_seconds(command, **options):
 
 
 def least(runs, commands):
-    """The least time of each command, taken in turns."""
+    """The lowest time of each command. The commands run in turn."""
     times = [[] for _ in commands]
     for _ in range(runs):
         for each, (command, options) in zip(times, commands):

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""From Esc to the closing line in the real window under Wine, in the midst of a scan of a big tree:
-cancel_time.py BUILD [RUNS]. Prints the median and the longest. Needs the target tavix-cancel-time."""
+"""Measures the time from Esc to the closing line, in the real window under Wine, during a scan of a big tree:
+cancel_time.py BUILD [RUNS]. Prints the median and the longest time. Needs the target tavix-cancel-time."""
 import os
 import pathlib
 import statistics

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""50,000 files deleted by the console over a machine folder on a RAM disk, beside `xargs rm -f` over the same list:
-clean_console.py CONSOLE [ROUNDS]. A clean is a run with --clean less a run without."""
+"""Measures the console deleting 50,000 files of a machine folder in memory, beside `xargs rm -f` over the same list:
+clean_console.py CONSOLE [ROUNDS]. The time of a clean is that of a run with --clean less that of a run without."""
 import pathlib
 import shutil
 import statistics

@@ -1,4 +1,4 @@
-// Cleaning: rows in memory, and files of a machine folder beside a plain removal of the same names.
+// Measures cleaning: rows in memory, and files of a machine folder beside `xargs rm -f` over the same names.
 
 #include <benchmark/benchmark.h>
 
@@ -21,7 +21,7 @@ namespace {
 using namespace mdlPubSelf;
 namespace fs = std::filesystem;
 
-// Every second row is ticked and names a value that isn't there.
+// Every second row is ticked. The rows name a registry value that doesn't exist.
 void CleanEverySecondRow(benchmark::State& state) {
   machine::MemoryHost host;
   WireMainForm();
@@ -44,13 +44,13 @@ BENCHMARK(CleanEverySecondRow)->Arg(10'000)->Arg(100'000)->Arg(1'000'000)->Unit(
 
 constexpr int kFiles = 50'000;
 
-fs::path Seeded() {
+fs::path MakeMachineFolder() {
   const fs::path base = fs::exists("/dev/shm") ? fs::path("/dev/shm") : fs::temp_directory_path();
   const fs::path root = base / "tavix-clean-bench";
   fs::remove_all(root);
-  fs::create_directories(root / "drives" / "C" / "Work");
+  fs::create_directories(root / "drives" / "C" / "Desk");
   for (int i = 0; i < kFiles; ++i) {
-    std::ofstream(root / "drives" / "C" / "Work" / ("file" + std::to_string(i) + ".tmp")) << "x";
+    std::ofstream(root / "drives" / "C" / "Desk" / ("file" + std::to_string(i) + ".tmp")) << "x";
   }
   return root;
 }
@@ -58,7 +58,7 @@ fs::path Seeded() {
 void CleanFilesOfAMachineFolder(benchmark::State& state) {
   for (auto _ : state) {
     state.PauseTiming();
-    const fs::path root = Seeded();
+    const fs::path root = MakeMachineFolder();
     std::string error;
     const auto host = machine::MachineHost::Open(root, std::nullopt, error);
     if (host == nullptr) {
@@ -70,7 +70,7 @@ void CleanFilesOfAMachineFolder(benchmark::State& state) {
     CleaningMethod = Text(u"D");
     ClearResults();
     for (int i = 0; i < kFiles; ++i) {
-      AddResultItem(u"t", Concat(u"file", ToText(i), u".tmp"), u"1.", u"C:\\Work", u"00000001.0", u"F");
+      AddResultItem(u"t", Concat(u"file", ToText(i), u".tmp"), u"1.", u"C:\\Desk", u"00000001.0", u"F");
     }
     state.ResumeTiming();
     sbtClean_Click();
@@ -86,12 +86,12 @@ BENCHMARK(CleanFilesOfAMachineFolder)->Unit(benchmark::kMillisecond)->Iterations
 void XargsRm(benchmark::State& state) {
   for (auto _ : state) {
     state.PauseTiming();
-    const fs::path root = Seeded();
+    const fs::path root = MakeMachineFolder();
     const fs::path list = root / "list";
     {
       std::ofstream names(list);
       for (int i = 0; i < kFiles; ++i) {
-        names << (root / "drives" / "C" / "Work" / ("file" + std::to_string(i) + ".tmp")).string() << '\n';
+        names << (root / "drives" / "C" / "Desk" / ("file" + std::to_string(i) + ".tmp")).string() << '\n';
       }
     }
     state.ResumeTiming();

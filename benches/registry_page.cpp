@@ -1,5 +1,5 @@
-// The Registry page over a registry larger than any real one, beside a bare pass that reads the same keys and
-// tests the same files.
+// Measures the Registry page over a registry larger than any real one, beside a bare pass that reads the same
+// keys and tests the same files.
 
 #include <benchmark/benchmark.h>
 
@@ -30,14 +30,14 @@ Text Identifier(int kind, int number) {
   return Concat(u"{", first, u"-11D2-4C0A-9F3E-00C04F68", first.substr(4), u"}");
 }
 
-// Of ten, six are there, two are missing and two can't be judged.
+// Of ten servers six exist, two are missing and two can't be tested (their path starts with a variable).
 Text Server(int number) {
   if (number % 10 >= 8) return u"%SystemRoot%\\system32\\server.dll";
   const TextView folder = number % 10 >= 6 ? u"gone" : u"system32";
   return Concat(u"C:\\WINDOWS\\", folder, u"\\server", ToText(number % kFiles), u".dll");
 }
 
-// Every fifth interface has a library that is gone.
+// Every fifth interface names a type library that doesn't exist.
 void SeedRegistry(machine::MachineRegistry& registry, int classes) {
   const auto write = [&registry](TextView key, TextView name, TextView data) {
     registry.WriteString(Hive::LocalMachine, key, name, data);
@@ -61,7 +61,7 @@ void SeedRegistry(machine::MachineRegistry& registry, int classes) {
   }
 }
 
-// In memory.
+// A machine in memory.
 struct Memory {
   explicit Memory(int classes) {
     SeedRegistry(host.registry, classes);
@@ -72,7 +72,7 @@ struct Memory {
   machine::MemoryHost host;
 };
 
-// In a folder, so that the files are looked up on a disk.
+// A machine in a folder, so that the files are looked up on a disk.
 struct Folder {
   explicit Folder(int classes) {
     fs::remove_all(root);
@@ -150,7 +150,7 @@ void BarePass(benchmark::State& state) {
   state.SetComplexityN(state.range(0));
 }
 
-// Classes; half as many interfaces, a fifth as many shared libraries.
+// The numbers of classes. There are half as many interfaces and a fifth as many shared libraries.
 void Sizes(benchmark::internal::Benchmark* bench) {
   bench->Arg(25'000)->Arg(50'000)->Arg(100'000)->Unit(benchmark::kMillisecond)->Complexity(benchmark::oN);
 }

@@ -8,7 +8,7 @@ namespace {
 using namespace tavix;
 using namespace tavix::machine;
 
-// A registry such as an installed system has: classes with a few keys and values each, strings mostly.
+// A registry like that of an installed system: classes with a few keys and values each, most values strings.
 std::string MakeText(size_t megabytes) {
   Text text = u"\uFEFFWindows Registry Editor Version 5.00\r\n";
   const size_t size = megabytes * 1'000'000 / 2;
@@ -57,7 +57,7 @@ void BM_WriteRegistryText(benchmark::State& state) {
 }
 BENCHMARK(BM_WriteRegistryText)->Arg(10)->Arg(100)->Unit(benchmark::kMillisecond);
 
-// Subkeys and values of one key, in an order that is none.
+// One key with many subkeys and values, in scrambled order.
 void BM_ReadOneWideKey(benchmark::State& state) {
   Text text = u"Windows Registry Editor Version 5.00\n[HKEY_USERS\\k]\n";
   const int64_t count = state.range(0);

@@ -1,5 +1,4 @@
-// A million findings in the result list, beside the plain things: a vector of the same texts and
-// std::stable_sort over them.
+// Measures a million findings in the result list, beside std::stable_sort over a vector of the same texts.
 
 #include <benchmark/benchmark.h>
 #include <malloc.h>
@@ -17,7 +16,8 @@ using namespace mdlPubSelf;
 
 constexpr int kRows = 1'000'000;
 
-// Rows as a walk over folders finds them: few types, folders in runs, names and sizes all different.
+// Rows as a walk over folders finds them: few types, runs of rows with the same folder, different names and
+// sizes.
 struct Finding {
   Text type, name, size, location, sizeKey, tag;
 };
@@ -113,7 +113,7 @@ void StableSortOfTexts(benchmark::State& state) {
 }
 BENCHMARK(StableSortOfTexts)->DenseRange(0, 4)->Unit(benchmark::kMillisecond)->Iterations(3);
 
-// Bytes that the process holds for the rows, beside the bytes of the texts themselves.
+// Bytes of memory that the rows take, beside the bytes of their texts alone.
 void MemoryOfRows(benchmark::State& state) {
   size_t texts = 0;
   for (const Finding& row : Findings()) {
@@ -137,7 +137,7 @@ void MemoryOfRows(benchmark::State& state) {
 }
 BENCHMARK(MemoryOfRows)->Iterations(1);
 
-// Every second row removed, from the last to the first, as a clean does it.
+// Removes every second row from the last to the first, as a clean does.
 void RemoveEverySecondRow(benchmark::State& state) {
   const int rows = static_cast<int>(state.range(0));
   for (auto _ : state) {

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""From the start of the process to the window on the screen, under Wine: tavix.exe beside a bare window of the same
-size with the same number and kinds of controls, one run each in turn and all on one core: start_time.py BUILD [RUNS].
-Prints the medians and their ratio."""
+"""Measures the time from the start of the process to the window on the screen, under Wine: start_time.py BUILD [RUNS].
+The peer of tavix.exe is a bare window of the same size with as many controls of each kind. The two run in turn, on one
+core. Prints the medians and their ratio."""
 import os
 import pathlib
 import statistics
@@ -13,8 +13,7 @@ TOP = pathlib.Path(__file__).resolve().parents[1]
 
 
 def main(build, runs):
-    # What the processes and Wine's server tell each other goes from one core to another in a time that scatters more
-    # than all else.
+    # One core: messages between the processes and Wine's server take very uneven times from core to core.
     os.sched_setaffinity(0, {max(os.sched_getaffinity(0))})
     os.environ["TAVIX_BUILD"] = build
     sys.path.insert(0, str(TOP / "tests" / "window"))
@@ -23,7 +22,7 @@ def main(build, runs):
     machine = driver.Machine()
     try:
         for name in ("tavix.exe", "tavix-bare-window.exe"):
-            # As they are released, without what debuggers need.
+            # Strip debug information, as a release does.
             subprocess.run(["x86_64-w64-mingw32-strip", "-o", machine.drive_c / name, driver.BUILD / name], check=True)
         command = ("C:\\tavix.exe", "TavixMainWindow", "C:\\tavix-bare-window.exe", "TavixBareWindow")
 

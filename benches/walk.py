@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
-"""Walks over big trees, measured beside their peers in one run: medians, and whether they keep to their limits.
+"""Measures walks over big trees and their peers in one run. Prints medians, and whether each ratio is in its limit.
 
     python3 benches/walk.py CONSOLE                    natively, over trees in memory
-    python3 benches/walk.py --real CONSOLE             a copy of this machine's /usr: rows against `find`
+    python3 benches/walk.py --real CONSOLE             a copy of this machine's /usr: compares the rows with `find`
     python3 benches/walk.py --wine WINDOWS-BUILD       under Wine, over drive C: of a private prefix in memory
 """
 import argparse
@@ -52,7 +52,7 @@ def make_machine(root, files):
 
 
 def run(command, **options):
-    """Seconds, and the most memory in bytes."""
+    """Seconds, peak memory in bytes, and the output."""
     with open(os.path.join(PLACE or tempfile.gettempdir(), f"walk-{os.getpid()}.out"), "w+b") as out:
         os.unlink(out.name)
         start = time.perf_counter()
@@ -67,7 +67,7 @@ def run(command, **options):
 
 
 def alternating(commands, rounds=ROUNDS, **options):
-    """Median seconds of each command, run one after the other in each round."""
+    """Median seconds of each command. Each round runs every command once."""
     seconds = {name: [] for name in commands}
     for _ in range(rounds):
         for name, command in commands.items():
@@ -142,7 +142,7 @@ def goes_through_link(root, path):
 
 
 def real(console):
-    """A copy of /usr in hard links, which share its disk; elsewhere a plain copy."""
+    """Compares the rows with `find` over a copy of /usr: hard links if it is on the same disk, else a plain copy."""
     usr = "/usr"
     place = tempfile.mkdtemp(dir="/var/tmp", prefix="tavix-usr-")
     try:
@@ -180,7 +180,7 @@ def real(console):
                 sys.exit(f"not listed by find: {path}")
         wrong = [path for path in expected if found.get(path) != expected[path]]
         print(f"/usr: {len(expected):,} files listed by find, {len(wrong)} of them missing or of another size among "
-              f"the rows; {through_links:,} more rows are links or lie behind links; {seconds:.2f} s")
+              f"the rows; {through_links:,} more rows are links or were found through links; {seconds:.2f} s")
         for path in wrong[:5]:
             print(f"  {path}: {expected[path]} and {found.get(path)}")
         return not wrong
@@ -189,7 +189,7 @@ def real(console):
 
 
 def wine(build):
-    """The whole of each program, its start taken off: that of a walk over an empty folder."""
+    """The time of each program over the full tree less its time over an empty folder."""
     sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "tools"))
     import wine_prefix
 

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""100,000 typed URLs found by the real window and by the console over the same Wine prefix, one run each after
-the other: window_rows.py BUILD [ROWS]. Prints seconds; the console's include its start and its output."""
+"""Measures the real window and the console finding 100,000 typed URLs in the same Wine prefix:
+window_rows.py BUILD [ROWS]. Prints seconds; those of the console include its start and its output."""
 import os
 import pathlib
 import subprocess
@@ -28,14 +28,14 @@ def main(build, rows):
             for _ in range(3):
                 start = time.monotonic()
                 program.key("F3")
-                # The window's answer waits until the scan is over and the list is painted.
+                # The window answers only after the scan, when the list is painted.
                 shown = program.read()
                 scan = time.monotonic() - start
                 assert shown.row_count > rows, shown.row_count
                 start = time.monotonic()
                 program.read()
                 reading = time.monotonic() - start
-                print(f"window: {scan - reading:.2f} s and {reading:.2f} s for the reading, {shown.row_count} rows")
+                print(f"window: {scan - reading:.2f} s and {reading:.2f} s to read its state, {shown.row_count} rows")
         finally:
             program.close()
         print(f"console --live: {console:.2f} s, {rows} rows")

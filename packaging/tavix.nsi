@@ -1,7 +1,7 @@
-; The installer of Tavix. Built by ./release, which gives VERSION, FILES, OUTPUT, SITE and SIZE (in KB).
+; The installer of Tavix. ./release builds it and defines VERSION, FILES, OUTPUT, SITE and SIZE (in KB).
 ;
-; Silent with /S, both ways. The uninstaller leaves the backup folder alone whatever is asked of it, and the
-; settings unless the user, or /RemoveSettings, wants them gone. Exit status 2: Tavix runs, nothing was done.
+; /S makes installer and uninstaller silent. The uninstaller never removes the backup folder, and removes the
+; settings only if the user says so or /RemoveSettings is given. Exit status 2: Tavix is running, nothing was done.
 Target amd64-unicode
 SetCompressor /SOLID lzma
 SetDateSave off
@@ -36,7 +36,7 @@ VIAddVersionKey "LegalCopyright" "Copyright (C) 2026 the makers of Tavix"
 !insertmacro MUI_UNPAGE_INSTFILES
 !insertmacro MUI_LANGUAGE "English"
 
-; Files of a running program can't be replaced.
+; Waits until Tavix isn't running: files of a running program can't be replaced.
 !macro StopWhileItRuns
   StrCpy $1 0
   ${Do}
@@ -44,7 +44,7 @@ VIAddVersionKey "LegalCopyright" "Copyright (C) 2026 the makers of Tavix"
     ${If} $0 == 0
       ${Break}
     ${EndIf}
-    ; A program that has just been asked to end gets a moment for it.
+    ; Wait two seconds first: the program may have been asked to close just now.
     ${If} $1 < 20
       IntOp $1 $1 + 1
       Sleep 100
@@ -55,9 +55,9 @@ VIAddVersionKey "LegalCopyright" "Copyright (C) 2026 the makers of Tavix"
   ${Loop}
 !macroend
 
-; Puts into $R0 the access list of the folders of data: everything to the system, the administrators and the user
-; who installs, reading to all others, nothing from the folder above. Without it anybody could change what later
-; steers the program of an administrator.
+; Puts the access list of the data folders into $R0: full control for the system, the administrators and the
+; installing user, read access for all others, nothing inherited from the parent folder. Without it any user could
+; change the data that the program of an administrator follows later.
 Function AccessList
   StrCpy $R0 ""
   System::Call 'advapi32::OpenProcessToken(p -1, i 8, *p .r0) i .r1'
@@ -80,19 +80,19 @@ Function AccessList
   StrCpy $R0 "D:P(A;OICI;FA;;;SY)(A;OICI;FA;;;BA)$R0(A;OICI;0x1200a9;;;BU)"
 FunctionEnd
 
-; Makes the folder $R1 with the access list $R0, or gives the list to the folder that stands there. A link keeps its
-; own and so does what it leads to. What can't be done is passed over: the program tries it again.
+; Creates the folder $R1 with the access list $R0, or sets the list of an existing folder. A link and its target
+; keep their own lists. Failures are ignored: the program tries again at its start.
 Function ProtectFolder
   System::Call 'advapi32::ConvertStringSecurityDescriptorToSecurityDescriptorW(w R0, i 1, *p .r0, p 0) i .r1'
   ${If} $1 = 0
     Return
   ${EndIf}
-  ; A SECURITY_ATTRIBUTES: its size, the list, no inheriting of the handle, each in eight bytes.
+  ; A SECURITY_ATTRIBUTES: its size, the descriptor, bInheritHandle = FALSE, each in eight bytes.
   System::Call '*(l 24, p r0, l 0) p .r2'
   System::Call 'kernel32::CreateDirectoryW(w R1, p r2) i .r3'
   System::Free $2
   ${If} $3 = 0
-    ; READ_CONTROL, WRITE_DAC, FILE_READ_ATTRIBUTES; the folder or link itself.
+    ; READ_CONTROL, WRITE_DAC, FILE_READ_ATTRIBUTES; opens a link itself, not its target.
     System::Call 'kernel32::CreateFileW(w R1, i 0x60080, i 7, p 0, i 3, i 0x02200000, p 0) p .r4'
     ${If} $4 P<> -1
       System::Alloc 64
@@ -101,7 +101,7 @@ Function ProtectFolder
       System::Call '*$5(i .r7)'
       System::Free $5
       IntOp $7 $7 & 0x410
-      ; Where the system opens what a link leads to, whatever it is asked for, the name tells.
+      ; Some systems open the target all the same. So the attributes of the path are tested as well.
       System::Call 'kernel32::GetFileAttributesW(w R1) i .r8'
       IntOp $8 $8 & 0x410
       ${If} $6 <> 0
@@ -118,7 +118,7 @@ FunctionEnd
 Function .onInit
   SetRegView 64
   SetShellVarContext all
-  ; Over what is there already, unless /D= says something else.
+  ; Install over an existing installation, unless /D= names another folder.
   ReadRegStr $0 HKLM "${UNINSTALL}" "InstallLocation"
   ${If} $0 != ""
   ${AndIf} $INSTDIR == "$PROGRAMFILES64\Tavix"
@@ -180,7 +180,7 @@ Function un.onInit
   !insertmacro StopWhileItRuns
 FunctionEnd
 
-; Name by name, and folders only when they are empty: nothing that somebody has put there goes.
+; Files are removed by name and folders only if they are empty, so that files of others stay.
 !macro RemoveBuckets STORE
   ${For} $0 65 90
     IntFmt $1 "%c" $0

@@ -1,7 +1,6 @@
-// The Registry page over the registry of the system it runs on, beside a bare pass of RegEnumKeyExW,
-// RegEnumValueW and RegQueryValueExW over the same keys: bare_registry [ROUNDS]. The two take turns. Prints
-// the best time of each, and the median of the ratios of all rounds, which other programs at work disturb
-// least.
+// Measures the Registry page over the registry of the running system, beside a bare pass of RegEnumKeyExW,
+// RegEnumValueW and RegQueryValueExW over the same keys: bare_registry [ROUNDS]. The two run in turn. Prints
+// the best time of each, and the median of the rounds' ratios, which varies least on a busy machine.
 
 #include <algorithm>
 #include <chrono>
@@ -20,9 +19,9 @@ namespace {
 
 using namespace tavix;
 
-constexpr DWORD kRoom = 16384;
+constexpr DWORD kMaxNameLength = 16384;
 
-// A key that is open for reading; null where there is none.
+// A key opened for reading. Get() is null if the key does not exist.
 class Key {
  public:
   Key(HKEY base, const Text& path) {
@@ -45,11 +44,11 @@ class Key {
     return names;
   }
   int ReadAll() const {
-    static wchar_t name[kRoom];
+    static wchar_t name[kMaxNameLength];
     static BYTE data[65536];
     int values = 0;
     for (;; ++values) {
-      DWORD nameSize = kRoom, dataSize = sizeof data;
+      DWORD nameSize = kMaxNameLength, dataSize = sizeof data;
       const LSTATUS status =
           RegEnumValueW(key_, static_cast<DWORD>(values), name, &nameSize, nullptr, nullptr, data, &dataSize);
       if (status != ERROR_SUCCESS && status != ERROR_MORE_DATA) return values;

@@ -1,5 +1,5 @@
-// The least that a walk over a tree can cost on Windows: one search through each folder, nothing kept but a
-// count and the sum of the sizes. What the walkers are measured against.
+// The cheapest walk over a tree on Windows, as a peer for the walkers: one search in each folder, which keeps
+// only the number of files and the sum of their sizes.
 
 #include <windows.h>
 
@@ -22,7 +22,7 @@ void Walk(std::wstring& path, Total& total) {
                                          FIND_FIRST_EX_LARGE_FETCH);
   path.resize(length);
   if (search == INVALID_HANDLE_VALUE) return;
-  std::wstring folders;  // joined by bars, which no name has
+  std::wstring folders;  // names, each followed by a bar, which no name contains
   do {
     const std::wstring_view name(data.cFileName);
     if (name == L"." || name == L"..") continue;

@@ -1,4 +1,4 @@
-// A window of the size of the program's, with the same number and kinds of controls and nothing behind them.
+// A window as large as the program's, with as many controls of each kind, which do nothing.
 
 // clang-format off
 #include "platform/windows/windows_api.h"
@@ -12,8 +12,8 @@ struct Kind {
   DWORD style;
   int count;
 };
-// As the program has them: pictures, buttons and a link; the box; labels, the bar and the page; lists and
-// trees.
+// The controls of the program's window: pictures, buttons and a link; the check box; labels, the progress bar
+// and the embedded page; lists; trees.
 const Kind kKinds[] = {
     {L"BUTTON", BS_OWNERDRAW | WS_TABSTOP, 19},
     {L"BUTTON", BS_CHECKBOX | WS_TABSTOP, 1},
@@ -23,9 +23,9 @@ const Kind kKinds[] = {
 };
 constexpr int kWidth = 993, kHeight = 745, kColumns = 6;
 
-LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wide, LPARAM longer) {
+LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_DESTROY) PostQuitMessage(0);
-  return DefWindowProcW(window, message, wide, longer);
+  return DefWindowProcW(window, message, wParam, lParam);
 }
 
 void MakeControls(HWND window) {

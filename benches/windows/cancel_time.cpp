@@ -1,6 +1,6 @@
-// Presses Esc in the running program while it scans, and prints how many milliseconds later its closing line
-// stands: cancel_time RUNS. Between the runs it presses F3. The texts are read without asking the program,
-// so that looking does not hold it up.
+// Presses F3 in the running program, then Esc during the scan, and prints the milliseconds until the closing
+// line is shown: cancel_time RUNS. Reads the status line from the window itself: a message to the program
+// would delay it.
 
 #include "platform/windows/windows_api.h"
 
@@ -13,8 +13,8 @@
 
 namespace {
 
-constexpr DWORD kScanFor = 700;  // milliseconds between the start of a scan and the press
-constexpr DWORD kGiveUp = 20'000;
+constexpr DWORD kScanFor = 700;     // milliseconds between the start of a scan and the press
+constexpr DWORD kTimeout = 20'000;  // milliseconds
 
 bool StatusBegins(HWND status, std::wstring_view start) {
   std::array<wchar_t, 512> text{};
@@ -32,7 +32,7 @@ void Press(WORD key) {
   SendInput(static_cast<UINT>(input.size()), input.data(), sizeof(INPUT));
 }
 
-// Milliseconds until the status line begins so, or nothing below 0 when it never does.
+// The milliseconds until the status line begins with `start`; -1 after a timeout.
 double WaitFor(HWND status, std::wstring_view start) {
   LARGE_INTEGER unit, begun, now;
   QueryPerformanceFrequency(&unit);
@@ -42,7 +42,7 @@ double WaitFor(HWND status, std::wstring_view start) {
     const double taken =
         static_cast<double>(now.QuadPart - begun.QuadPart) * 1000 / static_cast<double>(unit.QuadPart);
     if (StatusBegins(status, start)) return taken;
-    if (taken > kGiveUp) return -1;
+    if (taken > kTimeout) return -1;
     Sleep(1);
   }
 }
@@ -57,7 +57,7 @@ int wmain(int count, wchar_t** values) {
     Press(VK_F3);
     if (WaitFor(status, L"Scanning in '") < 0) return 2;
     Sleep(kScanFor);
-    // A scan that has come to its end shows nothing.
+    // If the scan is over already, there is nothing to measure.
     if (!StatusBegins(status, L"Scanning in '")) return 3;
     Press(VK_ESCAPE);
     const double taken = WaitFor(status, L"Canceled, ");

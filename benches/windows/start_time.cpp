@@ -1,6 +1,6 @@
 // Starts two programs in turn and prints how long each takes from the start of its process until its window
-// is on the screen and answers: start_time RUNS PROGRAM CLASS PROGRAM CLASS. A line a run: the number of the
-// program and milliseconds.
+// is on the screen and answers a message: start_time RUNS PROGRAM CLASS PROGRAM CLASS. Prints one line for
+// each start: the program (0 or 1) and milliseconds.
 
 #include "platform/windows/windows_api.h"
 
@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr DWORD kPatience = 30000;
+constexpr DWORD kTimeout = 30000;
 
 double Milliseconds() {
   LARGE_INTEGER now, perSecond;
@@ -19,10 +19,10 @@ double Milliseconds() {
   return 1000.0 * static_cast<double>(now.QuadPart) / static_cast<double>(perSecond.QuadPart);
 }
 
-// Null after too long a time.
+// Null after a timeout.
 HWND WaitForWindow(const wchar_t* className) {
   const DWORD start = GetTickCount();
-  while (GetTickCount() - start < kPatience) {
+  while (GetTickCount() - start < kTimeout) {
     const HWND window = FindWindowW(className, nullptr);
     if (window != nullptr && IsWindowVisible(window) != FALSE) {
       SendMessageW(window, WM_NULL, 0, 0);
@@ -33,7 +33,7 @@ HWND WaitForWindow(const wchar_t* className) {
   return nullptr;
 }
 
-// Negative when the program doesn't come up.
+// Milliseconds; -1 if the program doesn't start or shows no window.
 double TimeStart(const wchar_t* program, const wchar_t* className) {
   STARTUPINFOW startup{};
   startup.cb = sizeof startup;
@@ -48,7 +48,7 @@ double TimeStart(const wchar_t* program, const wchar_t* className) {
   const HWND window = WaitForWindow(className);
   const double taken = Milliseconds() - start;
   if (window != nullptr) PostMessageW(window, WM_CLOSE, 0, 0);
-  WaitForSingleObject(process.hProcess, kPatience);
+  WaitForSingleObject(process.hProcess, kTimeout);
   CloseHandle(process.hThread);
   CloseHandle(process.hProcess);
   return window != nullptr ? taken : -1;

@@ -20,11 +20,11 @@ namespace {
 
 constexpr TextView kAllRecycleBins = u"Recycle Bin/All Recycle Bins";
 
-// The ticked functions with a bar before each and behind the last; row 0 is the master row.
+// The captions of the ticked functions, each between two bars: "|a|b|", or "|" if none is ticked.
 Text TickedFunctions() {
   Text funcs = u"|";
   const CheckList& list = frmPubMain.lst;
-  for (int row = 1; row < list.ListCount(); ++row) {
+  for (int row = 1; row < list.ListCount(); ++row) {  // row 0 is the master row
     if (list.Selected(row)) funcs += Concat(list.List(row), u"|");
   }
   return funcs;
@@ -37,10 +37,10 @@ int CountSteps(TextView funcs) {
   for (int i = 1; i <= frmPubMain.trvRes.NodeCount(); ++i) {
     steps += IsTickedFolder(*frmPubMain.trvRes.NodeAt(i)) ? 1 : 0;
   }
-  return steps + (Holds(funcs, kDuplicateFiles) ? 2 : 0);
+  return steps + (Names(funcs, kDuplicateFiles) ? 2 : 0);
 }
 
-// The paths of ExceptFolders in lower case, each with what lies below it.
+// A pattern for each folder of the setting ExceptFolders, in lower case: the folder and all below it.
 std::vector<Text> ExceptionPatterns() {
   std::vector<Text> patterns;
   for (const TextView exception : Split(ExceptFolders, u"|")) {
@@ -50,7 +50,7 @@ std::vector<Text> ExceptionPatterns() {
   return patterns;
 }
 
-bool IsLeftOut(TextView key, const std::vector<Text>& exceptions) {
+bool IsExcluded(TextView key, const std::vector<Text>& exceptions) {
   const Text folder = ToLower(WithSeparator(key));
   if (folder.contains(u"c:\\morvdatapath")) return true;
   const bool recycled =
@@ -72,18 +72,19 @@ void RunAdvancedScan() {
   for (int i = 1; i <= nodes; ++i) {
     const Node* node = frmPubMain.trvRes.NodeAt(i);
     if (node != nullptr && IsTickedFolder(*node)) {
-      // The tree can be another one after the walk. A folder whose subfolders stand in it is looked at by
-      // itself: they have ticks of their own.
+      // Copy the key: the walk lets the user rebuild the tree, which deletes the node.
       const Text key = node->Key;
-      if (!IsLeftOut(key, exceptions)) {
-        WalkAdvancedFolder(key, funcs, node->Children() == 0);
+      if (!IsExcluded(key, exceptions)) {
+        // Subfolders that are nodes of the tree are walked by their own ticks.
+        const bool recurse = node->Children() == 0;
+        WalkAdvancedFolder(key, funcs, recurse);
         if (CancelRequested) return;
       }
       AdvanceProgressBar();
     }
     platform::Yield();
   }
-  if (!CancelRequested && Holds(funcs, kDuplicateFiles)) CompareDuplicateFiles();
+  if (!CancelRequested && Names(funcs, kDuplicateFiles)) CompareDuplicateFiles();
 }
 
 }  // namespace tavix::mdlPubSelf

@@ -2,9 +2,9 @@
 
 namespace tavix::mdlPubSelf {
 
-// Runs each ticked function of lst over each ticked folder of trvRes, leaving out the program's own data and
-// the folders of the setting ExceptFolders, and then compares duplicates. Moves the progress bar by one step
-// for each folder. Ends at once when Cancel is pressed during a walk.
+// Runs the ticked functions of lst over each ticked folder of trvRes, then compares duplicates. Skips the
+// program's own data and the folders of the setting ExceptFolders. Moves the progress bar by one step for
+// each folder. Returns at once if Cancel is pressed during a walk.
 void RunAdvancedScan();
 
 }  // namespace tavix::mdlPubSelf

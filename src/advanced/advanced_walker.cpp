@@ -19,7 +19,7 @@ class AdvancedWalk {
 
   void Run(TextView folder) {
     if (!EnterFirst(folder)) return;
-    // Painting isn't suspended any more once a folder further down was left.
+    // Each subfolder suspends painting when it is entered and resumes it when it is left.
     while (chain_.Depth() > 0) {
       if (chain_.GoToNext()) {
         frmPubMain.lsvResult.PaintingSuspended = true;
@@ -33,13 +33,13 @@ class AdvancedWalk {
 
  private:
   bool EnterFirst(TextView folder) {
-    // Where the test can't be answered it is passed over, and the walk shows what it can list.
+    // If the test can't tell, walk all the same: the walk lists what it can.
     if (!CancelRequested && fileSystemObject.FolderExists(folder) == false) return false;
-    const Text asked = WithSeparator(folder);
+    const Text requested = WithSeparator(folder);
     const auto path =
-        fileSystemObject.GetFolder(asked).and_then([](const Folder& found) { return found.Path(); });
+        fileSystemObject.GetFolder(requested).and_then([](const Folder& found) { return found.Path(); });
     chain_.Enter(path.value_or(Text()));
-    return !path || VisitFolder(asked);
+    return !path || VisitFolder(requested);
   }
 
   void Leave() {
@@ -47,22 +47,22 @@ class AdvancedWalk {
     if (chain_.Depth() > 0) frmPubMain.lsvResult.PaintingSuspended = false;
   }
 
-  // Only the root of a drive has a path this short, and it is never empty.
+  // Visits the folder at the end of the chain; `shown` is its path for the status line. False if the folder
+  // is gone. Only the root of a drive has a path shorter than 4 characters, and it never counts as empty.
   bool VisitFolder(const Text& shown) {
-    constexpr size_t kShortestJudged = 4;
+    constexpr size_t kShortestTested = 4;
     if (CancelRequested) return true;
     const Text path = chain_.Path();
     const auto list = [this](const platform::EntryVisitor& see) { return chain_.List(see, {}); };
-    const FolderReader::Visit visit = reader_.Read(path, list, path.size() >= kShortestJudged);
-    if (!visit.empty && !visit.content.WasRead() && fileSystemObject.FolderExists(path) == false)
-      return false;
+    const FolderReader::Visit visit = reader_.Read(path, list, path.size() >= kShortestTested);
+    if (!visit.empty && !visit.content.IsRead() && fileSystemObject.FolderExists(path) == false) return false;
     frmPubMain.lblProgS.Caption = Concat(u"Scanning in '", shown, u"', please wait...");
     if (visit.empty) {
-      if (Holds(funcs_, kEmptyFoldersAndFiles)) AddEmptyFolderRow(path, chain_.StartLength());
+      if (Names(funcs_, kEmptyFoldersAndFiles)) AddEmptyFolderRow(path, chain_.StartLength());
       return true;
     }
     junk_.Update();
-    FolderFunctions(path, chain_.StartLength(), visit.content, funcs_).Run(junk_, system_);
+    FolderFunctions(path, chain_.StartLength(), visit.content, funcs_).Run(junk_, systemFiles_);
     if (recurse_) AddSubFolders(visit.content);
     return true;
   }
@@ -82,7 +82,7 @@ class AdvancedWalk {
   FolderChain chain_;
   FolderReader reader_;
   JunkMatcher junk_;
-  FileNames system_;
+  FileNames systemFiles_;
 };
 
 }  // namespace

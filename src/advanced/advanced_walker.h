@@ -4,10 +4,11 @@
 
 namespace tavix::mdlPubSelf {
 
-// Applies the functions that `funcs` names, each between two bars, to a folder: for each finding a row. With
-// `recurse` to all folders below as well, each after its files, links included. A folder whose files add up
-// to zero bytes is one row, and nothing in it is looked at. Shows the folder in lblProgS and lets the user
-// interface run once a folder. A folder that is missing adds nothing; after Cancel none is looked at.
+// Applies functions to a folder and adds a row for each finding. `funcs` names the functions, each between
+// two bars. With `recurse` the walk goes on into all folders below, links to folders included; the files of a
+// folder come before its subfolders. A folder whose files add up to zero bytes is one row, and its content
+// isn't looked at. Shows each folder in lblProgS and yields to the user interface once for each. A missing
+// folder adds nothing. After Cancel no further folder is looked at.
 void WalkAdvancedFolder(TextView folder, TextView funcs, bool recurse);
 
 }  // namespace tavix::mdlPubSelf

@@ -14,12 +14,12 @@
 namespace tavix::mdlPubSelf {
 namespace {
 
-// The two files of a comparison. A path that leads nowhere leaves the file of the comparison before.
+// The two files of a comparison. If a path can't be opened, the file of the previous comparison stays.
 struct Pair {
   File first, second;
 };
 
-// What isn't known of one of the files can't be equal.
+// False if either value is unknown.
 template <class Value>
 bool AreEqual(const std::optional<Value>& left, const std::optional<Value>& right) {
   return left && left == right;
@@ -32,7 +32,8 @@ bool AreDuplicates(Pair& pair, TextView first, TextView second) {
   return DuplicateModified != u"Y" || AreEqual(pair.first.DateLastModified(), pair.second.DateLastModified());
 }
 
-// Takes those that equal path `i` out of the list and into a group file.
+// Writes path `i` and its duplicates into a group file, and empties the duplicates in the list. Without a
+// duplicate there is no group file.
 void MakeGroup(std::vector<Text>& paths, size_t i, TextView groupName, Pair& pair) {
   if (paths[i].empty()) return;
   const Text group = Concat(groupName, u"_", ToText(static_cast<long long>(i)));

@@ -2,9 +2,10 @@
 
 namespace tavix::mdlPubSelf {
 
-// Compares the candidates of each file name by the settings, by size and time alone, writes each group of
-// duplicates to a file of its own and deletes the candidates. Meanwhile the timer loads groups into the list;
-// what is left is loaded at the end. Moves the progress bar by two steps. Isn't stopped by Cancel.
+// Compares the candidates of each file name by size and time, as the settings say; contents aren't compared.
+// Writes each group of duplicates to its own file and deletes the candidates. Meanwhile the timer loads
+// groups into the result list; the rest is loaded at the end. Moves the progress bar by two steps. Cancel
+// doesn't stop it.
 void CompareDuplicateFiles();
 
 }  // namespace tavix::mdlPubSelf

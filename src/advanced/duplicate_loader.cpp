@@ -13,19 +13,19 @@
 namespace tavix::mdlPubSelf {
 namespace {
 
-constexpr Color kKeptCopy = 0xB56D38;  // blue, green, red
+constexpr Color kKeptCopy = 0xB56D38;  // 0xBBGGRR
 
 void AddMemberRow(const File& file, bool first) {
   const auto size = file.Size();
   const auto folder = file.ParentFolder().and_then([](const Folder& parent) { return parent.Path(); });
   ListView::Item row = AddResultItem(u"Duplicate File", file.Name(), size.transform(FormatSizeText), folder,
                                      size.transform(FormatSizeKey), u"F", !first);
-  // A file names the path, and it says nothing of where a walk began.
+  // The path comes from a group file, which doesn't say where the walk began.
   SetWalkStart(row, 0);
   if (first) row.SetForeColor(kKeptCopy);
 }
 
-// `file` is what the line before was about, which shows again for a path that leads nowhere.
+// `file` keeps the file of the previous line: a path that can't be opened shows that one again.
 void LoadGroup(TextView group, File& file) {
   bool first = true;
   for (const Text& path : ReadTextLines(group)) {
@@ -41,7 +41,7 @@ void LoadBucket(const Folder& bucket, TextView name, File& file) {
   for (const File& group : bucket.Files().value_or(std::vector<File>())) {
     const auto path = group.Path();
     if (!path) continue;
-    // Where the test can't be answered it is passed over, and the group is loaded.
+    // Skip a group while a candidate file has the group file's name. If the test can't tell, load the group.
     const Text candidate = Concat(kScannedFolder, u"\\", name, u"\\", group.Name().value_or(Text()));
     if (fileSystemObject.FileExists(candidate) == true) continue;
     LoadGroup(*path, file);

@@ -5,20 +5,20 @@
 
 namespace tavix::mdlPubSelf {
 
-bool FileNames::Hold(TextView folder, TextView name) {
-  if (!asked_ || folder_ != folder) Read(folder);
+bool FileNames::Contains(TextView folder, TextView name) {
+  if (!read_ || folder_ != folder) Read(folder);
   if (capitals_ && !capitals_->contains(ToUpper(name))) return false;
   return fileSystemObject.FileExists(Concat(folder, u"\\", name)) == true;
 }
 
 void FileNames::Read(TextView folder) {
   folder_ = folder;
-  asked_ = true;
+  read_ = true;
   capitals_.emplace();
-  const bool read = fileSystemObject.List(folder, [this](const platform::DirectoryEntry& entry) {
+  const bool listed = fileSystemObject.List(folder, [this](const platform::DirectoryEntry& entry) {
     if (!entry.folder) capitals_->insert(ToUpper(entry.name));
   });
-  if (!read) capitals_.reset();
+  if (!listed) capitals_.reset();
 }
 
 }  // namespace tavix::mdlPubSelf

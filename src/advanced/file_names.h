@@ -7,19 +7,19 @@
 
 namespace tavix::mdlPubSelf {
 
-// The names of the files of one folder, read when they are first asked for, so that a walk doesn't look for
-// each of many names that aren't there. A file that comes later isn't known.
+// The names of the files in one folder. They are read once, at the first question, so that a walk doesn't ask
+// the disk for each of many names that aren't there. Files that are added later aren't known.
 class FileNames {
  public:
-  // Whether the folder holds a file of this name.
-  bool Hold(TextView folder, TextView name);
+  // Whether the folder contains a file with this name. False if that can't be told.
+  bool Contains(TextView folder, TextView name);
 
  private:
   void Read(TextView folder);
 
   Text folder_;
-  bool asked_ = false;
-  std::optional<std::unordered_set<Text>> capitals_;  // nothing when the folder can't be read
+  bool read_ = false;
+  std::optional<std::unordered_set<Text>> capitals_;  // empty if the folder can't be listed
 };
 
 }  // namespace tavix::mdlPubSelf

@@ -18,15 +18,15 @@ using File = FolderContent::File;
 
 constexpr TextView kZeroSize = u"0";
 
-// Lists the files that fit the patterns, in the order of their names.
+// Visits the files that match the patterns, in the order of their names.
 template <class Visitor>
-void VisitFileList(TextView path, TextView patterns, const FilePatterns& fit, const FolderContent& content,
+void VisitFileList(TextView path, TextView patterns, const FilePatterns& filter, const FolderContent& content,
                    Visitor visit) {
   frmPubMain.flb.Path = Text(path);
   frmPubMain.flb.Pattern = Text(patterns);
   for (size_t i = 0; i < content.FileCount(); ++i) {
     const File file = content.FileAt(i);
-    if (fit.MatchCapitals(file.capitals)) visit(file);
+    if (filter.MatchCapitals(file.capitals)) visit(file);
   }
 }
 
@@ -39,7 +39,7 @@ bool ReachesLeastSize(double bytes) {
   return least && bytes / 1024 >= *least;
 }
 
-bool Holds(TextView funcs, TextView function) { return funcs.contains(Concat(u"|", function, u"|")); }
+bool Names(TextView funcs, TextView function) { return funcs.contains(Concat(u"|", function, u"|")); }
 
 void AddEmptyFolderRow(TextView path, size_t startLength) {
   const TextView name = path.substr(path.find_last_of(u'\\') + 1);
@@ -47,13 +47,13 @@ void AddEmptyFolderRow(TextView path, size_t startLength) {
                startLength);
 }
 
-void FolderFunctions::Run(const JunkMatcher& junk, FileNames& system) {
-  // Nothing sets this, so no candidates are written: the function is offered and finds nothing.
+void FolderFunctions::Run(const JunkMatcher& junk, FileNames& systemFiles) {
+  // Nothing sets this, so no candidates are written: Duplicate Files is offered but finds nothing yet.
   bool CollectDuplicates = false;
-  if (Holds(funcs_, kJunkFiles)) FindJunk(junk);
-  if (Holds(funcs_, kDuplicateFiles) && OnlyCommon == u"Y" && CollectDuplicates) CollectCommonTypes();
-  if (Holds(funcs_, kInvalidShortcuts)) FindInvalidShortcuts();
-  if (Holds(funcs_, kRedundantDlls)) FindRedundantDlls(system);
+  if (Names(funcs_, kJunkFiles)) FindJunk(junk);
+  if (Names(funcs_, kDuplicateFiles) && OnlyCommon == u"Y" && CollectDuplicates) CollectCommonTypes();
+  if (Names(funcs_, kInvalidShortcuts)) FindInvalidShortcuts();
+  if (Names(funcs_, kRedundantDlls)) FindRedundantDlls(systemFiles);
   TestEachFile(CollectDuplicates);
 }
 
@@ -73,7 +73,7 @@ void FolderFunctions::AddFileRow(TextView type) const {
   AddRow(type, file_.name, FormatSizeText(file_.size), FormatSizeKey(file_.size));
 }
 
-// A name that fits patterns of two lists has a row for each.
+// A file that matches patterns of two lists has two rows.
 void FolderFunctions::FindJunk(const JunkMatcher& junk) {
   for (size_t i = 0; i < junk.Lists().size(); ++i) {
     VisitFileList(path_, junk.Patterns(i), junk.Lists()[i], content_, [&](const File& file) {
@@ -92,7 +92,8 @@ void FolderFunctions::CollectCommonTypes() {
   });
 }
 
-// With no file opened there is nothing to be judged.
+// A shortcut that can't be opened is judged by the file opened before it; if there is none, it counts as
+// valid.
 void FolderFunctions::FindInvalidShortcuts() {
   static const FilePatterns kShortcuts(u"*.lnk");
   VisitFileList(path_, u"*.lnk", kShortcuts, content_, [this](const File& file) {
@@ -103,23 +104,23 @@ void FolderFunctions::FindInvalidShortcuts() {
   });
 }
 
-void FolderFunctions::FindRedundantDlls(FileNames& system) {
+void FolderFunctions::FindRedundantDlls(FileNames& systemFiles) {
   static const FilePatterns kLibraries(u"*.dll");
   constexpr int kSystemFolder = 9966;
   VisitFileList(path_, u"*.dll", kLibraries, content_, [&](const File& file) {
     Open(file);
     Text folder;
     pubSystem.GetSpecialFolder(kSystemFolder, folder);
-    if (!opened_ || !system.Hold(folder, file_.name)) return;
+    if (!opened_ || !systemFiles.Contains(folder, file_.name)) return;
     AddFileRow(u"Redundant DLL");
   });
 }
 
 void FolderFunctions::TestEachFile(bool collectDuplicates) {
   const Text lastAccessed = Concat(u"Last Accessed ", LastAccessedFile, u" Days Before");
-  const bool findEmpty = Holds(funcs_, kEmptyFoldersAndFiles);
-  const bool findOld = Holds(funcs_, lastAccessed);
-  const bool findDuplicates = OnlyCommon != u"Y" && Holds(funcs_, kDuplicateFiles);
+  const bool findEmpty = Names(funcs_, kEmptyFoldersAndFiles);
+  const bool findOld = Names(funcs_, lastAccessed);
+  const bool findDuplicates = OnlyCommon != u"Y" && Names(funcs_, kDuplicateFiles);
   if (!findEmpty && !findOld && !findDuplicates) return;
   const auto days = ToInteger16(LastAccessedFile);
   for (size_t i = 0; i < content_.FileCount(); ++i) {
@@ -128,7 +129,7 @@ void FolderFunctions::TestEachFile(bool collectDuplicates) {
     if (findEmpty && opened_ && file_.size == 0 && !file_.link) {
       AddRow(u"Empty File", file_.name, kZeroSize, kNoSizeKey);
     }
-    // Some disks keep no such time.
+    // Some disks keep no time of last access.
     if (findOld && opened_ && days && file_.accessed != platform::kUnknownTime) {
       if (const auto since = CalendarDaysSince(file_.accessed); since && *since >= *days) {
         AddFileRow(lastAccessed);

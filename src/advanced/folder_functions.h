@@ -13,25 +13,25 @@ constexpr TextView kEmptyFoldersAndFiles = u"Empty Folders and Files";
 constexpr TextView kRedundantDlls = u"Redundant DLLs";
 constexpr TextView kJunkFiles = u"Junk Files";
 
-// Whether the list, with a bar around each function, holds this one.
-bool Holds(TextView funcs, TextView function);
+// Whether `funcs` names the function. Each name in `funcs` stands between two bars.
+bool Names(TextView funcs, TextView function);
 
-// Whether a size in bytes is at least `LeastSize`. False where that setting is no number.
+// Whether a size in bytes is at least the setting LeastSize (in KB). False if the setting is no number.
 bool ReachesLeastSize(double bytes);
 
-// The row of a folder that adds up to zero bytes. The walk began at the folder that the first `startLength`
-// characters of the path name.
+// Adds the row of a folder whose files add up to zero bytes. The first `startLength` characters of the path
+// name the folder where the walk began.
 void AddEmptyFolderRow(TextView path, size_t startLength);
 
-// Applies the functions that look at files to one folder, one function after the other.
+// Applies the functions that look at files to one folder, one function after another.
 class FolderFunctions {
  public:
-  // The walk began at the folder that the first `startLength` characters of the path name.
+  // The first `startLength` characters of the path name the folder where the walk began.
   FolderFunctions(TextView path, size_t startLength, const FolderContent& content, TextView funcs)
       : path_(path), startLength_(startLength), content_(content), funcs_(funcs) {}
 
-  // `system` stays the same for all folders of a walk.
-  void Run(const JunkMatcher& junk, FileNames& system);
+  // `systemFiles` caches the names in the system folder; pass the same object for all folders of a walk.
+  void Run(const JunkMatcher& junk, FileNames& systemFiles);
 
  private:
   using File = FolderContent::File;
@@ -43,14 +43,14 @@ class FolderFunctions {
   void FindJunk(const JunkMatcher& junk);
   void CollectCommonTypes();
   void FindInvalidShortcuts();
-  void FindRedundantDlls(FileNames& system);
+  void FindRedundantDlls(FileNames& systemFiles);
   void TestEachFile(bool collectDuplicates);
 
   const Text path_;
   const size_t startLength_;
   const FolderContent& content_;
   const TextView funcs_;
-  // The file opened last. One that can't be opened leaves it.
+  // The file opened last. A file that can't be opened leaves it unchanged.
   File file_{};
   bool opened_ = false;
 };

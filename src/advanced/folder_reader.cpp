@@ -36,35 +36,35 @@ FolderContent::File FolderContent::FileAt(size_t index) const {
           file.link};
 }
 
-FolderReader::Visit FolderReader::Read(const Text& path, const FolderContent::Lister& list, bool judge) {
+FolderReader::Visit FolderReader::Read(const Text& path, const FolderContent::Lister& list, bool testEmpty) {
   Visit visit;
-  if (const auto known = ahead_.extract(path)) {
+  if (const auto known = readAhead_.extract(path)) {
     visit.empty = !known.mapped();
     if (known.mapped()) visit.content = *std::move(known.mapped());
     return visit;
   }
   visit.content = FolderContent(list);
-  visit.empty = judge && AddsUpToNothing(path, visit.content);
+  visit.empty = testEmpty && IsTreeEmpty(path, visit.content);
   return visit;
 }
 
-// From the folder above where that is open: to find a deep folder by its path takes a while.
-FolderReader::Level FolderReader::ReadNextBelow(std::vector<Level>& levels) {
+// Opens the subfolder from its parent if that is open: opening a deep folder by its path is slow.
+FolderReader::Level FolderReader::ReadNextSubFolder(std::vector<Level>& levels) {
   constexpr size_t kMostOpen = 8;
   if (levels.size() > kMostOpen) levels[levels.size() - 1 - kMostOpen].open.reset();
-  Level& above = levels.back();
-  const Text& name = above.content.SubFolders()[above.next++].name;
-  Level below;
-  below.path = PathBelow(above.path, name);
-  if (above.open != nullptr) below.open = above.open->Open(name);
-  if (below.open == nullptr) below.open = fileSystemObject.Open(below.path);
-  below.content = FolderContent([&below](const platform::EntryVisitor& visit) {
-    return below.open != nullptr && below.open->List(visit, {});
+  Level& parent = levels.back();
+  const Text& name = parent.content.SubFolders()[parent.next++].name;
+  Level child;
+  child.path = PathBelow(parent.path, name);
+  if (parent.open != nullptr) child.open = parent.open->Open(name);
+  if (child.open == nullptr) child.open = fileSystemObject.Open(child.path);
+  child.content = FolderContent([&child](const platform::EntryVisitor& visit) {
+    return child.open != nullptr && child.open->List(visit, {});
   });
-  return below;
+  return child;
 }
 
-bool FolderReader::AddsUpToNothing(const Text& path, FolderContent& content) {
+bool FolderReader::IsTreeEmpty(const Text& path, FolderContent& content) {
   std::vector<Level> levels;
   levels.push_back({path, std::move(content)});
   bool empty = levels.back().content.IsEmptyByItself();
@@ -76,23 +76,23 @@ bool FolderReader::AddsUpToNothing(const Text& path, FolderContent& content) {
       levels.pop_back();
       continue;
     }
-    levels.push_back(ReadNextBelow(levels));
+    levels.push_back(ReadNextSubFolder(levels));
     empty = levels.back().content.IsEmptyByItself();
   }
-  if (!empty) KeepAnswers(levels);
+  if (!empty) Remember(levels);
   content = std::move(levels.front().content);
   return empty;
 }
 
-// The last level has the file that decided it; it and those above aren't empty.
-void FolderReader::KeepAnswers(std::vector<Level>& levels) {
+// The search ended in the last level: none of the levels is empty. The subfolders before each are.
+void FolderReader::Remember(std::vector<Level>& levels) {
   for (const Level& level : levels) {
     for (size_t i = 0; i + 1 < level.next; ++i) {
-      ahead_.emplace(PathBelow(level.path, level.content.SubFolders()[i].name), std::nullopt);
+      readAhead_.emplace(PathBelow(level.path, level.content.SubFolders()[i].name), std::nullopt);
     }
   }
   for (size_t i = 1; i < levels.size(); ++i) {
-    ahead_.emplace(std::move(levels[i].path), std::move(levels[i].content));
+    readAhead_.emplace(std::move(levels[i].path), std::move(levels[i].content));
   }
 }
 

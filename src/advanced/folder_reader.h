@@ -11,15 +11,16 @@
 
 namespace tavix::mdlPubSelf {
 
-// What one reading of a folder has given. What a path can't name is left out, and its folder isn't empty.
+// The content of a folder as listed once. Entries whose names no path can hold are left out, but a folder
+// with such an entry isn't empty.
 class FolderContent {
  public:
   struct File {
     TextView name;
-    TextView capitals;  // of the name
+    TextView capitals;  // the name in capitals
     double size = 0;
     platform::DateTime accessed = platform::kUnknownTime;
-    bool known = true;  // whether more than the name could be had
+    bool known = true;  // false if only the name could be read
     bool link = false;
   };
   struct SubFolder {
@@ -27,15 +28,16 @@ class FolderContent {
     bool link = false;
   };
 
-  // Lists a folder, as platform::OpenFolder does it.
+  // Lists a folder; see platform::OpenFolder::List.
   using Lister = std::function<bool(const platform::EntryVisitor& visit)>;
 
   FolderContent() = default;
-  // Of a folder that can't be read: nothing.
+  // No entries if the folder can't be read.
   explicit FolderContent(const Lister& list);
 
-  bool WasRead() const { return read_; }
-  // Whether it was read, no file in it has a size and nothing is a link, whatever its subfolders hold.
+  bool IsRead() const { return read_; }
+  // Whether the folder could be read, all files directly in it have zero bytes and none of its entries is a
+  // link. Says nothing about what its subfolders contain.
   bool IsEmptyByItself() const { return read_ && isEmpty_; }
   size_t FileCount() const { return files_.size(); }
   File FileAt(size_t index) const;
@@ -49,21 +51,21 @@ class FolderContent {
     bool known = true;
     bool link = false;
   };
-  Text names_;     // one behind the other
-  Text capitals_;  // of all names
+  Text names_;     // all names in one text; Stored says where each ends
+  Text capitals_;  // names_ in capitals
   std::vector<Stored> files_;
   std::vector<SubFolder> subFolders_;
   bool read_ = false;
   bool isEmpty_ = true;
 };
 
-// Reads the folders of a walk, and tells of each whether all files in it and below add up to zero bytes, with
-// no link among them: what a link leads to isn't looked at, and it is something by itself.
+// Reads the folders of a walk, and tests of each whether it is empty: all files in it and below it have zero
+// bytes and no entry is a link. A link counts as content, whatever it leads to.
 //
-// Each folder is read once. A folder with a file of some size has its answer at once. Otherwise its
-// subfolders are read, depth first, until a file with a size or a folder that can't be read turns up. Then
-// the folders on the way there are known not to be empty, and those left behind are known to be; both
-// answers and what was read are kept until the walk comes by. What none has looked at stays open until then.
+// Each folder is listed once. A folder with a file that isn't empty has its answer at once. Otherwise its
+// subfolders are read ahead, depth first, until one has such a file or can't be read. Then the folders on the
+// path to that one are known not to be empty, and the subfolders passed before are known to be empty. Both
+// results are kept until the walk gets there.
 class FolderReader {
  public:
   struct Visit {
@@ -71,25 +73,25 @@ class FolderReader {
     bool empty = false;
   };
 
-  // The content of the next folder of the walk, which is listed by `list` unless that has been done. The path
-  // has no backslash at the end but a drive's. With `judge`, also whether it is known to be empty; the
-  // content of one that is may not have been read.
-  Visit Read(const Text& path, const FolderContent::Lister& list, bool judge);
+  // Reads the next folder of the walk with `list`, unless it has been read ahead. The path has no backslash
+  // at its end, except a drive's root. With `testEmpty` the result says whether the folder is empty. The
+  // content of an empty folder may be missing.
+  Visit Read(const Text& path, const FolderContent::Lister& list, bool testEmpty);
 
  private:
   struct Level {
     Text path;
     FolderContent content;
-    size_t next = 0;                                  // the subfolder to be looked at next
-    std::unique_ptr<platform::OpenFolder> open = {};  // of the innermost few
+    size_t next = 0;                                  // index of the next subfolder to read
+    std::unique_ptr<platform::OpenFolder> open = {};  // only the innermost few levels stay open
   };
 
-  static Level ReadNextBelow(std::vector<Level>& levels);
-  bool AddsUpToNothing(const Text& path, FolderContent& content);
-  void KeepAnswers(std::vector<Level>& levels);
+  static Level ReadNextSubFolder(std::vector<Level>& levels);
+  bool IsTreeEmpty(const Text& path, FolderContent& content);
+  void Remember(std::vector<Level>& levels);
 
-  // Folders of known answer that the walk hasn't come to: their content, or nothing where they are empty.
-  std::unordered_map<Text, std::optional<FolderContent>> ahead_;
+  // Folders read ahead, by path: the content of one that isn't empty, nothing for an empty one.
+  std::unordered_map<Text, std::optional<FolderContent>> readAhead_;
 };
 
 }  // namespace tavix::mdlPubSelf

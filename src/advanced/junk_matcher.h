@@ -7,22 +7,24 @@
 
 namespace tavix::mdlPubSelf {
 
-// The junk types as a scan of folders needs them.
+// Finds junk files by the patterns of the junk types, in two steps: a file list picks names by wildcards,
+// then IsConfirmed applies the stricter rule to each.
 class JunkMatcher {
  public:
-  // Takes over JunkPatternChunks and JunkTypes where they have changed since.
+  // Reloads JunkPatternChunks and JunkTypes if they have changed.
   void Update();
-  // The file lists to be gone through, one after the other.
+  // The wildcards of each chunk, to list files with.
   const std::vector<FilePatterns>& Lists() const { return lists_; }
+  // The text of chunk `list`.
   TextView Patterns(size_t list) const { return chunks_[list]; }
-  // Whether a listed name is confirmed by the pattern of some type, under the stricter rule in which `#` is
-  // a digit, `[...]` a set and `?` exactly one character.
+  // Whether the name matches the pattern of a junk type under the stricter rule: `#` is a digit, `[...]` a
+  // set of characters, `?` exactly one character.
   bool IsConfirmed(TextView name) const;
 
  private:
-  std::vector<Text> chunks_, types_;  // as they were taken over
-  std::vector<FilePatterns> lists_;   // one for each of the first
-  std::vector<Text> patterns_;        // of the second, in lower case
+  std::vector<Text> chunks_, types_;  // copies of JunkPatternChunks and JunkTypes
+  std::vector<FilePatterns> lists_;   // made of chunks_
+  std::vector<Text> patterns_;        // made of types_, in lower case
 };
 
 }  // namespace tavix::mdlPubSelf

@@ -10,7 +10,7 @@
 namespace tavix::mdlPubSelf {
 namespace {
 
-// The function that lst shows under this caption, on any page; null for none.
+// The function of any page with this caption in lst; null if there is none.
 const CleaningFunction* FunctionByCaption(TextView caption) {
   for (const auto functions : {kSystemFunctions, kRegistryFunctions, kAdvancedFunctions}) {
     const auto found = std::ranges::find(functions, caption, CaptionOf);

@@ -2,11 +2,12 @@
 
 namespace tavix::mdlPubSelf {
 
-// A click on a row of lst: shows the description of its function in lblProgS, and the link to its options
-// where it has some. The master row tells what its next tick will do. A caption that no function bears (any
-// more) leaves lblProgS as it is.
+// Handles a click on a row of lst. Shows the description of the function in lblProgS, and the link to its
+// options if it has any. The master row shows what its next tick will do. If no function has the caption (the
+// setting in it has changed since), lblProgS stays as it is.
 void lst_Click();
-// Shows the options window at the page of the function in focus in lst, or as it stands where that has none.
+// Shows the options window at the page of the focused function. If the function has no page there, the window
+// opens at the page shown last.
 void lblOpt_Click();
 
 }  // namespace tavix::mdlPubSelf

@@ -5,15 +5,15 @@
 namespace tavix::mdlPubSelf {
 namespace {
 
-Text WithDays(TextView words) {
-  const size_t mark = words.find(u'?');
-  if (mark == TextView::npos) return Text(words);
-  return Concat(words.substr(0, mark), LastAccessedFile, words.substr(mark + 1));
+Text WithNumberOfDays(TextView text) {
+  const size_t mark = text.find(u'?');
+  if (mark == TextView::npos) return Text(text);
+  return Concat(text.substr(0, mark), LastAccessedFile, text.substr(mark + 1));
 }
 
 }  // namespace
 
-Text CaptionOf(const CleaningFunction& function) { return WithDays(function.Caption); }
-Text DescriptionOf(const CleaningFunction& function) { return WithDays(function.Description); }
+Text CaptionOf(const CleaningFunction& function) { return WithNumberOfDays(function.Caption); }
+Text DescriptionOf(const CleaningFunction& function) { return WithNumberOfDays(function.Description); }
 
 }  // namespace tavix::mdlPubSelf

@@ -7,15 +7,15 @@
 
 namespace tavix::mdlPubSelf {
 
-// Pages of the options window that functions have their options on.
+// The pages of the options window that hold options of functions.
 constexpr int16_t kNoOptions = 0;
 constexpr int16_t kJunkFilesPage = 2;
 constexpr int16_t kDuplicateFilesPage = 3;
 constexpr int16_t kOtherOptionsPage = 5;
 
-// A function that the window offers. Each is ticked when its page is first shown. The two branches of the
-// privacy tree stand among its functions with keys of their own and are none. A question mark in caption and
-// description stands for the days of the setting LastAccessedFile.
+// A function that the window offers. It is ticked when its page is first shown. The two branches of the
+// privacy tree are entries of this kind, too, with their own keys, though they are no functions. A question
+// mark in Caption and Description stands for the number of days in the setting LastAccessedFile.
 struct CleaningFunction {
   TextView Key;
   TextView Caption;
@@ -29,14 +29,14 @@ constexpr CleaningFunction ByCaption(TextView caption, TextView description,
   return {caption, caption, description, optionsPage};
 }
 
-// The functions of each page in their order, which is that of a scan. On the Privacy page each branch stands
+// The functions of each page, in the order of the page and of a scan. On the Privacy page each branch comes
 // before its functions.
 extern const std::span<const CleaningFunction> kPrivacyFunctions;
 extern const std::span<const CleaningFunction> kSystemFunctions;
 extern const std::span<const CleaningFunction> kRegistryFunctions;
 extern const std::span<const CleaningFunction> kAdvancedFunctions;
 
-// The words as the window shows them, with the days put in.
+// The texts as the window shows them: with the number of days in place of the question mark.
 Text CaptionOf(const CleaningFunction& function);
 Text DescriptionOf(const CleaningFunction& function);
 

@@ -15,10 +15,10 @@ namespace {
 struct Page {
   PictureBox* picture;
   TextView image;
-  std::span<const CleaningFunction> functions;  // those of lst; none where the page has a tree in its place
+  std::span<const CleaningFunction> functions;  // the rows of lst; empty if the page shows a tree instead
 };
 
-// By `LastPage`.
+// Indexes of kPages and values of LastPage.
 constexpr int16_t kPrivacyPage = 0;
 constexpr int16_t kSystemPage = 1;
 constexpr int16_t kRegistryPage = 2;
@@ -54,7 +54,7 @@ void ShowControls(int16_t page) {
   }
 }
 
-// Beside the scope tree, which stands in the lower part of its place, the list is as high as what stays.
+// With `aboveScope` the scope tree takes the lower part, and the list ends above it.
 void PlaceList(bool aboveScope) {
   constexpr int kGap = 90;
   const TreeView& place = frmPubMain.trvPrivacy;

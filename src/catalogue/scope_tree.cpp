@@ -7,7 +7,7 @@
 namespace tavix::mdlPubSelf {
 namespace {
 
-// Pictures of the tree.
+// Indexes of the tree's pictures.
 constexpr int kComputerImage = 4;
 constexpr int kDriveImage = 1;
 constexpr int kFolderImage = 2;
@@ -17,12 +17,12 @@ bool CanBeScanned(const platform::Drive& drive) {
   constexpr double kNetwork = 3;
   constexpr double kOptical = 4;
   if (!drive.ready) return false;
-  bool leftOut = false;
-  pubCommon.InArray(static_cast<double>(drive.type), {kOptical, kNetwork}, leftOut);
-  return !leftOut;
+  bool excluded = false;
+  pubCommon.InArray(static_cast<double>(drive.type), {kOptical, kNetwork}, excluded);
+  return !excluded;
 }
 
-// Null, and no node, where the key is in use already.
+// Null, and no new node, if a node has the key already.
 Node* AddScopeNode(Node* parent, TextView key, TextView text, int image, int selectedImage) {
   Node* node = frmPubMain.trvRes.AddNode(parent, key, text);
   if (node == nullptr) return nullptr;

@@ -5,18 +5,18 @@
 
 namespace tavix::mdlPubSelf {
 
-// Fills trvRes anew with the root and the drives that can be scanned, all ticked. Network and optical drives
-// and those that aren't ready are left out.
+// Refills trvRes with the root and the drives that can be scanned, all ticked. Network drives, optical drives
+// and drives that aren't ready are left out.
 void BuildScopeTree();
-// Adds the subfolders of a drive or folder below the node of that key, unticked. A folder that can't be
-// listed and a key that no node bears add nothing.
+// Adds the subfolders of a drive or folder below the node with this key, unticked. Adds nothing if the folder
+// can't be listed or no node has the key.
 void LoadChildFolders(TextView key);
-// Gives every node below this one its tick.
+// Copies the tick of the node to every node below it.
 void PropagateCheckDown(const Node& node);
 
-// The tick of a node has changed: its folders are loaded, if they aren't yet, and get the tick.
+// Handles a change of a node's tick: loads its subfolders if it has none yet, and copies the tick to them.
 void trvRes_NodeCheck(Node& node);
-// The same for a click on a node, which also opens or closes it.
+// Handles a click on a node: does the same, and expands or collapses the node.
 void trvRes_NodeClick(Node& node);
 
 }  // namespace tavix::mdlPubSelf

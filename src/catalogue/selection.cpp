@@ -33,7 +33,7 @@ void trvPrivacy_NodeCheck(Node& node) {
   }
   Node* parent = node.Parent();
   if (parent == nullptr) return;
-  // Unticking is lopsided: the node itself is an unticked one, so the branch always stays ticked and marked.
+  // The branch stays ticked even if its last function is unticked: it is marked instead.
   parent->Checked = true;
   parent->BackColor = FirstUnticked(node.FirstSibling()) != nullptr ? kButtonFace : plain;
 }

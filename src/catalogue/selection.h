@@ -5,18 +5,19 @@
 
 namespace tavix::mdlPubSelf {
 
-// Captions of the master row, row 0 of lst: what the next click on it will do.
+// Captions of the master row (row 0 of lst). They say what the next click on it does.
 constexpr TextView kCheckAll = u"Check All";
 constexpr TextView kUncheckAll = u"Uncheck All";
 
-// The tick of a row of lst has changed. The master row hands its tick to all rows and changes its caption;
-// the other rows do nothing, and neither does any row while `ListGuard` is up.
+// Handles a change of a row's tick in lst. The master row copies its tick to all rows and changes its
+// caption. Other rows do nothing. While ListGuard is set, no row does anything.
 void lst_ItemCheck(int item);
 
-// A tick of the privacy tree has changed. A branch hands its tick to its children. A function's tick makes
-// its branch ticked, and marked with the button-face colour where some function of it is not.
+// Handles a change of a tick in the privacy tree. A branch copies its tick to its functions. A function ticks
+// its branch, whichever way it changed itself; the branch gets the button-face colour while any function in
+// it is unticked.
 void trvPrivacy_NodeCheck(Node& node);
-// Gives every row of lsvResult the tick of cbxAll. More rows than a 16-bit integer counts are left alone.
+// Copies the tick of cbxAll to every row of lsvResult. Does nothing if there are more than 32,767 rows.
 void cbxAll_Click();
 
 }  // namespace tavix::mdlPubSelf

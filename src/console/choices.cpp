@@ -24,7 +24,7 @@ const Page kPages[] = {
 
 bool OnPrivacyPage() { return frmPubMain.picPrivacy.BorderStyle == 1; }
 
-// Row 0 of the list is none.
+// The row of the function with this caption; 0 if there is none (row 0 is the master row).
 int RowByCaption(TextView caption) {
   for (int row = 1; row < frmPubMain.lst.ListCount(); ++row) {
     if (frmPubMain.lst.List(row) == caption) return row;
@@ -37,14 +37,14 @@ bool IsOnPage(TextView function) {
   return frmPubMain.trvPrivacy.NodeByKey(function) != nullptr && !mdlPubSelf::IsPrivacyBranch(function);
 }
 
-// A branch is emptied by its own box.
+// Unticks each branch, which unticks its functions, then ticks the wanted ones.
 void TickNodes(const std::vector<Text>& functions) {
   TreeView& tree = frmPubMain.trvPrivacy;
   for (Node* root = tree.NodeAt(1); root != nullptr; root = root->Next()) tree.UserCheck(*root, false);
   for (const Text& key : functions) tree.UserCheck(*tree.NodeByKey(key), true);
 }
 
-// The list is emptied by its master row.
+// Unticks the master row, which unticks all rows, then ticks the wanted ones.
 void TickRows(const std::vector<Text>& functions) {
   frmPubMain.lst.SetSelected(0, false);
   for (const Text& caption : functions) frmPubMain.lst.SetSelected(RowByCaption(caption), true);
@@ -61,7 +61,7 @@ bool TickFunctions(const Options& options, const Page& page, std::string& error)
   return true;
 }
 
-// Letter case aside where no key is exactly this one.
+// The node with this key; if there is none, one whose key differs only in letter case; null if there is none.
 Node* ScopeNode(TextView key) {
   TreeView& tree = frmPubMain.trvRes;
   if (Node* exact = tree.NodeByKey(key)) return exact;
@@ -71,12 +71,12 @@ Node* ScopeNode(TextView key) {
   return nullptr;
 }
 
-// The node of a drive or folder; the folders above it are clicked where they show nothing below them yet.
-Node* BringIntoBeing(TextView key) {
+// The node of a drive or folder; null if there is none. Clicks the folders above it to load their subfolders.
+Node* LoadScopeNode(TextView key) {
   for (size_t end = key.find(u'\\'); end != TextView::npos; end = key.find(u'\\', end + 1)) {
-    Node* above = ScopeNode(key.substr(0, end));
-    if (above == nullptr) return nullptr;
-    if (above->Children() == 0) frmPubMain.trvRes.NodeClick(*above);
+    Node* parent = ScopeNode(key.substr(0, end));
+    if (parent == nullptr) return nullptr;
+    if (parent->Children() == 0) frmPubMain.trvRes.NodeClick(*parent);
   }
   return ScopeNode(key);
 }
@@ -86,7 +86,7 @@ bool TickScopes(const Options& options, std::string& error) {
   TreeView& tree = frmPubMain.trvRes;
   tree.UserCheck(*tree.NodeAt(1), false);
   for (const Text& key : options.scopes) {
-    Node* node = BringIntoBeing(key);
+    Node* node = LoadScopeNode(key);
     if (node == nullptr) {
       error = "--scope '" + ToUtf8(key) + "' is no drive or folder of the Advanced page";
       return false;

@@ -6,8 +6,8 @@
 
 namespace tavix::console {
 
-// Opens the page that the options name and leaves ticked there what they ask for, all by the handlers of a
-// user's clicks. False, with the reason in one line, when a function or a scope isn't there.
+// Opens the page of the options and ticks the functions and scopes of the options, by calling the handlers of
+// the user's clicks. False if a function or scope doesn't exist; `error` then says which in one line.
 bool OpenAndTick(const Options& options, std::string& error);
 
 }  // namespace tavix::console

@@ -11,7 +11,7 @@ namespace {
 
 int endStatus = 0;
 
-// Called wherever memory can't be had, on any thread. Nothing here asks for any.
+// The new handler: called on any thread when an allocation fails. It must not allocate.
 [[noreturn]] void End() {
   Progress::Clear();
   std::fputs("tavix-console: the memory of this system is exhausted\n", stderr);

@@ -2,9 +2,9 @@
 
 namespace tavix::console {
 
-// From here on a process whose memory is exhausted ends at once, with one line on standard error and the
-// status, instead of going on with half of what it was told. What it leaves is what a kill leaves: whole
-// files, the old registry.
+// From now on the process ends at once when memory runs out, with one line on standard error and this exit
+// status. It doesn't continue with incomplete data. It leaves the machine as a killed process does: every
+// file is whole, and the registry is the old one.
 void EndForLackOfMemory(int status);
 
 }  // namespace tavix::console

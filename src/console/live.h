@@ -6,16 +6,16 @@
 
 namespace tavix::console {
 
-// Keeps the system that the console runs on behind the platform's interfaces for as long as it lives.
+// While it lives, the platform's interfaces lead to the system that the console runs on.
 class LiveSystem {
  public:
   virtual ~LiveSystem() = default;
 };
 
-// Null on a system that has none to offer, with the reason in `error`.
+// Null if this build can't work on the running system; `error` says why.
 std::unique_ptr<LiveSystem> UseLiveSystem(std::string& error);
 
-// The arguments behind the program's name, in UTF-8.
+// The command-line arguments after the program's name, in UTF-8.
 std::vector<std::string> Arguments(int count, char** values);
 
 bool StandardErrorIsTerminal();

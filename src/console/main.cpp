@@ -21,7 +21,7 @@ constexpr int kNotWritten = 1;
 constexpr int kWrongArguments = 2;
 constexpr int kNoMachine = 3;
 
-// On one line, whatever stands in the reason.
+// Prints the reason on one line: control characters become question marks. Returns the status.
 int Fail(int status, std::string reason) {
   for (char& c : reason) {
     if ((c >= 0 && c < ' ') || c == 0x7F) c = '?';
@@ -32,15 +32,15 @@ int Fail(int status, std::string reason) {
 
 int Finish(int status, const std::string& error) { return status == 0 ? 0 : Fail(status, error); }
 
-// Whether a text has half a character in it, which no path of the host has.
-bool HasHalfCharacter(TextView text) {
-  const auto isHalf = [text](size_t at, char16_t kind) {
+// Whether a text holds an unpaired surrogate. The paths of hosts have none.
+bool HasUnpairedSurrogate(TextView text) {
+  const auto isSurrogate = [text](size_t at, char16_t kind) {
     return at < text.size() && (text[at] & 0xFC00U) == kind;
   };
   for (size_t i = 0; i < text.size(); ++i) {
-    if (isHalf(i, 0xD800) && isHalf(i + 1, 0xDC00)) {
+    if (isSurrogate(i, 0xD800) && isSurrogate(i + 1, 0xDC00)) {
       ++i;
-    } else if (isHalf(i, 0xD800) || isHalf(i, 0xDC00)) {
+    } else if (isSurrogate(i, 0xD800) || isSurrogate(i, 0xDC00)) {
       return true;
     }
   }
@@ -50,7 +50,7 @@ bool HasHalfCharacter(TextView text) {
 int RunOverFolder(const console::Options& options) {
   std::string error;
   const auto path = FromUtf8(*options.machine);
-  if (!path || HasHalfCharacter(*path)) return Fail(kWrongArguments, "--machine is no UTF-8 text");
+  if (!path || HasUnpairedSurrogate(*path)) return Fail(kWrongArguments, "--machine is no UTF-8 text");
   const auto host = machine::MachineHost::Open(std::filesystem::path(*path), options.now, error);
   if (host == nullptr) return Fail(kNoMachine, error);
   const int status = console::RunSession(options, error);
@@ -65,10 +65,10 @@ int RunOverSystem(const console::Options& options) {
   if (system == nullptr) return Fail(kWrongArguments, error);
   console::UnattendedDialogs unattended;
   platform::dialogs = &unattended;
-  // Nobody is there to be offered a new version.
+  // No update check: nobody is there to answer its offer.
   platform::network = nullptr;
-  machine::StandingClock standing(options.now.value_or(0));
-  if (options.now) platform::clock = &standing;
+  machine::StandingClock stoppedClock(options.now.value_or(0));
+  if (options.now) platform::clock = &stoppedClock;
   return Finish(console::RunSession(options, error), error);
 }
 

@@ -55,8 +55,8 @@ std::optional<platform::DateTime> ReadDateTime(const std::string& text) {
   return (((days * 24 + hour) * 60 + minute) * 60 + second) * 1000;
 }
 
-// An option: whether it takes a value, whether it may stand more than once, and what it does. The result is
-// the reason why a value is refused, or nothing.
+// An option of the command line. `apply` stores the value; its result says why the value is refused, or is
+// empty.
 struct OptionRule {
   const char* name;
   bool takesValue;
@@ -90,7 +90,7 @@ std::string SetNow(Options& options, const std::string& value) {
   return options.now ? "" : "is no date and time (YYYY-MM-DDThh:mm:ss)";
 }
 
-// Section, slash, key, equals sign, value. Sections may hold a slash, keys don't.
+// The value has the form Section/Key=Value. A section may contain a slash, a key can't.
 std::string AddSetting(Options& options, const std::string& value) {
   const auto text = FromUtf8(value);
   if (!text) return "is no UTF-8 text";
@@ -131,7 +131,7 @@ const OptionRule kRules[] = {
     {"--version", false, false, [](Options& o, const std::string&) { return Flag(o.version); }},
 };
 
-// Options that contradict each other. The result is the reason, or nothing.
+// Which options contradict each other, in one line; empty if none do.
 std::string Contradiction(const Options& options) {
   if (options.machine.has_value() == options.live) {
     return options.live ? "--machine and --live exclude each other" : "--machine DIR or --live is missing";

@@ -10,11 +10,11 @@
 
 namespace tavix::console {
 
-// What the command line asks for. Texts were UTF-8 there.
+// The options of the command line. Texts are converted from UTF-8.
 struct Options {
   bool help = false;
   bool version = false;
-  std::optional<std::string> machine;  // path of a machine folder, UTF-8
+  std::optional<std::string> machine;  // path of a machine folder, still in UTF-8
   bool live = false;
   Text page = u"privacy";
   bool oneClick = false;
@@ -34,8 +34,8 @@ struct Options {
   std::optional<platform::DateTime> now;
 };
 
-// Reads the arguments behind the program's name. Nothing when they are wrong; `error` then says in one line
-// which and why.
+// Reads the arguments after the program's name. Nothing if one is wrong; `error` then says in one line which
+// and why.
 std::optional<Options> ReadOptions(const std::vector<std::string>& arguments, std::string& error);
 
 // The text of --help.

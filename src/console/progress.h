@@ -4,7 +4,8 @@
 
 namespace tavix::console {
 
-// Shows the status line and the percentage of a running job on standard error while that is a terminal.
+// Shows the status line and the percentage of the running job on standard error, if that is a terminal and
+// `wanted` is true.
 class Progress : public ControlPeer {
  public:
   explicit Progress(bool wanted);
@@ -12,7 +13,7 @@ class Progress : public ControlPeer {
   Progress(const Progress&) = delete;
   Progress& operator=(const Progress&) = delete;
   void ModelChanged() override;
-  // Takes away what is shown, for other output to be seen at the start of the line.
+  // Clears the line, so that other output starts at its beginning.
   static void Clear();
 
  private:

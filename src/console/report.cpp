@@ -58,22 +58,22 @@ void AppendLabels(std::string& out, std::string_view stage) {
   out.append("},\"cbxAll\":").append(form.cbxAll.GetValue() != 0 ? "true" : "false").append("}\n");
 }
 
-bool IsHighHalf(char16_t c) { return c >= 0xD800 && c < 0xDC00; }
-bool IsLowHalf(char16_t c) { return c >= 0xDC00 && c < 0xE000; }
+bool IsHighSurrogate(char16_t c) { return c >= 0xD800 && c < 0xDC00; }
+bool IsLowSurrogate(char16_t c) { return c >= 0xDC00 && c < 0xE000; }
 
 void Flush(std::FILE* out, std::string& text) {
   std::fwrite(text.data(), 1, text.size(), out);
   text.clear();
 }
 
-// Columns as people see them: characters, not bytes; line ends and the like would break the table.
+// The text cut or padded to `width` code units. Control characters become blanks: they would break the table.
 Text Cell(TextView text, size_t width) {
   Text cell = text.size() > width ? Concat(BeginningOf(text, width - 1), u"…") : Text(text);
   for (size_t i = 0; i < cell.size(); ++i) {
-    const bool paired = IsHighHalf(cell[i]) && i + 1 < cell.size() && IsLowHalf(cell[i + 1]);
+    const bool paired = IsHighSurrogate(cell[i]) && i + 1 < cell.size() && IsLowSurrogate(cell[i + 1]);
     if (paired) {
       ++i;
-    } else if (IsHighHalf(cell[i]) || IsLowHalf(cell[i])) {
+    } else if (IsHighSurrogate(cell[i]) || IsLowSurrogate(cell[i])) {
       cell[i] = u'\uFFFD';
     } else if (cell[i] < u' ') {
       cell[i] = u' ';
@@ -87,7 +87,7 @@ Text Cell(TextView text, size_t width) {
 
 TextView BeginningOf(TextView text, size_t length) {
   if (text.size() <= length) return text;
-  return text.substr(0, length > 0 && IsHighHalf(text[length - 1]) ? length - 1 : length);
+  return text.substr(0, length > 0 && IsHighSurrogate(text[length - 1]) ? length - 1 : length);
 }
 
 void PrintJson(std::FILE* out, std::string_view stage) {

@@ -7,11 +7,12 @@
 
 namespace tavix::console {
 
-// Prints the rows of lsvResult and the labels of the job, as JSON objects that bear the stage's name.
+// Prints the rows of lsvResult and the labels of the job, one JSON object on each line. Each object names the
+// stage ("scan" or "clean").
 void PrintJson(std::FILE* out, std::string_view stage);
-// The same as a table for people.
+// Prints the same as a table for people.
 void PrintTable(std::FILE* out);
-// At most so many code units of a text, and no half of a character.
+// The first `length` code units of a text, one less if the cut would split a surrogate pair.
 TextView BeginningOf(TextView text, size_t length);
 
 }  // namespace tavix::console

@@ -50,7 +50,7 @@ void Print(const Options& options, const char* stage) {
   std::fflush(stdout);
 }
 
-// What happens to the rows between the scan and the clean.
+// Prints the rows of the scan and applies --tick and --untick, before the clean.
 bool Review(const Options& options, std::string& error) {
   if (!RowsAreThere(options, error)) return false;
   Print(options, "scan");
@@ -68,7 +68,7 @@ bool ScanAndClean(const Options& options, std::string& error) {
   return true;
 }
 
-// The picture runs scan and clean in one go: the review comes when it presses Clean.
+// The one-click picture runs scan and clean in one go. The review runs when the picture presses Clean.
 bool OneClick(const Options& options, std::string& error) {
   Event<>& press = frmPubMain.sbtClean.Click;
   const Event<> clean = press;

@@ -4,8 +4,8 @@
 
 namespace tavix::console {
 
-// Dialogs of a program that nobody sits at, answered at once: a question with Yes. An offer, to be taken
-// with OK or cancelled, is declined, such as that of an update; input boxes and choosers are cancelled.
+// Dialogs for a run without a user. Each returns at once: Yes/No questions with Yes, OK/Cancel offers (such
+// as an update) with Cancel, input boxes and folder choosers as cancelled.
 class UnattendedDialogs : public platform::Dialogs {
  public:
   int MsgBox(TextView text, int style) override;

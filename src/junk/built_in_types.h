@@ -4,11 +4,11 @@
 
 namespace tavix::mdlPubSelf {
 
-// A junk type that the program brings along.
+// A junk type that comes with the program.
 struct BuiltInJunkType {
   TextView description;
   TextView pattern;
-  TextView flags;  // recommended and enabled, as they stand in the line
+  TextView flags;  // "recommended" and "enabled", each Y or N, with a tab between them
 };
 
 constexpr BuiltInJunkType kBuiltInJunkTypes[] = {

@@ -13,8 +13,8 @@ namespace {
 
 constexpr TextView kTab = u"\t";
 
-// Whether the file holds too little to be a table. Of one that can't be looked at that isn't known, and the
-// step that would fill it is skipped.
+// Whether the file is missing or too short to be a table. False if that can't be told: then nothing is
+// written.
 bool IsMissingOrShort(TextView path) {
   constexpr double kShortest = 20;
   if (fileSystemObject.FileExists(path) == false) return true;
@@ -22,7 +22,7 @@ bool IsMissingOrShort(TextView path) {
   return size && *size < kShortest;
 }
 
-// All but the line end of the last.
+// One line for each type, without a line end after the last.
 Text Lines(std::span<const BuiltInJunkType> types) {
   Text lines;
   for (const BuiltInJunkType& type : types) {
@@ -41,7 +41,7 @@ void WriteBuiltInTypes() {
   }
 }
 
-// A full text is closed by the next line, whose pattern then goes nowhere.
+// When the last chunk is full, the next line opens a new one, and the pattern of that line is lost.
 void AddPattern(const std::vector<TextView>& fields) {
   constexpr size_t kFull = 240;
   if (JunkPatternChunks.back().size() > kFull) {
@@ -71,7 +71,8 @@ void LoadJunkDefinitions() {
   JunkPatternChunks.assign(1, Text());
   JunkTypes.clear();
   ReadTypes(kBuiltInJunkFile, u"D");
-  // Making it anew would empty one that can't be looked at just now.
+  // Only if it is known to be missing: creating would empty an existing file that can't be looked at just
+  // now.
   if (fileSystemObject.FileExists(kUserJunkFile) == false)
     fileSystemObject.CreateTextFile(kUserJunkFile, true);
   ReadTypes(kUserJunkFile, u"U");

@@ -29,7 +29,7 @@ Text PatternOf(const ListView::Item& row) { return Normalised(row.SubItems(kPatt
 
 bool AddMode() { return frmPubType.Caption == GetMessageText(u"ADD_JUNK"); }
 
-// The row being edited; 0 when a type is added.
+// The row being edited; 0 if a type is being added.
 int EditedRow() { return AddMode() ? 0 : frmPubOptions.lsvJF.SelectedRow(); }
 
 void RemoveFromFile(TextView pattern) {
@@ -37,7 +37,7 @@ void RemoveFromFile(TextView pattern) {
   pubFile.RemoveLine(kUserJunkFile, pattern, kTab, kPatternField);
 }
 
-// A last line without an end would grow together with the one behind it.
+// Ends the last line of the user's file if it has no line end: an appended line would continue it.
 void EndLastLine() {
   if (platform::fileSystem == nullptr) return;
   const auto content = platform::fileSystem->ReadFile(kUserJunkFile);
@@ -103,8 +103,9 @@ bool RefuseEmpty(TextView key, TextBox& box) {
   return Refuse(GetMessageText(key), box);
 }
 
-// What separates lines and their fields becomes a blank; a pattern with a bar is refused.
-Text Entered(const TextBox& box) {
+// The text of the box with a blank for each tab, line end and bar: these separate lines and fields of the
+// file.
+Text EnteredText(const TextBox& box) {
   Text text = box.Text;
   std::ranges::replace_if(
       text, [](char16_t c) { return TextView(u"\t\r\n|").contains(c); }, u' ');
@@ -140,18 +141,18 @@ void StoreType(TextView description, TextView pattern, int editedRow) {
   LoadJunkDefinitions();
 }
 
-// False when the content is refused.
+// False if the input is refused.
 bool SaveType() {
   if (!ValidateJunkType()) return false;
-  const Text description = Entered(frmPubType.txt[0]);
-  const Text pattern = Entered(frmPubType.txt[1]);
+  const Text description = EnteredText(frmPubType.txt[0]);
+  const Text pattern = EnteredText(frmPubType.txt[1]);
   const int row = EditedRow();
   if (row == 0 || DiffersFromRow(description, pattern, frmPubOptions.lsvJF.Row(row)))
     StoreType(description, pattern, row);
   return true;
 }
 
-void GoOnAdding() {
+void ClearForNextType() {
   for (TextBox& box : frmPubType.txt) box.Text = Text();
   frmPubType.Caption = GetMessageText(u"ADD_JUNK");
   frmPubType.ActiveControl = &frmPubType.txt[0];
@@ -190,12 +191,12 @@ void txt_GotFocus(int index) { frmPubType.txt[static_cast<size_t>(index)].Select
 
 bool ValidateJunkType() {
   auto& [description, pattern] = frmPubType.txt;
-  if (Entered(description).empty()) return RefuseEmpty(u"NEED_DESC", description);
+  if (EnteredText(description).empty()) return RefuseEmpty(u"NEED_DESC", description);
   if (Trim(pattern.Text.Get()).empty()) return RefuseEmpty(u"NEED_PATTERN", pattern);
   if (pattern.Text.Get().find_first_of(u"\\/:|\"<>;") != Text::npos)
     return Refuse(GetMessageText(u"PATTERN_ERR"), pattern);
   ListView& list = frmPubOptions.lsvJF;
-  const Text wanted = ToLower(Entered(pattern));
+  const Text wanted = ToLower(EnteredText(pattern));
   const int edited = EditedRow();
   if (edited != 0 && PatternOf(list.Row(edited)) == wanted) return true;
   for (int row = 1; row <= list.Count(); ++row) {
@@ -211,7 +212,7 @@ void sbt_Click(int index) {
   if (index == kClose) return frmPubType.Unload();
   if (!SaveType()) return;
   if (index == kSaveAndAdd)
-    GoOnAdding();
+    ClearForNextType();
   else
     frmPubType.Unload();
 }

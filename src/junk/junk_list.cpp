@@ -13,13 +13,13 @@ constexpr Color kGreyText = 0x80000011;
 constexpr TextView kTab = u"\t";
 constexpr TextView kLineEnd = u"\r\n";
 
-// A type as JunkTypes has it: its fields, and behind them the origin. What isn't there is empty.
+// An element of JunkTypes, split into its fields. A missing field is empty.
 class JunkType {
  public:
   explicit JunkType(TextView element) : fields_(Split(element, u"|")) {}
 
   TextView Field(size_t index) const { return index < fields_.size() ? fields_[index] : TextView(); }
-  // A line of one field is followed by its origin, which is no pattern.
+  // If the line has one field alone, the second field is the origin and no pattern.
   TextView Pattern() const { return fields_.size() > 2 ? fields_[1] : TextView(); }
   bool Enabled() const { return Field(3) == u"Y"; }
   bool BuiltIn() const { return Field(4) == u"D"; }

@@ -2,26 +2,26 @@
 
 #include "controls/list_view.h"
 
-// The junk types as rows of lsvJF: description, pattern; a row's tag is its recommended flag, its tick the
-// enabled one. A built-in type is known by the grey colour of its row and by nothing else.
+// The junk types as rows of lsvJF. The columns are description and pattern, the tag is the recommended flag,
+// the tick is the enabled flag. The grey colour of a row is all that marks a built-in type.
 namespace tavix::mdlPubSelf {
 
 constexpr int kPatternColumn = 1;
 
 bool IsBuiltIn(const ListView::Item& row);
 
-// Fills the list from JunkTypes and selects its first row. An element without a pattern gives a row without.
+// Fills the list from JunkTypes and selects its first row.
 void ShowJunkTypes();
-// Rewrites both files from the rows, in their order; with no row they are left alone. A crash leaves the old
-// or the new content of each.
+// Rewrites both files from the rows, in the order of the rows. Does nothing if there are no rows. A crash
+// leaves each file with either its old or its new content.
 void SaveJunkTypes();
 
-// A junk file that is read-only isn't any more, so that what the user has entered gets into it.
+// Removes the read-only attribute of a junk file so that it can be written.
 void MakeWritable(TextView file);
 
-// Selects a row alone, as EnableJunkCommands then has it.
+// Selects this row only, then calls EnableJunkCommands.
 void SelectJunkRow(int row);
-// Edit and Delete are enabled where the row in focus is the user's. An empty list enables them.
+// Enables Edit and Delete if the selected row is a user type or no row is selected; otherwise disables them.
 void EnableJunkCommands();
 
 }  // namespace tavix::mdlPubSelf

@@ -28,7 +28,7 @@ class AdvancedScan : public DuplicateTest {
       frmPubMain.lst.SetSelected(row, frmPubMain.lst.List(row) == function);
     }
   }
-  // What a user's clicks leave ticked of the tree: exactly these nodes, each expanded as far as needed.
+  // Ticks exactly these nodes of the tree, with a user's clicks, and loads the folders above them.
   void Tick(std::initializer_list<TextView> keys) {
     TreeView& tree = frmPubMain.trvRes;
     for (int i = 1; i <= tree.NodeCount(); ++i) tree.NodeAt(i)->Checked = false;
@@ -121,7 +121,7 @@ TEST_F(AdvancedScan, WhatBeginsLikeTheDataFolderIsLeftOutAsWellInAnyLetterCase) 
   AddFile(u"C:\\MORVData\\z.log");
   Open(u"Junk Files");
   trvRes_NodeClick(*frmPubMain.trvRes.NodeByKey(u"C:"));
-  // The data folder bears the spelling that it was made with.
+  // The data folder keeps the letter case of its creation.
   Tick({u"C:\\MorvDATAPATH2", u"C:\\MORVDataPath", u"C:\\MORVData"});
   EXPECT_EQ(Paths(Press()), (std::vector<Text>{u"C:\\MORVData\\z.log"}));
 }
@@ -226,7 +226,7 @@ TEST_F(AdvancedScan, CancelDuringAWalkLeavesAtOnceWithoutTheBarAndTheComparing) 
             u"Canceled, please click <Clean> or press <F5> to clean the checked item.");
 }
 
-TEST_F(AdvancedScan, CancelBehindTheLastFolderKeepsDuplicatesFromBeingCompared) {
+TEST_F(AdvancedScan, CancelAfterTheLastFolderKeepsDuplicatesFromBeingCompared) {
   AddFile(u"C:\\1\\x");
   AddFile(u"C:\\2\\x");
   AddCandidates(u"X", u"x", {u"C:\\1\\x", u"C:\\2\\x"});
@@ -267,7 +267,7 @@ TEST_F(AdvancedScan, TheFunctionOfOldFilesBearsTheDaysOfTheSetting) {
   const auto rows = Press();
   ASSERT_EQ(rows.size(), 1U);
   EXPECT_EQ(rows[0].type, u"Last Accessed 7 Days Before");
-  // The page keeps the old caption until it is opened again, and the walk looks for the new one.
+  // The page keeps the old caption until it is opened again, but the walk searches for the new one.
   LastAccessedFile = Text(u"6");
   EXPECT_TRUE(Press().empty());
 }

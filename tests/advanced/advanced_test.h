@@ -6,7 +6,7 @@
 
 namespace tavix::mdlPubSelf {
 
-// The program over a machine in memory, with walks over single folders.
+// Walks over single folders of a machine in memory.
 class AdvancedTest : public ScanTest {
  protected:
   static std::vector<RowFields> Walk(TextView folder, TextView funcs, bool recurse = true) {
@@ -14,13 +14,13 @@ class AdvancedTest : public ScanTest {
     WalkAdvancedFolder(folder, funcs, recurse);
     return ResultRows();
   }
-  // Files of no bytes.
+  // Adds files of zero bytes.
   void AddEmptyFiles(std::initializer_list<TextView> paths) {
     for (const TextView path : paths) machine.files.AddFile(path);
   }
 };
 
-// The row of a file or folder without bytes.
+// The row of an empty file or folder.
 inline RowFields EmptyRow(TextView type, TextView location, TextView name) {
   const TextView tag = type == u"Empty Folder" ? u"P" : u"F";
   return {Text(type), Text(name), u"0", Text(location), u"00000000.0", Text(tag), true};

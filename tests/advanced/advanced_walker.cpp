@@ -12,7 +12,7 @@ using AdvancedWalker = AdvancedTest;
 constexpr TextView kEmpty = u"|Empty Folders and Files|";
 constexpr TextView kJunk = u"|Junk Files|";
 
-// Notes the status line and the number of rows whenever the user interface runs.
+// Records the status line and the number of rows at each yield to the user interface.
 struct YieldWatch : platform::EventQueue {
   YieldWatch() { platform::eventQueue = this; }
   ~YieldWatch() override { platform::eventQueue = nullptr; }

@@ -8,7 +8,7 @@
 namespace tavix::mdlPubSelf {
 namespace {
 
-// Looks at the store while duplicates are being compared, and lets the timer tick if told so.
+// Reads the store while duplicates are being compared, and lets the timer tick if asked to.
 struct StoreWatch : platform::EventQueue {
   explicit StoreWatch(platform::FileSystem& disk) : files(disk) { platform::eventQueue = this; }
   ~StoreWatch() override { platform::eventQueue = nullptr; }
@@ -37,7 +37,7 @@ class DuplicateFinder : public DuplicateTest {
     DuplicateSize = Text(u"Y");
     DuplicateModified = Text(u"N");
   }
-  // Compares without showing anything: the groups, each as it was written.
+  // Compares, and returns the group files as they were written. They can't be deleted, so they stay.
   std::vector<std::pair<Text, std::string>> Groups() {
     machine.files.faults.Fail(u"DeleteFile");
     CompareDuplicateFiles();

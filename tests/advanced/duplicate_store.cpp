@@ -16,7 +16,7 @@ TEST_F(DuplicateStore, ACandidateGoesToTheBucketOfItsFirstCharacter) {
       {u"1.txt", u"other"},          {u"_x", u"other"},
       {u"\u00C4rger.txt", u"other"}, {u"\u044F.txt", u"other"},
       {u".tmp", u"other"},           {u"[A-Z].txt", u"other"},
-      {u"\u212A.txt", u"other"},  // the sign of the Kelvin
+      {u"\u212A.txt", u"other"},  // the Kelvin sign, whose small letter is k
   };
   for (const auto& row : table) {
     WriteDuplicateCandidate(row.name, Concat(u"C:\\t\\", row.name));

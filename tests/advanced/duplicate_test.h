@@ -5,14 +5,14 @@
 
 namespace tavix::mdlPubSelf {
 
-// Duplicates whose store the tests fill themselves.
+// Fills the store of duplicates directly.
 class DuplicateTest : public AdvancedTest {
  protected:
-  // A candidate file of the store.
+  // Adds a candidate file.
   void AddCandidates(TextView bucket, TextView name, std::initializer_list<TextView> paths) {
     machine.files.AddFile(ScannedFile(bucket, name), {.content = Lines(paths)});
   }
-  // A group of duplicates, behind what the file holds.
+  // Appends members to a group file.
   void AddGroup(TextView bucket, TextView name, std::initializer_list<TextView> paths) {
     const Text file = GroupFile(bucket, name);
     machine.files.AddFile(file, {.content = machine.files.ReadFile(file).value_or("") + Lines(paths)});
@@ -28,7 +28,7 @@ class DuplicateTest : public AdvancedTest {
     for (const TextView path : paths) lines += Narrow(path) + "\r\n";
     return lines;
   }
-  // Files of so many kilobytes, all changed at the same time.
+  // Adds files of the given sizes in KB, all changed at the same time.
   void AddCopies(std::initializer_list<std::pair<TextView, int>> copies) {
     for (const auto& [path, kilobytes] : copies) AddFile(path, kilobytes);
   }
@@ -36,7 +36,7 @@ class DuplicateTest : public AdvancedTest {
 
 constexpr Color kKeptColor = 56 | 109 << 8 | 181 << 16;
 
-// The rows of a group: the first one isn't ticked.
+// The rows of a group: all ticked but the first.
 inline std::vector<RowFields> Group(std::initializer_list<RowFields> members) {
   std::vector<RowFields> rows = members;
   if (!rows.empty()) rows.front().checked = false;

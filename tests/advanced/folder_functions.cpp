@@ -118,7 +118,7 @@ TEST_F(FolderFunctionsTest, AFileOfNoBytesIsAnEmptyFile) {
       << "what has no known size isn't empty";
 }
 
-TEST_F(FolderFunctionsTest, AFileAccessedExactlySoManyDaysAgoIsListed) {
+TEST_F(FolderFunctionsTest, AFileAccessedExactlyThatManyDaysAgoIsListed) {
   LastAccessedFile = Text(u"30");
   clock.Set(400 * kDay + kHour);
   AddAccessed(u"C:\\t\\29 days", 371 * kDay);
@@ -163,7 +163,7 @@ TEST_F(FolderFunctionsTest, AnOldFileOfNoBytesIsFoundTwice) {
                 {u"Last Accessed 365 Days Before", u"old", u"0.", u"C:\\t", u"00000000.0", u"F", true}}));
 }
 
-TEST_F(FolderFunctionsTest, EachFunctionHasItsRowsBehindThoseOfTheOneBefore) {
+TEST_F(FolderFunctionsTest, EachFunctionHasItsRowsAfterThoseOfTheOneBefore) {
   AddFile(u"C:\\WINDOWS\\system32\\a.dll");
   clock.Set(400 * kDay);
   AddAccessed(u"C:\\t\\a.dll", 1);
@@ -187,7 +187,7 @@ TEST_F(FolderFunctionsTest, AFunctionIsNamedByItsWholeTextBetweenBars) {
   }
 }
 
-// The function is offered, and its options are kept; candidates are not written.
+// Duplicate Files is offered and its options are kept, but no candidates are written yet.
 TEST_F(FolderFunctionsTest, NoCandidatesOfDuplicatesAreWrittenWhateverTheSettings) {
   AddFiles({u"C:\\t\\a.txt", u"C:\\t\\b\\a.txt", u"C:\\t\\c\\a.txt", u"C:\\t\\7.txt"});
   for (const TextView common : {u"Y", u"N", u"x"}) {

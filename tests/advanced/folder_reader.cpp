@@ -12,7 +12,7 @@
 namespace tavix::mdlPubSelf {
 namespace {
 
-// A folder of a machine in memory that counts how often it is listed.
+// Wraps a folder and counts how often it is listed.
 struct CountingFolder : platform::OpenFolder {
   CountingFolder(std::unique_ptr<OpenFolder> real, TextView at, std::map<Text, int>& counts)
       : folder(std::move(real)), path(at), listings(counts) {}
@@ -46,7 +46,7 @@ class FolderReading : public AdvancedTest {
     platform::fileSystem = &files;
     fileSystemObject = FileSystemObject(&files);
   }
-  // A tree of folders, files with and without bytes, links and folders that can't be read.
+  // Makes a random tree of folders, empty and other files, links, and folders that can't be read.
   void Grow(std::mt19937& random, const Text& path, int depth) {
     files.AddFolder(path);
     if (random() % 12 == 0) files.faults.Fail(u"List", path);
@@ -59,7 +59,8 @@ class FolderReading : public AdvancedTest {
     if (depth == 0) return;
     for (unsigned i = 0; i < random() % 4; ++i) Grow(random, Concat(path, u"\\d", ToText(i)), depth - 1);
   }
-  // Whether adding up gives zero. A file of unknown size, or a link, leaves the whole unknown.
+  // Whether the sizes below the folder add up to zero. False if a link or a file of unknown size is among
+  // them.
   bool IsEmpty(const Text& path) {
     std::optional<double> size = 0;
     bool unknown = false;
@@ -75,7 +76,8 @@ class FolderReading : public AdvancedTest {
     return !unknown && *size == 0 &&
            std::ranges::all_of(below, [this](const Text& each) { return IsEmpty(each); });
   }
-  // The walk told plainly, adding up every folder anew. All links lead to one folder, which is entered once.
+  // The expected rows, by a simple walk that adds up every folder again. All links lead to one folder, which
+  // is entered once.
   void WalkPlainly(const Text& path, std::vector<RowFields>& rows, bool& linkEntered) {
     const size_t cut = path.rfind(u'\\');
     if (IsEmpty(path)) {
@@ -130,7 +132,7 @@ TEST_F(FolderReading, EachFolderIsListedOnce) {
   for (const auto& [folder, times] : files.listings) EXPECT_EQ(times, 1) << Narrow(folder);
 }
 
-// The system would take them for the file or folder that bears the rest of the name.
+// The system strips trailing blanks and dots, so these names would reach another file or folder.
 TEST_F(FolderReading, NamesThatEndInABlankOrADotAreLeftOutAndTheirFolderIsNotEmpty) {
   OddNames odd(machine.store, machine.facts);
   platform::fileSystem = &odd;
@@ -150,7 +152,7 @@ TEST_F(FolderReading, KnowsTheFilesOfAFolderByNameSizeAndTime) {
     return FolderContent([&](const platform::EntryVisitor& visit) { return files.List(path, visit); });
   };
   const FolderContent content = read(u"C:\\t");
-  EXPECT_TRUE(content.WasRead());
+  EXPECT_TRUE(content.IsRead());
   EXPECT_FALSE(content.IsEmptyByItself());
   ASSERT_EQ(content.FileCount(), 2U);
   EXPECT_EQ(content.FileAt(0).name, u"a long name of a file.txt");
@@ -161,7 +163,7 @@ TEST_F(FolderReading, KnowsTheFilesOfAFolderByNameSizeAndTime) {
   ASSERT_EQ(content.SubFolders().size(), 2U);
   EXPECT_FALSE(content.SubFolders()[0].link);
   EXPECT_TRUE(content.SubFolders()[1].link);
-  EXPECT_FALSE(read(u"C:\\gone").WasRead());
+  EXPECT_FALSE(read(u"C:\\gone").IsRead());
   EXPECT_FALSE(read(u"C:\\gone").IsEmptyByItself());
 }
 

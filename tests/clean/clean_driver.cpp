@@ -81,7 +81,7 @@ TEST_F(CleanDriver, TheBarMovesEveryTwentySixRows) {
     frmPubMain.sbtClean.Click();
     frmPubMain.lblProgMI.peer = nullptr;
     EXPECT_EQ(ProgressStep, row.step) << row.rows;
-    // The jump to full at the end is one more where the bar wasn't there yet.
+    // At the end the bar jumps to full: one more update, unless it is full already.
     const int jump = row.updates * row.step == 3000 ? 0 : 1;
     EXPECT_EQ(watch.updates, row.updates + jump) << row.rows;
   }
@@ -360,7 +360,7 @@ TEST_F(CleanDriver, WhileRowsAreWorkedOnTheListIsOutOfReachAndTheBarIsSeen) {
   AddFileRow(u"a.txt");
   AddFileRow(u"b.txt");
   struct Onlooker : ControlPeer {
-    // The list changes with each row that goes.
+    // Called for each row that is removed.
     void ModelChanged() override {
       if (ResultCount() == 0 || ResultCount() == seen) return;
       seen = ResultCount();
@@ -381,7 +381,7 @@ TEST_F(CleanDriver, WhileRowsAreWorkedOnTheListIsOutOfReachAndTheBarIsSeen) {
   EXPECT_TRUE(frmPubMain.lblProgMI.Visible);
 }
 
-TEST_F(CleanDriver, AScanInTheYieldBehindASecondCleanIsRefused) {
+TEST_F(CleanDriver, AScanInTheYieldAfterASecondCleanIsRefused) {
   AddFileRow(u"a");
   bool scanned = false;
   frmPubMain.lst.Clear();

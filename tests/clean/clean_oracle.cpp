@@ -31,7 +31,7 @@ Text ReadHive(TextView name) {
   return Text(name == kClassesRoot ? name : u"HKEY_USERS");
 }
 
-// The part of a tag after its kind, up to the next colon with a blank.
+// The part of a tag between its kind and the next ": ".
 std::optional<TextView> Payload(TextView tag) {
   const auto parts = Split(tag, u": ");
   return parts.size() < 2 ? std::nullopt : std::optional(Trim(parts[1]));
@@ -56,8 +56,8 @@ RegistryPicture PictureOf(platform::Registry& registry) {
   return picture;
 }
 
-CleanOracle::CleanOracle(DiskPicture disk, RegistryPicture registry, Orders orders)
-    : disk_(std::move(disk)), registry_(std::move(registry)), orders_(std::move(orders)) {
+CleanOracle::CleanOracle(DiskPicture disk, RegistryPicture registry, CleanSettings settings)
+    : disk_(std::move(disk)), registry_(std::move(registry)), settings_(std::move(settings)) {
   constexpr TextView kMakers = u"C:\\MORVDataPath";
   constexpr TextView kData = u"C:\\MORVDataPath\\TVX";
   constexpr TextView kDefaultBackup = u"C:\\TVXBak";
@@ -68,8 +68,8 @@ CleanOracle::CleanOracle(DiskPicture disk, RegistryPicture registry, Orders orde
     if (!key) return;
     for (const Text& above : WithParents(*key)) holding_.insert(above);
   };
-  backup_ = folder(orders_.backupFolder);
-  if (orders_.systemFolder) system_ = folder(*orders_.systemFolder);
+  backup_ = folder(settings_.backupFolder);
+  if (settings_.systemFolder) system_ = folder(*settings_.systemFolder);
   for (const TextView path : {kMakers, kData}) {
     if (const auto key = folder(path)) own_.insert(*key);
     hold(folder(path));
@@ -78,7 +78,7 @@ CleanOracle::CleanOracle(DiskPicture disk, RegistryPicture registry, Orders orde
     if (key && !IsRoot(*key)) own_.insert(*key);
     hold(key);
   }
-  for (const Text& path : orders_.namedFolders) hold(folder(path));
+  for (const Text& path : settings_.namedFolders) hold(folder(path));
 }
 
 std::optional<CleanOracle::Place> CleanOracle::PlaceOf(const Row& row) {
@@ -150,7 +150,7 @@ std::optional<Text> CleanOracle::LinkTarget(const Row& row) const {
 
 void CleanOracle::Recycle(const Text& key, const Text& path) {
   calls_.emplace_back(u"DeleteToRecycleBin", path);
-  if (orders_.everyFolderIsAVolume && disk_.Find(key)->kind != EntryKind::File) return;
+  if (settings_.everyFolderIsAVolume && disk_.Find(key)->kind != EntryKind::File) return;
   Text name(NameOf(key));
   for (int number = 2; disk_.Find(Concat(u"recycle\\", name)) != nullptr; ++number) {
     name = Concat(ToText(number), u"~", NameOf(key));
@@ -158,7 +158,8 @@ void CleanOracle::Recycle(const Text& key, const Text& path) {
   disk_.Move(key, Concat(u"recycle\\", name));
 }
 
-// Where something of this name may be put in the backup folder; the names with ".1" if it is taken.
+// The key for an item of this name in the backup folder. Nothing if the name is taken or there is no backup
+// folder.
 std::optional<Text> CleanOracle::InBackup(TextView name) const {
   if (!backup_) return std::nullopt;
   const Text key = Concat(*backup_, u"\\", name);
@@ -171,15 +172,15 @@ bool CleanOracle::CleanFile(const Row& row) {
   const Text path = place->Path();
   if (!HasPlainNames(path)) return false;
   if (const auto key = FileTarget(*place)) {
-    if (orders_.method == u"D") {
+    if (settings_.method == u"D") {
       disk_.Remove(*key);
-    } else if (orders_.method == u"R") {
+    } else if (settings_.method == u"R") {
       Recycle(*key, path);
-    } else if (orders_.method == u"S") {
-      const bool taken = disk_.IsFile(Concat(orders_.backupFolder, u"\\", place->name));
+    } else if (settings_.method == u"S") {
+      const bool taken = disk_.IsFile(Concat(settings_.backupFolder, u"\\", place->name));
       const auto saved = InBackup(Concat(place->name, taken ? u".1" : u""));
       const bool otherVolume =
-          orders_.everyFolderIsAVolume || (!orders_.oneVolume && saved && (*saved)[7] != (*key)[7]);
+          settings_.everyFolderIsAVolume || (!settings_.oneVolume && saved && (*saved)[7] != (*key)[7]);
       if (saved && !(otherVolume && disk_.Find(*key)->kind == EntryKind::Link)) disk_.Move(*key, *saved);
     }
   }
@@ -191,12 +192,12 @@ bool CleanOracle::CleanFolder(const Row& row) {
   const Text path = place.Path();
   if (!HasPlainNames(path)) return false;
   if (const auto key = FolderTarget(place)) {
-    if (orders_.method == u"D") {
+    if (settings_.method == u"D") {
       disk_.Remove(*key);
-    } else if (orders_.method == u"R") {
+    } else if (settings_.method == u"R") {
       Recycle(*key, path);
-    } else if (orders_.method == u"S") {
-      const bool taken = disk_.IsFolder(Concat(orders_.backupFolder, u"\\", place.name));
+    } else if (settings_.method == u"S") {
+      const bool taken = disk_.IsFolder(Concat(settings_.backupFolder, u"\\", place.name));
       if (const auto saved = InBackup(Concat(place.name, taken ? u".1" : u""))) disk_.items[*saved] = {};
       disk_.Remove(*key);
     }
@@ -244,7 +245,7 @@ void CleanOracle::CleanRegistryValue(TextView target) {
   if (fields.size() > 2) DeleteValue(ReadHive(fields[0]), fields[1], fields[2]);
 }
 
-// Whether the row goes.
+// Does what the row asks for. True if the row is removed from the list.
 bool CleanOracle::Execute(const Row& row) {
   const TextView kind = Kind(row.fields.tag);
   const auto payload = Payload(row.fields.tag);

@@ -12,51 +12,53 @@
 
 namespace tavix::lost {
 
-// Values by their names, by the keys "HIVE\path".
+// Keys ("HIVE\path"), each with its values by name.
 using RegistryPicture = std::map<Text, std::map<Text, Text, LessIgnoringCase>, LessIgnoringCase>;
 
 RegistryPicture PictureOf(platform::Registry& registry);
 
 struct Row {
   RowFields fields;
-  Text start;  // the folder where the walk began that found it
+  Text start;  // the folder where the walk that found it began
 };
 
-// What a clean is told by settings and system.
-struct Orders {
+// The settings, and the facts of the system, that a clean depends on.
+struct CleanSettings {
   Text method;
   Text backupFolder;
   std::optional<Text> systemFolder;
   std::vector<Text> namedFolders;
-  // Whether all drives are one volume, or every folder is one of its own. Only files can be moved to another.
+  // Whether all drives are one volume, or each folder is a volume of its own. Only files can be moved to
+  // another volume.
   bool oneVolume = false;
   bool everyFolderIsAVolume = false;
 };
 
-// What a clean has to do to a machine when every call works, worked out row by row from pictures alone.
+// Predicts what a clean does to a machine if no call fails: row by row, from pictures of disk and registry
+// alone.
 class CleanOracle {
  public:
-  CleanOracle(DiskPicture disk, RegistryPicture registry, Orders orders);
+  CleanOracle(DiskPicture disk, RegistryPicture registry, CleanSettings settings);
 
-  // Works on the ticked rows from the last to the first.
+  // Cleans the ticked rows, from the last to the first.
   void Clean(const std::vector<Row>& rows);
 
-  // What a row of a file or folder may take from the disk as it is now: the key of the item; nothing where
-  // the row is refused or there is nothing any more. Rows of other kinds take nothing.
+  // The key of the item that a file or folder row may remove from the disk as it is now. Nothing if the row
+  // is refused, if its item is gone, or if it is a row of another kind.
   std::optional<Text> Target(const Row& row) const;
 
-  // The link that a row of a file stands for. It stays while it leads to a folder, which may go by another
-  // row.
+  // The key of the link that a file row stands for. The link stays while its target is a folder; another row
+  // may remove that folder.
   std::optional<Text> LinkTarget(const Row& row) const;
 
   const DiskPicture& Disk() const { return disk_; }
   const RegistryPicture& Registry() const { return registry_; }
-  // Numbers of the rows that stay, counted from 0.
+  // Indexes of the rows that stay, from 0.
   const std::vector<size_t>& RowsLeft() const { return left_; }
   const Text& SumLabel() const { return sum_; }
-  // Calls of the shell, name and argument.
+  // The calls of the shell: name and argument.
   const std::vector<std::pair<Text, Text>>& Calls() const { return calls_; }
-  // The backup folder, where it is there.
+  // The key of the backup folder if it exists.
   const std::optional<Text>& BackupFolder() const { return backup_; }
 
  private:
@@ -71,7 +73,7 @@ class CleanOracle {
   bool CleanFolder(const Row& row);
   std::optional<Text> FileTarget(const Place& place) const;
   std::optional<Text> FolderTarget(const Place& place) const;
-  // What stands at the names below the start, no link followed on the way.
+  // The key of the item at the names below the start, found without following links.
   std::optional<Text> Below(const Place& place) const;
   bool KeepsContent(TextView folder) const;
   bool IsEmptyFolder(TextView key) const;
@@ -85,11 +87,11 @@ class CleanOracle {
 
   DiskPicture disk_;
   RegistryPicture registry_;
-  const Orders orders_;
+  const CleanSettings settings_;
   std::optional<Text> backup_;
   std::optional<Text> system_;
-  std::set<Text> own_;      // folders whose content stays
-  std::set<Text> holding_;  // folders that stay
+  std::set<Text> own_;      // folders that stay with all their content
+  std::set<Text> holding_;  // folders that stay; their content may go
   std::vector<size_t> left_;
   Text sum_;
   std::vector<std::pair<Text, Text>> calls_;

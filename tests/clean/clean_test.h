@@ -7,7 +7,7 @@
 
 namespace tavix::mdlPubSelf {
 
-// The program started over a machine in memory, with a folder C:\Work to put things in.
+// Starts the program over a machine in memory. Tests put their files into C:\Work.
 class CleanTest : public ProgramTest {
  protected:
   CleanTest() {

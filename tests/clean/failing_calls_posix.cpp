@@ -1,5 +1,5 @@
-// A clean over a machine in a folder of the host in which each call in turn fails, alone or with all after
-// it: no row goes whose thing still stands, and no file is lost.
+// Cleans a machine in a folder of the host while one call after another fails, alone or with all calls after
+// it. A row never goes while its item still exists, and no file is lost.
 
 #include <gtest/gtest.h>
 
@@ -27,7 +27,7 @@ using namespace machine;
 
 constexpr TextView kBackup = u"C:\\TVXBak";
 
-// The program over files in a folder; all else of the machine is in memory.
+// Runs the program over files in a host folder; the rest of the machine is in memory.
 class FailingCalls : public ProgramTest {
  protected:
   FailingCalls() {
@@ -65,7 +65,7 @@ class FailingCalls : public ProgramTest {
     AddRow(u"P", u"folder");
     AddRow(u"DUR", u"a.txt");
   }
-  // How often each content is on the disk.
+  // How many files on the disk have each content.
   std::map<std::string, int> OnDisk() const {
     std::map<std::string, int> found;
     for (const auto& [path, content] : scratch.Files()) {
@@ -76,8 +76,8 @@ class FailingCalls : public ProgramTest {
     }
     return found;
   }
-  bool Stands(const std::string& name) const { return fs::exists(scratch.Root() / "drives/C/Desk" / name); }
-  static std::string ThingOf(const RowFields& row) {
+  bool Exists(const std::string& name) const { return fs::exists(scratch.Root() / "drives/C/Desk" / name); }
+  static std::string ItemOf(const RowFields& row) {
     if (row.tag.starts_with(u"FT")) return "dump.dmp";
     return row.name == u"B.TXT" ? "b.txt" : ToUtf8(row.name);
   }
@@ -99,15 +99,15 @@ class FailingCalls : public ProgramTest {
     std::set<std::string> listed;
     for (const RowFields& row : ResultRows()) {
       EXPECT_TRUE(row.checked);
-      listed.insert(ThingOf(row));
-      if (!Stands(ThingOf(row))) ++gone;
+      listed.insert(ItemOf(row));
+      if (!Exists(ItemOf(row))) ++gone;
     }
-    // Of what went, one row at most stays: that of which the failing call was to tell whether it went.
+    // One row at most stays although its item is gone: the failing call should have confirmed the removal.
     if (!store.forGood) {
       EXPECT_LE(gone, 1) << what;
     }
     for (const std::string name : {"a.txt", "b.txt", "dump.dmp", "folder"}) {
-      EXPECT_TRUE(listed.contains(name) || !Stands(name)) << what << ": no row for " << name;
+      EXPECT_TRUE(listed.contains(name) || !Exists(name)) << what << ": no row for " << name;
     }
     const Text sum = frmPubMain.lblSum.Caption;
     EXPECT_TRUE(sum.starts_with(Concat(u"Sum: ", ToText(5 - kept), 5 - kept < 2 ? u" item," : u" items,")))
@@ -152,7 +152,7 @@ TEST_F(FailingCalls, LeaveTheRowOfAllThatStillStands) {
   }
 }
 
-// A folder whose identity can't be told at that moment is no other one.
+// If the identity of a folder can't be read, it must not be taken for another folder.
 TEST_F(FailingCalls, WhateverCallFailsKeptFoldersAndLibrariesStay) {
   machine.facts.Set(u"Folders", u"33", u"C:\\Desk\\way\\Cookies");
   machine.facts.Set(u"Folders", u"9966", u"C:\\Desk\\way\\system");

@@ -7,8 +7,8 @@
 
 namespace tavix::machine {
 
-// A store over another one of which the call with a number fails, counted from 1, and all after it if so
-// wanted; what is asked of it and what it does counts alike.
+// Wraps a store and makes one call fail, by its number from 1; with `forGood` all calls after it, too. Calls
+// that read and calls that change something are counted alike.
 class FailingStore : public FileStore {
  public:
   explicit FailingStore(std::unique_ptr<FileStore> store) : store_(std::move(store)) {}
@@ -20,9 +20,9 @@ class FailingStore : public FileStore {
   int calls = 0;
   int failing = 0;
   bool forGood = false;
-  bool otherVolume = false;                              // whether every folder lies on a volume of its own
-  std::function<void(int call)> onCall;                  // before each call, with its number
-  std::function<void(TextView name)> onRemovalOfFolder;  // right before each, with its name
+  bool otherVolume = false;                              // whether each folder is a volume of its own
+  std::function<void(int call)> onCall;                  // runs before each call
+  std::function<void(TextView name)> onRemovalOfFolder;  // runs right before a folder is removed
 
  private:
   class Folder;

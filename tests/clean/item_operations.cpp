@@ -25,7 +25,7 @@ class ItemOperations : public CleanTest {
     Add(tag, location, name);
     frmPubMain.lsvResult.Row(ResultCount()).SetSelected(true);
   }
-  // The calls since the last look, as "OpenPath C:\Work".
+  // Takes the calls since the last TakeCalls, such as "OpenPath C:\Work".
   Texts TakeCalls() {
     Texts calls;
     for (const auto& entry : machine.journal.Entries()) {
@@ -168,7 +168,7 @@ TEST_F(ItemOperations, OpenEndsAtTheFirstRegistryRow) {
   EXPECT_EQ(LastKey(), u"HKEY_CURRENT_USER\\Software\\Second");
 }
 
-TEST_F(ItemOperations, OpenReachesARegistryRowBehindTenFiles) {
+TEST_F(ItemOperations, OpenReachesARegistryRowAfterTenFiles) {
   for (int i = 1; i <= 10; ++i) AddSelected(u"F", u"C:\\Work", ToText(i));
   AddSelected(u"RK: HKEY_CURRENT_USER, a", u"Registry");
   Press(kOpen);
@@ -229,7 +229,7 @@ TEST_F(ItemOperations, TheEditorIsEndedBeforeAndOpenedAfterTheKeyIsWritten) {
   EXPECT_EQ(machine.journal.Entries()[1].Get(u"style"), u"3");
 }
 
-// A shell that notes what a look finds at each of its calls, and does nothing.
+// A shell that does nothing but note what `look` returns at each call.
 class Watching : public platform::Shell {
  public:
   explicit Watching(std::function<Text()> look) : look_(std::move(look)) {}
@@ -349,7 +349,7 @@ TEST_F(ItemOperations, TheCatalogueOfMenusIsReadBeforeTheMenuIsShownForTheFirstT
   EXPECT_EQ(shown, u"by hand") << "read once";
 }
 
-// Starting a program can let the user interface run, and with it a scan that clears the list.
+// Clears the list while a program is started: the user interface can run then, and start a scan.
 class ClearingShell : public machine::MachineShell {
  public:
   using MachineShell::MachineShell;
@@ -360,7 +360,7 @@ class ClearingShell : public machine::MachineShell {
   }
 };
 
-TEST_F(ItemOperations, RowsThatGoInTheMidstOfACommandAreNotReached) {
+TEST_F(ItemOperations, RowsThatGoDuringACommandAreNotReached) {
   ClearingShell shell(machine.store, machine.files, machine.facts, machine.journal);
   pubSystem = clsPubSystem({.shell = &shell});
   for (int i = 1; i <= 3; ++i) AddSelected(u"F", u"C:\\Work", ToText(i));

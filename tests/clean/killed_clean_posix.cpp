@@ -1,4 +1,4 @@
-// A clean that is killed at any moment loses no file.
+// A clean that is killed loses no file, at whatever moment it is killed.
 
 #include <gtest/gtest.h>
 #include <signal.h>
@@ -29,7 +29,7 @@ namespace fs = std::filesystem;
 
 constexpr int kFiles = 1000;
 #ifdef __SANITIZE_ADDRESS__
-constexpr int kRounds = 50;  // the sanitizers look at the code, which is the same in every round
+constexpr int kRounds = 50;  // sanitizers are slow, and each round runs the same code
 #else
 constexpr int kRounds = 200;
 #endif
@@ -37,7 +37,7 @@ constexpr int kRounds = 200;
 class Scratch {
  public:
   Scratch() {
-    // In memory where there is such a place: hundreds of thousands of files are moved about.
+    // In memory if possible: the rounds move hundreds of thousands of files.
     const fs::path base = fs::exists("/dev/shm") ? fs::path("/dev/shm") : fs::temp_directory_path();
     std::string name = (base / "tavix-XXXXXX").string();
     root = mkdtemp(name.data());
@@ -65,14 +65,14 @@ void Seed(const fs::path& root) {
   for (int i = 0; i < kFiles; ++i) std::ofstream(root / "drives" / "C" / "Work" / NameOf(i)) << ContentOf(i);
 }
 
-// Every file in its old place again.
+// Moves every file back to its old place.
 void TakeBack(const fs::path& root) {
   for (const auto& entry : fs::directory_iterator(root / "drives" / "C" / "TVXBak")) {
     fs::rename(entry.path(), root / "drives" / "C" / "Work" / entry.path().filename());
   }
 }
 
-// The whole job, in the process that is killed.
+// The clean, run in the child process that is killed.
 void CleanAll(const fs::path& root, int ready) {
   std::string error;
   const auto host = machine::MachineHost::Open(root, std::nullopt, error);
@@ -89,7 +89,8 @@ void CleanAll(const fs::path& root, int ready) {
   _exit(mdlPubSelf::ResultCount() == 0 ? 0 : 5);
 }
 
-// Microseconds that a clean takes when it is let to its end, or until it was killed.
+// Runs a clean in a child process and kills it after the delay; without a delay lets it finish. Returns the
+// microseconds until its end.
 int RunAndKill(const fs::path& root, std::optional<std::chrono::microseconds> delay) {
   int ready[2];
   EXPECT_EQ(pipe(ready), 0);

@@ -1,4 +1,4 @@
-// The clean driver over the running system: real files, registry, bin and logs.
+// The clean driver over the running system: real files, registry, recycle bin and event logs.
 
 #include <gtest/gtest.h>
 
@@ -46,7 +46,7 @@ class LiveClean : public testing::Test {
     ResetProcess();
   }
 
-  // These tests empty bins and clear logs: only of a Windows that a script has made for them.
+  // These tests empty the recycle bin and clear event logs. They run only on a Windows made for tests.
   static bool IsThrowaway() { return windows::HasBinOfItsOwn(); }
   void SetUp() override {
     if (!IsThrowaway()) GTEST_SKIP() << "runs in a throwaway Wine prefix only";
@@ -58,7 +58,7 @@ class LiveClean : public testing::Test {
   }
   static void AddFileRow(TextView name) { AddResultItem(u"t", name, u"1.", kPlace, u"00000001.0", u"F"); }
 
-  // Every file and folder below the place with its content.
+  // Every file and folder below the test's folder, with its content.
   static std::map<Text, std::string> Disk() {
     std::map<Text, std::string> found;
     std::vector<Text> pending{Text(kPlace)};
@@ -73,7 +73,7 @@ class LiveClean : public testing::Test {
     }
     return found;
   }
-  // Every value below a key.
+  // Collects every value below a key.
   static void Values(TextView key, std::map<Text, Text>& found) {
     platform::registry->VisitValues(
         Hive::CurrentUser, key, [&](TextView name, TextView data) { found[Concat(key, u"|", name)] = data; });

@@ -25,29 +25,29 @@ constexpr platform::DateTime kNow = 20'779 * kDay;  // 2026-11-22
 
 Text KeyOfData() { return u"C:\\MORVDataPath\\TVX"; }
 
-// Without a backslash at the end.
+// The path without a backslash at its end.
 Text Plain(TextView path) {
   while (path.size() > 2 && path.ends_with(u'\\')) path.remove_suffix(1);
   return Text(path);
 }
 
 using Keys = std::set<Text, LessIgnoringCase>;
-constexpr TextView kAside = u"stands aside";
+constexpr TextView kMovedAside = u"moved aside";
 
 bool IsLostFile(const DiskItem& item) { return item.kind == EntryKind::File && !item.content.empty(); }
 
 class Trial {
  public:
-  Trial(uint64_t seed, Ground& ground, Trouble trouble, const KillableClean& kill, Tally& tally)
-      : ground_(ground),
+  Trial(uint64_t seed, TestDisk& testDisk, Trouble trouble, const KillableClean& kill, Tally& tally)
+      : testDisk_(testDisk),
         trouble_(trouble),
         kill_(kill),
         tally_(tally),
         dice_(seed),
-        store_(ground.Store()),
+        store_(testDisk.Store()),
         files_(store_, host_.facts),
         shell_(store_, files_, host_.facts, host_.journal),
-        machine_(dice_, ground.OnHost()) {
+        machine_(dice_, testDisk.OnHost()) {
     platform::fileSystem = &files_;
     platform::shell = &shell_;
     host_.clock.Set(kNow);
@@ -64,14 +64,14 @@ class Trial {
 
  private:
   DiskPicture Picture() {
-    DiskPicture picture = ground_.Picture();
+    DiskPicture picture = testDisk_.Picture();
     picture.notReady = machine_.disk.notReady;
     return picture;
   }
 
   void Put(const Text& key, const DiskItem& item) {
     constexpr int kAges[] = {0, 1, 29, 31, 400, 20'000};
-    ground_.Put(key, item, kNow - dice_.Of(kAges) * kDay);
+    testDisk_.Put(key, item, kNow - dice_.Of(kAges) * kDay);
   }
 
   void Make() {
@@ -86,7 +86,7 @@ class Trial {
     EXPECT_EQ(Difference(machine_.disk, made_), "");
   }
 
-  // False where the program ends at once, since a link stands in the place of its data.
+  // False if the program ends at once because a link is in the place of its data.
   bool Start() {
     WireMainForm();
     if (!Form_Load()) {
@@ -110,7 +110,7 @@ class Trial {
     return true;
   }
 
-  // Whether an item lies in the scratch folder or is one of the files that every start and end make anew.
+  // Whether an item lies in the scratch folder or is a file that each start or end of the program rewrites.
   static bool IsProgramsOwn(const DiskPicture& disk, TextView key) {
     const auto data = disk.Resolve(KeyOfData(), true);
     return data && (key.starts_with(Concat(*data, u"\\DupeFiles")) || key == Concat(*data, u"\\tvx.dll"));
@@ -177,7 +177,7 @@ class Trial {
                                                              : Text(dice_.Percent(50) ? u"C:" : u"D:"));
       }
     }
-    // A scope that is no node leaves those before it ticked.
+    // If a scope isn't in the tree, this fails, but the scopes before it stay ticked.
     std::string error;
     console::OpenAndTick(options, error);
   }
@@ -201,7 +201,7 @@ class Trial {
     ChangeDisk(rows);
     before_ = Picture();
     const RegistryPicture registryBefore = PictureOf(host_.registry);
-    CleanOracle oracle(before_, registryBefore, GiveOrders());
+    CleanOracle oracle(before_, registryBefore, CurrentSettings());
     AddWhatMayGo(rows, oracle, before_);
     host_.journal.Clear();
 
@@ -218,7 +218,7 @@ class Trial {
     store_.failing = 0;
     store_.onCall = {};
     store_.onRemovalOfFolder = {};
-    if (machine::Faults* faults = ground_.NamedFaults()) faults->Clear();
+    if (machine::Faults* faults = testDisk_.NamedFaults()) faults->Clear();
     shell_.faults.Clear();
 
     const DiskPicture after = Picture();
@@ -253,7 +253,7 @@ class Trial {
     }
   }
 
-  // Every walk began at a folder that a function names, or at a ticked node.
+  // Checks that every walk began at a folder of a function, or at a ticked node.
   void CheckStarts(const std::vector<Row>& rows) const {
     std::set<Text, LessIgnoringCase> starts;
     const auto add = [&starts](const Text& folder, TextView below) {
@@ -278,7 +278,7 @@ class Trial {
       const Text start = Plain(row.start);
       const Text name = ToLower(NameOf(start));
       const bool named = name.starts_with(u"found.") || name.starts_with(u"$ntuninstall");
-      // A walk may find nothing but the folder that it began at.
+      // The row may be the folder itself where the walk began.
       const bool itself = row.fields.tag == u"P" && start == Plain(row.fields.location) &&
                           starts.contains(Concat(start, u"\\", row.fields.name));
       EXPECT_TRUE(starts.contains(start) || itself || (page_ != u"advanced" && named))
@@ -287,20 +287,20 @@ class Trial {
     }
   }
 
-  Orders GiveOrders() const {
-    Orders orders;
-    orders.method = CleaningMethod;
-    orders.backupFolder = machine_.backupFolder;
-    orders.oneVolume = ground_.OnHost();
-    orders.everyFolderIsAVolume = store_.otherVolume;
+  CleanSettings CurrentSettings() const {
+    CleanSettings settings;
+    settings.method = CleaningMethod;
+    settings.backupFolder = machine_.backupFolder;
+    settings.oneVolume = testDisk_.OnHost();
+    settings.everyFolderIsAVolume = store_.otherVolume;
     for (const auto& [section, key, value] : machine_.facts) {
-      if (section == u"Folders" && key == u"9966") orders.systemFolder = value;
-      if (section.ends_with(u"Folders") || key == u"WinDir") orders.namedFolders.push_back(value);
+      if (section == u"Folders" && key == u"9966") settings.systemFolder = value;
+      if (section.ends_with(u"Folders") || key == u"WinDir") settings.namedFolders.push_back(value);
     }
-    return orders;
+    return settings;
   }
 
-  // What others do while the rows stand in the list.
+  // Changes the disk as other programs may do between scan and clean.
   void ChangeDisk(const std::vector<Row>& rows) {
     if (rows.empty() || dice_.Percent(30)) return;
     for (size_t i = dice_.Below(4); i < 4; ++i) {
@@ -314,34 +314,34 @@ class Trial {
       if (data && (item->starts_with(*data) || data->starts_with(*item))) continue;
       const auto elsewhere = machine_.Any(EntryKind::Folder);
       switch (dice_.Below(6)) {
-        case 0:  // something new in the folder
+        case 0:  // a new file in the folder
           if (now.Find(*item)->kind == EntryKind::Folder) Put(Concat(*item, u"\\new.doc"), NewFile());
           break;
-        case 1:  // the folder it lies in leads elsewhere
+        case 1:  // a link in the place of its parent folder
           if (IsRoot(*folder) || !elsewhere || (data && data->starts_with(*folder))) break;
-          ground_.Remove(*folder);
+          testDisk_.Remove(*folder);
           Put(*folder, {EntryKind::Link, {}, Concat(u"\\", *elsewhere)});
           break;
         case 2:  // a link in its place
-          ground_.Remove(*item);
+          testDisk_.Remove(*item);
           Put(*item, {EntryKind::Link, {}, Concat(u"\\", elsewhere.value_or(*folder))});
           break;
         case 3:
-          ground_.Remove(*item);
+          testDisk_.Remove(*item);
           break;
-        case 4:  // a file with content, or a folder with some, in its place
+        case 4:  // an item of the other kind in its place: a file with content, or a folder with some
           if (now.Find(*item)->kind == EntryKind::File) {
-            ground_.Remove(*item);
+            testDisk_.Remove(*item);
             Put(*item, {});
             Put(Concat(*item, u"\\new.doc"), NewFile());
           } else {
-            ground_.Remove(*item);
+            testDisk_.Remove(*item);
             Put(*item, NewFile());
           }
           break;
-        default:  // a folder further down
+        default:  // a new folder in the folder
           if (now.Find(*item)->kind != EntryKind::Folder) break;
-          ground_.Remove(Concat(*item, u"\\new"));
+          testDisk_.Remove(Concat(*item, u"\\new"));
           Put(Concat(*item, u"\\new"), {});
           Put(Concat(*item, u"\\new\\new.doc"), NewFile());
       }
@@ -356,22 +356,22 @@ class Trial {
     if (rows.empty() || !dice_.Percent(60)) return;
     namedFaults_ = true;
     constexpr TextView kCalls[] = {u"Remove", u"RemoveTree", u"Move", u"Copy", u"Read", u"MakeFolder"};
-    if (ground_.NamedFaults() != nullptr && dice_.Percent(50)) {
+    if (testDisk_.NamedFaults() != nullptr && dice_.Percent(50)) {
       constexpr TextView kAlways[] = {u"Copy", u"Copy", u"Move", u"Remove"};
-      return ground_.NamedFaults()->Fail(dice_.Of(kAlways));
+      return testDisk_.NamedFaults()->Fail(dice_.Of(kAlways));
     }
-    // Those of one kind of call, or of many.
+    // Fail calls of one kind, or of many kinds.
     const bool one = dice_.Percent(50);
     const TextView kind = dice_.Of(kCalls);
-    for (int i = 0; i < 8 && ground_.NamedFaults() != nullptr; ++i) {
-      ground_.NamedFaults()->Fail(one ? kind : dice_.Of(kCalls), dice_.Of(rows).fields.name);
+    for (int i = 0; i < 8 && testDisk_.NamedFaults() != nullptr; ++i) {
+      testDisk_.NamedFaults()->Fail(one ? kind : dice_.Of(kCalls), dice_.Of(rows).fields.name);
     }
     if (dice_.Percent(30)) shell_.faults.Fail(u"DeleteToRecycleBin", dice_.Of(rows).fields.name);
   }
 
-  // The new files are among what must not be lost.
+  // Fills some folders right before they are removed. The new files must not be lost either.
   void FillBeforeRemovals(const std::vector<Row>& rows) {
-    const CleanOracle oracle(before_, {}, GiveOrders());
+    const CleanOracle oracle(before_, {}, CurrentSettings());
     for (const Row& row : rows) {
       const auto key = row.fields.checked && row.fields.tag == u"P" ? oracle.Target(row) : std::nullopt;
       if (key && before_.Find(*key)->kind == EntryKind::Folder && dice_.Percent(50)) filled_.insert(*key);
@@ -379,7 +379,7 @@ class Trial {
     store_.onRemovalOfFolder = [this](TextView name) {
       for (const Text& key : filled_) {
         const Text file = Concat(key, u"\\late.doc");
-        const bool there = ground_.Picture().Find(key) != nullptr;
+        const bool there = testDisk_.Picture().Find(key) != nullptr;
         if (!EqualIgnoringCase(NameOf(key), name) || !there || before_.Find(file) != nullptr) continue;
         before_.items[file] = NewFile();
         Put(file, before_.items[file]);
@@ -387,7 +387,7 @@ class Trial {
     };
   }
 
-  // The folder itself stands aside then, with all that it holds.
+  // Replaces a folder by a link at a random call. The folder itself is renamed and keeps its content.
   void SwapAtACall(const std::vector<Row>& rows) {
     if (rows.empty()) return;
     const auto folder = before_.Resolve(dice_.Of(rows).fields.location, true);
@@ -400,20 +400,20 @@ class Trial {
     }
     const int number = store_.calls + 1 + static_cast<int>(dice_.Below(size_t{1} << dice_.Below(12)));
     store_.onCall = [this, number, &rows, from = *folder, to = *elsewhere](int call) {
-      const DiskItem* now = call == number ? ground_.Picture().Find(from) : nullptr;
+      const DiskItem* now = call == number ? testDisk_.Picture().Find(from) : nullptr;
       if (now == nullptr || now->kind != EntryKind::Folder) return;
       swapped_ = from;
-      ground_.Rename(from, kAside);
+      testDisk_.Rename(from, kMovedAside);
       Put(from, {EntryKind::Link, {}, Concat(u"\\", to)});
       const DiskPicture picture = Picture();
-      AddWhatMayGo(rows, CleanOracle(picture, {}, GiveOrders()), picture);
+      AddWhatMayGo(rows, CleanOracle(picture, {}, CurrentSettings()), picture);
     };
   }
 
-  // Where an item of the picture before the clean stands afterwards if nobody takes it.
-  Text Later(const Text& key) const {
+  // The key after the clean of an item that had `key` before it, if the clean doesn't remove it.
+  Text KeyAfterSwap(const Text& key) const {
     if (!swapped_ || !(key + u"\\").starts_with(*swapped_ + u"\\")) return key;
-    return Concat(ParentOf(*swapped_), u"\\", kAside, TextView(key).substr(swapped_->size()));
+    return Concat(ParentOf(*swapped_), u"\\", kMovedAside, TextView(key).substr(swapped_->size()));
   }
 
   void AddWhatMayGo(const std::vector<Row>& rows, const CleanOracle& oracle, const DiskPicture& disk) {
@@ -424,8 +424,8 @@ class Trial {
     }
   }
 
-  // Holds whatever failed: each content stands where it stood, in the bin or in the backup folder; what no
-  // ticked row may take stands unchanged.
+  // Whatever failed: each content is in its old place, in the bin or in the backup folder, and items that no
+  // ticked row may remove are unchanged.
   void CheckNothingIsLost(const std::vector<Row>& rows, const CleanOracle& oracle, const DiskPicture& after) {
     const bool binIsEmptied = std::ranges::any_of(
         rows, [](const Row& row) { return row.fields.checked && row.fields.tag == u"RE"; });
@@ -435,16 +435,17 @@ class Trial {
     }
     std::set<std::string> known;
     for (const auto& [key, item] : before_.items) {
-      const DiskItem* now = after.Find(Later(key));
+      const DiskItem* now = after.Find(KeyAfterSwap(key));
       const bool inBin = key.starts_with(u"recycle\\");
-      const bool mayLeave = mayGo_.contains(key) || mayGo_.contains(Later(key)) || (inBin && binIsEmptied);
+      const bool mayLeave =
+          mayGo_.contains(key) || mayGo_.contains(KeyAfterSwap(key)) || (inBin && binIsEmptied);
       if (!mayLeave) {
         EXPECT_TRUE(now != nullptr && *now == item) << "lost or changed: " << Narrow(key);
       }
       if (!IsLostFile(item)) continue;
       known.insert(item.content);
       const std::vector<Text>& found = places[item.content];
-      // A copy that can't be taken back stays beside its source.
+      // If a copy can't be removed after a failed move, it stays as well as its source.
       if (trouble_ != Trouble::Kill && !namedFaults_) {
         EXPECT_LE(found.size(), 1U) << "twice: " << Narrow(key);
       }
@@ -453,7 +454,7 @@ class Trial {
         EXPECT_TRUE(binIsEmptied && (inBin || CleaningMethod == u"R")) << "lost: " << Narrow(key);
       }
       for (const Text& place : found)
-        EXPECT_TRUE(place == Later(key) || IsSafe(key, place, oracle))
+        EXPECT_TRUE(place == KeyAfterSwap(key) || IsSafe(key, place, oracle))
             << Narrow(key) << " is at " << Narrow(place);
     }
     for (const auto& [content, keys] : places) {
@@ -468,11 +469,11 @@ class Trial {
     for (const Text& child : disk.Children(key)) AddTree(keys, disk, child);
   }
 
-  // In its place, or where the method keeps it, under its own name or the one that is taken where that is not
-  // free.
+  // Whether the item is in its old place, or where the method puts it: under its name, or the name with a
+  // suffix.
   static bool IsSafe(const Text& key, const Text& place, const CleanOracle& oracle) {
     if (place == key) return true;
-    // The name may be spelled as the function has it.
+    // The function may spell the name in another letter case.
     const Text name = ToUpper(NameOf(key));
     const Text newName = ToUpper(NameOf(place));
     if (CleaningMethod == u"R") return place.starts_with(u"recycle\\") && newName.ends_with(name);
@@ -480,7 +481,8 @@ class Trial {
            (newName == name || newName == Concat(name, u".1"));
   }
 
-  // A row that is left was left unticked, or what it stands for is still there; the label counts the others.
+  // Checks that each remaining row was unticked or that its item still exists, and that the label counts the
+  // rest.
   void CheckRows(const std::vector<Row>& rows, const DiskPicture& after) const {
     std::vector<RowFields> left = ResultRows();
     size_t at = 0;
@@ -490,9 +492,9 @@ class Trial {
       EXPECT_TRUE(stays || row.fields.checked) << "an unticked row has gone: " << Narrow(row.fields.name);
     }
     EXPECT_EQ(at, left.size()) << "rows have changed";
-    // After a swap a path leads to something else than before.
+    // After a swap the paths of the rows lead elsewhere.
     if (!swapped_) CheckRowsLeft(rows, after);
-    // With no row at all a clean doesn't begin.
+    // Without rows the clean returns at once.
     if (rows.empty()) return;
     const size_t gone = rows.size() - left.size();
     const Text sum = frmPubMain.lblSum.Caption;
@@ -501,10 +503,10 @@ class Trial {
         << Narrow(sum) << ", but " << gone;
   }
 
-  // What a row stands for may go by another row, which reaches it without a link. Where calls fail, it may
-  // not be told that it has gone.
+  // The item of a remaining row may have been removed by another row that reaches it without a link. If calls
+  // fail, its removal may not have been noticed.
   void CheckRowsLeft(const std::vector<Row>& rows, const DiskPicture& after) const {
-    const CleanOracle oracle(before_, {}, GiveOrders());
+    const CleanOracle oracle(before_, {}, CurrentSettings());
     std::map<Text, int> targets;
     for (const Row& row : rows) {
       Keys keys;
@@ -519,13 +521,13 @@ class Trial {
       ++at;
       const auto key = row.fields.checked ? oracle.Target(row) : std::nullopt;
       if (!key || targets[*key] > 1 || trouble_ == Trouble::FailingCall) continue;
-      EXPECT_TRUE(after.Find(Later(*key)) != nullptr)
+      EXPECT_TRUE(after.Find(KeyAfterSwap(*key)) != nullptr)
           << "a ticked row is left of what has gone: " << Narrow(*key);
     }
   }
 
-  // A link may have come to stand in the way to a folder that is to stay, or to what a row stands for. What
-  // stays then has tests of its own.
+  // False if a new link may lie on the path to a protected folder or to the item of a row. Other tests cover
+  // that.
   bool CanTellWhatStays(const std::vector<Row>& rows) const {
     return std::ranges::none_of(rows,
                                 [this](const Row& row) {
@@ -575,14 +577,14 @@ class Trial {
     DiskPicture found = Picture();
     ForgetScratch(expected);
     ForgetScratch(found);
-    // The default backup folder is made where somebody took it away meanwhile.
+    // The program makes the default backup folder if it was removed meanwhile.
     const Text backup = u"drives\\C\\TVXBak";
     if (expected.Find(backup) == nullptr && found.Find(backup) != nullptr) expected.items[backup] = {};
     EXPECT_EQ(Difference(expected, found), "") << "the program's end changed the disk";
   }
 
   machine::MemoryHost host_;
-  Ground& ground_;
+  TestDisk& testDisk_;
   const Trouble trouble_;
   const KillableClean& kill_;
   Tally& tally_;
@@ -593,8 +595,8 @@ class Trial {
   RandomMachine machine_;
   DiskPicture made_, before_;
   Text page_;
-  Keys mayGo_;                   // what ticked rows may take
-  Keys filled_;                  // folders to be filled before they are removed
+  Keys mayGo_;                   // items that ticked rows may remove
+  Keys filled_;                  // folders to fill before they are removed
   std::optional<Text> swapped_;  // the folder that became a link during the clean
   bool namedFaults_ = false;     // whether calls fail again and again
   bool reviewed_ = false;
@@ -602,8 +604,8 @@ class Trial {
 
 }  // namespace
 
-void RunTrial(uint64_t seed, Ground& ground, Trouble trouble, const KillableClean& kill, Tally& tally) {
-  Trial(seed, ground, trouble, kill, tally).Run();
+void RunTrial(uint64_t seed, TestDisk& testDisk, Trouble trouble, const KillableClean& kill, Tally& tally) {
+  Trial(seed, testDisk, trouble, kill, tally).Run();
 }
 
 Seeds SeedsToTry(int share) {

@@ -1,5 +1,5 @@
-// Random machines in memory, cleaned: what the user had is in its place, in the bin or in the backup folder,
-// and what a clean took is what its ticked rows told.
+// Cleans random machines in memory. Each user file is in its old place, in the bin or in the backup folder
+// afterwards, and a clean removes only items of ticked rows.
 
 #include "clean/lost_trial.h"
 #include "doubles/memory_store.h"
@@ -9,7 +9,7 @@ namespace {
 
 using namespace machine;
 
-// Hands a store on that belongs to somebody else.
+// Forwards to a store that it doesn't own.
 class LentStore : public FileStore {
  public:
   explicit LentStore(FileStore& store) : store_(store) {}
@@ -32,7 +32,7 @@ Text LinkText(const LinkTarget& target) {
   return text;
 }
 
-class MemoryGround : public Ground {
+class MemoryDisk : public TestDisk {
  public:
   void Put(const Text& key, const DiskItem& item, platform::DateTime time) override {
     MemoryStore::Node& node = store_.Make(NamesOf(key), item.kind);
@@ -99,15 +99,15 @@ TEST(NothingIsLost, OnMachinesInMemory) {
   for (uint64_t seed = seeds.first; seed < seeds.first + static_cast<uint64_t>(seeds.count); ++seed) {
     SCOPED_TRACE("TAVIX_SEED=" + std::to_string(seed) +
                  " tavix-tests --gtest_filter=NothingIsLost.OnMachinesInMemory");
-    MemoryGround ground;
-    RunTrial(seed, ground, kTroubles[seed % std::size(kTroubles)], {}, tally);
+    MemoryDisk testDisk;
+    RunTrial(seed, testDisk, kTroubles[seed % std::size(kTroubles)], {}, tally);
     if (testing::Test::HasFatalFailure()) return;
   }
   RecordProperty("machines", tally.machines);
   std::cout << tally.machines << " machines, " << tally.removed << " items removed, " << tally.refused
             << " ticked rows refused, " << tally.registry << " registries cleaned\n";
   if (seeds.count < 50) return;
-  // The test is worth nothing when there is nothing to clean.
+  // The test proves nothing unless the machines have enough to clean and to refuse.
   EXPECT_GT(tally.removed, tally.machines);
   EXPECT_GT(tally.refused, tally.machines);
   EXPECT_GT(tally.registry, tally.machines / 20);

@@ -1,4 +1,4 @@
-// The same over machines in folders of the host: with links of the host, and with cleans that are killed.
+// Like nothing_is_lost.cpp, over machines in host folders: with host links, and with cleans that are killed.
 
 #include <fcntl.h>
 #include <signal.h>
@@ -23,9 +23,9 @@ namespace {
 namespace fs = std::filesystem;
 using namespace machine;
 
-class FolderGround : public Ground {
+class FolderDisk : public TestDisk {
  public:
-  FolderGround() {
+  FolderDisk() {
     fs::create_directories(root_);
     scratch_.Write("outside/victim/a.tmp", "outside");
     scratch_.Write("outside/victim/in/A.LOG", "outside too");
@@ -104,7 +104,7 @@ class FolderGround : public Ground {
   fs::path root_ = scratch_.Root() / "machine";
 };
 
-// Two of three die at a call of the store that follows from the seed, the others at any moment.
+// Two of three cleans are killed at a call of the store that the seed decides, the others at a random moment.
 bool CleanAndDie(FailingStore& store, Dice& dice, const std::function<void()>& clean) {
   const bool atCall = dice.Percent(66);
   const int number = store.calls + 1 + static_cast<int>(dice.Below(size_t{1} << dice.Below(12)));
@@ -141,8 +141,8 @@ void TrySeeds(int share, const char* test, const std::function<Trouble(uint64_t 
   const Seeds seeds = SeedsToTry(share);
   for (uint64_t seed = seeds.first; seed < seeds.first + static_cast<uint64_t>(seeds.count); ++seed) {
     SCOPED_TRACE("TAVIX_SEED=" + std::to_string(seed) + " tavix-tests --gtest_filter=NothingIsLost." + test);
-    FolderGround ground;
-    RunTrial(seed, ground, trouble(seed), CleanAndDie, tally);
+    FolderDisk testDisk;
+    RunTrial(seed, testDisk, trouble(seed), CleanAndDie, tally);
   }
   std::cout << tally.machines << " machines, " << tally.removed << " items removed, " << tally.refused
             << " ticked rows refused, " << tally.killed << " cleans killed\n";

@@ -36,7 +36,7 @@ class OneClick : public CleanTest {
   }
 };
 
-// Looks at the program whenever the status line changes.
+// Calls a function whenever the status line changes.
 class Onlooker : public ControlPeer {
  public:
   explicit Onlooker(std::function<void()> look) : look_(std::move(look)) { frmPubMain.lblProgS.peer = this; }
@@ -167,7 +167,7 @@ TEST_F(OneClick, RowsThatStartUntickedStay) {
   Add(u"RI: HKEY_CURRENT_USER, Software\\Kept, a");
   Press();
   EXPECT_EQ(ResultCount(), 0) << "rows of before go with the scan";
-  // A tick taken away in the midst of the scan, as a scanner's own unticked row has none.
+  // Untick a row during the scan; some scanners add their rows unticked in the same way.
   Seed(platform::Hive::CurrentUser, kTypedUrls, u"url1", u"http://a");
   Onlooker onlooker([] {
     if (ResultCount() == 1) frmPubMain.lsvResult.Row(1).SetChecked(false);
@@ -240,7 +240,7 @@ TEST_F(OneClick, IsRefusedWithoutAQuestionWhileAScanOrACleanRuns) {
   EXPECT_EQ(frmPubMain.picPrivacy.BorderStyle, 1);
 }
 
-TEST_F(OneClick, APressInTheMidstOfAScanLeavesThePageMarkedAndTheScanRunning) {
+TEST_F(OneClick, APressDuringAScanLeavesThePageMarkedAndTheScanRunning) {
   frmPubMain.picRegistry.MouseUp(kLeftButton);
   int presses = 0;
   Onlooker onlooker([&presses] {

@@ -120,7 +120,7 @@ std::string RandomMachine::NewContent() {
   return content;
 }
 
-// The folder's key; with all on the way.
+// Makes the folder and its parents; returns its key.
 Text RandomMachine::MakeFolder(TextView path) {
   Text key;
   const std::vector<Text> names = NamesOfPath(path).value();
@@ -128,7 +128,7 @@ Text RandomMachine::MakeFolder(TextView path) {
     key.append(key.empty() ? u"" : u"\\").append(name);
     const auto [item, made] = disk.items.try_emplace(key);
     if (!made) key = item->first;
-    // What has another kind is a folder from now on.
+    // Replace an item of another kind by a folder.
     item->second = {};
   }
   return key;
@@ -175,7 +175,7 @@ void RandomMachine::FillSystem() {
     }
   }
   if (dice_.Percent(50)) PutFile(u"recycle\\a.tmp", NewContent());
-  // What the user has saved before, with names to clash with.
+  // Files saved before, so that names clash.
   if (dice_.Percent(50)) Fill(MakeFolder(u"C:\\TVXBak"), 1);
   if (dice_.Percent(20)) Fill(MakeFolder(u"C:\\MORVDataPath"), 2);
 }
@@ -315,7 +315,7 @@ void RandomMachine::AddLinks() {
     }
     disk.items[key] = {EntryKind::Link, {}, link};
   }
-  // People move whole folders by a link.
+  // Users move whole folders to another drive and put a link in their place.
   if (dice_.Percent(15)) {
     const Text moved = NamesOfPath(dice_.Of(kSystemFolders))->back();
     for (const TextView path : kSystemFolders) {

@@ -9,7 +9,7 @@
 
 namespace tavix::lost {
 
-// Numbers from a seed, the same on every system.
+// Random numbers from a seed, the same on every system.
 class Dice {
  public:
   explicit Dice(uint64_t seed) : engine_(seed) {}
@@ -25,9 +25,9 @@ class Dice {
   std::mt19937_64 engine_;
 };
 
-// A machine with something to find for every function, and much that is to stay: links of all kinds, several
-// drives, names that clash in the backup folder, a backup folder in odd places. Each file that isn't empty
-// has a content that no other has.
+// A random machine with something to find for every function, and much that must stay: links of all kinds,
+// several drives, clashing names in the backup folder, a backup folder in odd places. Each file that isn't
+// empty has a content of its own.
 struct RandomMachine {
   RandomMachine(Dice& dice, bool onHost);
 
@@ -36,7 +36,7 @@ struct RandomMachine {
   Text backupFolder;
 
   Text Fact(TextView section, TextView key) const;
-  // Of any item whose kind it is; nothing where there is none.
+  // The key of a random item of this kind; nothing if there is none.
   std::optional<Text> Any(EntryKind kind) const;
   void FillRegistry(machine::MachineRegistry& registry);
   std::string NewContent();
@@ -47,8 +47,7 @@ struct RandomMachine {
   void Fill(const Text& folder, int depth);
   void FillSystem();
   void AddLinks();
-  // Takes away a link to nothing or in circles on the way to a folder that is to stay: what such a folder
-  // keeps has tests of its own.
+  // Removes dangling and circular links on the path to a protected folder: other tests cover those.
   void ClearTheWayTo(TextView folder);
   Text LinkTo(const Text& from, const Text& target);
   void ChooseFacts();
@@ -60,7 +59,7 @@ struct RandomMachine {
   int files_ = 0;
 };
 
-// The first link on a path that leads to nothing or in circles, as a key of the picture.
+// The key of the first dangling or circular link on a path.
 std::optional<Text> BlockingLink(const DiskPicture& disk, TextView folder);
 
 }  // namespace tavix::lost

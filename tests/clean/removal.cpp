@@ -155,7 +155,7 @@ TEST_F(Removal, AFolderThatGotALinkStaysAndOfALinkTheLinkAloneGoes) {
   EXPECT_TRUE(FileThere(u"C:\\Precious\\keep.txt"));
 }
 
-// The walk goes through the link and lists the files; the clean doesn't.
+// The walk follows the link and lists the files; the clean doesn't follow it.
 TEST_F(Removal, WhatIsReachedThroughALinkBelowTheWalksStartStays) {
   for (const TextView method : {u"D", u"R", u"S"}) {
     CleaningMethod = method;
@@ -174,7 +174,7 @@ TEST_F(Removal, WhatIsReachedThroughALinkBelowTheWalksStartStays) {
   }
 }
 
-// People move their folder for temporary files to another disk by a link.
+// Users move their temporary folder to another disk and put a link in its place.
 TEST_F(Removal, TheFolderWhereTheWalkBeganAndThoseAboveMayBeLinks) {
   for (const TextView method : {u"D", u"R", u"S"}) {
     CleaningMethod = method;
@@ -206,7 +206,7 @@ TEST_F(Removal, AFolderSwappedForALinkAfterTheScanLosesNothingThere) {
   }
 }
 
-// Somebody else may have chosen the folder to have files put among the programs.
+// Another user may have chosen this backup folder to get files into the program folders.
 TEST_F(Removal, WithRaisedRightsNothingIsSavedAmongThePrograms) {
   CleaningMethod = u"S";
   BackupFolder = u"C:\\Program Files\\App";
@@ -309,7 +309,7 @@ TEST_F(Removal, EachFailingCallInTurnLeavesTheRowsOfAllThatStands) {
         listed.insert(path);
         ++kept;
       }
-      // Of what went, one row at most stays: that of which the failing call was to tell whether it went.
+      // One row at most stays although its item is gone: the failing call should have confirmed the removal.
       EXPECT_LE(gone, 1) << "call " << failing;
       for (const Text path : {u"C:\\Work\\a.txt", u"C:\\Work\\empty", u"C:\\Work\\dump.dmp"}) {
         EXPECT_TRUE(listed.contains(path) || (!FileThere(path) && !FolderThere(path)))

@@ -9,7 +9,7 @@ namespace {
 
 class SafeguardTest : public CleanTest {
  protected:
-  // Cleans one row by each method, and says under which of them the file or folder went.
+  // Cleans one row by each method. Returns the methods that removed the file or folder.
   Text MethodsThatRemove(TextView tag, TextView folder, TextView name, const std::function<void()>& make) {
     const Text path = Concat(folder, u"\\", name);
     Text methods;
@@ -38,7 +38,7 @@ class SafeguardTest : public CleanTest {
     return MethodsThatRemove(u"F", folder, name,
                              [&] { machine.files.AddFile(Concat(folder, u"\\", name), {.content = "x"}); });
   }
-  // Of a file that is there.
+  // MethodsThatRemove for a file that exists.
   Text FileThere(TextView folder, TextView name) {
     return MethodsThatRemove(u"F", folder, name, [] {});
   }
@@ -148,7 +148,7 @@ TEST_F(SafeguardTest, ALibraryInTheSystemFolderItselfStays) {
   EXPECT_EQ(FileThere(u"C:\\Work\\way", u"a.dll"), u"");
 }
 
-// It may be anywhere in the nearest folder above it that can be looked at.
+// The backup folder may be anywhere in its nearest parent that can be looked at.
 TEST_F(SafeguardTest, WhereABackupFolderCannotBeLookedAtTheFolderAroundItStays) {
   BackupFolder = u"C:\\Work\\around\\circle\\Saved";
   machine.files.AddLink(u"C:\\Work\\around\\circle", u"C:\\Work\\around\\circle");

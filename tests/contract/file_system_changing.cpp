@@ -38,7 +38,7 @@ TEST_P(FileSystemContract, WritesTheWholeContent) {
   EXPECT_FALSE(files.WriteFile(In(u"folder"), "x"));
   EXPECT_FALSE(files.WriteFile(In(u"none\\a"), "x"));
   EXPECT_FALSE(files.WriteFile(In(u"a\\below"), "x"));
-  // No temporary file stays.
+  // No temporary file is left.
   EXPECT_EQ(Names(), (std::vector<Text>{u"a", u"folder\\"}));
 }
 
@@ -79,7 +79,7 @@ TEST_P(FileSystemContract, WritesNothingIntoAReadOnlyFile) {
   EXPECT_EQ(Names(), std::vector<Text>{u"a"});
 }
 
-TEST_P(FileSystemContract, AppendsBehindWhatStandsThere) {
+TEST_P(FileSystemContract, AppendsAfterTheOldContent) {
   EXPECT_TRUE(files.AppendToFile(In(u"a"), "one"));
   EXPECT_TRUE(files.AppendToFile(In(u"A"), ""));
   EXPECT_TRUE(files.AppendToFile(In(u"A"), "\r\ntwo"));

@@ -12,37 +12,37 @@
 
 namespace tavix::contract {
 
-// A file system to try the contract on, with what the interface leaves out.
+// A file system under test, with the operations that its interface lacks.
 class FileSystemStage {
  public:
   virtual ~FileSystemStage() = default;
   virtual platform::FileSystem& Use() = 0;
   virtual platform::Trust& UseTrust() = 0;
-  // A folder that is there, empty and belongs to the test; it goes with the stage.
+  // An empty folder for the test. It is deleted with the stage.
   virtual Text Place() = 0;
-  // Makes a link. The target is a whole path or relative to the link's folder; `folder` says what kind it
-  // is, where the machine wants to know. False where the machine can't have such a link.
+  // Makes a link. The target is absolute or relative to the link's folder; `folder` says whether it is a
+  // folder, for systems that need to know. False if the system can't make such a link.
   virtual bool Link(TextView path, TextView target, bool folder) = 0;
-  // The same to a folder, with whole paths and also where a link can't be deleted.
+  // Makes a link to a folder, with absolute paths. Works also on systems that can't delete links.
   virtual bool FolderLink(TextView path, TextView target) { return Link(path, target, true); }
-  // Gives a folder the name "<folder> aside" and puts a link to another one at its path, as somebody else
-  // would. False where that isn't to be had; nothing has changed then.
+  // Renames a folder to "<folder> aside" and puts a link to another one in its place, as another program
+  // would. False if the system can't; nothing has changed then.
   virtual bool Swap(TextView folder, TextView target) = 0;
-  // Makes a link to a folder that lies outside of everything the file system may reach and has a file
-  // "secret.txt" in it. False where there is no outside.
+  // Makes a link to a folder that the file system must not reach, with a file "secret.txt" in it. False if
+  // the file system reaches everything.
   virtual bool LinkOut(TextView path) = 0;
-  // Whether that folder and the file in it are as they were.
+  // Whether that folder and its file are unchanged.
   virtual bool OutsideIsUntouched() = 0;
-  // Makes the system refuse every look at what lies in a folder. False where this machine can't. It ends
-  // with the stage, or with a call for which `refuse` is false.
+  // Makes the system deny all access to the items in a folder, until a call with `refuse` false or the end of
+  // the stage. False if the system can't.
   virtual bool Refuse(TextView folder, bool refuse) = 0;
-  // False on a system where a folder can't be read-only.
+  // False if folders can't be read-only on this system.
   virtual bool KeepsReadOnlyFolders() { return true; }
-  // False on a system where every file shows the archive bit and no folder does.
+  // False if every file shows the archive bit on this system and no folder does.
   virtual bool KeepsArchiveBit() { return true; }
-  // False on a system that opens what a link leads to where the link is wanted: then it can't be renamed.
+  // False if the system opens the target instead of the link, so that links can't be renamed.
   virtual bool RenamesLinks() { return true; }
-  // A folder like Place on another volume; empty where there is none.
+  // A folder like Place on another volume; empty if there is none.
   virtual Text OtherVolume() = 0;
 };
 
@@ -62,21 +62,21 @@ class FileSystemContract : public testing::TestWithParam<FileSystemStageMaker> {
     ASSERT_TRUE(files.WriteFile(In(name), content));
   }
   void Make(TextView name) { ASSERT_TRUE(files.CreateFolder(In(name))); }
-  // Names in a folder below Place, a backslash behind those of folders, an arrow behind those of links.
+  // The names in a folder below Place, folders with a backslash at the end, links with an arrow.
   std::vector<Text> Names(TextView name = {});
-  // Everything in Place and below with contents, links not gone into.
+  // All items in Place and below with their contents. Links aren't followed.
   std::string Everything();
 
   std::unique_ptr<FileSystemStage> stage;
   platform::FileSystem& files;
 };
 
-// What OpenFound gives.
+// Items that OpenFound returns.
 class FoundItems : public FileSystemContract {
  protected:
   std::unique_ptr<platform::FoundItem> Open(TextView below) { return files.OpenFound(stage->Place(), below); }
 
-  // A folder "victim" that looks like "f\g", down to the names, with other content in its files.
+  // Makes a folder "victim" with the same names in it as "f\g", but other contents.
   void MakeAlike() {
     for (const TextView name : {u"f", u"f\\g", u"f\\g\\empty", u"victim", u"victim\\empty"}) Make(name);
     Write(u"f\\g\\a", "mine");

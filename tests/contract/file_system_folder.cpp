@@ -54,7 +54,8 @@ class FolderStage : public FileSystemStage {
     return std::distance(fs::begin(outside), fs::end(outside)) == 1 &&
            scratch_.Read("outside/secret.txt") == "secret";
   }
-  // Rights don't bind the host's superuser, nor do those of the library bind a Windows host.
+  // Works neither for the superuser, who may do everything, nor on a Windows host, where std::filesystem sets
+  // no access lists.
   bool Refuse(TextView folder, bool refuse) override {
     fs::permissions(HostPath(folder), refuse ? fs::perms::none : fs::perms::owner_all);
     std::error_code failure;
@@ -64,7 +65,7 @@ class FolderStage : public FileSystemStage {
   Text OtherVolume() override { return {}; }
 
  private:
-  // The library of a Windows host makes no links.
+  // std::filesystem makes no links on a Windows host.
   static bool MakeLink(const fs::path& link, const fs::path& target, bool folder) {
     std::error_code failure;
     if (folder) {

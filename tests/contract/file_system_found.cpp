@@ -5,7 +5,7 @@ namespace {
 
 using platform::FoundItem;
 
-// As MAKE_LINK of the other links, but always to a folder.
+// Like MAKE_LINK, but for links to folders only.
 #define MAKE_FOLDER_LINK(path, target) \
   if (!stage->FolderLink(In(path), In(target))) GTEST_SKIP() << "no such links on this machine"
 
@@ -175,7 +175,7 @@ TEST_P(FoundItems, AreLinksThatGoWhileTheirTargetsStay) {
   EXPECT_EQ(Names(u"f"), std::vector<Text>());
 }
 
-// Wine opens what the link leads to, so such an item isn't opened there.
+// Wine opens the target of a link, so the file system refuses to open such an item there.
 TEST_P(FoundItems, NeverTakeWhatALinkLeadsTo) {
   for (const TextView name : {u"f", u"empty"}) Make(name);
   MAKE_FOLDER_LINK(u"f\\link", u"empty");
@@ -187,7 +187,7 @@ TEST_P(FoundItems, NeverTakeWhatALinkLeadsTo) {
   EXPECT_EQ(files.FolderExists(In(u"empty")), true);
 }
 
-TEST_P(FoundItems, DeleteNothingBehindASwappedFolder) {
+TEST_P(FoundItems, DeleteNothingThroughASwappedFolder) {
   MakeAlike();
   const auto item = Open(u"f\\g\\a");
   ASSERT_NE(item, nullptr);
@@ -199,7 +199,7 @@ TEST_P(FoundItems, DeleteNothingBehindASwappedFolder) {
   ExpectVictimUntouched();
 }
 
-TEST_P(FoundItems, DeleteNoFolderBehindASwappedOne) {
+TEST_P(FoundItems, DeleteNoFolderThroughASwappedOne) {
   MakeAlike();
   const auto item = Open(u"f\\g\\empty");
   ASSERT_NE(item, nullptr);
@@ -208,7 +208,7 @@ TEST_P(FoundItems, DeleteNoFolderBehindASwappedOne) {
   ExpectVictimUntouched();
 }
 
-TEST_P(FoundItems, MoveNothingFromBehindASwappedFolder) {
+TEST_P(FoundItems, MoveNothingThroughASwappedFolder) {
   MakeAlike();
   const auto item = Open(u"f\\g\\a");
   ASSERT_NE(item, nullptr);

@@ -86,7 +86,7 @@ TEST_P(FileSystemContract, MatchesNamesWithoutRegardToCaseAndShowsThoseOfTheDisk
 TEST_P(FileSystemContract, ListsInTheOrderOfTheCapitals) {
   for (const TextView name : {u"b", u"A_", u"Aa", u"a.txt", u"Ä", u"zz", u"Z"}) Write(name);
   Make(u"M");
-  // '_' stands behind the capitals and before the small letters.
+  // '_' sorts after the capitals and before the small letters.
   EXPECT_EQ(Names(), (std::vector<Text>{u"a.txt", u"Aa", u"A_", u"b", u"M\\", u"Z", u"zz", u"Ä"}));
 }
 

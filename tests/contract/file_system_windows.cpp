@@ -17,7 +17,7 @@ class WindowsStage : public FileSystemStage {
   platform::FileSystem& Use() override { return files_; }
   platform::Trust& UseTrust() override { return trust_; }
   Text Place() override { return place_.Path(); }
-  // Wine deletes what a link leads to for the link, and makes none.
+  // Wine makes no links, and deletes the target instead of the link.
   bool Link(TextView path, TextView target, bool folder) override {
     if (windows::IsWine()) return false;
     const DWORD flags = folder ? SYMBOLIC_LINK_FLAG_DIRECTORY : 0;
@@ -28,11 +28,11 @@ class WindowsStage : public FileSystemStage {
     return true;
   }
   bool Swap(TextView folder, TextView target) override { return place_.Swap(NameOf(folder), target); }
-  // A system has no outside.
+  // The file system of a running Windows reaches everything.
   bool LinkOut(TextView) override { return false; }
   bool OutsideIsUntouched() override { return true; }
   bool KeepsReadOnlyFolders() override { return !windows::IsWine(); }
-  // Wine has no rights on files, and Windows lets most users through a folder they have no rights on.
+  // Wine has no access lists, and Windows lets most users traverse folders without rights on them.
   bool Refuse(TextView, bool) override { return false; }
   bool KeepsArchiveBit() override { return !windows::IsWine(); }
   bool RenamesLinks() override { return !windows::IsWine(); }

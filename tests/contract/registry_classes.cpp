@@ -5,7 +5,7 @@
 namespace tavix::contract {
 namespace {
 
-// HKEY_CLASSES_ROOT: Software\Classes of the user and of the machine as one.
+// HKEY_CLASSES_ROOT merges Software\Classes of the user and of the machine.
 
 constexpr Hive kUser = Hive::CurrentUser;
 constexpr Hive kMachine = Hive::LocalMachine;
@@ -82,7 +82,7 @@ TEST_P(RegistryContract, ClassesDeleteTheUsersValueThenTheMachines) {
   EXPECT_EQ(Read(kClasses, kClass, u"Name"), u"machine's");
   EXPECT_TRUE(stage->Use().DeleteValue(kClasses, kClass, u"NAME"));
   EXPECT_FALSE(stage->Use().DeleteValue(kClasses, kClass, u"NAME"));
-  // The user's key is there, the value is not: the machine's goes.
+  // The user's key lacks the value, so the machine's value is deleted.
   EXPECT_TRUE(stage->Use().DeleteValue(kClasses, kClass, u"Machine"));
   EXPECT_TRUE(Values(kMachine, kClassPlace).empty());
 }

@@ -15,24 +15,23 @@ namespace tavix::contract {
 
 using platform::Hive;
 
-// A registry to try the contract on, with what the interface leaves out: values of any type and keys that
-// can't be read. HKEY_CLASSES_ROOT is merged in it. It starts without the keys named below and takes them
-// away at its end.
+// A registry under test, with the operations that its interface lacks: values of any type, keys that can't be
+// read. It merges HKEY_CLASSES_ROOT. It starts without the keys named below and deletes them at its end.
 class RegistryStage {
  public:
   virtual ~RegistryStage() = default;
-  // Everything that was done before is settled when it returns, as it would be for the next program.
+  // The registry. Earlier changes are stored when it returns, as the next program would see them.
   virtual platform::Registry& Use() = 0;
   virtual bool MakeKey(Hive hive, TextView key) = 0;
-  // `bytes` as the registry holds them.
+  // `bytes` is the data exactly as the registry stores it.
   virtual bool SetValue(Hive hive, TextView key, TextView name, uint32_t type, std::string bytes) = 0;
-  // Takes away all rights on the key itself. False where this machine doesn't know rights.
+  // Denies all access to the key itself. False if this system has no access lists.
   virtual bool Deny(Hive hive, TextView key) = 0;
-  // False on a system that lists values in another order than the one in which they were made.
+  // False if the system doesn't list values in the order in which they were made.
   virtual bool KeepsOrderOfValues() { return true; }
 };
 
-// Keys that belong to the tests, in the hives of the user and of the machine alike.
+// Keys for the tests, in the hives of both the user and the machine.
 inline constexpr TextView kPlace = u"Software\\Tavix Contract";
 inline constexpr TextView kClass = u"Tavix.Contract";  // below HKEY_CLASSES_ROOT
 inline constexpr TextView kClassPlace = u"Software\\Classes\\Tavix.Contract";
@@ -60,7 +59,7 @@ class RegistryContract : public testing::TestWithParam<StageMaker> {
 
 // A path below kPlace.
 Text In(TextView key);
-// The bytes of a text's code units, with no terminator.
+// The bytes of a text's code units, without a terminator.
 std::string Bytes(TextView text);
 
 }  // namespace tavix::contract

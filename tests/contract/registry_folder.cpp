@@ -23,7 +23,7 @@ fs::path NewFolder() {
   return folder;
 }
 
-// Saved and opened anew between any two steps of a test.
+// Saves the registry and opens it again between any two steps of a test.
 class FolderStage : public RegistryStage {
  public:
   FolderStage() : folder_(NewFolder()) { Open(); }

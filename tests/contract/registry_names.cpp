@@ -73,7 +73,7 @@ TEST_P(RegistryContract, DeletesAKeyWithAnyNameBelow) {
   EXPECT_FALSE(Exists(Hive::CurrentUser, kPlace));
 }
 
-TEST_P(RegistryContract, TellsNamesApartThatDifferBehindANul) {
+TEST_P(RegistryContract, TellsNamesApartThatDifferAfterANul) {
   const Text one(u"a\0one", 5), two(u"a\0two", 5);
   ASSERT_TRUE(Write(Hive::CurrentUser, kPlace, one, u"1"));
   ASSERT_TRUE(Write(Hive::CurrentUser, kPlace, two, u"2"));
@@ -122,8 +122,8 @@ TEST_P(RegistryContract, RefusesNamesOverTheirLimitsAndChangesNothing) {
   EXPECT_TRUE(Values(Hive::CurrentUser, kPlace).empty());
 }
 
-TEST_P(RegistryContract, ReachesKeysBehindAVeryLongPath) {
-  // 200 levels of 240 characters: more than one counted string of the system holds.
+TEST_P(RegistryContract, ReachesKeysWithAVeryLongPath) {
+  // 200 levels of 240 characters: too long for one counted string (UNICODE_STRING) of the system.
   Text path = In(Text(240, u'p'));
   for (int i = 1; i < 200; ++i) path += Concat(u"\\", Text(240, u'p'));
   ASSERT_TRUE(Write(Hive::CurrentUser, path, u"name", u"data"));

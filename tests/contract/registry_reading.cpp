@@ -89,7 +89,7 @@ TEST_P(RegistryContract, MatchesNamesWithoutRegardToLetterCase) {
 }
 
 TEST_P(RegistryContract, KeepsLookAlikesApart) {
-  // Neither has the other for its capital: eszett and two letters, micro sign and mu, dotless i and i.
+  // These pairs look alike, but neither is the capital of the other: ß and SS, micro sign and mu, ı and i.
   for (const TextView name : {u"ß", u"SS", u"\u00B5", u"\u03BC", u"\u0131", u"i"}) {
     ASSERT_TRUE(Write(Hive::CurrentUser, In(name), u"", name));
   }
@@ -101,7 +101,7 @@ TEST_P(RegistryContract, ListsSubKeysByUpperCasedNames) {
        {u"b", u"a2", u"_c", u"Z", u"é", u"A", u"9", u"a", u"[d]", u"10", u"É1", u"жук", u"a b"}) {
     ASSERT_TRUE(stage->MakeKey(Hive::LocalMachine, In(name)));
   }
-  // `_` and `[` stand behind the capitals and would stand before the small letters.
+  // `_` and `[` sort after the capitals; compared with small letters they would sort before them.
   EXPECT_EQ(
       SubKeys(Hive::LocalMachine, kPlace),
       (std::vector<Text>{u"10", u"9", u"A", u"a b", u"a2", u"b", u"Z", u"[d]", u"_c", u"é", u"É1", u"жук"}));
@@ -117,7 +117,7 @@ TEST_P(RegistryContract, ListsDirectSubKeysOnly) {
 TEST_P(RegistryContract, ListsThousandsOfKeysAndValues) {
   constexpr int kCount = 3000;
   for (int i = kCount; i-- > 0;) {
-    // 7 and 3,000 have no common divisor, so every number comes once and none in its place.
+    // 7 and 3,000 have no common divisor, so every number comes once, in scrambled order.
     const Text number = ToText(10'000 + i * 7 % kCount);
     ASSERT_TRUE(stage->SetValue(Hive::CurrentUser, kPlace, number, 1, Bytes(number)));
   }
@@ -136,9 +136,9 @@ TEST_P(RegistryContract, ListsValuesInTheOrderMade) {
   for (const TextView name : {u"m", u"z", u"", u"a", u"Q"}) {
     ASSERT_TRUE(Write(Hive::CurrentUser, kPlace, name, u"1"));
   }
-  ASSERT_TRUE(Write(Hive::CurrentUser, kPlace, u"Z", u"2"));  // keeps its place and its spelling
+  ASSERT_TRUE(Write(Hive::CurrentUser, kPlace, u"Z", u"2"));  // keeps its position and its spelling
   ASSERT_TRUE(stage->Use().DeleteValue(Hive::CurrentUser, kPlace, u"m"));
-  ASSERT_TRUE(Write(Hive::CurrentUser, kPlace, u"m", u"3"));  // comes to the end
+  ASSERT_TRUE(Write(Hive::CurrentUser, kPlace, u"m", u"3"));  // moves to the end
   EXPECT_EQ(Values(Hive::CurrentUser, kPlace),
             (NamesAndData{{u"z", u"2"}, {u"", u"1"}, {u"a", u"1"}, {u"Q", u"1"}, {u"m", u"3"}}));
 }

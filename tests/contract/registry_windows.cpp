@@ -28,7 +28,7 @@ class WindowsStage : public RegistryStage {
     const windows::RegistryKeyHandle made = Made(hive, key);
     return made && native::SetValue(made.Get(), name, type, bytes);
   }
-  // An empty list of rights lets nobody do anything; the owner may still change the list.
+  // An empty access list (DACL) denies everything; the owner can still change the list.
   bool Deny(Hive hive, TextView key) override {
     denied_.emplace_back(hive, key);
     ACL none;
@@ -37,7 +37,7 @@ class WindowsStage : public RegistryStage {
     return !native::Open(base.Get(), key, KEY_QUERY_VALUE).key;
   }
   bool KeepsOrderOfValues() override {
-    // Wine keeps the values of a key by name.
+    // Wine sorts the values of a key by name.
     return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") == nullptr;
   }
 
@@ -57,7 +57,7 @@ class WindowsStage : public RegistryStage {
                                          DACL_SECURITY_INFORMATION | PROTECTED_DACL_SECURITY_INFORMATION,
                                          nullptr, nullptr, rights, nullptr) == ERROR_SUCCESS;
   }
-  // No list of rights at all lets everybody do everything.
+  // No access list at all (a null DACL) allows everything.
   static void Allow(Hive hive, TextView key) { SetRights(hive, key, nullptr); }
 
   void Clean() {

@@ -11,8 +11,8 @@
 
 namespace tavix::contract {
 
-// A shell to try the contract on. The machine has the special folders that the interface names, both
-// temporary folders, the variable WinDir, the event log "Application", and nothing in its bins.
+// A shell under test. Its machine has the special folders that the interface names, both temporary folders,
+// the variable WinDir, the event log "Application" and empty recycle bins.
 class ShellStage {
  public:
   virtual ~ShellStage() = default;
@@ -20,9 +20,9 @@ class ShellStage {
   virtual platform::EventLogs& Logs() = 0;
   // The files of the same machine.
   virtual platform::FileSystem& Files() = 0;
-  // A folder that is there, empty and belongs to the test; it goes with the stage.
+  // An empty folder for the test. It is deleted with the stage.
   virtual Text Place() = 0;
-  // False on a system whose emptying of the bin leaves full folders in it.
+  // False if emptying the bin leaves folders with content in it on this system.
   virtual bool EmptiesTheBinOfFolders() { return true; }
 };
 

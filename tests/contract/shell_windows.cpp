@@ -9,7 +9,7 @@
 namespace tavix::contract {
 namespace {
 
-// The running system, where bin and event logs are nobody's: under Wine.
+// The running system, under Wine only: there the recycle bin and the event logs belong to no user.
 class WindowsStage : public ShellStage {
  public:
   WindowsStage() { windows::ClearBin(); }

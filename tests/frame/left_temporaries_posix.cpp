@@ -1,4 +1,4 @@
-// What a run that is killed leaves half written goes at the next start, and nothing else does.
+// The next start deletes the half-written files of a killed run, and nothing else.
 
 #include "frame/left_temporaries.h"
 
@@ -30,12 +30,12 @@ class LeftTemporaries : public testing::Test {
   LeftTemporaries() {
     ResetProcess();
     scratch.Write("machine.ini", "[Drives]\nC=2,System\nD=2,Other\n");
-    scratch.Write("drives/C/Work/large", std::string(size_t{4} << 20U, 'x'));
+    scratch.Write("drives/C/Desk/large", std::string(size_t{4} << 20U, 'x'));
     fs::create_directories(scratch.Root() / "drives/D");
   }
   ~LeftTemporaries() override { ResetProcess(); }
 
-  // The program is started over the machine and ended again.
+  // Starts the program over the machine and ends it.
   void StartOnce() const {
     std::string error;
     const auto host = machine::MachineHost::Open(scratch.Root(), std::nullopt, error);
@@ -45,7 +45,7 @@ class LeftTemporaries : public testing::Test {
     EXPECT_TRUE(host->Save(error)) << error;
   }
 
-  // Everything in the machine folder whose name begins as those of temporaries do.
+  // All items of the machine folder whose names begin like those of temporary files.
   std::set<std::string> Temporaries() const {
     std::set<std::string> found;
     for (const auto& entry : fs::recursive_directory_iterator(scratch.Root())) {
@@ -60,17 +60,17 @@ class LeftTemporaries : public testing::Test {
   machine::ScratchFolder scratch;
 };
 
-// As a move to another volume and a save of the settings write, without an end.
+// Writes without end, as a move to another volume and a save of the settings do.
 [[noreturn]] void WriteUntilKilled(const fs::path& root, int ready) {
   const auto store = machine::OpenHostStore(fs::canonical(root));
-  const auto work = store->Open({u"drives", u"C", u"Work"});
+  const auto desk = store->Open({u"drives", u"C", u"Desk"});
   const auto backup = store->Open({u"drives", u"C", u"TVXBak"});
   const auto data = store->Open({u"drives", u"C", u"MORVDataPath", u"TVX"});
   const auto top = store->Root();
   const std::string content(size_t{1} << 20U, 'y');
   if (write(ready, "x", 1) != 1) _exit(4);
   for (;;) {
-    if (!work->Copy(u"large", *backup, u"copy") || !backup->Remove(u"copy")) _exit(5);
+    if (!desk->Copy(u"large", *backup, u"copy") || !backup->Remove(u"copy")) _exit(5);
     if (!data->WriteFile(u"tvx.dll", content) || !top->WriteFile(u"attributes.ini", "")) _exit(6);
   }
 }
@@ -112,7 +112,7 @@ TEST_F(LeftTemporaries, GoFromTheFoldersThatTheProgramWritesIntoAndFromNoOthers)
   }
   const char* ours[] = {"", "recycle/", "drives/C/MORVDataPath/TVX/", "drives/C/TVXBak/", "drives/D/Kept/"};
   for (const std::string folder : ours) scratch.Write(folder + ".tavix:4242-1", "half");
-  const std::set<std::string> others = {"drives/C/.tavix:4242-1", "drives/C/Work/.tavix:4242-1",
+  const std::set<std::string> others = {"drives/C/.tavix:4242-1", "drives/C/Desk/.tavix:4242-1",
                                         "drives/C/TVXBak/below/.tavix:4242-1"};
   for (const std::string& file : others) scratch.Write(file, "theirs");
   StartOnce();
@@ -130,14 +130,14 @@ TEST_F(LeftTemporaries, AreOrdinaryFilesWithExactlyTheirNames) {
   }
   scratch.Write(folder + ".tavix:2-1/file", "in a folder");
   kept.insert(folder + ".tavix:2-1");
-  fs::create_symlink(scratch.Root() / "drives/C/Work/large", scratch.Root() / (folder + ".tavix:2-2"));
+  fs::create_symlink(scratch.Root() / "drives/C/Desk/large", scratch.Root() / (folder + ".tavix:2-2"));
   kept.insert(folder + ".tavix:2-2");
   scratch.Write(folder + ".tavix:2-3", "ours");
   scratch.Write(folder + "~tvx2-3.tmp", "a name that anybody can give here");
   StartOnce();
   EXPECT_EQ(Temporaries(), kept);
   EXPECT_TRUE(fs::exists(scratch.Root() / (folder + "~tvx2-3.tmp")));
-  EXPECT_TRUE(fs::exists(scratch.Root() / "drives/C/Work/large"));
+  EXPECT_TRUE(fs::exists(scratch.Root() / "drives/C/Desk/large"));
 }
 
 }  // namespace

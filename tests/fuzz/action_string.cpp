@@ -28,8 +28,8 @@ void CheckTarget(TextView payload) {
 
 }  // namespace
 
-// Whatever a tag holds, its parts are pieces of it without the separators, and a tag made of such parts is
-// read as them.
+// Any text can be a tag. Its parts are pieces of it without separators, and a tag made of these parts reads
+// back as the same parts.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   const Text tag(data, data + size);
   const Action action = ReadAction(tag);

@@ -5,8 +5,8 @@
 #include "platform/machine/formats/machine_path.h"
 #include "require.h"
 
-// Any bytes in attributes.ini are read without harm; what is saved is read back as it was, and saving again
-// writes the same.
+// attributes.ini can hold any bytes. Saved attributes are read back unchanged, and a second save writes the
+// same bytes.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   using namespace tavix;
   constexpr TextView kFile = u"attributes.ini";

@@ -16,13 +16,14 @@ void Check(const Text& command) {
   const Text path = mdlPubSelf::ExtractCommandPath(command);
   Text plain = command;
   std::erase(plain, u'"');
-  // What comes out stands as one piece in the text without its quotes.
+  // The path is one piece of the command without its quotes.
   if (path.find(u'"') != Text::npos || plain.find(path) == Text::npos) std::abort();
 }
 
 }  // namespace
 
-// Any text, as UTF-16 and as one byte a character, without files and with one.
+// Reads the input as UTF-16 and as one byte for each character, on a machine without files and on one with a
+// file.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   Text wide(size / sizeof(char16_t), u'\0');
   std::memcpy(wide.data(), data, wide.size() * sizeof(char16_t));

@@ -4,7 +4,7 @@
 #include "require.h"
 #include "text/utf8.h"
 
-// Each line of the input is an argument. Options that are accepted hold to each other; others are refused
+// Each line of the input is an argument. Accepted options don't contradict each other; others are refused
 // with a reason.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   using namespace tavix;

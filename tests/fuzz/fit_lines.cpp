@@ -5,8 +5,8 @@
 
 #include "require.h"
 
-// The first two bytes are the number of lines and their width. What comes out begins as the text does, has
-// room where it is to stand, and is the whole text where that has.
+// The first two bytes of the input are the number of lines and their width. The result is the beginning of
+// the text, fits into the lines, and is the whole text if that fits.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   using namespace tavix;
   if (size < 2) return 0;
@@ -18,7 +18,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   for (const TextView line : Split(fitted, u"\n")) {
     taken += std::max<size_t>((line.size() + width - 1) / width, 1);
   }
-  // A carriage return at the end of a full line takes no room of its own.
+  // A carriage return at the end of a full line takes no space.
   Require(taken <= 2 * lines && fitted.size() <= text.size() + 5);
   if (fitted == text) {
     Require(FitLines(fitted, lines, width) == fitted);

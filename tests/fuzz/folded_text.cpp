@@ -25,7 +25,7 @@ Text Join(const std::vector<TextView>& pieces, TextView separator) {
 
 std::optional<Text> ShowName(const mdlPubSelf::RegistryEntry& entry) { return Text(entry.Name); }
 
-// Every piece of the folded text is one row.
+// Each piece of the joined text gives one row.
 void ScanList(mdlPubSelf::RegistryEntries entries, const std::vector<TextView>& pieces) {
   mdlPubSelf::ClearResults();
   const mdlPubSelf::RegistryList list[] = {{.Status = u"",
@@ -46,7 +46,7 @@ void ScanList(mdlPubSelf::RegistryEntries entries, const std::vector<TextView>& 
 
 }  // namespace
 
-// Lines are names and data in turn, of values and of subkeys, whatever separators they hold.
+// The lines of the input are names and data of values, and names of subkeys. They may contain the separators.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   constexpr size_t kMost = 1000;
   const Text input(data, data + std::min(size, kMost));
@@ -60,25 +60,25 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     }
   }
   mdlPubSelf::pubRegistry = clsPubRegistry(&registry);
-  Text folded;
-  mdlPubSelf::pubRegistry.EnumSubKeys(platform::Hive::CurrentUser, kKey, folded);
-  auto pieces = Split(folded, clsPubRegistry::kSubKeySeparator);
-  Require(Join(pieces, clsPubRegistry::kSubKeySeparator) == folded);
+  Text joined;
+  mdlPubSelf::pubRegistry.EnumSubKeys(platform::Hive::CurrentUser, kKey, joined);
+  auto pieces = Split(joined, clsPubRegistry::kSubKeySeparator);
+  Require(Join(pieces, clsPubRegistry::kSubKeySeparator) == joined);
   ScanList(mdlPubSelf::RegistryEntries::SubKeys, pieces);
 
-  mdlPubSelf::SubstringIndex index(folded);
+  mdlPubSelf::SubstringIndex index(joined);
   for (const TextView line : lines) {
-    Require(index.Contains(line) == (line.empty() ? !folded.empty() : folded.find(line) != Text::npos));
+    Require(index.Contains(line) == (line.empty() ? !joined.empty() : joined.find(line) != Text::npos));
   }
 
   for (const bool values : {false, true}) {
     if (values) {
-      mdlPubSelf::pubRegistry.EnumValues(platform::Hive::CurrentUser, kKey, folded);
+      mdlPubSelf::pubRegistry.EnumValues(platform::Hive::CurrentUser, kKey, joined);
     } else {
-      mdlPubSelf::pubRegistry.EnumValueNames(platform::Hive::CurrentUser, kKey, folded);
+      mdlPubSelf::pubRegistry.EnumValueNames(platform::Hive::CurrentUser, kKey, joined);
     }
-    pieces = Split(folded, clsPubRegistry::kItemSeparator);
-    Require(Join(pieces, clsPubRegistry::kItemSeparator) == folded);
+    pieces = Split(joined, clsPubRegistry::kItemSeparator);
+    Require(Join(pieces, clsPubRegistry::kItemSeparator) == joined);
     ScanList(values ? mdlPubSelf::RegistryEntries::Values : mdlPubSelf::RegistryEntries::ValueNames, pieces);
   }
   mdlPubSelf::pubRegistry = {};

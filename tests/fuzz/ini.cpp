@@ -13,7 +13,7 @@ using namespace tavix;
 
 using Entries = std::vector<std::pair<Text, Text>>;
 
-// The entries of a section but for those of one key.
+// The entries of a section except those of one key.
 Entries EntriesBeside(TextView content, TextView section, TextView key) {
   Entries entries;
   VisitIniSection(content, section, [&](TextView name, TextView value) {
@@ -24,8 +24,8 @@ Entries EntriesBeside(TextView content, TextView section, TextView key) {
 
 }  // namespace
 
-// Any file is read and written again without harm. Section, key and value are the first three lines of the
-// input; a value that was written is read back, and nothing else has changed.
+// Any file can be read and written again. The first three lines of the input are section, key and value. The
+// written value is read back, and no other entry changes.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   const FileText file = DecodeTextFile({reinterpret_cast<const char*>(data), size});
   Require(DecodeTextFile(EncodeTextFile(file)).text == file.text);

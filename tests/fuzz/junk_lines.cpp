@@ -17,7 +17,7 @@ namespace {
 using namespace tavix;
 using namespace tavix::mdlPubSelf;
 
-// A machine that has been started, with nothing above the frame.
+// A machine on which start, settings and data paths are set up.
 machine::MemoryHost& Machine() {
   static machine::MemoryHost host;
   if (!fileSystemObject) {
@@ -35,8 +35,8 @@ size_t LinesIn(std::string_view bytes) {
 
 }  // namespace
 
-// Any bytes in the two files give a type for each line and lists that can be searched. The first half of the
-// input is the built-in file, the rest that of the user.
+// The two junk files can hold any bytes: each line gives a type, and the lists can be searched. The first
+// half of the input is the built-in file, the rest is the user's file.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   const std::string_view input(reinterpret_cast<const char*>(data), size);
   const std::string builtIn(input.substr(0, size / 2));

@@ -5,8 +5,8 @@
 #include "platform/machine/formats/machine_facts.h"
 #include "require.h"
 
-// Any bytes are read without harm or refused with line and reason. A value that is set is what is read, and
-// no fact is longer than the file.
+// Any bytes are read, or refused with line and reason. A value that was set is read back, and no value is
+// longer than the file.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   using namespace tavix;
   const std::string_view bytes(reinterpret_cast<const char*>(data), size);

@@ -21,8 +21,9 @@ void Check(TextView text) {
 
 }  // namespace
 
-// A path that is read has names that files can have and never more text than it was, and its own text is
-// read as the same path. Any text, as UTF-16 and as one byte a character, also below a drive.
+// Reads the input as UTF-16 and as one byte for each character, alone and below a drive. The names of an
+// accepted path are valid file names, the path isn't longer than the input, and its text reads back as the
+// same path.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   Text wide(size / sizeof(char16_t), u'\0');
   std::memcpy(wide.data(), data, wide.size() * sizeof(char16_t));

@@ -12,7 +12,7 @@ using namespace tavix;
 
 const Locale kLocales[] = {{u".", u","}, {u",", u"."}, {u",", u" "}, {u"::", u""}, {u"", u""}};
 
-// 15 digits are shown.
+// Formats show at most one decimal and at most 15 digits.
 bool IsNear(double shown, double number) {
   return std::fabs(shown - number) <= 0.05 + std::fabs(number) * 1e-14;
 }
@@ -32,7 +32,7 @@ void CheckFormats(double number) {
     if (locale.Decimal.empty()) continue;
     const auto grouped = ParseNumber(FormatGrouped(number, locale), locale);
     const auto padded = ParseNumber(FormatPadded(number, locale), locale);
-    // The largest may be rounded up to what no double holds.
+    // Rounding could exceed the range of double.
     if (std::fabs(number) > 1.7e308) continue;
     Require(grouped && IsNear(*grouped, number) && padded && IsNear(*padded, number));
   }
@@ -40,8 +40,8 @@ void CheckFormats(double number) {
 
 }  // namespace
 
-// Any text is a number or none; a number, that of the text or of the first eight bytes, is shown in forms
-// that are read back as the number to what they show of it.
+// Parses the input as a text, and takes its first eight bytes as a number. Both numbers are formatted; each
+// format reads back as the number, as exactly as it shows it.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   const Text text(data, data + size);
   for (const Locale& locale : kLocales) {

@@ -8,7 +8,7 @@ namespace {
 
 using namespace tavix;
 
-// The same by a table of all pairs of beginnings, for patterns without brackets.
+// Matches by a table of all pairs of prefixes. For patterns without brackets only.
 bool MatchesByTable(TextView text, TextView pattern) {
   std::vector<bool> row(text.size() + 1, false);
   row[0] = true;
@@ -30,7 +30,7 @@ bool MatchesByTable(TextView text, TextView pattern) {
 
 }  // namespace
 
-// The pattern is the first line of the input, the text the rest.
+// The first line of the input is the pattern, the rest is the text.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   constexpr size_t kMost = 4096;
   const Text input(data, data + std::min(size, kMost));
@@ -44,7 +44,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   } else if (matches && pattern.find(u']', bracket) == TextView::npos) {
     std::abort();
   }
-  // Around a run of anything the pattern still matches.
+  // With stars around it the pattern still matches.
   const Text wider = u"*" + Text(pattern) + u"*";
   if (matches && !MatchesPattern(text, wider)) std::abort();
   return 0;

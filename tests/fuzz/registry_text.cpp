@@ -4,7 +4,7 @@
 
 #include "platform/machine/formats/registry_text.h"
 
-// Any bytes are read without harm, and what a text made is the same after it was written and read again.
+// Any bytes can be read. A registry that was read is the same after it is written and read again.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   using namespace tavix::machine;
   constexpr size_t kMost = 500;

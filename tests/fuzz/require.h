@@ -2,7 +2,7 @@
 
 #include <cstdlib>
 
-// What a fuzz target asserts, in every build.
+// An assertion of a fuzz target. It is checked in every build.
 inline void Require(bool holds) {
   if (!holds) std::abort();
 }

@@ -16,7 +16,7 @@ namespace {
 using namespace tavix;
 using namespace tavix::mdlPubSelf;
 
-// A disk whose settings file is at hand without a way to it.
+// A disk with direct access to its settings file, which saves the time to resolve its path.
 class Disk : public machine::MemoryFileSystem {
  public:
   using MemoryFileSystem::MemoryFileSystem;
@@ -31,7 +31,7 @@ class Disk : public machine::MemoryFileSystem {
   std::optional<std::string> content;
 };
 
-// That of a machine that has been started, with nothing above the frame.
+// The disk of a machine on which start, settings and data paths are set up.
 Disk& SettingsDisk() {
   static machine::MemoryHost host;
   static Disk disk(host.store, host.facts);
@@ -56,7 +56,7 @@ std::vector<Text> Settings() {
   return values;
 }
 
-// Gives back all memory. A run that leaves some is looked through for leaks, which takes long.
+// Frees all memory: the fuzzer checks a run that keeps some for leaks, which is slow.
 void Forget() {
   for (Text* value : kAll) Text().swap(*value);
   SettingsDisk().content.reset();
@@ -84,9 +84,9 @@ void CheckDefaults() {
 
 }  // namespace
 
-// Any bytes in the settings file give settings no longer than they are. Of some inputs, chosen by a hash
-// since it takes long, a setting that is written is read back and leaves the others alone, and defaults are
-// the same a second time.
+// The settings file can hold any bytes; no setting is longer than the file. For some inputs, chosen by a hash
+// because this is slow: a written setting is read back, the other settings stay, and writing the defaults
+// twice gives the same settings.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   constexpr size_t kMost = 300;
   const std::string bytes(reinterpret_cast<const char*>(data), std::min(size, kMost));

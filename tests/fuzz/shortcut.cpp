@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <cstdlib>
 
-// Any bytes are read without harm, and each path is one text, not empty and without a zero in it.
+// Any bytes can be read. Each path is a text that isn't empty and contains no NUL.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   const auto shortcut = tavix::platform::ReadShortcut({reinterpret_cast<const char*>(data), size});
   if (!shortcut) return 0;

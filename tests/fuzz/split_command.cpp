@@ -7,7 +7,7 @@ namespace {
 
 using namespace tavix;
 
-// The last byte of the input chooses what is there.
+// `there` decides which paths exist; it is the last byte of the input.
 void Check(TextView text, unsigned there) {
   size_t asked = 0;
   const auto isThere = [&](TextView path) {
@@ -22,7 +22,7 @@ void Check(TextView text, unsigned there) {
   const bool hasWord = Trim(text).find_first_not_of(u'"') != TextView::npos;
   if (!hasWord) Require(command.arguments.empty() || command.target.empty());
   if (Trim(text).empty()) Require(command.target.empty());
-  // Nothing but blanks and quotes is lost.
+  // Only blanks and quotes may be missing in the parts.
   Text rest(text);
   for (const Text& part : {command.arguments, command.target}) {
     const size_t at = rest.rfind(part);

@@ -6,8 +6,8 @@
 #include "require.h"
 #include "window/layout.h"
 
-// The lines of the input are captions of whatever length, its first byte the width of a letter. Nothing
-// overlaps, and what is put behind something keeps its right end.
+// The first byte of the input is the width of a letter, its lines are captions of any length. Controls never
+// overlap, and a control placed after another one keeps its right edge.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   using namespace tavix;
   if (size < 1) return 0;

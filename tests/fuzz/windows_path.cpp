@@ -23,8 +23,9 @@ void Check(TextView text) {
 
 }  // namespace
 
-// The normal form of a path is its own normal form, also in the form of any length, and is its folder with
-// its name. Any text, as UTF-16 and as one byte a character, also below a drive and a share.
+// Reads the input as UTF-16 and as one byte for each character, alone, below a drive and below a share. The
+// normal form of a normal form is the same, also with the \\?\ prefix, and is made up of its folder and its
+// name.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   Text wide(size / sizeof(char16_t), u'\0');
   std::memcpy(wide.data(), data, wide.size() * sizeof(char16_t));

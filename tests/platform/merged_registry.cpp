@@ -11,7 +11,7 @@ namespace {
 
 class MergedRegistryTest : public testing::Test {
  protected:
-  // Seeds below Software\Classes of a hive.
+  // Writes a value below Software\Classes of a hive.
   void Seed(Hive hive, TextView key, TextView name, TextView data) {
     ASSERT_TRUE(plain.WriteString(hive, Concat(u"Software\\Classes\\", key), name, data));
   }

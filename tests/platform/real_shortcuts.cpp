@@ -24,7 +24,7 @@ std::string Content(const std::filesystem::path& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-// A line of the index: what another reader found in the file.
+// A line of the index: the paths that another reader found in the file.
 struct IndexLine {
   std::string file, categories, local, network, variable;
 };
@@ -47,7 +47,7 @@ std::vector<IndexLine> ReadIndex() {
   return lines;
 }
 
-// Paths that stand in nothing but the item list, and what the index has no column for.
+// Paths that only the item list contains, and others for which the index has no column.
 const std::map<std::string, std::string> kOthers{
     {"013.lnk", "C:\\Program Files\\CA\\ARCserve Backup\\ARCserveMgr.exe"},
     {"014.lnk", "C:\\Program Files\\Internet Explorer\\iexplore.exe"},

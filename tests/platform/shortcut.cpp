@@ -10,10 +10,10 @@ namespace {
 
 using namespace shortcut_bytes;
 
-// What a test expects of a file that is no shortcut.
+// The expected result for a file that is no shortcut.
 constexpr TextView kNoShortcut = u"<no shortcut>";
 
-// What a shortcut names: its paths with bars between them, `<other>` for what has none.
+// The targets of a shortcut: its paths with bars between them, and `<other>` for a target without a path.
 Text Target(std::string_view bytes) {
   const std::optional<Shortcut> shortcut = ReadShortcut(bytes);
   if (!shortcut) return Text(kNoShortcut);
@@ -50,7 +50,7 @@ TEST(Shortcut, NamesEachPlaceOnce) {
             u"%WinDir%\\x.exe|D:\\document.txt|\\\\PC\\Documents\\document.txt");
 }
 
-TEST(Shortcut, LocationStandsBehindTheItems) {
+TEST(Shortcut, LocationFollowsTheItems) {
   EXPECT_EQ(Target(Header(kHasItems | kHasLocation) + kDocumentItems + kProgram),
             u"C:\\Program.exe|D:\\document.txt");
 }
@@ -130,7 +130,7 @@ TEST(Shortcut, UnknownBlocksAreSteppedOver) {
             u"%WinDir%");
 }
 
-TEST(Shortcut, NothingIsReadBehindTheLastBlock) {
+TEST(Shortcut, NothingIsReadAfterTheLastBlock) {
   EXPECT_EQ(Target(Header(kHasVariablePath) + U32(0) + ExtraBlock(kVariablePath, u"", u"%WinDir%")), u"");
 }
 

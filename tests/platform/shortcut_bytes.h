@@ -9,7 +9,7 @@
 
 namespace tavix::platform {
 
-// Puts shortcut files together, piece by piece, as the format has them.
+// Builds the bytes of shortcut files, piece by piece.
 namespace shortcut_bytes {
 
 using namespace std::string_view_literals;
@@ -34,7 +34,7 @@ inline std::string Header(unsigned flags) {
   return header;
 }
 
-// `content` is what stands behind the item's size, its kind first.
+// `content` is the part of the item after its size; it starts with the kind.
 inline std::string Item(std::string_view content) {
   return U16(static_cast<unsigned>(content.size()) + 2).append(content);
 }
@@ -63,13 +63,13 @@ inline std::string NetworkItem(char kind, TextView name) {
   return Item(std::string{kind, '\0', '\0'} + Narrow(name));
 }
 
-// A file or folder as old systems wrote it: two names and no extension.
+// A file or folder item of old systems: two names and no extension block.
 inline std::string OldFileItem(TextView name, TextView shortName) {
   std::string content = std::string("\x32\0", 2) + U32(0) + U32(0) + U16(0) + Narrow(name);
   return Item(content + Narrow(shortName) + std::string(2, '\0'));
 }
 
-// The same with the long name in an extension of a version: 3, 7, 8 or 9.
+// A file or folder item with the long name in an extension block of version 3, 7, 8 or 9.
 inline std::string FileItem(unsigned version, TextView shortName, TextView name) {
   std::string content = std::string("\x32\0", 2) + U32(0) + U32(0) + U16(0) + Narrow(shortName);
   if (content.size() % 2 != 0) content += '\0';
@@ -84,9 +84,9 @@ inline std::string FileItem(unsigned version, TextView shortName, TextView name)
 }
 
 struct Location {
-  unsigned flags = 0;  // 1 a volume, 2 a share
+  unsigned flags = 0;  // 1: has a volume, 2: has a share
   TextView path = {}, suffix = {}, share = {};
-  TextView widePath = {}, wideSuffix = {}, wideShare = {};  // with any of them, the wide fields are there
+  TextView widePath = {}, wideSuffix = {}, wideShare = {};  // if any is set, the header has the wide fields
 };
 
 inline std::string LocationBlock(const Location& location) {
@@ -120,7 +120,7 @@ inline std::string LocationBlock(const Location& location) {
   return U32(static_cast<unsigned>(4 + fields.size() + texts.size())) + fields + texts;
 }
 
-// The block of a path with variables, or of an advertised program, by its kind.
+// An extra block by its kind: a path with variables, or an advertised program.
 inline std::string ExtraBlock(unsigned kind, TextView narrow, TextView wide) {
   std::string content = Narrow(narrow);
   content.resize(260);

@@ -9,7 +9,7 @@ namespace {
 
 using namespace shortcut_bytes;
 
-// Without the size in front, as the reader of the whole file hands it over.
+// The path of an item list. The list is passed without its leading size, as the file reader does.
 Text Path(std::initializer_list<std::string> items) {
   const std::string list = Items(items).substr(2);
   return ShortcutItemPath(ByteReader(list));
@@ -41,7 +41,7 @@ TEST(ShortcutItems, ShortNameWhereTheExtensionHasNone) {
   EXPECT_EQ(Path({kDriveC, FileItem(9, u"SHORT~1", u"")}), u"C:\\SHORT~1");
 }
 
-TEST(ShortcutItems, LongNameBehindAnotherExtension) {
+TEST(ShortcutItems, LongNameAfterAnotherExtension) {
   const std::string other = U16(12) + U16(1) + U32(0xBEEF0026) + U32(0);
   std::string item = FileItem(9, u"SHORT~1", u"Long");
   const size_t at = static_cast<unsigned char>(item[item.size() - 2]);

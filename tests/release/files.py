@@ -1,4 +1,4 @@
-"""What stands in the files of a release. TAVIX_DIST names their folder, TAVIX_BUILD the build folder they come from."""
+"""Tests the files of a release. TAVIX_DIST names their folder, TAVIX_BUILD the build folder they come from."""
 import os
 import pathlib
 import re
@@ -15,14 +15,14 @@ VERSION = re.search(r"project\(tavix VERSION (\S+)", (SOURCE / "CMakeLists.txt")
 SYSTEM_LIBRARIES = {
     "advapi32.dll", "comctl32.dll", "gdi32.dll", "kernel32.dll", "msvcrt.dll", "ntdll.dll", "ole32.dll", "oleaut32.dll",
     "shell32.dll", "shlwapi.dll", "user32.dll", "uxtheme.dll", "winhttp.dll"}
-# Those that every Windows since 7 lists among its known ones, and ntdll.
+# ntdll, and the libraries that every Windows since 7 has among its KnownDLLs.
 FOUND_WITHOUT_A_SEARCH = {
     "advapi32.dll", "gdi32.dll", "kernel32.dll", "msvcrt.dll", "ole32.dll", "user32.dll", "ntdll.dll"}
 ICON, MANIFEST, ICONS, VERSION_INFO, BITMAP = 3, 24, 14, 16, 2
 
 
 class Executable:
-    """As much of a PE file as is asked about it."""
+    """A PE file, parsed as far as these tests need it."""
 
     def __init__(self, data):
         self.data = data
@@ -50,7 +50,7 @@ class Executable:
         return struct.unpack_from("<II", self.data, self.directories + 8 * number)
 
     def imports(self, tables=((1, 20, 12), (13, 32, 4))):
-        """The libraries that are loaded at start, and those of first use."""
+        """The libraries that are loaded at start, and the delay-loaded ones."""
         names = set()
         for number, entry, field in tables:
             address, _ = self.directory(number)
@@ -112,7 +112,7 @@ class Program(unittest.TestCase):
     def test_it_is_a_64_bit_window_program_guarded_as_usual(self):
         self.assertEqual(self.program.machine, 0x8664)
         self.assertEqual(self.program.subsystem, 2)
-        # Addresses of 64 bits chosen at random, and no code in data.
+        # High-entropy ASLR, DYNAMIC_BASE and NX_COMPAT.
         self.assertEqual(self.program.characteristics & 0x0160, 0x0160)
 
     def test_it_has_icon_version_manifest_and_pictures(self):

@@ -1,5 +1,5 @@
-"""The installer under Wine: install, run, scan, uninstall, and what is left. And the update check of an older build
-against the files of the release."""
+"""Tests the installer under Wine: install, run, scan, uninstall, and what is left. Tests the update check of an older
+build against the files of the release."""
 import http.server
 import os
 import pathlib
@@ -38,17 +38,17 @@ class Installing(unittest.TestCase):
 
     def uninstall(self, *arguments):
         self.machine.run(self.folder / "uninstall.exe", "/S", *arguments)
-        # It goes on as a copy of itself, which removes it last.
+        # The uninstaller continues as a copy of itself, which removes the original last.
         wait_for("the uninstaller to go", lambda: not (self.folder / "uninstall.exe").exists())
         wait_for("the entry to go", lambda: self.entry() == {})
 
     def run_as_typed(self, line, status=0):
-        """Runs a command line as it stands, without the quotes that would be put around its arguments."""
+        """Runs a command line unchanged, without added quotes around its arguments."""
         (self.machine.drive_c / "line.cmd").write_text(f"@{line}\r\n@exit %errorlevel%\r\n", encoding="ascii")
         self.machine.run("cmd", "/c", "C:\\line.cmd", allowed=(status,))
 
     def entry(self):
-        """The values of the uninstaller's entry, all keys and names in capitals."""
+        """The values of the uninstaller's registry entry, with keys and names in capitals."""
         found = {}
         for key, values in self.machine.registry(UNINSTALL).items():
             if key.upper().endswith("\\UNINSTALL\\TAVIX"):
@@ -78,7 +78,7 @@ class Installing(unittest.TestCase):
         (self.backup / "kept.txt").write_text("of the user", encoding="ascii")
         (self.folder / "own.txt").write_text("of the user", encoding="ascii")
         settings = (self.data / "tvx.dll").read_bytes()
-        # From where it is, so that its end is seen; it can't remove itself then.
+        # `_?=` runs the uninstaller in place, so that its exit is seen. Then it can't remove itself.
         self.run_as_typed('"C:\\Program Files\\Tavix\\uninstall.exe" /S _?=C:\\Program Files\\Tavix')
         self.assertEqual(content(self.folder), {"own.txt", "uninstall.exe"})
         (self.folder / "own.txt").unlink()
@@ -154,7 +154,7 @@ class Installing(unittest.TestCase):
 
 
 class Updating(unittest.TestCase):
-    """The whole way: the site serves the release, an older build asks it."""
+    """The site serves the release, and an older build asks it."""
 
     def setUp(self):
         import update_program

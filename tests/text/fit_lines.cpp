@@ -18,10 +18,10 @@ TEST(FitLines, LeavesWhatFitsAndCutsTheRest) {
       {u"12345", 1, 5, u"12345"},
       {u"a\nb\nc", 3, 5, u"a\nb\nc"},
       {u"a\r\nb\r\nc\r\nd", 3, 5, u"a\r\nb\r\n..."},
-      // A line end at the end begins another line.
+      // A line end at the end of the text begins another line.
       {u"a\nb\n", 2, 5, u"a\n..."},
       {u"a\nb\n", 3, 5, u"a\nb\n"},
-      // Long lines count as several.
+      // A long line counts as several.
       {u"1234567", 2, 5, u"1234567"},
       {u"12345678901", 2, 5, u"12345\r\n..."},
       {u"123456\nb", 2, 5, u"12345\r\n..."},

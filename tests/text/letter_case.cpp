@@ -36,7 +36,7 @@ TEST(CompareIgnoringCase, OrdersByTheCapitals) {
   EXPECT_EQ(CompareIgnoringCase(u"Abc", u"aBC"), 0);
   EXPECT_LT(CompareIgnoringCase(u"ab", u"ABC"), 0);
   EXPECT_GT(CompareIgnoringCase(u"abc", u"AB"), 0);
-  // The underscore stands behind Z and before a: it is the capitals that count.
+  // The underscore sorts after Z and before a, so this shows that capitals are compared.
   EXPECT_GT(CompareIgnoringCase(u"_x", u"zx"), 0);
   EXPECT_TRUE(EqualIgnoringCase(u"ÄRGER", u"ärger"));
   EXPECT_FALSE(EqualIgnoringCase(u"a", u"ab"));

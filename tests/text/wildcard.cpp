@@ -13,7 +13,7 @@ TEST(FilePatterns, FitNamesByTheRulesOfTheFileSearch) {
     TextView name;
     bool fits;
   } table[] = {
-      // A star is any run, also an empty one, and dots in it.
+      // A star is any run of characters, even an empty one or one with dots.
       {u"*", u"a", true},
       {u"*", u"a.b.c", true},
       {u"a*", u"a", true},
@@ -40,7 +40,7 @@ TEST(FilePatterns, FitNamesByTheRulesOfTheFileSearch) {
       {u"*.b*", u"a.b.c", true},
       {u"a.*", u"a.b.c", true},
       {u"a.*", u"a", false},
-      // A pattern that ends in a dot is for names without one.
+      // A pattern that ends in a dot matches names without a dot.
       {u"*.", u"README", true},
       {u"*.", u"a.b", false},
       {u"a*.", u"abc", true},
@@ -48,7 +48,7 @@ TEST(FilePatterns, FitNamesByTheRulesOfTheFileSearch) {
       {u"a*.", u"bc", false},
       {u"abc.", u"abc", true},
       {u"?.", u"a", true},
-      // A question mark is one character that is no dot ...
+      // A question mark is one character other than a dot ...
       {u"?", u"a", true},
       {u"?", u"ab", false},
       {u"?", u".", false},
@@ -56,7 +56,7 @@ TEST(FilePatterns, FitNamesByTheRulesOfTheFileSearch) {
       {u"a?c", u"a.c", false},
       {u"a?c", u"ac", false},
       {u"??", u"a.", false},
-      // ... or none at the end of the name and right before a dot.
+      // ... or nothing at the end of the name or right before a dot.
       {u"a?", u"a", true},
       {u"a???", u"ab", true},
       {u"???.txt", u"a.txt", true},
@@ -68,7 +68,7 @@ TEST(FilePatterns, FitNamesByTheRulesOfTheFileSearch) {
       {u"file????._dd", u"file._dd", true},
       {u"file????._dd", u"file00001._dd", false},
       {u"file????._dd", u"file12._d", false},
-      // Letter case doesn't count, outside ASCII either.
+      // Letter case is ignored, for letters outside ASCII, too.
       {u"*.LOG", u"a.log", true},
       {u"*.log", u"A.LOG", true},
       {u"\u00e4?.*", u"\u00c4b.x", true},
@@ -82,12 +82,12 @@ TEST(FilePatterns, FitNamesByTheRulesOfTheFileSearch) {
       {u"; ;", u"x.b", false},
       {u"", u"x.b", false},
       {u"*.a;*.", u"noext", true},
-      // Nothing else means anything: brackets and the like stand for themselves.
+      // All other characters, such as brackets, match themselves.
       {u"[ab].x", u"[ab].x", true},
       {u"[ab].x", u"a.x", false},
       {u"#.x", u"1.x", false},
       {u"a+b", u"a+b", true},
-      // Short names never fit, only the name itself.
+      // Only the name itself is matched, never its short name.
       {u"LONGNA~1.TXT", u"Long name of a file.txt", false},
       {u"*.htm", u"page.html", false},
       {u"?????????.txt", u"Long name of a file.txt", false},
@@ -98,7 +98,7 @@ TEST(FilePatterns, FitNamesByTheRulesOfTheFileSearch) {
   }
 }
 
-// Each start of the last run is tried once for each character, not once for each star.
+// Only the last star is retried, not every star.
 TEST(FilePatterns, TakeNoMoreTimeThanTheProductOfTheLengths) {
   Text pattern;
   for (int i = 0; i < 100; ++i) pattern += u"a*";

@@ -1,4 +1,4 @@
-// The pattern rules beside those of the running system's own search, where the two agree.
+// Compares the pattern rules with the file search of the running system, where the two agree.
 
 #include <gtest/gtest.h>
 
@@ -73,7 +73,7 @@ TEST(FilePatterns, AgreeWithTheSearchOfTheSystem) {
   for (const TextView pattern : kPatterns) Compare(folder, pattern);
 }
 
-// One before a dot or at the end of a name may stand for nothing. Not every system of this kind knows that.
+// A question mark before a dot or at the end of a name may match nothing. Wine's search doesn't know that.
 TEST(FilePatterns, AgreeWithTheSearchOfTheSystemInQuestionMarks) {
   const Folder folder;
   for (const TextView name : kNames) ASSERT_TRUE(folder.Make(name)) << ToUtf8(name);

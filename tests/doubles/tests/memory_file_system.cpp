@@ -73,7 +73,7 @@ TEST_F(MemoryFiles, LeaveSourceAndNoHalfFileWhenACopyToAnotherVolumeFails) {
   EXPECT_EQ(files.FileExists(u"D:\\a"), false);
   EXPECT_EQ(files.ReadFile(u"C:\\a"), "content");
   store.faults.Clear();
-  // A source that can't be deleted is not there twice.
+  // If the source can't be deleted, the copy is removed.
   store.faults.FailCall(3);
   EXPECT_FALSE(files.MoveFile(u"C:\\a", u"D:\\a"));
   EXPECT_EQ(files.FileExists(u"D:\\a"), false);

@@ -8,7 +8,7 @@
 
 namespace tavix::machine {
 
-// Lets the tests that make and delete thousands of files do so in memory, where there is such a place.
+// Puts temporary files into memory, if the system has such a folder, for tests that make thousands of files.
 class QuickPlace {
  public:
   QuickPlace() {

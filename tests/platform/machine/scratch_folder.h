@@ -12,7 +12,7 @@
 
 namespace tavix::machine {
 
-// A folder of the host that goes with the test.
+// A folder of the host that is deleted after the test.
 class ScratchFolder {
  public:
   ScratchFolder() {
@@ -38,7 +38,7 @@ class ScratchFolder {
     std::ifstream in(root_ / file, std::ios::binary);
     return {std::istreambuf_iterator<char>(in), {}};
   }
-  // Every file below, its path with slashes and its content; links are named, not followed.
+  // Every file below: its path with slashes, and its content. Links are listed but not followed.
   std::map<std::string, std::string> Files() const {
     std::map<std::string, std::string> files;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(root_)) {

@@ -17,7 +17,7 @@ class DeletingOnWindows : public testing::Test {
   WindowsFileSystem files;
 };
 
-// Wine opens what a link leads to whatever it is asked for, so a link can't be deleted there.
+// Wine always opens the target of a link, so links can't be deleted there.
 TEST_F(DeletingOnWindows, ALinkLeavesItsTarget) {
   const Text target = place.Folder(u"target");
   const Text kept = place.File(u"target\\kept.txt");

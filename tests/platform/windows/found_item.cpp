@@ -11,14 +11,14 @@ constexpr int kRounds = 100;
 
 Text NameOfRound(int round) { return Concat(u"file ", ToText(round)); }
 
-// Somebody swaps a folder for a link to another one, as fast as can be, while files are taken from it. Wine
-// looks at a path and deletes what stands there then: what is swapped in between goes, one file in some
-// hundreds. So these are tried by hand, with TAVIX_RACE set.
+// Deletes and moves files of a folder while another process exchanges the folder with a link, as fast as it
+// can. Wine looks a path up and deletes by path afterwards, so about one file in some hundreds is deleted
+// through the link. So these tests run only by hand, with TAVIX_RACE set.
 class FoundItemInARace : public testing::Test {
  protected:
   static bool Wanted() { return GetEnvironmentVariableW(L"TAVIX_RACE", nullptr, 0) != 0; }
 
-  // False where no such thing can be had.
+  // False if this system can't run the race.
   bool Start() {
     if (!Wanted()) return false;
     place.Folder(u"t");
@@ -61,12 +61,12 @@ TEST_F(FoundItemInARace, DeletesNothingOfTheVictim) {
   }
   place.StopExchanging();
   ExpectVictimUntouched();
-  // What could not be deleted stands, and goes now.
+  // Items that weren't deleted in the race still exist and can be deleted now.
   for (int i = 0; i < kRounds; ++i) {
-    const bool stands = files.FileExists(Mine(i)) == true;
+    const bool exists = files.FileExists(Mine(i)) == true;
     const auto item = Open(i);
-    ASSERT_EQ(item != nullptr, stands) << i;
-    if (stands) {
+    ASSERT_EQ(item != nullptr, exists) << i;
+    if (exists) {
       EXPECT_TRUE(item->DeleteFile()) << i;
     }
   }

@@ -7,7 +7,7 @@
 namespace tavix::windows {
 namespace {
 
-// Numbers for handles; closing notes them.
+// Handles that are plain numbers; closing one records it.
 struct NotedTraits {
   using Handle = int;
   static Handle Null() { return -1; }

@@ -9,7 +9,7 @@
 namespace tavix::windows {
 namespace {
 
-// What a timer of the dialog's own thread finds in the box and does to it, once.
+// Looks at the box and acts on it once, in a timer on the dialog's thread.
 struct Visit {
   Text caption;
   Text prompt;

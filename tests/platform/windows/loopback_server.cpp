@@ -75,9 +75,9 @@ bool LoopbackServer::Send(SOCKET connection, const std::string& bytes) const {
 }
 
 void LoopbackServer::Serve(SOCKET connection, const Answer& answer) {
-  // A client that doesn't read any more is not waited for.
-  const DWORD patience = 500;
-  setsockopt(connection, SOL_SOCKET, SO_SNDTIMEO, reinterpret_cast<const char*>(&patience), sizeof patience);
+  // Don't wait for a client that has stopped reading.
+  const DWORD timeout = 500;
+  setsockopt(connection, SOL_SOCKET, SO_SNDTIMEO, reinterpret_cast<const char*>(&timeout), sizeof timeout);
   if (!Send(connection, answer.bytes)) return;
   const std::string more(answer.then == kSendOn ? 65536 : 1, 'x');
   while (answer.then != kClose && !ending_) {

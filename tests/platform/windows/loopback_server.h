@@ -15,12 +15,12 @@
 
 namespace tavix::windows {
 
-// A server on this machine that gives each connection the next of its answers, whatever is asked for, and
-// takes none when they are used up.
+// A server on this machine. It gives each connection its next answer, whatever the request, and accepts no
+// connection after the last answer.
 class LoopbackServer {
  public:
   enum Then { kClose, kKeepSilent, kTrickle, kDrip, kSendOn };
-  // kTrickle sends a byte every 20 ms, kDrip one every 300.
+  // After the answer: kTrickle sends a byte every 20 ms, kDrip a byte every 300 ms.
   struct Answer {
     std::string bytes;
     Then then = kClose;
@@ -33,7 +33,7 @@ class LoopbackServer {
 
   int Port() const { return port_; }
   Text Url(TextView path) const;
-  // The requests so far, each as it came.
+  // The requests so far, unchanged.
   std::vector<std::string> Requests();
 
  private:
@@ -41,7 +41,7 @@ class LoopbackServer {
   void Serve(SOCKET connection, const Answer& answer);
   bool Receive(SOCKET connection);
   bool Send(SOCKET connection, const std::string& bytes) const;
-  // Whether something is there to be read, waiting for a moment.
+  // Waits for a moment; true if there is something to read.
   bool IsReady(SOCKET socket) const;
 
   std::vector<Answer> answers_;

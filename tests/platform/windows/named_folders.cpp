@@ -18,7 +18,7 @@ bool AreNamed(const std::vector<Text>& folders, TextView path) {
   return std::ranges::any_of(folders, [path](TextView folder) { return EqualIgnoringCase(folder, path); });
 }
 
-// A user of the machine who isn't signed in, for as long as it lives.
+// Adds a user who isn't signed in, for the lifetime of the object.
 class OtherProfile {
  public:
   explicit OtherProfile(const wchar_t* path) {

@@ -26,8 +26,8 @@ BOOL WINAPI TellFat(HANDLE file, FILE_INFO_BY_HANDLE_CLASS what, LPVOID informat
   return NotOnFat(what) ? FALSE : SetFileInformationByHandle(file, what, information, size);
 }
 
-// The drive of the tests answers as FAT and exFAT do: an invalid parameter is what a question after reparse
-// tags is, and newer questions are.
+// The drive of the tests answers like FAT and exFAT: queries for reparse tags, and newer queries, fail with
+// ERROR_INVALID_PARAMETER.
 class OnADriveLikeFat : public testing::Test {
  protected:
   OnADriveLikeFat() { handleCalls = {AskFat, TellFat}; }

@@ -9,7 +9,7 @@
 namespace tavix::windows {
 namespace {
 
-// Started programs take their time.
+// Waits for the file: the started program writes it later.
 std::string ContentWhenThere(TextView path) {
   for (int i = 0; i < 1000 && (ContentOf(path) == "(none)" || ContentOf(path).empty()); ++i) Sleep(10);
   return ContentOf(path);

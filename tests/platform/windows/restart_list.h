@@ -5,7 +5,8 @@
 
 namespace tavix::windows {
 
-// The list of renames that the next start of the system makes, put back at the end as it was.
+// The renames that the system does at its next start (PendingFileRenameOperations). Restores the list at the
+// end.
 class RestartList {
  public:
   RestartList() : before_(Read()) {}

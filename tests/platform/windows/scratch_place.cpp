@@ -19,8 +19,8 @@ Text Extended(TextView path) {
   return path.starts_with(u"\\\\") ? ExtendedPath(path) : Concat(u"\\\\?\\", path);
 }
 
-// The path that Extended() makes a file of the host: "/a/b" is "unix\a\b". No drive leads there, and no path
-// that Tavix takes for one.
+// The path of a host file, to be passed to Extended(): "/a/b" becomes "unix\a\b". No drive leads there, and
+// Tavix refuses such paths.
 Text OnHost(TextView path) {
   Text found = Concat(u"unix", path);
   std::replace(found.begin(), found.end(), u'/', u'\\');
@@ -33,8 +33,7 @@ Text FromEnvironment(const wchar_t* name) {
   return FromWide(value);
 }
 
-// A junction is a folder with a reparse point that has the target in the form of the system and in one to
-// show.
+// A junction is a folder with a reparse point. It holds the target twice: in NT form, and in a form to show.
 bool MakeJunction(const Text& path, TextView target) {
   if (!CreateDirectoryW(Wide(Extended(path)), nullptr)) return false;
   const Text name = Concat(u"\\??\\", target);
@@ -72,8 +71,8 @@ std::string HostPath(const Text& path) {
   return found;
 }
 
-// Wine runs the host's programs. They have no process here that could be waited for, so this waits until the
-// path is there, or gone.
+// Runs a host program by Wine. It has no Windows process to wait for, so this waits until the path exists or
+// is gone.
 bool RunOnHost(TextView program, TextView arguments, const Text& path, bool comes) {
   STARTUPINFOW start = {};
   start.cb = sizeof(start);
@@ -185,7 +184,7 @@ bool ScratchPlace::Swap(TextView name, TextView target) const {
 
 bool ScratchPlace::StartExchanging(TextView one, TextView other) const {
   if (!IsWine()) return false;
-  // Ends by itself when the test has died.
+  // The script ends by itself if the test process dies.
   const Text script = File(u"exchange.py", R"(
 import ctypes, os, sys, time
 here, one, other = sys.argv[1:]

@@ -8,7 +8,7 @@
 
 namespace tavix::windows {
 
-// A folder of its own below the user's temporary folder; gone with all its content at the end.
+// A new folder below the user's temporary folder. It is deleted with its content at the end.
 class ScratchPlace {
  public:
   ScratchPlace();
@@ -16,23 +16,23 @@ class ScratchPlace {
   ScratchPlace(const ScratchPlace&) = delete;
   ScratchPlace& operator=(const ScratchPlace&) = delete;
 
-  // Its path, or that of something in it.
+  // The path of the folder; In: the path of an item in it.
   const Text& Path() const { return path_; }
   Text In(TextView name) const;
-  // Makes a file with this content, its folder being there.
+  // Makes a file in an existing folder. Returns its path, as do the next two.
   Text File(TextView name, std::string_view content = "content") const;
   Text Folder(TextView name) const;
-  // Makes a link to a folder: a junction, or under Wine, which has none, a link of the host.
+  // Makes a link to a folder: a junction, or under Wine, which has none, a symbolic link of the host.
   Text FolderLink(TextView name, TextView target) const;
-  // Gives a folder the name "<name> aside" and puts a link to another one at its path. False where the system
-  // doesn't let the folder go because it is in use; Wine isn't asked.
+  // Renames a folder to "<name> aside" and puts a link to another one in its place. False if Windows refuses
+  // to rename the folder because it is in use. Under Wine the host renames it.
   bool Swap(TextView name, TextView target) const;
-  // Has another process exchange two names, one a folder's and one a link's, as fast as it can. False where
-  // there is none to do it; Windows has no such exchange.
+  // Starts a process that exchanges a folder and a link by name, as fast as it can. False on Windows, which
+  // has no such exchange.
   bool StartExchanging(TextView one, TextView other) const;
-  // Waits until that has ended; the names stand as they did.
+  // Ends that process and waits for it. The names are as before.
   void StopExchanging() const;
-  // A link to a file. False without the right to make one, and under Wine.
+  // Makes a link to a file. False under Wine, and without the right to make links.
   bool FileLink(TextView name, TextView target) const;
 
  private:
@@ -40,17 +40,16 @@ class ScratchPlace {
   mutable std::vector<Text> links_;
 };
 
-// Whether this is Wine, and no Windows.
+// Whether the tests run under Wine.
 bool IsWine();
-// Whether the recycle bin is one that the tests may empty. Wine's is the host's, so it needs a place of its
-// own.
+// Whether the tests may empty the recycle bin. Wine uses the host's bin, so the host needs a private one.
 bool HasBinOfItsOwn();
-// Makes that bin empty without the system's help: Wine leaves read-only files and full folders in it.
+// Empties that bin without the shell: Wine leaves read-only files and folders with content in it.
 void ClearBin();
-// What the system itself says, without the code under test.
+// The attributes or the content of a file, read without the code under test.
 DWORD AttributesOf(TextView path);
 std::string ContentOf(TextView path);
-// A folder on another volume, which may be filled; empty if the tests were given none.
+// A folder on another volume that tests may fill; empty if there is none.
 Text OtherVolume();
 
 }  // namespace tavix::windows

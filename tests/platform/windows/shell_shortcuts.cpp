@@ -1,4 +1,4 @@
-// Shortcuts that the shell of the system has made.
+// Shortcuts made by the shell of the system.
 
 #include <gtest/gtest.h>
 
@@ -17,7 +17,7 @@ namespace {
 
 class ShellLinkOfWindows : public testing::Test {
  protected:
-  // Saves a shortcut to a path as any program would.
+  // Saves a shortcut with the shell's own object, as other programs do.
   static void Save(const Text& path, const Text& target) {
     ComPointer<IShellLinkW> link;
     ASSERT_EQ(CoCreateInstance(CLSID_ShellLink, nullptr, CLSCTX_INPROC_SERVER, IID_IShellLinkW,
@@ -29,7 +29,7 @@ class ShellLinkOfWindows : public testing::Test {
     ASSERT_EQ(file.Get()->Save(Wide(path), TRUE), S_OK);
   }
 
-  // Whether a shortcut names a path, letter case aside.
+  // Whether a shortcut names a path. Letter case is ignored.
   bool Names(const Text& path, const Text& target) {
     const auto shortcut = shell.OpenShortcut(path);
     return shortcut && std::ranges::any_of(shortcut->paths, [&](const Text& named) {
@@ -53,7 +53,7 @@ TEST_F(ShellLinkOfWindows, KeepsATargetThatIsGone) {
   const Text target = place.File(u"target.txt");
   Save(place.In(u"a.lnk"), target);
   ASSERT_TRUE(files.DeleteFile(target, true));
-  // Something of the same name beside the shortcut is another thing.
+  // A file of the target's name beside the shortcut isn't the target.
   EXPECT_TRUE(Names(place.In(u"a.lnk"), target));
 }
 

@@ -10,7 +10,7 @@
 namespace tavix::windows {
 namespace {
 
-// The number of a process that has run and runs no more.
+// The id of a process that has ended.
 DWORD EndedProcess() {
   STARTUPINFOW start = {};
   start.cb = sizeof(start);
@@ -66,7 +66,7 @@ TEST_F(TemporaryFilesOnWindows, ThatSomebodyHasOpenStay) {
   EXPECT_TRUE(IsGone(file));
 }
 
-// The copy is this very program, which is one of the house.
+// The running copy is this test program; it counts as one of our programs.
 TEST_F(TemporaryFilesOnWindows, OfACopyThatRunsStay) {
   wchar_t program[MAX_PATH];
   ASSERT_NE(GetModuleFileNameW(nullptr, program, MAX_PATH), 0U);

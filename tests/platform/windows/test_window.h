@@ -12,7 +12,7 @@ struct WindowTraits {
 };
 using OwnedWindow = Owned<WindowTraits>;
 
-// A top-level window that isn't shown; none without a display.
+// A hidden top-level window; null without a display.
 inline OwnedWindow MakeWindow(const Text& title, const wchar_t* windowClass = L"STATIC") {
   return OwnedWindow(CreateWindowExW(0, windowClass, Wide(title), WS_OVERLAPPED, 0, 0, 10, 10, nullptr,
                                      nullptr, GetModuleHandleW(nullptr), nullptr));

@@ -58,7 +58,7 @@ TEST_F(DesktopOfWindows, LetsGoOfTheMouse) {
 }
 
 TEST_F(DesktopOfWindows, ColoursATree) {
-  ASSERT_NE(LoadLibraryW(L"comctl32.dll"), nullptr);  // brings the class of trees with it
+  ASSERT_NE(LoadLibraryW(L"comctl32.dll"), nullptr);  // registers the tree view class
   const OwnedWindow tree = MakeWindow(u"", WC_TREEVIEWW);
   if (!tree) GTEST_SKIP() << "no display";
   desktop.SetTreeBackColor(Number(tree), 0x112233);

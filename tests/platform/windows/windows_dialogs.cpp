@@ -7,7 +7,7 @@
 namespace tavix::windows {
 namespace {
 
-// The owner of the message box that comes up, which is then closed.
+// The owner of the message box shown last. The box is closed at once.
 HWND owner = nullptr;
 bool shown = false;
 

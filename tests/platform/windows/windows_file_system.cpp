@@ -14,7 +14,7 @@ constexpr DWORD kHiddenSystem = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
 
 class FilesOfWindows : public testing::Test {
  protected:
-  // How many files and folders lie in the place.
+  // The number of files and folders in the test's folder.
   int Count() {
     int count = 0;
     files.List(place.Path(), [&count](const platform::DirectoryEntry&) { ++count; });
@@ -152,7 +152,7 @@ TEST_F(FilesOfWindows, AFailedMoveByCopyLeavesTheSourceAndNoCopy) {
   const Text file = place.File(u"file"), other = place.File(u"other", "other");
   EXPECT_FALSE(MovesByCopy(file, other));
   EXPECT_FALSE(MovesByCopy(file, place.In(u"missing\\file")));
-  // Held without leave to delete it, the source can be copied and must stay.
+  // Opened without FILE_SHARE_DELETE, the source can be copied but not deleted.
   const FileHandle held(CreateFileW(Wide(file), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
                                     FILE_ATTRIBUTE_NORMAL, nullptr));
   EXPECT_FALSE(MovesByCopy(file, place.In(u"copy")));
@@ -187,7 +187,7 @@ TEST_F(FilesOfWindows, DrivesStandInTheOrderOfTheirLetters) {
     EXPECT_TRUE(drives[i].ready || drives[i].volumeName.empty());
   }
   EXPECT_TRUE(c);
-  // Nothing of the host is in the reach of what runs under Wine here.
+  // Our Wine prefixes have drive C: alone, so that tests can't reach the host's files.
   if (IsWine()) {
     EXPECT_EQ(drives.size(), 1U);
   }

@@ -23,7 +23,7 @@ TEST(InstanceOfWindows, TheSecondFindsTheFirstAsLongAsItRuns) {
   EXPECT_FALSE(third.PreviousRuns());
 }
 
-// What the first copy of another session or user leaves for this one to see, rights given or not.
+// The mutex of a copy of another session or user counts, whether or not its access list lets us open it.
 TEST(InstanceOfWindows, ACopyOfAnotherSessionOrUserCounts) {
   for (const wchar_t* rights : {L"D:(A;;GA;;;WD)", L"D:(D;;GA;;;WD)"}) {
     PSECURITY_DESCRIPTOR descriptor = nullptr;
@@ -39,7 +39,7 @@ TEST(InstanceOfWindows, ACopyOfAnotherSessionOrUserCounts) {
 }
 
 TEST(InstanceOfWindows, AMarkThatCantBeOpenedCounts) {
-  // Nothing but a mutex can be opened as one.
+  // An event of that name can't be opened as a mutex.
   const ObjectHandle other(CreateEventW(nullptr, TRUE, FALSE, L"Global\\TavixPub.Running"));
   ASSERT_TRUE(other);
   EXPECT_TRUE(WindowsInstance().PreviousRuns());
@@ -50,12 +50,12 @@ TEST(InstanceOfWindows, EverybodyMayOpenTheMark) {
   ASSERT_FALSE(first.PreviousRuns());
   const ObjectHandle mark(OpenMutexW(READ_CONTROL | SYNCHRONIZE, FALSE, L"Global\\TavixPub.Running"));
   ASSERT_TRUE(mark);
-  char room[4096];
+  char buffer[4096];
   DWORD size = 0;
-  ASSERT_TRUE(GetKernelObjectSecurity(mark.Get(), DACL_SECURITY_INFORMATION, room, sizeof room, &size));
+  ASSERT_TRUE(GetKernelObjectSecurity(mark.Get(), DACL_SECURITY_INFORMATION, buffer, sizeof buffer, &size));
   wchar_t* text = nullptr;
   ASSERT_TRUE(ConvertSecurityDescriptorToStringSecurityDescriptorW(
-      room, SDDL_REVISION_1, DACL_SECURITY_INFORMATION, &text, nullptr));
+      buffer, SDDL_REVISION_1, DACL_SECURITY_INFORMATION, &text, nullptr));
   const Text rights = FromWide(text);
   LocalFree(text);
   EXPECT_NE(rights.find(u";;;WD)"), Text::npos) << testing::PrintToString(rights);

@@ -9,7 +9,7 @@ namespace tavix::windows {
 namespace {
 
 constexpr int kPatience = 10;
-// What is given up after a second or two takes less, in milliseconds, on a machine that is busy, too.
+// Milliseconds. Requests with a timeout of one or two seconds end before this, even on a busy machine.
 constexpr ULONGLONG kInTime = 6000;
 
 std::string Ok(const std::string& body, const std::string& headers = {}) {
@@ -19,7 +19,7 @@ std::string Ok(const std::string& body, const std::string& headers = {}) {
 
 class NetworkOfWindows : public testing::Test {
  protected:
-  // What comes for a raw answer of the server, and how long that took, in milliseconds.
+  // Fetches from a server with these raw answers. `took` is the time in milliseconds.
   std::optional<std::string> Fetch(std::vector<LoopbackServer::Answer> answers, int seconds = kPatience) {
     LoopbackServer server(std::move(answers));
     const ULONGLONG before = GetTickCount64();
@@ -38,7 +38,7 @@ TEST_F(NetworkOfWindows, BringsTheBytesAsTheyAre) {
   const std::string any("2.19.630\r\n\0\x80\xFF", 13);
   EXPECT_EQ(Fetch({{Ok(any)}}), any);
   EXPECT_EQ(Fetch({{Ok("")}}), "");
-  // Until the server closes, and in pieces.
+  // A body that ends when the server closes, and a body in chunks.
   EXPECT_EQ(Fetch({{"HTTP/1.0 200 OK\r\n\r\nabc"}}), "abc");
   EXPECT_EQ(Fetch({{"HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n2\r\nab\r\n1\r\nc\r\n0\r\n\r\n"}}),
             "abc");
@@ -129,7 +129,7 @@ TEST_F(NetworkOfWindows, AServerThatNeverEndsIsLeftAtTheMostOrWhenTheTimeIsOver)
   EXPECT_LT(took, kInTime);
   EXPECT_EQ(Fetch({{.bytes = head, .then = LoopbackServer::kTrickle}}, 1), std::nullopt);
   EXPECT_LT(took, kInTime);
-  // Not even the headers come to an end.
+  // Headers that never end.
   EXPECT_EQ(Fetch({{.bytes = "HTTP/1.1 200 OK\r\nX: ", .then = LoopbackServer::kTrickle}}, 1), std::nullopt);
   EXPECT_LT(took, kInTime);
 }
@@ -167,7 +167,7 @@ TEST_F(NetworkOfWindows, AServerThatSaysNothingIsLeftWhenTheTimeIsOver) {
   EXPECT_EQ(Fetch({{.bytes = "", .then = LoopbackServer::kKeepSilent}}, 1), std::nullopt);
   EXPECT_GE(took, 900U);
   EXPECT_LT(took, kInTime);
-  // Nobody takes the connection.
+  // No server accepts the connection.
   EXPECT_EQ(Fetch({}, 1), std::nullopt);
   EXPECT_LT(took, kInTime);
 }
@@ -196,11 +196,11 @@ TEST_F(NetworkOfWindows, WhatLeadsNowhereFails) {
   }
 }
 
-// A window that counts how often it is painted.
-LRESULT CALLBACK CountPaints(HWND window, UINT message, WPARAM wide, LPARAM longer) {
+// A window procedure that counts paints.
+LRESULT CALLBACK CountPaints(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_PAINT) ++*reinterpret_cast<int*>(GetWindowLongPtrW(window, GWLP_USERDATA));
   if (message == WM_APP) *reinterpret_cast<int*>(GetWindowLongPtrW(window, GWLP_USERDATA)) += 1000;
-  return DefWindowProcW(window, message, wide, longer);
+  return DefWindowProcW(window, message, wParam, lParam);
 }
 
 TEST_F(NetworkOfWindows, WindowsArePaintedMeanwhileAndOtherMessagesWait) {

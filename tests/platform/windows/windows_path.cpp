@@ -56,7 +56,7 @@ TEST(NormalPath, RefusesWhatIsNoPathOfAFile) {
       u"\\\\?\\a",
       u"\\\\?\\",
       u"\\\\?\\\\\\?\\C:\\a",
-      u"\\\\?\\unix\\a",  // a file of the host, as Wine names it
+      u"\\\\?\\unix\\a",  // a host file in Wine's notation
   };
   for (const TextView path : kRefused)
     EXPECT_EQ(NormalPath(path), std::nullopt) << testing::PrintToString(path);

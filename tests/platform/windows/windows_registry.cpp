@@ -33,13 +33,13 @@ class WindowsRegistryLinks : public testing::Test {
     registry.VisitSubKeys(Hive::LocalMachine, In(key), [&names](TextView name) { names.emplace_back(name); });
     return names;
   }
-  // Whether the key stands there, as a link or not.
-  static bool Stands(TextView key) {
+  // Whether the key exists, as a link or a plain key.
+  static bool Exists(TextView key) {
     const RegistryKeyHandle hive = native::OpenHive(Hive::LocalMachine);
     return static_cast<bool>(
         native::Open(hive.Get(), In(key), KEY_QUERY_VALUE, native::LastPart::kOpenLink).key);
   }
-  // Makes a key that leads to another one below the place of the tests, which need not be there.
+  // Makes a key that links to another key below the tests' key. The target need not exist.
   static void Link(TextView from, TextView to) {
     RegistryKeyHandle link;
     const Text path = In(from);
@@ -69,7 +69,7 @@ TEST_F(WindowsRegistryLinks, DeletingALinkLeavesItsTarget) {
   ASSERT_TRUE(Write(u"Target\\Below"));
   Link(u"Link", u"Target");
   EXPECT_TRUE(Delete(u"Link"));
-  EXPECT_FALSE(Stands(u"Link"));
+  EXPECT_FALSE(Exists(u"Link"));
   EXPECT_EQ(Read(u"Target"), u"Target");
   EXPECT_EQ(Read(u"Target\\Below"), u"Target\\Below");
 }
@@ -79,7 +79,7 @@ TEST_F(WindowsRegistryLinks, DeletingTheKeyAboveALinkLeavesItsTarget) {
   ASSERT_TRUE(Write(u"Tree\\A\\Plain"));
   Link(u"Tree\\A\\Link", u"Target");
   EXPECT_TRUE(Delete(u"Tree"));
-  EXPECT_FALSE(Stands(u"Tree"));
+  EXPECT_FALSE(Exists(u"Tree"));
   EXPECT_EQ(Read(u"Target\\Below"), u"Target\\Below");
 }
 
@@ -88,7 +88,7 @@ TEST_F(WindowsRegistryLinks, DeletesWhatALinkOnTheWayLeadsTo) {
   ASSERT_TRUE(Write(u"Target\\Other"));
   Link(u"Link", u"Target");
   EXPECT_TRUE(Delete(u"Link\\Below"));
-  EXPECT_TRUE(Stands(u"Link"));
+  EXPECT_TRUE(Exists(u"Link"));
   EXPECT_EQ(SubKeys(u"Target"), std::vector<Text>{u"Other"});
 }
 
@@ -103,16 +103,16 @@ TEST_F(WindowsRegistryLinks, DeletesALinkThatLeadsNowhere) {
   Link(u"Tree\\Link", u"Missing");
   EXPECT_FALSE(Exists(u"Tree\\Link"));
   EXPECT_TRUE(SubKeys(u"Tree\\Link").empty());
-  EXPECT_TRUE(Stands(u"Tree\\Link"));
+  EXPECT_TRUE(Exists(u"Tree\\Link"));
   EXPECT_TRUE(Delete(u"Tree\\Link"));
-  EXPECT_FALSE(Stands(u"Tree\\Link"));
+  EXPECT_FALSE(Exists(u"Tree\\Link"));
 }
 
 TEST_F(WindowsRegistryLinks, DeletesALinkToTheKeyAboveIt) {
   ASSERT_TRUE(Write(u"Tree\\A"));
   Link(u"Tree\\A\\Up", u"Tree");
   EXPECT_TRUE(Delete(u"Tree"));
-  EXPECT_FALSE(Stands(u"Tree"));
+  EXPECT_FALSE(Exists(u"Tree"));
 }
 
 TEST(WindowsRegistry, LeavesHkeyClassesRootToTheMergedOne) {

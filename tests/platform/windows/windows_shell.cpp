@@ -15,7 +15,7 @@ namespace {
 
 class ShellOfWindows : public testing::Test {
  protected:
-  // Started programs take their time.
+  // Waits for the file: the started program writes it later.
   static std::string ContentWhenThere(TextView path) {
     for (int i = 0; i < 1000 && (ContentOf(path) == "(none)" || ContentOf(path).empty()); ++i) Sleep(10);
     return ContentOf(path);
@@ -26,7 +26,7 @@ class ShellOfWindows : public testing::Test {
   WindowsShell shell;
 };
 
-// A setting of the user's that is a number, for as long as it lives.
+// Sets a numeric user setting for the lifetime of the object.
 class UserNumber {
  public:
   UserNumber(Text key, const wchar_t* name, DWORD value) : key_(std::move(key)), name_(name) {
@@ -41,7 +41,7 @@ class UserNumber {
   const wchar_t* name_;
 };
 
-// Where the bin of the volume of a path has its settings.
+// The registry key with the recycle bin settings of the volume that a path is on.
 Text BinSettings(const Text& path) {
   wchar_t root[MAX_PATH], volume[MAX_PATH];
   EXPECT_TRUE(GetVolumePathNameW(Wide(path), root, MAX_PATH));
@@ -52,7 +52,7 @@ Text BinSettings(const Text& path) {
                 TextView(name).substr(open, name.find(u'}') + 1 - open));
 }
 
-// Programs start in the folder that a test names.
+// Sets the current folder for the lifetime of the object.
 class CurrentFolder {
  public:
   explicit CurrentFolder(const Text& path) {
@@ -92,7 +92,7 @@ TEST_F(ShellOfWindows, RunsNoProgramOfTheCurrentFolderThatIsNamedWithoutOne) {
     for (const TextView target : {u"planted.cmd", u"planted", u".\\planted.cmd", u"\"planted.cmd\" x"})
       EXPECT_FALSE(shell.RunTarget(target, 0)) << testing::PrintToString(target);
   }
-  // The same program runs by its path: it would have left a file.
+  // Started by its path, the same program writes the file.
   EXPECT_EQ(ContentOf(place.In(u"done.txt")), "(none)");
   EXPECT_TRUE(shell.RunTarget(program, 0));
   EXPECT_EQ(ContentWhenThere(place.In(u"done.txt")), "planted\r\n");
@@ -143,7 +143,7 @@ TEST_F(ShellOfWindows, ABinOverThirtyTwoBitsHasNoNumberForItsSize) {
   } kCases[] = {{0x7FFFFFFF, u"1|2147483647"}, {0x80000000, u"1|over"}};
   for (const auto& one : kCases) {
     const Text file = place.File(u"big.bin");
-    // Its bytes are never written, so it takes no room.
+    // Its bytes are never written, so it takes no disk space.
     const HANDLE open = CreateFileW(Wide(file), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
     LARGE_INTEGER end;
     end.QuadPart = one.size;
@@ -166,7 +166,7 @@ TEST_F(ShellOfWindows, SendsReadOnlyFilesAndFullFoldersToTheBin) {
   EXPECT_EQ(AttributesOf(file), INVALID_FILE_ATTRIBUTES);
   EXPECT_EQ(AttributesOf(folder), INVALID_FILE_ATTRIBUTES);
   EXPECT_TRUE(shell.RecycleBinInfo()->starts_with(u"2|"));
-  // Wine leaves both in the bin and says that all is well.
+  // Wine leaves both in the bin but reports success.
   EXPECT_EQ(shell.EmptyRecycleBin(0), !IsWine());
   ClearBin();
   EXPECT_EQ(shell.RecycleBinInfo(), u"0|0");
@@ -256,7 +256,7 @@ TEST_F(ShellOfWindows, MarksAFileForTheNextStart) {
   const RestartList keeper;
   const Text file = place.File(u"index.dat");
   if (!shell.DeleteAtRestart(file)) GTEST_SKIP() << "no administrator";
-  // A path and no new name for it.
+  // A path, and an empty new name, which means: delete.
   const Text entry = Concat(u"\\??\\", file, TextView(u"\0\0", 2));
   EXPECT_NE(RestartList::Read().find(entry), Text::npos);
   EXPECT_EQ(ContentOf(file), "content");

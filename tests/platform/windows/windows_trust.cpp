@@ -19,16 +19,16 @@ class TrustOfWindows : public testing::Test {
     return FileHandle(CreateFileW(Wide(path), access, kShareAll, nullptr, OPEN_EXISTING,
                                   FILE_FLAG_BACKUP_SEMANTICS, nullptr));
   }
-  // Gives everybody every right, which a new folder at the root of a drive comes close to.
+  // Grants everybody full control. A new folder in the root of a drive has almost such an access list.
   static void LayOpen(const Text& path) {
     const FileHandle file = Open(path, WRITE_DAC);
     SECURITY_DESCRIPTOR descriptor;
     ASSERT_TRUE(InitializeSecurityDescriptor(&descriptor, SECURITY_DESCRIPTOR_REVISION));
     const auto everybody = Identity::WellKnown(WinWorldSid);
     ASSERT_TRUE(everybody);
-    alignas(ACL) char room[256];
-    const auto list = reinterpret_cast<PACL>(room);
-    ASSERT_TRUE(InitializeAcl(list, sizeof(room), ACL_REVISION));
+    alignas(ACL) char buffer[256];
+    const auto list = reinterpret_cast<PACL>(buffer);
+    ASSERT_TRUE(InitializeAcl(list, sizeof(buffer), ACL_REVISION));
     ASSERT_TRUE(AddAccessAllowedAceEx(list, ACL_REVISION, OBJECT_INHERIT_ACE | CONTAINER_INHERIT_ACE,
                                       FILE_ALL_ACCESS, everybody->Get()));
     ASSERT_TRUE(SetSecurityDescriptorDacl(&descriptor, TRUE, list, FALSE));
@@ -116,7 +116,7 @@ TEST_F(TrustOfWindows, RenamingALinkNeverRenamesWhatItLeadsTo) {
   EXPECT_NE(renamed, IsWine()) << "Wine opens the folder behind, so the link keeps its name there";
   EXPECT_EQ(ContentOf(place.In(u"folder\\a")), "content");
   EXPECT_EQ(AttributesOf(link) == INVALID_FILE_ATTRIBUTES, renamed);
-  // So that it goes with the place.
+  // Take the name back, so that the link is deleted with the test's folder.
   if (renamed) {
     EXPECT_TRUE(trust.Rename(place.In(u"aside"), u"link"));
   }

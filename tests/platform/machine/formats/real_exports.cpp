@@ -44,7 +44,7 @@ TEST_F(RealExports, LoadAndWriteAndLoadAgainEqual) {
     Hive hive;
     size_t keys;
   };
-  // Keys counted in the texts; those under HKEY_LOCAL_MACHINE leave the root itself out.
+  // Numbers of keys, counted in the files. Those under HKEY_LOCAL_MACHINE exclude the root itself.
   const Case kCases[] = {{"windows-7-user.reg", Hive::CurrentUser, 4841},
                          {"windows-8.1-user.reg", Hive::CurrentUser, 6896},
                          {"windows-nt4-machine.reg", Hive::LocalMachine, 2222},
@@ -75,7 +75,7 @@ TEST_F(RealExports, HaveTheirValues) {
 }
 
 TEST_F(RealExports, LoadFormsOfEachType) {
-  // Each file has one key, and that deep down.
+  // Each file has a single key, several levels deep.
   const auto lowest = [this] {
     Text key = u"Software";
     for (Text name;; key = Concat(key, u"\\", name)) {
@@ -114,7 +114,7 @@ TEST_F(RealExports, LoadFormsOfEachType) {
   EXPECT_EQ(registry.ReadValue(Hive::CurrentUser, lowest(), u"multi-sz-2"), u"あ い");
 }
 
-// Each statement of the irregular file by itself: what is sound loads, the rest has its reason.
+// Reads each statement of the irregular file alone: valid ones load, the others are refused with a reason.
 TEST_F(RealExports, TakeIrregularFormsOneByOne) {
   std::string reason;
   const auto bytes = ReadHostFile(kExports / "forms/irregular-regedit5.reg", UINT32_MAX, reason);

@@ -36,7 +36,7 @@ TEST(RegistryKey, ListsSubKeysByCapitalsInTheSpellingTheyWereMadeWith) {
   EXPECT_EQ(KeyNames(key), (Texts{u"a", u"Ab", u"b", u"C", u"_", u"é"}));
 }
 
-// Once with so few values that they are looked through, once with an index.
+// Runs with few values, which are searched one by one, and with many, which have an index.
 class ValuesTest : public testing::TestWithParam<int> {};
 INSTANTIATE_TEST_SUITE_P(FewAndMany, ValuesTest, testing::Values(0, 40));
 

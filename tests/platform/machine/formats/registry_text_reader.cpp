@@ -21,14 +21,14 @@ std::string Utf16(TextView text) {
   return bytes;
 }
 
-// The lines behind the header and `[HKEY_CURRENT_USER\k]`, whose number is 3.
+// Reads lines after the header, a blank line and `[HKEY_CURRENT_USER\k]`; the key is line 3.
 class RegTextReader : public testing::Test {
  protected:
   bool Read(std::string_view lines, std::string_view key = "[HKEY_CURRENT_USER\\k]\r\n") {
     error = ReadRegistryText(std::string(kHeader) + std::string(key) + std::string(lines), store);
     return !error;
   }
-  // "line: reason", or "" when all was read.
+  // "line: reason", or "" if everything was read.
   std::string ErrorOf(std::string_view lines, std::string_view key = "[HKEY_CURRENT_USER\\k]\r\n") {
     return Read(lines, key) ? "" : std::to_string(error->Line) + ": " + error->Reason;
   }
@@ -284,7 +284,7 @@ TEST_F(RegTextReader, KeepsWhatStandsBeforeTheError) {
 }
 
 TEST_F(RegTextReader, TakesTimeThatGrowsWithTheTextAlone) {
-  // Forms in which a careless reader would look at the same text again and again.
+  // Texts for which a naive reader would take quadratic time.
   std::string brackets = "[";
   std::string continued = "\"a\"=hex:";
   std::string keys;

@@ -17,7 +17,7 @@ RegistryKey& Make(RegistryStore& store, TextView path) {
   return *store.Make(Hive::CurrentUser, path, made);
 }
 
-// Without the mark.
+// The written text without its byte order mark.
 Text Written(const RegistryStore& store) {
   TextError error;
   const std::string bytes = WriteRegistryText(store, Hive::CurrentUser);

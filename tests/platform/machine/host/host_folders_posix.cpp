@@ -1,5 +1,4 @@
-// Folders of the host that stay open for those who ask again and again: what happens to their paths
-// meanwhile.
+// Host folders that are asked for often stay open. These tests change their paths meanwhile.
 #include "platform/machine/host/host_folders_posix.h"
 
 #include <fcntl.h>
@@ -28,7 +27,7 @@ class HostFoldersTest : public testing::Test {
   }
   fs::path Host(const std::string& path) const { return scratch.Root() / "machine" / path; }
   fs::path Drive(const std::string& path) const { return Host("drives/C/" + path); }
-  // Often enough for the folder to be kept open.
+  // Asks often enough for the folder to be kept open.
   void AskOften() {
     for (int i = 0; i < 20; ++i) EXPECT_EQ(files->FileExists(u"C:\\Desk\\keep"), true);
     EXPECT_EQ(files->FileExists(u"C:\\Desk\\none"), false);

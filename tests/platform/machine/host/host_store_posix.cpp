@@ -1,4 +1,4 @@
-// The files of a machine in a folder of the host: what only such a host can show.
+// The files of a machine in a host folder: rules that depend on a POSIX host.
 #include "platform/machine/host/host_store.h"
 
 #include <fcntl.h>
@@ -121,7 +121,7 @@ TEST_F(HostFiles, HaveTheTimesOfTheHostInItsZone) {
   unsetenv("TZ");
   EXPECT_EQ(found->accessed, 1'600'000'000'250 + 7'200'000);
   EXPECT_EQ(found->modified, 1'500'000'000'999 + 7'200'000);
-  // Reading is no access that anybody wants to know of.
+  // Our own reading must not change the time of last access.
   EXPECT_EQ(files->ReadFile(u"C:\\a"), "x");
   EXPECT_EQ(files->Look(u"C:\\a")->accessed, 1'600'000'000'250);
 }
@@ -141,7 +141,7 @@ TEST_F(HostFiles, KeepTheRightsOfAFileThatIsWritten) {
   EXPECT_EQ(fs::status(Host("C/a")).permissions(), fs::perms(0640));
 }
 
-TEST_F(HostFiles, BehindLinksThatLeadOutAreOutOfReach) {
+TEST_F(HostFiles, ThroughLinksThatLeadOutAreOutOfReach) {
   const ScratchFolder outside;
   outside.Write("secret", "secret");
   fs::create_directories(Host("C/f"));
@@ -252,7 +252,7 @@ TEST_F(HostFiles, AreFoundQuicklyAmongMany) {
   }
   close(folder);
   EXPECT_EQ(Names(u"C:\\many").size(), static_cast<size_t>(kCount));
-  // Names in another case, and names that aren't there, cost no listing each.
+  // Names in another letter case and missing names must not list the folder each time.
   for (int i = 0; i < kCount; ++i) {
     ASSERT_EQ(files->FileExists(Concat(u"C:\\MANY\\FILE ", ToText(i))), true);
     ASSERT_EQ(files->FileExists(Concat(u"C:\\many\\none ", ToText(i))), false);
@@ -272,7 +272,7 @@ TEST_F(HostFiles, NeedFewHandles) {
     EXPECT_TRUE(files->WriteFile(u"C:\\F\\C", "x"));
     EXPECT_EQ(Names(u"C:\\F").size(), 2U);
   }
-  // Besides the store's own, those of a few folders that stay open.
+  // Besides the store's own handles only those of a few folders that stay open.
   EXPECT_LE(handles(), before + 6);
 }
 
@@ -305,7 +305,7 @@ TEST_F(HostFiles, MoveToAnotherFileSystemOfTheHost) {
   EXPECT_EQ(files->ReadFile(u"D:\\b"), content);
   EXPECT_EQ(files->Look(u"D:\\b")->modified, before->modified);
   EXPECT_EQ(files->FileExists(u"C:\\a"), false);
-  // No room for it: the source stays, and no half file lies there.
+  // The target is full: the source stays, and no half-written file is left.
   Write("C/large", std::string(2'000'000, 'l'));
   EXPECT_FALSE(files->MoveFile(u"C:\\large", u"D:\\large"));
   EXPECT_EQ(files->FileExists(u"C:\\large"), true);
@@ -319,7 +319,7 @@ TEST_F(HostFiles, MoveToAnotherFileSystemOfTheHost) {
   umount(Host("D").c_str());
 }
 
-// Lets the process have so many more open files, while this lives.
+// Limits the process to a few more open files, for the lifetime of the object.
 class FewHandles {
  public:
   explicit FewHandles(rlim_t more) {
@@ -343,27 +343,27 @@ TEST_F(HostFiles, AreNeitherThereNorMissingWithoutAHandleToLook) {
   fs::create_symlink("Program Files", Host("C/link"));
   constexpr rlim_t kEnough = 8;
   for (rlim_t more = 0; more <= kEnough; ++more) {
-    // A store of its own, which knows nothing yet.
+    // A new store, which has nothing cached.
     const auto fresh = OpenHostStore(fs::canonical(scratch.Root()));
     MachineFileSystem machine(*fresh, facts);
     const FewHandles few(more);
-    int told = 0;
+    int known = 0;
     for (const TextView path :
          {u"C:\\Program Files\\App\\a.exe", u"c:\\PROGRAM FILES\\app\\A.EXE", u"C:\\link\\App\\a.exe"}) {
       const platform::Existence there = machine.FileExists(path);
       EXPECT_NE(there, false) << ToUtf8(path) << " with " << more;
-      told += there.has_value() ? 1 : 0;
+      known += there.has_value() ? 1 : 0;
     }
     for (const TextView path : {u"C:\\Program Files\\App\\b.exe", u"C:\\link\\none\\a.exe"}) {
       const platform::Existence there = machine.FileExists(path);
       EXPECT_NE(there, true) << ToUtf8(path) << " with " << more;
-      told += there.has_value() ? 1 : 0;
+      known += there.has_value() ? 1 : 0;
     }
     if (more == 0) {
-      EXPECT_EQ(told, 0);
+      EXPECT_EQ(known, 0);
     }
     if (more == kEnough) {
-      EXPECT_EQ(told, 5);
+      EXPECT_EQ(known, 5);
     }
   }
 }

@@ -9,7 +9,7 @@
 namespace tavix::machine {
 namespace {
 
-// Sets TZ, or unsets it, for the time of a test.
+// Sets or unsets TZ for the lifetime of the object.
 class Zone {
  public:
   explicit Zone(const char* zone) {

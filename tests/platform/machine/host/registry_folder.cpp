@@ -68,7 +68,7 @@ TEST(RegistryFolder, IsOldOrNewWhereverASaveStops) {
     ASSERT_TRUE(RecoverRegistryFolder(scratch.Root() / "registry", reason)) << stop << reason;
     const Files files = scratch.Files();
     ASSERT_TRUE(files == Old() || files == New()) << stop << testing::PrintToString(files);
-    // Once new, new from there on.
+    // After the first stop with the new registry, every later stop has the new one.
     ASSERT_FALSE(sawNew && files == Old()) << stop;
     (files == Old() ? sawOld : sawNew) = true;
     EXPECT_FALSE(fs::exists(scratch.Root() / "registry~saving")) << stop;
@@ -93,7 +93,7 @@ TEST(RegistryFolder, CanBeSavedToAfterASaveThatStopped) {
   }
 }
 
-// What a crash leaves where two names can't change places in one step.
+// On hosts that can't exchange two names in one step, a crash can leave the folder between two renames.
 TEST(RegistryFolder, ComesBackFromBetweenTwoRenames) {
   std::string reason;
   {

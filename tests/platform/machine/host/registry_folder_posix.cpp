@@ -1,4 +1,4 @@
-// Links that somebody puts in the way while the registry is written lead nowhere.
+// Links that another program puts into the path while the registry is written are not followed.
 
 #include "platform/machine/host/registry_folder.h"
 
@@ -18,7 +18,7 @@ namespace fs = std::filesystem;
 
 const std::vector<NewFile> kNew = {{"HKEY_CURRENT_USER.reg", "new user"}, {"HKEY_USERS.reg", "new users"}};
 
-// A folder outside that looks like a registry in the midst of a save.
+// Makes a folder outside that looks like a registry during a save.
 void SeedOutside(const ScratchFolder& scratch) {
   scratch.Write("outside/~saving", "");
   scratch.Write("outside/HKEY_USERS.reg", "outside");
@@ -34,7 +34,7 @@ std::map<std::string, std::string> Outside(const ScratchFolder& scratch) {
   return files;
 }
 
-// Whether the registry, old or new, is anywhere but outside.
+// Whether the registry, old or new, exists anywhere except in the folder outside.
 bool HoldsARegistry(const ScratchFolder& scratch) {
   const auto files = scratch.Files();
   return std::any_of(files.begin(), files.end(), [](const auto& file) {
@@ -73,7 +73,7 @@ TEST(RegistryFolder, ALinkPutInThePlaceOfItsFoldersAtAnyStepLeadsNowhere) {
   EXPECT_GT(swapped, 25) << "the swaps have to come between the steps for the test to mean anything";
 }
 
-// A machine of its own for each round, and one more link that changes places with the folder being made.
+// Each round has its own machine, and a link that is exchanged again and again with the folder being made.
 TEST(RegistryFolder, ALinkThatComesAndGoesWhileItIsSavedLeadsNowhere) {
 #ifdef __SANITIZE_ADDRESS__
   constexpr int kRounds = 100;

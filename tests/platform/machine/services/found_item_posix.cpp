@@ -22,7 +22,7 @@ constexpr int kRounds = 100;
 
 std::string NameOfRound(int round) { return "file " + std::to_string(round); }
 
-// Somebody swaps a folder for a link to another one, as fast as can be, while files are taken from it.
+// Deletes and moves files of a folder while a thread exchanges the folder with a link, as fast as it can.
 class FoundItemInARace : public testing::Test {
  protected:
   FoundItemInARace() {
@@ -38,7 +38,8 @@ class FoundItemInARace : public testing::Test {
     files_.emplace(*store_, facts_);
   }
 
-  // Calls `take` with what is opened of the names, while they lead to one place and the other by turns.
+  // Opens the items of all rounds by name and calls `take` with each, while their paths alternate between the
+  // folder and the link's target. Returns how many could be opened.
   template <class Take>
   int Race(const std::string& prefix, const Take& take) {
     std::atomic<bool> over = false;
@@ -66,12 +67,12 @@ class FoundItemInARace : public testing::Test {
   std::unique_ptr<platform::FoundItem> Open(const std::string& name) {
     return files_->OpenFound(u"C:\\t", Concat(u"swapped\\", *FromUtf8(name)));
   }
-  bool Stands(const std::string& file) const { return fs::exists(scratch_.Root() / file); }
+  bool Exists(const std::string& file) const { return fs::exists(scratch_.Root() / file); }
 
   void ExpectVictimUntouched() {
     for (int i = 0; i < kRounds; ++i) {
       EXPECT_EQ(scratch_.Read(kVictims + NameOfRound(i)), "the victim's") << i;
-      EXPECT_TRUE(Stands(kVictims + "folder " + NameOfRound(i) + "/none")) << i;
+      EXPECT_TRUE(Exists(kVictims + "folder " + NameOfRound(i) + "/none")) << i;
     }
   }
 
@@ -86,10 +87,10 @@ class FoundItemInARace : public testing::Test {
 TEST_F(FoundItemInARace, DeletesNothingOfTheVictim) {
   RecordProperty("opened", Race("", [](platform::FoundItem& item, int) { item.DeleteFile(); }));
   ExpectVictimUntouched();
-  // What could not be deleted stands, and goes now.
+  // Items that weren't deleted in the race still exist and can be deleted now.
   for (int i = 0; i < kRounds; ++i) {
     const auto item = Open(NameOfRound(i));
-    ASSERT_EQ(item != nullptr, Stands(kMine + NameOfRound(i))) << i;
+    ASSERT_EQ(item != nullptr, Exists(kMine + NameOfRound(i))) << i;
     if (item != nullptr) {
       EXPECT_TRUE(item->DeleteFile()) << i;
     }
@@ -108,8 +109,8 @@ TEST_F(FoundItemInARace, MovesNothingOfTheVictim) {
                  }));
   ExpectVictimUntouched();
   for (int i = 0; i < kRounds; ++i) {
-    const bool moved = Stands(kBackup + NameOfRound(i));
-    EXPECT_NE(Stands(kMine + NameOfRound(i)), moved) << i;
+    const bool moved = Exists(kBackup + NameOfRound(i));
+    EXPECT_NE(Exists(kMine + NameOfRound(i)), moved) << i;
     EXPECT_EQ(scratch_.Read((moved ? kBackup : kMine) + NameOfRound(i)), "mine") << i;
   }
 }

@@ -91,7 +91,7 @@ TEST_F(MachineFiles, OfAnotherComputerCantBeTold) {
   }
 }
 
-TEST_F(MachineFiles, BehindWhatCantBeFoundCantBeTold) {
+TEST_F(MachineFiles, BelowWhatCantBeFoundCantBeTold) {
   File({u"drives", u"C", u"Folder", u"a"});
   store.Make({u"drives", u"C", u"link"}, EntryKind::Link).target = {true, {u"drives", u"C", u"folder"}};
   store.faults.Fail(u"Find", u"Folder");

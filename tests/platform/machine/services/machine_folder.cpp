@@ -20,7 +20,7 @@ class MachineFolderTest : public testing::Test {
     error.clear();
     return MachineFolder::Open(scratch.Root(), error);
   }
-  // Opens, which must work.
+  // Opens the folder and fails the test if that fails.
   std::unique_ptr<MachineFolder> MustOpen() {
     auto machine = Open();
     EXPECT_NE(machine, nullptr) << error;

@@ -1,4 +1,4 @@
-// Links, and a save that is killed.
+// Links in a machine folder, and saves that are killed.
 #include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/wait.h>
@@ -102,8 +102,9 @@ TEST(MachineFolder, TakesNoPipeForAFile) {
   EXPECT_EQ(WhyNot(scratch), "registry/a.reg: can't be read");
 }
 
-// A child saves over and over, each time the next number into every hive, and is killed at some moment.
-// Then all hives have the same number, and it is no smaller than the last one that the child got saved.
+// A child process saves again and again, each time the next number into every hive, and is killed at some
+// moment. Then all hives have the same number, and it isn't smaller than the last number that the child saved
+// completely.
 TEST(MachineFolder, HasOneRegistryWheneverASaveIsKilled) {
   const ScratchFolder scratch;
   scratch.Write("registry/notes.txt", "mine");
@@ -121,7 +122,7 @@ TEST(MachineFolder, HasOneRegistryWheneverASaveIsKilled) {
   }
   std::mt19937 random(1);
   int progress = 0;
-  // Finds by itself the times at which about every second child gets something saved, however slow the disk.
+  // Adapts the delays until about every second child saves something, however slow the disk is.
   unsigned longest = 4'000;
   for (int round = 0; round < 60; ++round) {
     int saved[2];

@@ -126,7 +126,7 @@ TEST_F(MachineShellTest, ReadsShortcutsThatAreOnesOnly) {
   host.files.AddFile(u"C:\\a.lnk", {"no shortcut"});
   EXPECT_FALSE(host.shell.OpenShortcut(u"C:\\a.lnk"));
   EXPECT_FALSE(host.shell.OpenShortcut(u"C:\\none.lnk"));
-  // A header with no flags: nothing tells a path.
+  // A header without flags: it names no path.
   std::string bare("\x4C\0\0\0\x01\x14\x02\0\0\0\0\0\xC0\0\0\0\0\0\0\x46", 20);
   bare.resize(0x4C);
   host.files.AddFile(u"C:\\b.lnk", {bare});
