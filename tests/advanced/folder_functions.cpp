@@ -5,6 +5,7 @@
 #include "frame/support/file_system_object.h"
 #include "junk/junk_definitions.h"
 #include "platform/shortcut_bytes.h"
+#include "support/case.h"
 
 namespace tavix::mdlPubSelf {
 namespace {
@@ -192,6 +193,7 @@ TEST_F(FolderFunctionsTest, NoCandidatesOfDuplicatesAreWrittenWhateverTheSetting
   AddFiles({u"C:\\t\\a.txt", u"C:\\t\\b\\a.txt", u"C:\\t\\c\\a.txt", u"C:\\t\\7.txt"});
   for (const TextView common : {u"Y", u"N", u"x"}) {
     for (const TextView least : {u"Y", u"N", u"x"}) {
+      SCOPED_TRACE(Case(least));
       OnlyCommon = Text(common);
       NeedLeast = Text(least);
       LeastSize = Text(u"0");

@@ -4,6 +4,7 @@
 #include "frame/settings.h"
 #include "platform/event_queue.h"
 #include "scan/result_items.h"
+#include "support/case.h"
 #include "support/program_test.h"
 
 namespace tavix::mdlPubSelf {
@@ -130,7 +131,8 @@ TEST_F(Pages, TicksOfAListNeverSurviveAChangeOfPage) {
   Open(kPages[0]);
   Open(kPages[1]);
   EXPECT_EQ(frmPubMain.lst.List(0), u"Uncheck All");
-  for (int row = 0; row < frmPubMain.lst.ListCount(); ++row) EXPECT_TRUE(frmPubMain.lst.Selected(row));
+  for (int row = 0; row < frmPubMain.lst.ListCount(); ++row)
+    EXPECT_TRUE(frmPubMain.lst.Selected(row)) << Case(row);
 }
 
 TEST_F(Pages, TicksOfThePrivacyTreeSurviveAChangeOfPage) {

@@ -16,6 +16,7 @@
 #include "platform/machine/quick_place.h"
 #include "platform/machine/scratch_folder.h"
 #include "scan/result_items.h"
+#include "support/case.h"
 #include "support/program_test.h"
 #include "text/utf8.h"
 
@@ -98,6 +99,7 @@ class FailingCalls : public ProgramTest {
     int gone = 0;
     std::set<std::string> listed;
     for (const RowFields& row : ResultRows()) {
+      SCOPED_TRACE(Case(row.name));
       EXPECT_TRUE(row.checked);
       listed.insert(ThingOf(row));
       if (!Stands(ThingOf(row))) ++gone;

@@ -2,6 +2,7 @@
 
 #include "scan/scan_driver.h"
 #include "scan/scan_test.h"
+#include "support/case.h"
 
 namespace tavix::mdlPubSelf {
 namespace {
@@ -249,14 +250,15 @@ TEST_F(PrivacyFiles, OnlyTheWalksSuspendThePaintingOfTheList) {
     Scan(row.key);
     EXPECT_EQ(watch.changes, (row.walks ? std::vector{true, false} : std::vector<bool>())) << Narrow(row.key);
     EXPECT_EQ(watch.atYields, std::vector<bool>(row.walks ? 1 : 0, true)) << Narrow(row.key);
-    EXPECT_FALSE(frmPubMain.lsvResult.PaintingSuspended);
+    EXPECT_FALSE(frmPubMain.lsvResult.PaintingSuspended) << Narrow(row.key);
   }
 }
 
 TEST_F(PrivacyFiles, AfterCancelNoScannerRuns) {
   AddFile(u"C:\\Users\\Ann\\Cache\\a.htm");
   CancelRequested = true;
-  for (const Scanner& scanner : kPrivacyFileScanners) EXPECT_TRUE(Scan(scanner.Key).empty());
+  for (const Scanner& scanner : kPrivacyFileScanners)
+    EXPECT_TRUE(Scan(scanner.Key).empty()) << Case(scanner.Key);
   EXPECT_EQ(kPrivacyFileScanners.size(), 7U);
 }
 

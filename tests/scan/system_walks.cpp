@@ -4,6 +4,7 @@
 #include "platform/shortcut_bytes.h"
 #include "scan/scan_driver.h"
 #include "scan/scan_test.h"
+#include "support/case.h"
 
 namespace tavix::mdlPubSelf {
 namespace {
@@ -214,6 +215,7 @@ TEST_F(SystemWalks, FoldersOfWindowsThatAreMissingAddNoRowAndNoStatus) {
   frmPubMain.lblProgS.Caption = u"untouched";
   for (const TextView function :
        {u"Uninstall Files for Windows Update", u"Windows Update Source Files", u"Old Prefetch data"}) {
+    SCOPED_TRACE(Case(function));
     EXPECT_TRUE(Scan(function).empty());
   }
   machine.shell.faults.Fail(u"EnvironmentVariable", u"WinDir");
@@ -221,6 +223,7 @@ TEST_F(SystemWalks, FoldersOfWindowsThatAreMissingAddNoRowAndNoStatus) {
             u"C:\\Prefetch\\A.pf"});
   for (const TextView function : {u"Windows Log Files", u"Uninstall Files for Windows Update",
                                   u"Windows Update Source Files", u"Old Prefetch data"}) {
+    SCOPED_TRACE(Case(function));
     EXPECT_TRUE(Scan(function).empty());
   }
   EXPECT_EQ(frmPubMain.lblProgS.Caption, Text(u"untouched"));
@@ -275,7 +278,7 @@ TEST_F(Prefetch, RowsAreThoseOfFiles) {
 }
 
 TEST_F(Prefetch, ASettingThatIsNoNumberOfSixteenBitsFindsNothing) {
-  for (const TextView days : {u"", u"many", u"32768", u"1e9"}) EXPECT_TRUE(Names(days).empty());
+  for (const TextView days : {u"", u"many", u"32768", u"1e9"}) EXPECT_TRUE(Names(days).empty()) << Case(days);
   EXPECT_EQ(Names(u"29.5").size(), 4U) << "halves go to the even number";
 }
 
@@ -314,6 +317,7 @@ TEST_F(SystemWalks, RowsWithoutAWalkLeaveThePaintingAlone) {
   for (const TextView function :
        {u"Empty Recycle Bin", u"Memory Dumps", u"Windows System Logs", u"Menu Order Caches",
         u"Tray Notifications Cache", u"Windows Size and Location Caches"}) {
+    SCOPED_TRACE(Case(function));
     PaintingWatch watch;
     Scan(function);
     EXPECT_TRUE(watch.changes.empty());

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "catalogue/functions.h"
+#include "support/case.h"
 #include "support/program_test.h"
 #include "support/source_folder.h"
 
@@ -104,8 +105,8 @@ TEST(HelpTopics, OnAPageTheyStandInTheOrderOfTheFunctions) {
   std::map<std::string, int> last;
   for (const Topic& topic : FunctionTopics()) {
     SCOPED_TRACE(topic.file);
-    const auto numbers =
-        All(Sources().at(topic.file), ("<meta name=\"place\" content=\"" + topic.group + " (\\d+)\">").c_str());
+    const auto numbers = All(Sources().at(topic.file),
+                             ("<meta name=\"place\" content=\"" + topic.group + " (\\d+)\">").c_str());
     ASSERT_EQ(numbers.size(), 1U);
     EXPECT_GT(std::stoi(numbers[0]), last[topic.group]);
     last[topic.group] = std::stoi(numbers[0]);
@@ -121,6 +122,7 @@ TEST(HelpTopics, TheKeysOfTheWindowAreTold) {
 
 TEST(HelpTopics, TheTextIsAsciiAsItSays) {
   for (const auto& [file, text] : Sources()) {
+    SCOPED_TRACE(Case(file));
     EXPECT_TRUE(std::ranges::none_of(text, [](char c) { return static_cast<unsigned char>(c) > 126; }))
         << file;
     EXPECT_EQ(text.find('\r'), std::string::npos) << file;

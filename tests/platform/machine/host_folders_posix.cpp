@@ -11,6 +11,7 @@
 #include "platform/machine/host_store.h"
 #include "platform/machine/machine_file_system.h"
 #include "platform/machine/scratch_folder.h"
+#include "support/case.h"
 
 namespace tavix::machine {
 namespace {
@@ -137,6 +138,7 @@ TEST_F(HostFoldersTest, NamesThatComeIntoAKeptFolderAreSeenAtOnce) {
 
 TEST_F(HostFoldersTest, OurOwnChangesInAKeptFolderAreSeenAtOnce) {
   for (int i = 0; i < 50; ++i) {
+    SCOPED_TRACE(Case(i));
     AskOften();
     EXPECT_TRUE(files->WriteFile(u"C:\\Desk\\None", "x"));
     EXPECT_EQ(files->FileExists(u"C:\\Desk\\none"), true);

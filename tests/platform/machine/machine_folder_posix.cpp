@@ -12,6 +12,7 @@
 #include "platform/machine/machine_folder.h"
 #include "platform/machine/registry_folder.h"
 #include "platform/machine/scratch_folder.h"
+#include "support/case.h"
 
 namespace tavix::machine {
 namespace {
@@ -124,6 +125,7 @@ TEST(MachineFolder, HasOneRegistryWheneverASaveIsKilled) {
   // Finds by itself the times at which about every second child gets something saved, however slow the disk.
   unsigned longest = 4'000;
   for (int round = 0; round < 60; ++round) {
+    SCOPED_TRACE(Case(round));
     int saved[2];
     ASSERT_EQ(pipe(saved), 0);
     const pid_t child = fork();

@@ -76,7 +76,7 @@ bool LoopbackServer::Send(SOCKET connection, const std::string& bytes) const {
 
 void LoopbackServer::Serve(SOCKET connection, const Answer& answer) {
   // A client that doesn't read any more is not waited for.
-  const DWORD patience = 500;
+  const DWORD patience = 30'000;
   setsockopt(connection, SOL_SOCKET, SO_SNDTIMEO, reinterpret_cast<const char*>(&patience), sizeof patience);
   if (!Send(connection, answer.bytes)) return;
   const std::string more(answer.then == kSendOn ? 65536 : 1, 'x');

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/windows/wide.h"
+#include "support/case.h"
 
 #include <sddl.h>
 
@@ -26,6 +27,7 @@ TEST(InstanceOfWindows, TheSecondFindsTheFirstAsLongAsItRuns) {
 // What the first copy of another session or user leaves for this one to see, rights given or not.
 TEST(InstanceOfWindows, ACopyOfAnotherSessionOrUserCounts) {
   for (const wchar_t* rights : {L"D:(A;;GA;;;WD)", L"D:(D;;GA;;;WD)"}) {
+    SCOPED_TRACE(Case(rights));
     PSECURITY_DESCRIPTOR descriptor = nullptr;
     ASSERT_TRUE(
         ConvertStringSecurityDescriptorToSecurityDescriptorW(rights, SDDL_REVISION_1, &descriptor, nullptr));
