@@ -13,8 +13,8 @@ namespace {
 class FolderFunctionsTest : public AdvancedTest {
  protected:
   FolderFunctionsTest() {
-    machine.facts.Set(u"Drives", u"C", u"2");
-    machine.facts.Set(u"Folders", u"9966", u"C:\\WINDOWS\\system32");
+    SetDrive(u"C");
+    SetSystemFolder();
   }
   void AddShortcut(TextView path, TextView target) {
     using namespace platform::shortcut_bytes;
@@ -104,7 +104,7 @@ TEST_F(FolderFunctionsTest, AFolderOrADanglingLinkOfTheSameNameIsNoLibrary) {
 
 TEST_F(FolderFunctionsTest, WithoutASystemFolderNoLibraryIsRedundant) {
   AddFiles({u"C:\\t\\a.dll", u"C:\\a.dll"});
-  machine.facts.Set(u"Folders", u"9966", u"");
+  SetSystemFolder(u"");
   EXPECT_TRUE(Walk(u"C:\\t", u"|Redundant DLLs|").empty());
 }
 

@@ -235,8 +235,8 @@ class PageDuringAScan : public ProgramTest, public platform::EventQueue {
  protected:
   PageDuringAScan() {
     machine.files.AddFile(u"D:\\Temp\\a.tmp");
-    machine.facts.Set(u"Temporary Folders", u"User", u"D:\\Temp");
-    machine.facts.Set(u"Drives", u"C", u"2");
+    SetUserTemp(u"D:\\Temp");
+    SetDrive(u"C");
     machine.files.AddFolder(u"C:\\Windows");
     Seed(platform::Hive::LocalMachine, u"Software\\Microsoft\\Windows\\CurrentVersion\\SharedDLLs",
          u"C:\\gone.dll", u"1");

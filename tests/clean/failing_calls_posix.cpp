@@ -156,8 +156,8 @@ TEST_F(FailingCalls, LeaveTheRowOfAllThatStillStands) {
 
 // A folder whose identity can't be told at that moment is no other one.
 TEST_F(FailingCalls, WhateverCallFailsKeptFoldersAndLibrariesStay) {
-  machine.facts.Set(u"Folders", u"33", u"C:\\Desk\\way\\Cookies");
-  machine.facts.Set(u"Folders", u"9966", u"C:\\Desk\\way\\system");
+  SetCookies(u"C:\\Desk\\way\\Cookies");
+  SetSystemFolder(u"C:\\Desk\\way\\system");
   facts = machine.facts;
   CleaningMethod = u"D";
   BackupFolder = u"C:\\Desk\\way\\saved";

@@ -211,8 +211,8 @@ TEST_F(Removal, AFolderSwappedForALinkAfterTheScanLosesNothingThere) {
 TEST_F(Removal, WithRaisedRightsNothingIsSavedAmongThePrograms) {
   CleaningMethod = u"S";
   BackupFolder = u"C:\\Program Files\\App";
-  machine.facts.Set(u"Environment", u"WinDir", u"C:\\WINDOWS");
-  machine.facts.Set(u"Folders", u"38", u"C:\\Program Files");
+  SetWindows();
+  SetProgramFiles();
   machine.files.AddFolder(BackupFolder);
   for (const bool elevated : {true, false}) {
     machine.trust.elevated = elevated;

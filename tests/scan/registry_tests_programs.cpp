@@ -225,8 +225,8 @@ TEST_F(UninstallerIssues, TheProgramOfTheCommandIsTested) {
 class StartMenuOrderingIssues : public RegistryFunctionTest {
  protected:
   StartMenuOrderingIssues() {
-    machine.facts.Set(u"Special Folders", u"AllUsersPrograms", u"C:\\All");
-    machine.facts.Set(u"Special Folders", u"Programs", u"C:\\Mine");
+    SetSpecialFolder(u"AllUsersPrograms", u"C:\\All");
+    SetSpecialFolder(u"Programs", u"C:\\Mine");
   }
   void SeedItem(TextView name) {
     SeedUser(Concat(kWindowsKey, u"\\Explorer\\MenuOrder\\Start Menu2\\Programs\\", name), u"Order", u"x");
