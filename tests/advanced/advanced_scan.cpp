@@ -13,8 +13,8 @@ namespace {
 class AdvancedScan : public DuplicateTest {
  protected:
   AdvancedScan() {
-    machine.facts.Set(u"Drives", u"C", u"2,System");
-    machine.facts.Set(u"Drives", u"D", u"2");
+    SetDrive(u"C", u"2,System");
+    SetDrive(u"D");
     machine.files.AddFolder(u"D:\\");
     AddFile(u"C:\\a.log");
     AddFile(u"C:\\sub\\b.log");
@@ -197,7 +197,7 @@ TEST_F(AdvancedScan, AFolderThatHasGoneMovesTheBar) {
 TEST_F(AdvancedScan, ADriveThatIsNoLongerReadyMovesTheBar) {
   Open(u"Junk Files");
   Tick({u"D:"});
-  machine.facts.Set(u"Drives", u"D", u"2,,not ready");
+  SetDrive(u"D", u"2,,not ready");
   EXPECT_TRUE(Press().empty());
   EXPECT_EQ(frmPubMain.lblProgMI.Caption, u"100%");
 }

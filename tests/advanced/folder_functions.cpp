@@ -5,6 +5,7 @@
 #include "frame/support/file_system_object.h"
 #include "junk/junk_definitions.h"
 #include "platform/shortcut_bytes.h"
+#include "support/case.h"
 
 namespace tavix::mdlPubSelf {
 namespace {
@@ -12,8 +13,8 @@ namespace {
 class FolderFunctionsTest : public AdvancedTest {
  protected:
   FolderFunctionsTest() {
-    machine.facts.Set(u"Drives", u"C", u"2");
-    machine.facts.Set(u"Folders", u"9966", u"C:\\WINDOWS\\system32");
+    SetDrive(u"C");
+    SetSystemFolder();
   }
   void AddShortcut(TextView path, TextView target) {
     using namespace platform::shortcut_bytes;
@@ -103,7 +104,7 @@ TEST_F(FolderFunctionsTest, AFolderOrADanglingLinkOfTheSameNameIsNoLibrary) {
 
 TEST_F(FolderFunctionsTest, WithoutASystemFolderNoLibraryIsRedundant) {
   AddFiles({u"C:\\t\\a.dll", u"C:\\a.dll"});
-  machine.facts.Set(u"Folders", u"9966", u"");
+  SetSystemFolder(u"");
   EXPECT_TRUE(Walk(u"C:\\t", u"|Redundant DLLs|").empty());
 }
 
@@ -192,6 +193,7 @@ TEST_F(FolderFunctionsTest, NoCandidatesOfDuplicatesAreWrittenWhateverTheSetting
   AddFiles({u"C:\\t\\a.txt", u"C:\\t\\b\\a.txt", u"C:\\t\\c\\a.txt", u"C:\\t\\7.txt"});
   for (const TextView common : {u"Y", u"N", u"x"}) {
     for (const TextView least : {u"Y", u"N", u"x"}) {
+      SCOPED_TRACE(Case(least));
       OnlyCommon = Text(common);
       NeedLeast = Text(least);
       LeastSize = Text(u"0");

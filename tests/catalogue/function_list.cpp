@@ -4,6 +4,7 @@
 #include "catalogue/selection.h"
 #include "forms/options_form.h"
 #include "frame/settings.h"
+#include "support/case.h"
 #include "support/program_test.h"
 
 namespace tavix::mdlPubSelf {
@@ -90,6 +91,7 @@ TEST_F(FunctionList, AClickWithNoRowInFocusHidesTheLinkAndShowsNothing) {
   Click(2);
   frmPubMain.lblProgS.Caption = u"as it was";
   for (const int row : {-1, 99}) {
+    SCOPED_TRACE(Case(row));
     Click(row);
     EXPECT_EQ(Status(), u"as it was");
     EXPECT_FALSE(LinkShown());

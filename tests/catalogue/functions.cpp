@@ -8,6 +8,7 @@
 #include "scan/privacy_registry.h"
 #include "scan/registry_page.h"
 #include "scan/system_page.h"
+#include "support/case.h"
 #include "support/program_test.h"
 
 namespace tavix::mdlPubSelf {
@@ -87,6 +88,7 @@ TEST(CleaningFunctions, NoKeyStandsTwiceAndEachHasWords) {
   std::set<TextView> keys;
   for (const auto page : {kPrivacyFunctions, kSystemFunctions, kRegistryFunctions, kAdvancedFunctions}) {
     for (const CleaningFunction& function : page) {
+      SCOPED_TRACE(Case(function.Caption));
       EXPECT_TRUE(keys.insert(function.Key).second) << Narrow(function.Key);
       EXPECT_FALSE(function.Caption.empty());
       EXPECT_TRUE(function.Description.ends_with(u".")) << Narrow(function.Key);

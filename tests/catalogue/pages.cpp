@@ -4,6 +4,7 @@
 #include "frame/settings.h"
 #include "platform/event_queue.h"
 #include "scan/result_items.h"
+#include "support/case.h"
 #include "support/program_test.h"
 
 namespace tavix::mdlPubSelf {
@@ -130,7 +131,8 @@ TEST_F(Pages, TicksOfAListNeverSurviveAChangeOfPage) {
   Open(kPages[0]);
   Open(kPages[1]);
   EXPECT_EQ(frmPubMain.lst.List(0), u"Uncheck All");
-  for (int row = 0; row < frmPubMain.lst.ListCount(); ++row) EXPECT_TRUE(frmPubMain.lst.Selected(row));
+  for (int row = 0; row < frmPubMain.lst.ListCount(); ++row)
+    EXPECT_TRUE(frmPubMain.lst.Selected(row)) << Case(row);
 }
 
 TEST_F(Pages, TicksOfThePrivacyTreeSurviveAChangeOfPage) {
@@ -233,8 +235,8 @@ class PageDuringAScan : public ProgramTest, public platform::EventQueue {
  protected:
   PageDuringAScan() {
     machine.files.AddFile(u"D:\\Temp\\a.tmp");
-    machine.facts.Set(u"Temporary Folders", u"User", u"D:\\Temp");
-    machine.facts.Set(u"Drives", u"C", u"2");
+    SetUserTemp(u"D:\\Temp");
+    SetDrive(u"C");
     machine.files.AddFolder(u"C:\\Windows");
     Seed(platform::Hive::LocalMachine, u"Software\\Microsoft\\Windows\\CurrentVersion\\SharedDLLs",
          u"C:\\gone.dll", u"1");

@@ -1,6 +1,7 @@
 #include "catalogue/privacy_tree.h"
 
 #include "catalogue/functions.h"
+#include "support/case.h"
 #include "support/program_test.h"
 
 namespace tavix::mdlPubSelf {
@@ -27,6 +28,7 @@ TEST_F(PrivacyTree, HasTwoBranchesInTheOrderOfAScan) {
 TEST_F(PrivacyTree, StartsExpandedAndTickedWithoutMarks) {
   TreeView& tree = frmPubMain.trvPrivacy;
   for (int i = 1; i <= tree.NodeCount(); ++i) {
+    SCOPED_TRACE(Case(i));
     EXPECT_TRUE(tree.NodeAt(i)->Checked);
     EXPECT_EQ(tree.NodeAt(i)->BackColor, frmPubMain.lsvResult.BackColor.Get());
     EXPECT_EQ(tree.NodeAt(i)->Expanded, tree.NodeAt(i)->Parent() == nullptr);
@@ -48,6 +50,7 @@ TEST_F(PrivacyTree, AClickShowsTheDescriptionAndHidesTheOptionsLink) {
 TEST_F(PrivacyTree, EachNodeShowsItsDescriptionAndNoLink) {
   frmPubMain.picSystem.MouseUp(kLeftButton);
   for (const CleaningFunction& function : kPrivacyFunctions) {
+    SCOPED_TRACE(Case(function.Caption));
     frmPubMain.lblOpt.Visible = frmPubMain.lblOptPrompt.Visible = true;
     frmPubMain.trvPrivacy.NodeClick(*frmPubMain.trvPrivacy.NodeByKey(function.Key));
     EXPECT_EQ(frmPubMain.lblProgS.Caption, Text(function.Description));

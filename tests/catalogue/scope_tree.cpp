@@ -14,8 +14,8 @@ class ScopeTree : public ProgramTest {
     }
     machine.files.AddFile(u"D:\\boot.ini");
     machine.files.AddFolder(u"E:\\Photos");
-    machine.facts.Set(u"Drives", u"D", u"2,System");
-    machine.facts.Set(u"Drives", u"E", u"1");
+    SetDrive(u"D", u"2,System");
+    SetDrive(u"E", u"1");
     Start();
   }
 
@@ -65,7 +65,7 @@ TEST_F(ScopeTree, OffersDrivesByTypeAndReadiness) {
                {u"K", u"2,Fixed,not ready", false}, {u"L", u"1,,not ready", false}};
   for (const auto& row : table) {
     machine.files.AddFolder(Concat(row.letter, u":\\x"));
-    machine.facts.Set(u"Drives", row.letter, row.fact);
+    SetDrive(row.letter, row.fact);
   }
   Open();
   for (const auto& row : table) {
@@ -77,7 +77,7 @@ TEST_F(ScopeTree, IsBuiltAnewAtEachOpening) {
   Open();
   Click(u"D:");
   Check(u"D:", false);
-  machine.facts.Set(u"Drives", u"E", u"1,,not ready");
+  SetDrive(u"E", u"1,,not ready");
   Open();
   EXPECT_EQ(Keys(), (Texts{u"Root", u"D:"}));
   EXPECT_EQ(Ticked(), (Texts{u"Root", u"D:"}));

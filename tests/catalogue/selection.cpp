@@ -1,6 +1,7 @@
 #include "catalogue/selection.h"
 
 #include "scan/result_items.h"
+#include "support/case.h"
 #include "support/program_test.h"
 
 namespace tavix::mdlPubSelf {
@@ -132,9 +133,9 @@ TEST_F(MasterRow, OfAnEmptyListIsNoneAndNothingHappens) {
 TEST_F(Selection, CheckAllGivesItsTickToEveryRow) {
   for (int i = 0; i < 3; ++i) AddResultItem(u"t", u"n", kNoSize, u"l", kNoSizeKey, u"F", i == 1);
   frmPubMain.cbxAll.Value = 0;
-  for (const RowFields& row : ResultRows()) EXPECT_FALSE(row.checked);
+  for (const RowFields& row : ResultRows()) EXPECT_FALSE(row.checked) << Case(row.name);
   frmPubMain.cbxAll.Value = 1;
-  for (const RowFields& row : ResultRows()) EXPECT_TRUE(row.checked);
+  for (const RowFields& row : ResultRows()) EXPECT_TRUE(row.checked) << Case(row.name);
   frmPubMain.lsvResult.Row(2).SetChecked(false);
   EXPECT_EQ(frmPubMain.cbxAll.Value, 1) << "one row's tick doesn't touch the box";
 }

@@ -6,6 +6,7 @@
 #include "platform/event_logs.h"
 #include "platform/event_queue.h"
 #include "scan/scan_driver.h"
+#include "support/case.h"
 
 namespace tavix::mdlPubSelf {
 namespace {
@@ -261,6 +262,7 @@ TEST_F(CleanDriver, UntickedRowsStayAndTickedOnesAroundThemGo) {
   frmPubMain.sbtClean.Click();
   EXPECT_EQ(ResultCount(), 34);
   for (const RowFields& row : ResultRows()) {
+    SCOPED_TRACE(Case(row.name));
     EXPECT_FALSE(row.checked);
     EXPECT_TRUE(FileThere(Concat(u"C:\\Work\\", row.name)));
   }

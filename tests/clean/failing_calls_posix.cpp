@@ -16,6 +16,7 @@
 #include "platform/machine/services/machine_file_system.h"
 #include "platform/machine/services/machine_shell.h"
 #include "scan/result_items.h"
+#include "support/case.h"
 #include "support/program_test.h"
 #include "text/utf8.h"
 
@@ -98,6 +99,7 @@ class FailingCalls : public ProgramTest {
     int gone = 0;
     std::set<std::string> listed;
     for (const RowFields& row : ResultRows()) {
+      SCOPED_TRACE(Case(row.name));
       EXPECT_TRUE(row.checked);
       listed.insert(ItemOf(row));
       if (!Exists(ItemOf(row))) ++gone;
@@ -154,8 +156,8 @@ TEST_F(FailingCalls, LeaveTheRowOfAllThatStillStands) {
 
 // If the identity of a folder can't be read, it must not be taken for another folder.
 TEST_F(FailingCalls, WhateverCallFailsKeptFoldersAndLibrariesStay) {
-  machine.facts.Set(u"Folders", u"33", u"C:\\Desk\\way\\Cookies");
-  machine.facts.Set(u"Folders", u"9966", u"C:\\Desk\\way\\system");
+  SetCookies(u"C:\\Desk\\way\\Cookies");
+  SetSystemFolder(u"C:\\Desk\\way\\system");
   facts = machine.facts;
   CleaningMethod = u"D";
   BackupFolder = u"C:\\Desk\\way\\saved";

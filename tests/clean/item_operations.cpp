@@ -6,6 +6,7 @@
 #include "forms/type_form.h"
 #include "frame/support/pub_registry.h"
 #include "frame/support/pub_system.h"
+#include "support/case.h"
 
 namespace tavix::mdlPubSelf {
 namespace {
@@ -120,6 +121,7 @@ TEST_F(ItemOperations, RowsThatAreNotSelectedArePassedOver) {
 TEST_F(ItemOperations, WithTwelveSelectedFilesTheFirstTenAreServedInRowOrder) {
   for (int i = 1; i <= 12; ++i) AddSelected(u"F", u"C:\\Work", ToText(i));
   for (const int index : {kExecute, kOpen, kProperties}) {
+    SCOPED_TRACE(Case(index));
     Press(index);
     const Texts calls = TakeCalls();
     ASSERT_EQ(calls.size(), 10U);

@@ -15,6 +15,7 @@
 #include "platform/windows/scratch_place.h"
 #include "platform/windows/windows_host.h"
 #include "scan/result_items.h"
+#include "support/case.h"
 #include "support/program_test.h"
 #include "window/wiring.h"
 
@@ -155,6 +156,7 @@ TEST_F(LiveClean, ASavedFileIsInTheBackupFolderTheSecondWithASuffixTheThirdStays
 
 TEST_F(LiveClean, AnEmptyFolderGoesByEachMethod) {
   for (const TextView method : {u"D", u"R", u"S"}) {
+    SCOPED_TRACE(Case(method));
     CleaningMethod = method;
     ASSERT_TRUE(platform::fileSystem->CreateFolder(In(u"empty")));
     AddResultItem(u"t", u"empty", u"0.", kPlace, u"00000000.0", u"P");

@@ -6,6 +6,7 @@
 #include "frame/start_up.h"
 #include "platform/event_queue.h"
 #include "scan/scan_driver.h"
+#include "support/case.h"
 
 namespace tavix::mdlPubSelf {
 namespace {
@@ -66,6 +67,7 @@ TEST_F(OneClick, AsksWithTheMessageOfTheCatalogue) {
 
 TEST_F(OneClick, NoEndsIt) {
   for (const int answer : {platform::kNo, platform::kCancel, 0}) {
+    SCOPED_TRACE(Case(answer));
     machine.dialogs.answers = {answer};
     Press();
     EXPECT_FALSE(Cleaned());
@@ -201,6 +203,7 @@ TEST_F(OneClick, AfterACancelCleansWhatWasFound) {
 
 TEST_F(OneClick, WithAnEmptyListOfKeysFindsNothingAndTheCleanReturnsAtOnce) {
   for (const TextView keys : {u"", u"|"}) {
+    SCOPED_TRACE(Case(keys));
     Functions = keys;
     Press();
     EXPECT_EQ(frmPubMain.lblProgS.Caption, Text(u"Finished, no item found."));

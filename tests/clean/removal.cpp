@@ -3,6 +3,7 @@
 #include "advanced/advanced_walker.h"
 #include "clean/clean_test.h"
 #include "scan/walkers.h"
+#include "support/case.h"
 
 namespace tavix::mdlPubSelf {
 namespace {
@@ -210,8 +211,8 @@ TEST_F(Removal, AFolderSwappedForALinkAfterTheScanLosesNothingThere) {
 TEST_F(Removal, WithRaisedRightsNothingIsSavedAmongThePrograms) {
   CleaningMethod = u"S";
   BackupFolder = u"C:\\Program Files\\App";
-  machine.facts.Set(u"Environment", u"WinDir", u"C:\\WINDOWS");
-  machine.facts.Set(u"Folders", u"38", u"C:\\Program Files");
+  SetWindows();
+  SetProgramFiles();
   machine.files.AddFolder(BackupFolder);
   for (const bool elevated : {true, false}) {
     machine.trust.elevated = elevated;
@@ -279,6 +280,7 @@ TEST_F(Removal, EachFailingCallInTurnLeavesTheRowsOfAllThatStands) {
   for (const TextView method : {u"D", u"R", u"S"}) {
     int callsInAll = 1;
     for (int failing = 0; failing <= callsInAll; ++failing) {
+      SCOPED_TRACE(Case(failing));
       ClearResults();
       machine.files.DeleteFolder(u"C:\\Work", true);
       machine.files.DeleteFolder(u"C:\\TVXBak", true);
@@ -302,6 +304,7 @@ TEST_F(Removal, EachFailingCallInTurnLeavesTheRowsOfAllThatStands) {
       int gone = 0;
       std::set<Text> listed;
       for (const RowFields& row : ResultRows()) {
+        SCOPED_TRACE(Case(row.name));
         EXPECT_TRUE(row.checked);
         const Text path =
             row.tag.starts_with(u"FT") ? u"C:\\Work\\dump.dmp" : row.location + u"\\" + row.name;

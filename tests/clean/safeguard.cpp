@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "clean/clean_test.h"
+#include "support/case.h"
 
 namespace tavix::mdlPubSelf {
 namespace {
@@ -14,6 +15,7 @@ class SafeguardTest : public CleanTest {
     const Text path = Concat(folder, u"\\", name);
     Text methods;
     for (const TextView method : {u"D", u"R", u"S"}) {
+      SCOPED_TRACE(Case(method));
       CleaningMethod = method;
       ClearResults();
       make();
@@ -111,6 +113,7 @@ TEST_F(SafeguardTest, ADrivesRootStays) {
   machine.files.AddLink(u"C:\\Work\\drive", u"E:\\");
   for (const auto& [folder, name] :
        {std::pair<TextView, TextView>{u"E:", u""}, {u"E:", u"."}, {u"C:\\Work", u"drive"}, {u"", u"E:"}}) {
+    SCOPED_TRACE(Case(folder));
     CleaningMethod = u"D";
     ClearResults();
     Add(u"P", folder, name, u"0.");

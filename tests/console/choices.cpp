@@ -14,8 +14,8 @@ class Choices : public ProgramTest {
     for (const TextView folder : {u"D:\\Users\\Ann", u"D:\\Users\\Bob", u"D:\\Windows", u"E:\\Photos"}) {
       machine.files.AddFolder(folder);
     }
-    machine.facts.Set(u"Drives", u"D", u"2,System");
-    machine.facts.Set(u"Drives", u"E", u"2");
+    SetDrive(u"D", u"2,System");
+    SetDrive(u"E");
     Start();
   }
 

@@ -10,13 +10,20 @@ import tempfile
 import unittest
 
 TOP = pathlib.Path(__file__).resolve().parents[2]
-sys.path.insert(0, str(TOP / "tests" / "support"))
+sys.path[:0] = [str(TOP / "tests" / "support"), str(TOP / "tools")]
+import build_help
 import registry_text
 CONSOLE = os.environ["TAVIX_CONSOLE"]
 
 
 def run(*arguments, **more):
     return subprocess.run([CONSOLE, *map(str, arguments)], capture_output=True, timeout=300, **more)
+
+
+def help_pages():
+    """{topic: page} of the help file."""
+    made = build_help.make_sources(TOP / "res" / "help")
+    return {name.removesuffix(".htm"): page for name, page in made.items() if name.endswith(".htm")}
 
 
 class Machine(unittest.TestCase):

@@ -14,7 +14,7 @@ import re
 import unittest
 
 import windows_11_machine
-from machine_case import TOP
+from machine_case import TOP, help_pages
 
 TABLE = TOP / "tests" / "console" / "true_words.txt"
 KINDS = ("risk", "system", "words", "about")
@@ -56,7 +56,7 @@ def readme():
 
 def sources():
     """{name: the texts that people read in it}"""
-    read = {file.stem: blocks(file.read_text(encoding="ascii")) for file in sorted((TOP / "res/help").glob("*.htm"))}
+    read = {name: blocks(page) for name, page in help_pages().items()}
     read["README"] = list(readme())
     read["faq"] = blocks((TOP / "packaging" / "faq.htm").read_text(encoding="utf-8"))
     tips = (TOP / "res/lang/en/tips.dll").read_text(encoding="utf-8").split("[frmPubMain]")[0]
@@ -112,10 +112,10 @@ class TrueWords(unittest.TestCase):
 
     def test_what_a_function_finds_and_its_cleaning_does_is_held_by_a_test(self):
         held = table()
-        for file in sorted((TOP / "res/help").glob("*.htm")):
-            for text in of_a_function(file.read_text(encoding="ascii")):
+        for name, page in help_pages().items():
+            for text in of_a_function(page):
                 for sentence in split(text):
-                    self.assertNotIn(held[file.stem][sentence], (["words"], ["about"]), f"{file.stem}: {sentence}")
+                    self.assertNotIn(held[name][sentence], (["words"], ["about"]), f"{name}: {sentence}")
 
     def test_a_risk_is_one_of_the_tables(self):
         risks = {(windows_11_machine.topic_of(row.type), of.why)

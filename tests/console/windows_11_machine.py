@@ -9,9 +9,8 @@ import re
 import sys
 import unittest
 
-from machine_case import TOP, Machine
+from machine_case import Machine, help_pages
 
-sys.path.insert(0, str(TOP / "tools"))
 import make_windows_11_machine as tables
 
 THROUGH_A_LINK = "what a link leads to stays"
@@ -92,7 +91,7 @@ def topic_of(row_type):
 
 def text_of(topic):
     """What a person reads in a topic."""
-    text = (TOP / "res" / "help" / (topic + ".htm")).read_text(encoding="ascii")
+    text = help_pages()[topic]
     return " ".join(html.unescape(re.sub(r"<[^>]*>", "", text)).split())
 
 
@@ -126,8 +125,8 @@ class Tables(unittest.TestCase):
         """But for those whose stores Windows 11 has not any more."""
         without = {"advanced_duplicate_files", "appearance_schemes", "mui_cache_issues", "start_menu_ordering_issues",
                    "uninstall_files_for_windows_update", "wesh"}
-        pages = [(TOP / "res" / "help" / (page + ".htm")).read_text("ascii") for page in PAGES]
-        functions = {name for page in pages for name in re.findall(r'<li><a href="(\w+)\.htm">', page)}
+        pages = help_pages()
+        functions = {name for page in PAGES for name in re.findall(r'<li><a href="(\w+)\.htm">', pages[page])}
         self.assertEqual({topic_of(row.type) for row in expected_rows()}, functions - without)
 
 

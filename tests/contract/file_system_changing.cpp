@@ -1,4 +1,5 @@
 #include "contract/file_system_contract.h"
+#include "support/case.h"
 
 namespace tavix::contract {
 namespace {
@@ -122,6 +123,7 @@ TEST_P(FileSystemContract, SetsAttributes) {
   Write(u"a");
   Make(u"folder");
   for (const uint32_t attributes : {1U, 2U, 4U, 7U, 0U}) {
+    SCOPED_TRACE(Case(attributes));
     EXPECT_TRUE(files.SetAttributes(In(u"A"), attributes));
     EXPECT_EQ(files.Look(In(u"a"))->attributes & 7U, attributes);
     EXPECT_EQ(files.ReadFile(In(u"a")), "x");
@@ -140,6 +142,7 @@ TEST_P(FileSystemContract, SetsExactlyTheAttributesThatItIsToldTheArchiveBitIncl
   for (const TextView name : {u"a", u"folder"}) {
     for (const uint32_t attributes :
          {kHiddenSystem | platform::kArchive, kHiddenSystem, platform::kArchive}) {
+      SCOPED_TRACE(Case(attributes));
       EXPECT_TRUE(files.SetAttributes(In(name), attributes));
       EXPECT_EQ(files.Look(In(name))->attributes, attributes);
     }
@@ -178,6 +181,7 @@ TEST_P(FileSystemContract, NeverDeletesADrive) {
   const Text drive = stage->Place().substr(0, 2);
   for (const Text& path :
        {drive, Concat(drive, u"\\"), Concat(drive, u"\\..\\"), Concat(drive, u"\\a\\..")}) {
+    SCOPED_TRACE(Case(path));
     EXPECT_FALSE(files.DeleteFolder(path, true));
     EXPECT_FALSE(files.DeleteFile(path, true));
   }
@@ -188,6 +192,7 @@ TEST_P(FileSystemContract, DeletesDeepFolders) {
   Text path = In(u"f");
   ASSERT_TRUE(files.CreateFolder(path));
   for (int i = 0; i < 100; ++i) {
+    SCOPED_TRACE(Case(i));
     path += u"\\d";
     ASSERT_TRUE(files.CreateFolder(path));
   }

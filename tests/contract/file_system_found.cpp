@@ -1,4 +1,5 @@
 #include "contract/file_system_contract.h"
+#include "support/case.h"
 
 namespace tavix::contract {
 namespace {
@@ -66,6 +67,7 @@ TEST_P(FoundItems, DeleteThemselves) {
   ASSERT_TRUE(files.SetAttributes(In(u"f\\a"), platform::kReadOnly | platform::kHidden));
   ASSERT_TRUE(files.SetAttributes(In(u"f\\b"), platform::kSystem));
   for (const TextView name : {u"f\\a", u"f\\b"}) {
+    SCOPED_TRACE(Case(name));
     const auto item = Open(name);
     ASSERT_NE(item, nullptr);
     EXPECT_TRUE(item->DeleteFile());

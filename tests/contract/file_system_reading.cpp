@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "contract/file_system_contract.h"
+#include "support/case.h"
 
 namespace tavix::contract {
 namespace {
@@ -28,6 +29,7 @@ TEST_P(FileSystemContract, LooksAtFilesAndFolders) {
 TEST_P(FileSystemContract, FindsNoneOfWhatIsMissing) {
   Write(u"file");
   for (const TextView name : {u"none", u"none\\deeper", u"file\\below", u"fil", u"file2"}) {
+    SCOPED_TRACE(Case(name));
     EXPECT_FALSE(files.Look(In(name)));
     EXPECT_EQ(files.FileExists(In(name)), false);
     EXPECT_EQ(files.FolderExists(In(name)), false);
@@ -57,6 +59,7 @@ TEST_P(FileSystemContract, CantTellWhatStandsInAFolderWhereItMayNotLook) {
   Write(u"locked\\file");
   if (!stage->Refuse(In(u"locked"), true)) GTEST_SKIP() << "nothing is refused on this machine";
   for (const TextView name : {u"locked\\file", u"locked\\folder", u"locked\\none", u"LOCKED\\FILE"}) {
+    SCOPED_TRACE(Case(name));
     EXPECT_EQ(files.FileExists(In(name)), std::nullopt) << testing::PrintToString(Text(name));
     EXPECT_EQ(files.FolderExists(In(name)), std::nullopt) << testing::PrintToString(Text(name));
     EXPECT_FALSE(files.Look(In(name)));
@@ -179,6 +182,7 @@ TEST_P(FileSystemContract, NeverGoesAboveADrive) {
 TEST_P(FileSystemContract, KnowsTheRootOfADrive) {
   const Text drive = stage->Place().substr(0, 2);
   for (const Text& path : {Concat(drive, u"\\"), Concat(drive, u"/"), Concat(drive, u"\\.."), drive}) {
+    SCOPED_TRACE(Case(path));
     const auto root = files.Look(path);
     ASSERT_TRUE(root) << testing::PrintToString(path);
     EXPECT_EQ(root->path, Concat(drive, u"\\"));
@@ -199,6 +203,7 @@ TEST_P(FileSystemContract, RefusesPathsThatAreNoPaths) {
   for (const TextView path :
        {u"", u" ", u"\\", u"a", u"a.txt", u".", u"..", u"\\a", u"C", u"C:a.txt", u"CC:\\a", u"1:\\", u"*:\\",
         u"\\\\", u"\\\\\\", u"::", u"\\\\?", u"https://a/b"}) {
+    SCOPED_TRACE(Case(path));
     EXPECT_FALSE(files.Look(path)) << testing::PrintToString(Text(path));
     EXPECT_EQ(files.FileExists(path), false);
     EXPECT_EQ(files.FolderExists(path), false);
@@ -222,6 +227,7 @@ TEST_P(FileSystemContract, RefusesNamesThatNoFileHas) {
   for (const TextView name :
        {TextView(u"b?"), TextView(u"*"), TextView(u"b<"), TextView(u"b>"), TextView(u"b|c"),
         TextView(u"\"b\""), TextView(u"b\tc"), TextView(u"b\nc"), TextView(u"b\0c", 3)}) {
+    SCOPED_TRACE(Case(name));
     EXPECT_FALSE(files.Look(In(name)));
     EXPECT_EQ(files.FileExists(In(name)), false);
     EXPECT_FALSE(files.WriteFile(In(name), "x"));
@@ -253,6 +259,7 @@ TEST_P(FileSystemContract, HasNamesOf255AndPathsOf3000Characters) {
   Text path = In(u"deep");
   ASSERT_TRUE(files.CreateFolder(path));
   while (path.size() < 3000) {
+    SCOPED_TRACE(Case(path));
     path.append(u"\\").append(Text(60, u'd'));
     ASSERT_TRUE(files.CreateFolder(path));
   }
@@ -277,6 +284,7 @@ TEST_P(FileSystemContract, HasNamesOf255AndPathsOf3000Characters) {
 TEST_P(FileSystemContract, HasNamesOutsideAscii) {
   const std::vector<Text> names{u"Übung ß.txt", u"Ωmega", u"файл.TXT", u"\u4E16\u754C", u"\U0001F600.dat"};
   for (const Text& name : names) {
+    SCOPED_TRACE(Case(name));
     Write(name, "x");
     const auto found = files.Look(In(name));
     ASSERT_TRUE(found);
@@ -284,7 +292,7 @@ TEST_P(FileSystemContract, HasNamesOutsideAscii) {
   }
   EXPECT_EQ(Names(), names);
   EXPECT_EQ(files.FileExists(In(u"ФАЙЛ.txt")), true);
-  for (const Text& name : names) EXPECT_TRUE(files.DeleteFile(In(name), false));
+  for (const Text& name : names) EXPECT_TRUE(files.DeleteFile(In(name), false)) << Case(name);
   EXPECT_EQ(Names(), std::vector<Text>());
 }
 

@@ -1,4 +1,5 @@
 #include "contract/registry_contract.h"
+#include "support/case.h"
 
 namespace tavix::contract {
 namespace {
@@ -21,6 +22,7 @@ TEST_P(RegistryContract, WriteStringKeepsTheText) {
   for (const TextView data :
        {TextView(u""), TextView(u" "), TextView(u"%PATH%"), TextView(u"\"a\\b\""), TextView(u"line\r\nend"),
         TextView(u"in\0side", 7), TextView(u"\U0001F600"), TextView(u"\xDE00", 1)}) {
+    SCOPED_TRACE(Case(data));
     ASSERT_TRUE(Write(Hive::CurrentUser, kPlace, u"name", data));
     EXPECT_EQ(Read(Hive::CurrentUser, kPlace, u"name"), data);
   }
@@ -57,8 +59,10 @@ TEST_P(RegistryContract, DeletesNoValueOfAMissingKey) {
 
 TEST_P(RegistryContract, DeletesAKeyWithEverythingBelow) {
   for (const Hive hive : {Hive::CurrentUser, Hive::LocalMachine}) {
+    SCOPED_TRACE(Case(hive));
     for (const TextView key :
          {u"Tree", u"Tree\\A", u"Tree\\A\\B\\C", u"Tree\\D", u"Tree2", u"Tre", u"Tree 3\\Tree"}) {
+      SCOPED_TRACE(Case(key));
       ASSERT_TRUE(Write(hive, In(key), u"name", key));
     }
     EXPECT_TRUE(stage->Use().DeleteKey(hive, In(u"tREE")));
@@ -80,6 +84,7 @@ TEST_P(RegistryContract, DeletesADeepKey) {
 
 TEST_P(RegistryContract, DeletesAKeyWithManyBelow) {
   for (int i = 0; i < 2000; ++i) {
+    SCOPED_TRACE(Case(i));
     ASSERT_TRUE(stage->SetValue(Hive::CurrentUser, In(Concat(ToText(i), u"\\Below")), u"", 1, ""));
   }
   EXPECT_TRUE(stage->Use().DeleteKey(Hive::CurrentUser, kPlace));
@@ -100,6 +105,7 @@ TEST_P(RegistryContract, NeverDeletesAHive) {
   ASSERT_TRUE(stage->MakeKey(Hive::LocalMachine, kClassPlace));
   for (const Hive hive :
        {Hive::ClassesRoot, Hive::CurrentUser, Hive::LocalMachine, Hive::Users, Hive::CurrentConfig}) {
+    SCOPED_TRACE(Case(hive));
     EXPECT_FALSE(stage->Use().DeleteKey(hive, u""));
   }
   EXPECT_TRUE(Exists(Hive::CurrentUser, kPlace));

@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "contract/registry_contract.h"
+#include "support/case.h"
 
 namespace tavix::contract {
 namespace {
@@ -27,8 +28,10 @@ TEST_P(RegistryContract, ClassesShowKeysOfEither) {
 }
 
 TEST_P(RegistryContract, ClassesListSubKeysOfBothInOneOrder) {
-  for (const TextView name : {u"b", u"D", u"_u"}) ASSERT_TRUE(stage->MakeKey(kUser, Below(name)));
-  for (const TextView name : {u"a", u"C", u"e", u"Z"}) ASSERT_TRUE(stage->MakeKey(kMachine, Below(name)));
+  for (const TextView name : {u"b", u"D", u"_u"})
+    ASSERT_TRUE(stage->MakeKey(kUser, Below(name))) << Case(name);
+  for (const TextView name : {u"a", u"C", u"e", u"Z"})
+    ASSERT_TRUE(stage->MakeKey(kMachine, Below(name))) << Case(name);
   EXPECT_EQ(SubKeys(kClasses, kClass), (std::vector<Text>{u"a", u"b", u"C", u"D", u"e", u"Z", u"_u"}));
 }
 

@@ -1,4 +1,5 @@
 #include "contract/registry_contract.h"
+#include "support/case.h"
 
 namespace tavix::contract {
 namespace {
@@ -45,6 +46,7 @@ constexpr TextView kKeyNames[] = {
 
 TEST_P(RegistryContract, TakesAnyValueName) {
   for (const TextView name : kValueNames) {
+    SCOPED_TRACE(Case(name));
     ASSERT_TRUE(Write(Hive::CurrentUser, kPlace, name, Concat(u"data of ", name)))
         << testing::PrintToString(Text(name));
     ASSERT_EQ(Values(Hive::CurrentUser, kPlace), (NamesAndData{{Text(name), Concat(u"data of ", name)}}));
@@ -57,6 +59,7 @@ TEST_P(RegistryContract, TakesAnyValueName) {
 
 TEST_P(RegistryContract, TakesAnyKeyName) {
   for (const TextView name : kKeyNames) {
+    SCOPED_TRACE(Case(name));
     ASSERT_TRUE(Write(Hive::CurrentUser, Concat(In(name), u"\\Below"), u"", name))
         << testing::PrintToString(Text(name));
     ASSERT_EQ(SubKeys(Hive::CurrentUser, kPlace), (std::vector<Text>{Text(name)}));
@@ -67,7 +70,8 @@ TEST_P(RegistryContract, TakesAnyKeyName) {
 }
 
 TEST_P(RegistryContract, DeletesAKeyWithAnyNameBelow) {
-  for (const TextView name : kKeyNames) ASSERT_TRUE(stage->MakeKey(Hive::CurrentUser, In(name)));
+  for (const TextView name : kKeyNames)
+    ASSERT_TRUE(stage->MakeKey(Hive::CurrentUser, In(name))) << Case(name);
   EXPECT_EQ(SubKeys(Hive::CurrentUser, kPlace).size(), std::size(kKeyNames));
   EXPECT_TRUE(stage->Use().DeleteKey(Hive::CurrentUser, kPlace));
   EXPECT_FALSE(Exists(Hive::CurrentUser, kPlace));
@@ -107,11 +111,13 @@ TEST_P(RegistryContract, TakesNamesUpToTheirLimits) {
 TEST_P(RegistryContract, RefusesNamesOverTheirLimitsAndChangesNothing) {
   ASSERT_TRUE(stage->MakeKey(Hive::CurrentUser, kPlace));
   for (const size_t length : {257U, 300U, 40'000U}) {
+    SCOPED_TRACE(Case(length));
     EXPECT_FALSE(Write(Hive::CurrentUser, In(Concat(u"New\\", Text(length, u'k'))), u"name", u"data"))
         << length;
     EXPECT_FALSE(Exists(Hive::CurrentUser, In(Text(length, u'k'))));
   }
   for (const size_t length : {16'384U, 40'000U, 100'000U}) {
+    SCOPED_TRACE(Case(length));
     const Text name(length, u'v');
     EXPECT_FALSE(Write(Hive::CurrentUser, In(u"New\\Newer"), name, u"data")) << length;
     EXPECT_FALSE(Write(Hive::CurrentUser, kPlace, name, u"data")) << length;

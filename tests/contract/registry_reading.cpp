@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "contract/registry_contract.h"
+#include "support/case.h"
 #include "text/letter_case.h"
 
 namespace tavix::contract {
@@ -12,6 +13,7 @@ constexpr Hive kBoth[] = {Hive::CurrentUser, Hive::LocalMachine};
 
 TEST_P(RegistryContract, MissingKeyHasNothing) {
   for (const Hive hive : kBoth) {
+    SCOPED_TRACE(Case(hive));
     EXPECT_FALSE(Exists(hive, kPlace));
     EXPECT_TRUE(SubKeys(hive, kPlace).empty());
     EXPECT_TRUE(Values(hive, kPlace).empty());
@@ -22,6 +24,7 @@ TEST_P(RegistryContract, MissingKeyHasNothing) {
 
 TEST_P(RegistryContract, EmptyKeyExistsAndHasNothing) {
   for (const Hive hive : kBoth) {
+    SCOPED_TRACE(Case(hive));
     ASSERT_TRUE(stage->MakeKey(hive, kPlace));
     EXPECT_TRUE(Exists(hive, kPlace));
     EXPECT_TRUE(SubKeys(hive, kPlace).empty());
@@ -40,6 +43,7 @@ TEST_P(RegistryContract, HivesAreApart) {
 
 TEST_P(RegistryContract, HiveItselfExistsAndListsItsKeys) {
   for (const Hive hive : kBoth) {
+    SCOPED_TRACE(Case(hive));
     ASSERT_TRUE(stage->MakeKey(hive, kPlace));
     EXPECT_TRUE(Exists(hive, u""));
     bool found = false;
@@ -50,6 +54,7 @@ TEST_P(RegistryContract, HiveItselfExistsAndListsItsKeys) {
 
 TEST_P(RegistryContract, WhatIsNoHiveHasNothing) {
   for (const uint32_t number : {0U, 0x80000004U, 0x80000006U, 0xFFFFFFFFU}) {
+    SCOPED_TRACE(Case(number));
     const auto hive = static_cast<Hive>(number);
     EXPECT_FALSE(Exists(hive, u""));
     EXPECT_FALSE(Exists(hive, u"Software"));
@@ -64,6 +69,7 @@ TEST_P(RegistryContract, PathOfAnotherFormIsNoKey) {
   ASSERT_TRUE(Write(Hive::CurrentUser, In(u"A\\B"), u"name", u"data"));
   for (const Text& path : {Concat(u"\\", kPlace), Concat(kPlace, u"\\"), In(u"A\\\\B"), In(u"\\A"),
                            In(u"A\\B\\"), Text(u"\\"), Text(u"\\\\")}) {
+    SCOPED_TRACE(Case(path));
     EXPECT_FALSE(Exists(Hive::CurrentUser, path));
     EXPECT_TRUE(SubKeys(Hive::CurrentUser, path).empty());
     EXPECT_EQ(Read(Hive::CurrentUser, path, u"name"), std::nullopt);
@@ -79,6 +85,7 @@ TEST_P(RegistryContract, MatchesNamesWithoutRegardToLetterCase) {
     TextView made, asked;
   } kCases[] = {{u"Run", u"rUN"}, {u"Ärger", u"äRGER"}, {u"ЖУК", u"жук"}, {u"σίγμα", u"ΣΊΓΜΑ"}, {u"ő", u"Ő"}};
   for (const auto& [made, asked] : kCases) {
+    SCOPED_TRACE(Case(made));
     ASSERT_TRUE(Write(Hive::CurrentUser, In(made), made, u"data"));
     EXPECT_TRUE(Exists(Hive::CurrentUser, In(asked)));
     EXPECT_EQ(Read(Hive::CurrentUser, ToUpper(In(asked)), asked), u"data");
@@ -91,6 +98,7 @@ TEST_P(RegistryContract, MatchesNamesWithoutRegardToLetterCase) {
 TEST_P(RegistryContract, KeepsLookAlikesApart) {
   // These pairs look alike, but neither is the capital of the other: ß and SS, micro sign and mu, ı and i.
   for (const TextView name : {u"ß", u"SS", u"\u00B5", u"\u03BC", u"\u0131", u"i"}) {
+    SCOPED_TRACE(Case(name));
     ASSERT_TRUE(Write(Hive::CurrentUser, In(name), u"", name));
   }
   EXPECT_EQ(SubKeys(Hive::CurrentUser, kPlace).size(), 6U);
@@ -99,6 +107,7 @@ TEST_P(RegistryContract, KeepsLookAlikesApart) {
 TEST_P(RegistryContract, ListsSubKeysByUpperCasedNames) {
   for (const TextView name :
        {u"b", u"a2", u"_c", u"Z", u"é", u"A", u"9", u"a", u"[d]", u"10", u"É1", u"жук", u"a b"}) {
+    SCOPED_TRACE(Case(name));
     ASSERT_TRUE(stage->MakeKey(Hive::LocalMachine, In(name)));
   }
   // `_` and `[` sort after the capitals; compared with small letters they would sort before them.
@@ -117,11 +126,13 @@ TEST_P(RegistryContract, ListsDirectSubKeysOnly) {
 TEST_P(RegistryContract, ListsThousandsOfKeysAndValues) {
   constexpr int kCount = 3000;
   for (int i = kCount; i-- > 0;) {
+    SCOPED_TRACE(Case(i));
     // 7 and 3,000 have no common divisor, so every number comes once, in scrambled order.
     const Text number = ToText(10'000 + i * 7 % kCount);
     ASSERT_TRUE(stage->SetValue(Hive::CurrentUser, kPlace, number, 1, Bytes(number)));
   }
-  for (const TextView name : {u"z", u"m", u"a"}) ASSERT_TRUE(stage->MakeKey(Hive::CurrentUser, In(name)));
+  for (const TextView name : {u"z", u"m", u"a"})
+    ASSERT_TRUE(stage->MakeKey(Hive::CurrentUser, In(name))) << Case(name);
   NamesAndData values = Values(Hive::CurrentUser, kPlace);
   std::sort(values.begin(), values.end());
   ASSERT_EQ(values.size(), size_t{kCount});
@@ -134,6 +145,7 @@ TEST_P(RegistryContract, ListsThousandsOfKeysAndValues) {
 TEST_P(RegistryContract, ListsValuesInTheOrderMade) {
   if (!stage->KeepsOrderOfValues()) GTEST_SKIP() << "this system lists values by name";
   for (const TextView name : {u"m", u"z", u"", u"a", u"Q"}) {
+    SCOPED_TRACE(Case(name));
     ASSERT_TRUE(Write(Hive::CurrentUser, kPlace, name, u"1"));
   }
   ASSERT_TRUE(Write(Hive::CurrentUser, kPlace, u"Z", u"2"));  // keeps its position and its spelling
@@ -195,6 +207,7 @@ TEST_P(RegistryContract, ShowsDataOfAnyTypeAsText) {
       {0xFFFF0012, "\x0E"s, u"0E"},
   };
   for (size_t i = 0; i < std::size(kCases); ++i) {
+    SCOPED_TRACE(Case(i));
     ASSERT_TRUE(stage->SetValue(Hive::CurrentUser, kPlace, ToText(100 + i), kCases[i].type, kCases[i].bytes));
   }
   const NamesAndData listed = Values(Hive::CurrentUser, kPlace);
@@ -221,6 +234,7 @@ TEST_P(RegistryContract, ReadingTellsThatItWasWholeOrThatNothingIsThere) {
   ASSERT_TRUE(Write(Hive::CurrentUser, kPlace, u"name", u"data"));
   for (const TextView key :
        {TextView(kPlace), TextView(u"Software\\Tavix Contract\\none"), TextView(u"a\\\\b")}) {
+    SCOPED_TRACE(Case(key));
     EXPECT_TRUE(stage->Use().VisitSubKeys(Hive::CurrentUser, key, [](TextView) {}));
     EXPECT_TRUE(stage->Use().VisitValues(Hive::CurrentUser, key, [](TextView, TextView) {}));
   }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <set>
 
+#include "support/case.h"
 #include "text/letter_case.h"
 
 namespace tavix::contract {
@@ -71,7 +72,7 @@ TEST_P(ShellContract, KnowsTheSpecialFolders) {
   EXPECT_FALSE(shell.SpecialFolderByNumber(9999));
   EXPECT_FALSE(shell.SpecialFolderByNumber(-1));
   for (const TextView name : {u"", u"None", u"99", u"-1", u"1x"})
-    EXPECT_FALSE(shell.SpecialFolderByName(name));
+    EXPECT_FALSE(shell.SpecialFolderByName(name)) << Case(name);
 }
 
 TEST_P(ShellContract, NamesTheFoldersThatItsOtherAnswersName) {

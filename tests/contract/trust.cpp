@@ -1,4 +1,5 @@
 #include "contract/file_system_contract.h"
+#include "support/case.h"
 
 namespace tavix::contract {
 namespace {
@@ -63,6 +64,7 @@ TEST_P(FileSystemContract, RenamesOntoNothingThatStands) {
   EXPECT_FALSE(stage->UseTrust().Rename(In(u"folder"), u"a"));
   EXPECT_FALSE(stage->UseTrust().Rename(In(u"missing"), u"new"));
   for (const TextView name : {u"", u"x\\y", u"..", u"x:y", u"*", u"a/b"}) {
+    SCOPED_TRACE(Case(name));
     EXPECT_FALSE(stage->UseTrust().Rename(In(u"a"), name));
   }
   EXPECT_FALSE(stage->UseTrust().Rename(stage->Place().substr(0, 3), u"new"));

@@ -1,4 +1,5 @@
 #include "controls/list_box.h"
+#include "support/case.h"
 
 #include <gtest/gtest.h>
 
@@ -30,6 +31,7 @@ TEST(ListBox, RowThatIsntThereIsEmptyAndCantBeChanged) {
   ListBox list;
   list.AddItem(u"a");
   for (const int row : {-1, 1}) {
+    SCOPED_TRACE(Case(row));
     list.SetSelected(row, true);
     list.RemoveItem(row);
     EXPECT_EQ(list.List(row), u"");

@@ -11,11 +11,11 @@ namespace {
 class Settings : public ProgramTest {
  protected:
   Settings() {
-    machine.facts.Set(u"Environment", u"WinDir", u"C:\\WINDOWS");
-    machine.facts.Set(u"Temporary Folders", u"User", u"C:\\Users\\Ann\\Temp");
-    machine.facts.Set(u"Temporary Folders", u"System", u"C:\\WINDOWS\\Temp");
-    machine.facts.Set(u"Folders", u"32", u"C:\\Users\\Ann\\Cache");
-    machine.facts.Set(u"Folders", u"33", u"C:\\Users\\Ann\\Cookies");
+    SetWindows();
+    SetUserTemp(u"C:\\Users\\Ann\\Temp");
+    SetSystemTemp(u"C:\\WINDOWS\\Temp");
+    SetCache(u"C:\\Users\\Ann\\Cache");
+    SetCookies(u"C:\\Users\\Ann\\Cookies");
     machine.files.AddFolder(u"C:\\");
   }
   std::string File() { return machine.files.ReadFile(kSettingsFile).value_or("missing"); }
@@ -125,7 +125,7 @@ TEST_F(Settings, AFileThatCannotBeWrittenLeavesTheSettingsEmpty) {
 }
 
 TEST_F(Settings, FoldersThatTheSystemDoesNotNameAreEmptyInTheDefault) {
-  machine.facts.Set(u"Folders", u"32", u"C:\\Elsewhere");
+  SetCache(u"C:\\Elsewhere");
   Start();
   WriteDefaultSettings();
   LoadSettings();

@@ -315,8 +315,8 @@ TEST_F(TrustedData, TheBoxHasTheCataloguesWordsAndOtherwiseTheSameInEnglish) {
 class TrustedBackup : public TrustedData {
  protected:
   TrustedBackup() {
-    machine.facts.Set(u"Environment", u"WinDir", u"C:\\WINDOWS");
-    machine.facts.Set(u"Folders", u"38", u"C:\\Program Files");
+    SetWindows();
+    SetProgramFiles();
     machine.facts.Set(u"Folders", u"42", u"C:\\Program Files (x86)");
     for (const TextView folder : {u"C:\\Windows", u"C:\\Program Files\\App", u"C:\\Program Files (x86)"}) {
       machine.files.AddFolder(folder);

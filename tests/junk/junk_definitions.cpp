@@ -3,6 +3,7 @@
 #include "frame/data_paths.h"
 #include "frame/settings.h"
 #include "junk/built_in_types.h"
+#include "support/case.h"
 #include "support/program_test.h"
 
 namespace tavix::mdlPubSelf {
@@ -61,7 +62,7 @@ TEST_F(JunkDefinitions, TheTableGivesTwoTextsOf249And138Characters) {
 
 TEST_F(JunkDefinitions, ThePatternOfPrecompiledHeadersIsATypeButInNoList) {
   EXPECT_EQ(JunkTypes[32], u"Precompiled Header Files|*.pch|N|N|D");
-  for (const Text& chunk : JunkPatternChunks) EXPECT_FALSE(chunk.contains(u"*.pch"));
+  for (const Text& chunk : JunkPatternChunks) EXPECT_FALSE(chunk.contains(u"*.pch")) << Case(chunk);
 }
 
 TEST_F(JunkDefinitions, ADisabledTypeIsSearchedLikeAnyOther) {

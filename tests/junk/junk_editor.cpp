@@ -3,6 +3,7 @@
 #include "junk/junk_definitions.h"
 #include "junk/junk_list.h"
 #include "options/options_test.h"
+#include "support/case.h"
 
 namespace tavix::mdlPubSelf {
 namespace {
@@ -306,6 +307,7 @@ TEST_F(JunkEditor, TickAllTicksEveryRowAndStoresNothing) {
 
 TEST_F(JunkEditor, RowDecidesWhetherEditAndDeleteAreEnabled) {
   for (const auto& [pattern, enabled] : {std::pair(u"*.aaa", true), {u"*.tmp", false}, {u"*.ccc", true}}) {
+    SCOPED_TRACE(Case(pattern));
     ClickTypes({pattern});
     EXPECT_EQ(frmPubOptions.sbtJF[1].Enabled, enabled);
     EXPECT_EQ(frmPubOptions.sbtJF[2].Enabled, enabled);

@@ -1,5 +1,6 @@
 #include "junk/junk_definitions.h"
 #include "options/options_test.h"
+#include "support/case.h"
 #include "text/text_file.h"
 
 namespace tavix::mdlPubSelf {
@@ -19,6 +20,7 @@ class DamagedFiles : public OptionsTest {
   // Everything that the window does on its own.
   void UseAll() {
     for (int page = 1; page <= 5; ++page) {
+      SCOPED_TRACE(Case(page));
       frmPubOptions.trv.NodeClick(*frmPubOptions.trv.NodeAt(page));
       EXPECT_TRUE(frmPubOptions.trv.SelectedItem == frmPubOptions.trv.NodeAt(page));
     }

@@ -1,6 +1,7 @@
 #include "options/option_pages.h"
 
 #include "options/options_test.h"
+#include "support/case.h"
 
 namespace tavix::mdlPubSelf {
 namespace {
@@ -94,6 +95,7 @@ TEST_F(OptionPages, BackupFolderThatDoesNotExistBringsThePageBackUntilItDoes) {
   frmPubOptions.txtDF.Text = u"  C:\\Nowhere ";
   frmPubOptions.trv.NodeClick(*frmPubOptions.trv.NodeAt(1));
   for (int i = 0; i < 2; ++i) {
+    SCOPED_TRACE(Case(i));
     Leave(frmPubOptions.txtDF, frmPubOptions.trv);
     EXPECT_TRUE(frmPubOptions.fraCM.Visible);
     EXPECT_FALSE(frmPubOptions.fraOC.Visible);

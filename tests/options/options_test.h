@@ -25,11 +25,11 @@ namespace tavix::mdlPubSelf {
 class OptionsTest : public ProgramTest {
  protected:
   OptionsTest() {
-    machine.facts.Set(u"Environment", u"WinDir", u"C:\\WINDOWS");
-    machine.facts.Set(u"Temporary Folders", u"User", u"C:\\Temp");
-    machine.facts.Set(u"Temporary Folders", u"System", u"C:\\WINDOWS\\Temp");
-    machine.facts.Set(u"Folders", u"32", u"C:\\Cache");
-    machine.facts.Set(u"Folders", u"33", u"C:\\Cookies");
+    SetWindows();
+    SetUserTemp(u"C:\\Temp");
+    SetSystemTemp(u"C:\\WINDOWS\\Temp");
+    SetCache(u"C:\\Cache");
+    SetCookies(u"C:\\Cookies");
     machine.files.AddFolder(u"C:\\TVXBak");
     UseLanguage("en");
   }

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "platform/shortcut.h"
+#include "support/case.h"
 #include "support/source_folder.h"
 #include "text/utf8.h"
 
@@ -92,6 +93,7 @@ TEST(RealShortcuts, CutOffAnywhereDoNoHarm) {
   for (const IndexLine& line : index) {
     const std::string whole = Content(kFolder / line.file);
     for (size_t size = 0; size < whole.size(); ++size) {
+      SCOPED_TRACE(Case(size));
       const std::optional<Shortcut> data = ReadShortcut(std::string(whole, 0, size));
       if (size < 0x4C) {
         EXPECT_FALSE(data);

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/shortcut_bytes.h"
+#include "support/case.h"
 
 namespace tavix::platform {
 namespace {
@@ -38,6 +39,7 @@ TEST(ShortcutLocation, ReadsEachForm) {
       {{.flags = 0, .path = u"", .suffix = u"b"}, u""},
   };
   for (const auto& [location, onVolume, onShare] : kCases) {
+    SCOPED_TRACE(Case(location));
     const LocationPaths paths = Read(LocationBlock(location));
     EXPECT_EQ(paths.onVolume, onVolume);
     EXPECT_EQ(paths.onShare, onShare);
@@ -47,6 +49,7 @@ TEST(ShortcutLocation, ReadsEachForm) {
 
 TEST(ShortcutLocation, BlockWithoutContentHasNoPath) {
   for (const std::string& block : {std::string(), std::string(28, '\0')}) {
+    SCOPED_TRACE(Case(block));
     EXPECT_EQ(Read(block).onVolume, u"");
     EXPECT_EQ(Read(block).onShare, u"");
     EXPECT_TRUE(Read(block).named);

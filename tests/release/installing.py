@@ -179,15 +179,15 @@ class Updating(unittest.TestCase):
         self.help.machine.environment["TAVIX_TEST_SITE"] = self.address
 
     def test_the_older_build_is_offered_the_release(self):
-        process, _ = self.help.start()
+        process = self.help.start()
         texts = " ".join(self.help.box())
         self.assertIn(f"Tavix {VERSION}\\r\\n", texts)
         self.help.press("Cancel")
         self.help.close_window(process)
         self.assertEqual(self.help.machine.rundll32_calls(), [])
-        process, _ = self.help.start()
+        process = self.help.start()
         self.help.press("OK")
-        self.assertEqual(process.wait(timeout=driver.ANSWER_SECONDS), 0)
+        self.assertEqual(process.wait(timeout=driver.PATIENCE), 0)
         calls = wait_for("the browser", self.help.machine.rundll32_calls)
         self.assertEqual([call.strip('"') for call in calls], [self.address + "/tavix-setup.exe"])
 

@@ -10,6 +10,7 @@
 #include "platform/windows/scratch_place.h"
 #include "platform/windows/windows_host.h"
 #include "scan/result_items.h"
+#include "support/case.h"
 #include "support/program_test.h"
 #include "window/wiring.h"
 
@@ -53,7 +54,8 @@ class LiveRegistryPage : public testing::Test {
     WireMainForm();
     Form_Load();
     for (const Seeded& seed : Seeds()) {
-      ASSERT_TRUE(platform::registry->WriteString(seed.hive, seed.key, seed.value, seed.data));
+      ASSERT_TRUE(platform::registry->WriteString(seed.hive, seed.key, seed.value, seed.data))
+          << Case(seed.key);
     }
   }
   void TearDown() override {

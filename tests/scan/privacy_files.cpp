@@ -2,6 +2,7 @@
 
 #include "scan/scan_driver.h"
 #include "scan/scan_test.h"
+#include "support/case.h"
 
 namespace tavix::mdlPubSelf {
 namespace {
@@ -15,10 +16,10 @@ constexpr TextView kRecent = u"C:\\Users\\Ann\\Recent";
 class PrivacyFiles : public ScanTest {
  protected:
   PrivacyFiles() {
-    machine.facts.Set(u"Folders", u"32", kCache);
-    machine.facts.Set(u"Folders", u"33", kCookies);
-    machine.facts.Set(u"Folders", u"34", kHistory);
-    machine.facts.Set(u"Special Folders", u"Recent", kRecent);
+    SetCache(kCache);
+    SetCookies(kCookies);
+    SetHistory(kHistory);
+    SetSpecialFolder(u"Recent", kRecent);
     for (const TextView folder : {kCache, kCookies, kHistory, kRecent}) machine.files.AddFolder(folder);
   }
 
@@ -78,7 +79,7 @@ TEST_F(PrivacyFiles, AWholeStoreShowsItsFolderInTheStatusLineAndRepaints) {
 }
 
 TEST_F(PrivacyFiles, BlanksAroundTheFolderOfAStoreDoNotCount) {
-  machine.facts.Set(u"Folders", u"32", Concat(u"  ", kCache, u"  "));
+  SetCache(Concat(u"  ", kCache, u"  "));
   AddFile(u"C:\\Users\\Ann\\Cache\\a.htm");
   EXPECT_EQ(Scan(u"ietif")[0].location, kCache);
   EXPECT_EQ(Status(), Concat(u"Scanning in '", kCache, u"', please wait..."));
@@ -86,7 +87,7 @@ TEST_F(PrivacyFiles, BlanksAroundTheFolderOfAStoreDoNotCount) {
 }
 
 TEST_F(PrivacyFiles, TheLocationOfAStoreHasTheNamesOfTheDisk) {
-  machine.facts.Set(u"Folders", u"33", u"c:\\USERS\\ann\\cookies");
+  SetCookies(u"c:\\USERS\\ann\\cookies");
   EXPECT_EQ(Scan(u"iec")[0].location, kCookies);
 }
 
@@ -115,7 +116,7 @@ TEST_F(PrivacyFiles, AProtectedSubfolderLeavesTheSizesOfAStoreEmptyAndItsLocatio
 
 TEST_F(PrivacyFiles, AFileInTheStoresPlaceIsNoStore) {
   AddFile(u"C:\\file");
-  machine.facts.Set(u"Folders", u"34", u"C:\\file");
+  SetHistory(u"C:\\file");
   EXPECT_EQ(Scan(u"ieh"), (std::vector<RowFields>{StoreRow(kStores[2], u"0", u"", u"", u"")}));
 }
 
@@ -138,7 +139,7 @@ TEST_F(PrivacyFiles, DetailFunctionsListFileByFileWithoutTheIndexes) {
 }
 
 TEST_F(PrivacyFiles, DetailFunctionsOfAMissingFolderAddNothingAndLeaveTheStatusLine) {
-  machine.facts.Set(u"Folders", u"32", u"C:\\Nowhere");
+  SetCache(u"C:\\Nowhere");
   machine.shell.faults.Fail(u"SpecialFolderByNumber", u"33");
   frmPubMain.lblProgS.Caption = u"untouched";
   EXPECT_TRUE(Scan(u"ietifd").empty());
@@ -249,14 +250,15 @@ TEST_F(PrivacyFiles, OnlyTheWalksSuspendThePaintingOfTheList) {
     Scan(row.key);
     EXPECT_EQ(watch.changes, (row.walks ? std::vector{true, false} : std::vector<bool>())) << Narrow(row.key);
     EXPECT_EQ(watch.atYields, std::vector<bool>(row.walks ? 1 : 0, true)) << Narrow(row.key);
-    EXPECT_FALSE(frmPubMain.lsvResult.PaintingSuspended);
+    EXPECT_FALSE(frmPubMain.lsvResult.PaintingSuspended) << Narrow(row.key);
   }
 }
 
 TEST_F(PrivacyFiles, AfterCancelNoScannerRuns) {
   AddFile(u"C:\\Users\\Ann\\Cache\\a.htm");
   CancelRequested = true;
-  for (const Scanner& scanner : kPrivacyFileScanners) EXPECT_TRUE(Scan(scanner.Key).empty());
+  for (const Scanner& scanner : kPrivacyFileScanners)
+    EXPECT_TRUE(Scan(scanner.Key).empty()) << Case(scanner.Key);
   EXPECT_EQ(kPrivacyFileScanners.size(), 7U);
 }
 

@@ -5,6 +5,7 @@
 #include "frame/support/shell_object.h"
 #include "scan/registry_page_test.h"
 #include "scan/scan_driver.h"
+#include "support/case.h"
 
 namespace tavix::mdlPubSelf {
 namespace {
@@ -157,11 +158,13 @@ TEST_F(RegistryPageTest, ItsFunctionsAreThoseAndNoOthers) {
 }
 
 TEST_F(RegistryPageTest, AKeyIsComparedExactly) {
-  for (const TextView key : {u"time zones", u"Time Zones ", u"Time Zone"}) EXPECT_TRUE(Scan(key).empty());
+  for (const TextView key : {u"time zones", u"Time Zones ", u"Time Zone"})
+    EXPECT_TRUE(Scan(key).empty()) << Case(key);
 }
 
 TEST_F(RegistryPageTest, AfterCancelNoFunctionRuns) {
   for (const Function& function : Functions()) {
+    SCOPED_TRACE(Case(function.key));
     ScanWatch watch;
     CancelRequested = true;
     EXPECT_TRUE(Scan(function.key).empty());
@@ -200,7 +203,7 @@ TEST_F(RegistryPageTest, WithoutServicesNothingIsFound) {
   pubRegistry = {};
   fileSystemObject = {};
   shellObject = {};
-  for (const Function& function : Functions()) EXPECT_TRUE(Scan(function.key).empty());
+  for (const Function& function : Functions()) EXPECT_TRUE(Scan(function.key).empty()) << Case(function.key);
 }
 
 }  // namespace

@@ -9,9 +9,9 @@ class RegistryPageTest : public RegistryScanTest {
  protected:
   RegistryPageTest() {
     for (const TextView folder : {u"C:\\Fonts", u"C:\\All", u"C:\\Mine"}) machine.files.AddFolder(folder);
-    machine.facts.Set(u"Special Folders", u"Fonts", u"C:\\Fonts");
-    machine.facts.Set(u"Special Folders", u"AllUsersPrograms", u"C:\\All");
-    machine.facts.Set(u"Special Folders", u"Programs", u"C:\\Mine");
+    SetSpecialFolder(u"Fonts", u"C:\\Fonts");
+    SetSpecialFolder(u"AllUsersPrograms", u"C:\\All");
+    SetSpecialFolder(u"Programs", u"C:\\Mine");
     AddFiles({u"C:\\there.dll", u"C:\\Fonts\\there.ttf"});
     for (const TextView name : {u"C:\\gone.dll", u"C:\\there.dll"}) {
       const TextView key = name.substr(3);

@@ -2,6 +2,7 @@
 
 #include "platform/machine/formats/registry_text.h"
 #include "scan/registry_page_test.h"
+#include "support/case.h"
 
 namespace tavix::mdlPubSelf {
 namespace {
@@ -16,6 +17,7 @@ class RegistryRepair : public RegistryPageTest {
   RegistryStore Copy() const {
     RegistryStore copy;
     for (const Hive hive : RegistryStore::kHives) {
+      SCOPED_TRACE(Case(hive));
       EXPECT_FALSE(ReadRegistryText(WriteRegistryText(machine.registry.Store(), hive), copy));
     }
     return copy;

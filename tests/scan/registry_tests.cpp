@@ -14,7 +14,7 @@ class MissingSharedDlls : public RegistryFunctionTest {};
 
 TEST_F(MissingSharedDlls, ANameIsTestedAsItStands) {
   AddFiles({u"C:\\a b.dll", u"C:\\c.dll"});
-  machine.facts.Set(u"Environment", u"WinDir", u"C:");
+  SetWindows(u"C:");
   for (const TextView name : {u"C:\\a b.dll", u"C:\\gone.dll", u"%WinDir%\\c.dll", u"\"C:\\c.dll\"",
                               u"C:\\c.dll -x", u"c:/C.DLL"}) {
     SeedWindows(u"SharedDlls", name, u"1");
@@ -155,7 +155,7 @@ TEST_F(ApplicationShellsIssues, OneVerbGoesAndTheApplicationStays) {
 class FontsIssues : public RegistryFunctionTest {
  protected:
   FontsIssues() {
-    machine.facts.Set(u"Special Folders", u"Fonts", u"C:\\Windows\\Fonts");
+    SetSpecialFolder(u"Fonts", u"C:\\Windows\\Fonts");
     AddFiles({u"C:\\Windows\\Fonts\\arial.ttf", u"C:\\Fonts\\x.ttf"});
   }
   void SeedFont(TextView name, TextView data) {
@@ -191,7 +191,7 @@ TEST_F(FontsIssues, AFontWithoutAFileIsAFinding) {
 }
 
 TEST_F(FontsIssues, WithoutAFontsFolderEveryFontIsAFinding) {
-  machine.facts.Set(u"Special Folders", u"Fonts", u"");
+  SetSpecialFolder(u"Fonts", u"");
   SeedFont(u"Arial (TrueType)", u"arial.ttf");
   EXPECT_EQ(FoundBy(u"Fonts Issues"), Texts{u"Arial (TrueType)"});
 }
@@ -202,7 +202,7 @@ class RegistryLists : public RegistryFunctionTest {
  protected:
   RegistryLists() {
     for (const TextView name : {u"Fonts", u"AllUsersPrograms", u"Programs"}) {
-      machine.facts.Set(u"Special Folders", name, u"C:\\P\\Shell");
+      SetSpecialFolder(name, u"C:\\P\\Shell");
     }
     SeedWindows(u"SharedDlls", u"C:\\P\\a.dll", u"1");
     SeedClass(u"CLSID\\{1}\\InprocServer32", u"C:\\P\\a.dll");

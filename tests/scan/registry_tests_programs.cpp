@@ -1,6 +1,7 @@
 #include "scan/registry_tests.h"
 
 #include "scan/registry_test.h"
+#include "support/case.h"
 
 namespace tavix::mdlPubSelf {
 namespace {
@@ -72,7 +73,7 @@ TEST_F(RunAtStartupIssues, ACommandThatCantBeJudgedIsATickedFindingWithoutName) 
   const Text tag = u"RI: HKEY_LOCAL_MACHINE, Software\\Microsoft\\Windows\\CurrentVersion\\Run, ";
   EXPECT_EQ(Names(rows), (Texts{u"", u"", u""}));
   EXPECT_EQ(Tags(rows), (Texts{tag + u"a", tag + u"b", tag}));
-  for (const RowFields& row : rows) EXPECT_TRUE(row.checked);
+  for (const RowFields& row : rows) EXPECT_TRUE(row.checked) << Case(row.name);
 }
 
 // Software.
@@ -154,9 +155,9 @@ TEST_F(WholeLists, EverySubkeyIsListedUntickedAlsoWithAnEmptyValue) {
   SeedMachine(Concat(zones, u"A"), u"Std", u"A Standard Time");
   SeedMachine(Concat(zones, u"B"), u"Dlt", u"B Daylight Time");
   EXPECT_EQ(FoundBy(u"Internet Country Codes"), (Texts{u"United States", u"", u""}));
-  for (const RowFields& row : ResultRows()) EXPECT_FALSE(row.checked);
+  for (const RowFields& row : ResultRows()) EXPECT_FALSE(row.checked) << Case(row.name);
   EXPECT_EQ(FoundBy(u"Time Zones"), (Texts{u"A Standard Time", u""}));
-  for (const RowFields& row : ResultRows()) EXPECT_FALSE(row.checked);
+  for (const RowFields& row : ResultRows()) EXPECT_FALSE(row.checked) << Case(row.name);
 }
 
 TEST_F(WholeLists, SchemesAreAllValuesButTheDefaultOne) {
@@ -165,9 +166,9 @@ TEST_F(WholeLists, SchemesAreAllValuesButTheDefaultOne) {
     SeedWindows(u"Control Panel\\Cursors\\Schemes", name, u"x");
   }
   EXPECT_EQ(FoundBy(u"Appearance Schemes"), (Texts{u"Brick", u" ", u"Rose"}));
-  for (const RowFields& row : ResultRows()) EXPECT_FALSE(row.checked);
+  for (const RowFields& row : ResultRows()) EXPECT_FALSE(row.checked) << Case(row.name);
   EXPECT_EQ(FoundBy(u"Cursor Schemes"), (Texts{u"Brick", u" ", u"Rose"}));
-  for (const RowFields& row : ResultRows()) EXPECT_FALSE(row.checked);
+  for (const RowFields& row : ResultRows()) EXPECT_FALSE(row.checked) << Case(row.name);
 }
 
 // Uninstallers.
@@ -224,8 +225,8 @@ TEST_F(UninstallerIssues, TheProgramOfTheCommandIsTested) {
 class StartMenuOrderingIssues : public RegistryFunctionTest {
  protected:
   StartMenuOrderingIssues() {
-    machine.facts.Set(u"Special Folders", u"AllUsersPrograms", u"C:\\All");
-    machine.facts.Set(u"Special Folders", u"Programs", u"C:\\Mine");
+    SetSpecialFolder(u"AllUsersPrograms", u"C:\\All");
+    SetSpecialFolder(u"Programs", u"C:\\Mine");
   }
   void SeedItem(TextView name) {
     SeedUser(Concat(kWindowsKey, u"\\Explorer\\MenuOrder\\Start Menu2\\Programs\\", name), u"Order", u"x");

@@ -1,5 +1,6 @@
 #include "scan/result_items.h"
 
+#include "support/case.h"
 #include "support/program_test.h"
 #include "text/number.h"
 
@@ -78,6 +79,7 @@ TEST_F(ResultItems, AHeaderClickSortsAndEachClickTurnsTheDirection) {
     int header, key, order;
   } clicks[] = {{1, 0, 1}, {3, 4, 0}, {3, 4, 1}, {2, 1, 0}, {4, 3, 1}, {4, 3, 0}, {5, 4, 1}};
   for (const auto& click : clicks) {
+    SCOPED_TRACE(Case(click.header));
     lsvResult_ColumnClick(click.header);
     EXPECT_TRUE(list.Sorted);
     EXPECT_EQ(list.SortKey, click.key);

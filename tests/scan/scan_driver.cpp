@@ -5,6 +5,7 @@
 #include "platform/event_queue.h"
 #include "scan/result_items.h"
 #include "scan/scan_function.h"
+#include "support/case.h"
 #include "support/program_test.h"
 
 namespace tavix::mdlPubSelf {
@@ -293,7 +294,8 @@ TEST_F(ScanDriver, WhileAScanRunsOnlyCancelAndPagesCanBeOperated) {
     EXPECT_FALSE(form.cbxAll.Enabled);
     EXPECT_FALSE(form.sbtClean.Enabled);
     EXPECT_FALSE(form.sbtRepair.Enabled);
-    for (const Button& button : form.sbtToolbar) EXPECT_FALSE(button.Enabled);
+    for (const Button& button : form.sbtToolbar)
+      EXPECT_FALSE(button.Enabled) << Case(&button - form.sbtToolbar.data());
     EXPECT_TRUE(form.webGIF.Visible);
     EXPECT_EQ(form.lblProgMO.BorderStyle, 1);
     EXPECT_EQ(form.lblTime.Caption, Text(u"? second(s)."));
@@ -310,7 +312,8 @@ TEST_F(ScanDriver, WhileAScanRunsOnlyCancelAndPagesCanBeOperated) {
   EXPECT_TRUE(form.cbxAll.Enabled);
   EXPECT_TRUE(form.sbtClean.Enabled);
   EXPECT_TRUE(form.sbtRepair.Enabled);
-  for (const Button& button : form.sbtToolbar) EXPECT_TRUE(button.Enabled);
+  for (const Button& button : form.sbtToolbar)
+    EXPECT_TRUE(button.Enabled) << Case(&button - form.sbtToolbar.data());
   EXPECT_FALSE(form.webGIF.Visible);
   EXPECT_EQ(form.lblProgMO.BorderStyle, 1) << "stays as a scan sets it";
 }

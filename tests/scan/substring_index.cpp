@@ -1,4 +1,5 @@
 #include "scan/substring_index.h"
+#include "support/case.h"
 
 #include <gtest/gtest.h>
 
@@ -68,6 +69,7 @@ TEST(SubstringIndex, FindsPartsOfEveryLengthOfALongText) {
   for (char16_t c = u'0'; c < u'0' + 2000; ++c) text += c;
   SubstringIndex index(text);
   for (size_t length = 1; length <= text.size(); ++length) {
+    SCOPED_TRACE(Case(length));
     ASSERT_TRUE(index.Contains(TextView(text).substr(text.size() - length)));
     ASSERT_FALSE(index.Contains(Concat(TextView(text).substr(0, length - 1), u" ")));
   }

@@ -2,6 +2,7 @@
 
 #include "scan/scan_driver.h"
 #include "scan/scan_test.h"
+#include "support/case.h"
 
 namespace tavix::mdlPubSelf {
 namespace {
@@ -43,7 +44,7 @@ TEST_F(SystemPage, OnAMachineThatTellsNothingOnlyTheStandingRowsAreThere) {
 
 TEST_F(SystemPage, AfterCancelNoScannerRuns) {
   CancelRequested = true;
-  for (const Scanner& scanner : kSystemScanners) EXPECT_TRUE(Scan(scanner.Key).empty());
+  for (const Scanner& scanner : kSystemScanners) EXPECT_TRUE(Scan(scanner.Key).empty()) << Case(scanner.Key);
 }
 
 }  // namespace

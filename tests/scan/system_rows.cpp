@@ -58,7 +58,7 @@ TEST_F(SystemRows, WithoutAnswerTheRowOfTheBinHasTypeLocationAndActionOnly) {
 }
 
 TEST_F(SystemRows, ADumpThatCantBeLookedForHasARowThatSaysNothingOfIt) {
-  machine.facts.Set(u"Environment", u"WinDir", u"C:\\WINDOWS");
+  SetWindows();
   machine.files.faults.Fail(u"FileExists", u"C:\\WINDOWS\\memory.dmp");
   EXPECT_EQ(Scan(u"Memory Dumps"), (std::vector{RowFields{u"Memory Dumps", u"", u"", u"System Drive", u"",
                                                           u"FT: C:\\WINDOWS\\memory.dmp", true}}));
@@ -111,21 +111,21 @@ RowFields DumpRow(TextView name, TextView size, TextView sizeKey) {
 }
 
 TEST_F(SystemRows, AMemoryDumpHasItsSizeInTheRow) {
-  machine.facts.Set(u"Environment", u"WinDir", u"C:\\WINDOWS");
+  SetWindows();
   machine.files.AddFile(u"C:\\Windows\\MEMORY.DMP", {.size = 1573376});
   EXPECT_EQ(Scan(u"Memory Dumps"),
             (std::vector{DumpRow(u"System Memory Dumps (1 File)", u"1,536.5", u"00001536.5")}));
 }
 
 TEST_F(SystemRows, AMemoryDumpOfNoBytesHasThePoint) {
-  machine.facts.Set(u"Environment", u"WinDir", u"C:\\WINDOWS");
+  SetWindows();
   AddFile(u"C:\\Windows\\memory.dmp", 0);
   EXPECT_EQ(Scan(u"Memory Dumps"),
             (std::vector{DumpRow(u"System Memory Dumps (1 File)", u"0.", u"00000000.0")}));
 }
 
 TEST_F(SystemRows, WithoutAMemoryDumpTheSizeIsAZeroWithNoPoint) {
-  machine.facts.Set(u"Environment", u"WinDir", u"C:\\WINDOWS");
+  SetWindows();
   const RowFields none = DumpRow(u"System Memory Dumps (0 File)", u"0", u"00000000.0");
   EXPECT_EQ(Scan(u"Memory Dumps"), std::vector{none});
   machine.files.AddFolder(u"C:\\WINDOWS\\memory.dmp");
@@ -133,19 +133,19 @@ TEST_F(SystemRows, WithoutAMemoryDumpTheSizeIsAZeroWithNoPoint) {
 }
 
 TEST_F(SystemRows, AMemoryDumpThatCannotBeLookedAtHasNoSize) {
-  machine.facts.Set(u"Environment", u"WinDir", u"C:\\WINDOWS");
+  SetWindows();
   AddFile(u"C:\\WINDOWS\\memory.dmp");
   machine.files.faults.Fail(u"Look", u"C:\\WINDOWS\\memory.dmp");
   EXPECT_EQ(Scan(u"Memory Dumps"), (std::vector{DumpRow(u"System Memory Dumps (1 File)", u"", u"")}));
 }
 
 TEST_F(SystemRows, TheFolderOfWindowsHasNoBackslashAtItsEnd) {
-  machine.facts.Set(u"Environment", u"WinDir", u"C:\\WINDOWS\\");
+  SetWindows(u"C:\\WINDOWS\\");
   EXPECT_EQ(Scan(u"Memory Dumps")[0].tag, u"FT: C:\\WINDOWS\\memory.dmp");
 }
 
 TEST_F(SystemRows, CleaningAMemoryDumpDeletesItAndNothingElse) {
-  machine.facts.Set(u"Environment", u"WinDir", u"C:\\WINDOWS");
+  SetWindows();
   AddFile(u"C:\\WINDOWS\\memory.dmp", 2);
   AddFile(u"C:\\WINDOWS\\memory.txt");
   Scan(u"Memory Dumps");

@@ -4,6 +4,7 @@
 #include "platform/shortcut_bytes.h"
 #include "scan/scan_driver.h"
 #include "scan/scan_test.h"
+#include "support/case.h"
 
 namespace tavix::mdlPubSelf {
 namespace {
@@ -11,9 +12,9 @@ namespace {
 class SystemWalks : public ScanTest {
  protected:
   SystemWalks() {
-    machine.facts.Set(u"Environment", u"WinDir", u"C:\\WINDOWS");
+    SetWindows();
     machine.facts.Set(u"Environment", u"USERNAME", u"Ann");
-    machine.facts.Set(u"Drives", u"C", u"2");
+    SetDrive(u"C");
     machine.files.AddFolder(u"C:\\WINDOWS");
   }
 
@@ -26,8 +27,8 @@ class SystemWalks : public ScanTest {
 };
 
 TEST_F(SystemWalks, TemporaryFilesAreTheUsersThenTheSystems) {
-  machine.facts.Set(u"Temporary Folders", u"User", u"C:\\Users\\Ann\\Temp");
-  machine.facts.Set(u"Temporary Folders", u"System", u"  C:\\WINDOWS\\Temp ");
+  SetUserTemp(u"C:\\Users\\Ann\\Temp");
+  SetSystemTemp(u"  C:\\WINDOWS\\Temp ");
   AddFile(u"C:\\Users\\Ann\\Temp\\~DF1.tmp", 0);
   AddFile(u"C:\\Users\\Ann\\Temp\\x\\readme.txt", 2);
   AddFile(u"C:\\WINDOWS\\Temp\\index.dat", 3);
@@ -38,13 +39,13 @@ TEST_F(SystemWalks, TemporaryFilesAreTheUsersThenTheSystems) {
 }
 
 TEST_F(SystemWalks, ATemporaryFolderThatIsMissingAddsNoRow) {
-  machine.facts.Set(u"Temporary Folders", u"User", u"C:\\Nowhere");
+  SetUserTemp(u"C:\\Nowhere");
   EXPECT_TRUE(Scan(u"Temporary Files").empty());
   // One that isn't known takes nothing from the other.
-  machine.facts.Set(u"Temporary Folders", u"User", u"C:\\T");
+  SetUserTemp(u"C:\\T");
   AddFile(u"C:\\T\\a");
   EXPECT_EQ(Scan(u"Temporary Files"), (std::vector{FileRow(u"User Temporary File", u"C:\\T", u"a")}));
-  machine.facts.Set(u"Temporary Folders", u"System", u"C:\\T");
+  SetSystemTemp(u"C:\\T");
   machine.shell.faults.Fail(u"UserTempFolder");
   EXPECT_EQ(Scan(u"Temporary Files"), (std::vector{FileRow(u"System Temporary File", u"C:\\T", u"a")}));
 }
@@ -92,7 +93,7 @@ TEST_F(SystemWalks, DrivesCountUnlessTheyAreNotReadyOrOfTheNetworkOrDiscs) {
   for (const auto& row : table) {
     const Text folder = Concat(row.drive, u":\\FOUND.000");
     AddFile(Concat(folder, u"\\a.chk"));
-    machine.facts.Set(u"Drives", row.drive, row.fact);
+    SetDrive(row.drive, row.fact);
     if (row.counts) expected.push_back(Concat(folder, u"\\a.chk"));
   }
   EXPECT_EQ(Paths(Scan(u"CHKDSK File Fragments")), expected);
@@ -117,7 +118,7 @@ TEST_F(SystemWalks, LogFilesAreThoseOfTheWholeTreeOfWindows) {
 TEST_F(SystemWalks, TheFolderOfWindowsMayBeADriveOrHaveSeparatorsOfEitherKind) {
   AddFiles({u"C:\\a.log", u"C:\\WINDOWS\\b.log"});
   const auto locationOfTheFirst = [this](TextView folder) {
-    machine.facts.Set(u"Environment", u"WinDir", folder);
+    SetWindows(folder);
     return Scan(u"Windows Log Files").at(0).location;
   };
   EXPECT_EQ(locationOfTheFirst(u"C:\\"), u"C:\\");
@@ -148,7 +149,7 @@ TEST_F(SystemWalks, InvalidShortcutsOfFivePlacesInTheirOrder) {
   AddFile(u"C:\\there.exe");
   std::vector<Text> types, paths;
   for (const auto& row : table) {
-    machine.facts.Set(u"Special Folders", row.number, row.folder);
+    SetSpecialFolder(row.number, row.folder);
     const Text walked = Concat(row.folder, row.walked);
     AddShortcut(Concat(walked, u"\\dead.lnk"), u"C:\\gone.exe");
     AddShortcut(Concat(walked, u"\\good.lnk"), u"C:\\there.exe");
@@ -170,7 +171,7 @@ TEST_F(SystemWalks, InvalidShortcutsOfFivePlacesInTheirOrder) {
 }
 
 TEST_F(SystemWalks, AShortcutFolderThatIsNotKnownIsPassedOver) {
-  machine.facts.Set(u"Special Folders", u"10", u"C:\\Ann\\Desktop");
+  SetSpecialFolder(u"10", u"C:\\Ann\\Desktop");
   AddShortcut(u"C:\\Ann\\Desktop\\dead.lnk", u"C:\\gone.exe");
   // Nor is what would stand under an empty path.
   AddShortcut(u"C:\\Microsoft\\Internet Explorer\\Quick Launch\\dead.lnk", u"C:\\gone.exe");
@@ -180,7 +181,7 @@ TEST_F(SystemWalks, AShortcutFolderThatIsNotKnownIsPassedOver) {
 
 TEST_F(SystemWalks, AUserWithoutANameHasNoneInTheTypes) {
   machine.shell.faults.Fail(u"EnvironmentVariable", u"USERNAME");
-  machine.facts.Set(u"Special Folders", u"10", u"C:\\Ann\\Desktop");
+  SetSpecialFolder(u"10", u"C:\\Ann\\Desktop");
   AddShortcut(u"C:\\Ann\\Desktop\\dead.lnk", u"C:\\gone.exe");
   EXPECT_EQ(Scan(u"Invalid Shortcuts in User Folders").at(0).type, u"Invalid Shortcut ('s Desktop)");
 }
@@ -214,6 +215,7 @@ TEST_F(SystemWalks, FoldersOfWindowsThatAreMissingAddNoRowAndNoStatus) {
   frmPubMain.lblProgS.Caption = u"untouched";
   for (const TextView function :
        {u"Uninstall Files for Windows Update", u"Windows Update Source Files", u"Old Prefetch data"}) {
+    SCOPED_TRACE(Case(function));
     EXPECT_TRUE(Scan(function).empty());
   }
   machine.shell.faults.Fail(u"EnvironmentVariable", u"WinDir");
@@ -221,6 +223,7 @@ TEST_F(SystemWalks, FoldersOfWindowsThatAreMissingAddNoRowAndNoStatus) {
             u"C:\\Prefetch\\A.pf"});
   for (const TextView function : {u"Windows Log Files", u"Uninstall Files for Windows Update",
                                   u"Windows Update Source Files", u"Old Prefetch data"}) {
+    SCOPED_TRACE(Case(function));
     EXPECT_TRUE(Scan(function).empty());
   }
   EXPECT_EQ(frmPubMain.lblProgS.Caption, Text(u"untouched"));
@@ -275,15 +278,15 @@ TEST_F(Prefetch, RowsAreThoseOfFiles) {
 }
 
 TEST_F(Prefetch, ASettingThatIsNoNumberOfSixteenBitsFindsNothing) {
-  for (const TextView days : {u"", u"many", u"32768", u"1e9"}) EXPECT_TRUE(Names(days).empty());
+  for (const TextView days : {u"", u"many", u"32768", u"1e9"}) EXPECT_TRUE(Names(days).empty()) << Case(days);
   EXPECT_EQ(Names(u"29.5").size(), 4U) << "halves go to the even number";
 }
 
 TEST_F(SystemWalks, WalksSuspendThePaintingOfTheListFromTheFirstToTheLast) {
-  machine.facts.Set(u"Temporary Folders", u"User", u"C:\\T1");
-  machine.facts.Set(u"Temporary Folders", u"System", u"C:\\T2");
+  SetUserTemp(u"C:\\T1");
+  SetSystemTemp(u"C:\\T2");
   for (const TextView number : {u"0", u"1", u"10", u"11"}) {
-    machine.facts.Set(u"Special Folders", number, u"C:\\T1");
+    SetSpecialFolder(number, u"C:\\T1");
   }
   for (const TextView folder : {u"C:\\T1", u"C:\\T2", u"C:\\FOUND.000", u"C:\\FOUND.001",
                                 u"C:\\WINDOWS\\$NtUninstallKB1$", u"C:\\WINDOWS\\$NtUninstallKB2$",
@@ -314,6 +317,7 @@ TEST_F(SystemWalks, RowsWithoutAWalkLeaveThePaintingAlone) {
   for (const TextView function :
        {u"Empty Recycle Bin", u"Memory Dumps", u"Windows System Logs", u"Menu Order Caches",
         u"Tray Notifications Cache", u"Windows Size and Location Caches"}) {
+    SCOPED_TRACE(Case(function));
     PaintingWatch watch;
     Scan(function);
     EXPECT_TRUE(watch.changes.empty());

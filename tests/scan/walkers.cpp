@@ -50,7 +50,7 @@ struct YieldCount : platform::EventQueue {
 class Walkers : public ScanTest {
  protected:
   Walkers() {
-    machine.facts.Set(u"Drives", u"C", u"2");
+    SetDrive(u"C");
     clock.Set(1000 * kDay + kDay / 2);
   }
   void AddDead(TextView path) {

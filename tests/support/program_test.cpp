@@ -85,4 +85,21 @@ void ProgramTest::Seed(platform::Hive hive, TextView key, TextView name, TextVie
   machineRegistry.WriteString(hive, key, name, data);
 }
 
+void ProgramTest::SetWindows(TextView folder) { machine.facts.Set(u"Environment", u"WinDir", folder); }
+void ProgramTest::SetUserTemp(TextView folder) { machine.facts.Set(u"Temporary Folders", u"User", folder); }
+void ProgramTest::SetSystemTemp(TextView folder) {
+  machine.facts.Set(u"Temporary Folders", u"System", folder);
+}
+void ProgramTest::SetSystemFolder(TextView folder) { machine.facts.Set(u"Folders", u"9966", folder); }
+void ProgramTest::SetProgramFiles(TextView folder) { machine.facts.Set(u"Folders", u"38", folder); }
+void ProgramTest::SetCache(TextView folder) { machine.facts.Set(u"Folders", u"32", folder); }
+void ProgramTest::SetCookies(TextView folder) { machine.facts.Set(u"Folders", u"33", folder); }
+void ProgramTest::SetHistory(TextView folder) { machine.facts.Set(u"Folders", u"34", folder); }
+void ProgramTest::SetSpecialFolder(TextView name, TextView folder) {
+  machine.facts.Set(u"Special Folders", name, folder);
+}
+void ProgramTest::SetDrive(TextView letter, TextView description) {
+  machine.facts.Set(u"Drives", letter, description);
+}
+
 }  // namespace tavix

@@ -34,6 +34,21 @@ class ProgramTest : public testing::Test {
   // One string value, made with its key.
   void Seed(platform::Hive hive, TextView key, TextView name, TextView data);
 
+  // What the system says of itself. Until it is set, each of these fails.
+  void SetWindows(TextView folder = u"C:\\WINDOWS");
+  void SetUserTemp(TextView folder);
+  void SetSystemTemp(TextView folder);
+  void SetSystemFolder(TextView folder = u"C:\\WINDOWS\\system32");
+  void SetProgramFiles(TextView folder = u"C:\\Program Files");
+  // Those of Internet Explorer.
+  void SetCache(TextView folder);
+  void SetCookies(TextView folder);
+  void SetHistory(TextView folder);
+  // One that scripts ask for by its name or position.
+  void SetSpecialFolder(TextView name, TextView folder);
+  // A drive as a line of [Drives] in machine.ini describes it; "2" is a hard disk.
+  void SetDrive(TextView letter, TextView description = u"2");
+
   machine::MemoryHost machine;
   machine::MachineRegistry& machineRegistry = machine.registry;
   machine::StandingClock& clock = machine.clock;

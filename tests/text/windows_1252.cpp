@@ -1,4 +1,5 @@
 #include "text/windows_1252.h"
+#include "support/case.h"
 
 #include <gtest/gtest.h>
 
@@ -22,6 +23,7 @@ TEST(Windows1252, ReadsTheCharactersOfTheCodePage) {
 
 TEST(Windows1252, RefusesCharactersThatArentInIt) {
   for (const TextView text : {u"\u0100", u"a\u8BF4", u"\u02C7", u"\xD83D\xDE00"}) {
+    SCOPED_TRACE(Case(text));
     EXPECT_FALSE(ToWindows1252(text));
   }
   EXPECT_FALSE(ToWindows1252(Text(1, char16_t{0x80})));

@@ -5,6 +5,7 @@
 #include "forms/type_form.h"
 #include "frame/messages.h"
 #include "frame/start_up.h"
+#include "support/case.h"
 #include "support/program_test.h"
 
 namespace tavix::mdlPubSelf {
@@ -50,12 +51,13 @@ TEST_F(About, ItsControlsLieInsideItAndApart) {
   Control* const controls[] = {&frmPubAbout.picLogo,   &frmPubAbout.lblProduct, &frmPubAbout.lblCopyright,
                                &frmPubAbout.sbtMailer, &frmPubAbout.sbtWeb,     &frmPubAbout.sbtClose};
   for (Control* one : controls) {
+    SCOPED_TRACE(Case(one->Left.Get()));
     EXPECT_TRUE(LiesInside(*one));
     for (Control* other : controls) {
       if (one == other) continue;
       const bool apart = one->Left + one->Width <= other->Left || other->Left + other->Width <= one->Left ||
                          one->Top + one->Height <= other->Top || other->Top + other->Height <= one->Top;
-      EXPECT_TRUE(apart);
+      EXPECT_TRUE(apart) << Case(other->Left.Get());
     }
   }
 }

@@ -94,8 +94,9 @@ class Cleaning(SeededMachine):
         before = self.program.read()
         self.program.key("F5")
         self.program.click(before.control(CLEAN)["rect"])
-        self.assertEqual(self.program.read().text(STATUS), before.text(STATUS))
-        self.assertEqual(self.program.read().text(SUM), before.text(SUM))
+        after = self.program.settle()
+        self.assertEqual(after.text(STATUS), before.text(STATUS))
+        self.assertEqual(after.text(SUM), before.text(SUM))
         self.assertEqual(self.registry(), self.before)
 
     def test_without_a_tick_nothing_goes(self):

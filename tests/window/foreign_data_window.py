@@ -47,7 +47,7 @@ class ForeignData(update_program.UpdateTest):
         self.assertTrue(said.endswith("\\r\\n\\r\\n" + windows), said)
         self.assertEqual(state(self.victim), before)
         self.press("Cancel")
-        self.assertEqual(process.wait(timeout=driver.ANSWER_SECONDS), 0)
+        self.assertEqual(process.wait(timeout=driver.PATIENCE), 0)
         self.assertEqual(state(self.victim), before)
         self.assertTrue(place.is_symlink())
 
@@ -70,7 +70,7 @@ class ForeignData(update_program.UpdateTest):
         self.press("OK")
         driver.wait_for("the second box", lambda: any("could not be given another name" in text for text in self.box()))
         self.press("OK")
-        self.assertEqual(process.wait(timeout=driver.ANSWER_SECONDS), 0)
+        self.assertEqual(process.wait(timeout=driver.PATIENCE), 0)
         self.assertEqual(state(self.victim), before)
         self.assertTrue(self.data.is_symlink())
 

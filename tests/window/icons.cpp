@@ -1,5 +1,6 @@
 #include "window/icons.h"
 
+#include "support/case.h"
 #include "support/program_test.h"
 
 namespace tavix {
@@ -39,6 +40,7 @@ TEST_F(Icons, EachLightsUnderTheMouse) {
                {f.picRegistry, u"REG_ACTV"}, {f.picAdv, u"ADV_ACTV"},     {f.picOpt, u"OPT_ACTV"},
                {f.picOne, u"ONE_ACTV"},      {f.picHelp, u"HELP_ACTV"},   {f.picCommend, u"COMMEND_ACTV"}};
   for (const auto& row : table) {
+    SCOPED_TRACE(Case(row.lit));
     row.icon.MouseMove(0);
     EXPECT_EQ(row.icon.Picture.Get(), row.lit);
     EXPECT_TRUE(f.IconsLit);
@@ -65,7 +67,7 @@ TEST_F(Icons, StayLitUntilTheMouseReachesTheBackgroundOrTheTitle) {
     }
     (*reached)(0);
     EXPECT_EQ(Pictures(), kAtRest);
-    EXPECT_FALSE(f.IconsLit);
+    EXPECT_FALSE(f.IconsLit) << (reached == &f.picTitle.MouseMove ? "by the title" : "by the background");
   }
 }
 

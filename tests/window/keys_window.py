@@ -1,6 +1,5 @@
 """Every key of the main window, pressed in the real one. Run by CTest, or:
 TAVIX_BUILD=build/windows python3 -m unittest keys_window"""
-import time
 import unittest
 
 import driver
@@ -49,7 +48,7 @@ class Pages(KeysCase):
 
     def test_a_letter_with_another_key_held_does_nothing(self):
         self.program.key("shift+s", "alt+s", "ctrl+s", "ctrl+shift+s", "ctrl+r")
-        self.assertEqual(self.visible(self.program.read()), WHOLE_PAGES["p"][0])
+        self.assertEqual(self.visible(self.program.settle()), WHOLE_PAGES["p"][0])
 
     def test_letters_work_wherever_the_focus_is(self):
         for _ in range(6):
@@ -60,11 +59,9 @@ class Pages(KeysCase):
     def test_o_comes_back_to_the_page_in_use(self):
         self.open("s")
         self.program.key("o")
-        time.sleep(1)
-        # Closes the options window where one has been opened.
-        if not self.program.read().enabled:
-            self.program.key("Escape")
-            self.program.wait_until("the options window to close", lambda s: s.enabled)
+        self.program.wait_until("the options window", lambda s: not s.enabled)
+        self.program.key("Escape")
+        self.program.wait_until("the options window to close", lambda s: s.enabled)
         self.assertEqual(self.current(), [PRIVACY + 1])
         self.assertNotIn(OPTIONS, self.current())
 
@@ -84,7 +81,7 @@ class ToolbarKeys(KeysCase):
     def test_the_others_do_nothing_without_a_row(self):
         before = self.program.scan()
         self.program.key("ctrl+x", "ctrl+o", "ctrl+p")
-        after = self.program.read()
+        after = self.program.settle()
         self.assertEqual(self.rows(after), self.rows(before))
         self.assertTrue(after.enabled)
 
@@ -161,10 +158,7 @@ class DuringAScan(SeededMachine):
         before = self.program.read()
         title = (before.rect[0] + 300, before.rect[1] + 30)
         moved = self.program.drag(title, (60, 40))
-        self.assertTrue(self.program.read().control(CANCEL)["visible"], "the scan was over before the window was moved")
-        # Under a busy window Wine may lose the last step of the hand.
-        across, down = moved[0] - before.rect[0], moved[1] - before.rect[1]
-        self.assertTrue(0 < across <= 60 and 0 < down <= 40, (across, down))
+        self.assertTrue(moved.control(CANCEL)["visible"], "the scan was over before the window was moved")
         self.program.key("Escape")
         self.finish()
 

@@ -11,6 +11,7 @@
 #include "forms/main_form.h"
 #include "frame/settings.h"
 #include "platform/screen.h"
+#include "support/case.h"
 
 namespace tavix {
 namespace {
@@ -186,7 +187,8 @@ TEST_P(LayOut, PanelHoldsTheControlsOfTheJob) {
   for (const Control* control : std::initializer_list<const Control*>{
            &f.lblProgS, &f.lblOpt, &f.lblOptPrompt, &f.lblProgMO, &f.lblTimeP, &f.lblTime, &f.lblSum,
            &f.webGIF, &f.sbtScan, &f.sbtClean}) {
-    EXPECT_TRUE(Within(*control, frame.Left, frame.Top, frame.Width, frame.Height));
+    EXPECT_TRUE(Within(*control, frame.Left, frame.Top, frame.Width, frame.Height))
+        << Case(control->Left.Get()) << Case(control->Top.Get());
   }
 }
 

@@ -1,6 +1,5 @@
 """The mouse in the main window: icons that light up, drags, ticks, highlights and menus. Run by CTest, or:
 TAVIX_BUILD=build/windows python3 -m unittest mouse_window"""
-import time
 import unittest
 
 import driver
@@ -25,26 +24,28 @@ class Icons(MouseCase):
         self.leave()
 
     def leave(self):
-        """Moves to the background and gives tool tips the time to go."""
+        """Moves to the background and waits for tool tips to go."""
         self.program.move(*self.ground(self.shown))
-        time.sleep(0.6)
+        driver.wait_for("the tool tip to go", lambda: not self.program.shows("tooltips_class32"))
 
     def picture(self, control):
         return self.program.pixels(self.shown.control(control)["rect"])
 
     def test_light_up_under_the_mouse_and_stay_lit_until_it_reaches_the_background(self):
-        for control in (*PAGES[1:], MINI, CLOSE):
-            self.leave()
-            at_rest = self.picture(control)
+        pictures = {control: self.picture(control) for control in (*PAGES[1:], MINI, CLOSE)}
+        for control, at_rest in pictures.items():
             self.program.move_onto(self.shown.control(control)["rect"])
             lit = driver.wait_for(f"control {control} lit", lambda: (p := self.picture(control)) != at_rest and p)
             if control == SYSTEM:
                 self.program.screenshot("lit")
-            self.program.move_onto(self.shown.control(RESULT)["rect"])
-            time.sleep(0.3)
+            # The menu of the list shows that the mouse has got there.
+            self.program.click(self.shown.control(RESULT)["rect"], button=3)
+            self.program.wait_for_menu()
+            self.program.key("Escape")
+            self.program.wait_until("the menu to go", lambda s: not s.menu)
             if control in PAGES:
-                self.assertEqual(self.picture(control), lit)
-            self.program.move(*self.ground(self.shown))
+                driver.wait_for(f"control {control} still lit", lambda: self.picture(control) == lit)
+            self.leave()
             driver.wait_for(f"control {control} at rest", lambda: self.picture(control) == at_rest)
 
     def test_the_title_puts_them_to_rest_too(self):
@@ -55,11 +56,14 @@ class Icons(MouseCase):
         driver.wait_for("the picture at rest", lambda: self.picture(SYSTEM) == at_rest)
 
     def test_the_page_in_use_keeps_its_picture(self):
+        self.program.settle()  # the focus is marked from now on
         before = self.picture(PRIVACY)
-        # Away from the tool tip, which would cover it.
-        left, top = self.shown.control(PRIVACY)["rect"][:2]
-        self.program.move(left + 10, top + 10)
-        time.sleep(0.2)
+        self.program.move_onto(self.shown.control(PRIVACY)["rect"])
+        self.program.settle()
+        driver.wait_for("the tool tip", lambda: self.program.shows("tooltips_class32"))
+        # A click on the list hides the tip and leaves the icons as they are.
+        self.program.click(self.shown.control(RESULT)["rect"])
+        driver.wait_for("the tool tip to go", lambda: not self.program.shows("tooltips_class32"))
         self.assertEqual(self.picture(PRIVACY), before)
 
     def test_a_click_opens_the_page_and_leaves_its_picture_at_rest(self):
@@ -78,20 +82,17 @@ class Icons(MouseCase):
 
     def test_the_right_button_opens_nothing(self):
         self.program.click(self.shown.control(SYSTEM)["rect"], button=3)
-        self.assertFalse(self.program.read().control(FUNCTIONS)["visible"])
+        self.assertFalse(self.program.settle().control(FUNCTIONS)["visible"])
 
 
 class Drags(MouseCase):
     BY = (24, 12)
 
     def check(self, shown, start):
-        before = shown.rect
-        after = self.program.drag(start, self.BY)
-        moved = (after[0] - before[0], after[1] - before[1])
-        # The press itself may take up the first step.
-        self.assertTrue(self.BY[0] - 6 <= moved[0] <= self.BY[0] and self.BY[1] - 4 <= moved[1] <= self.BY[1],
-                        f"moved by {moved}")
-        self.assertEqual((after[2] - after[0], after[3] - after[1]), (before[2] - before[0], before[3] - before[1]))
+        left, top, right, bottom = shown.rect
+        across, down = self.BY
+        self.assertEqual(self.program.drag(start, self.BY).rect,
+                         [left + across, top + down, right + across, bottom + down])
 
     def inside(self, rectangle):
         left, top, right, bottom = rectangle
@@ -124,7 +125,8 @@ class Drags(MouseCase):
 
     def test_not_by_the_result_list(self):
         shown = self.program.read()
-        self.assertEqual(self.program.drag(self.inside(shown.control(RESULT)["rect"]), self.BY), shown.rect)
+        self.program.drag_in_vain(self.inside(shown.control(RESULT)["rect"]), self.BY)
+        self.assertEqual(self.program.settle().rect, shown.rect)
 
 
 class Ticks(MouseCase):
@@ -193,28 +195,29 @@ class Rows(MouseCase):
     def row(self, number, held=()):
         self.program.click(self.shown.rows[number - 1]["rect"], x=60, held=held)
 
-    def selected(self):
-        return [row["row"] for row in self.program.read().rows if row["selected"]]
+    def wait_for_selected(self, *rows):
+        self.program.wait_until(f"rows {rows} to be selected",
+                                lambda s: [row["row"] for row in s.rows if row["selected"]] == list(rows))
 
     def test_ctrl_and_shift_highlight_more(self):
         self.row(2)
-        self.assertEqual(self.selected(), [2])
+        self.wait_for_selected(2)
         self.row(4, held=["ctrl"])
-        self.assertEqual(self.selected(), [2, 4])
+        self.wait_for_selected(2, 4)
         self.row(2, held=["ctrl"])
-        self.assertEqual(self.selected(), [4])
+        self.wait_for_selected(4)
         self.row(3)
         self.row(7, held=["shift"])
-        self.assertEqual(self.selected(), [3, 4, 5, 6, 7])
+        self.wait_for_selected(3, 4, 5, 6, 7)
         self.program.key("ctrl+a")
-        self.assertEqual(len(self.selected()), self.shown.row_count)
+        self.wait_for_selected(*range(1, self.shown.row_count + 1))
         self.program.screenshot("all-selected")
         self.row(1)
-        self.assertEqual(self.selected(), [1])
+        self.wait_for_selected(1)
 
     def test_the_right_button_shows_the_menu(self):
         self.program.click(self.shown.rows[1]["rect"], x=60, button=3)
-        time.sleep(0.5)
+        self.program.wait_for_menu()
         self.program.screenshot("menu")
         self.program.key("i")
         self.program.wait_until("the ticks to turn", lambda s: not any(row["checked"] for row in s.rows))
@@ -222,22 +225,23 @@ class Rows(MouseCase):
     def test_the_menu_key_shows_it_too(self):
         self.row(3)
         self.program.key("shift+F10")
-        time.sleep(0.5)
+        self.program.wait_for_menu()
         self.program.key("i")
         self.program.wait_until("the ticks to turn", lambda s: not any(row["checked"] for row in s.rows))
 
     def test_escape_closes_the_menu_and_nothing_else(self):
         self.program.click(self.shown.rows[1]["rect"], x=60, button=3)
-        time.sleep(0.5)
+        self.program.wait_for_menu()
         self.program.key("Escape")
-        after = self.program.read()
+        self.program.wait_until("the menu to go", lambda s: not s.menu)
+        after = self.program.settle()
         self.assertEqual(self.rows(after), self.rows(self.shown))
         self.assertTrue(all(row["checked"] for row in after.rows))
 
     def test_the_menu_shows_on_the_empty_part_of_the_list(self):
         left, top, right, bottom = self.shown.control(RESULT)["rect"]
         self.program.click((left, bottom - 40, right, bottom - 30), button=3)
-        time.sleep(0.5)
+        self.program.wait_for_menu()
         self.program.key("i")
         self.program.wait_until("the ticks to turn", lambda s: not any(row["checked"] for row in s.rows))
 

@@ -3,35 +3,32 @@ import json
 import pathlib
 import shutil
 import subprocess
-import time
 
 import driver
-from driver import BUILD, READER
+from control_ids import ids
+from driver import BUILD, READER, messages
 from seeded import SeededMachine
 
-# As src/window/win32/dialog_ids.h has them.
-PAGE_TREE, PICTURE, TITLE, REMARK, RECOMMEND, SAVE, CLOSE = range(301, 308)
-ONE_CLICK_TREE, JUNK_LIST = 310, 320
-JUNK_ADD, JUNK_EDIT, JUNK_DELETE, JUNK_CHECK_ALL = range(321, 325)
-EQUAL_NAME, EQUAL_SIZE, EQUAL_TIME, NEED_LEAST, LEAST_SIZE, UNIT, ALL_FILES, ONLY_COMMON, COMMON = range(332, 341)
-TYPE_ADD, TYPE_DELETE = 341, 342
-DELETE, RECYCLE, MOVE, FOLDER, BROWSE = range(350, 355)
-AUTO, BIG, SMALL = range(363, 366)
-FILE_DAYS, PREFETCH_DAYS, EXCEPT_LIST, EXCEPT_ADD, EXCEPT_DELETE = range(372, 377)
-DESCRIPTION, PATTERN, SAVE_ADD, SAVE_CLOSE, CLOSE_TYPE = range(403, 408)
+PAGE_TREE, PICTURE, TITLE, REMARK, RECOMMEND, SAVE, CLOSE = ids(
+    "PageTree", "PagePicture", "PageTitle", "PageRemark", "Recommend", "Save", "CloseOptions")
+ONE_CLICK_TREE, JUNK_LIST = ids("OneClickTree", "JunkTypes")
+JUNK_ADD, JUNK_EDIT, JUNK_DELETE, JUNK_CHECK_ALL = ids("JunkButtons", "JunkButtons+1", "JunkButtons+2", "JunkButtons+3")
+EQUAL_NAME, EQUAL_SIZE, EQUAL_TIME, NEED_LEAST = ids(
+    "DuplicateRules", "DuplicateRules+1", "DuplicateRules+2", "DuplicateRules+3")
+LEAST_SIZE, UNIT, ALL_FILES, ONLY_COMMON = ids("LeastSize", "LeastSizeUnit", "Scopes", "Scopes+1")
+COMMON, TYPE_ADD, TYPE_DELETE = ids("CommonTypes", "CommonTypeButtons", "CommonTypeButtons+1")
+DELETE, RECYCLE, MOVE, FOLDER, BROWSE = ids("Methods", "Methods+1", "Methods+2", "BackupFolder", "Browse")
+AUTO, BIG, SMALL = ids("Sizes", "Sizes+1", "Sizes+2")
+FILE_DAYS, PREFETCH_DAYS = ids("Days", "Days+1")
+EXCEPT_LIST, EXCEPT_ADD, EXCEPT_DELETE = ids("ExceptFolders", "ExceptFolderButtons", "ExceptFolderButtons+1")
+DESCRIPTION, PATTERN = ids("TypeBoxes", "TypeBoxes+1")
+SAVE_ADD, SAVE_CLOSE, CLOSE_TYPE = ids("TypeButtons", "TypeButtons+1", "TypeButtons+2")
 
 OPTIONS_WINDOW, TYPE_WINDOW, BOX = "TavixOptionsWindow", "TavixTypeWindow", "#32770"
 ONE_CLICK, JUNK, DUPLICATES, METHOD, OTHERS = range(5)
 PAGE_TITLES = ("One-click Clean/Repair", "Junk Files", "Duplicate Files", "Cleaning Method", "Other Options")
 PAGE_CONTROLS = (ONE_CLICK_TREE, JUNK_LIST, EQUAL_NAME, DELETE, AUTO)
 DATA = pathlib.Path("MORVDataPath") / "TVX"
-
-
-def messages(catalogue="en"):
-    """The messages of the program's catalogue by key."""
-    file = driver.SOURCE / "res" / "lang" / catalogue / "tips.dll"
-    section = file.read_text(encoding="utf-8").split("[Message & Text]")[1].split("\n[")[0]
-    return dict(line.split("=", 1) for line in section.splitlines() if "=" in line)
 
 
 class Dialog:
@@ -190,7 +187,12 @@ class OptionsCase(SeededMachine):
         self.assertEqual(self.answer(key), text)
 
     def expect_no_message(self):
-        time.sleep(0.5)
+        """A box would have come before the keys by which the focus goes on and comes back, and would get them."""
+        before = self.window().focus()
+        self.key("Tab")
+        self.wait_for_window("the focus to go on", lambda w: w.focus() not in (before, None))
+        self.key("shift+Tab")
+        self.wait_for_window("the focus to come back", lambda w: w.focus() == before)
         self.assertIsNone(self.box())
 
     # Files.

@@ -4,6 +4,7 @@
 
 #include "doubles/memory_host.h"
 #include "platform/shortcut_bytes.h"
+#include "support/case.h"
 
 namespace tavix {
 namespace {
@@ -171,6 +172,7 @@ TEST_F(PubCommon, ShortcutIntoADriveThatCantBeLookedAtIsValid) {
 TEST_F(PubCommon, ShortcutWithoutALocalPathIsValid) {
   for (const TextView target : {u"", u"\\\\server\\share\\a.exe", u"\\\\?\\C:\\a.exe", u"a.exe", u"C:a.exe",
                                 u"http://example.invalid/", u"::{20D04FE0}", u"1:\\a.exe"}) {
+    SCOPED_TRACE(Case(target));
     EXPECT_TRUE(IsTargetValid(target));
   }
 }

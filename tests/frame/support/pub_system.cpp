@@ -61,8 +61,8 @@ TEST_F(PubSystem, AFailedLookUpLeavesTheOutput) {
   system.GetSpecialFolder(32, out);
   system.GetUserTempFolder(out);
   EXPECT_EQ(out, u"before");
-  machine.facts.Set(u"Folders", u"32", u"C:\\Cache");
-  machine.facts.Set(u"Folders", u"9966", u"C:\\WINDOWS\\system32");
+  SetCache(u"C:\\Cache");
+  SetSystemFolder();
   system.GetSpecialFolder(32, out);
   EXPECT_EQ(out, u"C:\\Cache");
   system.GetSpecialFolder(9966, out);

@@ -5,6 +5,7 @@
 #include "platform/windows/file_handle.h"
 #include "platform/windows/scratch_place.h"
 #include "platform/windows/wide.h"
+#include "support/case.h"
 
 namespace tavix::windows {
 namespace {
@@ -73,9 +74,10 @@ TEST_F(DeletingOnWindows, HiddenAndSystemGoAndReadOnlyNeedsForce) {
                 {u"read-only", FILE_ATTRIBUTE_READONLY, false},
                 {u"all", FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM, false}};
   for (const auto& one : kCases) {
+    SCOPED_TRACE(Case(one.name));
     const Text path = place.File(one.name);
     ASSERT_TRUE(SetFileAttributesW(Wide(path), one.attributes));
-    EXPECT_EQ(files.DeleteFile(path, false), one.goes) << testing::PrintToString(one.name);
+    EXPECT_EQ(files.DeleteFile(path, false), one.goes);
     EXPECT_EQ(IsGone(path), one.goes);
     if (one.goes) continue;
     EXPECT_EQ(AttributesOf(path) & 7, one.attributes & 7);
@@ -112,6 +114,7 @@ TEST_F(DeletingOnWindows, WorksAtAnyDepth) {
   const Text top = place.Folder(u"deep");
   Text path = top;
   for (int i = 0; i < 300; ++i) {
+    SCOPED_TRACE(Case(i));
     path += u"\\level";
     ASSERT_TRUE(files.CreateFolder(path));
   }
@@ -129,12 +132,14 @@ TEST_F(DeletingOnWindows, TakesMoreEntriesThanOneReadGives) {
 }
 
 TEST_F(DeletingOnWindows, ARootIsNeverDeleted) {
-  for (const TextView root : {u"Q:\\", u"Q:", u"Q:\\a\\.."}) EXPECT_FALSE(files.DeleteFolder(root, true));
+  for (const TextView root : {u"Q:\\", u"Q:", u"Q:\\a\\.."})
+    EXPECT_FALSE(files.DeleteFolder(root, true)) << Case(root);
   EXPECT_FALSE(DeleteTree(u"Q:\\", true));
 }
 
 TEST_F(DeletingOnWindows, MissingAndEmptyFail) {
   for (const Text& path : {Text(), Text(u"relative"), place.In(u"missing")}) {
+    SCOPED_TRACE(Case(path));
     EXPECT_FALSE(files.DeleteFile(path, true));
     EXPECT_FALSE(files.DeleteFolder(path, true));
   }

@@ -8,6 +8,7 @@
 #include "platform/windows/scratch_place.h"
 #include "platform/windows/wide.h"
 #include "platform/windows/windows_clock.h"
+#include "support/case.h"
 
 namespace tavix::windows {
 namespace {
@@ -87,6 +88,7 @@ TEST_F(FileFactsOfWindows, HaveTheNamesOfTheDisk) {
 
 TEST_F(FileFactsOfWindows, OfADrivesRoot) {
   for (const TextView root : {u"C:\\", u"c:", u"C:\\windows\\.."}) {
+    SCOPED_TRACE(Case(root));
     const auto facts = files.Look(root);
     ASSERT_TRUE(facts);
     EXPECT_EQ(facts->path, u"C:\\");

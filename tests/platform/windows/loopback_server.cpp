@@ -76,7 +76,7 @@ bool LoopbackServer::Send(SOCKET connection, const std::string& bytes) const {
 
 void LoopbackServer::Serve(SOCKET connection, const Answer& answer) {
   // Don't wait for a client that has stopped reading.
-  const DWORD timeout = 500;
+  const DWORD timeout = 30'000;
   setsockopt(connection, SOL_SOCKET, SO_SNDTIMEO, reinterpret_cast<const char*>(&timeout), sizeof timeout);
   if (!Send(connection, answer.bytes)) return;
   const std::string more(answer.then == kSendOn ? 65536 : 1, 'x');

@@ -9,12 +9,6 @@
 namespace tavix::windows {
 namespace {
 
-// Waits for the file: the started program writes it later.
-std::string ContentWhenThere(TextView path) {
-  for (int i = 0; i < 1000 && (ContentOf(path) == "(none)" || ContentOf(path).empty()); ++i) Sleep(10);
-  return ContentOf(path);
-}
-
 TEST(OrdinaryRights, WhatTheDesktopOpensIsItsOwnProcessAndNotOurs) {
   if (!MakeWindow(u"window")) GTEST_SKIP() << "no display";
   const ComApartment apartment;

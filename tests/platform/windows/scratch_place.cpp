@@ -8,6 +8,7 @@
 #include "platform/windows/file_handle.h"
 #include "platform/windows/wide.h"
 #include "platform/windows/windows_path.h"
+#include "support/case.h"
 #include "text/utf8.h"
 
 #include <winioctl.h>
@@ -84,9 +85,7 @@ bool RunOnHost(TextView program, TextView arguments, const Text& path, bool come
     return false;
   CloseHandle(process.hThread);
   CloseHandle(process.hProcess);
-  const auto isThere = [&path] { return AttributesOf(path) != INVALID_FILE_ATTRIBUTES; };
-  for (int i = 0; i < 200 && isThere() != comes; ++i) Sleep(10);
-  return isThere() == comes;
+  return WaitUntil([&] { return (AttributesOf(path) != INVALID_FILE_ATTRIBUTES) == comes; });
 }
 
 Text HostLinkPath(const Text& path) {
@@ -204,8 +203,7 @@ if os.path.exists(here + "/ends"):
 
 void ScratchPlace::StopExchanging() const {
   EXPECT_TRUE(DeleteFileW(Wide(In(u"running"))));
-  for (int i = 0; i < 1000 && AttributesOf(In(u"ends")) != INVALID_FILE_ATTRIBUTES; ++i) Sleep(10);
-  EXPECT_EQ(AttributesOf(In(u"ends")), INVALID_FILE_ATTRIBUTES);
+  EXPECT_TRUE(WaitUntil([this] { return AttributesOf(In(u"ends")) == INVALID_FILE_ATTRIBUTES; }));
 }
 
 bool ScratchPlace::FileLink(TextView name, TextView target) const {
@@ -225,6 +223,7 @@ bool HasBinOfItsOwn() { return IsWine() && PlaceOfBin().ends_with(u".tavix-data"
 void ClearBin() {
   if (!HasBinOfItsOwn()) return;
   for (const TextView part : {u"/Trash/files", u"/Trash/info"}) {
+    SCOPED_TRACE(Case(part));
     const Text folder = OnHost(Concat(PlaceOfBin(), part));
     if (AttributesOf(folder) == INVALID_FILE_ATTRIBUTES) continue;
     RemoveAll(folder);
@@ -233,6 +232,19 @@ void ClearBin() {
 }
 
 Text OtherVolume() { return FromEnvironment(L"TAVIX_OTHER_VOLUME"); }
+
+bool WaitUntil(const std::function<bool()>& condition) {
+  constexpr ULONGLONG kPatience = 600'000;
+  for (const ULONGLONG start = GetTickCount64(); !condition(); Sleep(10)) {
+    if (GetTickCount64() - start > kPatience) return false;
+  }
+  return true;
+}
+
+std::string ContentWhenThere(TextView path) {
+  WaitUntil([path] { return ContentOf(path) != "(none)" && !ContentOf(path).empty(); });
+  return ContentOf(path);
+}
 
 DWORD AttributesOf(TextView path) { return GetFileAttributesW(Wide(Extended(path))); }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -46,6 +47,11 @@ bool IsWine();
 bool HasBinOfItsOwn();
 // Empties that bin without the shell: Wine leaves read-only files and folders with content in it.
 void ClearBin();
+// Waits until a condition holds, for minutes if need be: other programs, and Windows itself, take their time
+// on a busy machine. False if it never did.
+bool WaitUntil(const std::function<bool()>& condition);
+// The content of a file that a started program makes, once it is there.
+std::string ContentWhenThere(TextView path);
 // The attributes or the content of a file, read without the code under test.
 DWORD AttributesOf(TextView path);
 std::string ContentOf(TextView path);

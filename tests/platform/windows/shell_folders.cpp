@@ -4,6 +4,7 @@
 
 #include "platform/windows/scratch_place.h"
 #include "platform/windows/wide.h"
+#include "support/case.h"
 #include "text/letter_case.h"
 
 #include <shlobj.h>
@@ -65,6 +66,7 @@ TEST(ShellFolders, ByNameAndByPositionAreThoseOfTheScriptingShell) {
       {u"17", u"Programs", FOLDERID_Programs},
   };
   for (const auto& folder : kFolders) {
+    SCOPED_TRACE(Case(folder.name));
     const Text known = KnownFolder(folder.id);
     EXPECT_FALSE(known.empty());
     EXPECT_EQ(FolderByName(folder.position), known);
@@ -88,7 +90,9 @@ TEST(ShellFolders, TheUsersTemporaryFolderHasItsLongName) {
   wchar_t shortForm[MAX_PATH], before[MAX_PATH];
   ASSERT_NE(GetShortPathNameW(Wide(place.Path()), shortForm, MAX_PATH), 0U);
   ASSERT_NE(GetTempPathW(MAX_PATH, before), 0U);
-  for (const auto* variable : {L"TMP", L"TEMP"}) ASSERT_TRUE(SetEnvironmentVariableW(variable, shortForm));
+  for (const wchar_t* variable : {L"TMP", L"TEMP"}) {
+    ASSERT_TRUE(SetEnvironmentVariableW(variable, shortForm)) << Case(FromWide(variable));
+  }
   EXPECT_EQ(UserTemp(), place.Path());
   for (const auto* variable : {L"TMP", L"TEMP"}) SetEnvironmentVariableW(variable, before);
 }

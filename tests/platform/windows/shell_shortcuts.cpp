@@ -8,6 +8,7 @@
 #include "platform/windows/scratch_place.h"
 #include "platform/windows/wide.h"
 #include "platform/windows/windows_shell.h"
+#include "support/case.h"
 #include "text/letter_case.h"
 
 #include <shlobj.h>
@@ -62,6 +63,7 @@ TEST_F(ShellLinkOfWindows, IsReadAtTheEndOfALongPath) {
   Save(place.In(u"a.lnk"), target);
   Text folder = place.Path();
   while (folder.size() < 300) {
+    SCOPED_TRACE(Case(folder));
     folder += u"\\a name that is rather long, as names go";
     ASSERT_TRUE(files.CreateFolder(folder));
   }

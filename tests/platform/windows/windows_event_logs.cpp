@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/windows/scratch_place.h"
+#include "support/case.h"
 
 namespace tavix::windows {
 namespace {
@@ -10,6 +11,7 @@ namespace {
 TEST(EventLogsOfWindows, AreOpenedAndCounted) {
   WindowsEventLogs logs;
   for (const TextView name : {u"System", u"application"}) {
+    SCOPED_TRACE(Case(name));
     const auto log = logs.Open(name);
     ASSERT_NE(log, 0);
     EXPECT_TRUE(logs.Count(log));
@@ -21,6 +23,7 @@ TEST(EventLogsOfWindows, AreClearedWhereTheyAreNobodys) {
   if (!IsWine()) GTEST_SKIP() << "the logs are the user's own";
   WindowsEventLogs logs;
   for (const TextView name : {u"System", u"Application", u"Security"}) {
+    SCOPED_TRACE(Case(name));
     const auto log = logs.Open(name);
     ASSERT_NE(log, 0);
     EXPECT_TRUE(logs.Clear(log));

@@ -6,6 +6,7 @@
 #include "platform/windows/file_move.h"
 #include "platform/windows/scratch_place.h"
 #include "platform/windows/wide.h"
+#include "support/case.h"
 
 namespace tavix::windows {
 namespace {
@@ -93,6 +94,7 @@ TEST_F(FilesOfWindows, WritesWhatALinkToAFileLeadsTo) {
 TEST_F(FilesOfWindows, LongPathsWork) {
   Text folder = place.Path();
   while (folder.size() < 300) {
+    SCOPED_TRACE(Case(folder));
     folder += u"\\a name that is rather long, as names go";
     ASSERT_TRUE(files.CreateFolder(folder));
   }
@@ -180,6 +182,7 @@ TEST_F(FilesOfWindows, DrivesStandInTheOrderOfTheirLetters) {
   ASSERT_FALSE(drives.empty());
   bool c = false;
   for (size_t i = 0; i < drives.size(); ++i) {
+    SCOPED_TRACE(Case(i));
     if (i > 0) {
       EXPECT_LT(drives[i - 1].path, drives[i].path);
     }

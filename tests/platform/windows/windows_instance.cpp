@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/windows/wide.h"
+#include "support/case.h"
 
 #include <sddl.h>
 
@@ -26,6 +27,7 @@ TEST(InstanceOfWindows, TheSecondFindsTheFirstAsLongAsItRuns) {
 // The mutex of a copy of another session or user counts, whether or not its access list lets us open it.
 TEST(InstanceOfWindows, ACopyOfAnotherSessionOrUserCounts) {
   for (const wchar_t* rights : {L"D:(A;;GA;;;WD)", L"D:(D;;GA;;;WD)"}) {
+    SCOPED_TRACE(Case(rights));
     PSECURITY_DESCRIPTOR descriptor = nullptr;
     ASSERT_TRUE(
         ConvertStringSecurityDescriptorToSecurityDescriptorW(rights, SDDL_REVISION_1, &descriptor, nullptr));

@@ -1,4 +1,5 @@
 #include "platform/windows/windows_path.h"
+#include "support/case.h"
 
 #include <gtest/gtest.h>
 
@@ -63,8 +64,8 @@ TEST(NormalPath, RefusesWhatIsNoPathOfAFile) {
 }
 
 TEST(WindowsPath, KnowsRoots) {
-  for (const TextView root : {u"C:\\", u"\\\\server\\share"}) EXPECT_TRUE(IsRoot(root));
-  for (const TextView path : {u"C:\\a", u"\\\\server\\share\\a"}) EXPECT_FALSE(IsRoot(path));
+  for (const TextView root : {u"C:\\", u"\\\\server\\share"}) EXPECT_TRUE(IsRoot(root)) << Case(root);
+  for (const TextView path : {u"C:\\a", u"\\\\server\\share\\a"}) EXPECT_FALSE(IsRoot(path)) << Case(path);
 }
 
 TEST(WindowsPath, TakesAPathApartAndTogether) {

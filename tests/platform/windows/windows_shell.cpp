@@ -8,6 +8,7 @@
 #include "platform/windows/restart_list.h"
 #include "platform/windows/scratch_place.h"
 #include "platform/windows/wide.h"
+#include "support/case.h"
 #include "text/letter_case.h"
 
 namespace tavix::windows {
@@ -15,12 +16,6 @@ namespace {
 
 class ShellOfWindows : public testing::Test {
  protected:
-  // Waits for the file: the started program writes it later.
-  static std::string ContentWhenThere(TextView path) {
-    for (int i = 0; i < 1000 && (ContentOf(path) == "(none)" || ContentOf(path).empty()); ++i) Sleep(10);
-    return ContentOf(path);
-  }
-
   const ComApartment apartment;
   ScratchPlace place;
   WindowsShell shell;
@@ -115,6 +110,7 @@ TEST_F(ShellOfWindows, WhatCantBeStartedFailsWithoutADialog) {
     EXPECT_FALSE(shell.RunTarget(target, 3)) << testing::PrintToString(target);
   }
   for (const Text& path : {Text(), Text(u"cmd.exe"), place.In(u"missing")}) {
+    SCOPED_TRACE(Case(path));
     EXPECT_FALSE(shell.OpenPath(path, 3));
     EXPECT_FALSE(shell.ShowFileProperties(0, path));
   }
@@ -142,6 +138,7 @@ TEST_F(ShellOfWindows, ABinOverThirtyTwoBitsHasNoNumberForItsSize) {
     TextView info;
   } kCases[] = {{0x7FFFFFFF, u"1|2147483647"}, {0x80000000, u"1|over"}};
   for (const auto& one : kCases) {
+    SCOPED_TRACE(Case(one.size));
     const Text file = place.File(u"big.bin");
     // Its bytes are never written, so it takes no disk space.
     const HANDLE open = CreateFileW(Wide(file), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
@@ -229,6 +226,7 @@ TEST_F(ShellOfWindows, TheBinTakesNoRootsPatternsAndMissingFiles) {
   place.File(u"a");
   for (const Text& path :
        {Text(), Text(u"C:\\"), Text(u"C:"), Text(u"a"), place.In(u"*"), place.In(u"missing")}) {
+    SCOPED_TRACE(Case(path));
     EXPECT_FALSE(shell.DeleteToRecycleBin(path));
   }
   EXPECT_EQ(ContentOf(place.In(u"a")), "content");
@@ -239,6 +237,7 @@ TEST_F(ShellOfWindows, WhatIsTooDeepForTheBinStays) {
   WindowsFileSystem files;
   Text path = place.Path();
   while (path.size() < 400) {
+    SCOPED_TRACE(Case(path));
     path += u"\\a name that is rather long, as names go";
     ASSERT_TRUE(files.CreateFolder(path));
   }

@@ -7,6 +7,7 @@
 #include "platform/windows/scratch_place.h"
 #include "platform/windows/shell_folders.h"
 #include "platform/windows/wide.h"
+#include "support/case.h"
 
 namespace tavix::windows {
 namespace {
@@ -51,6 +52,7 @@ class TrustOfWindows : public testing::Test {
 TEST_F(TrustOfWindows, ProtectTakesTheRightToChangeFromAllOthers) {
   const Text folder = place.Folder(u"folder"), file = place.File(u"folder\\file");
   for (const Text& path : {folder, file}) {
+    SCOPED_TRACE(Case(path));
     LayOpen(path);
     EXPECT_EQ(trust.Protect(path), Protection::Set);
     EXPECT_FALSE(OthersMayChange(path));

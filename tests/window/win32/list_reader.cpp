@@ -112,6 +112,14 @@ std::string Rectangle(HWND origin, RECT area) {
          "," + std::to_string(area.bottom) + "]";
 }
 
+// Of the thread that a window belongs to: its focus, and whether it is moving a window or showing a menu.
+GUITHREADINFO ThreadState(HWND window) {
+  GUITHREADINFO info{};
+  info.cbSize = sizeof info;
+  GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &info);
+  return info;
+}
+
 BOOL CALLBACK PrintControl(HWND control, LPARAM parent) {
   if (GetParent(control) != reinterpret_cast<HWND>(parent)) return TRUE;
   std::array<wchar_t, kTextRoom> text{};
@@ -123,12 +131,7 @@ BOOL CALLBACK PrintControl(HWND control, LPARAM parent) {
       "\"room\":%s}\n",
       GetDlgCtrlID(control), Quoted(windows::FromWide(text.data())).c_str(),
       Flag(IsWindowVisible(control) != FALSE), Flag(IsWindowEnabled(control) != FALSE),
-      [&] {
-        GUITHREADINFO info{};
-        info.cbSize = sizeof info;
-        GetGUIThreadInfo(GetWindowThreadProcessId(control, nullptr), &info);
-        return Flag(info.hwndFocus == control);
-      }(),
+      Flag(ThreadState(control).hwndFocus == control),
       Flag(SendMessageW(control, BM_GETCHECK, 0, 0) == BST_CHECKED), Rectangle(control, area).c_str(),
       TextRoom(control, text.data(), area).c_str());
   return TRUE;
@@ -265,8 +268,11 @@ int main(int count, char** values) {
   if (!room.IsThere()) return 2;
   RECT place;
   GetWindowRect(window, &place);
-  std::printf("{\"minimized\":%s,\"enabled\":%s,\"rect\":%s}\n", Flag(IsIconic(window) != FALSE),
-              Flag(IsWindowEnabled(window) != FALSE), Rectangle(nullptr, place).c_str());
+  const DWORD state = ThreadState(window).flags;
+  std::printf("{\"minimized\":%s,\"enabled\":%s,\"moving\":%s,\"menu\":%s,\"rect\":%s}\n",
+              Flag(IsIconic(window) != FALSE), Flag(IsWindowEnabled(window) != FALSE),
+              Flag((state & GUI_INMOVESIZE) != 0), Flag((state & (GUI_INMENUMODE | GUI_POPUPMENUMODE)) != 0),
+              Rectangle(nullptr, place).c_str());
   EnumChildWindows(window, PrintControl, reinterpret_cast<LPARAM>(window));
   PrintColumns(room, GetDlgItem(window, kIdResult));
   PrintRows(room, GetDlgItem(window, kIdResult), "row", 5);

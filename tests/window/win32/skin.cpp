@@ -1,4 +1,5 @@
 #include "window/win32/skin.h"
+#include "support/case.h"
 
 #include <gtest/gtest.h>
 
@@ -22,7 +23,8 @@ TEST(Skin, HasAllPicturesInTheSizesOfEveryScreen) {
     ExpectSize(skin, u"TITLE_SM", dpi, 768, 76);
     for (const TextView state : {u"_STTC", u"_ACTV"}) {
       for (const TextView page : kPages) ExpectSize(skin, Concat(page, state), dpi, 64, 64);
-      for (const TextView button : kTitleButtons) EXPECT_TRUE(skin.Has(Concat(button, state)));
+      for (const TextView button : kTitleButtons)
+        EXPECT_TRUE(skin.Has(Concat(button, state))) << Case(button);
       for (const TextView button : {u"MINI", u"CLOSE"}) ExpectSize(skin, Concat(button, state), dpi, 17, 19);
     }
     for (const TextView key : {u"OPT32", u"JUNK32", u"DUP32", u"DEL32", u"ONE32"})

@@ -1,4 +1,5 @@
 #include "platform/machine/formats/machine_path.h"
+#include "support/case.h"
 
 #include <gtest/gtest.h>
 
@@ -39,7 +40,8 @@ TEST(MachinePath, IsNoneWhereItIsRelativeOrLeadsElsewhere) {
 }
 
 TEST(FileName, IsWhatWindowsAllows) {
-  for (const TextView name : {u"a", u" a", u".a", u"a b.c", u"[x]=;#", u"ß世"}) EXPECT_TRUE(IsFileName(name));
+  for (const TextView name : {u"a", u" a", u".a", u"a b.c", u"[x]=;#", u"ß世"})
+    EXPECT_TRUE(IsFileName(name)) << Case(name);
   for (const TextView name : {u"", u".", u"..", u"a.", u"a ", u"a/b", u"a\\b", u"a:b", u"a*", u"a?", u"a\"",
                               u"<", u">", u"|", u"\x1f"}) {
     EXPECT_FALSE(IsFileName(name)) << testing::PrintToString(name);

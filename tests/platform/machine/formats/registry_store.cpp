@@ -1,4 +1,5 @@
 #include "platform/machine/formats/registry_store.h"
+#include "support/case.h"
 
 #include <gtest/gtest.h>
 
@@ -41,6 +42,7 @@ TEST(RegistryStore, HasNoHiveButThePlainOnes) {
 TEST(RegistryStore, MakesNothingOfAPathThatIsNone) {
   const Text kWrong[] = {u"\\", u"\\k", u"k\\", u"a\\\\b", u"a\nb", u"a\rb", Text(256, u'k'), Deep(513)};
   for (const Text& path : kWrong) {
+    SCOPED_TRACE(Case(path));
     RegistryStore store;
     bool made = false;
     EXPECT_EQ(store.Make(Hive::Users, path, made), nullptr);

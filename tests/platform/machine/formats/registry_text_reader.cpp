@@ -4,6 +4,8 @@
 
 #include "platform/machine/formats/registry_text.h"
 #include "platform/registry_data.h"
+#include "support/case.h"
+#include "support/processor_time.h"
 #include "text/utf8.h"
 
 namespace tavix::machine {
@@ -93,6 +95,7 @@ TEST_F(RegTextReader, TakesUtf16OfBothByteOrdersAndUtf8) {
   std::string swapped = Utf16(text);
   for (size_t i = 0; i < swapped.size(); i += 2) std::swap(swapped[i], swapped[i + 1]);
   for (const std::string& bytes : {Utf16(text), swapped, ToUtf8(text), "\xEF\xBB\xBF" + ToUtf8(text)}) {
+    SCOPED_TRACE(Case(bytes));
     RegistryStore read;
     EXPECT_FALSE(ReadRegistryText(bytes, read));
     RegistryKey* key = read.Find(Hive::Users, u"日本");
@@ -261,6 +264,7 @@ TEST_F(RegTextReader, RefusesOtherHeaders) {
                                   "W\0i\0n\0"s,
                                   std::string("\0\0\0\0", 4)};
   for (const std::string& header : kHeaders) {
+    SCOPED_TRACE(Case(header));
     error = ReadRegistryText(header, store);
     ASSERT_TRUE(error);
     EXPECT_EQ(error->Line, 1U);
@@ -296,12 +300,12 @@ TEST_F(RegTextReader, TakesTimeThatGrowsWithTheTextAlone) {
     keys += "[HKEY_CURRENT_USER\\k\\" + number + "]\n";
     values += "\"" + number + "\"=\"\"\n";
   }
-  const auto start = std::chrono::steady_clock::now();
+  const auto start = ProcessorTime();
   EXPECT_FALSE(Read(brackets));
   EXPECT_EQ(ErrorOf(continued + "00"), "");
   EXPECT_EQ(ErrorOf(values + keys), "");
   EXPECT_EQ(store.Find(Hive::CurrentUser, u"k")->Keys().size(), 100'000U);
-  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
+  EXPECT_LT(ProcessorTime() - start, std::chrono::seconds(20));
 }
 
 }  // namespace

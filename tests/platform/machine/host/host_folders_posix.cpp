@@ -10,6 +10,7 @@
 #include "platform/machine/host/host_store.h"
 #include "platform/machine/scratch_folder.h"
 #include "platform/machine/services/machine_file_system.h"
+#include "support/case.h"
 
 namespace tavix::machine {
 namespace {
@@ -136,6 +137,7 @@ TEST_F(HostFoldersTest, NamesThatComeIntoAKeptFolderAreSeenAtOnce) {
 
 TEST_F(HostFoldersTest, OurOwnChangesInAKeptFolderAreSeenAtOnce) {
   for (int i = 0; i < 50; ++i) {
+    SCOPED_TRACE(Case(i));
     AskOften();
     EXPECT_TRUE(files->WriteFile(u"C:\\Desk\\None", "x"));
     EXPECT_EQ(files->FileExists(u"C:\\Desk\\none"), true);

@@ -13,6 +13,7 @@
 #include "platform/machine/quick_place.h"
 #include "platform/machine/scratch_folder.h"
 #include "platform/machine/services/machine_file_system.h"
+#include "support/case.h"
 #include "text/utf8.h"
 
 namespace tavix::machine {
@@ -94,6 +95,7 @@ TEST_F(HostFiles, SeeWhatOthersChange) {
 TEST_F(HostFiles, SeeTheirOwnChangesInAnyCase) {
   ASSERT_TRUE(files->CreateFolder(u"C:\\f"));
   for (int i = 0; i < 300; ++i) {
+    SCOPED_TRACE(Case(i));
     const Text number = ToText(i);
     EXPECT_EQ(files->FileExists(Concat(u"C:\\F\\N", number)), false);
     EXPECT_TRUE(files->CreateTextFile(Concat(u"C:\\F\\n", number), false));
@@ -164,6 +166,7 @@ TEST_F(HostFiles, ThroughLinksThatLeadOutAreOutOfReach) {
                             u"C:\\f\\magic",
                             u"D:\\secret"};
   for (const TextView path : paths) {
+    SCOPED_TRACE(Case(path));
     EXPECT_EQ(files->FileExists(path), false) << testing::PrintToString(path);
     EXPECT_EQ(files->FolderExists(path), false);
     EXPECT_FALSE(files->ReadFile(path));
@@ -171,6 +174,7 @@ TEST_F(HostFiles, ThroughLinksThatLeadOutAreOutOfReach) {
     EXPECT_FALSE(files->AppendToFile(path, "x"));
   }
   for (const TextView folder : {u"relative", u"chain", u"back", u"root", u"magic"}) {
+    SCOPED_TRACE(Case(folder));
     EXPECT_FALSE(files->CreateTextFile(Concat(u"C:\\f\\", folder, u"\\new"), true));
     EXPECT_FALSE(files->CreateFolder(Concat(u"C:\\f\\", folder, u"\\new")));
     EXPECT_FALSE(
@@ -267,6 +271,7 @@ TEST_F(HostFiles, NeedFewHandles) {
   const auto before = handles();
   Write("C/f/a");
   for (int i = 0; i < 50; ++i) {
+    SCOPED_TRACE(Case(i));
     EXPECT_EQ(files->FileExists(u"C:\\F\\A"), true);
     EXPECT_FALSE(files->ReadFile(u"C:\\F\\B"));
     EXPECT_TRUE(files->WriteFile(u"C:\\F\\C", "x"));

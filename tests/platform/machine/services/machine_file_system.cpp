@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "doubles/memory_store.h"
+#include "support/case.h"
 
 namespace tavix::machine {
 namespace {
@@ -81,6 +82,7 @@ TEST_F(MachineFiles, OfTheProgramLieInItsFolder) {
 TEST_F(MachineFiles, OfAnotherComputerCantBeTold) {
   for (const TextView path :
        {u"\\\\tavix\\other\\tips.dll", u"\\\\server\\share", u"//server/share/a/../b."}) {
+    SCOPED_TRACE(Case(path));
     EXPECT_EQ(files->FileExists(path), std::nullopt) << testing::PrintToString(Text(path));
     EXPECT_EQ(files->FolderExists(path), std::nullopt);
     EXPECT_FALSE(files->Look(path));
@@ -114,6 +116,7 @@ TEST_F(MachineFiles, BesideDrivesAndProgramAreOutOfReach) {
   File({u"machine.ini"});
   File({u"recycle", u"a"});
   for (const TextView target : {u"machine.ini", u"recycle", u"drives"}) {
+    SCOPED_TRACE(Case(target));
     store.Make({u"drives", u"C", u"l"}, EntryKind::Link).target = {true, {Text(target)}};
     EXPECT_EQ(files->FileExists(u"C:\\l"), false);
     EXPECT_EQ(files->FolderExists(u"C:\\l"), false);

@@ -12,6 +12,7 @@
 #include "platform/machine/host/registry_folder.h"
 #include "platform/machine/scratch_folder.h"
 #include "platform/machine/services/machine_folder.h"
+#include "support/case.h"
 
 namespace tavix::machine {
 namespace {
@@ -125,6 +126,7 @@ TEST(MachineFolder, HasOneRegistryWheneverASaveIsKilled) {
   // Adapts the delays until about every second child saves something, however slow the disk is.
   unsigned longest = 4'000;
   for (int round = 0; round < 60; ++round) {
+    SCOPED_TRACE(Case(round));
     int saved[2];
     ASSERT_EQ(pipe(saved), 0);
     const pid_t child = fork();

@@ -1,4 +1,5 @@
 #include "platform/machine/services/machine_registry.h"
+#include "support/case.h"
 
 #include <gtest/gtest.h>
 
@@ -27,7 +28,7 @@ Texts Values(platform::Registry& registry, TextView key) {
 TEST(MachineRegistry, ListsKeysByCapitalsAndValuesAsMade) {
   MachineRegistry registry;
   for (const TextView key : {u"k\\b", u"k\\A", u"k\\C"})
-    EXPECT_TRUE(registry.MakeKey(Hive::CurrentUser, key));
+    EXPECT_TRUE(registry.MakeKey(Hive::CurrentUser, key)) << Case(key);
   EXPECT_TRUE(registry.WriteString(Hive::CurrentUser, u"k", u"z", u"text"));
   EXPECT_TRUE(registry.SetValue(Hive::CurrentUser, u"k", u"n", 4, "\1\0\0\0"s));
   EXPECT_TRUE(registry.WriteString(Hive::CurrentUser, u"k", u"", u""));
@@ -47,6 +48,7 @@ TEST(MachineRegistry, DeletesAKeyWithAllBelow) {
   EXPECT_EQ(registry.KeyExists(Hive::CurrentUser, u"a\\b"), false);
   EXPECT_EQ(Keys(registry, u"a"), Texts{u"d"});
   for (const TextView wrong : {u"a\\b", u"", u"\\a", u"a\\", u"\\"}) {
+    SCOPED_TRACE(Case(wrong));
     EXPECT_FALSE(registry.DeleteKey(Hive::CurrentUser, wrong));
   }
   EXPECT_EQ(registry.KeyExists(Hive::CurrentUser, u"a"), true);

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "doubles/memory_store.h"
+#include "support/case.h"
 
 namespace tavix::machine {
 namespace {
@@ -44,6 +45,7 @@ TEST_F(RecycleBinTest, IsMadeWhenNeeded) {
 TEST_F(RecycleBinTest, TakesThingsOfOneNameUnderFreeNames) {
   const Text longName = Text(255, u'n');
   for (int i = 0; i < 3; ++i) {
+    SCOPED_TRACE(Case(i));
     File(u"a.txt", 5);
     EXPECT_TRUE(Take(u"a.txt"));
     File(longName, 1);
@@ -54,7 +56,7 @@ TEST_F(RecycleBinTest, TakesThingsOfOneNameUnderFreeNames) {
   for (const TextView name : {u"a.txt", u"2~a.txt", u"3~a.txt"}) {
     EXPECT_EQ(std::count(names.begin(), names.end(), name), 1) << name.size();
   }
-  for (const Text& name : names) EXPECT_TRUE(IsFileName(name));
+  for (const Text& name : names) EXPECT_TRUE(IsFileName(name)) << Case(name);
   EXPECT_EQ(bin.Count()->bytes, 18U);
 }
 
