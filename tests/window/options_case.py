@@ -9,7 +9,7 @@ import driver
 from driver import BUILD, READER
 from seeded import SeededMachine
 
-# As src/window/win32/dialog_ids.h has them.
+# As src/window/win32/control_ids.h has them.
 PAGE_TREE, PICTURE, TITLE, REMARK, RECOMMEND, SAVE, CLOSE = range(301, 308)
 ONE_CLICK_TREE, JUNK_LIST = 310, 320
 JUNK_ADD, JUNK_EDIT, JUNK_DELETE, JUNK_CHECK_ALL = range(321, 325)
