@@ -12,6 +12,12 @@
 namespace tavix::win32 {
 namespace {
 
+void ShowMark(HWND button, bool marked) {
+  const WPARAM mark = marked ? BST_CHECKED : BST_UNCHECKED;
+  if (static_cast<WPARAM>(SendMessageW(button, BM_GETCHECK, 0, 0)) != mark)
+    SendMessageW(button, BM_SETCHECK, mark, 0);
+}
+
 RECT CaptionArea(const WindowContext& context, RECT area) {
   area.left += TickWidth(context) + context.Pixels(60);
   return area;
@@ -48,10 +54,7 @@ HBRUSH CheckBoxBinding::OnColors(HDC context) {
   return context_.background.Get();
 }
 
-void CheckBoxBinding::Show() {
-  const WPARAM mark = model_.GetValue() != 0 ? BST_CHECKED : BST_UNCHECKED;
-  if (static_cast<WPARAM>(Send(BM_GETCHECK)) != mark) Send(BM_SETCHECK, mark);
-}
+void CheckBoxBinding::Show() { ShowMark(Window(), model_.GetValue() != 0); }
 
 void CheckBoxBinding::Paint(HDC canvas, const RECT& area, UINT) {
   const Text& caption = model_.Caption.Get();
@@ -82,10 +85,7 @@ void OptionButtonBinding::OnCommand(int code) {
   if (code == BN_CLICKED) Press();
 }
 
-void OptionButtonBinding::Show() {
-  const WPARAM mark = model_.GetValue() ? BST_CHECKED : BST_UNCHECKED;
-  if (static_cast<WPARAM>(Send(BM_GETCHECK)) != mark) Send(BM_SETCHECK, mark);
-}
+void OptionButtonBinding::Show() { ShowMark(Window(), model_.GetValue()); }
 
 std::optional<LRESULT> OptionButtonBinding::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   if (message != WM_SETFOCUS) return PaintedBinding::OnMessage(message, wParam, lParam);
