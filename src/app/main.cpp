@@ -6,11 +6,8 @@
 #include "frame/start_up.h"
 #include "platform/windows/library_search.h"
 #include "platform/windows/windows_host.h"
-#include "window/win32/about_window.h"
-#include "window/win32/event_queue_win32.h"
+#include "window/win32/dialogs.h"
 #include "window/win32/main_window.h"
-#include "window/win32/options_window.h"
-#include "window/win32/type_window.h"
 #include "window/wiring.h"
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {

@@ -85,14 +85,14 @@ void Take(HWND dialog, Text& answer) {
   answer.resize(static_cast<size_t>(length));
 }
 
-INT_PTR CALLBACK Handle(HWND dialog, UINT message, WPARAM first, LPARAM second) {
+INT_PTR CALLBACK Handle(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_INITDIALOG) {
-    SetWindowLongPtrW(dialog, DWLP_USER, second);
+    SetWindowLongPtrW(dialog, DWLP_USER, lParam);
     return TRUE;
   }
   if (message != WM_COMMAND) return FALSE;
-  if (LOWORD(first) == IDOK) Take(dialog, *reinterpret_cast<Text*>(GetWindowLongPtrW(dialog, DWLP_USER)));
-  if (LOWORD(first) == IDOK || LOWORD(first) == IDCANCEL) EndDialog(dialog, LOWORD(first));
+  if (LOWORD(wParam) == IDOK) Take(dialog, *reinterpret_cast<Text*>(GetWindowLongPtrW(dialog, DWLP_USER)));
+  if (LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL) EndDialog(dialog, LOWORD(wParam));
   return TRUE;
 }
 

@@ -5,8 +5,8 @@
 
 namespace tavix::win32 {
 
-// Gives a control whose text is its value a name for readers of the screen, or takes it away again, which has
-// to be done while its window is there. Without such services in the system nothing happens.
+// Sets or clears the name that screen readers say for a control whose window text is its value. Clear it
+// while the window still exists. Both do nothing where the system has no such service.
 void SetAccessibleName(HWND window, TextView name);
 void ClearAccessibleName(HWND window);
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <vector>
 
 #include "controls/control.h"
@@ -8,20 +9,20 @@ namespace tavix::win32 {
 
 class Binding;
 
-// Bindings whose models have changed since they were last shown, in the order of their changes.
+// The bindings whose models have changed since they were last shown, in the order of their changes.
 class ChangeQueue {
  public:
   void Add(Binding& binding) { waiting_.push_back(&binding); }
   void Remove(Binding& binding) { std::erase(waiting_, &binding); }
-  // Shows them all, each once, however often its model has changed.
+  // Applies each of them once, however often its model has changed.
   void Flush();
 
  private:
   std::vector<Binding*> waiting_;
 };
 
-// Ties a model to what shows it. A change of the model only marks the binding; `Apply` is run by the flush
-// that follows. The model outlives the binding.
+// Ties a model to what shows it. A change of the model only queues the binding; the next flush runs `Apply`.
+// The model outlives the binding.
 class Binding : public ControlPeer {
  public:
   Binding(Control& model, ChangeQueue& changes);
@@ -30,7 +31,7 @@ class Binding : public ControlPeer {
   ~Binding() override { Binding::Detach(); }
 
   void ModelChanged() final;
-  // From here on the model is on its own. Needed before the real control goes.
+  // Unties the model. Call it before the real control is destroyed.
   virtual void Detach();
   // Brings what is shown to the model's state.
   virtual void Apply() = 0;
@@ -40,6 +41,17 @@ class Binding : public ControlPeer {
   Control* model_;
   ChangeQueue& changes_;
   bool waiting_ = false;
+};
+
+// Runs a function when its model has changed.
+class FunctionBinding : public Binding {
+ public:
+  FunctionBinding(Control& model, ChangeQueue& changes, std::function<void()> apply)
+      : Binding(model, changes), apply_(std::move(apply)) {}
+  void Apply() override { apply_(); }
+
+ private:
+  std::function<void()> apply_;
 };
 
 }  // namespace tavix::win32

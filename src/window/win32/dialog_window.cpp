@@ -5,43 +5,40 @@
 
 #include "forms/main_form.h"
 #include "platform/windows/wide.h"
-#include "window/win32/option_button_binding.h"
+#include "window/win32/buttons.h"
+#include "window/win32/input.h"
 #include "window/win32/paint.h"
-#include "window/win32/push_binding.h"
-#include "window/win32/shift_keys.h"
 
 namespace tavix::win32 {
 namespace {
 
 constexpr DWORD kStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
-constexpr DWORD kExtendedStyle = WS_EX_CONTROLPARENT;
 
 HWND WindowOf(const Control* control) {
   return control == nullptr ? nullptr : reinterpret_cast<HWND>(control->hWnd);
 }
 
-// In the middle of the owner and inside the screen.
-RECT PlaceOver(HWND owner, SIZE size) {
+// Bounds in the middle of the owner and inside the screen.
+RECT CenteredOver(HWND owner, SIZE size) {
   MONITORINFO screen{};
   screen.cbSize = sizeof screen;
   GetMonitorInfoW(MonitorFromWindow(owner, MONITOR_DEFAULTTOPRIMARY), &screen);
-  const RECT& room = screen.rcWork;
-  RECT around = room;
+  const RECT& work = screen.rcWork;
+  RECT around = work;
   if (owner != nullptr && IsIconic(owner) == FALSE) GetWindowRect(owner, &around);
   const LONG left = (around.left + around.right - size.cx) / 2;
   const LONG top = (around.top + around.bottom - size.cy) / 2;
-  RECT place{};
-  place.left = std::max(room.left, std::min(left, room.right - size.cx));
-  place.top = std::max(room.top, std::min(top, room.bottom - size.cy));
-  place.right = place.left + size.cx;
-  place.bottom = place.top + size.cy;
-  return place;
+  RECT bounds{};
+  bounds.left = std::max(work.left, std::min(left, work.right - size.cx));
+  bounds.top = std::max(work.top, std::min(top, work.bottom - size.cy));
+  bounds.right = bounds.left + size.cx;
+  bounds.bottom = bounds.top + size.cy;
+  return bounds;
 }
 
 }  // namespace
 
-DialogWindow::DialogWindow(Form& form, const wchar_t* windowClass, Button* enter, Button* escape)
-    : form_(form), class_(windowClass), enter_(enter), escape_(escape) {
+DialogWindow::DialogWindow(const Description& description) : dialog_(description), form_(description.form) {
   form_.ShowModal = [this] { ShowModal(); };
   form_.Unload = [this] { Unload(); };
 }
@@ -60,40 +57,43 @@ void DialogWindow::ShowModal() {
     std::erase(shown_, this);
   }
   Unload();
-  bindings_.clear();
-  frame_.reset();
+  controls_.reset();
+  formBinding_.reset();
   context_.reset();
 }
 
-// The form's load event looks for windows of its controls, so they are there before it.
+// The form's Load needs the windows of its controls, so these come first.
 bool DialogWindow::Create() {
   owner_ = shown_.empty() ? static_cast<Form*>(&frmPubMain) : &shown_.back()->form_;
   context_ = std::make_unique<WindowContext>();
   MakeDrawingTools(*context_);
   context_->form = &form_;
-  MakeClassKnown(class_);
-  if (CreateWindowExW(kExtendedStyle, class_, L"", kStyle, 0, 0, 0, 0, WindowOf(owner_), nullptr,
-                      GetModuleHandleW(nullptr), Parameter()) == nullptr)
+  context_->boxLeft = [this](TextBoxBinding& box) {
+    if (!reportingLeftBox_) leftBox_ = &box;
+  };
+  RegisterWindowClass(dialog_.windowClass);
+  if (CreateWindowExW(WS_EX_CONTROLPARENT | dialog_.extendedStyle, dialog_.windowClass, L"", kStyle, 0, 0, 0,
+                      0, WindowOf(owner_), nullptr, GetModuleHandleW(nullptr), Parameter()) == nullptr)
     return false;
   form_.hWnd = reinterpret_cast<intptr_t>(context_->window);
-  frame_ = std::make_unique<FrameBinding>(*this);
-  Bind(*context_, *this, bindings_);
+  formBinding_.emplace(form_, context_->changes, [this] { ShowState(); });
+  AddControls(controls_.emplace(*context_));
   form_.LoadOnce();
-  LayOut([this](TextView text) { return TextWidth(*context_, text); });
+  dialog_.layOut([this](TextView text) { return TextWidth(*context_, text); });
   form_.Resize();
-  form_.ActiveControl = &First();
-  PlaceOverOwner();
+  form_.ActiveControl = &dialog_.first;
+  CenterOverOwner();
   ownerEnabled_ = owner_->Enabled;
   owner_->Enabled = false;
   return true;
 }
 
-void DialogWindow::PlaceOverOwner() {
-  RECT frame{0, 0, context_->Pixels(form_.Width), context_->Pixels(form_.Height)};
-  AdjustWindowRectEx(&frame, kStyle, FALSE, kExtendedStyle);
-  const RECT place = PlaceOver(WindowOf(owner_), {frame.right - frame.left, frame.bottom - frame.top});
-  SetWindowPos(context_->window, nullptr, place.left, place.top, place.right - place.left,
-               place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
+void DialogWindow::CenterOverOwner() {
+  RECT whole{0, 0, context_->Pixels(form_.Width), context_->Pixels(form_.Height)};
+  AdjustWindowRectEx(&whole, kStyle, FALSE, WS_EX_CONTROLPARENT | dialog_.extendedStyle);
+  const RECT bounds = CenteredOver(WindowOf(owner_), {whole.right - whole.left, whole.bottom - whole.top});
+  SetWindowPos(context_->window, nullptr, bounds.left, bounds.top, bounds.right - bounds.left,
+               bounds.bottom - bounds.top, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void DialogWindow::Loop() {
@@ -103,7 +103,7 @@ void DialogWindow::Loop() {
   while (IsOpen()) {
     ShowAllChanges();
     if (GetMessageW(&message, nullptr, 0, 0) <= 0) {
-      // The end of the program is for the loop of the main window.
+      // WM_QUIT is for the main window's loop.
       PostQuitMessage(static_cast<int>(message.wParam));
       return;
     }
@@ -111,16 +111,16 @@ void DialogWindow::Loop() {
   }
 }
 
-// The owner is in reach again before the window goes, or another program would come to the front. The
-// bindings stay until the loop has ended, since one of them may be at work.
+// Enables the owner before the window goes: otherwise another program would come to the front. The bindings
+// stay until the loop has ended, since a handler of one of them may be running.
 void DialogWindow::Unload() {
   form_.Loaded = false;
   if (!IsOpen()) return;
-  left_ = nullptr;
+  leftBox_ = nullptr;
   form_.hWnd = 0;
   form_.ActiveControl = nullptr;
-  frame_->Detach();
-  for (const auto& binding : bindings_) binding->Detach();
+  formBinding_->Detach();
+  controls_->Detach();
   owner_->Enabled = ownerEnabled_;
   ShowAllChanges();
   DestroyWindow(context_->window);
@@ -128,30 +128,30 @@ void DialogWindow::Unload() {
 
 void DialogWindow::Handle(MSG& message) {
   const bool own = IsOpen() && (message.hwnd == context_->window || IsChild(context_->window, message.hwnd));
-  if (own && (!LeaveByMouse(message) || PressKey(message))) return;
+  if (own && (!LeaveBoxByMouse(message) || PressKey(message))) return;
   if (!IsOpen() || IsDialogMessageW(context_->window, &message) == FALSE) {
     TranslateMessage(&message);
     DispatchMessageW(&message);
   }
-  Settle();
+  ReportLeftBox();
 }
 
-// True where the key goes no further.
+// True if the key goes no further.
 bool DialogWindow::PressKey(const MSG& message) {
   if (message.message != WM_KEYDOWN) return false;
   constexpr LPARAM kRepeated = 1 << 30;
   const bool enters = message.wParam == VK_RETURN;
   if (enters && (message.lParam & kRepeated) != 0) return true;
   form_.KeyDown(static_cast<int>(message.wParam), HeldShiftKeys());
-  if (!IsOpen() || (enters && enter_ == nullptr)) return true;
-  if (message.wParam == VK_ESCAPE) return escape_->Click(), true;
+  if (!IsOpen() || (enters && dialog_.enter == nullptr)) return true;
+  if (message.wParam == VK_ESCAPE) return dialog_.escape.Click(), true;
   const bool onButton = message.hwnd != context_->window &&
                         dynamic_cast<PushBinding*>(WindowBinding::Of(message.hwnd)) != nullptr;
   if (!enters || onButton) return false;
-  return Press(enter_), true;
+  return Press(dialog_.enter), true;
 }
 
-// The box in focus has its say, although it keeps the focus.
+// The box in focus keeps the focus, but its form is told as if it had lost it.
 void DialogWindow::Press(Button* button) {
   TextBoxBinding* const box = BoxInFocus();
   Control* const active = form_.ActiveControl;
@@ -170,8 +170,8 @@ TextBoxBinding* DialogWindow::BoxInFocus() const {
              : nullptr;
 }
 
-// A click beside the box in focus moves the focus first. False where that is all that it does.
-bool DialogWindow::LeaveByMouse(const MSG& message) {
+// A click on another control first takes the focus from the box. False if the click has no further effect.
+bool DialogWindow::LeaveBoxByMouse(const MSG& message) {
   if (message.message != WM_LBUTTONDOWN && message.message != WM_LBUTTONDBLCLK &&
       message.message != WM_RBUTTONDOWN)
     return true;
@@ -183,21 +183,17 @@ bool DialogWindow::LeaveByMouse(const MSG& message) {
   SetFocus(target);
   auto* const option = dynamic_cast<OptionButtonBinding*>(WindowBinding::Of(target));
   if (option != nullptr && message.message != WM_RBUTTONDOWN) option->Press();
-  return Settle() && option == nullptr;
+  return ReportLeftBox() && option == nullptr;
 }
 
-void DialogWindow::OnBoxLeft(TextBoxBinding& box) {
-  if (!settling_) left_ = &box;
-}
-
-// Tells the form of a box that has been left. False where the box has taken the focus back.
-bool DialogWindow::Settle() {
-  TextBoxBinding* const box = std::exchange(left_, nullptr);
+// Tells the form of a box that the focus has left. False if the box has taken the focus back.
+bool DialogWindow::ReportLeftBox() {
+  TextBoxBinding* const box = std::exchange(leftBox_, nullptr);
   if (box == nullptr || !IsOpen()) return true;
-  settling_ = true;
+  reportingLeftBox_ = true;
   const bool gone = box->Leave();
   if (IsOpen()) ShowChanges();
-  settling_ = false;
+  reportingLeftBox_ = false;
   return gone;
 }
 
@@ -220,7 +216,7 @@ void DialogWindow::ShowState() {
     EnableWindow(context_->window, enabled ? TRUE : FALSE);
 }
 
-// Moves the focus where the program has put it, or back where it was before a control had to give it up.
+// Moves the focus to the form's active control, or to the next one while that can't take it.
 void DialogWindow::ShowFocus() {
   if (GetActiveWindow() != context_->window) return;
   const auto canTake = [](HWND control) {
@@ -235,10 +231,10 @@ void DialogWindow::ShowFocus() {
   }
 }
 
-std::optional<LRESULT> DialogWindow::OnMessage(UINT message, WPARAM wide, LPARAM) {
+std::optional<LRESULT> DialogWindow::OnMessage(UINT message, WPARAM wParam, LPARAM) {
   switch (message) {
     case WM_ACTIVATE:
-      if (LOWORD(wide) != WA_INACTIVE) ShowFocus();
+      if (LOWORD(wParam) != WA_INACTIVE) ShowFocus();
       return 0;
     case WM_CLOSE:
       return form_.Unload(), 0;
@@ -247,12 +243,14 @@ std::optional<LRESULT> DialogWindow::OnMessage(UINT message, WPARAM wide, LPARAM
   }
 }
 
-void DialogWindow::OnPaint(HDC screen, const RECT& area) { FillArea(screen, area, context_->colors.ground); }
+void DialogWindow::OnPaint(HDC canvas, const RECT& area) {
+  FillArea(canvas, area, context_->colors.background);
+}
 
-// A button that was pressed by a key has the focus already, and the box before it had no say yet.
+// A button pressed by its letter has taken the focus already. The form of the box before it is told first.
 void DialogWindow::OnCommand(WindowBinding& control, int code) {
   const bool option = dynamic_cast<OptionButtonBinding*>(&control) != nullptr;
-  if (code == BN_CLICKED && !option && !Settle()) return;
+  if (code == BN_CLICKED && !option && !ReportLeftBox()) return;
   if (IsOpen()) control.OnCommand(code);
 }
 

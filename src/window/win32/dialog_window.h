@@ -1,48 +1,51 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "window/caption.h"
+#include "window/win32/binding_list.h"
 #include "window/win32/text_box_binding.h"
 #include "window/win32/window_owner.h"
 
 namespace tavix::win32 {
 
-// A real window that is modal over the one in front. It gives `ShowModal` and `Unload` of its form their
-// bodies for as long as it lives; the window itself is made when it is shown and destroyed when it is closed.
+// A real window that is modal over the one in front. While it lives, it gives its form's `ShowModal` and
+// `Unload` their bodies. The window itself is made when the form is shown and destroyed when it is closed.
 //
-// A text box is left only once its form has been told and lets it go: until then, the click or key that takes
-// the focus from it has no other effect. An option button is pressed before that, since it may switch the box
-// off.
-class DialogWindow : protected BoxListener, private WindowOwner {
+// A text box is left only once its form has been told and lets the focus go. Until then, the click or key
+// that takes the focus from it has no other effect. An option button is pressed before that, since it may
+// disable the box.
+class DialogWindow : private WindowOwner {
  public:
   DialogWindow(const DialogWindow&) = delete;
-  ~DialogWindow() override;
+  virtual ~DialogWindow();
 
  protected:
-  using Bindings = std::vector<std::unique_ptr<Binding>>;
+  struct Description {
+    Form& form;
+    const wchar_t* windowClass;
+    Control& first;  // has the focus first
+    Button* enter;   // pressed by Enter; if null, the form alone hears of that key
+    Button& escape;  // pressed by Escape
+    // Gives form and controls their bounds, in twips.
+    void (*layOut)(const WidthOf& widthOf);
+    DWORD extendedStyle = 0;
+  };
+  explicit DialogWindow(const Description& description);
 
-  // `enter` and `escape` are pressed by these keys; where `enter` is null the form hears of that key alone.
-  DialogWindow(Form& form, const wchar_t* windowClass, Button* enter, Button* escape);
-
-  // Makes the controls in tab order.
-  virtual void Bind(WindowContext& context, BoxListener& listener, Bindings& bindings) = 0;
-  // Gives form and controls their sizes and places, as `widthOf` has it.
-  virtual void LayOut(const WidthOf& widthOf) = 0;
-  // The control that has the focus first.
-  virtual Control& First() = 0;
+  virtual void AddControls(BindingList& controls) = 0;
+  void OnPaint(HDC canvas, const RECT& area) override;
+  WindowContext& Context() override { return *context_; }
 
  private:
-  WindowContext& Context() override { return *context_; }
-  std::optional<LRESULT> OnMessage(UINT message, WPARAM wide, LPARAM longer) override;
-  void OnPaint(HDC screen, const RECT& area) override;
+  std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
   void OnCommand(WindowBinding& control, int code) override;
-  void OnBoxLeft(TextBoxBinding& box) override;
 
   void ShowModal();
   bool Create();
-  void PlaceOverOwner();
+  void CenterOverOwner();
   void Loop();
   void Unload();
   bool IsOpen() const { return context_ != nullptr && context_->window != nullptr; }
@@ -50,8 +53,8 @@ class DialogWindow : protected BoxListener, private WindowOwner {
   void Handle(MSG& message);
   bool PressKey(const MSG& message);
   void Press(Button* button);
-  bool LeaveByMouse(const MSG& message);
-  bool Settle();
+  bool LeaveBoxByMouse(const MSG& message);
+  bool ReportLeftBox();
   TextBoxBinding* BoxInFocus() const;
 
   void ShowChanges();
@@ -59,30 +62,17 @@ class DialogWindow : protected BoxListener, private WindowOwner {
   void ShowFocus();
   static void ShowAllChanges();
 
-  // The window itself, as a control of the system is.
-  class FrameBinding : public Binding {
-   public:
-    explicit FrameBinding(DialogWindow& owner)
-        : Binding(owner.form_, owner.context_->changes), owner_(owner) {}
-    void Apply() override { owner_.ShowState(); }
-
-   private:
-    DialogWindow& owner_;
-  };
-
   static inline std::vector<DialogWindow*> shown_;  // from back to front
 
+  const Description dialog_;
   Form& form_;
-  const wchar_t* class_;
-  Button* enter_;
-  Button* escape_;
   Form* owner_ = nullptr;
   bool ownerEnabled_ = true;
   std::unique_ptr<WindowContext> context_;
-  std::unique_ptr<FrameBinding> frame_;
-  Bindings bindings_;
-  TextBoxBinding* left_ = nullptr;  // a box that the focus has left and whose form doesn't know it yet
-  bool settling_ = false;
+  std::optional<FunctionBinding> formBinding_;
+  std::optional<BindingList> controls_;
+  TextBoxBinding* leftBox_ = nullptr;  // the focus has left it, and the form doesn't know yet
+  bool reportingLeftBox_ = false;
 };
 
 }  // namespace tavix::win32

@@ -5,7 +5,7 @@
 
 namespace tavix::win32 {
 
-// An object that is drawn with: font, brush, bitmap, pen.
+// A GDI object: font, brush, bitmap, pen.
 template <class Kind>
 struct DrawingTraits {
   using Handle = Kind;
@@ -23,7 +23,7 @@ struct MemoryContextTraits {
 };
 using MemoryContext = windows::Owned<MemoryContextTraits>;
 
-// Puts an object into a device context for the life of this.
+// Selects an object into a device context, and the former one again in its destructor.
 class Selection {
  public:
   Selection(HDC context, HGDIOBJ object) : context_(context), before_(SelectObject(context, object)) {}
@@ -36,7 +36,7 @@ class Selection {
   HGDIOBJ before_;
 };
 
-// The colour that the system shows for a colour of a model.
+// A model's colour as GDI takes it.
 inline COLORREF ScreenColor(Color color) {
   return (color & 0x80000000) != 0 ? GetSysColor(static_cast<int>(color & 0xFF)) : color;
 }

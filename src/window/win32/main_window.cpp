@@ -9,34 +9,29 @@
 #include "scan/scan_driver.h"
 #include "window/text_fit.h"
 #include "window/win32/control_ids.h"
+#include "window/win32/input.h"
 #include "window/win32/popup_menu.h"
 
 namespace tavix::win32 {
 namespace {
 
-// Changes within so many milliseconds of a long job are shown together.
-constexpr ULONGLONG kFrameTime = 16;
+// A long job's changes are shown at most once in as many milliseconds.
+constexpr ULONGLONG kFlushInterval = 16;
 
-int ShiftState() {
-  const auto held = [](int key, int mask) { return GetKeyState(key) < 0 ? mask : 0; };
-  return held(VK_SHIFT, kShift) | held(VK_CONTROL, kCtrl) | held(VK_MENU, kAlt);
-}
-
-// Keys that never reach a control: there they would search the list.
+// Letters and digits never reach a control: in a list they would search.
 bool IsLetterOrDigit(WPARAM key) { return (key >= 'A' && key <= 'Z') || (key >= '0' && key <= '9'); }
 
 }  // namespace
 
-MainWindow::FrameBinding::FrameBinding(MainWindow& owner)
-    : Binding(frmPubMain, owner.context_.changes), owner_(owner) {}
-
-void MainWindow::FrameBinding::Apply() {
-  owner_.Place();
-  owner_.ShowState();
-  owner_.ShowFocus();
+void TimerBinding::Apply() {
+  if (interval_ == model_.Interval) return;
+  interval_ = model_.Interval;
+  if (interval_ > 0) {
+    SetTimer(context_.window, id_, static_cast<UINT>(interval_), nullptr);
+  } else {
+    KillTimer(context_.window, id_);
+  }
 }
-
-MainWindow::MainWindow() = default;
 
 MainWindow::~MainWindow() {
   frmPubMain.Refresh = nullptr;
@@ -47,14 +42,14 @@ MainWindow::~MainWindow() {
   frmPubType.menh.Popup = nullptr;
   if (context_.window == nullptr) return;
   frmPubMain.hWnd = 0;
-  for (const auto& binding : bindings_) binding->Detach();
+  controls_.Detach();
   DestroyWindow(context_.window);
 }
 
 bool MainWindow::Create() {
   MakeDrawingTools(context_);
   context_.form = &frmPubMain;
-  MakeClassKnown(kMainWindowClass);
+  RegisterWindowClass(kMainWindowClass);
   context_.window = CreateWindowExW(WS_EX_APPWINDOW | WS_EX_CONTROLPARENT, kMainWindowClass, L"Tavix",
                                     WS_POPUP | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN, 0, 0, 0, 0,
                                     nullptr, nullptr, GetModuleHandleW(nullptr), Parameter());
@@ -64,8 +59,8 @@ bool MainWindow::Create() {
                       0, 0, context_.window, nullptr, GetModuleHandleW(nullptr), nullptr);
   SendMessageW(context_.toolTips, TTM_SETMAXTIPWIDTH, 0, context_.Pixels(6000));
   frmPubMain.hWnd = reinterpret_cast<intptr_t>(context_.window);
-  frame_ = std::make_unique<FrameBinding>(*this);
-  loader_ = std::make_unique<TimerBinding>(frmPubMain.timLoader, context_, kLoaderTimer);
+  formBinding_.emplace(frmPubMain, context_.changes, [this] { ShowForm(); });
+  loader_.emplace(frmPubMain.timLoader, context_, kLoaderTimer);
   frmPubMain.Refresh = [this] { Refresh(); };
   frmPubMain.Minimize = [this] { ShowWindow(context_.window, SW_MINIMIZE); };
   frmPubMain.Unload = [this] { Unload(); };
@@ -75,11 +70,11 @@ bool MainWindow::Create() {
   return true;
 }
 
-// In a window that has its size and in their own places, so that nothing is moved before it is first seen.
+// The window and the controls have their bounds from the start, so nothing moves before it is first seen.
 void MainWindow::MakeControls() {
   FitTexts([this](TextView text) { return TextWidth(context_, text); });
-  Place();
-  bindings_ = BindMainForm(context_);
+  ShowBounds();
+  AddMainFormControls(controls_, context_.colors);
 }
 
 void MainWindow::Open() {
@@ -100,9 +95,9 @@ int MainWindow::Run() {
 }
 
 void MainWindow::HandleWaiting() {
-  if (context_.window != nullptr && GetTickCount64() - lastFlush_ >= kFrameTime) Flush();
+  if (context_.window != nullptr && GetTickCount64() - lastFlush_ >= kFlushInterval) Flush();
   MSG message;
-  // The end of the program is left in the queue for Run.
+  // WM_QUIT stays in the queue for Run.
   while (context_.window != nullptr && PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE)
     Handle(message);
 }
@@ -113,12 +108,12 @@ void MainWindow::Handle(MSG& message) {
   DispatchMessageW(&message);
 }
 
-// Every key is the form's first, whichever control has the focus.
+// The form gets every key first, whichever control has the focus. True if the key goes no further.
 bool MainWindow::PressKey(const MSG& message) {
   if (message.message != WM_KEYDOWN && message.message != WM_SYSKEYDOWN) return false;
   if (message.hwnd != context_.window && IsChild(context_.window, message.hwnd) == FALSE) return false;
   if (IsWindowEnabled(context_.window) == FALSE) return true;
-  const int shift = ShiftState();
+  const int shift = HeldShiftKeys();
   frmPubMain.KeyDown(static_cast<int>(message.wParam), shift);
   const bool closes = message.wParam == VK_F4 && shift == kAlt;
   const bool selectsAll = message.wParam == 'A' && shift == kCtrl;
@@ -131,7 +126,7 @@ void MainWindow::Flush() {
   lastFlush_ = GetTickCount64();
 }
 
-// A control that had to give up the focus gets it again when it can be used again.
+// A control that had to give up the focus gets it back once it is enabled and visible.
 void MainWindow::GiveFocusBack() {
   const HWND control = context_.lostFocus;
   if (control == nullptr || IsWindowEnabled(control) == FALSE || IsWindowVisible(control) == FALSE) return;
@@ -145,7 +140,13 @@ void MainWindow::Refresh() {
   RedrawWindow(context_.window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
 }
 
-// The window, and with it all that lies in it, is in reach or not; the focus comes back to where it was.
+void MainWindow::ShowForm() {
+  ShowBounds();
+  ShowState();
+  ShowFocus();
+}
+
+// Enables or disables the window with all its controls. The focus returns to the control that had it.
 void MainWindow::ShowState() {
   const bool enabled = frmPubMain.Enabled;
   if ((IsWindowEnabled(context_.window) != FALSE) == enabled) return;
@@ -165,28 +166,61 @@ void MainWindow::ShowFocus() {
   }
 }
 
-// The user may have moved the window: it is placed anew only where the program has.
-void MainWindow::Place() {
+// The user may have moved the window, so it is moved only when the form's bounds have changed.
+void MainWindow::ShowBounds() {
   const MainForm& form = frmPubMain;
-  const RECT place{form.Left, form.Top, form.Left + form.Width, form.Top + form.Height};
-  if (EqualRect(&place, &place_) != FALSE) return;
-  place_ = place;
+  const RECT bounds{form.Left, form.Top, form.Left + form.Width, form.Top + form.Height};
+  if (EqualRect(&bounds, &bounds_) != FALSE) return;
+  bounds_ = bounds;
   SetWindowPos(context_.window, nullptr, context_.Pixels(form.Left), context_.Pixels(form.Top),
                context_.Pixels(form.Width), context_.Pixels(form.Height), SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-// A job that is under way below on the stack runs on over the models until it sees the cancel; from here on
-// no binding listens to it. The bindings themselves stay, since one of them may be at work.
+// A job further down the stack may still change the models until it sees the cancel, so all bindings are
+// detached. They are not destroyed: a handler of one of them may be running.
 void MainWindow::Unload() {
   if (unloading_) return;
   unloading_ = true;
   mdlPubSelf::CancelRequested = true;
   mdlPubSelf::Form_Unload();
   frmPubMain.hWnd = 0;
-  frame_->Detach();
+  formBinding_->Detach();
   loader_->Detach();
-  for (const auto& binding : bindings_) binding->Detach();
+  controls_.Detach();
   DestroyWindow(context_.window);
+}
+
+std::optional<LRESULT> MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_MOUSEMOVE:
+      return background_.MouseMove(PointOf(lParam), HeldButtons(wParam)), 0;
+    case WM_LBUTTONUP:
+      return background_.MouseUp(PointOf(lParam), kLeftButton), 0;
+    case WM_ACTIVATE:
+      return OnActivate(wParam), 0;
+    case WM_TIMER:
+      return loader_->OnTimer(wParam), 0;
+    case WM_CLOSE:
+      return frmPubMain.Unload(), 0;
+    case WM_ENDSESSION:
+      if (wParam != FALSE) frmPubMain.Unload();
+      return 0;
+    case WM_DESTROY:
+      return PostQuitMessage(0), 0;
+    default:
+      return std::nullopt;
+  }
+}
+
+// While another program is in front, the control in focus is remembered.
+void MainWindow::OnActivate(WPARAM wParam) {
+  if (LOWORD(wParam) == WA_INACTIVE) {
+    const HWND focus = GetFocus();
+    if (IsChild(context_.window, focus) != FALSE) context_.lostFocus = focus;
+  } else if (HIWORD(wParam) == 0) {
+    SetFocus(context_.window);
+    GiveFocusBack();
+  }
 }
 
 }  // namespace tavix::win32

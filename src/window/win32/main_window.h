@@ -1,38 +1,59 @@
 #pragma once
 
-#include <memory>
-#include <vector>
+#include <optional>
 
-#include "window/win32/bind_main_form.h"
-#include "window/win32/ground.h"
-#include "window/win32/timer_binding.h"
+#include "platform/event_queue.h"
+#include "window/win32/background.h"
+#include "window/win32/binding_list.h"
 #include "window/win32/window_owner.h"
 
 namespace tavix::win32 {
 
-// The real main window: it shows frmPubMain, passes the user's keys and clicks on to it, and gives its
+// Makes the controls of the main window and ties each to its model, in tab order. What lies in front comes
+// first.
+void AddMainFormControls(BindingList& controls, const Palette& colors);
+
+// A timer of a window. OnTimer takes the WM_TIMER messages.
+class TimerBinding : public Binding {
+ public:
+  TimerBinding(Timer& model, WindowContext& context, UINT_PTR id)
+      : Binding(model, context.changes), model_(model), context_(context), id_(id) {}
+  void Apply() override;
+  // Drops a tick that was queued before the timer stopped.
+  void OnTimer(UINT_PTR id) {
+    if (id == id_ && model_.Interval > 0) model_.Tick();
+  }
+
+ private:
+  Timer& model_;
+  WindowContext& context_;
+  UINT_PTR id_;
+  int interval_ = 0;
+};
+
+// The real main window. It shows frmPubMain, passes the user's keys and clicks on to it, and gives its
 // `Refresh`, `Minimize` and `Unload` their bodies. One of it at a time.
 class MainWindow : private WindowOwner {
  public:
-  MainWindow();
+  MainWindow() = default;
   MainWindow(const MainWindow&) = delete;
   ~MainWindow();
 
-  // Makes the window, still hidden and empty; its controls are made when the form has been laid out, by the
-  // step of the start that is for them. False when the system refuses.
+  // Makes the window, hidden and empty. Its controls are made by the start's step for them, after the form
+  // has been laid out. False when the system refuses.
   bool Create();
   // Shows the form, whose controls have been made.
   void Open();
-  // Handles messages until the window has gone; the program's exit status.
+  // Handles messages until the window has gone. Returns the program's exit status.
   int Run();
   // Handles the messages that are waiting.
   void HandleWaiting();
 
  private:
   WindowContext& Context() override { return context_; }
-  std::optional<LRESULT> OnMessage(UINT message, WPARAM wide, LPARAM longer) override;
-  void OnPaint(HDC screen, const RECT& area) override { ground_.Paint(screen, area); }
-  void OnActivate(WPARAM wide);
+  std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+  void OnPaint(HDC canvas, const RECT&) override { background_.Paint(canvas); }
+  void OnActivate(WPARAM wParam);
 
   void MakeControls();
   void Handle(MSG& message);
@@ -40,29 +61,32 @@ class MainWindow : private WindowOwner {
   void Flush();
   void Refresh();
   void Unload();
-  void Place();
+  void ShowForm();
+  void ShowBounds();
   void ShowState();
   void ShowFocus();
   void GiveFocusBack();
 
-  // The window itself, as a control of the system is.
-  class FrameBinding : public Binding {
-   public:
-    explicit FrameBinding(MainWindow& owner);
-    void Apply() override;
-
-   private:
-    MainWindow& owner_;
-  };
-
   WindowContext context_;
-  Ground ground_{context_};
-  std::unique_ptr<FrameBinding> frame_;
-  std::vector<std::unique_ptr<WindowBinding>> bindings_;
-  std::unique_ptr<TimerBinding> loader_;
-  RECT place_{};  // of the model, in twips, as it was shown last
+  Background background_{context_};
+  std::optional<FunctionBinding> formBinding_;
+  BindingList controls_{context_};
+  std::optional<TimerBinding> loader_;
+  RECT bounds_{};  // of the form, in twips, as they were shown last
   bool unloading_ = false;
-  ULONGLONG lastFlush_ = 0;  // in the milliseconds of the system's uptime
+  ULONGLONG lastFlush_ = 0;  // in milliseconds since the system started
+};
+
+// The messages of the main window. It is platform::eventQueue while it lives.
+class EventQueueWin32 : public platform::EventQueue {
+ public:
+  explicit EventQueueWin32(MainWindow& window) : window_(window) { platform::eventQueue = this; }
+  EventQueueWin32(const EventQueueWin32&) = delete;
+  ~EventQueueWin32() override { platform::eventQueue = nullptr; }
+  void Yield() override { window_.HandleWaiting(); }
+
+ private:
+  MainWindow& window_;
 };
 
 }  // namespace tavix::win32

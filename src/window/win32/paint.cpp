@@ -1,13 +1,24 @@
 #include "window/win32/paint.h"
 
 namespace tavix::win32 {
+namespace {
+
+void Write(HDC context, TextView text, RECT area, HFONT font, COLORREF color, UINT format) {
+  const Selection selected(context, font);
+  SetBkMode(context, TRANSPARENT);
+  SetTextColor(context, color);
+  DrawTextW(context, reinterpret_cast<const wchar_t*>(text.data()), static_cast<int>(text.size()), &area,
+            format);
+}
+
+}  // namespace
 
 void FillArea(HDC context, const RECT& area, COLORREF color) {
   SetDCBrushColor(context, color);
   FillRect(context, &area, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
 }
 
-void FrameArea(HDC context, const RECT& area, COLORREF color) {
+void DrawOutline(HDC context, const RECT& area, COLORREF color) {
   FillArea(context, {area.left, area.top, area.right, area.top + 1}, color);
   FillArea(context, {area.left, area.bottom - 1, area.right, area.bottom}, color);
   FillArea(context, {area.left, area.top, area.left + 1, area.bottom}, color);
@@ -15,20 +26,13 @@ void FrameArea(HDC context, const RECT& area, COLORREF color) {
 }
 
 void WriteText(HDC context, TextView text, RECT area, HFONT font, COLORREF color, UINT format) {
-  const Selection selected(context, font);
-  SetBkMode(context, TRANSPARENT);
-  SetTextColor(context, color);
-  DrawTextW(context, reinterpret_cast<const wchar_t*>(text.data()), static_cast<int>(text.size()), &area,
-            format | DT_NOPREFIX);
+  Write(context, text, area, font, color, format | DT_NOPREFIX);
 }
 
-void WriteCaption(HDC context, TextView text, RECT area, HFONT font, COLORREF color, UINT state) {
-  const Selection selected(context, font);
-  SetBkMode(context, TRANSPARENT);
-  SetTextColor(context, color);
-  const UINT line = (state & ODS_NOACCEL) != 0 ? DT_HIDEPREFIX : 0;
-  DrawTextW(context, reinterpret_cast<const wchar_t*>(text.data()), static_cast<int>(text.size()), &area,
-            DT_CENTER | DT_VCENTER | DT_SINGLELINE | line);
+void WriteCaption(HDC context, TextView text, RECT area, HFONT font, COLORREF color, UINT align,
+                  bool hidesMnemonic) {
+  Write(context, text, area, font, color,
+        align | DT_VCENTER | DT_SINGLELINE | (hidesMnemonic ? DT_HIDEPREFIX : 0));
 }
 
 Bitmap MakePicture(SIZE size, uint32_t*& pixels) {
@@ -55,9 +59,19 @@ Canvas::~Canvas() {
   SelectObject(memory_.Get(), before_);
 }
 
+void PaintBuffered(HWND window, const std::function<void(HDC canvas, const RECT& area)>& paint) {
+  PAINTSTRUCT started;
+  const HDC screen = BeginPaint(window, &started);
+  {
+    const Canvas canvas(screen, started.rcPaint);
+    paint(canvas.Get(), started.rcPaint);
+  }
+  EndPaint(window, &started);
+}
+
 ButtonLook LookOf(const Palette& palette, UINT state, bool accented, bool hot) {
   const bool pressed = (state & ODS_SELECTED) != 0;
-  if ((state & ODS_DISABLED) != 0) return {palette.ground, palette.line, palette.faintText};
+  if ((state & ODS_DISABLED) != 0) return {palette.background, palette.line, palette.faintText};
   if (accented) {
     const COLORREF face = pressed || hot ? palette.accentDark : palette.accent;
     return {face, palette.accentDark, palette.accentText};
@@ -67,12 +81,12 @@ ButtonLook LookOf(const Palette& palette, UINT state, bool accented, bool hot) {
 }
 
 void DrawButtonFace(HDC context, RECT area, const ButtonLook& look, UINT state, int line) {
-  FillArea(context, area, look.line);
+  FillArea(context, area, look.outline);
   InflateRect(&area, -line, -line);
   FillArea(context, area, look.face);
   if ((state & ODS_FOCUS) == 0) return;
   InflateRect(&area, -2 * line, -2 * line);
-  FrameArea(context, area, look.text);
+  DrawOutline(context, area, look.text);
 }
 
 }  // namespace tavix::win32

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "text/text.h"
 #include "window/win32/gdi.h"
 #include "window/win32/palette.h"
@@ -7,18 +9,21 @@
 namespace tavix::win32 {
 
 void FillArea(HDC context, const RECT& area, COLORREF color);
-// A line one pixel wide along the edge, within the area.
-void FrameArea(HDC context, const RECT& area, COLORREF color);
-// Text on what is there already; `format` as DrawText has it.
+// A line one pixel wide along the inner edge of an area.
+void DrawOutline(HDC context, const RECT& area, COLORREF color);
+// Text without a background; `format` as DrawText takes it. Ampersands are shown as they are.
 void WriteText(HDC context, TextView text, RECT area, HFONT font, COLORREF color, UINT format);
-// The caption of a button, in its middle: an & stands before the letter that presses it, which has a line
-// below unless `state` (ODS_...) says that these lines are hidden.
-void WriteCaption(HDC context, TextView text, RECT area, HFONT font, COLORREF color, UINT state);
+// A caption on one line, centred in the height; `align` is DT_LEFT or DT_CENTER. The letter after an
+// ampersand is underlined, unless `hidesMnemonic`.
+void WriteCaption(HDC context, TextView text, RECT area, HFONT font, COLORREF color, UINT align,
+                  bool hidesMnemonic);
 
-// A picture of 32 bits a pixel, row by row from the top; null, and no pixels, when the system has no room.
+// A bitmap of 32 bits a pixel, row by row from the top. Without memory it is null, and so is `pixels`.
 Bitmap MakePicture(SIZE size, uint32_t*& pixels);
 
-// Draws unseen and puts the whole picture on the screen at its end. `area` is what will be drawn.
+//--- Buffered painting
+
+// Draws into memory and copies the picture to the screen in its destructor. `area` is what will be drawn.
 class Canvas {
  public:
   Canvas(HDC screen, const RECT& area);
@@ -37,12 +42,17 @@ class Canvas {
   HGDIOBJ before_;
 };
 
+// Answers WM_PAINT: `paint` gets a canvas and the area that needs painting.
+void PaintBuffered(HWND window, const std::function<void(HDC canvas, const RECT& area)>& paint);
+
+//--- Button faces
+
 struct ButtonLook {
-  COLORREF face, line, text;
+  COLORREF face, outline, text;
 };
-// The colours of a button in a state (ODS_...); an accented button stands out until it is disabled.
+// The colours of a button in a state (ODS_...). An accented button stands out unless it is disabled.
 ButtonLook LookOf(const Palette& palette, UINT state, bool accented, bool hot);
-// Face and line of a flat button, and a second line inside where it has the focus.
+// A flat face with an outline `line` pixels wide, and an inner outline while it has the focus.
 void DrawButtonFace(HDC context, RECT area, const ButtonLook& look, UINT state, int line);
 
 }  // namespace tavix::win32

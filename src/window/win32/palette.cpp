@@ -12,11 +12,11 @@ bool IsHighContrast() {
 
 }  // namespace
 
-// The title strip is a picture with colours of its own, which the text on it keeps.
+// The title strip is a picture in its own colours, so the text on it keeps its colour.
 Palette ReadPalette() {
   Palette palette;
   if (!IsHighContrast()) return palette;
-  palette.ground = palette.panel = GetSysColor(COLOR_WINDOW);
+  palette.background = palette.panel = GetSysColor(COLOR_WINDOW);
   palette.text = palette.line = palette.buttonLine = GetSysColor(COLOR_WINDOWTEXT);
   palette.faintText = GetSysColor(COLOR_GRAYTEXT);
   palette.link = GetSysColor(COLOR_HOTLIGHT);

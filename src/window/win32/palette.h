@@ -4,13 +4,13 @@
 
 namespace tavix::win32 {
 
-// The colours of the window's own parts; lists and trees have those of the system.
+// The colours of what we paint. Lists and trees have the system's.
 struct Palette {
-  COLORREF ground = RGB(237, 242, 246);
-  COLORREF panel = RGB(255, 255, 255);
+  COLORREF background = RGB(237, 242, 246);  // of windows
+  COLORREF panel = RGB(255, 255, 255);       // of the lower panel, text boxes and buttons
   COLORREF line = RGB(194, 205, 215);
   COLORREF buttonLine = RGB(122, 141, 160);
-  COLORREF title = RGB(15, 47, 69);
+  COLORREF title = RGB(15, 47, 69);  // of the title strip
   COLORREF titleText = RGB(255, 255, 255);
   COLORREF text = RGB(22, 36, 47);
   COLORREF faintText = RGB(90, 106, 120);
@@ -18,12 +18,12 @@ struct Palette {
   COLORREF accent = RGB(11, 110, 143);
   COLORREF accentDark = RGB(8, 82, 107);
   COLORREF accentText = RGB(255, 255, 255);
-  COLORREF hot = RGB(220, 235, 242);
-  COLORREF pressed = RGB(197, 220, 231);
-  COLORREF fill = RGB(124, 199, 222);
+  COLORREF hot = RGB(220, 235, 242);      // a button under the mouse
+  COLORREF pressed = RGB(197, 220, 231);  // a button held down
+  COLORREF fill = RGB(124, 199, 222);     // of the progress bar
 };
 
-// The colours of the skin, or those of the system where the user has asked it for high contrast.
+// Our own colours, or the system's where the user has turned high contrast on.
 Palette ReadPalette();
 
 }  // namespace tavix::win32

@@ -27,7 +27,7 @@ POINT CornerOf(const WindowContext& context) {
 
 void PopUp(const WindowContext& context, const Menu& menu) {
   const MenuHandle shown(CreatePopupMenu());
-  // Entries have the numbers of their places, counted from 1: 0 is no choice.
+  // Entries are numbered from 1: the result 0 means no choice.
   for (size_t i = 0; i < menu.Items.size(); ++i) {
     const MenuItem& item = *menu.Items[i];
     if (item.Visible) AppendMenuW(shown.Get(), FlagsOf(item), i + 1, windows::Wide(item.Caption.Get()));

@@ -5,8 +5,8 @@
 
 namespace tavix::win32 {
 
-// Shows a menu at `menuCorner` of the context, or else at the mouse, waits for the user's choice and runs its
-// click handler. Returns when that has returned.
+// Shows a menu at the context's `menuCorner`, or at the mouse without one. Waits for the user's choice, runs
+// its click handler and returns after that.
 void PopUp(const WindowContext& context, const Menu& menu);
 
 }  // namespace tavix::win32

@@ -14,7 +14,7 @@ struct Drawing {
 };
 constexpr Drawing kDrawings[] = {{96, u""}, {120, u"_120"}, {144, u"_144"}, {192, u"_192"}};
 
-// The one drawn for these dots, or else the next finer one, which is shown smaller.
+// The drawing for this resolution, or the next finer one, which is scaled down.
 const Drawing& DrawingFor(int dpi) {
   const auto* const found = std::ranges::find_if(kDrawings, [&](const Drawing& d) { return d.dpi >= dpi; });
   return found != std::end(kDrawings) ? *found : *std::rbegin(kDrawings);

@@ -7,16 +7,16 @@
 
 namespace tavix::win32 {
 
-// The pictures of the program, bitmaps among its resources by their keys, each drawn for 96, 120, 144 and 192
-// dots per inch. They are loaded when they are first asked for.
+// The program's pictures: bitmap resources found by key, each drawn for 96, 120, 144 and 192 dots per inch.
+// A picture is loaded when it is first asked for.
 class Skin {
  public:
   explicit Skin(int dpi) : dpi_(dpi) {}
   bool Has(TextView key) { return Find(key).bitmap.Get() != nullptr; }
-  // The size of a picture on this screen, in pixels; none where there is no such picture.
+  // The size of a picture on this screen, in pixels; 0 by 0 for an unknown key.
   SIZE SizeOf(TextView key) { return Find(key).shown; }
-  // Draws a picture with its upper left corner at a point, in the size that it has on this screen. Nothing
-  // happens where there is no such picture.
+  // Draws a picture in its size on this screen, with its upper left corner at `corner`. Does nothing for an
+  // unknown key.
   void Draw(HDC context, POINT corner, TextView key);
 
  private:

@@ -4,11 +4,9 @@
 // clang-format on
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/windows/wide.h"
-#include "window/caption.h"
-#include "window/win32/accessible_name.h"
-#include "window/win32/paint.h"
 
 namespace tavix::win32 {
 namespace {
@@ -18,29 +16,24 @@ constexpr WPARAM kBackspace = 8;  // the only control character that is typed; t
 
 }  // namespace
 
-TextBoxBinding::TextBoxBinding(TextBox& model, WindowContext& context, int id, BoxListener& listener,
-                               const Property<Text>* caption)
-    : FramedBinding(model, context), model_(model), listener_(listener), caption_(caption) {
-  // With the style of a border the system's own would paint one inside, too.
+TextBoxBinding::TextBoxBinding(TextBox& model, WindowContext& context, int id, ControlName name)
+    : OutlinedBinding(model, context, {std::move(name.get), false}), model_(model) {
+  // Without WS_BORDER: the system's text box would paint a border inside, too.
   Create(id, L"EDIT", ES_AUTOHSCROLL | WS_TABSTOP);
   Send(EM_SETLIMITTEXT);
   Send(EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, MAKELPARAM(0, 0));
 }
 
-void TextBoxBinding::ShowName() {
-  const Text name = caption_ == nullptr ? Text() : PlainCaption(caption_->Get());
-  if (name == spoken_) return;
-  spoken_ = name;
-  SetAccessibleName(Window(), name);
+Text TextBoxBinding::ShownText() const {
+  Text text(static_cast<size_t>(GetWindowTextLengthW(Window())) + 1, u'\0');
+  text.resize(static_cast<size_t>(
+      GetWindowTextW(Window(), windows::WideBuffer(text.data()), static_cast<int>(text.size()))));
+  return text;
 }
 
 void TextBoxBinding::Show() {
-  ShowName();
   const Text& text = model_.Text.Get();
-  Text shown(static_cast<size_t>(GetWindowTextLengthW(Window())) + 1, u'\0');
-  shown.resize(static_cast<size_t>(
-      GetWindowTextW(Window(), windows::WideBuffer(shown.data()), static_cast<int>(shown.size()))));
-  if (shown != text.substr(0, text.find(u'\0'))) {
+  if (ShownText() != text.substr(0, text.find(u'\0'))) {
     showing_ = true;
     SetWindowTextW(Window(), windows::Wide(text));
     showing_ = false;
@@ -53,14 +46,7 @@ void TextBoxBinding::Show() {
 }
 
 void TextBoxBinding::OnCommand(int code) {
-  if (code == EN_CHANGE && !showing_) ReadText();
-}
-
-void TextBoxBinding::ReadText() {
-  Text text(static_cast<size_t>(GetWindowTextLengthW(Window())) + 1, u'\0');
-  text.resize(static_cast<size_t>(
-      GetWindowTextW(Window(), windows::WideBuffer(text.data()), static_cast<int>(text.size()))));
-  model_.Text = std::move(text);
+  if (code == EN_CHANGE && !showing_) model_.Text = ShownText();
 }
 
 void TextBoxBinding::ReadSelection() {
@@ -78,70 +64,54 @@ bool TextBoxBinding::Leave() {
   return context_.form->ActiveControl.Get() != &model_;
 }
 
-// Shown as part of the ground while it is switched off.
-COLORREF TextBoxBinding::Back() const {
+// A box that is switched off has the window's background.
+COLORREF TextBoxBinding::BackColor() const {
   const bool off = !model_.Enabled || model_.BackColor == kButtonFace;
-  return off ? context_.colors.ground : context_.colors.panel;
+  return off ? context_.colors.background : context_.colors.panel;
 }
 
 HBRUSH TextBoxBinding::OnColors(HDC context) {
-  SetBkColor(context, Back());
+  SetBkColor(context, BackColor());
   SetTextColor(context, model_.Enabled ? context_.colors.text : context_.colors.faintText);
-  SetDCBrushColor(context, Back());
+  SetDCBrushColor(context, BackColor());
   return static_cast<HBRUSH>(GetStockObject(DC_BRUSH));
 }
 
-std::optional<LRESULT> TextBoxBinding::Type(WPARAM character, LPARAM longer) {
+std::optional<LRESULT> TextBoxBinding::OnChar(WPARAM character, LPARAM lParam) {
   if (character < ' ' && character != kBackspace) return std::nullopt;
   int key = static_cast<int>(character);
   model_.KeyPress(key);
   if (key == 0) return 0;
-  return PassOn(WM_CHAR, static_cast<WPARAM>(key), longer);
+  return PassOn(WM_CHAR, static_cast<WPARAM>(key), lParam);
 }
 
-// The text stands in the middle of the height.
-LRESULT TextBoxBinding::MakeRoom(RECT& place) const {
+// Shrinks the box to its client area: one line of text in the middle of the height.
+LRESULT TextBoxBinding::ShrinkToClientArea(RECT& area) const {
   const int line = TextHeight(context_) + 2;
-  const int above = std::max<int>(1, (place.bottom - place.top - line) / 2);
-  InflateRect(&place, -std::max(1, context_.Pixels(kPadding)), 0);
-  place.top += above;
-  place.bottom = std::max(place.top, place.bottom - above);
+  const int above = std::max<int>(1, (area.bottom - area.top - line) / 2);
+  InflateRect(&area, -std::max(1, context_.Pixels(kPadding)), 0);
+  area.top += above;
+  area.bottom = std::max(area.top, area.bottom - above);
   return 0;
 }
 
-LRESULT TextBoxBinding::PaintAround() {
-  RECT area, inside;
-  GetWindowRect(Window(), &area);
-  GetClientRect(Window(), &inside);
-  MapWindowPoints(Window(), nullptr, reinterpret_cast<POINT*>(&inside), 2);
-  OffsetRect(&inside, -area.left, -area.top);
-  OffsetRect(&area, -area.left, -area.top);
-  const HDC context = GetWindowDC(Window());
-  ExcludeClipRect(context, inside.left, inside.top, inside.right, inside.bottom);
-  FillArea(context, area, Back());
-  FrameArea(context, area, GetFocus() == Window() ? context_.colors.accent : context_.colors.line);
-  ReleaseDC(Window(), context);
-  return 0;
-}
-
-std::optional<LRESULT> TextBoxBinding::OnMessage(UINT message, WPARAM wide, LPARAM longer) {
+std::optional<LRESULT> TextBoxBinding::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_NCCALCSIZE)
-    return MakeRoom(wide != FALSE ? reinterpret_cast<NCCALCSIZE_PARAMS*>(longer)->rgrc[0]
-                                  : *reinterpret_cast<RECT*>(longer));
-  if (message == WM_NCPAINT) return PaintAround();
-  if (message == WM_CHAR) return Type(wide, longer);
-  if (message == WM_DESTROY && !spoken_.empty()) ClearAccessibleName(Window());
-  const std::optional<LRESULT> done = FramedBinding::OnMessage(message, wide, longer);
+    return ShrinkToClientArea(wParam != FALSE ? reinterpret_cast<NCCALCSIZE_PARAMS*>(lParam)->rgrc[0]
+                                              : *reinterpret_cast<RECT*>(lParam));
+  if (message == WM_NCPAINT) return PaintOutline(BackColor()), 0;
+  if (message == WM_CHAR) return OnChar(wParam, lParam);
+  const std::optional<LRESULT> done = OutlinedBinding::OnMessage(message, wParam, lParam);
   if (message == WM_SETFOCUS && !inFocus_) {
     inFocus_ = true;
-    const LRESULT result = PassOn(message, wide, longer);
+    const LRESULT result = PassOn(message, wParam, lParam);
     ReadSelection();
     model_.GotFocus();
     return result;
   }
-  if (message == WM_KILLFOCUS && IsChild(context_.window, reinterpret_cast<HWND>(wide)) != FALSE) {
+  if (message == WM_KILLFOCUS && IsChild(context_.window, reinterpret_cast<HWND>(wParam)) != FALSE) {
     inFocus_ = false;
-    listener_.OnBoxLeft(*this);
+    context_.boxLeft(*this);
   }
   return done;
 }

@@ -1,49 +1,35 @@
 #pragma once
 
 #include "controls/text_box.h"
-#include "window/win32/framed_binding.h"
+#include "window/win32/window_binding.h"
 
 namespace tavix::win32 {
 
-class TextBoxBinding;
-
-// Hears that the focus has moved from a box to another control of its window.
-class BoxListener {
+// A line of text to edit. For its model, a box keeps the focus while another window is in front.
+// `boxLeft` of the context hears when another control of the same window takes the focus.
+class TextBoxBinding : public OutlinedBinding {
  public:
-  virtual ~BoxListener() = default;
-  virtual void OnBoxLeft(TextBoxBinding& box) = 0;
-};
-
-// A line of text to edit. A box keeps the focus in the sense of its model while another window is in front.
-class TextBoxBinding : public FramedBinding {
- public:
-  // A box without a label in front of it is named by a caption.
-  TextBoxBinding(TextBox& model, WindowContext& context, int id, BoxListener& listener,
-                 const Property<Text>* caption = nullptr);
+  // A box needs a name unless the label before it names it.
+  TextBoxBinding(TextBox& model, WindowContext& context, int id, ControlName name = {});
   void OnCommand(int code) override;
   HBRUSH OnColors(HDC context) override;
-  // Tells the model that the focus is gone. True when it lets it go: the form's active control isn't the box
-  // again.
+  // Tells the model that it has lost the focus. False if the form has given it back to the box: its active
+  // control is the box again.
   bool Leave();
 
  protected:
   void Show() override;
-  std::optional<LRESULT> OnMessage(UINT message, WPARAM wide, LPARAM longer) override;
+  std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:
-  void ShowName();
+  Text ShownText() const;
   void ReadSelection();
-  void ReadText();
-  std::optional<LRESULT> Type(WPARAM character, LPARAM longer);
-  LRESULT MakeRoom(RECT& place) const;
-  LRESULT PaintAround();
-  COLORREF Back() const;
+  std::optional<LRESULT> OnChar(WPARAM character, LPARAM lParam);
+  LRESULT ShrinkToClientArea(RECT& area) const;
+  COLORREF BackColor() const;
 
   TextBox& model_;
-  BoxListener& listener_;
-  const Property<Text>* caption_;
-  Text spoken_;  // the name that readers of the screen have
-  bool showing_ = false;
+  bool showing_ = false;  // changes are the program's, not the user's
   bool inFocus_ = false;
   int start_ = 0, length_ = 0;  // the model's selection as it was shown or read last
 };

@@ -6,44 +6,49 @@
 #include <utility>
 
 #include "platform/windows/wide.h"
+#include "window/win32/input.h"
 
 namespace tavix::win32 {
 namespace {
 
-// Images are counted from 1, in the order of `Tick`.
-UINT TickState(const Node& node) {
-  const Tick ticked = node.BackColor == kButtonFace ? Tick::kPart : Tick::kWhole;
-  return INDEXTOSTATEIMAGEMASK(1U + static_cast<UINT>(node.Checked ? ticked : Tick::kNone));
-}
-
 // Lengths in twips.
 constexpr int kTickHeight = 240;
 constexpr int kIndent = 240;
-constexpr int kRowRoom = 120;  // above and below a text, at most
+constexpr int kTextSpacer = 120;      // before a text without a check box
+constexpr int kMostRowPadding = 120;  // above and below a text together
 
 }  // namespace
 
-TreeBinding::TreeBinding(TreeView& model, WindowContext& context, int id, TextView name, bool folds)
-    : FramedBinding(model, context),
-      model_(model),
-      folds_(folds),
-      ticks_(MakeTickImages(context, context.Pixels(kTickHeight), true)) {
-  CreateFramed(id, WC_TREEVIEWW,
-               TVS_SHOWSELALWAYS | TVS_NOHSCROLL | (folds ? TVS_HASBUTTONS | TVS_LINESATROOT : 0), name);
-  Send(TVM_SETINDENT, static_cast<WPARAM>(context.Pixels(kIndent)));
+TreeBinding::TreeBinding(TreeView& model, WindowContext& context, int id, ControlName name, TreeStyle style)
+    : OutlinedBinding(model, context, std::move(name)), model_(model), style_(style) {
+  const DWORD marks = style.folds ? TVS_HASBUTTONS | TVS_LINESATROOT : 0U;
+  CreateOutlined(id, WC_TREEVIEWW,
+                 TVS_SHOWSELALWAYS | TVS_NOHSCROLL | (style.checkBoxes ? marks : TVS_FULLROWSELECT));
   SetWindowTheme(Window(), L"Explorer", nullptr);
-  Send(TVM_SETEXTENDEDSTYLE, TVS_EX_DOUBLEBUFFER, TVS_EX_DOUBLEBUFFER);
-  // The boxes are made when the style is set on a tree that is there; ours take their place.
-  SetWindowLongPtrW(Window(), GWL_STYLE, GetWindowLongPtrW(Window(), GWL_STYLE) | TVS_CHECKBOXES);
-  const auto made = reinterpret_cast<HIMAGELIST>(
-      Send(TVM_SETIMAGELIST, TVSIL_STATE, reinterpret_cast<LPARAM>(ticks_.Get())));
-  ImageList(made).Reset();
+  if (style.rowPadding > 0) SetRowHeight(TextHeight(context) + context.Pixels(style.rowPadding));
+  style.checkBoxes ? AddCheckBoxes() : AddSpacers();
   model_.treePeer = this;
+}
+
+void TreeBinding::AddCheckBoxes() {
+  Send(TVM_SETINDENT, static_cast<WPARAM>(context_.Pixels(kIndent)));
+  Send(TVM_SETEXTENDEDSTYLE, TVS_EX_DOUBLEBUFFER, TVS_EX_DOUBLEBUFFER);
+  // The system makes its boxes when an existing tree gets this style; ours replace them.
+  SetWindowLongPtrW(Window(), GWL_STYLE, GetWindowLongPtrW(Window(), GWL_STYLE) | TVS_CHECKBOXES);
+  images_ = MakeTickImages(context_, context_.Pixels(kTickHeight), true);
+  const auto made = reinterpret_cast<HIMAGELIST>(
+      Send(TVM_SETIMAGELIST, TVSIL_STATE, reinterpret_cast<LPARAM>(images_.Get())));
+  ImageList(made).Reset();
+}
+
+void TreeBinding::AddSpacers() {
+  images_ = MakeBlankImages(context_.Pixels(kTextSpacer), 1);
+  Send(TVM_SETIMAGELIST, TVSIL_NORMAL, reinterpret_cast<LPARAM>(images_.Get()));
 }
 
 void TreeBinding::Detach() {
   model_.treePeer = nullptr;
-  FramedBinding::Detach();
+  OutlinedBinding::Detach();
 }
 
 void TreeBinding::NodeChanged(Node& node) {
@@ -66,19 +71,20 @@ void TreeBinding::Show() {
   const int first = static_cast<int>(items_.size()) + 1;
   if (first <= model_.NodeCount()) InsertFrom(first);
   for (const int index : std::exchange(changed_, {})) ShowNode(*model_.NodeAt(index));
+  if (const Node* const node = model_.SelectedItem; node != nullptr && !style_.checkBoxes)
+    Send(TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(ItemOf(*node)));
   showing_ = false;
 }
 
-// Rows are as far apart as lets all of them be seen, within limits. Where that does, there is nothing to
-// scroll; texts that are cut would have some systems show a bar all the same.
+// Makes rows as high as lets all of them be seen, within limits. A tree that has room for all rows gets no
+// scroll bar: some systems would show one for texts that are cut.
 void TreeBinding::FitRows() const {
   RECT area;
   GetClientRect(Window(), &area);
   const int text = TextHeight(context_);
   const int fitting = static_cast<int>(area.bottom) / model_.NodeCount();
-  const int height = std::clamp(fitting, text + context_.Line(), text + context_.Pixels(kRowRoom));
-  Send(TVM_SETITEMHEIGHT, static_cast<WPARAM>(height));
-  if (folds_) return;
+  SetRowHeight(std::clamp(fitting, text + context_.Line(), text + context_.Pixels(kMostRowPadding)));
+  if (style_.folds) return;
   const LONG_PTR style = GetWindowLongPtrW(Window(), GWL_STYLE) & ~LONG_PTR{TVS_NOSCROLL};
   const bool fits = Send(TVM_GETITEMHEIGHT) * model_.NodeCount() <= area.bottom;
   SetWindowLongPtrW(Window(), GWL_STYLE, style | (fits ? TVS_NOSCROLL : 0));
@@ -86,14 +92,14 @@ void TreeBinding::FitRows() const {
 
 void TreeBinding::InsertFrom(int first) {
   Send(WM_SETREDRAW, FALSE);
-  if (first == 1 || !folds_) FitRows();
+  if (style_.rowPadding == 0 && (first == 1 || !style_.folds)) FitRows();
   for (int i = first; i <= model_.NodeCount(); ++i) Insert(*model_.NodeAt(i));
-  // A node opens only when it has children.
+  // A node without children can't be opened yet.
   for (int i = first; i <= model_.NodeCount(); ++i) {
     Node* const parent = model_.NodeAt(i)->Parent();
     if (parent != nullptr && parent->Child() == model_.NodeAt(i)) ShowNode(*parent);
   }
-  // Opening has scrolled a tree that nobody has seen yet.
+  // Opening nodes has scrolled the new tree.
   if (first == 1) Send(TVM_SELECTITEM, TVGN_FIRSTVISIBLE, reinterpret_cast<LPARAM>(items_.front()));
   Send(WM_SETREDRAW, TRUE);
 }
@@ -104,8 +110,8 @@ void TreeBinding::Insert(Node& node) {
   insert.hInsertAfter = TVI_LAST;
   insert.item.mask = TVIF_TEXT | TVIF_STATE | TVIF_PARAM;
   insert.item.pszText = const_cast<wchar_t*>(windows::Wide(node.Caption.Get()));
-  insert.item.state = TickState(node);
-  insert.item.stateMask = TVIS_STATEIMAGEMASK;
+  insert.item.state = StateOf(node);
+  insert.item.stateMask = TVIS_STATEIMAGEMASK | TVIS_BOLD;
   insert.item.lParam = node.Index;
   const LRESULT item = Send(TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&insert));
   items_.push_back(reinterpret_cast<HTREEITEM>(item));
@@ -116,14 +122,22 @@ void TreeBinding::ShowNode(Node& node) {
   item.mask = TVIF_HANDLE | TVIF_TEXT | TVIF_STATE;
   item.hItem = ItemOf(node);
   item.pszText = const_cast<wchar_t*>(windows::Wide(node.Caption.Get()));
-  item.state = TickState(node);
-  item.stateMask = TVIS_STATEIMAGEMASK;
+  item.state = StateOf(node);
+  item.stateMask = TVIS_STATEIMAGEMASK | TVIS_BOLD;
   Send(TVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&item));
   const auto state = Send(TVM_GETITEMSTATE, reinterpret_cast<WPARAM>(item.hItem), TVIS_EXPANDED);
   if (((state & TVIS_EXPANDED) != 0) != node.Expanded) {
     Send(TVM_EXPAND, node.Expanded ? TVE_EXPAND : TVE_COLLAPSE, reinterpret_cast<LPARAM>(item.hItem));
   }
   Redraw();
+}
+
+UINT TreeBinding::StateOf(const Node& node) const {
+  const UINT bold = node.Bold ? TVIS_BOLD : 0U;
+  if (!style_.checkBoxes) return bold;
+  const Tick ticked = node.BackColor == kButtonFace ? Tick::kPart : Tick::kWhole;
+  // Images are counted from 1, in the order of `Tick`.
+  return bold | INDEXTOSTATEIMAGEMASK(1U + static_cast<UINT>(node.Checked ? ticked : Tick::kNone));
 }
 
 Node* TreeBinding::NodeOf(HTREEITEM handle) const {
@@ -145,19 +159,20 @@ TVHITTESTINFO TreeBinding::HitTest(POINT position) const {
 LRESULT TreeBinding::OnNotify(NMHDR& header) {
   switch (header.code) {
     case NM_CUSTOMDRAW:
-      return Paint(reinterpret_cast<NMTVCUSTOMDRAW&>(header));
+      return style_.checkBoxes ? PaintNode(reinterpret_cast<NMTVCUSTOMDRAW&>(header)) : CDRF_DODEFAULT;
     case NM_CLICK:
-      return Click(), 0;
+      if (style_.checkBoxes) OnClick();
+      return 0;
     case TVN_ITEMEXPANDEDW:
-      return Expanded(reinterpret_cast<NMTREEVIEWW&>(header)), 0;
+      return OnExpanded(reinterpret_cast<NMTREEVIEWW&>(header)), 0;
     case TVN_SELCHANGEDW:
-      return Selected(reinterpret_cast<NMTREEVIEWW&>(header)), 0;
+      return OnSelected(reinterpret_cast<NMTREEVIEWW&>(header)), 0;
     default:
       return 0;
   }
 }
 
-LRESULT TreeBinding::Paint(NMTVCUSTOMDRAW& draw) const {
+LRESULT TreeBinding::PaintNode(NMTVCUSTOMDRAW& draw) const {
   if (draw.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
   const bool selected = (draw.nmcd.uItemState & CDIS_SELECTED) != 0;
   const Node* const node =
@@ -169,7 +184,7 @@ LRESULT TreeBinding::Paint(NMTVCUSTOMDRAW& draw) const {
   return CDRF_DODEFAULT;
 }
 
-void TreeBinding::Click() {
+void TreeBinding::OnClick() {
   POINT position;
   GetCursorPos(&position);
   ScreenToClient(Window(), &position);
@@ -178,14 +193,17 @@ void TreeBinding::Click() {
   if (Node* const node = NodeOf(hit.hItem); node != nullptr) model_.NodeClick(*node);
 }
 
-void TreeBinding::Expanded(const NMTREEVIEWW& change) {
+void TreeBinding::OnExpanded(const NMTREEVIEWW& change) {
   Node* const node = showing_ ? nullptr : NodeOf(change.itemNew.hItem);
   if (node != nullptr) node->Expanded = (change.action & TVE_TOGGLE) == TVE_EXPAND;
 }
 
-void TreeBinding::Selected(const NMTREEVIEWW& change) {
-  if (folds_ || change.action != TVC_BYKEYBOARD) return;
-  if (Node* const node = NodeOf(change.itemNew.hItem); node != nullptr) model_.NodeClick(*node);
+void TreeBinding::OnSelected(const NMTREEVIEWW& change) {
+  Node* const node = showing_ ? nullptr : NodeOf(change.itemNew.hItem);
+  if (node == nullptr) return;
+  const bool clicks = style_.checkBoxes ? !style_.folds && change.action == TVC_BYKEYBOARD
+                                        : node != model_.SelectedItem.Get();
+  if (clicks) model_.NodeClick(*node);
 }
 
 std::optional<LRESULT> TreeBinding::OnKey(WPARAM key) {
@@ -200,19 +218,20 @@ std::optional<LRESULT> TreeBinding::OnKey(WPARAM key) {
   return 0;
 }
 
-std::optional<LRESULT> TreeBinding::OnMessage(UINT message, WPARAM wide, LPARAM longer) {
+std::optional<LRESULT> TreeBinding::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (!style_.checkBoxes) return OutlinedBinding::OnMessage(message, wParam, lParam);
   if (message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK) {
-    const TVHITTESTINFO hit = HitTest(PointOf(longer));
+    const TVHITTESTINFO hit = HitTest(PointOf(lParam));
     Node* const node = hit.flags == TVHT_ONITEMSTATEICON ? NodeOf(hit.hItem) : nullptr;
     if (node == nullptr) return std::nullopt;
     SetFocus(Window());
     model_.UserCheck(*node, !node->Checked);
     return 0;
   }
-  if (message == WM_KEYDOWN) return OnKey(wide);
+  if (message == WM_KEYDOWN) return OnKey(wParam);
   if (message == WM_CHAR) return 0;
-  if (message == WM_GETDLGCODE && wide == VK_RETURN) return DLGC_WANTARROWS | DLGC_WANTMESSAGE;
-  return FramedBinding::OnMessage(message, wide, longer);
+  if (message == WM_GETDLGCODE && wParam == VK_RETURN) return DLGC_WANTARROWS | DLGC_WANTMESSAGE;
+  return OutlinedBinding::OnMessage(message, wParam, lParam);
 }
 
 }  // namespace tavix::win32

@@ -3,26 +3,38 @@
 #include <vector>
 
 #include "controls/tree_view.h"
-
-#include "window/win32/framed_binding.h"
-#include "window/win32/tick_images.h"
+#include "window/win32/marks.h"
+#include "window/win32/window_binding.h"
 
 namespace tavix::win32 {
 
-// A tree with check boxes, of which those of half-ticked branches show a third state. Ticks are turned by a
-// click on the box or by the space bar, and only in the model; Enter is a click on the node in focus. Where a
-// click folds nothing, an arrow key is one on the node that it brings the focus to.
-class TreeBinding : public FramedBinding, private TreePeer {
+struct TreeStyle {
+  // Without check boxes, all nodes are on one level, and moving the selection is a click on the node.
+  bool checkBoxes = true;
+  // Branches have a mark that opens and closes them.
+  bool folds = false;
+  // Twips above and below a text together; 0 for as much as lets all rows be seen.
+  int rowPadding = 0;
+};
+constexpr TreeStyle kFunctionTree{};
+constexpr TreeStyle kFolderTree{.folds = true};
+constexpr TreeStyle kOneClickTree{.folds = true, .rowPadding = 75};
+constexpr TreeStyle kPageTree{.checkBoxes = false, .rowPadding = 150};
+
+// A tree of nodes. A check box of a node with another back colour shows the third state, half ticked. A click
+// on the box or the space bar changes the tick in the model only; the shown tick follows it. Enter is a click
+// on the node in focus. Unless the tree folds, an arrow key is a click on the node that it moves the focus
+// to.
+class TreeBinding : public OutlinedBinding, private TreePeer {
  public:
-  // With `folds`, branches have a mark that opens and closes them.
-  TreeBinding(TreeView& model, WindowContext& context, int id, TextView name, bool folds);
+  TreeBinding(TreeView& model, WindowContext& context, int id, ControlName name, TreeStyle style);
   ~TreeBinding() override { TreeBinding::Detach(); }
   void Detach() override;
   LRESULT OnNotify(NMHDR& header) override;
 
  protected:
   void Show() override;
-  std::optional<LRESULT> OnMessage(UINT message, WPARAM wide, LPARAM longer) override;
+  std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
   void OnMouseMove(int buttons) override { model_.MouseMove(buttons); }
 
  private:
@@ -30,28 +42,31 @@ class TreeBinding : public FramedBinding, private TreePeer {
   void NodeChanged(Node& node) override;
   void NodesCleared() override;
 
+  void AddCheckBoxes();
+  void AddSpacers();
+  void SetRowHeight(int pixels) const { Send(TVM_SETITEMHEIGHT, static_cast<WPARAM>(pixels)); }
   void FitRows() const;
   void InsertFrom(int first);
   void Insert(Node& node);
   void ShowNode(Node& node);
-  // Nodes are kept in the order of their numbers, so what is missing stands at the end.
+  UINT StateOf(const Node& node) const;
   Node* NodeOf(HTREEITEM item) const;
   bool IsShown(const Node& node) const { return static_cast<size_t>(node.Index) <= items_.size(); }
   HTREEITEM ItemOf(const Node& node) const { return items_[static_cast<size_t>(node.Index) - 1]; }
   TVHITTESTINFO HitTest(POINT position) const;
-  LRESULT Paint(NMTVCUSTOMDRAW& draw) const;
-  void Click();
-  void Expanded(const NMTREEVIEWW& change);
-  void Selected(const NMTREEVIEWW& change);
+  LRESULT PaintNode(NMTVCUSTOMDRAW& draw) const;
+  void OnClick();
+  void OnExpanded(const NMTREEVIEWW& change);
+  void OnSelected(const NMTREEVIEWW& change);
   std::optional<LRESULT> OnKey(WPARAM key);
 
   TreeView& model_;
-  bool folds_;
-  std::vector<HTREEITEM> items_;
-  std::vector<int> changed_;  // numbers of nodes
-  bool cleared_ = false;
-  bool showing_ = false;
-  ImageList ticks_;
+  TreeStyle style_;
+  std::vector<HTREEITEM> items_;  // in the order of the nodes' numbers; missing ones come last
+  std::vector<int> changed_;      // numbers of nodes
+  bool cleared_ = false;          // the model was cleared, and the tree still shows the former nodes
+  bool showing_ = false;          // changes are the program's, not the user's
+  ImageList images_;              // of the check boxes, or the spacers before texts
 };
 
 }  // namespace tavix::win32

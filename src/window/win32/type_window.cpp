@@ -1,32 +1,29 @@
-#include "window/win32/type_window.h"
-
 #include "forms/type_form.h"
 #include "window/type_layout.h"
-#include "window/win32/dialog_ids.h"
-#include "window/win32/dialog_label_binding.h"
-#include "window/win32/push_binding.h"
+#include "window/win32/buttons.h"
+#include "window/win32/control_ids.h"
+#include "window/win32/dialogs.h"
+#include "window/win32/labels.h"
 
 namespace tavix::win32 {
 
-TypeWindow::TypeWindow() : DialogWindow(frmPubType, kTypeWindowClass, nullptr, &frmPubType.sbt[2]) {}
+TypeWindow::TypeWindow()
+    : DialogWindow({.form = frmPubType,
+                    .windowClass = kTypeWindowClass,
+                    .first = frmPubType.txt[0],
+                    .enter = nullptr,
+                    .escape = frmPubType.sbt[2],
+                    .layOut = LayOutTypeForm}) {}
 
-void TypeWindow::Bind(WindowContext& context, BoxListener& listener, Bindings& bindings) {
+void TypeWindow::AddControls(BindingList& controls) {
   TypeForm& form = frmPubType;
   for (size_t i = 0; i < form.txt.size(); ++i) {
     const int number = static_cast<int>(i);
-    bindings.push_back(std::make_unique<DialogLabelBinding>(form.lbl[i], context, kIdTypeLabels + number));
-    bindings.push_back(
-        std::make_unique<TextBoxBinding>(form.txt[i], context, kIdTypeBoxes + number, listener));
+    controls.Add<LabelBinding>(form.lbl[i], kIdTypeLabels + number, kDialogLabel);
+    controls.Add<TextBoxBinding>(form.txt[i], kIdTypeBoxes + number);
   }
-  for (size_t i = 0; i < form.sbt.size(); ++i) {
-    const int number = static_cast<int>(i);
-    bindings.push_back(
-        std::make_unique<ButtonBinding>(form.sbt[i], context, kIdTypeButtons + number, i == 1));
-  }
+  for (size_t i = 0; i < form.sbt.size(); ++i)
+    controls.Add<ButtonBinding>(form.sbt[i], kIdTypeButtons + static_cast<int>(i), i == 1);
 }
-
-void TypeWindow::LayOut(const WidthOf& widthOf) { LayOutTypeForm(widthOf); }
-
-Control& TypeWindow::First() { return frmPubType.txt[0]; }
 
 }  // namespace tavix::win32

@@ -1,27 +1,29 @@
-#include "window/win32/virtual_list.h"
+#include "window/win32/lists.h"
 
 #include <algorithm>
+#include <utility>
 
 #include <uxtheme.h>
 
 #include "platform/windows/wide.h"
+#include "window/win32/input.h"
 
 namespace tavix::win32 {
 namespace {
 // State images of the check boxes.
 constexpr UINT kUnticked = 1;
 constexpr UINT kTicked = 2;
-constexpr int kRowHeight = 270;  // twips
 }  // namespace
 
-VirtualList::VirtualList(Control& model, WindowContext& context, int id, DWORD style, TextView name)
-    : FramedBinding(model, context), ticks_(MakeTickImages(context, context.Pixels(kRowHeight), false)) {
-  CreateFramed(id, WC_LISTVIEWW, LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS | LVS_SHAREIMAGELISTS | style,
-               name);
+VirtualList::VirtualList(Control& model, WindowContext& context, int id, DWORD style, ControlName name)
+    : OutlinedBinding(model, context, std::move(name)),
+      ticks_(MakeTickImages(context, context.Pixels(kRowHeight), false)) {
+  CreateOutlined(id, WC_LISTVIEWW,
+                 LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS | LVS_SHAREIMAGELISTS | style);
   SetWindowTheme(Window(), L"Explorer", nullptr);
   constexpr DWORD kStyle = LVS_EX_CHECKBOXES | LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP;
   Send(LVM_SETEXTENDEDLISTVIEWSTYLE, kStyle, kStyle);
-  // Our own boxes in place of those that the style has made.
+  // Our own boxes replace those that the style has made.
   const auto made = reinterpret_cast<HIMAGELIST>(
       Send(LVM_SETIMAGELIST, LVSIL_STATE, reinterpret_cast<LPARAM>(ticks_.Get())));
   ImageList(made).Reset();
@@ -54,7 +56,7 @@ void VirtualList::SetState(int row, UINT mask, UINT state) const {
   LVITEMW item{};
   item.stateMask = mask;
   item.state = state;
-  // Row by row, the list would have itself painted anew, and ask for ticks.
+  // Otherwise the list would repaint and ask for a tick row by row.
   if (row < 0) {
     Send(WM_SETREDRAW, FALSE);
     Send(LVM_SETCALLBACKMASK, 0);
@@ -86,7 +88,7 @@ LRESULT VirtualList::OnNotify(NMHDR& header) {
     case LVN_GETDISPINFOW:
       return Fill(reinterpret_cast<NMLVDISPINFOW&>(header).item);
     case NM_CUSTOMDRAW:
-      return Paint(reinterpret_cast<NMLVCUSTOMDRAW&>(header));
+      return PaintRow(reinterpret_cast<NMLVCUSTOMDRAW&>(header));
     case LVN_ITEMCHANGED:
       return RowChanged(reinterpret_cast<NMLISTVIEW&>(header)), 0;
     case LVN_ODSTATECHANGED:
@@ -102,7 +104,7 @@ LRESULT VirtualList::OnNotify(NMHDR& header) {
   }
 }
 
-// The list may ask for a row that has gone since it was last told of the count.
+// The list may ask for a row that was removed after the last ShowRows.
 LRESULT VirtualList::Fill(LVITEMW& item) {
   const bool known = Has(item.iItem);
   if ((item.mask & LVIF_TEXT) != 0 && item.cchTextMax > 0) {
@@ -117,7 +119,7 @@ LRESULT VirtualList::Fill(LVITEMW& item) {
   return 0;
 }
 
-LRESULT VirtualList::Paint(NMLVCUSTOMDRAW& draw) {
+LRESULT VirtualList::PaintRow(NMLVCUSTOMDRAW& draw) {
   if (draw.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
   const int row = static_cast<int>(draw.nmcd.dwItemSpec);
   if (draw.nmcd.dwDrawStage == CDDS_ITEMPREPAINT && Has(row)) draw.clrText = TextColorAt(row);
@@ -139,25 +141,25 @@ void VirtualList::RowsChanged(const NMLVODSTATECHANGE& change) {
 
 int VirtualList::RowOfBoxAt(LPARAM position) const {
   LVHITTESTINFO hit{};
-  hit.pt = {static_cast<short>(LOWORD(position)), static_cast<short>(HIWORD(position))};
+  hit.pt = PointOf(position);
   const int row = static_cast<int>(Send(LVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit)));
   return hit.flags == LVHT_ONITEMSTATEICON ? row : -1;
 }
 
-std::optional<LRESULT> VirtualList::OnMessage(UINT message, WPARAM wide, LPARAM longer) {
+std::optional<LRESULT> VirtualList::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK) {
-    const int row = RowOfBoxAt(longer);
+    const int row = RowOfBoxAt(lParam);
     if (!Has(row)) return std::nullopt;
     SetFocus(Window());
     Toggle(row);
     return 0;
   }
-  if ((message == WM_KEYDOWN || message == WM_CHAR) && wide == VK_SPACE) {
+  if ((message == WM_KEYDOWN || message == WM_CHAR) && wParam == VK_SPACE) {
     const int row = ShownFocus();
     if (message == WM_KEYDOWN && Has(row)) Toggle(row);
     return 0;
   }
-  return FramedBinding::OnMessage(message, wide, longer);
+  return OutlinedBinding::OnMessage(message, wParam, lParam);
 }
 
 }  // namespace tavix::win32

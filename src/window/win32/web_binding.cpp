@@ -1,12 +1,104 @@
 #include "window/win32/web_binding.h"
 
+#include <mshtml.h>
+
 #include "platform/windows/wide.h"
 #include "window/win32/paint.h"
 
 namespace tavix::win32 {
 namespace {
-constexpr UINT kOpen = WM_APP;
+
+constexpr UINT kOpenPage = WM_APP;
+
+struct SystemTextTraits {
+  using Handle = BSTR;
+  static Handle Null() { return nullptr; }
+  static void Close(Handle handle) { SysFreeString(handle); }
+};
+using SystemText = windows::Owned<SystemTextTraits>;
+
+SystemText ToSystem(TextView text) {
+  return SystemText(
+      SysAllocStringLen(reinterpret_cast<const wchar_t*>(text.data()), static_cast<UINT>(text.size())));
+}
+
+VARIANT AsVariant(const SystemText& text) {
+  VARIANT variant{};
+  V_VT(&variant) = VT_BSTR;
+  V_BSTR(&variant) = text.Get();
+  return variant;
+}
+
+template <class Interface, class From>
+windows::ComPointer<Interface> As(From* object) {
+  windows::ComPointer<Interface> found;
+  if (object != nullptr)
+    object->QueryInterface(__uuidof(Interface), reinterpret_cast<void**>(found.Receive()));
+  return found;
+}
+
 }  // namespace
+
+//--- Browser
+
+WebPage::WebPage(HWND window, WebPageOwner& owner) : window_(window), site_(new WebSite(window, owner)) {}
+
+WebPage::~WebPage() {
+  site_.Get()->Forget();
+  if (events_ && listening_ != 0) events_.Get()->Unadvise(listening_);
+  if (!object_) return;
+  object_.Get()->Close(OLECLOSE_NOSAVE);
+  object_.Get()->SetClientSite(nullptr);
+}
+
+bool WebPage::Open(TextView address) {
+  if (!Activate()) return false;
+  Listen();
+  const SystemText target = ToSystem(address);
+  VARIANT where = AsVariant(target);
+  return SUCCEEDED(browser_.Get()->Navigate2(&where, nullptr, nullptr, nullptr, nullptr));
+}
+
+bool WebPage::Activate() {
+  if (FAILED(CoCreateInstance(__uuidof(::WebBrowser), nullptr, CLSCTX_INPROC_SERVER, __uuidof(IOleObject),
+                              reinterpret_cast<void**>(object_.Receive()))))
+    return false;
+  const RECT nowhere{};
+  object_.Get()->SetClientSite(site_.Get());
+  object_.Get()->DoVerb(OLEIVERB_INPLACEACTIVATE, nullptr, site_.Get(), 0, window_, &nowhere);
+  browser_ = As<IWebBrowser2>(object_.Get());
+  if (!browser_) return false;
+  browser_.Get()->put_Silent(VARIANT_TRUE);
+  return true;
+}
+
+void WebPage::Listen() {
+  const auto container = As<IConnectionPointContainer>(browser_.Get());
+  if (!container) return;
+  container.Get()->FindConnectionPoint(__uuidof(DWebBrowserEvents2), events_.Receive());
+  if (events_) events_.Get()->Advise(static_cast<IDispatch*>(site_.Get()), &listening_);
+}
+
+// Activate gave it an empty rectangle.
+void WebPage::Appear() {
+  RECT area;
+  GetClientRect(window_, &area);
+  const auto inPlace = As<IOleInPlaceObject>(object_.Get());
+  if (inPlace) inPlace.Get()->SetObjectRects(&area, &area);
+}
+
+void WebPage::SetBodyAttribute(TextView name, TextView value) {
+  windows::ComPointer<IDispatch> dispatch;
+  if (browser_) browser_.Get()->get_Document(dispatch.Receive());
+  const auto document = As<IHTMLDocument2>(dispatch.Get());
+  windows::ComPointer<IHTMLElement> body;
+  if (document) document.Get()->get_body(body.Receive());
+  if (!body) return;
+  const SystemText attribute = ToSystem(name), text = ToSystem(value);
+  body.Get()->setAttribute(attribute.Get(), AsVariant(text), 0);
+}
+
+//--- Binding
 
 WebBinding::WebBinding(WebBrowser& model, WindowContext& context, int id, WebDocument& document)
     : WindowBinding(model, context), model_(model), document_(document) {
@@ -18,26 +110,24 @@ void WebBinding::Detach() {
   WindowBinding::Detach();
 }
 
-void WebBinding::OnDraw(const DRAWITEMSTRUCT& draw) {
-  FillArea(draw.hDC, draw.rcItem, context_.colors.panel);
-}
+void WebBinding::Paint(HDC canvas, const RECT& area, UINT) { FillArea(canvas, area, context_.colors.panel); }
 
 void WebBinding::Show() {
   if (opened_ == model_.Address.Get()) return;
   if (model_.Visible) {
     Open();
   } else {
-    PostMessageW(Window(), kOpen, 0, 0);
+    PostMessageW(Window(), kOpenPage, 0, 0);
   }
 }
 
-std::optional<LRESULT> WebBinding::OnMessage(UINT message, WPARAM wide, LPARAM longer) {
-  if (message != kOpen) return WindowBinding::OnMessage(message, wide, longer);
+std::optional<LRESULT> WebBinding::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message != kOpenPage) return WindowBinding::OnMessage(message, wParam, lParam);
   Open();
   return 0;
 }
 
-// A file that is missing is not even tried.
+// A missing file doesn't start the browser.
 void WebBinding::Open() {
   const Text& address = model_.Address.Get();
   if (opened_ == address) return;

@@ -62,8 +62,8 @@ STDMETHODIMP WebSite::GetHostInfo(DOCHOSTUIINFO* info) {
   return S_OK;
 }
 
-// A page that can't be read stays blank: the last argument of the error comes first and stops the page of the
-// system that would tell of it.
+// A page that can't be read stays blank: setting the error's last argument, which comes first in the array,
+// keeps the browser's own error page away.
 STDMETHODIMP WebSite::Invoke(DISPID event, REFIID, LCID, WORD, DISPPARAMS* arguments, VARIANT*, EXCEPINFO*,
                              UINT*) {
   if (event == DISPID_DOCUMENTCOMPLETE && owner_ != nullptr) owner_->PageComplete();

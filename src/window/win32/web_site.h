@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/windows/windows_api.h"
+#include "platform/windows/com.h"
 
 #include <docobj.h>
 #include <mshtmhst.h>
@@ -8,7 +8,7 @@
 
 namespace tavix::win32 {
 
-// What a page tells the window that it lies in.
+// Hears of a page's events.
 class WebPageOwner {
  public:
   virtual ~WebPageOwner() = default;
@@ -17,9 +17,8 @@ class WebPageOwner {
   virtual bool AllowsMenu() = 0;
 };
 
-// The place of an embedded page in a window of ours, as the system asks of those who embed. Of all that could
-// be answered it gives what a small page without frames, menus and toolbars needs. It counts its references
-// and goes with the last one.
+// The host that the browser asks of us. It answers what a small page without frames, menus and toolbars
+// needs, and refuses the rest. It counts its references and is deleted with the last one.
 class WebSite final : public IOleClientSite,
                       public IOleInPlaceSite,
                       public IOleInPlaceFrame,
@@ -28,7 +27,7 @@ class WebSite final : public IOleClientSite,
  public:
   WebSite(HWND window, WebPageOwner& owner) : window_(window), owner_(&owner) {}
   WebSite(const WebSite&) = delete;
-  // The owner is gone: from here on nobody is told.
+  // Call it before the owner goes: events are then dropped.
   void Forget() { owner_ = nullptr; }
 
   STDMETHODIMP QueryInterface(REFIID id, void** object) override;
@@ -43,7 +42,7 @@ class WebSite final : public IOleClientSite,
   STDMETHODIMP OnShowWindow(BOOL) override { return S_OK; }
   STDMETHODIMP RequestNewObjectLayout() override { return E_NOTIMPL; }
 
-  // IOleWindow, of place and frame
+  // IOleWindow, for IOleInPlaceSite and IOleInPlaceFrame
   STDMETHODIMP GetWindow(HWND* window) override;
   STDMETHODIMP ContextSensitiveHelp(BOOL) override { return E_NOTIMPL; }
 

@@ -16,7 +16,9 @@ void MakeDrawingTools(WindowContext& context) {
   font.lfUnderline = FALSE;
   font.lfWeight = FW_BOLD;
   context.boldFont.Reset(CreateFontIndirectW(&font));
-  context.ground.Reset(CreateSolidBrush(context.colors.ground));
+  font.lfHeight = MulDiv(font.lfHeight, 5, 4);
+  context.titleFont.Reset(CreateFontIndirectW(&font));
+  context.background.Reset(CreateSolidBrush(context.colors.background));
 }
 
 int TextWidth(const WindowContext& context, TextView text) {

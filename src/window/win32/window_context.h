@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 
 #include "controls/form.h"
@@ -10,6 +11,8 @@
 
 namespace tavix::win32 {
 
+class TextBoxBinding;
+
 // What all bindings of a window share. It outlives them.
 struct WindowContext {
   HWND window = nullptr;
@@ -17,16 +20,17 @@ struct WindowContext {
   HWND toolTips = nullptr;
   int dpi = 96;
   Palette colors;
-  Font font, boldFont, linkFont;
-  Brush ground;
+  Font font, boldFont, linkFont, titleFont;
+  Brush background;
   std::optional<Skin> skin;
   ChangeQueue changes;
   HWND lostFocus = nullptr;         // the control that had the focus when it was hidden or disabled
   POINT mouse{-1, -1};              // where the mouse was last, on the screen
-  std::optional<POINT> menuCorner;  // on the screen, where a menu is not to pop up at the mouse
+  std::optional<POINT> menuCorner;  // where a menu pops up on the screen; at the mouse without one
+  std::function<void(TextBoxBinding&)> boxLeft;  // the focus has moved from a box to another control
 
-  // Whether the mouse, now at a point of a window, is elsewhere than before. The system tells of moves, too,
-  // where the mouse rests and what is below it has changed.
+  // Whether the mouse, now at a point of window `at`, has moved since the last call. WM_MOUSEMOVE also
+  // arrives when only the window under a resting mouse changes.
   bool HasMoved(HWND at, POINT position) {
     ClientToScreen(at, &position);
     const bool moved = position.x != mouse.x || position.y != mouse.y;
@@ -35,17 +39,18 @@ struct WindowContext {
   }
   int Pixels(int twips) const { return MulDiv(twips, dpi, 1440); }
   int Twips(int pixels) const { return MulDiv(pixels, 1440, dpi); }
-  // The width of a line, one pixel at 96 DPI.
+  // The width of a line: one pixel at 96 DPI.
   int Line() const { return Pixels(15); }
+  // The bounds of a control, in pixels of the window.
   RECT Area(const Control& control) const {
     return {Pixels(control.Left), Pixels(control.Top), Pixels(control.Left + control.Width),
             Pixels(control.Top + control.Height)};
   }
 };
 
-// Colours, fonts and pictures for the screen's dots, the fonts made from the system's message font.
+// Sets resolution, colours, fonts and pictures. The fonts are made from the system's message font.
 void MakeDrawingTools(WindowContext& context);
-// How much room a text takes on one line, in twips.
+// The width of a text on one line, in twips.
 int TextWidth(const WindowContext& context, TextView text);
 // The height of a line of text, in pixels.
 int TextHeight(const WindowContext& context);

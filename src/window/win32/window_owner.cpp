@@ -1,23 +1,25 @@
 #include "window/win32/window_owner.h"
 
+#include "window/win32/paint.h"
+
 namespace tavix::win32 {
 namespace {
 
-// What a control makes of a message that its parent got for it. Nothing where there is none.
-std::optional<LRESULT> AskControl(UINT message, WPARAM wide, LPARAM longer) {
+// Passes a control's message to its parent back to the control. Without a result, the system handles it.
+std::optional<LRESULT> PassToControl(UINT message, WPARAM wParam, LPARAM lParam) {
   const auto of = [](HWND control) { return control == nullptr ? nullptr : WindowBinding::Of(control); };
   if (message == WM_NOTIFY) {
-    NMHDR& header = *reinterpret_cast<NMHDR*>(longer);
+    NMHDR& header = *reinterpret_cast<NMHDR*>(lParam);
     WindowBinding* const binding = of(header.hwndFrom);
     return binding != nullptr ? binding->OnNotify(header) : 0;
   }
   if (message == WM_DRAWITEM) {
-    const auto& draw = *reinterpret_cast<DRAWITEMSTRUCT*>(longer);
+    const auto& draw = *reinterpret_cast<DRAWITEMSTRUCT*>(lParam);
     if (WindowBinding* const binding = of(draw.hwndItem)) binding->OnDraw(draw);
     return TRUE;
   }
-  WindowBinding* const binding = of(reinterpret_cast<HWND>(longer));
-  const HBRUSH brush = binding != nullptr ? binding->OnColors(reinterpret_cast<HDC>(wide)) : nullptr;
+  WindowBinding* const binding = of(reinterpret_cast<HWND>(lParam));
+  const HBRUSH brush = binding != nullptr ? binding->OnColors(reinterpret_cast<HDC>(wParam)) : nullptr;
   if (brush == nullptr) return std::nullopt;
   return reinterpret_cast<LRESULT>(brush);
 }
@@ -30,7 +32,7 @@ HICON ProgramIcon(int metric) {
 
 }  // namespace
 
-void WindowOwner::MakeClassKnown(const wchar_t* name) {
+void WindowOwner::RegisterWindowClass(const wchar_t* name) {
   WNDCLASSEXW description{};
   description.cbSize = sizeof description;
   description.lpfnWndProc = Procedure;
@@ -42,9 +44,9 @@ void WindowOwner::MakeClassKnown(const wchar_t* name) {
   RegisterClassExW(&description);
 }
 
-LRESULT CALLBACK WindowOwner::Procedure(HWND window, UINT message, WPARAM wide, LPARAM longer) {
+LRESULT CALLBACK WindowOwner::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_NCCREATE) {
-    auto* const made = static_cast<WindowOwner*>(reinterpret_cast<CREATESTRUCTW*>(longer)->lpCreateParams);
+    auto* const made = static_cast<WindowOwner*>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams);
     made->Context().window = window;
     SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(made));
   }
@@ -53,20 +55,21 @@ LRESULT CALLBACK WindowOwner::Procedure(HWND window, UINT message, WPARAM wide, 
     owner->Context().window = nullptr;
     SetWindowLongPtrW(window, GWLP_USERDATA, 0);
   } else if (owner != nullptr) {
-    if (const auto answer = owner->Answer(message, wide, longer)) return *answer;
+    if (const auto result = owner->HandleMessage(message, wParam, lParam)) return *result;
   }
-  return DefWindowProcW(window, message, wide, longer);
+  return DefWindowProcW(window, message, wParam, lParam);
 }
 
-std::optional<LRESULT> WindowOwner::Answer(UINT message, WPARAM wide, LPARAM longer) {
+std::optional<LRESULT> WindowOwner::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_PAINT:
-      return Paint(), 0;
+      PaintBuffered(Context().window, [this](HDC canvas, const RECT& area) { OnPaint(canvas, area); });
+      return 0;
     case WM_ERASEBKGND:
       return TRUE;
     case WM_COMMAND:
-      if (auto* const control = reinterpret_cast<HWND>(longer)) {
-        if (WindowBinding* const binding = WindowBinding::Of(control)) OnCommand(*binding, HIWORD(wide));
+      if (auto* const control = reinterpret_cast<HWND>(lParam)) {
+        if (WindowBinding* const binding = WindowBinding::Of(control)) OnCommand(*binding, HIWORD(wParam));
       }
       return 0;
     case WM_NOTIFY:
@@ -75,18 +78,10 @@ std::optional<LRESULT> WindowOwner::Answer(UINT message, WPARAM wide, LPARAM lon
     case WM_CTLCOLORBTN:
     case WM_CTLCOLOREDIT:
     case WM_CTLCOLORLISTBOX:
-      return AskControl(message, wide, longer);
+      return PassToControl(message, wParam, lParam);
     default:
-      return OnMessage(message, wide, longer);
+      return OnMessage(message, wParam, lParam);
   }
-}
-
-void WindowOwner::Paint() {
-  const HWND window = Context().window;
-  PAINTSTRUCT paint;
-  const HDC screen = BeginPaint(window, &paint);
-  OnPaint(screen, paint.rcPaint);
-  EndPaint(window, &paint);
 }
 
 }  // namespace tavix::win32

@@ -4,28 +4,27 @@
 
 namespace tavix::win32 {
 
-// Who shows a form in a window of its own. The messages that are for a control go to its binding, and the
-// rest to those derived from this.
+// Shows a form in a window of its own. It passes messages about a control to its binding, and the others to
+// the class derived from this.
 class WindowOwner {
  protected:
   ~WindowOwner() = default;
 
-  // Makes a class for windows of ours known to the system, once or again. CreateWindowEx is given Parameter()
-  // as its last argument.
-  static void MakeClassKnown(const wchar_t* name);
+  // Registers a window class; again does no harm. CreateWindowEx takes Parameter() as its last argument.
+  static void RegisterWindowClass(const wchar_t* name);
   void* Parameter() { return this; }
 
  private:
-  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wide, LPARAM longer);
-  // Its window is null until there is one, and after it has gone.
+  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  // Its `window` is null before the window is made and after it has gone.
   virtual WindowContext& Context() = 0;
-  // Nothing for a message that the system is to handle.
-  virtual std::optional<LRESULT> OnMessage(UINT message, WPARAM wide, LPARAM longer) = 0;
-  virtual void OnPaint(HDC screen, const RECT& area) = 0;
+  // Without a result, the system handles the message.
+  virtual std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) = 0;
+  // Paints what no control covers.
+  virtual void OnPaint(HDC canvas, const RECT& area) = 0;
   virtual void OnCommand(WindowBinding& control, int code) { control.OnCommand(code); }
 
-  std::optional<LRESULT> Answer(UINT message, WPARAM wide, LPARAM longer);
-  void Paint();
+  std::optional<LRESULT> HandleMessage(UINT message, WPARAM wParam, LPARAM lParam);
 };
 
 }  // namespace tavix::win32

@@ -10,12 +10,12 @@ namespace {
 int notices = 0;
 
 // Counts what the list tells of changes of its rows.
-LRESULT CALLBACK CountNotices(HWND window, UINT message, WPARAM wide, LPARAM longer, UINT_PTR, DWORD_PTR) {
+LRESULT CALLBACK CountNotices(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR) {
   if (message == WM_NOTIFY) {
-    const UINT code = reinterpret_cast<const NMHDR*>(longer)->code;
+    const UINT code = reinterpret_cast<const NMHDR*>(lParam)->code;
     if (code == LVN_ITEMCHANGED || code == LVN_ODSTATECHANGED) ++notices;
   }
-  return DefSubclassProc(window, message, wide, longer);
+  return DefSubclassProc(window, message, wParam, lParam);
 }
 
 class Highlights : public WindowTest {
@@ -24,11 +24,11 @@ class Highlights : public WindowTest {
     WindowTest::SetUp();
     list = Control(kIdResult);
     SetFocus(list);
-    SetWindowSubclass(frame, CountNotices, 9, 0);
+    SetWindowSubclass(mainWindow, CountNotices, 9, 0);
     notices = 0;
   }
   void TearDown() override {
-    RemoveWindowSubclass(frame, CountNotices, 9);
+    RemoveWindowSubclass(mainWindow, CountNotices, 9);
     SetKeys({});
     WindowTest::TearDown();
   }

@@ -19,7 +19,6 @@
 #include "platform/windows/wide.h"
 #include "text/utf8.h"
 #include "window/win32/control_ids.h"
-#include "window/win32/dialog_ids.h"
 
 namespace {
 
@@ -49,10 +48,10 @@ class RemoteRoom {
   wchar_t* TextAddress() const { return reinterpret_cast<wchar_t*>(room_ + kStructure); }
   // Sends the message with a copy of `data` that the window may change.
   template <class Data>
-  LRESULT Send(HWND control, UINT message, WPARAM wide, Data& data) const {
+  LRESULT Send(HWND control, UINT message, WPARAM wParam, Data& data) const {
     static_assert(sizeof(Data) <= kStructure);
     WriteProcessMemory(process_, room_, &data, sizeof data, nullptr);
-    const LRESULT result = SendMessageW(control, message, wide, reinterpret_cast<LPARAM>(room_));
+    const LRESULT result = SendMessageW(control, message, wParam, reinterpret_cast<LPARAM>(room_));
     ReadProcessMemory(process_, room_, &data, sizeof data, nullptr);
     return result;
   }

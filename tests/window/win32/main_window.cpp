@@ -27,7 +27,7 @@ TEST_F(MainWindowTest, AYieldShowsWhatHasChanged) {
 
 TEST_F(MainWindowTest, StandsWhereTheLayoutPutsIt) {
   RECT area;
-  GetWindowRect(frame, &area);
+  GetWindowRect(mainWindow, &area);
   EXPECT_NEAR(static_cast<int>(area.left), frmPubMain.Left / 15, 1);
   EXPECT_NEAR(static_cast<int>(area.top), frmPubMain.Top / 15, 1);
   EXPECT_NEAR(static_cast<int>(area.right - area.left), frmPubMain.Width / 15, 1);
@@ -111,7 +111,7 @@ TEST_F(MainWindowTest, ADisabledControlGivesTheFocusAwayAndGetsItBack) {
   SetFocus(Control(kIdResult));
   frmPubMain.lsvResult.Enabled = false;
   Flush();
-  EXPECT_EQ(GetFocus(), frame);
+  EXPECT_EQ(GetFocus(), mainWindow);
   frmPubMain.lsvResult.Enabled = true;
   Flush();
   EXPECT_EQ(GetFocus(), Control(kIdResult));
@@ -194,7 +194,7 @@ struct Job {
 TEST_F(MainWindowTest, ClosingInTheMidstOfAJobEndsBoth) {
   Job job;
   frmPubMain.sbtScan.Click = [&] { job.Run(); };
-  SetTimer(frame, 99, 50, [](HWND owner, UINT, UINT_PTR id, DWORD) {
+  SetTimer(mainWindow, 99, 50, [](HWND owner, UINT, UINT_PTR id, DWORD) {
     KillTimer(owner, id);
     PostMessageW(owner, WM_CLOSE, 0, 0);
     PostMessageW(owner, WM_CLOSE, 0, 0);
@@ -204,7 +204,7 @@ TEST_F(MainWindowTest, ClosingInTheMidstOfAJobEndsBoth) {
   EXPECT_TRUE(job.ended);
   EXPECT_GT(job.rounds, 1);
   EXPECT_LT(job.rounds, 1000000);
-  EXPECT_EQ(IsWindow(frame), FALSE);
+  EXPECT_EQ(IsWindow(mainWindow), FALSE);
   EXPECT_EQ(frmPubMain.lsvResult.peer, nullptr);
   EXPECT_EQ(frmPubMain.trvPrivacy.treePeer, nullptr);
   EXPECT_EQ(frmPubMain.peer, nullptr);
@@ -228,14 +228,14 @@ TEST_F(MainWindowTest, CancelIsPressedInTheMidstOfAJob) {
   frmPubMain.KeyDown = [](int key, int) {
     if (key == VK_ESCAPE) mdlPubSelf::CancelRequested = true;
   };
-  SetTimer(frame, 99, 50, [](HWND owner, UINT, UINT_PTR id, DWORD) {
+  SetTimer(mainWindow, 99, 50, [](HWND owner, UINT, UINT_PTR id, DWORD) {
     KillTimer(owner, id);
     PostMessageW(owner, WM_KEYDOWN, VK_ESCAPE, 1);
   });
   Send(Control(kIdScan), BM_CLICK);
   EXPECT_TRUE(job.ended);
   EXPECT_LT(job.rounds, 1000000);
-  EXPECT_NE(IsWindow(frame), FALSE);
+  EXPECT_NE(IsWindow(mainWindow), FALSE);
   EXPECT_EQ(TextOf(kIdStatus), L"ended");
 }
 

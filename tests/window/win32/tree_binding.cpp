@@ -158,7 +158,7 @@ TEST_F(TreeBindingTest, OpeningAndClosingReachesTheModel) {
   told.hdr = {tree, kIdPrivacyTree, static_cast<UINT>(TVN_ITEMEXPANDEDW)};
   told.action = TVE_COLLAPSE;
   told.itemNew.hItem = RootItem();
-  Send(frame, WM_NOTIFY, kIdPrivacyTree, reinterpret_cast<LPARAM>(&told));
+  Send(mainWindow, WM_NOTIFY, kIdPrivacyTree, reinterpret_cast<LPARAM>(&told));
   EXPECT_FALSE(root->Expanded);
   root->Expanded = true;
   Flush();
@@ -182,14 +182,14 @@ TEST_F(TreeBindingTest, AClearedTreeShowsWhatIsAddedAfterwards) {
   EXPECT_TRUE(Ticked(RootItem()));
 }
 
-TEST_F(TreeBindingTest, ANodeIsPaintedOnItsOwnGround) {
+TEST_F(TreeBindingTest, ANodeIsPaintedOnItsOwnBackColor) {
   first->BackColor = 0x123456;
   Flush();
   NMTVCUSTOMDRAW draw{};
   draw.nmcd.hdr = {tree, kIdPrivacyTree, static_cast<UINT>(NM_CUSTOMDRAW)};
   draw.nmcd.dwDrawStage = CDDS_ITEMPREPAINT;
   draw.nmcd.lItemlParam = first->Index;
-  Send(frame, WM_NOTIFY, kIdPrivacyTree, reinterpret_cast<LPARAM>(&draw));
+  Send(mainWindow, WM_NOTIFY, kIdPrivacyTree, reinterpret_cast<LPARAM>(&draw));
   EXPECT_EQ(draw.clrTextBk, 0x123456U);
 }
 

@@ -27,12 +27,12 @@ TEST_F(WindowState, ADisabledFormIsOutOfReachAndGetsItsFocusBack) {
   SetFocus(Control(kIdResult));
   frmPubMain.Enabled = false;
   Flush();
-  EXPECT_EQ(IsWindowEnabled(frame), FALSE);
+  EXPECT_EQ(IsWindowEnabled(mainWindow), FALSE);
   Press(Control(kIdResult), VK_F5);
   EXPECT_EQ(keys, 0);
   frmPubMain.Enabled = true;
   Flush();
-  EXPECT_EQ(IsWindowEnabled(frame), TRUE);
+  EXPECT_EQ(IsWindowEnabled(mainWindow), TRUE);
   EXPECT_EQ(GetFocus(), Control(kIdResult));
   Press(Control(kIdResult), VK_F5);
   EXPECT_EQ(keys, 1);
@@ -58,31 +58,31 @@ TEST_F(WindowState, AControlUnderAnotherIsOutOfReach) {
   EXPECT_EQ(IsWindowVisible(Control(kIdScopeTree)), FALSE);
 }
 
-TEST_F(WindowState, MovesOverTheGroundReachWhatLiesThere) {
+TEST_F(WindowState, MovesOverTheBackgroundReachWhatLiesThere) {
   std::string moves;
   const auto note = [&](const char* name) { return [&moves, name](int) { moves += name; }; };
   frmPubMain.lblBorder.MouseMove = note("border ");
   frmPubMain.picTitle.MouseMove = note("title ");
   frmPubMain.lblFrame.MouseMove = note("frame ");
-  Send(frame, WM_MOUSEMOVE, 0, PointIn(frmPubMain.picTitle));
-  Send(frame, WM_MOUSEMOVE, 0, PointIn(frmPubMain.lblFrame));
-  Send(frame, WM_MOUSEMOVE, 0, MAKELPARAM(3, frmPubMain.Height / 15 - 5));
+  Send(mainWindow, WM_MOUSEMOVE, 0, PointIn(frmPubMain.picTitle));
+  Send(mainWindow, WM_MOUSEMOVE, 0, PointIn(frmPubMain.lblFrame));
+  Send(mainWindow, WM_MOUSEMOVE, 0, MAKELPARAM(3, frmPubMain.Height / 15 - 5));
   EXPECT_EQ(moves, "title frame border ");
-  // The mouse rests, and the system tells of a move all the same.
-  Send(frame, WM_MOUSEMOVE, 0, MAKELPARAM(3, frmPubMain.Height / 15 - 5));
+  // WM_MOUSEMOVE also arrives while the mouse rests.
+  Send(mainWindow, WM_MOUSEMOVE, 0, MAKELPARAM(3, frmPubMain.Height / 15 - 5));
   EXPECT_EQ(moves, "title frame border ");
 }
 
-TEST_F(WindowState, ADisabledControlIsNoGround) {
+TEST_F(WindowState, ADisabledControlIsNoBackground) {
   int moves = 0;
   frmPubMain.lblBorder.MouseMove = [&](int) { ++moves; };
   frmPubMain.lsvResult.Enabled = false;
   Flush();
-  Send(frame, WM_MOUSEMOVE, MK_LBUTTON, PointIn(frmPubMain.lsvResult));
+  Send(mainWindow, WM_MOUSEMOVE, MK_LBUTTON, PointIn(frmPubMain.lsvResult));
   EXPECT_EQ(moves, 0);
 }
 
-TEST_F(WindowState, LabelsAreNoGround) {
+TEST_F(WindowState, LabelsAreNoBackground) {
   int moves = 0;
   frmPubMain.lblBorder.MouseMove = frmPubMain.lblFrame.MouseMove =
       frmPubMain.picTitle.MouseMove = [&](int) { ++moves; };
@@ -91,7 +91,7 @@ TEST_F(WindowState, LabelsAreNoGround) {
                                           &form.lblVer,   &form.lblProdLogo, &form.lblCompLogo};
   for (const tavix::Control* label : labels) {
     ASSERT_GT(label->Width, 150);
-    Send(frame, WM_MOUSEMOVE, MK_LBUTTON, PointIn(*label));
+    Send(mainWindow, WM_MOUSEMOVE, MK_LBUTTON, PointIn(*label));
   }
   EXPECT_EQ(moves, 0);
 }
@@ -100,7 +100,7 @@ TEST_F(WindowState, BothNamesInTheTitleAreClicked) {
   int product = 0, maker = 0;
   frmPubMain.lblProdLogo.MouseUp = [&](int) { ++product; };
   frmPubMain.lblCompLogo.MouseUp = [&](int) { ++maker; };
-  Send(frame, WM_LBUTTONUP, 0, PointIn(frmPubMain.lblCompLogo));
+  Send(mainWindow, WM_LBUTTONUP, 0, PointIn(frmPubMain.lblCompLogo));
   EXPECT_EQ(maker, 1);
   EXPECT_EQ(product, 0);
   frmPubMain.lblCompLogo.MouseUp = nullptr;
@@ -132,8 +132,8 @@ TEST_F(WindowState, APictureThatIsMissingLeavesTheOneBefore) {
 TEST_F(WindowState, TheNameInTheTitleIsClicked) {
   std::vector<int> buttons;
   frmPubMain.lblProdLogo.MouseUp = [&](int button) { buttons.push_back(button); };
-  Send(frame, WM_LBUTTONUP, 0, PointIn(frmPubMain.lblProdLogo));
-  Send(frame, WM_LBUTTONUP, 0, PointIn(frmPubMain.lblFrame));
+  Send(mainWindow, WM_LBUTTONUP, 0, PointIn(frmPubMain.lblProdLogo));
+  Send(mainWindow, WM_LBUTTONUP, 0, PointIn(frmPubMain.lblFrame));
   EXPECT_EQ(buttons, std::vector<int>{kLeftButton});
 }
 
@@ -161,11 +161,11 @@ TEST_F(WindowState, APictureIsNamedByItsToolTip) {
 }
 
 TEST_F(WindowState, AWindowThatTheUserHasMovedStaysThere) {
-  SetWindowPos(frame, nullptr, 10, 20, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+  SetWindowPos(mainWindow, nullptr, 10, 20, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
   frmPubMain.ActiveControl = &frmPubMain.cbxAll;
   Flush();
   RECT place;
-  GetWindowRect(frame, &place);
+  GetWindowRect(mainWindow, &place);
   EXPECT_EQ(place.left, 10);
   EXPECT_EQ(place.top, 20);
 }

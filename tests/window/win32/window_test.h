@@ -9,7 +9,6 @@
 #include "scan/scan_driver.h"
 #include "window/layout.h"
 #include "window/win32/control_ids.h"
-#include "window/win32/event_queue_win32.h"
 #include "window/win32/main_window.h"
 
 #include <commctrl.h>
@@ -33,8 +32,8 @@ class WindowTest : public testing::Test {
     queue = std::make_unique<EventQueueWin32>(*window);
     window->Open();
     window->HandleWaiting();
-    frame = FindWindowW(kMainWindowClass, nullptr);
-    ASSERT_NE(frame, nullptr);
+    mainWindow = FindWindowW(kMainWindowClass, nullptr);
+    ASSERT_NE(mainWindow, nullptr);
   }
   void TearDown() override {
     MainForm& f = frmPubMain;
@@ -52,9 +51,9 @@ class WindowTest : public testing::Test {
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
     }
   }
-  HWND Control(int id) const { return GetDlgItem(frame, id); }
-  static LRESULT Send(HWND control, UINT message, WPARAM wide = 0, LPARAM longer = 0) {
-    return SendMessageW(control, message, wide, longer);
+  HWND Control(int id) const { return GetDlgItem(mainWindow, id); }
+  static LRESULT Send(HWND control, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
+    return SendMessageW(control, message, wParam, lParam);
   }
   std::wstring TextOf(int id) const {
     wchar_t text[256]{};
@@ -77,7 +76,7 @@ class WindowTest : public testing::Test {
 
   std::unique_ptr<MainWindow> window;
   std::unique_ptr<EventQueueWin32> queue;
-  HWND frame = nullptr;
+  HWND mainWindow = nullptr;
 };
 
 }  // namespace tavix::win32

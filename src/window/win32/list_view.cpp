@@ -1,9 +1,10 @@
-#include "window/win32/list_view_binding.h"
+#include "window/win32/lists.h"
 
 #include <algorithm>
 #include <utility>
 
 #include "platform/windows/wide.h"
+#include "window/win32/input.h"
 
 namespace tavix::win32 {
 namespace {
@@ -13,40 +14,54 @@ int SortMark(int icon) {
   return icon == 1 ? HDF_SORTUP : HDF_SORTDOWN;
 }
 
-// What headers of lists do by themselves.
-WNDPROC ofHeader = nullptr;
+// The header's own class.
+WNDPROC headerClassProcedure = nullptr;
 
-// The second of two quick clicks on a header counts as the first does; between headers it stays what it is.
-// The list asks the header once for each row that it changes: what stands between has to be cheap.
-LRESULT CALLBACK HeaderProcedure(HWND window, UINT message, WPARAM wide, LPARAM longer) {
+// A double click on a header counts as a second click. Between headers it stays a double click.
+// Keep this cheap: the list sends the header a message for each row that changes.
+LRESULT CALLBACK HeaderProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_LBUTTONDBLCLK) {
     HDHITTESTINFO hit{};
-    hit.pt = PointOf(longer);
+    hit.pt = PointOf(lParam);
     SendMessageW(window, HDM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit));
     if (hit.flags == HHT_ONHEADER) message = WM_LBUTTONDOWN;
   }
-  return CallWindowProcW(ofHeader, window, message, wide, longer);
+  return CallWindowProcW(headerClassProcedure, window, message, wParam, lParam);
 }
 
-bool Selects(UINT message, WPARAM wide) {
-  return message == WM_LBUTTONDOWN || (message == WM_KEYDOWN && wide >= VK_PRIOR && wide <= VK_DOWN);
+bool Selects(UINT message, WPARAM wParam) {
+  return message == WM_LBUTTONDOWN || (message == WM_KEYDOWN && wParam >= VK_PRIOR && wParam <= VK_DOWN);
 }
 
 }  // namespace
 
-ListViewBinding::ListViewBinding(ListView& model, WindowContext& context, int id, TextView name)
-    : VirtualList(model, context, id, 0, name), model_(model), columns_(model.ColumnHeaders) {
+ListViewBinding::ListViewBinding(ListView& model, WindowContext& context, int id, ControlName name,
+                                 ListStyle style)
+    : VirtualList(model, context, id, 0, std::move(name)),
+      model_(model),
+      style_(style),
+      columns_(model.ColumnHeaders) {
   for (int i = 0; i < ListView::kColumns; ++i) {
     ListView::ColumnHeader& column = columns_[i];
     AddColumn(i, column.Caption, context.Pixels(column.Width));
     column.Icon = 0;
   }
   const auto header = reinterpret_cast<HWND>(Send(LVM_GETHEADER));
-  ofHeader = reinterpret_cast<WNDPROC>(
+  headerClassProcedure = reinterpret_cast<WNDPROC>(
       SetWindowLongPtrW(header, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(HeaderProcedure)));
+  if (!style.checkBoxes) RemoveCheckBoxes();
 }
 
-// Under suspended painting the window stays as it is; the end of that brings the changes.
+// The rows stay as far apart as boxes would keep them.
+void ListViewBinding::RemoveCheckBoxes() {
+  Send(LVM_SETCALLBACKMASK, 0);
+  Send(LVM_SETIMAGELIST, LVSIL_STATE, 0);
+  Send(LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_CHECKBOXES, 0);
+  spacers_ = MakeBlankImages(1, context_.Pixels(kRowHeight));
+  Send(LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(spacers_.Get()));
+}
+
+// While painting is suspended the window stays as it is; the end of that shows all changes.
 void ListViewBinding::Show() {
   if (model_.PaintingSuspended) return;
   ShowColors();
@@ -62,7 +77,7 @@ void ListViewBinding::ShowColors() {
   Send(LVM_SETTEXTBKCOLOR, 0, static_cast<LPARAM>(back));
 }
 
-// Widths are the user's once they have been shown; they change only with the model.
+// The user may drag columns: a width is set only when the model's has changed.
 void ListViewBinding::ShowColumns() {
   const auto header = reinterpret_cast<HWND>(Send(LVM_GETHEADER));
   for (int i = 0; i < ListView::kColumns; ++i) {
@@ -97,7 +112,7 @@ int ListViewBinding::HighlightedRows() {
   return rows;
 }
 
-// The state that most rows have goes to all of them at once, and the rest follow one by one.
+// All rows get the state of the majority at once; the others follow one by one.
 void ListViewBinding::ShowHighlights() {
   if (std::exchange(highlights_, model_.HighlightChanges()) == model_.HighlightChanges()) return;
   const int highlighted = HighlightedRows();
@@ -109,8 +124,7 @@ void ListViewBinding::ShowHighlights() {
   }
 }
 
-// The list tells of a range that was highlighted with Shift in one message, or not at all, as its maker
-// pleases.
+// One message for a Shift range on Windows; none under Wine.
 void ListViewBinding::ReadHighlights() {
   if (Send(LVM_GETSELECTEDCOUNT) == HighlightedRows()) return;
   model_.SelectAll(false);
@@ -122,19 +136,19 @@ void ListViewBinding::ReadHighlights() {
   highlights_ = model_.HighlightChanges();
 }
 
-// A click or key that leaves one row highlighted takes the highlight from the others. Done by the list itself
-// that is a message for each of them.
-LRESULT ListViewBinding::Select(UINT message, WPARAM wide, LPARAM longer) {
+// A click or key that highlights one row ends the highlight of the others. The list itself would send a
+// message for each of them.
+LRESULT ListViewBinding::Select(UINT message, WPARAM wParam, LPARAM lParam) {
   const bool mouse = message == WM_LBUTTONDOWN;
-  const bool shift = mouse ? (wide & MK_SHIFT) != 0 : GetKeyState(VK_SHIFT) < 0;
-  const bool ctrl = mouse ? (wide & MK_CONTROL) != 0 : GetKeyState(VK_CONTROL) < 0;
+  const bool shift = mouse ? (wParam & MK_SHIFT) != 0 : GetKeyState(VK_SHIFT) < 0;
+  const bool ctrl = mouse ? (wParam & MK_CONTROL) != 0 : GetKeyState(VK_CONTROL) < 0;
   if (!shift && !ctrl && Send(LVM_GETSELECTEDCOUNT) > 1) SetState(-1, LVIS_SELECTED, 0);
-  const LRESULT result = PassOn(message, wide, longer);
+  const LRESULT result = PassOn(message, wParam, lParam);
   if (shift) ReadHighlights();
   return result;
 }
 
-// At the mouse, or at the row in focus when a key has asked for it.
+// The menu pops up at the mouse, or below the row in focus after a key.
 void ListViewBinding::AskForMenu(LPARAM position) {
   context_.menuCorner.reset();
   if (position == -1) {
@@ -149,20 +163,28 @@ void ListViewBinding::AskForMenu(LPARAM position) {
   context_.menuCorner.reset();
 }
 
-// A column of no width is not to be pulled open. The header tells the list of it, not us.
-std::optional<LRESULT> ListViewBinding::OnMessage(UINT message, WPARAM wide, LPARAM longer) {
+LRESULT ListViewBinding::OnNotify(NMHDR& header) {
+  const LRESULT result = VirtualList::OnNotify(header);
+  if (header.code == NM_DBLCLK && reinterpret_cast<NMITEMACTIVATE&>(header).iItem >= 0) model_.DblClick();
+  return result;
+}
+
+// The header notifies the list, not its parent. A column without width can't be dragged open.
+std::optional<LRESULT> ListViewBinding::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_NOTIFY) {
-    const auto& header = *reinterpret_cast<const NMHEADERW*>(longer);
+    const auto& header = *reinterpret_cast<const NMHEADERW*>(lParam);
     const UINT code = header.hdr.code;
     const bool pulled = code == HDN_BEGINTRACKW || code == HDN_DIVIDERDBLCLICKW;
     if (pulled && model_.ColumnHeaders[header.iItem].Width == 0) return TRUE;
   }
-  if (message == WM_CONTEXTMENU && reinterpret_cast<HWND>(wide) == Window()) return AskForMenu(longer), 0;
+  if (message == WM_CONTEXTMENU && reinterpret_cast<HWND>(wParam) == Window()) return AskForMenu(lParam), 0;
   if (message == WM_LBUTTONUP) model_.MouseUp(kLeftButton);
-  if (message == WM_KEYDOWN && wide == 'A' && GetKeyState(VK_CONTROL) < 0)
+  if (message == WM_KEYDOWN) model_.KeyDown(static_cast<int>(wParam), HeldShiftKeys());
+  if (!style_.checkBoxes && (message == WM_KEYDOWN || message == WM_CHAR) && wParam == VK_SPACE) return 0;
+  if (message == WM_KEYDOWN && wParam == 'A' && GetKeyState(VK_CONTROL) < 0)
     return SetState(-1, LVIS_SELECTED, LVIS_SELECTED), 0;
-  const std::optional<LRESULT> done = VirtualList::OnMessage(message, wide, longer);
-  return done || !Selects(message, wide) ? done : Select(message, wide, longer);
+  const std::optional<LRESULT> done = VirtualList::OnMessage(message, wParam, lParam);
+  return done || !Selects(message, wParam) ? done : Select(message, wParam, lParam);
 }
 
 TextView ListViewBinding::TextAt(int row, int column) { return model_.Row(row + 1).SubItems(column); }
@@ -170,6 +192,11 @@ TextView ListViewBinding::TextAt(int row, int column) { return model_.Row(row + 
 void ListViewBinding::Toggle(int row) {
   ListView::Item item = model_.Row(row + 1);
   item.SetChecked(!item.Checked());
+}
+
+void ListViewBinding::OnRowFocused(int row) {
+  model_.FocusRow(row + 1);
+  if (style_.followsFocus) model_.ItemClick();
 }
 
 void ListViewBinding::OnRowClick(int row) {

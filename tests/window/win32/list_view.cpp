@@ -1,14 +1,14 @@
-#include "window/win32/list_view_binding.h"
+#include "window/win32/lists.h"
 
 #include "window_test.h"
 
 namespace tavix::win32 {
 namespace {
 
-LRESULT CALLBACK CountMessage(HWND window, UINT message, WPARAM wide, LPARAM longer, UINT_PTR wanted,
+LRESULT CALLBACK CountMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR wanted,
                               DWORD_PTR count) {
   if (message == wanted) ++*reinterpret_cast<int*>(count);
-  return DefSubclassProc(window, message, wide, longer);
+  return DefSubclassProc(window, message, wParam, lParam);
 }
 
 class ListViewBindingTest : public WindowTest {
@@ -150,7 +150,7 @@ TEST_F(ListViewBindingTest, ARowIsPaintedInItsOwnColour) {
     draw.nmcd.hdr = {list, kIdResult, static_cast<UINT>(NM_CUSTOMDRAW)};
     draw.nmcd.dwDrawStage = CDDS_ITEMPREPAINT;
     draw.nmcd.dwItemSpec = static_cast<DWORD_PTR>(row);
-    Send(frame, WM_NOTIFY, kIdResult, reinterpret_cast<LPARAM>(&draw));
+    Send(mainWindow, WM_NOTIFY, kIdResult, reinterpret_cast<LPARAM>(&draw));
     return draw.clrText;
   };
   EXPECT_EQ(colorOf(0), GetSysColor(COLOR_WINDOWTEXT));
@@ -163,7 +163,7 @@ TEST_F(ListViewBindingTest, HeadersShowTheSortMarkAndRaiseTheirNumber) {
   NMLISTVIEW click{};
   click.hdr = {list, kIdResult, static_cast<UINT>(LVN_COLUMNCLICK)};
   click.iSubItem = 2;
-  Send(frame, WM_NOTIFY, kIdResult, reinterpret_cast<LPARAM>(&click));
+  Send(mainWindow, WM_NOTIFY, kIdResult, reinterpret_cast<LPARAM>(&click));
   EXPECT_EQ(clicked, 3);
 
   const auto header = reinterpret_cast<HWND>(Send(list, LVM_GETHEADER));

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "window/win32/window_context.h"
+
+namespace tavix::win32 {
+
+// What lies behind the controls of the main window and has no window of its own: its outline, the title strip
+// with two logos that can be clicked, and the lower panel.
+class Background {
+ public:
+  explicit Background(WindowContext& context) : context_(context) {}
+  void Paint(HDC canvas) const;
+  // The mouse has moved to this pixel, with these buttons held down.
+  void MouseMove(POINT position, int buttons);
+  // A button was released at this pixel.
+  void MouseUp(POINT position, int button) const;
+
+ private:
+  bool Covers(const Control& control, POINT position) const;
+  bool IsBare(POINT position) const;
+
+  WindowContext& context_;
+};
+
+}  // namespace tavix::win32

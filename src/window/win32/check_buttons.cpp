@@ -1,0 +1,108 @@
+// clang-format off
+#include "window/win32/buttons.h"
+#include <commctrl.h>
+// clang-format on
+
+#include <algorithm>
+
+#include "window/caption.h"
+#include "window/win32/marks.h"
+#include "window/win32/paint.h"
+
+namespace tavix::win32 {
+namespace {
+
+void ShowMark(HWND button, bool marked) {
+  const WPARAM mark = marked ? BST_CHECKED : BST_UNCHECKED;
+  if (static_cast<WPARAM>(SendMessageW(button, BM_GETCHECK, 0, 0)) != mark)
+    SendMessageW(button, BM_SETCHECK, mark, 0);
+}
+
+RECT CaptionArea(const WindowContext& context, RECT area) {
+  area.left += TickWidth(context) + context.Pixels(60);
+  return area;
+}
+
+COLORREF CaptionColor(const WindowContext& context, bool enabled) {
+  return enabled ? context.colors.text : context.colors.faintText;
+}
+
+// An outline around the words of a caption, not around its whole area.
+void DrawFocusAroundWords(HDC canvas, const WindowContext& context, RECT area, TextView caption) {
+  area.left -= context.Pixels(45);
+  area.right =
+      std::min<LONG>(area.right, area.left + context.Pixels(TextWidth(context, PlainCaption(caption)) + 90));
+  InflateRect(&area, 0, -context.Pixels(30));
+  DrawOutline(canvas, area, context.colors.accent);
+}
+
+}  // namespace
+
+//--- Check boxes
+
+CheckBoxBinding::CheckBoxBinding(CheckBox& model, WindowContext& context, int id, CheckBoxStyle style)
+    : PaintedBinding(model, context, CaptionName(model.Caption)), model_(model), style_(style) {
+  Create(id, L"BUTTON", BS_CHECKBOX | WS_TABSTOP);
+}
+
+void CheckBoxBinding::OnCommand(int code) {
+  if (code == BN_CLICKED) model_.SetValue(model_.GetValue() == 0 ? 1 : 0);
+}
+
+HBRUSH CheckBoxBinding::OnColors(HDC context) {
+  SetBkMode(context, TRANSPARENT);
+  return context_.background.Get();
+}
+
+void CheckBoxBinding::Show() { ShowMark(Window(), model_.GetValue() != 0); }
+
+void CheckBoxBinding::Paint(HDC canvas, const RECT& area, UINT) {
+  const Text& caption = model_.Caption.Get();
+  const COLORREF color = CaptionColor(context_, IsEnabled());
+  const bool focused = GetFocus() == Window();
+  RECT words = CaptionArea(context_, area);
+  FillArea(canvas, area, context_.colors.background);
+  DrawTick(canvas, context_, area, model_.GetValue() != 0 ? Tick::kWhole : Tick::kNone, IsEnabled());
+  if (style_ == CheckBoxStyle::kDialog) {
+    WriteCaption(canvas, caption, words, context_.font.Get(), color, DT_LEFT, HidesMnemonics());
+    if (focused) DrawFocusAroundWords(canvas, context_, words, caption);
+  } else {
+    WriteText(canvas, caption, words, context_.font.Get(), color, DT_LEFT | DT_VCENTER | DT_SINGLELINE);
+    words.left -= context_.Pixels(30);
+    InflateRect(&words, 0, -context_.Pixels(45));
+    if (focused) DrawOutline(canvas, words, context_.colors.accent);
+  }
+}
+
+//--- Option buttons
+
+OptionButtonBinding::OptionButtonBinding(OptionButton& model, WindowContext& context, int id, bool first)
+    : PaintedBinding(model, context, CaptionName(model.Caption)), model_(model) {
+  Create(id, L"BUTTON", BS_AUTORADIOBUTTON | (first ? WS_TABSTOP | WS_GROUP : 0U));
+}
+
+void OptionButtonBinding::OnCommand(int code) {
+  if (code == BN_CLICKED) Press();
+}
+
+void OptionButtonBinding::Show() { ShowMark(Window(), model_.GetValue()); }
+
+std::optional<LRESULT> OptionButtonBinding::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message != WM_SETFOCUS) return PaintedBinding::OnMessage(message, wParam, lParam);
+  // Not passed on: the system's button would check itself.
+  WindowBinding::OnMessage(message, wParam, lParam);
+  Redraw();
+  return 0;
+}
+
+void OptionButtonBinding::Paint(HDC canvas, const RECT& area, UINT) {
+  const Text& caption = model_.Caption.Get();
+  const RECT words = CaptionArea(context_, area);
+  FillArea(canvas, area, context_.colors.background);
+  DrawRing(canvas, context_, area, model_.GetValue(), IsEnabled());
+  WriteCaption(canvas, caption, words, context_.font.Get(), CaptionColor(context_, IsEnabled()), DT_LEFT,
+               HidesMnemonics());
+  if (GetFocus() == Window()) DrawFocusAroundWords(canvas, context_, words, caption);
+}
+
+}  // namespace tavix::win32

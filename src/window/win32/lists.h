@@ -1,0 +1,170 @@
+#pragma once
+
+#include <array>
+#include <vector>
+
+#include "controls/check_list.h"
+#include "controls/list_box.h"
+#include "controls/list_view.h"
+#include "window/win32/marks.h"
+#include "window/win32/window_binding.h"
+
+// All lists of rows. Rows are counted from 0 here, as the system does.
+namespace tavix::win32 {
+
+//--- Virtual list
+
+// A report list that keeps no rows: it asks for what it paints. A click on a box or the space bar changes the
+// tick in the model only; the shown tick follows it.
+class VirtualList : public OutlinedBinding {
+ public:
+  LRESULT OnNotify(NMHDR& header) override;
+
+ protected:
+  static constexpr int kRowHeight = 270;  // twips
+
+  VirtualList(Control& model, WindowContext& context, int id, DWORD style, ControlName name);
+
+  virtual int RowCount() = 0;
+  virtual TextView TextAt(int row, int column) = 0;
+  virtual bool CheckedAt(int row) = 0;
+  virtual void Toggle(int row) = 0;
+  // The model's row in focus, -1 for none.
+  virtual int FocusedRow() = 0;
+  // The user has moved the focus to this row.
+  virtual void OnRowFocused(int row) = 0;
+  // `row` is -1 for a click beside all rows.
+  virtual void OnRowClick(int row) = 0;
+  virtual void OnColumnClick(int column) { (void)column; }
+  // The user has highlighted these rows, or ended that; `first` below 0 means all rows.
+  virtual void OnRowsHighlighted(int first, int last, bool highlighted) {
+    (void)first, (void)last, (void)highlighted;
+  }
+  // Brings highlights that the program has changed to the list. By default, the row in focus has the only
+  // one.
+  virtual void ShowHighlights() {}
+  virtual COLORREF TextColorAt(int row) { return (void)row, GetSysColor(COLOR_WINDOWTEXT); }
+  // Whether the list scrolls to a row that the program puts the focus on.
+  virtual bool ScrollsToFocus() const { return false; }
+  std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+  void AddColumn(int column, TextView caption, int pixels);
+  // Tells the list how many rows there are, moves its focus to the model's and repaints it.
+  void ShowRows();
+  // Sets a state (LVIS_...) of one row, or of all rows for -1.
+  void SetState(int row, UINT mask, UINT state) const;
+  // The list's own row in focus, -1 for none.
+  int ShownFocus() const;
+  bool Has(int row) { return row >= 0 && row < RowCount(); }
+
+ private:
+  LRESULT Fill(LVITEMW& item);
+  LRESULT PaintRow(NMLVCUSTOMDRAW& draw);
+  void RowChanged(const NMLISTVIEW& change);
+  void RowsChanged(const NMLVODSTATECHANGE& change);
+  void ShowFocus();
+  int RowOfBoxAt(LPARAM position) const;
+  bool SelectsOne() const { return (GetWindowLongPtrW(Window(), GWL_STYLE) & LVS_SINGLESEL) != 0; }
+
+  ImageList ticks_;
+  bool showing_ = false;  // changes are the program's, not the user's
+};
+
+//--- Check list
+
+// The function list: one column without a header.
+class CheckListBinding : public VirtualList {
+ public:
+  CheckListBinding(CheckList& model, WindowContext& context, int id, ControlName name);
+
+ protected:
+  void Show() override;
+  int RowCount() override { return model_.ListCount(); }
+  TextView TextAt(int row, int column) override { return column == 0 ? model_.List(row) : TextView(); }
+  bool CheckedAt(int row) override { return model_.Selected(row); }
+  void Toggle(int row) override;
+  int FocusedRow() override { return model_.ListIndex; }
+  void OnRowFocused(int row) override;
+  void OnRowClick(int row) override;
+  std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+  void OnMouseMove(int buttons) override { model_.MouseMove(buttons); }
+
+ private:
+  CheckList& model_;
+  bool clickReported_ = false;  // the click in progress has moved the focus, which the model knows
+};
+
+//--- List view
+
+struct ListStyle {
+  bool checkBoxes = true;
+  // A focus moved by keys counts as a click; one moved by the program scrolls the list.
+  bool followsFocus = false;
+};
+constexpr ListStyle kResultList{};
+constexpr ListStyle kTickedOptionList{.followsFocus = true};
+constexpr ListStyle kPlainOptionList{.checkBoxes = false, .followsFocus = true};
+
+// Columns with sort marks, rows with colours of their own, any number of them highlighted. Highlighting costs
+// no message a row.
+class ListViewBinding : public VirtualList {
+ public:
+  ListViewBinding(ListView& model, WindowContext& context, int id, ControlName name, ListStyle style);
+  LRESULT OnNotify(NMHDR& header) override;
+
+ protected:
+  void Show() override;
+  std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+  int RowCount() override { return model_.Count(); }
+  TextView TextAt(int row, int column) override;
+  bool CheckedAt(int row) override { return model_.Row(row + 1).Checked(); }
+  void Toggle(int row) override;
+  int FocusedRow() override { return model_.SelectedRow() - 1; }
+  void OnRowFocused(int row) override;
+  void OnRowsHighlighted(int first, int last, bool highlighted) override;
+  void ShowHighlights() override;
+  void OnRowClick(int row) override;
+  void OnColumnClick(int column) override { model_.ColumnClick(column + 1); }
+  COLORREF TextColorAt(int row) override;
+  bool ScrollsToFocus() const override { return style_.followsFocus; }
+  void OnMouseMove(int buttons) override { model_.MouseMove(buttons); }
+
+ private:
+  void RemoveCheckBoxes();
+  void ShowColumns();
+  void ShowColors();
+  LRESULT Select(UINT message, WPARAM wParam, LPARAM lParam);
+  void ReadHighlights();
+  void AskForMenu(LPARAM position);
+  int HighlightedRows();
+
+  ListView& model_;
+  ListStyle style_;
+  std::array<ListView::ColumnHeader, ListView::kColumns> columns_;  // as they were shown last
+  COLORREF back_ = CLR_NONE;
+  uint32_t highlights_ = 0;  // the model's count of changes when they were last shown
+  ImageList spacers_;        // keep rows without boxes apart
+};
+
+//--- List box
+
+// A list of lines, any number of which can be selected.
+class ListBoxBinding : public OutlinedBinding {
+ public:
+  ListBoxBinding(ListBox& model, WindowContext& context, int id, ControlName name);
+  void OnCommand(int code) override;
+  HBRUSH OnColors(HDC context) override;
+
+ protected:
+  void Show() override;
+  std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+ private:
+  void ShowRows();
+  bool IsSelected(int row) const { return Send(LB_GETSEL, static_cast<WPARAM>(row)) > 0; }
+
+  ListBox& model_;
+  std::vector<Text> rows_;  // as they were shown last
+};
+
+}  // namespace tavix::win32

@@ -1,0 +1,52 @@
+#include <iterator>
+
+#include "forms/main_form.h"
+#include "window/win32/buttons.h"
+#include "window/win32/control_ids.h"
+#include "window/win32/labels.h"
+#include "window/win32/lists.h"
+#include "window/win32/main_window.h"
+#include "window/win32/tree_binding.h"
+#include "window/win32/web_binding.h"
+
+namespace tavix::win32 {
+
+void AddMainFormControls(BindingList& controls, const Palette& colors) {
+  MainForm& form = frmPubMain;
+
+  constexpr int kPageIds[] = {kIdPrivacy, kIdSystem, kIdRegistry, kIdAdvanced, kIdOptions, kIdOneClick};
+  for (size_t i = 0; i < std::size(kPageIds); ++i)
+    controls.Add<PictureBinding>(*form.PagePictures()[i], kPageIds[i], colors.background);
+
+  // The scope tree lies in front of the function list, and the privacy tree in front of both.
+  WindowBinding& privacyTree = controls.Add<TreeBinding>(form.trvPrivacy, kIdPrivacyTree,
+                                                         FixedName(u"Privacy functions"), kFunctionTree);
+  controls.Add<TreeBinding>(form.trvRes, kIdScopeTree, FixedName(u"Drives and folders"), kFolderTree)
+      .HideBelow(privacyTree);
+  controls.Add<CheckListBinding>(form.lst, kIdFunctions, FixedName(u"Functions"));
+
+  controls.Add<ListViewBinding>(form.lsvResult, kIdResult, FixedName(u"Results"), kResultList);
+  controls.Add<CheckBoxBinding>(form.cbxAll, kIdCheckAll, CheckBoxStyle::kMainWindow);
+  controls.AddAll<ButtonBinding>(form.sbtToolbar, kIdToolbar);
+
+  controls.Add<LabelBinding>(form.lblProgS, kIdStatus, kPanelLabel);
+  controls.Add<LinkBinding>(form.lblOpt, kIdOptionLink);
+  controls.Add<LabelBinding>(form.lblOptPrompt, kIdOptionPrompt, kPanelLabel);
+  controls.Add<ProgressBinding>(form.lblProgMO, kIdProgress, form.lblProgMI);
+  controls.Add<LabelBinding>(form.lblTimeP, kIdTimePrefix, kPanelLabel);
+  controls.Add<LabelBinding>(form.lblTime, kIdTime, kPanelLabel);
+  controls.Add<LabelBinding>(form.lblSum, kIdSum, kSumLabel);
+  controls.Add<WebBinding>(form.webGIF, kIdBusyPage, form.mhtm);
+  controls.Add<ButtonBinding>(form.sbtScan, kIdScan, true);
+  controls.Add<ButtonBinding>(form.sbtCancel, kIdCancel, true);
+  controls.Add<ButtonBinding>(form.sbtClean, kIdClean, true);
+  controls.Add<ButtonBinding>(form.sbtRepair, kIdRepair, true);
+
+  controls.Add<PictureBinding>(form.picHelp, kIdTitleHelp, colors.title);
+  controls.Add<PictureBinding>(form.picCommend, kIdTitleCommend, colors.title);
+  controls.Add<PictureBinding>(form.picMini, kIdMini, colors.title);
+  controls.Add<PictureBinding>(form.picClose, kIdClose, colors.title);
+  controls.Add<LabelBinding>(form.lblVer, kIdVersion, kTitleStripLabel, &form.picTitle);
+}
+
+}  // namespace tavix::win32
