@@ -34,7 +34,7 @@ class WindowsRegistryLinks : public testing::Test {
     return names;
   }
   // Whether the key exists, as a link or a plain key.
-  static bool Exists(TextView key) {
+  static bool KeyOrLinkExists(TextView key) {
     const RegistryKeyHandle hive = native::OpenHive(Hive::LocalMachine);
     return static_cast<bool>(
         native::Open(hive.Get(), In(key), KEY_QUERY_VALUE, native::LastPart::kOpenLink).key);
@@ -69,7 +69,7 @@ TEST_F(WindowsRegistryLinks, DeletingALinkLeavesItsTarget) {
   ASSERT_TRUE(Write(u"Target\\Below"));
   Link(u"Link", u"Target");
   EXPECT_TRUE(Delete(u"Link"));
-  EXPECT_FALSE(Exists(u"Link"));
+  EXPECT_FALSE(KeyOrLinkExists(u"Link"));
   EXPECT_EQ(Read(u"Target"), u"Target");
   EXPECT_EQ(Read(u"Target\\Below"), u"Target\\Below");
 }
@@ -79,7 +79,7 @@ TEST_F(WindowsRegistryLinks, DeletingTheKeyAboveALinkLeavesItsTarget) {
   ASSERT_TRUE(Write(u"Tree\\A\\Plain"));
   Link(u"Tree\\A\\Link", u"Target");
   EXPECT_TRUE(Delete(u"Tree"));
-  EXPECT_FALSE(Exists(u"Tree"));
+  EXPECT_FALSE(KeyOrLinkExists(u"Tree"));
   EXPECT_EQ(Read(u"Target\\Below"), u"Target\\Below");
 }
 
@@ -88,7 +88,7 @@ TEST_F(WindowsRegistryLinks, DeletesWhatALinkOnTheWayLeadsTo) {
   ASSERT_TRUE(Write(u"Target\\Other"));
   Link(u"Link", u"Target");
   EXPECT_TRUE(Delete(u"Link\\Below"));
-  EXPECT_TRUE(Exists(u"Link"));
+  EXPECT_TRUE(KeyOrLinkExists(u"Link"));
   EXPECT_EQ(SubKeys(u"Target"), std::vector<Text>{u"Other"});
 }
 
@@ -103,16 +103,16 @@ TEST_F(WindowsRegistryLinks, DeletesALinkThatLeadsNowhere) {
   Link(u"Tree\\Link", u"Missing");
   EXPECT_FALSE(Exists(u"Tree\\Link"));
   EXPECT_TRUE(SubKeys(u"Tree\\Link").empty());
-  EXPECT_TRUE(Exists(u"Tree\\Link"));
+  EXPECT_TRUE(KeyOrLinkExists(u"Tree\\Link"));
   EXPECT_TRUE(Delete(u"Tree\\Link"));
-  EXPECT_FALSE(Exists(u"Tree\\Link"));
+  EXPECT_FALSE(KeyOrLinkExists(u"Tree\\Link"));
 }
 
 TEST_F(WindowsRegistryLinks, DeletesALinkToTheKeyAboveIt) {
   ASSERT_TRUE(Write(u"Tree\\A"));
   Link(u"Tree\\A\\Up", u"Tree");
   EXPECT_TRUE(Delete(u"Tree"));
-  EXPECT_FALSE(Exists(u"Tree"));
+  EXPECT_FALSE(KeyOrLinkExists(u"Tree"));
 }
 
 TEST(WindowsRegistry, LeavesHkeyClassesRootToTheMergedOne) {
