@@ -8,6 +8,7 @@
 #include <set>
 
 #include "clean/failing_store.h"
+#include "forms/main_form.h"
 #include "frame/settings.h"
 #include "platform/machine/host_store.h"
 #include "platform/machine/journal.h"

@@ -6,6 +6,7 @@
 
 #include "catalogue/functions.h"
 #include "console/choices.h"
+#include "forms/main_form.h"
 #include "frame/settings.h"
 #include "frame/start_up.h"
 #include "platform/machine/machine_file_system.h"
@@ -88,7 +89,7 @@ class Trial {
 
   // False where the program ends at once, since a link stands in the place of its data.
   bool Start() {
-    WireMainForm();
+    WireForms();
     if (!Form_Load()) {
       EXPECT_EQ(Difference(made_, Picture()), "") << "the program has no data of its own here";
       return false;

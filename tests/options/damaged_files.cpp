@@ -1,3 +1,4 @@
+#include "forms/main_form.h"
 #include "frame/support/text_file.h"
 #include "junk/junk_definitions.h"
 #include "options/options_test.h"

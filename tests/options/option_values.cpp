@@ -1,5 +1,6 @@
 #include "options/option_values.h"
 
+#include "forms/main_form.h"
 #include "frame/support/ini_text.h"
 #include "frame/support/text_file.h"
 #include "options/options_test.h"

@@ -2,8 +2,10 @@
 
 #include <functional>
 
+#include "forms/main_form.h"
 #include "frame/settings.h"
 #include "frame/support/file_system_object.h"
+#include "platform/event_queue.h"
 #include "platform/shortcut_bytes.h"
 #include "scan/scan_driver.h"
 #include "scan/scan_test.h"

@@ -4,7 +4,6 @@
 
 #include <vector>
 
-#include "forms/main_form.h"
 #include "platform/machine/memory_host.h"
 
 namespace tavix {
@@ -31,6 +30,8 @@ class ProgramTest : public testing::Test {
  protected:
   // Form_Load with everything wired.
   void Start();
+  // From Form_Load to Form_Unload.
+  static bool IsStarted();
   // One string value, made with its key.
   void Seed(platform::Hive hive, TextView key, TextView name, TextView data);
 

@@ -5,6 +5,7 @@
 #include "forms/about_form.h"
 #include "forms/main_form.h"
 #include "platform/windows/wide.h"
+#include "window/layout.h"
 #include "window/win32/label_binding.h"
 #include "window/win32/paint.h"
 #include "window/win32/push_binding.h"
@@ -15,10 +16,6 @@ namespace {
 constexpr wchar_t kClass[] = L"TavixAboutWindow";
 constexpr DWORD kStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
 constexpr DWORD kExtendedStyle = WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT;
-
-// Of what lies in the frame, in twips.
-constexpr int kWidth = 5700;
-constexpr int kHeight = 2250;
 
 // The Escape key presses the button with the number that dialogs have for it.
 enum ControlId : int { kIdClose = IDCANCEL, kIdProduct = 100, kIdCopyright, kIdMailer, kIdWeb };
@@ -68,10 +65,9 @@ bool AboutWindow::Create(HWND owner) {
   MakeDrawingTools(*context_);
   MakeClassKnown(kClass);
   context_->form = &frmPubAbout;
-  frmPubAbout.Width = kWidth;
-  frmPubAbout.Height = kHeight;
-  frmPubAbout.Resize();
-  const RECT place = PlaceOver(owner, {context_->Pixels(kWidth), context_->Pixels(kHeight)});
+  LayOutAboutForm([this](TextView text) { return TextWidth(*context_, text); });
+  const RECT place =
+      PlaceOver(owner, {context_->Pixels(frmPubAbout.Width), context_->Pixels(frmPubAbout.Height)});
   const HWND window =
       CreateWindowExW(kExtendedStyle, kClass, windows::Wide(frmPubAbout.Caption.Get()), kStyle, place.left,
                       place.top, place.right - place.left, place.bottom - place.top, owner, nullptr,

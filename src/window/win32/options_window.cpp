@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "forms/options_form.h"
-#include "window/options_layout.h"
+#include "window/layout.h"
 #include "window/win32/dialog_check_binding.h"
 #include "window/win32/dialog_ids.h"
 #include "window/win32/dialog_label_binding.h"

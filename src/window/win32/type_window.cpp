@@ -1,7 +1,7 @@
 #include "window/win32/type_window.h"
 
 #include "forms/type_form.h"
-#include "window/type_layout.h"
+#include "window/layout.h"
 #include "window/win32/dialog_ids.h"
 #include "window/win32/dialog_label_binding.h"
 #include "window/win32/push_binding.h"
