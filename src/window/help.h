@@ -1,7 +1,7 @@
 #pragma once
 
-// The help menu and the links: help file, web sites, mails, about window. A program that can't be started is
-// skipped without a word.
+// The help menu and the links: help file, web sites, mails, about window. If a program can't be started,
+// nothing happens.
 namespace tavix::mdlPubSelf {
 
 // Pops up the help menu.
