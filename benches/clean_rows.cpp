@@ -24,7 +24,7 @@ namespace fs = std::filesystem;
 // Every second row is ticked. The rows name a registry value that doesn't exist.
 void CleanEverySecondRow(benchmark::State& state) {
   machine::MemoryHost host;
-  WireMainForm();
+  WireForms();
   Form_Load();
   const int rows = static_cast<int>(state.range(0));
   for (auto _ : state) {
@@ -65,7 +65,7 @@ void CleanFilesOfAMachineFolder(benchmark::State& state) {
       state.SkipWithError(error.c_str());
       break;
     }
-    WireMainForm();
+    WireForms();
     Form_Load();
     CleaningMethod = Text(u"D");
     ClearResults();

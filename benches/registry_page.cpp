@@ -101,7 +101,7 @@ struct Folder {
 template <class Machine>
 void ScanPage(benchmark::State& state) {
   const Machine machine(static_cast<int>(state.range(0)));
-  WireMainForm();
+  WireForms();
   mdlPubSelf::Form_Load();
   frmPubMain.picRegistry.MouseUp(kLeftButton);
   for (auto _ : state) frmPubMain.sbtScan.Click();

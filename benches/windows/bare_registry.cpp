@@ -143,7 +143,7 @@ double Milliseconds(Work work) {
 
 int main(int count, char** arguments) {
   const windows::WindowsHost host;
-  WireMainForm();
+  WireForms();
   mdlPubSelf::Form_Load();
   frmPubMain.picRegistry.MouseUp(kLeftButton);
   double page = 1e9, bare = 1e9;

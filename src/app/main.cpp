@@ -17,7 +17,7 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
   InitCommonControlsEx(&controls);
   const tavix::windows::WindowsHost host;
   if (!tavix::mdlPubSelf::Form_Initialize()) return 0;
-  tavix::WireMainForm();
+  tavix::WireForms();
   tavix::win32::MainWindow window;
   if (!window.Create()) return 1;
   const tavix::win32::AboutWindow about;

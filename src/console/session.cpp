@@ -93,7 +93,7 @@ bool Run(const Options& options, std::string& error) {
 }  // namespace
 
 int RunSession(const Options& options, std::string& error) {
-  WireMainForm();
+  WireForms();
   if (!mdlPubSelf::Form_Initialize()) {
     error = "another copy of the program runs over this machine";
     return 3;

@@ -6,15 +6,15 @@
 
 namespace tavix {
 
-// A list of lines with a check box each, rows addressed from 0. A row that isn't there has an empty text
-// and no tick, and setting it does nothing.
+// A list of lines, each with a check box. Rows are counted from 0. A row that isn't there has an empty text
+// and no tick; setting it does nothing.
 class CheckList : public Control {
  public:
-  Property<int> ListIndex{this, -1};  // the row in focus, -1 for none
+  Property<int> ListIndex{this, -1};  // the row with the focus, -1 for none
   Property<Color> BackColor{this, kWindowBackground};
   Property<Color> ForeColor{this, kWindowText};
   Event<> Click;
-  Event<int> ItemCheck;  // the row whose tick or text was set
+  Event<int> ItemCheck;  // the row whose tick or text has changed
   Event<int> MouseMove;  // the buttons held down
 
   int ListCount() const { return static_cast<int>(rows_.size()); }
@@ -22,11 +22,11 @@ class CheckList : public Control {
   void Clear();
 
   TextView List(int row) const;
-  // A new text raises ItemCheck, since the real list takes the row out and puts it in again.
+  // Raises ItemCheck if the text changes: the real list removes the row and adds it again.
   void SetList(int row, TextView text);
 
   bool Selected(int row) const;
-  // Raises ItemCheck when the tick changes, as a click on the box does.
+  // Raises ItemCheck if the tick changes, as a click on the box does.
   void SetSelected(int row, bool selected);
 
  private:

@@ -5,15 +5,16 @@
 
 namespace tavix {
 
-// The real control behind a model, if there is one. It is told that something of the model has changed
-// and looks up by itself what.
+// The real control that shows a model. Tests and the console have none.
 class ControlPeer {
  public:
   virtual ~ControlPeer() = default;
+  // Something in the model has changed. The peer reads from the model what to show.
   virtual void ModelChanged() = 0;
 };
 
-// Lengths are in twips, 15 to a pixel at 96 DPI, from the window's upper left corner.
+// The model of a control, or of a window. Positions are from the window's upper left corner. Lengths are in
+// twips: 15 twips are a pixel at 96 DPI.
 class Control : public PropertyOwner {
  public:
   Control() = default;
@@ -28,15 +29,15 @@ class Control : public PropertyOwner {
   Property<int> Height{this, 0};
   Property<Text> ToolTipText{this};
 
-  ControlPeer* peer = nullptr;  // not owned
-  intptr_t hWnd = 0;            // the real control's window, 0 without one
+  ControlPeer* peer = nullptr;  // not owned; null without a real control
+  intptr_t hWnd = 0;            // the real control's window; 0 without one
 
   void PropertyChanged() override {
     if (peer != nullptr) peer->ModelChanged();
   }
 };
 
-// Buttons and shift keys as the mouse events pass them.
+// Mouse buttons and shift keys in the arguments of events. Their sums mean several held at once.
 constexpr int kLeftButton = 1;
 constexpr int kRightButton = 2;
 constexpr int kShift = 1;
@@ -55,7 +56,7 @@ class Label : public Control {
 class Button : public Control {
  public:
   Property<Text> Caption{this};
-  // Runs the handler whether or not the button is enabled; the real button raises it only when it is.
+  // A call runs the handler even if the button is disabled. The real button calls only while enabled.
   Event<> Click;
 };
 
@@ -65,10 +66,10 @@ class CheckBox : public Control {
   Event<> Click;
 
   int GetValue() const { return value_; }
-  // 0 unticked, 1 ticked. Another value than before runs the click handler, the same value does nothing.
+  // 0 unticked, 1 ticked. A change runs the click handler.
   void SetValue(int value);
 
-  // Reads and assigns like a number, as the other properties do.
+  // Lets the value be read and assigned like the other properties.
   struct ValueProperty {
     CheckBox* box;
     operator int() const { return box->GetValue(); }
@@ -83,48 +84,48 @@ class CheckBox : public Control {
   int value_ = 0;
 };
 
-// A picture by the key of its bitmap among the program's resources; an empty key shows nothing.
+// A bitmap of the program's resources, named by its key. An empty key shows nothing.
 class PictureBox : public Control {
  public:
   Property<Text> Picture{this};
   Property<int> BorderStyle{this, 0};
   Property<Text> AccessibleName{this};
-  Event<> Click;         // by the left button, behind MouseUp
+  Event<> Click;         // by the left button, after MouseUp
   Event<int> MouseUp;    // the button released
   Event<int> MouseMove;  // the buttons held down
 };
 
-// Raises its event every `Interval` milliseconds; 0 is idle.
+// Raises Tick every `Interval` milliseconds. 0 stops it.
 class Timer : public Control {
  public:
   Property<int> Interval{this, 0};
   Event<> Tick;
 };
 
-// The embedded page. It is never busy where no engine is there.
+// The embedded web page. Without a web engine it stays blank and is never busy.
 class WebBrowser : public Control {
  public:
   Property<bool> Busy{this, false};
-  Property<Text> Address{this};  // what it was sent to
-  Event<> DocumentComplete;      // the page has been read whole
+  Property<Text> Address{this};  // where Navigate has sent it
+  Event<> DocumentComplete;      // the page is loaded
   void Navigate(TextView address) { Address = Text(address); }
 };
 
-// The document of the embedded page.
+// The document of the embedded web page.
 class WebDocument : public Control {
  public:
-  Property<Text> Scroll{this};  // attribute of the body
-  Event<bool&> oncontextmenu;   // set to false to keep the page's menu away
+  Property<Text> Scroll{this};  // the attribute of the body element
+  Event<bool&> oncontextmenu;   // false keeps the page's menu from opening
 };
 
-// The hidden list of the files of a folder that fit a pattern.
+// A hidden control: the files of a folder that match a pattern. The walkers list them.
 class FileListBox : public Control {
  public:
   Property<Text> Path{this};
   Property<Text> Pattern{this, u"*.*"};
 };
 
-// Fetches a text from a web address.
+// A hidden control: the address and time limit of a download.
 class InternetTransfer : public Control {
  public:
   Property<Text> URL{this};

@@ -1,30 +1,16 @@
 #include "controls/form.h"
 
+#include "controls/list_view.h"
+#include "controls/menu.h"
+
 namespace tavix {
+namespace {
 
-Text FormTexts::Member(TextView name, size_t index) {
-  return Concat(name, u"(", ToText(static_cast<long long>(index)), u")");
+NamedText Named(TextView name, Property<Text>& text) {
+  return {Text(name), [&text] { return text.Get(); }, [&text](TextView words) { text = Text(words); }};
 }
 
-FormTexts& FormTexts::Add(TextView name, Property<Text>& text) {
-  texts_.push_back(
-      {Text(name), [&text] { return text.Get(); }, [&text](TextView value) { text = Text(value); }});
-  return *this;
-}
-
-FormTexts& FormTexts::AddHeaders(TextView name, ListView& list, int columns) {
-  for (int column = 1; column <= columns; ++column) {
-    Text& caption = list.ColumnHeaders[static_cast<size_t>(column) - 1].Caption;
-    texts_.push_back({Member(Concat(name, u".ColumnHeaders"), static_cast<size_t>(column)),
-                      [&caption] { return caption; },
-                      [&caption, &list](TextView value) {
-                        if (caption == value) return;
-                        caption = value;
-                        list.PropertyChanged();
-                      }});
-  }
-  return *this;
-}
+}  // namespace
 
 void Form::LoadOnce() {
   if (Loaded) return;
@@ -32,8 +18,36 @@ void Form::LoadOnce() {
   Load();
 }
 
-FormTexts& FormTexts::AddToolTip(TextView name, Control& control) {
-  return Add(Concat(name, u".ToolTipText"), control.ToolTipText);
+void Form::Say(TextView name, Property<Text>& text, TextView words) {
+  text = Text(words);
+  texts_.push_back(Named(name, text));
+}
+
+void Form::SayToolTip(TextView name, Control& control, TextView words) {
+  Say(Concat(name, u".ToolTipText"), control.ToolTipText, words);
+}
+
+void Form::SayColumns(TextView name, ListView& list, std::initializer_list<Column> columns) {
+  size_t number = 0;
+  for (const Column& column : columns) {
+    ListView::ColumnHeader& header = list.ColumnHeaders[number++];
+    header = {Text(column.title), column.width};
+    texts_.push_back({Member(Concat(name, u".ColumnHeaders"), number), [&header] { return header.Caption; },
+                      [&header, &list](TextView title) {
+                        if (header.Caption == title) return;
+                        header.Caption = title;
+                        list.PropertyChanged();
+                      }});
+  }
+}
+
+void Form::SayMenu(TextView name, MenuItem& entry, TextView caption) {
+  entry.Caption = Text(caption);
+  menus_.push_back(Named(name, entry.Caption));
+}
+
+Text Form::Member(TextView name, size_t index) {
+  return Concat(name, u"(", ToText(static_cast<long long>(index)), u")");
 }
 
 }  // namespace tavix

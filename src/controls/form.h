@@ -1,64 +1,79 @@
 #pragma once
 
+#include <array>
 #include <functional>
+#include <initializer_list>
 #include <vector>
 
 #include "controls/control.h"
-#include "controls/list_view.h"
 
 namespace tavix {
 
-// A text of a form under the name by which a catalogue of texts addresses it: "sbtScan" a control's caption,
-// "sbtToolbar(0)" that of a member of an array, "picClose.ToolTipText" a tool tip,
-// "lsvResult.ColumnHeaders(1)" a column's title, "Caption" the title of the window.
+class ListView;
+class MenuItem;
+
+// A text of a form that a catalogue may replace, under its name in the catalogue:
+//   Caption                       the title of the window
+//   sbtScan                       the caption of a control
+//   sbtToolbar(0)                 the caption of a member of an array, counted from 0
+//   picClose.ToolTipText          a tool tip
+//   lsvResult.ColumnHeaders(1)    the title of a column, counted from 1
 struct NamedText {
   Text Name;
   std::function<Text()> Get;
   std::function<void(TextView)> Set;
 };
 
-// Collects the texts of a form. The controls outlive what is collected.
-class FormTexts {
+// A window. Its controls are members of the form; the form's constructor gives them their texts.
+// An event tells the program what has happened. One marked "command" goes the other way: the program tells
+// the real window what to do.
+class Form : public Control {
  public:
-  FormTexts& Add(TextView name, Property<Text>& text);
-  // The captions of all members of an array, numbered from 0.
-  template <class Controls>
-  FormTexts& AddAll(TextView name, Controls& members) {
-    for (size_t i = 0; i < members.size(); ++i) Add(Member(name, i), members[i].Caption);
-    return *this;
+  Property<Text> Caption{this};
+  // The control with the focus; setting it moves the focus. Null for none.
+  Property<Control*> ActiveControl{this, nullptr};
+
+  Event<int, int> KeyDown;  // virtual key code, shift state (kShift, kCtrl, kAlt); before the control gets it
+  Event<> Load;             // before the form is shown for the first time, and again after each Unload
+  Event<> Resize;           // the form has its size; after Load, before it is seen
+  Event<> ShowModal;        // command: shows the form over the window in front, returns when it is closed
+  Event<> Unload;           // command: closes the window
+
+  bool Loaded = false;  // from Load until the window is closed
+  // Raises Load if the form isn't loaded. Called before the form is shown or used from outside.
+  void LoadOnce();
+
+  // The section of the catalogues that holds the form's texts.
+  TextView Name() const { return name_; }
+  // What a catalogue of texts may replace, and what a catalogue of menus may.
+  const std::vector<NamedText>& Texts() const { return texts_; }
+  const std::vector<NamedText>& Menus() const { return menus_; }
+
+ protected:
+  struct Column {
+    TextView title;
+    int width;  // twips
+  };
+
+  explicit Form(TextView name) : name_(name) {}
+
+  // Each gives texts of the form their built-in words and lists them for the catalogues, in the order of
+  // the calls.
+  void Say(TextView name, Property<Text>& text, TextView words);
+  void SayToolTip(TextView name, Control& control, TextView words);
+  template <class C, size_t N>
+  void SayAll(TextView name, std::array<C, N>& members, const TextView (&captions)[N]) {
+    for (size_t i = 0; i < N; ++i) Say(Member(name, i), members[i].Caption, captions[i]);
   }
-  // The titles of the first columns of a list, numbered from 1.
-  FormTexts& AddHeaders(TextView name, ListView& list, int columns);
-  FormTexts& AddToolTip(TextView name, Control& control);
-  std::vector<NamedText> Take() { return std::move(texts_); }
+  // The first columns of a list. The others have no title and no width.
+  void SayColumns(TextView name, ListView& list, std::initializer_list<Column> columns);
+  void SayMenu(TextView name, MenuItem& entry, TextView caption);
 
  private:
   static Text Member(TextView name, size_t index);
 
-  std::vector<NamedText> texts_;
-};
-
-// A window. Events without "the user" in their comment are commands of the program to the real window.
-struct Form : Control {
-  Property<Text> Caption{this};
-  // The control that has the focus; setting it moves the focus there.
-  Property<Control*> ActiveControl{this, nullptr};
-
-  Event<int, int> KeyDown;  // virtual key code, shift state, before the control in focus gets it
-  Event<> Load;             // the form is about to be shown for the first time, or anew after Unload
-  Event<> Resize;           // the form has got its size; behind Load, before it is seen
-  // Shows the form over the window in front, and returns when it is closed and no longer loaded.
-  Event<> ShowModal;
-  Event<> Unload;  // closes the window
-
-  bool Loaded = false;  // between Load and the closing of the window
-  // Raises Load where the form isn't loaded: before it is shown, or something of it is used from outside.
-  void LoadOnce();
-
-  virtual TextView Name() const = 0;
-  // What a catalogue of texts, or of menus, may replace.
-  virtual std::vector<NamedText> Texts() = 0;
-  virtual std::vector<NamedText> Menus() { return {}; }
+  TextView name_;
+  std::vector<NamedText> texts_, menus_;
 };
 
 }  // namespace tavix

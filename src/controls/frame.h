@@ -4,7 +4,7 @@
 
 namespace tavix {
 
-// A frame with a title around a group of controls, or around a page of them.
+// A titled box around a group of controls, or a whole page of controls.
 class Frame : public Control {
  public:
   Property<Text> Caption{this};

@@ -5,8 +5,8 @@
 
 namespace tavix {
 
-// A sequence with a hole that moves to where elements are removed, so that removing them one after
-// another from either end moves each element that stays at most once.
+// A sequence with a gap at the place of the last removal. Removing elements in order, from either end, moves
+// each remaining element at most once.
 template <class T>
 class GapSequence {
  public:
@@ -36,7 +36,7 @@ class GapSequence {
     items_ = {};
     gap_ = gapBegin_ = 0;
   }
-  // All elements in one piece, for sorting in place.
+  // All elements without the gap, for sorting in place.
   std::vector<T>& Whole() {
     CloseGap();
     return items_;
@@ -51,7 +51,7 @@ class GapSequence {
 
   std::vector<T> items_;
   size_t gapBegin_ = 0;
-  size_t gap_ = 0;
+  size_t gap_ = 0;  // its length
 };
 
 }  // namespace tavix

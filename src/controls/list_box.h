@@ -6,8 +6,8 @@
 
 namespace tavix {
 
-// A list of lines of which any number can be selected, rows addressed from 0. A row that isn't there has an
-// empty text and isn't selected; setting or removing it does nothing. Changes by the program raise nothing.
+// A list of lines; any number can be selected. Rows are counted from 0. A row that isn't there has an empty
+// text and isn't selected; setting or removing it does nothing. Changes by the program raise no event.
 class ListBox : public Control {
  public:
   Event<int, int> KeyUp;  // virtual key code, shift state

@@ -54,16 +54,16 @@ ListView::Item ListView::Add(TextView text) {
 }
 
 ListView::Item ListView::Row(int position) {
-  EstablishOrder();
+  SortNewRows();
   return {this, order_[position - 1]};
 }
 
 void ListView::Remove(int position) {
-  EstablishOrder();
+  SortNewRows();
   if (order_[position - 1] == focused_) focused_ = kNone;
   order_.Remove(position - 1);
   ++highlightChanges_;
-  if (position <= inOrder_) --inOrder_;
+  if (position <= sortedCount_) --sortedCount_;
   PropertyChanged();
 }
 
@@ -73,16 +73,22 @@ void ListView::Clear() {
   rows_ = 0;
   texts_.Clear();
   last_ = {};
-  inOrder_ = 0;
-  placedBelow_ = 0;
+  sortedCount_ = 0;
+  sortedBelow_ = 0;
   focused_ = kNone;
   ++highlightChanges_;
   PropertyChanged();
 }
 
+void ListView::SortByClick(int column) {
+  Sorted = true;
+  SortKey = column;
+  SortOrder = SortOrder == 0 ? 1 : 0;
+}
+
 int ListView::SelectedRow() {
   if (focused_ == kNone) return 0;
-  EstablishOrder();
+  SortNewRows();
   for (int i = 0; i < Count(); ++i) {
     if (order_[i] == focused_) return i + 1;
   }
@@ -90,7 +96,7 @@ int ListView::SelectedRow() {
 }
 
 uint32_t ListView::HighlightChanges() {
-  EstablishOrder();
+  SortNewRows();
   return highlightChanges_;
 }
 
@@ -108,19 +114,14 @@ void ListView::SelectRow(int position) {
 }
 
 void ListView::FocusRow(int position) {
-  EstablishOrder();
+  SortNewRows();
   focused_ = position >= 1 && position <= Count() ? order_[position - 1] : kNone;
   PropertyChanged();
 }
 
 void ListView::PropertyChanged() {
-  AdoptSorting();
+  ApplySortSettings();
   Control::PropertyChanged();
-}
-
-size_t ListView::MemoryUsed() const {
-  return blocks_.size() * kRowsInBlock * sizeof(RowData) + texts_.MemoryUsed() +
-         static_cast<size_t>(order_.Size()) * sizeof(uint32_t);
 }
 
 void ListView::SetField(uint32_t row, int field, TextView text) {
@@ -129,35 +130,35 @@ void ListView::SetField(uint32_t row, int field, TextView text) {
   RowData& data = Data(row);
   if (data.fields[field] == last) return;
   data.fields[field] = last;
-  // A row already in its place is in the wrong one now. Rows behind are not placed yet.
-  if (sorted_ && field == key_ && row < placedBelow_) inOrder_ = 0;
+  // A row already sorted in may be at the wrong position now: sort anew. Later rows are still to be sorted.
+  if (sorted_ && field == key_ && row < sortedBelow_) sortedCount_ = 0;
   Control::PropertyChanged();
 }
 
-// A new sorting starts from the order that the old one has given, as it would if each took effect at once.
-// Turning the direction of one column needs no look at the order before it.
-void ListView::AdoptSorting() {
+// Sorting is stable, so the old order is completed before a sort by another column starts from it. Reversing
+// the same column needs no such step.
+void ListView::ApplySortSettings() {
   if (sorted_ == Sorted && key_ == SortKey && direction_ == SortOrder) return;
   const bool turned = sorted_ && Sorted && key_ == SortKey;
-  if (!turned) EstablishOrder();
+  if (!turned) SortNewRows();
   sorted_ = Sorted;
   key_ = SortKey;
   direction_ = SortOrder;
-  inOrder_ = 0;
+  sortedCount_ = 0;
 }
 
-void ListView::EstablishOrder() {
-  if (!sorted_ || inOrder_ == Count() || key_ < 0 || key_ >= kColumns) return;
+void ListView::SortNewRows() {
+  if (!sorted_ || sortedCount_ == Count() || key_ < 0 || key_ >= kColumns) return;
   std::vector<uint32_t>& order = order_.Whole();
   const bool descending = direction_ != 0;
   const auto textOf = [this](uint32_t row) { return Field(row, key_); };
-  SortRows(std::span(order).subspan(static_cast<size_t>(inOrder_)), descending, textOf);
-  std::inplace_merge(order.begin(), order.begin() + inOrder_, order.end(), [&](uint32_t a, uint32_t b) {
+  SortRows(std::span(order).subspan(static_cast<size_t>(sortedCount_)), descending, textOf);
+  std::inplace_merge(order.begin(), order.begin() + sortedCount_, order.end(), [&](uint32_t a, uint32_t b) {
     const int difference = CompareIgnoringCase(textOf(a), textOf(b));
     return descending ? difference > 0 : difference < 0;
   });
-  inOrder_ = Count();
-  placedBelow_ = rows_;
+  sortedCount_ = Count();
+  sortedBelow_ = rows_;
   ++highlightChanges_;
 }
 

@@ -11,8 +11,8 @@
 
 namespace tavix {
 
-// A report list with check boxes: rows addressed from 1, columns of text, sorted by the text of a column
-// on demand. Letter case doesn't count in the order, and equal texts keep the order in which they stood.
+// A list of rows with check boxes and columns of text. Rows are counted from 1, in the order shown. Sorting
+// by a column ignores letter case and is stable: rows with equal texts keep their order.
 class ListView : public Control {
  public:
   static constexpr int kColumns = 5;
@@ -20,26 +20,27 @@ class ListView : public Control {
   struct ColumnHeader {
     Text Caption;
     int Width = 0;  // twips
-    int Icon = 0;   // 0 none, 1 up, 2 down
+    int Icon = 0;   // of the sort direction: 0 none, 1 up, 2 down
   };
 
-  // One row, for as long as it stands in the list.
+  // A row. Valid until the row is removed or the list cleared.
   class Item {
    public:
     TextView Text() const { return SubItems(0); }
-    // Column 0 is the row's own text. Fields that were never set are empty.
+    // The text in a column; column 0 is Text(). Empty if never set.
     TextView SubItems(int column) const;
     void SetSubItems(int column, TextView text);
     TextView Tag() const;
     void SetTag(TextView tag);
-    // A number that the list keeps with the row and shows nowhere.
+    // Kept with the row, not shown.
     uint16_t ItemData() const;
     void SetItemData(uint16_t data);
     bool Checked() const;
     void SetChecked(bool checked);
-    // Whether the row is highlighted. Any number of rows can be.
+    // Whether the row is highlighted. Several rows can be.
     bool Selected() const;
     void SetSelected(bool selected);
+    // The row's text colour; nullopt for the list's.
     std::optional<Color> ForeColor() const;
     void SetForeColor(Color color);
 
@@ -59,38 +60,40 @@ class ListView : public Control {
   Property<Color> ForeColor{this, kWindowText};
   std::array<ColumnHeader, kColumns> ColumnHeaders;
   Event<int> ColumnClick;  // header number, from 1
-  Event<> ItemClick;       // the focus has moved to a row, by mouse or keys
+  Event<> ItemClick;       // the user has moved the focus to a row
   Event<> DblClick;
   Event<int, int> KeyDown;  // virtual key code, shift state
   Event<int> MouseUp;       // the button released
   Event<int> MouseMove;     // the buttons held down
 
   int Count() const { return static_cast<int>(order_.Size()); }
-  // A new row with this text; it stands last, or at its sorted position.
+  // Adds a row: at the end, or, if sorting is on, at its sorted position. Amortised constant time.
   Item Add(TextView text);
-  // Row `position`, 1 to Count(). Where sorting is on, this is what brings new rows into their places.
+  // The row at `position`, which is 1 to Count(). Sorts rows added since the last call, if sorting is on.
   Item Row(int position);
-  // Removing rows from the last to the first, or from the first to the last, takes one pass in all.
+  // `position` is 1 to Count(). Removing many rows in order, from either end, takes linear time in all.
   void Remove(int position);
   void Clear();
 
-  // Grows whenever a row may have been highlighted or not, or a highlighted one may have got another place.
+  // The user clicks on the header of a column, counted from 0: sorts by that column and reverses the
+  // direction. A new list is ascending, so the first click sorts descending.
+  void SortByClick(int column);
+
+  // Grows whenever a highlight, or the position of a highlighted row, may have changed.
   uint32_t HighlightChanges();
-  // Highlights all rows, or none.
+  // Highlights all rows, or takes all highlights away.
   void SelectAll(bool selected);
-  // The row in focus, 0 for none.
+  // The position of the row with the focus; 0 for none.
   int SelectedRow();
-  // Puts the focus on a row and highlights it alone; 0 for none.
+  // Puts the focus on a row and highlights only that row. A position out of range: no focus, no highlight.
   void SelectRow(int position);
-  // Puts the focus on a row and leaves the highlights alone.
+  // Puts the focus on a row and keeps the highlights.
   void FocusRow(int position);
 
-  // While painting is suspended, the real list leaves its window as it is.
+  // While set, the real list doesn't repaint.
   Property<bool> PaintingSuspended{this, false};
 
   void PropertyChanged() override;
-  // Bytes held for rows, texts included.
-  size_t MemoryUsed() const;
 
  private:
   static constexpr int kTag = kColumns;
@@ -111,22 +114,22 @@ class ListView : public Control {
   const RowData& Data(uint32_t row) const { return blocks_[row / kRowsInBlock][row % kRowsInBlock]; }
   TextView Field(uint32_t row, int field) const { return texts_.Get(Data(row).fields[field]); }
   void SetField(uint32_t row, int field, TextView text);
-  void AdoptSorting();
-  void EstablishOrder();
+  void ApplySortSettings();
+  void SortNewRows();
 
-  // Rows in order of arrival; a removed row's place stays empty until Clear.
+  // All rows in the order they were added. The space of a removed row is freed only by Clear.
   std::vector<std::unique_ptr<RowData[]>> blocks_;
   uint32_t rows_ = 0;
   TextStore texts_;
-  std::array<StoredText, kFields> last_;  // what was written last, shared with the next row if it is the same
-  GapSequence<uint32_t> order_;
-  int inOrder_ = 0;           // so many rows at the head of `order_` are in the order of the sorting in force
-  uint32_t placedBelow_ = 0;  // the rows in their places have lower numbers than those still to be placed
-  // The sorting in force, behind the properties until they have changed.
+  std::array<StoredText, kFields> last_;  // the last text of each field: a row with an equal text shares it
+  GapSequence<uint32_t> order_;           // row numbers in the order shown
+  int sortedCount_ = 0;                   // how many rows at the head of `order_` are sorted
+  uint32_t sortedBelow_ = 0;              // rows numbered below this are already sorted in
+  // Sorted, SortKey and SortOrder as last applied.
   bool sorted_ = false;
   int key_ = 0;
   int direction_ = 0;
-  uint32_t focused_ = kNone;
+  uint32_t focused_ = kNone;  // the row with the focus
   uint32_t highlightChanges_ = 0;
 };
 

@@ -7,7 +7,7 @@
 
 namespace tavix {
 
-// An entry of a menu. A single dash as caption makes it a separator.
+// An entry of a menu. With the caption "-" it is a separator.
 class MenuItem : public Control {
  public:
   Property<Text> Caption{this};
@@ -16,14 +16,14 @@ class MenuItem : public Control {
   bool IsSeparator() const { return Caption == u"-"; }
 };
 
-// A menu that pops up at the mouse.
+// A pop-up menu.
 class Menu : public Control {
  public:
   Menu(std::initializer_list<MenuItem*> items) : Items(items) {}
 
   const std::vector<MenuItem*> Items;  // top to bottom, not owned
 
-  Event<> Popup;  // shows the menu at the mouse and runs the click handler of the entry chosen
+  Event<> Popup;  // command: shows the menu at the mouse and clicks the entry that the user chooses
 };
 
 }  // namespace tavix

@@ -6,18 +6,18 @@
 
 namespace tavix {
 
-// One of a group of buttons of which at most one is selected. A button in no group stands alone.
+// A radio button. At most one of its group is selected.
 class OptionButton : public Control {
  public:
   Property<Text> Caption{this};
   Event<> Click;
 
   bool GetValue() const { return value_; }
-  // Selecting a button takes the mark from the others of its group and runs its click handler; selecting the
-  // selected one, and taking the mark away, runs nothing.
+  // Selecting a button deselects the others of its group and runs its click handler. Selecting a selected
+  // button, or deselecting one, runs no handler.
   void SetValue(bool value);
 
-  // Reads and assigns like a truth value, as the other properties do.
+  // Lets the value be read and assigned like the other properties.
   struct ValueProperty {
     OptionButton* button;
     operator bool() const { return button->GetValue(); }
@@ -28,7 +28,7 @@ class OptionButton : public Control {
   };
   ValueProperty Value{this};
 
-  // Makes the buttons one group; they outlive it.
+  // Makes the buttons one group. They must stay at their addresses.
   static void Group(std::span<OptionButton> buttons);
 
  private:

@@ -6,21 +6,21 @@
 
 namespace tavix {
 
-// A colour as controls take it: 0x00BBGGRR, or a system colour such as 0x8000000F.
+// A colour of a control: 0x00BBGGRR, or a system colour, 0x80000000 + its number.
 using Color = uint32_t;
 constexpr Color kWindowBackground = 0x80000005;
 constexpr Color kWindowText = 0x80000008;
 constexpr Color kButtonFace = 0x8000000F;
 
-// What owns properties and hears of their changes.
+// The object whose properties these are. It is told of their changes.
 class PropertyOwner {
  public:
   virtual ~PropertyOwner() = default;
   virtual void PropertyChanged() = 0;
 };
 
-// A value of a control that can be read and assigned like a T. The owner hears of each assignment that
-// changes the value, after the change.
+// A value of a control, read and assigned like a T. An assignment that changes the value then calls the
+// owner's PropertyChanged.
 template <class T>
 class Property {
  public:
@@ -47,7 +47,8 @@ class Property {
   T value_;
 };
 
-// What a control tells the program. One handler at most; without one, raising does nothing.
+// An event of a control: calling it runs its handler. It has one handler at most; without one, a call does
+// nothing.
 template <class... Args>
 class Event {
  public:

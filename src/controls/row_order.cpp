@@ -8,8 +8,8 @@
 namespace tavix {
 namespace {
 
-// A row with the first four characters in which its text can differ from the others, so that most
-// comparisons need no look at the texts.
+// A row, with the first four characters after the prefix that all texts share. Most comparisons need only
+// these.
 struct Entry {
   uint64_t lead;
   TextView rest;

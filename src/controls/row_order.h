@@ -8,8 +8,7 @@
 
 namespace tavix {
 
-// Sorts row numbers by the texts that `textOf` gives for them, letter case aside; equal texts keep their
-// order, ascending and descending alike.
+// Sorts row numbers by the texts that `textOf` gives, ignoring letter case. Stable, also when descending.
 void SortRows(std::span<uint32_t> rows, bool descending, const std::function<TextView(uint32_t)>& textOf);
 
 }  // namespace tavix

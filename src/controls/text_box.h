@@ -4,19 +4,19 @@
 
 namespace tavix {
 
-// A line of text to edit. Setting the text by the program raises nothing.
+// A one-line text box. Setting its text by the program raises no event.
 class TextBox : public Control {
  public:
   Property<tavix::Text> Text{this};
-  Property<int> SelStart{this, 0};  // first character selected, from 0
+  Property<int> SelStart{this, 0};  // the first selected character, from 0
   Property<int> SelLength{this, 0};
   Property<Color> BackColor{this, kWindowBackground};
 
   Event<> GotFocus;
-  // Another control has the focus, and the form's ActiveControl names it. A handler that takes the focus back
-  // there also keeps the click or key that moved it from having its effect.
+  // Another control has the focus, and the form's ActiveControl names it. A handler can take the focus back
+  // by setting ActiveControl; then the click or key that moved it has no effect.
   Event<> LostFocus;
-  Event<int&> KeyPress;  // the character about to be typed; a handler that sets it to 0 swallows it
+  Event<int&> KeyPress;  // the character about to be typed; the handler may replace it, 0 drops it
 
   void SelectAll() {
     SelStart = 0;

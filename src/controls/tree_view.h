@@ -10,14 +10,14 @@ namespace tavix {
 
 class TreeView;
 
-// A node of a tree. Setting `Checked` here raises no event: only the user's click does.
+// A node of a tree. Setting `Checked` raises no event; only the user's click does.
 class Node : public PropertyOwner {
  public:
   Node(TreeView* tree, int index, TextView key, TextView text, Node* parent);
   Node(const Node&) = delete;
 
   const Text Key;
-  const int Index;  // position in the tree's node collection, counted from 1
+  const int Index;  // in the order in which nodes were added, from 1
   Property<Text> Caption;
   Property<bool> Checked{this, false};
   Property<bool> Expanded{this, false};
@@ -45,6 +45,7 @@ class Node : public PropertyOwner {
   int children_ = 0;
 };
 
+// The real tree that shows a model. Called after each change.
 class TreePeer {
  public:
   virtual ~TreePeer() = default;
@@ -53,25 +54,25 @@ class TreePeer {
   virtual void NodesCleared() = 0;
 };
 
-// A tree with check boxes. Nodes are kept in one collection in the order in which they were added,
-// addressed from 1, and found by key.
+// A tree with check boxes. Its nodes are numbered from 1 in the order in which they were added, and found by
+// key.
 class TreeView : public Control {
  public:
-  Event<Node&> NodeCheck;  // the user changed a tick; the node bears it already
+  Event<Node&> NodeCheck;  // the user has changed a tick; the node has its new state
   Event<Node&> NodeClick;
   Event<int> MouseMove;                         // the buttons held down
-  Property<Node*> SelectedItem{this, nullptr};  // setting it raises nothing
+  Property<Node*> SelectedItem{this, nullptr};  // null for none; setting it raises no event
 
   int NodeCount() const { return static_cast<int>(nodes_.size()); }
-  // Null when there is no such node.
+  // Null if there is no such node.
   Node* NodeAt(int index);
   Node* NodeByKey(TextView key);
-  // Adds the last child of `parent`, or a root when that is null. Null, and nothing added, when the key is
-  // in use already; an empty key is none and may stand at any number of nodes.
+  // Adds a node as the last child of `parent`, or as the last root if `parent` is null. If another node has
+  // the key, adds nothing and returns null. Any number of nodes may have an empty key.
   Node* AddNode(Node* parent, TextView key, TextView text);
   void Clear();
 
-  // What a user's click on the box of a node does.
+  // Does what the user's click on a node's check box does.
   void UserCheck(Node& node, bool checked);
 
   TreePeer* treePeer = nullptr;  // not owned

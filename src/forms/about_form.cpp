@@ -4,22 +4,15 @@
 
 namespace tavix {
 
-AboutForm::AboutForm() {
+AboutForm::AboutForm() : Form(u"frmPubAbout") {
   Visible = false;
-  Caption = u"About Tavix";
   lblProduct.Caption = Concat(u"Tavix v", kProductVersion);
-  lblCopyright.Caption = u"Copyright \u00A9 2026 the makers of Tavix";
-  sbtMailer.Caption = u"Contact &Support";
-  sbtWeb.Caption = u"&Web Site";
-  sbtClose.Caption = u"&Close";
-}
 
-std::vector<NamedText> AboutForm::Texts() {
-  FormTexts texts;
-  texts.Add(u"Caption", Caption).Add(u"lblCopyright", lblCopyright.Caption);
-  texts.Add(u"sbtMailer", sbtMailer.Caption).Add(u"sbtWeb", sbtWeb.Caption);
-  texts.Add(u"sbtClose", sbtClose.Caption);
-  return texts.Take();
+  Say(u"Caption", Caption, u"About Tavix");
+  Say(u"lblCopyright", lblCopyright.Caption, u"Copyright \u00A9 2026 the makers of Tavix");
+  Say(u"sbtMailer", sbtMailer.Caption, u"Contact &Support");
+  Say(u"sbtWeb", sbtWeb.Caption, u"&Web Site");
+  Say(u"sbtClose", sbtClose.Caption, u"&Close");
 }
 
 }  // namespace tavix

@@ -1,16 +1,13 @@
 #pragma once
 
-#include <vector>
-
 #include "controls/form.h"
 
 namespace tavix {
 
-struct AboutForm : Form {
+// The window that says which program and version this is.
+class AboutForm : public Form {
+ public:
   AboutForm();
-
-  TextView Name() const override { return u"frmPubAbout"; }
-  std::vector<NamedText> Texts() override;
 
   PictureBox picLogo;
   Label lblProduct, lblCopyright;

@@ -4,70 +4,43 @@
 
 namespace tavix {
 
-MainForm::MainForm() {
+MainForm::MainForm() : Form(u"frmPubMain") {
+  // Not for translation: the product's name, and a version that the program reads back.
   Caption = u"Tavix";
-  picMini.ToolTipText = u"Minimize";
-  picClose.ToolTipText = u"Close";
-  picHelp.ToolTipText = u"Help";
-  picCommend.ToolTipText = u"Recommend Tavix to a friend";
-  picPrivacy.ToolTipText = u"Privacy (P)";
-  picSystem.ToolTipText = u"System (S)";
-  picRegistry.ToolTipText = u"Registry (R)";
-  picAdv.ToolTipText = u"Advanced (A)";
-  picOpt.ToolTipText = u"Options (O)";
-  picOne.ToolTipText = u"One-click Clean/Repair (1)";
-  picPrivacy.BorderStyle = 1;
   lblVer.Caption = Concat(u"v", kProductVersion);
-  lblOpt.Caption = u"Click here";
-  lblOptPrompt.Caption = u"to set related option(s).";
-  lblOpt.Visible = false;
-  lblOptPrompt.Visible = false;
-  lst.Visible = false;
-  trvRes.Visible = false;
-  cbxAll.Caption = u"Check All";
-  cbxAll.SetValue(1);
-  sbtToolbar[0].Caption = u"Execute";
-  sbtToolbar[1].Caption = u"Open";
-  sbtToolbar[2].Caption = u"Properties...";
-  sbtToolbar[3].Caption = u"Invert Check";
-  sbtScan.Caption = u"Scan";
-  sbtCancel.Caption = u"Cancel";
-  sbtClean.Caption = u"Clean";
-  sbtRepair.Caption = u"Repair";
-  sbtCancel.Visible = false;
-  sbtRepair.Visible = false;
-  webGIF.Visible = false;
-  lblProgMI.Visible = false;
-  lblProgS.Caption = u"Please click <Scan> or press <F3> to start current cleaning job.";
-  lblTimeP.Caption = u"Expended";
-  lblTime.Caption = u"? second(s).";
-  lblSum.Caption = u"Sum: ? item(s), ? KB found.";
-  lsvResult.ColumnHeaders = {{
-      {u"      Type", 3528, 0},
-      {u"Name", 3528, 0},
-      {u"Size (KB)", 1764, 0},
-      {u"Location", 9878, 0},
-      {u"", 0, 0},
-  }};
-}
 
-// What the program itself reads back, and the name of the product, stay out of translation.
-std::vector<NamedText> MainForm::Texts() {
-  FormTexts texts;
-  texts.AddToolTip(u"picMini", picMini).AddToolTip(u"picClose", picClose);
-  texts.AddToolTip(u"picHelp", picHelp).AddToolTip(u"picCommend", picCommend);
-  texts.AddToolTip(u"picPrivacy", picPrivacy).AddToolTip(u"picSystem", picSystem);
-  texts.AddToolTip(u"picRegistry", picRegistry).AddToolTip(u"picAdv", picAdv);
-  texts.AddToolTip(u"picOpt", picOpt).AddToolTip(u"picOne", picOne);
-  texts.Add(u"lblOpt", lblOpt.Caption).Add(u"lblOptPrompt", lblOptPrompt.Caption);
-  texts.Add(u"cbxAll", cbxAll.Caption).AddAll(u"sbtToolbar", sbtToolbar);
-  texts.Add(u"sbtScan", sbtScan.Caption).Add(u"sbtCancel", sbtCancel.Caption);
-  texts.Add(u"sbtClean", sbtClean.Caption).Add(u"sbtRepair", sbtRepair.Caption);
-  texts.Add(u"lblProgS", lblProgS.Caption).Add(u"lblTimeP", lblTimeP.Caption);
-  texts.Add(u"lblTime", lblTime.Caption).Add(u"lblSum", lblSum.Caption);
-  // The last column has no title: it is there for sorting alone.
-  texts.AddHeaders(u"lsvResult", lsvResult, ListView::kColumns - 1);
-  return texts.Take();
+  SayToolTip(u"picMini", picMini, u"Minimize");
+  SayToolTip(u"picClose", picClose, u"Close");
+  SayToolTip(u"picHelp", picHelp, u"Help");
+  SayToolTip(u"picCommend", picCommend, u"Recommend Tavix to a friend");
+  SayToolTip(u"picPrivacy", picPrivacy, u"Privacy (P)");
+  SayToolTip(u"picSystem", picSystem, u"System (S)");
+  SayToolTip(u"picRegistry", picRegistry, u"Registry (R)");
+  SayToolTip(u"picAdv", picAdv, u"Advanced (A)");
+  SayToolTip(u"picOpt", picOpt, u"Options (O)");
+  SayToolTip(u"picOne", picOne, u"One-click Clean/Repair (1)");
+  picPrivacy.BorderStyle = 1;
+
+  Say(u"lblOpt", lblOpt.Caption, u"Click here");
+  Say(u"lblOptPrompt", lblOptPrompt.Caption, u"to set related option(s).");
+  Say(u"cbxAll", cbxAll.Caption, u"Check All");
+  cbxAll.SetValue(1);
+  SayAll(u"sbtToolbar", sbtToolbar, {u"Execute", u"Open", u"Properties...", u"Invert Check"});
+  Say(u"sbtScan", sbtScan.Caption, u"Scan");
+  Say(u"sbtCancel", sbtCancel.Caption, u"Cancel");
+  Say(u"sbtClean", sbtClean.Caption, u"Clean");
+  Say(u"sbtRepair", sbtRepair.Caption, u"Repair");
+  Say(u"lblProgS", lblProgS.Caption, u"Please click <Scan> or press <F3> to start current cleaning job.");
+  Say(u"lblTimeP", lblTimeP.Caption, u"Expended");
+  Say(u"lblTime", lblTime.Caption, u"? second(s).");
+  Say(u"lblSum", lblSum.Caption, u"Sum: ? item(s), ? KB found.");
+  // The fifth column is hidden: it holds the key by which sizes are sorted.
+  SayColumns(u"lsvResult", lsvResult,
+             {{u"      Type", 3528}, {u"Name", 3528}, {u"Size (KB)", 1764}, {u"Location", 9878}});
+
+  for (Control* hidden : std::initializer_list<Control*>{&lst, &trvRes, &lblOpt, &lblOptPrompt, &sbtCancel,
+                                                         &sbtRepair, &webGIF, &lblProgMI})
+    hidden->Visible = false;
 }
 
 std::array<PictureBox*, 6> MainForm::PagePictures() {

@@ -2,31 +2,26 @@
 
 #include <array>
 #include <cstdint>
-#include <vector>
 
 #include "controls/check_list.h"
-#include "controls/control.h"
 #include "controls/form.h"
 #include "controls/list_view.h"
 #include "controls/tree_view.h"
-#include "platform/clock.h"
 
 namespace tavix {
 
-// The main window as the program sees it: its controls, with the captions they are built with, and its
-// fields. Coordinates are filled in at start.
-struct MainForm : Form {
+// The main window. Its layout gives the controls their places at start.
+class MainForm : public Form {
+ public:
   MainForm();
-
-  TextView Name() const override { return u"frmPubMain"; }
-  std::vector<NamedText> Texts() override;
 
   // Title strip.
   PictureBox picTitle, picMini, picClose, picHelp, picCommend;
   Label lblVer, lblCompLogo, lblProdLogo;
 
-  // Pages, top to bottom. The page in use has BorderStyle 1.
+  // Pages, top to bottom. The current page has BorderStyle 1.
   PictureBox picPrivacy, picSystem, picRegistry, picAdv, picOpt, picOne;
+  std::array<PictureBox*, 6> PagePictures();
 
   // Functions.
   CheckList lst;
@@ -36,7 +31,7 @@ struct MainForm : Form {
   // Results.
   CheckBox cbxAll;
   ListView lsvResult;
-  std::array<Button, 4> sbtToolbar;
+  std::array<Button, 4> sbtToolbar;  // execute, open, properties, invert
 
   // Job.
   Button sbtScan, sbtCancel, sbtClean, sbtRepair;
@@ -48,18 +43,15 @@ struct MainForm : Form {
   InternetTransfer net;
   Timer timLoader;
 
-  Event<> Refresh;   // paint what has changed at once
-  Event<> Minimize;  // send the window to the task bar
+  Event<> Refresh;   // command: paints what has changed at once
+  Event<> Minimize;  // command: sends the window to the task bar
 
   bool BigInterface = false;
   bool IconsLit = false;
-  int16_t LastPage = 0;  // 0 Privacy, 1 System, 2 Registry, 3 Advanced
-  bool ListGuard = false;
-  platform::DateTime JobStart = 0;
+  int16_t LastPage = 0;    // 0 Privacy, 1 System, 2 Registry, 3 Advanced
+  bool ListGuard = false;  // the program is changing lst: ItemCheck does nothing
+  int64_t JobStart = 0;    // when the scan or clean began, as the platform's clock tells times
   bool CleanBusy = false;
-
-  // The page pictures in their order from top to bottom.
-  std::array<PictureBox*, 6> PagePictures();
 };
 
 inline MainForm frmPubMain;

@@ -4,7 +4,7 @@
 
 namespace tavix {
 
-// The version of the product, three numbers with dots between them. The build gives it.
+// The version of the product: three numbers with dots between them. Set by the build.
 extern const TextView kProductVersion;
 
 }  // namespace tavix

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <array>
-#include <vector>
 
 #include "controls/form.h"
 #include "controls/menu.h"
@@ -9,24 +8,21 @@
 
 namespace tavix {
 
-// The window that asks for a junk file type. Its title is its mode, so no catalogue replaces it. It carries
-// the pop-up menus of the whole program, too.
-struct TypeForm : Form {
+// The editor of a junk file type. Its title says whether a type is added or edited, so the program sets it
+// and no catalogue does. The form also holds the pop-up menus of the whole program.
+class TypeForm : public Form {
+ public:
   TypeForm();
-
-  TextView Name() const override { return u"frmPubType"; }
-  std::vector<NamedText> Texts() override;
-  std::vector<NamedText> Menus() override;
 
   std::array<Label, 2> lbl;    // what the boxes are for
   std::array<TextBox, 2> txt;  // description, pattern
   std::array<Button, 3> sbt;   // save and add another, save and close, close
 
-  // Over the results: the commands of the toolbar in its order.
+  // Over the results: the commands of the toolbar, in its order.
   MenuItem menrx, menro, menrp, menri;
   Menu menr{&menrx, &menro, &menrp, &menri};
 
-  // Help: topics; questions, web site, support; update; about.
+  // Help.
   MenuItem menhh, menhsa, menhf, menhw, menhc, menhsb, menhl, menhsc, menha;
   Menu menh{&menhh, &menhsa, &menhf, &menhw, &menhc, &menhsb, &menhl, &menhsc, &menha};
 };

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "forms/options_form.h"
-#include "forms/sort_by_header.h"
 #include "forms/type_form.h"
 #include "frame/data_paths.h"
 #include "frame/messages.h"
@@ -165,7 +164,7 @@ void sbtJF_Click(int index) {
   kCommands[index]();
 }
 
-void lsvJF_ColumnClick(int header) { SortByHeader(frmPubOptions.lsvJF, header); }
+void lsvJF_ColumnClick(int header) { frmPubOptions.lsvJF.SortByClick(header - 1); }
 
 void lsvJF_DblClick() {
   if (frmPubOptions.sbtJF[1].Enabled) frmPubOptions.sbtJF[1].Click();

@@ -2,7 +2,6 @@
 
 #include "forms/main_form.h"
 #include "forms/options_form.h"
-#include "forms/sort_by_header.h"
 #include "frame/messages.h"
 #include "frame/support/file_system_object.h"
 #include "frame/support/pub_system.h"
@@ -80,6 +79,6 @@ void txtDF_LostFocus() {
 
 void sbtOO_Click(int index) { index == 0 ? AddFolder() : DeleteFolders(); }
 
-void lsvOO_ColumnClick(int header) { SortByHeader(frmPubOptions.lsvOO, header); }
+void lsvOO_ColumnClick(int header) { frmPubOptions.lsvOO.SortByClick(header - 1); }
 
 }  // namespace tavix::mdlPubSelf

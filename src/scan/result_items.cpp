@@ -62,10 +62,7 @@ float SumResultSizes() {
 
 void lsvResult_ColumnClick(int header) {
   constexpr int kSizeHeader = 3;
-  ListView& list = frmPubMain.lsvResult;
-  list.Sorted = true;
-  list.SortKey = header == kSizeHeader ? kSizeKeyColumn : header - 1;
-  list.SortOrder = list.SortOrder == 0 ? 1 : 0;
+  frmPubMain.lsvResult.SortByClick(header == kSizeHeader ? kSizeKeyColumn : header - 1);
 }
 
 }  // namespace tavix::mdlPubSelf

@@ -4,6 +4,7 @@
 
 #include "forms/main_form.h"
 #include "frame/settings.h"
+#include "platform/clock.h"
 #include "platform/event_queue.h"
 #include "scan/result_items.h"
 #include "scan/scan_function.h"

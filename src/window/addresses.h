@@ -2,13 +2,13 @@
 
 #include "text/text.h"
 
-// Where the product is at home. The build gives it.
+// Set by the build.
 namespace tavix::mdlPubSelf {
 
-// Addresses of web sites, without a slash at the end.
+// The web sites of the product and its maker, without a slash at the end.
 Text ProductSite();
 Text MakerSite();
-// A mail address.
+// The mail address of the support.
 Text SupportMail();
 
 }  // namespace tavix::mdlPubSelf

@@ -6,10 +6,10 @@
 
 namespace tavix {
 
-// The room that a text takes on one line, in twips.
+// Gives the width of a text on one line, in twips.
 using WidthOf = std::function<int(TextView)>;
 
-// A caption as it reads: an ampersand marks the letter behind it and isn't shown, two of them show one.
+// A caption as it is shown. An ampersand marks the letter after it and isn't shown; two ampersands show one.
 Text PlainCaption(TextView caption);
 
 }  // namespace tavix

@@ -1,7 +1,9 @@
 #include "window/help.h"
 
-#include "controls/control.h"
+#include "forms/about_form.h"
 #include "forms/type_form.h"
+#include "frame/messages.h"
+#include "frame/support/pub_common.h"
 #include "frame/support/pub_system.h"
 #include "platform/application.h"
 #include "window/addresses.h"
@@ -12,7 +14,7 @@ namespace {
 constexpr int kMaximised = 3;
 constexpr TextView kViewerTitle = u"TVX Help";
 
-// The two mails, ready for the mail program: a blank is taken as it is, a line end is %0A.
+// Addresses of mails. Blanks stand as they are; a line end is %0A.
 constexpr TextView kRecommendation =
     u"mailto: ?subject=Recommend software - Tavix: Cleans junk and repairs registry (from 'your name "
     u"here').&body=Hi,%0A%0AI'm using Tavix, it's an easy-to-use junk clean and registry repair "
@@ -39,7 +41,7 @@ void menhh_Click() {
 void menhf_Click() { Run(Concat(ProductSite(), u"/faq.htm")); }
 void menhw_Click() { Run(ProductSite()); }
 void menhc_Click() { Run(Concat(u"mailto:", SupportMail(), kSupportRequest)); }
-void OpenMakerSite() { Run(MakerSite()); }
+void menha_Click() { frmPubAbout.ShowModal(); }
 
 void picHelp_Click() {
   frmPubType.LoadOnce();
@@ -55,7 +57,11 @@ void lblProdLogo_MouseUp(int button) {
 }
 
 void lblCompLogo_MouseUp(int button) {
-  if (button == kLeftButton) OpenMakerSite();
+  if (button == kLeftButton) Run(MakerSite());
 }
+
+void frmPubAbout_Load() { pubCommon.LoadFormTexts(frmPubAbout, TextCatalogue()); }
+
+void sbtAboutClose_Click() { frmPubAbout.Unload(); }
 
 }  // namespace tavix::mdlPubSelf

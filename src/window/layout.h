@@ -1,15 +1,26 @@
 #pragma once
 
+#include "window/caption.h"
+
+// Each form's size and the bounds of its controls, in twips. Visibility is left alone.
 namespace tavix {
 
-// Sets `BigInterface` of the main window from the setting: "Auto" is big on a screen more than 1023 pixels
-// wide, "Big" is big, any other text small. Once at start.
+// Sets `BigInterface` of the main form from the setting: "Auto" is big on a screen wider than 1023 pixels,
+// "Big" is big, any other text is small. Once at start.
 void ChooseInterfaceSize();
 
-// Gives the main window and all its controls their places and sizes, in twips, for the big size where
-// `BigInterface` is set and for the small one otherwise. The window stands in the middle of
-// platform::screen. It is called once, since the size is fixed for the life of the process; visibility is
-// left alone.
+// Lays out the main form at the size that `BigInterface` says, in the middle of platform::screen. Once at
+// start: the size stays for the life of the process.
 void LayOutMainForm();
+
+// Fits the widths of controls that stand side by side in the main form to their texts in the language in use:
+// the toolbar, the link to the options, the time. After LayOutMainForm.
+void FitTexts(const WidthOf& widthOf);
+
+// Lay out the other forms. A form's size is that of its client area. The options form is as wide as its texts
+// need, but fits the smallest screen.
+void LayOutOptionsForm(const WidthOf& widthOf);
+void LayOutTypeForm(const WidthOf& widthOf);
+void LayOutAboutForm(const WidthOf& widthOf);
 
 }  // namespace tavix

@@ -1,17 +1,18 @@
-#include "window/options_layout.h"
-
 #include <algorithm>
 #include <span>
 
 #include "forms/options_form.h"
+#include "window/layout.h"
 #include "window/place.h"
 
 namespace tavix {
 namespace {
 
+using dialog::kButtonHeight;
+using dialog::kGap;
+using dialog::kMargin;
+
 // Twips.
-constexpr int kMargin = 210;
-constexpr int kGap = 90;
 constexpr int kBetweenGroups = 210;
 constexpr int kHeight = 7500;
 constexpr int kLeastPage = 6900;
@@ -20,20 +21,15 @@ constexpr int kTreePadding = 600;
 constexpr int kPicture = 480;
 constexpr int kTitle = 330;
 constexpr int kRemark = 480;  // two lines
-constexpr int kButtonHeight = 390;
-constexpr int kLeastButton = 1290;
-constexpr int kButtonPadding = 210;
 constexpr int kRow = 330;
 constexpr int kGroupTitle = 285;
-constexpr int kMark = 390;  // the mark of a check box or option button with the room around its words
+constexpr int kMark = 390;  // the mark of a check box or option button, and the gaps around its words
 constexpr int kNumberBox = 900;
-constexpr int kCommonTypes = 3000;  // width of their list
+constexpr int kCommonTypes = 3000;  // width of lstDF
 
-using Form = OptionsForm;
-
-class Layout {
+class OptionsLayout {
  public:
-  explicit Layout(const WidthOf& widthOf) : widthOf_(widthOf) {}
+  explicit OptionsLayout(const WidthOf& widthOf) : widthOf_(widthOf) {}
 
   void Run() {
     const int tree = TreeWidth();
@@ -45,7 +41,7 @@ class Layout {
     PutHead(left, page);
     PutCommands(left, page);
     const int top = form_.lblRemark.Top + form_.lblRemark.Height + kMargin;
-    const Place room{left, top, page, form_.sbtSave.Top - kMargin - top};
+    const Bounds room{left, top, page, form_.sbtSave.Top - kMargin - top};
     for (Frame* frame : {&form_.fraOC, &form_.fraJF, &form_.fraDF, &form_.fraCM, &form_.fraOO})
       Put(*frame, room);
     Put(form_.trvOC, room);
@@ -58,15 +54,14 @@ class Layout {
  private:
   template <class Captioned>
   int Words(const Captioned& control) const {
-    return widthOf_(PlainCaption(control.Caption.Get()));
+    return CaptionWidth(control, widthOf_);
   }
   template <class Captioned>
   int Marked(const Captioned& control) const {
     return kMark + Words(control);
   }
   int ButtonWidth(const Button& button) const {
-    const int bold = &button == &form_.sbtSave ? Words(button) / 5 : 0;
-    return std::max(kLeastButton, Words(button) + bold + 2 * kButtonPadding);
+    return dialog::ButtonWidth(button, &button == &form_.sbtSave, widthOf_);
   }
   template <class Controls>
   static int Widest(const Controls& controls, auto&& width) {
@@ -89,13 +84,13 @@ class Layout {
     return Widest(form_.optOO, [this](const OptionButton& option) { return Marked(option); });
   }
 
-  // What the rows need that can't be broken.
+  // The width of the widest row that can't be broken into lines.
   int PageWidth() const {
     const auto words = [this](const auto& control) { return Words(control); };
     const int sizes = SizeOptions() + kGap + Widest(std::span(form_.lblOOSize).first(3), words);
     const int days = Widest(form_.lblOODays, words) + 2 * kGap + kNumberBox;
     const int least = Marked(form_.cbxDF[3]) + kNumberBox + 2 * kGap + Words(form_.lblDFSS);
-    // Their words are bold.
+    // Titles of groups are bold.
     const int groups = Widest(form_.fraOOGroup, words) * 5 / 4 + kMargin;
     const int commands = ButtonWidth(form_.sbtRecommend) + ButtonWidth(form_.sbtSave) +
                          ButtonWidth(form_.sbtClose) + 3 * kMargin;
@@ -117,7 +112,7 @@ class Layout {
     Put(form_.sbtSave, {form_.sbtClose.Left - kGap - closes, top, closes, kButtonHeight});
   }
 
-  // One below the other, at the right of a list.
+  // Puts buttons one below the other; `right` is their right edge.
   void PutColumn(std::span<Button> buttons, int right, int top) {
     const int width = ButtonsWidth(buttons);
     for (Button& button : buttons) {
@@ -125,8 +120,8 @@ class Layout {
       top += kButtonHeight + kGap;
     }
   }
-  // The list takes what the buttons leave of the room.
-  void PutListWithButtons(ListView& list, std::span<Button> buttons, const Place& room) {
+  // Puts the buttons at the right of the room and the list in the rest of it.
+  void PutListWithButtons(ListView& list, std::span<Button> buttons, const Bounds& room) {
     PutColumn(buttons, room.Right(), room.top);
     const int width = room.width - ButtonsWidth(buttons) - kGap;
     Put(list, {room.left, room.top, width, room.height});
@@ -136,21 +131,21 @@ class Layout {
     list.PropertyChanged();
   }
 
-  // Returns where what belongs to it begins.
-  static int PutGroup(Frame& title, const Place& room, int top) {
+  // Puts the title of a group; returns the top of what the group holds.
+  static int PutGroup(Frame& title, const Bounds& room, int top) {
     Put(title, {room.left, top, room.width, kGroupTitle});
     return top + kGroupTitle + kGap / 2;
   }
 
-  void PutJunkTypes(const Place& room) { PutListWithButtons(form_.lsvJF, form_.sbtJF, room); }
+  void PutJunkTypes(const Bounds& room) { PutListWithButtons(form_.lsvJF, form_.sbtJF, room); }
 
-  void PutDuplicates(const Place& room) {
+  void PutDuplicates(const Bounds& room) {
     int top = PutGroup(form_.fraDFGroup[0], room, room.top);
     for (CheckBox& box : form_.cbxDF) {
       Put(box, {room.left, top, Marked(box), kRow});
       top += kRow;
     }
-    const Place least = PlaceOf(form_.cbxDF[3]);
+    const Bounds least = BoundsOf(form_.cbxDF[3]);
     Put(form_.txtDFSS, {least.Right(), least.top, kNumberBox, kRow});
     Put(form_.lblDFSS, {least.Right() + kNumberBox + kGap, least.top, Words(form_.lblDFSS) + kGap, kRow});
     top = PutGroup(form_.fraDFGroup[1], room, top + kBetweenGroups);
@@ -164,7 +159,7 @@ class Layout {
     PutColumn(form_.sbtDF, left + kCommonTypes + kGap + ButtonsWidth(form_.sbtDF), top);
   }
 
-  void PutMethod(const Place& room) {
+  void PutMethod(const Bounds& room) {
     int top = room.top;
     for (OptionButton& option : form_.optCM) {
       Put(option, {room.left, top, Marked(option), kRow});
@@ -177,7 +172,7 @@ class Layout {
     Put(form_.txtDF, {left, top, form_.sbtCM.Left - kGap - left, kButtonHeight});
   }
 
-  void PutOthers(const Place& room) {
+  void PutOthers(const Bounds& room) {
     int top = PutGroup(form_.fraOOGroup[0], room, room.top);
     const int options = SizeOptions();
     for (size_t i = 0; i < form_.optOO.size(); ++i) {
@@ -198,12 +193,12 @@ class Layout {
     PutListWithButtons(form_.lsvOO, form_.sbtOO, {room.left, top, room.width, room.Bottom() - top});
   }
 
-  Form& form_ = frmPubOptions;
+  OptionsForm& form_ = frmPubOptions;
   const WidthOf& widthOf_;
 };
 
 }  // namespace
 
-void LayOutOptionsForm(const WidthOf& widthOf) { Layout(widthOf).Run(); }
+void LayOutOptionsForm(const WidthOf& widthOf) { OptionsLayout(widthOf).Run(); }
 
 }  // namespace tavix

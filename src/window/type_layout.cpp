@@ -1,33 +1,30 @@
-#include "window/type_layout.h"
-
 #include <algorithm>
 #include <numeric>
 
 #include "forms/type_form.h"
+#include "window/layout.h"
 #include "window/place.h"
 
 namespace tavix {
 namespace {
 
+using dialog::kButtonHeight;
+using dialog::kGap;
+using dialog::kMargin;
+
 // Twips.
-constexpr int kMargin = 210;
-constexpr int kGap = 90;
 constexpr int kRow = 360;
 constexpr int kLeastBox = 4200;
-constexpr int kButtonHeight = 390;
-constexpr int kLeastButton = 1290;
-constexpr int kButtonPadding = 210;
 
 }  // namespace
 
 void LayOutTypeForm(const WidthOf& widthOf) {
   TypeForm& form = frmPubType;
-  const auto words = [&](const auto& control) { return widthOf(PlainCaption(control.Caption.Get())); };
   const auto buttonWidth = [&](const Button& button) {
-    const int bold = &button == &form.sbt[1] ? words(button) / 5 : 0;
-    return std::max(kLeastButton, words(button) + bold + 2 * kButtonPadding);
+    return dialog::ButtonWidth(button, &button == &form.sbt[1], widthOf);
   };
-  const int boxes = kMargin + std::max(words(form.lbl[0]), words(form.lbl[1])) + kGap;
+  const int boxes =
+      kMargin + std::max(CaptionWidth(form.lbl[0], widthOf), CaptionWidth(form.lbl[1], widthOf)) + kGap;
   const int buttons =
       std::accumulate(form.sbt.begin(), form.sbt.end(), 2 * kGap,
                       [&](int sum, const Button& button) { return sum + buttonWidth(button); });

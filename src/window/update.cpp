@@ -23,20 +23,21 @@ bool IsLineEnd(char16_t c) { return c == u'\r' || c == u'\n'; }
 
 bool IsControl(char16_t c) { return c < 0x20 || (c >= 0x7F && c <= 0x9F); }
 
-// Characters that turn the order of those around them: a line with one reads otherwise than it is written.
+// Characters that change the direction of reading: a line with one is shown in another order than it is
+// stored.
 bool IsBidirectional(char16_t c) {
   return c == 0x061C || c == 0x200E || c == 0x200F || (c >= 0x202A && c <= 0x202E) ||
          (c >= 0x2066 && c <= 0x2069);
 }
 
-// Whether a text can be a version. The page that a network shows before it lets anybody through can't.
+// Whether a text can be a version. The sign-in page of a network can't.
 bool CanBeVersion(TextView text) {
   constexpr size_t kMost = 64;
   return text.size() <= kMost &&
          std::ranges::none_of(text, [](char16_t c) { return c == u'<' || (IsControl(c) && !IsLineEnd(c)); });
 }
 
-// What a message box shows of a text from elsewhere.
+// What is shown of a text that others wrote. Tabs become blanks.
 Text Harmless(TextView text) {
   Text harmless;
   harmless.reserve(text.size());
@@ -50,7 +51,7 @@ Text Harmless(TextView text) {
   return harmless;
 }
 
-// The text at the address of `net`; empty where there is none to be had.
+// The text at the address of `net`; empty if the download fails.
 Text OpenUrl() {
   if (platform::network == nullptr) return {};
   const InternetTransfer& net = frmPubMain.net;
@@ -74,7 +75,7 @@ Text Notes() {
   return Harmless(OpenUrl());
 }
 
-// The version text of the window bears a letter in front.
+// The version label starts with the letter v.
 bool IsNewer(const Text& latest) {
   const Text& shown = frmPubMain.lblVer.Caption.Get();
   return !latest.empty() && latest != TextView(shown).substr(shown.empty() ? 0 : 1);

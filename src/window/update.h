@@ -2,15 +2,16 @@
 
 namespace tavix::mdlPubSelf {
 
-// Asks the product's site whether it has another version than the one that runs, and if so offers to fetch
-// it; the program ends when the user agrees. What goes wrong passes for no other version, and so
-// does an answer that is no short plain text: over 64 characters, with control characters other than line
-// ends, or with "<". The notes are shown without control characters, line ends apart, and without those that
-// turn the order of reading.
+// Asks the product's site for the latest version. If it isn't the one that runs, shows the notes and offers
+// to download it; if the user agrees, opens the download and ends the program.
 //
-// At start. Says nothing where there is no other version.
+// Without an answer there is no other version. Nor is there if the answer can't be a version: longer than 64
+// characters, with "<", or with a control character other than a line end. The notes are shown without
+// characters that change the direction of reading and without control characters, except line ends.
+
+// At start: without another version, says nothing.
 void CheckForUpdate();
-// By hand. Tells the user as well where there is none.
+// By the user: without another version, says so.
 void menhl_Click();
 
 }  // namespace tavix::mdlPubSelf

@@ -10,103 +10,187 @@
 #include "clean/clean_driver.h"
 #include "clean/item_operations.h"
 #include "clean/one_click.h"
+#include "forms/about_form.h"
 #include "forms/main_form.h"
+#include "forms/options_form.h"
 #include "forms/type_form.h"
 #include "frame/start_up.h"
 #include "junk/junk_definitions.h"
+#include "junk/junk_editor.h"
+#include "options/common_types.h"
+#include "options/number_box.h"
+#include "options/one_click_tree.h"
+#include "options/option_pages.h"
+#include "options/options_dialog.h"
+#include "options/options_page_tree.h"
 #include "scan/result_items.h"
 #include "scan/scan_driver.h"
 #include "scan/scan_function.h"
-#include "window/colors.h"
-#include "window/embedded_page.h"
-#include "window/icons.h"
-#include "window/keys.h"
+#include "window/appearance.h"
+#include "window/help.h"
+#include "window/input.h"
 #include "window/layout.h"
-#include "window/mouse.h"
-#include "window/options_page.h"
-#include "window/wiring_help.h"
-#include "window/wiring_options.h"
+#include "window/update.h"
 
 namespace tavix {
 namespace {
 
-void picMini_MouseUp(int button) {
-  if (button == kLeftButton) frmPubMain.Minimize();
+using namespace mdlPubSelf;
+
+// Ties the clicks on an array of controls to one handler, which gets the index of the one clicked.
+template <class Controls>
+void WireClicks(Controls& controls, void (*handler)(int)) {
+  for (size_t i = 0; i < controls.size(); ++i) {
+    controls[i].Click = [handler, i] { handler(static_cast<int>(i)); };
+  }
 }
 
-void picClose_MouseUp(int button) {
-  if (button == kLeftButton) frmPubMain.Unload();
-}
-
-void WireMouseMoves() {
+void WireMainForm() {
   MainForm& form = frmPubMain;
+  form.KeyDown = Form_KeyDown;
+
+  // Title strip.
+  form.picMini.MouseUp = picMini_MouseUp;
+  form.picClose.MouseUp = picClose_MouseUp;
+  form.picHelp.Click = picHelp_Click;
+  form.picCommend.Click = picCommend_Click;
+  form.lblProdLogo.MouseUp = lblProdLogo_MouseUp;
+  form.lblCompLogo.MouseUp = lblCompLogo_MouseUp;
+
+  // Pages.
+  form.picPrivacy.MouseUp = picPrivacy_MouseUp;
+  form.picSystem.MouseUp = picSystem_MouseUp;
+  form.picRegistry.MouseUp = picRegistry_MouseUp;
+  form.picAdv.MouseUp = picAdv_MouseUp;
+  form.picOpt.MouseUp = picOpt_MouseUp;
+  form.picOne.MouseUp = picOne_MouseUp;
+
+  // Functions.
+  form.lst.Click = lst_Click;
+  form.lst.ItemCheck = lst_ItemCheck;
+  form.trvPrivacy.NodeCheck = trvPrivacy_NodeCheck;
+  form.trvPrivacy.NodeClick = trvPrivacy_NodeClick;
+  form.trvRes.NodeCheck = trvRes_NodeCheck;
+  form.trvRes.NodeClick = trvRes_NodeClick;
+  form.lblOpt.Click = lblOpt_Click;
+
+  // Results.
+  form.cbxAll.Click = cbxAll_Click;
+  form.lsvResult.ColumnClick = lsvResult_ColumnClick;
+  form.lsvResult.MouseUp = lsvResult_MouseUp;
+  WireClicks(form.sbtToolbar, sbtToolbar_Click);
+
+  // Job.
+  form.sbtScan.Click = sbtScan_Click;
+  form.sbtCancel.Click = sbtCancel_Click;
+  form.sbtClean.Click = sbtClean_Click;
+  form.sbtRepair.Click = sbtRepair_Click;
+  form.timLoader.Tick = timLoader_Timer;
+  form.webGIF.DocumentComplete = webGIF_DocumentComplete;
+  form.mhtm.oncontextmenu = mhtm_oncontextmenu;
+
+  // The mouse over icons, and over places that drag the window.
   for (PictureBox* icon : {&form.picMini, &form.picClose, &form.picHelp, &form.picCommend, &form.picPrivacy,
                            &form.picSystem, &form.picRegistry, &form.picAdv, &form.picOpt, &form.picOne}) {
-    icon->MouseMove = [icon](int) { mdlPubSelf::LightIcon(*icon); };
+    icon->MouseMove = [icon](int) { LightIcon(*icon); };
   }
-  form.lblBorder.MouseMove = form.picTitle.MouseMove = mdlPubSelf::lblBorder_MouseMove;
-  for (Event<int>* moved :
-       {&form.lblFrame.MouseMove, &form.lst.MouseMove, &form.trvPrivacy.MouseMove, &form.trvRes.MouseMove}) {
-    *moved = mdlPubSelf::MoveWindowByMouse;
+  form.lblBorder.MouseMove = form.picTitle.MouseMove = lblBorder_MouseMove;
+  form.lblFrame.MouseMove = form.lst.MouseMove = MoveWindowByMouse;
+  form.trvPrivacy.MouseMove = form.trvRes.MouseMove = MoveWindowByMouse;
+}
+
+void WireOptionsForm() {
+  OptionsForm& form = frmPubOptions;
+  form.Load = frmPubOptions_Load;
+  form.Resize = frmPubOptions_Resize;
+  form.trv.NodeClick = trv_NodeClick;
+  form.sbtSave.Click = sbtSave_Click;
+  form.sbtRecommend.Click = sbtRecommend_Click;
+  form.sbtClose.Click = sbtClose_Click;
+
+  form.trvOC.NodeCheck = trvOC_NodeCheck;
+
+  form.lsvJF.ColumnClick = lsvJF_ColumnClick;
+  form.lsvJF.DblClick = lsvJF_DblClick;
+  form.lsvJF.ItemClick = lsvJF_ItemClick;
+  form.lsvJF.KeyDown = lsvJF_KeyDown;
+  WireClicks(form.sbtJF, sbtJF_Click);
+
+  WireClicks(form.cbxDF, cbxDF_Click);
+  WireClicks(form.optDF, optDF_Click);
+  form.lstDF.KeyUp = lstDF_KeyUp;
+  WireClicks(form.sbtDF, sbtDF_Click);
+
+  WireClicks(form.optCM, optCM_Click);
+  form.sbtCM.Click = sbtCM_Click;
+  form.txtDF.GotFocus = txtDF_GotFocus;
+  form.txtDF.LostFocus = txtDF_LostFocus;
+
+  form.lsvOO.ColumnClick = lsvOO_ColumnClick;
+  WireClicks(form.sbtOO, sbtOO_Click);
+
+  for (const NumberBox& number : NumberBoxes()) {
+    number.box->GotFocus = [&number] { NumberBox_GotFocus(number); };
+    number.box->KeyPress = NumberBox_KeyPress;
+    number.box->LostFocus = [&number] { NumberBox_LostFocus(number); };
   }
 }
 
-// The menu over the results has the commands of the toolbar, in the same order.
-void WireToolbar() {
+void WireTypeForm() {
+  TypeForm& form = frmPubType;
+  form.Load = frmPubType_Load;
+  form.KeyDown = frmPubType_KeyDown;
+  for (size_t i = 0; i < form.txt.size(); ++i) {
+    form.txt[i].GotFocus = [i] { txt_GotFocus(static_cast<int>(i)); };
+  }
+  WireClicks(form.sbt, sbt_Click);
+
   int index = 0;
-  for (MenuItem* entry : frmPubType.menr.Items) {
-    const auto run = [index] { mdlPubSelf::sbtToolbar_Click(index); };
-    frmPubMain.sbtToolbar[static_cast<size_t>(index)].Click = run;
-    entry->Click = run;
+  for (MenuItem* entry : form.menr.Items) {
+    entry->Click = [index] { sbtToolbar_Click(index); };
     ++index;
   }
+  form.menhh.Click = menhh_Click;
+  form.menhf.Click = menhf_Click;
+  form.menhw.Click = menhw_Click;
+  form.menhc.Click = menhc_Click;
+  form.menhl.Click = menhl_Click;
+  form.menha.Click = menha_Click;
+}
+
+void WireAboutForm() {
+  AboutForm& form = frmPubAbout;
+  form.Load = frmPubAbout_Load;
+  form.sbtMailer.Click = menhc_Click;
+  form.sbtWeb.Click = menhw_Click;
+  form.sbtClose.Click = sbtAboutClose_Click;
+}
+
+void WireStartUp() {
+  frameSteps.BuildPrivacyTree = BuildPrivacyTree;
+  frameSteps.LoadJunkDefinitions = LoadJunkDefinitions;
+  frameSteps.LayOutWindow = [] {
+    ChooseInterfaceSize();
+    LayOutMainForm();
+    LoadIconPictures();
+  };
+  frameSteps.SendEmbeddedPage = SendEmbeddedPage;
+  frameSteps.ColorControls = ColorControls;
+  frameSteps.CheckForUpdate = CheckForUpdate;
+  frameSteps.UnloadOptions = [] { frmPubOptions.Unload(); };
+  frameSteps.UnloadTypeEditor = [] { frmPubType.Unload(); };
+  frameSteps.UnloadAbout = [] { frmPubAbout.Unload(); };
+  advancedScan = RunAdvancedScan;
 }
 
 }  // namespace
 
-void WireMainForm() {
-  MainForm& form = frmPubMain;
-  form.KeyDown = mdlPubSelf::Form_KeyDown;
-  form.picMini.MouseUp = picMini_MouseUp;
-  form.picClose.MouseUp = picClose_MouseUp;
-  form.picOpt.MouseUp = mdlPubSelf::picOpt_MouseUp;
-  WireMouseMoves();
-  form.webGIF.DocumentComplete = mdlPubSelf::webGIF_DocumentComplete;
-  form.mhtm.oncontextmenu = mdlPubSelf::mhtm_oncontextmenu;
-  form.picPrivacy.MouseUp = mdlPubSelf::picPrivacy_MouseUp;
-  form.picSystem.MouseUp = mdlPubSelf::picSystem_MouseUp;
-  form.picRegistry.MouseUp = mdlPubSelf::picRegistry_MouseUp;
-  form.picAdv.MouseUp = mdlPubSelf::picAdv_MouseUp;
-  form.picOne.MouseUp = mdlPubSelf::picOne_MouseUp;
-  form.lst.Click = mdlPubSelf::lst_Click;
-  form.lst.ItemCheck = mdlPubSelf::lst_ItemCheck;
-  form.lblOpt.Click = mdlPubSelf::lblOpt_Click;
-  form.trvPrivacy.NodeCheck = mdlPubSelf::trvPrivacy_NodeCheck;
-  form.trvPrivacy.NodeClick = mdlPubSelf::trvPrivacy_NodeClick;
-  form.trvRes.NodeCheck = mdlPubSelf::trvRes_NodeCheck;
-  form.trvRes.NodeClick = mdlPubSelf::trvRes_NodeClick;
-  form.cbxAll.Click = mdlPubSelf::cbxAll_Click;
-  form.lsvResult.ColumnClick = mdlPubSelf::lsvResult_ColumnClick;
-  form.lsvResult.MouseUp = mdlPubSelf::lsvResult_MouseUp;
-  WireToolbar();
+void WireForms() {
+  WireMainForm();
   WireOptionsForm();
-  form.timLoader.Tick = mdlPubSelf::timLoader_Timer;
-  form.sbtScan.Click = mdlPubSelf::sbtScan_Click;
-  form.sbtCancel.Click = mdlPubSelf::sbtCancel_Click;
-  form.sbtClean.Click = mdlPubSelf::sbtClean_Click;
-  form.sbtRepair.Click = mdlPubSelf::sbtRepair_Click;
-  WireHelp();
-
-  mdlPubSelf::frameSteps.BuildPrivacyTree = mdlPubSelf::BuildPrivacyTree;
-  mdlPubSelf::frameSteps.LoadJunkDefinitions = mdlPubSelf::LoadJunkDefinitions;
-  mdlPubSelf::advancedScan = mdlPubSelf::RunAdvancedScan;
-  mdlPubSelf::frameSteps.LayOutWindow = [] {
-    ChooseInterfaceSize();
-    LayOutMainForm();
-    mdlPubSelf::LoadIconPictures();
-  };
-  mdlPubSelf::frameSteps.SendEmbeddedPage = mdlPubSelf::SendEmbeddedPage;
-  mdlPubSelf::frameSteps.ColorControls = mdlPubSelf::ColorControls;
+  WireTypeForm();
+  WireAboutForm();
+  WireStartUp();
 }
 
 }  // namespace tavix

@@ -2,9 +2,9 @@
 
 namespace tavix {
 
-// Ties the events of the main window's controls to their handlers and puts the parts of the program that
-// start-up runs into `frameSteps`. Called once, before Form_Load. `Refresh`, `Minimize` and `Unload` of
-// the window are the real window's own.
-void WireMainForm();
+// Ties the events of all forms' controls to their handlers, and gives start-up the steps that lie above it
+// (`frameSteps`). Once, before Form_Load. The events that are commands to a real window stay untied: the
+// window ties them.
+void WireForms();
 
 }  // namespace tavix

@@ -4,6 +4,8 @@
 #include "advanced/duplicate_test.h"
 #include "catalogue/pages.h"
 #include "catalogue/scope_tree.h"
+#include "forms/main_form.h"
+#include "platform/event_queue.h"
 #include "scan/scan_driver.h"
 
 namespace tavix::mdlPubSelf {

@@ -1,7 +1,10 @@
 #include "advanced/advanced_walker.h"
 
 #include "advanced/advanced_test.h"
+#include "forms/main_form.h"
 #include "frame/support/file_system_object.h"
+#include "platform/event_queue.h"
+#include "scan/painting_watch.h"
 #include "scan/scan_driver.h"
 
 namespace tavix::mdlPubSelf {

@@ -2,7 +2,9 @@
 
 #include "advanced/duplicate_loader.h"
 #include "advanced/duplicate_test.h"
+#include "forms/main_form.h"
 #include "frame/support/file_system_object.h"
+#include "platform/event_queue.h"
 #include "scan/scan_driver.h"
 
 namespace tavix::mdlPubSelf {

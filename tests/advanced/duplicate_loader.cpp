@@ -2,6 +2,8 @@
 
 #include "advanced/duplicate_test.h"
 #include "clean/clean_driver.h"
+#include "forms/main_form.h"
+#include "platform/event_queue.h"
 #include "scan/scan_driver.h"
 
 namespace tavix::mdlPubSelf {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "advanced/advanced_test.h"
+#include "controls/property.h"
 #include "frame/data_paths.h"
 
 namespace tavix::mdlPubSelf {

@@ -2,6 +2,7 @@
 
 #include "catalogue/functions.h"
 #include "catalogue/selection.h"
+#include "forms/main_form.h"
 #include "forms/options_form.h"
 #include "frame/settings.h"
 #include "support/case.h"

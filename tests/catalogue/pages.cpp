@@ -1,6 +1,7 @@
 #include "catalogue/pages.h"
 
 #include "catalogue/functions.h"
+#include "forms/main_form.h"
 #include "frame/settings.h"
 #include "platform/event_queue.h"
 #include "scan/result_items.h"

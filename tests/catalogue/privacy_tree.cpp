@@ -1,6 +1,7 @@
 #include "catalogue/privacy_tree.h"
 
 #include "catalogue/functions.h"
+#include "forms/main_form.h"
 #include "support/case.h"
 #include "support/program_test.h"
 

@@ -1,5 +1,6 @@
 #include "catalogue/scope_tree.h"
 
+#include "forms/main_form.h"
 #include "frame/support/file_system_object.h"
 #include "support/program_test.h"
 

@@ -1,5 +1,6 @@
 #include "catalogue/selection.h"
 
+#include "forms/main_form.h"
 #include "scan/result_items.h"
 #include "support/case.h"
 #include "support/program_test.h"

@@ -1,6 +1,7 @@
 #include "clean/clean_driver.h"
 
 #include "clean/clean_test.h"
+#include "forms/main_form.h"
 #include "frame/start_up.h"
 #include "frame/support/pub_system.h"
 #include "platform/event_logs.h"

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "clean/clean_driver.h"
+#include "forms/main_form.h"
 #include "frame/settings.h"
 #include "scan/result_items.h"
 #include "support/program_test.h"

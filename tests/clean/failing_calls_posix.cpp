@@ -8,6 +8,7 @@
 #include <set>
 
 #include "clean/failing_store.h"
+#include "forms/main_form.h"
 #include "frame/settings.h"
 #include "platform/machine/host/host_store.h"
 #include "platform/machine/quick_place.h"

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "clean/clean_test.h"
+#include "forms/main_form.h"
 #include "forms/type_form.h"
 #include "frame/support/pub_registry.h"
 #include "frame/support/pub_system.h"

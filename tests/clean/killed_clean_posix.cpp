@@ -77,7 +77,7 @@ void CleanAll(const fs::path& root, int ready) {
   std::string error;
   const auto host = machine::MachineHost::Open(root, std::nullopt, error);
   if (host == nullptr) _exit(3);
-  WireMainForm();
+  WireForms();
   mdlPubSelf::Form_Load();
   mdlPubSelf::CleaningMethod = u"S";
   for (int i = 0; i < kFiles; ++i) {

@@ -35,7 +35,7 @@ class LiveClean : public testing::Test {
     platform::fileSystem->DeleteFolder(u"C:\\TVXBak", true);
     platform::registry->DeleteKey(Hive::CurrentUser, kKey);
     platform::fileSystem->CreateFolder(kPlace);
-    WireMainForm();
+    WireForms();
     Form_Load();
     frmPubMain.lblProgMO.Width = 3000;
     BackupFolder = u"C:\\TVXBak";

@@ -6,6 +6,7 @@
 
 #include "catalogue/functions.h"
 #include "console/choices.h"
+#include "forms/main_form.h"
 #include "frame/settings.h"
 #include "frame/start_up.h"
 #include "platform/machine/services/machine_file_system.h"
@@ -88,7 +89,7 @@ class Trial {
 
   // False if the program ends at once because a link is in the place of its data.
   bool Start() {
-    WireMainForm();
+    WireForms();
     if (!Form_Load()) {
       EXPECT_EQ(Difference(made_, Picture()), "") << "the program has no data of its own here";
       return false;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "clean/clean_test.h"
+#include "forms/main_form.h"
 #include "frame/start_up.h"
 #include "platform/event_queue.h"
 #include "scan/scan_driver.h"

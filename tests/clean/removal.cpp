@@ -2,6 +2,7 @@
 
 #include "advanced/advanced_walker.h"
 #include "clean/clean_test.h"
+#include "forms/main_form.h"
 #include "scan/walkers.h"
 #include "support/case.h"
 

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "clean/clean_test.h"
+#include "forms/main_form.h"
 #include "support/case.h"
 
 namespace tavix::mdlPubSelf {

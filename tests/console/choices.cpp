@@ -1,5 +1,6 @@
 #include "console/choices.h"
 
+#include "forms/main_form.h"
 #include "frame/settings.h"
 #include "support/program_test.h"
 

@@ -1,5 +1,6 @@
 #include "frame/start_up.h"
 
+#include "forms/main_form.h"
 #include "frame/settings.h"
 #include "frame/support/file_system_object.h"
 #include "frame/support/pub_registry.h"

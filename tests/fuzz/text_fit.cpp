@@ -1,5 +1,3 @@
-#include "window/text_fit.h"
-
 #include <cstdint>
 
 #include "forms/main_form.h"

@@ -1,3 +1,4 @@
+#include "forms/main_form.h"
 #include "junk/junk_definitions.h"
 #include "options/options_test.h"
 #include "support/case.h"

@@ -1,5 +1,6 @@
 #include "options/option_pages.h"
 
+#include "forms/main_form.h"
 #include "options/options_test.h"
 #include "support/case.h"
 

@@ -1,5 +1,6 @@
 #include "options/option_values.h"
 
+#include "forms/main_form.h"
 #include "options/options_test.h"
 #include "text/ini_text.h"
 #include "text/text_file.h"

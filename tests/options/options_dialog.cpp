@@ -2,6 +2,7 @@
 
 #include "catalogue/functions.h"
 #include "catalogue/pages.h"
+#include "forms/main_form.h"
 #include "junk/junk_definitions.h"
 #include "options/options_test.h"
 

@@ -45,7 +45,7 @@ class OptionsTest : public ProgramTest {
 
   // The program runs and the window is open at a page.
   void Open(int16_t page = 1) {
-    if (!frmPubMain.Loaded) Start();
+    if (!IsStarted()) Start();
     WireTypeWindow();
     frmPubOptions.piPage = page;
     frmPubOptions.LoadOnce();

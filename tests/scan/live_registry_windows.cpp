@@ -51,7 +51,7 @@ class LiveRegistryPage : public testing::Test {
  protected:
   void SetUp() override {
     if (!windows::HasBinOfItsOwn()) GTEST_SKIP() << "runs in a throwaway Wine prefix only";
-    WireMainForm();
+    WireForms();
     Form_Load();
     for (const Seeded& seed : Seeds()) {
       ASSERT_TRUE(platform::registry->WriteString(seed.hive, seed.key, seed.value, seed.data))

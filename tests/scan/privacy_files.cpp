@@ -1,5 +1,7 @@
 #include "scan/privacy_files.h"
 
+#include "forms/main_form.h"
+#include "scan/painting_watch.h"
 #include "scan/scan_driver.h"
 #include "scan/scan_test.h"
 #include "support/case.h"

@@ -1,5 +1,6 @@
 #include "scan/privacy_registry.h"
 
+#include "forms/main_form.h"
 #include "scan/result_items.h"
 #include "support/program_test.h"
 

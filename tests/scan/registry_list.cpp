@@ -1,6 +1,7 @@
 #include "scan/registry_list.h"
 
 #include "scan/registry_test.h"
+#include "scan/scan_watch.h"
 
 namespace tavix::mdlPubSelf {
 namespace {

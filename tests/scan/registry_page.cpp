@@ -5,6 +5,7 @@
 #include "frame/support/shell_object.h"
 #include "scan/registry_page_test.h"
 #include "scan/scan_driver.h"
+#include "scan/scan_watch.h"
 #include "support/case.h"
 
 namespace tavix::mdlPubSelf {

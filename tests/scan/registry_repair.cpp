@@ -1,5 +1,6 @@
 // The Registry page from its picture to Repair.
 
+#include "forms/main_form.h"
 #include "platform/machine/formats/registry_text.h"
 #include "scan/registry_page_test.h"
 #include "support/case.h"

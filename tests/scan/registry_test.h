@@ -48,24 +48,4 @@ class RegistryFunctionTest : public RegistryScanTest {
   static std::vector<Text> TagsBy(TextView function) { return Tags(Scan(function)); }
 };
 
-// What the scan shows in the status line, and how often the user interface runs, while this lives.
-struct ScanWatch : platform::EventQueue {
-  ScanWatch() {
-    platform::eventQueue = this;
-    frmPubMain.Refresh = [this] { statuses.push_back(frmPubMain.lblProgS.Caption); };
-  }
-  ~ScanWatch() override {
-    platform::eventQueue = nullptr;
-    frmPubMain.Refresh = nullptr;
-  }
-  void Yield() override {
-    ++yields;
-    if (atYield) atYield();
-  }
-
-  std::vector<Text> statuses;
-  int yields = 0;
-  std::function<void()> atYield;
-};
-
 }  // namespace tavix::mdlPubSelf

@@ -1,5 +1,6 @@
 #include "scan/result_items.h"
 
+#include "forms/main_form.h"
 #include "support/case.h"
 #include "support/program_test.h"
 #include "text/number.h"

@@ -1,5 +1,6 @@
 #include "scan/scan_driver.h"
 
+#include "forms/main_form.h"
 #include "frame/settings.h"
 #include "frame/support/pub_registry.h"
 #include "platform/event_queue.h"

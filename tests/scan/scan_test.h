@@ -1,6 +1,5 @@
 #pragma once
 
-#include "platform/event_queue.h"
 #include "scan/result_items.h"
 #include "scan/scan_function.h"
 #include "support/program_test.h"
@@ -47,27 +46,5 @@ inline std::vector<Text> Paths(const std::vector<RowFields>& rows) {
   for (const RowFields& row : rows) paths.push_back(Concat(row.location, u"\\", row.name));
   return paths;
 }
-
-// Watches the painting of the result list for as long as it lives: each change of its suspension, and what
-// it was whenever the user interface ran.
-struct PaintingWatch : ControlPeer, platform::EventQueue {
-  PaintingWatch() {
-    frmPubMain.lsvResult.peer = this;
-    platform::eventQueue = this;
-  }
-  ~PaintingWatch() override {
-    frmPubMain.lsvResult.peer = nullptr;
-    platform::eventQueue = nullptr;
-  }
-  void ModelChanged() override {
-    const bool now = frmPubMain.lsvResult.PaintingSuspended;
-    if (now != last) changes.push_back(now);
-    last = now;
-  }
-  void Yield() override { atYields.push_back(frmPubMain.lsvResult.PaintingSuspended); }
-
-  std::vector<bool> changes, atYields;
-  bool last = false;
-};
 
 }  // namespace tavix::mdlPubSelf

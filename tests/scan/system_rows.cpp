@@ -1,5 +1,6 @@
 #include "scan/system_rows.h"
 
+#include "forms/main_form.h"
 #include "scan/scan_test.h"
 
 namespace tavix::mdlPubSelf {

@@ -1,7 +1,10 @@
 #include "scan/system_walks.h"
 
+#include "forms/main_form.h"
 #include "frame/settings.h"
+#include "platform/event_queue.h"
 #include "platform/shortcut_bytes.h"
+#include "scan/painting_watch.h"
 #include "scan/scan_driver.h"
 #include "scan/scan_test.h"
 #include "support/case.h"

@@ -3,8 +3,10 @@
 #include <functional>
 
 #include "doubles/odd_names.h"
+#include "forms/main_form.h"
 #include "frame/settings.h"
 #include "frame/support/file_system_object.h"
+#include "platform/event_queue.h"
 #include "platform/shortcut_bytes.h"
 #include "scan/scan_driver.h"
 #include "scan/scan_test.h"

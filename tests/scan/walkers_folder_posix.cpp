@@ -30,7 +30,7 @@ class FolderWalkers : public testing::Test {
     std::string error;
     host = machine::MachineHost::Open(scratch.Root(), std::nullopt, error);
     EXPECT_NE(host, nullptr) << error;
-    WireMainForm();
+    WireForms();
     Form_Load();
   }
   ~FolderWalkers() override {

@@ -4,6 +4,7 @@
 #include <ostream>
 
 #include "forms/about_form.h"
+#include "forms/main_form.h"
 #include "forms/options_form.h"
 #include "forms/type_form.h"
 #include "frame/settings.h"
@@ -77,9 +78,11 @@ std::vector<RowFields> ResultRows() {
 }
 
 void ProgramTest::Start() {
-  WireMainForm();
+  WireForms();
   mdlPubSelf::Form_Load();
 }
+
+bool ProgramTest::IsStarted() { return frmPubMain.Loaded; }
 
 void ProgramTest::Seed(platform::Hive hive, TextView key, TextView name, TextView data) {
   machineRegistry.WriteString(hive, key, name, data);

@@ -31,6 +31,8 @@ class ProgramTest : public testing::Test {
  protected:
   // Form_Load with everything wired.
   void Start();
+  // From Form_Load to Form_Unload.
+  static bool IsStarted();
   // One string value, made with its key.
   void Seed(platform::Hive hive, TextView key, TextView name, TextView data);
 

@@ -3,12 +3,14 @@
 #include "controls/control.h"
 #include "forms/about_form.h"
 #include "forms/main_form.h"
+#include "forms/product.h"
 #include "forms/type_form.h"
+#include "frame/messages.h"
 #include "frame/start_up.h"
 #include "platform/application.h"
 #include "support/program_test.h"
 #include "window/addresses.h"
-#include "window/keys.h"
+#include "window/input.h"
 
 namespace tavix::mdlPubSelf {
 namespace {
@@ -141,6 +143,42 @@ TEST_F(Help, TheMenuHasItsEntriesInTheirOrder) {
     EXPECT_EQ(item->IsSeparator(), separator) << Narrow(item->Caption.Get());
     EXPECT_EQ(static_cast<bool>(item->Click), !separator) << Narrow(item->Caption.Get());
   }
+}
+
+class About : public ProgramTest {
+ protected:
+  About() { Start(); }
+};
+
+TEST_F(About, TheMenuShowsTheWindow) {
+  int shown = 0;
+  frmPubAbout.ShowModal = [&shown] { ++shown; };
+  frmPubType.menha.Click();
+  EXPECT_EQ(shown, 1);
+}
+
+TEST_F(About, TheProductStandsThereWithItsVersion) {
+  EXPECT_EQ(frmPubAbout.lblProduct.Caption, Concat(u"Tavix v", kProductVersion));
+  EXPECT_EQ(frmPubMain.lblVer.Caption, Text(u"v2.19.630"));
+}
+
+TEST_F(About, ItsTextsComeFromTheCatalogueWhenItIsLoaded) {
+  machine.files.AddFile(TextCatalogue(),
+                        {.content = "[frmPubAbout]\nsbtClose=Zu\nlblCopyright=Alle Rechte\n"});
+  EXPECT_EQ(frmPubAbout.sbtClose.Caption, u"&Close");
+  frmPubAbout.LoadOnce();
+  EXPECT_EQ(frmPubAbout.sbtClose.Caption, u"Zu");
+  EXPECT_EQ(frmPubAbout.lblCopyright.Caption, u"Alle Rechte");
+  EXPECT_EQ(frmPubAbout.sbtWeb.Caption, u"&Web Site");
+}
+
+TEST_F(About, CloseUnloadsItAndSoDoesTheEndOfTheProgram) {
+  int unloads = 0;
+  frmPubAbout.Unload = [&unloads] { ++unloads; };
+  frmPubAbout.sbtClose.Click();
+  EXPECT_EQ(unloads, 1);
+  Form_Unload();
+  EXPECT_EQ(unloads, 2);
 }
 
 }  // namespace

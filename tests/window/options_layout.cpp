@@ -1,5 +1,3 @@
-#include "window/options_layout.h"
-
 #include <fstream>
 #include <iterator>
 #include <vector>
@@ -10,6 +8,7 @@
 #include "support/source_folder.h"
 #include "text/ini_text.h"
 #include "text/text_file.h"
+#include "window/layout.h"
 #include "window/place.h"
 
 namespace tavix {
@@ -52,11 +51,11 @@ class OptionsLayout : public ProgramTest, public testing::WithParamInterface<int
   }
 };
 
-bool Overlap(const Place& a, const Place& b) {
+bool Overlap(const Bounds& a, const Bounds& b) {
   return a.left < b.Right() && b.left < a.Right() && a.top < b.Bottom() && b.top < a.Bottom();
 }
 
-bool Contains(const Place& room, const Place& place) {
+bool Contains(const Bounds& room, const Bounds& place) {
   return place.left >= room.left && place.top >= room.top && place.Right() <= room.Right() &&
          place.Bottom() <= room.Bottom();
 }
@@ -85,37 +84,37 @@ TEST_P(OptionsLayout, AListHearsOfTheWidthsOfItsColumns) {
 INSTANTIATE_TEST_SUITE_P(Fonts, OptionsLayout, testing::Values(70, 85, 100));
 
 TEST_P(OptionsLayout, EachControlHasRoomOfItsOwnInsideItsPage) {
-  const Place room = PlaceOf(frmPubOptions.fraOC);
+  const Bounds room = BoundsOf(frmPubOptions.fraOC);
   for (const auto& page : Pages()) {
     for (size_t i = 0; i < page.size(); ++i) {
-      const Place place = PlaceOf(*page[i]);
+      const Bounds place = BoundsOf(*page[i]);
       EXPECT_GT(place.width, 0) << i;
       EXPECT_GT(place.height, 0) << i;
       EXPECT_TRUE(Contains(room, place)) << i;
-      for (size_t j = 0; j < i; ++j) EXPECT_FALSE(Overlap(place, PlaceOf(*page[j]))) << i << " " << j;
+      for (size_t j = 0; j < i; ++j) EXPECT_FALSE(Overlap(place, BoundsOf(*page[j]))) << i << " " << j;
     }
   }
 }
 
 TEST_P(OptionsLayout, TheFramesHaveOneLeftEdgeRightOfTheTree) {
   const OptionsForm& form = frmPubOptions;
-  const Place room = PlaceOf(form.fraOC);
+  const Bounds room = BoundsOf(form.fraOC);
   for (const Frame* frame : {&form.fraJF, &form.fraDF, &form.fraCM, &form.fraOO}) {
     EXPECT_EQ(frame->Left, room.left);
     EXPECT_EQ(frame->Top, room.top);
   }
-  EXPECT_GT(room.left, PlaceOf(form.trv).Right());
+  EXPECT_GT(room.left, BoundsOf(form.trv).Right());
   EXPECT_EQ(form.sbtRecommend.Left, room.left);
-  EXPECT_EQ(PlaceOf(form.sbtClose).Right(), room.Right());
+  EXPECT_EQ(BoundsOf(form.sbtClose).Right(), room.Right());
   EXPECT_GT(form.sbtSave.Top, room.Bottom());
-  EXPECT_LE(PlaceOf(form.lblRemark).Bottom(), room.top);
+  EXPECT_LE(BoundsOf(form.lblRemark).Bottom(), room.top);
 }
 
 TEST_P(OptionsLayout, TheWindowFitsTheSmallestScreen) {
   constexpr int kFrame = 600;  // of the system, with the title
   EXPECT_LE(frmPubOptions.Width + 240, 800 * 15);
   EXPECT_LE(frmPubOptions.Height + kFrame, 600 * 15);
-  EXPECT_EQ(PlaceOf(frmPubOptions.sbtClose).Right() + 210, frmPubOptions.Width);
+  EXPECT_EQ(BoundsOf(frmPubOptions.sbtClose).Right() + 210, frmPubOptions.Width);
 }
 
 TEST_P(OptionsLayout, NoCaptionIsCut) {

@@ -1,4 +1,5 @@
 #include "clean/clean_test.h"
+#include "forms/main_form.h"
 #include "scan/registry_test.h"
 
 // What the help tells of safety, where no other test holds it.

@@ -1,7 +1,6 @@
-#include "window/type_layout.h"
-
 #include "forms/type_form.h"
 #include "support/program_test.h"
+#include "window/layout.h"
 #include "window/place.h"
 
 namespace tavix {
@@ -16,16 +15,16 @@ class TypeLayout : public ProgramTest {
     const int right = form.Width - form.lbl[0].Left;
     for (size_t i = 0; i < form.txt.size(); ++i) {
       EXPECT_GE(form.lbl[i].Width, WidthOf(PlainCaption(form.lbl[i].Caption.Get())));
-      EXPECT_EQ(PlaceOf(form.lbl[i]).Right(), form.txt[i].Left.Get());
-      EXPECT_EQ(PlaceOf(form.txt[i]).Right(), right);
+      EXPECT_EQ(BoundsOf(form.lbl[i]).Right(), form.txt[i].Left.Get());
+      EXPECT_EQ(BoundsOf(form.txt[i]).Right(), right);
     }
-    EXPECT_EQ(PlaceOf(form.sbt[2]).Right(), right);
+    EXPECT_EQ(BoundsOf(form.sbt[2]).Right(), right);
     EXPECT_GE(form.sbt[0].Left, form.lbl[0].Left.Get());
     for (size_t i = 0; i < form.sbt.size(); ++i) {
       EXPECT_GE(form.sbt[i].Width, WidthOf(PlainCaption(form.sbt[i].Caption.Get())) + 2 * 90);
-      EXPECT_LT(PlaceOf(form.sbt[i]).Bottom(), form.Height);
+      EXPECT_LT(BoundsOf(form.sbt[i]).Bottom(), form.Height);
       if (i > 0) {
-        EXPECT_LT(PlaceOf(form.sbt[i - 1]).Right(), form.sbt[i].Left.Get());
+        EXPECT_LT(BoundsOf(form.sbt[i - 1]).Right(), form.sbt[i].Left.Get());
       }
     }
   }

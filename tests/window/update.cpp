@@ -1,5 +1,6 @@
 #include "window/update.h"
 
+#include "forms/main_form.h"
 #include "forms/product.h"
 #include "forms/type_form.h"
 #include "frame/messages.h"

@@ -1,4 +1,5 @@
 #include "forms/about_form.h"
+#include "window/layout.h"
 #include "window/win32/buttons.h"
 #include "window/win32/control_ids.h"
 #include "window/win32/dialogs.h"
@@ -6,15 +7,6 @@
 #include "window/win32/paint.h"
 
 namespace tavix::win32 {
-namespace {
-
-// The controls are placed by the form's Resize.
-void SizeAboutForm(const WidthOf&) {
-  frmPubAbout.Width = 5700;
-  frmPubAbout.Height = 2250;
-}
-
-}  // namespace
 
 AboutWindow::AboutWindow()
     : DialogWindow({.form = frmPubAbout,
@@ -22,7 +14,7 @@ AboutWindow::AboutWindow()
                     .first = frmPubAbout.sbtClose,
                     .enter = &frmPubAbout.sbtClose,
                     .escape = frmPubAbout.sbtClose,
-                    .layOut = SizeAboutForm,
+                    .layOut = LayOutAboutForm,
                     .extendedStyle = WS_EX_DLGMODALFRAME}) {}
 
 void AboutWindow::AddControls(BindingList& controls) {

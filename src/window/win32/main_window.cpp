@@ -7,7 +7,7 @@
 #include "forms/type_form.h"
 #include "frame/start_up.h"
 #include "scan/scan_driver.h"
-#include "window/text_fit.h"
+#include "window/layout.h"
 #include "window/win32/control_ids.h"
 #include "window/win32/input.h"
 #include "window/win32/popup_menu.h"

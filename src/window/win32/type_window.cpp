@@ -1,5 +1,5 @@
 #include "forms/type_form.h"
-#include "window/type_layout.h"
+#include "window/layout.h"
 #include "window/win32/buttons.h"
 #include "window/win32/control_ids.h"
 #include "window/win32/dialogs.h"

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "controls/menu.h"
 #include "doubles/memory_host.h"
 #include "platform/shortcut_bytes.h"
 #include "support/case.h"
@@ -18,18 +19,14 @@ machine::FileSeed Content(std::string content, uint32_t attributes = 0) {
 
 class SampleForm : public Form {
  public:
-  SampleForm() {
-    one.Caption = u"one";
-    two.Caption = u"two";
-    entry.Caption = u"entry";
+  SampleForm() : Form(u"frmSample") {
+    Say(u"one", one.Caption, u"one");
+    Say(u"two", two.Caption, u"two");
+    SayMenu(u"entry", entry, u"entry");
   }
-  TextView Name() const override { return u"frmSample"; }
-  std::vector<NamedText> Texts() override {
-    return FormTexts().Add(u"one", one.Caption).Add(u"two", two.Caption).Take();
-  }
-  std::vector<NamedText> Menus() override { return FormTexts().Add(u"entry", entry.Caption).Take(); }
 
-  Button one, two, entry;
+  Button one, two;
+  MenuItem entry;
 };
 
 class PubCommon : public testing::Test {

@@ -1,5 +1,7 @@
-#include "window/icons.h"
+#include "window/appearance.h"
 
+#include "forms/main_form.h"
+#include "platform/application.h"
 #include "support/case.h"
 #include "support/program_test.h"
 
@@ -92,6 +94,52 @@ TEST(TitlePicture, IsThatOfTheSize) {
     EXPECT_EQ(frmPubMain.picTitle.Picture.Get(), big ? u"TITLE_BIG" : u"TITLE_SM");
   }
   ResetProcess();
+}
+
+class Colors : public ProgramTest {};
+
+TEST_F(Colors, TreesAndTheirNodesTakeThoseOfTheResultList) {
+  constexpr Color kBack = 0x102030, kFore = 0xA0B0C0;
+  frmPubMain.lsvResult.BackColor = kBack;
+  frmPubMain.lsvResult.ForeColor = kFore;
+  frmPubMain.trvPrivacy.hWnd = 5;
+  frmPubMain.trvRes.hWnd = 6;
+  frmPubMain.trvRes.AddNode(nullptr, u"C:", u"C:");
+  Start();
+  EXPECT_EQ(machine.desktop.treeColors[5], kBack);
+  EXPECT_EQ(machine.desktop.treeColors[6], kBack);
+  EXPECT_EQ(frmPubMain.trvPrivacy.NodeCount(), 17);
+  for (TreeView* tree : {&frmPubMain.trvPrivacy, &frmPubMain.trvRes}) {
+    for (int i = 1; i <= tree->NodeCount(); ++i) {
+      EXPECT_EQ(tree->NodeAt(i)->BackColor.Get(), kBack);
+      EXPECT_EQ(tree->NodeAt(i)->ForeColor.Get(), kFore);
+    }
+  }
+}
+
+class EmbeddedPage : public ProgramTest {
+ protected:
+  void SetUp() override {
+    platform::applicationFolder = u"C:\\Program Files\\Tavix";
+    Start();
+  }
+};
+
+TEST_F(EmbeddedPage, LiesBesideTheProgramAndIsHiddenAtStart) {
+  EXPECT_EQ(frmPubMain.webGIF.Address.Get(), u"C:\\Program Files\\Tavix\\res\\scan.htm");
+  EXPECT_FALSE(frmPubMain.webGIF.Visible);
+  EXPECT_EQ(frmPubMain.mhtm.Scroll.Get(), u"");
+}
+
+TEST_F(EmbeddedPage, HasNoScrollBarsOnceItHasBeenRead) {
+  frmPubMain.webGIF.DocumentComplete();
+  EXPECT_EQ(frmPubMain.mhtm.Scroll.Get(), u"no");
+}
+
+TEST_F(EmbeddedPage, HasNoMenu) {
+  bool shown = true;
+  frmPubMain.mhtm.oncontextmenu(shown);
+  EXPECT_FALSE(shown);
 }
 
 }  // namespace

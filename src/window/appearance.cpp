@@ -1,6 +1,8 @@
-#include "window/icons.h"
+#include "window/appearance.h"
 
 #include "forms/main_form.h"
+#include "frame/tree_colors.h"
+#include "platform/application.h"
 
 namespace tavix::mdlPubSelf {
 namespace {
@@ -10,7 +12,7 @@ struct Icon {
   TextView atRest, lit;
 };
 
-// In the order in which they are put to rest.
+// In the order in which they are unlit.
 constexpr Icon kIcons[] = {
     {&MainForm::picMini, u"MINI_STTC", u"MINI_ACTV"},
     {&MainForm::picClose, u"CLOSE_STTC", u"CLOSE_ACTV"},
@@ -42,10 +44,24 @@ void LightIcon(PictureBox& icon) {
   frmPubMain.IconsLit = true;
 }
 
-void PutIconsToRest() {
+void UnlightIcons() {
   if (!frmPubMain.IconsLit) return;
   LoadRestPictures();
   frmPubMain.IconsLit = false;
 }
+
+void ColorControls() {
+  for (TreeView* tree : {&frmPubMain.trvPrivacy, &frmPubMain.trvRes}) {
+    ColorTreeLike(*tree, frmPubMain.lsvResult);
+  }
+}
+
+void SendEmbeddedPage() {
+  frmPubMain.webGIF.Navigate(Concat(platform::applicationFolder, u"\\res\\scan.htm"));
+}
+
+void webGIF_DocumentComplete() { frmPubMain.mhtm.Scroll = Text(u"no"); }
+
+void mhtm_oncontextmenu(bool& shown) { shown = false; }
 
 }  // namespace tavix::mdlPubSelf

@@ -1,13 +1,22 @@
-#include "window/keys.h"
+#include "window/input.h"
 
 #include <algorithm>
 #include <iterator>
 
+#include "catalogue/pages.h"
 #include "forms/main_form.h"
+#include "forms/options_form.h"
 #include "forms/type_form.h"
+#include "frame/support/pub_system.h"
+#include "platform/desktop.h"
+#include "window/appearance.h"
 
 namespace tavix::mdlPubSelf {
 namespace {
+
+// Sent as if the left button were pressed on the title bar (WM_NCLBUTTONDOWN, HTCAPTION).
+constexpr uint32_t kLeftPressMessage = 161;
+constexpr intptr_t kOnTitleBar = 2;
 
 constexpr int kEscape = 0x1B;
 constexpr int kF1 = 0x70;
@@ -59,6 +68,36 @@ void Form_KeyDown(int keyCode, int shift) {
       std::find_if(std::begin(kCommands), std::end(kCommands),
                    [&](const KeyCommand& c) { return c.keyCode == keyCode && c.shift == shift; });
   if (found != std::end(kCommands)) found->run();
+}
+
+void MoveWindowByMouse(int buttons) {
+  if ((buttons & kLeftButton) == 0) return;
+  if (platform::desktop != nullptr) platform::desktop->ReleaseCapture();
+  pubSystem.SendWindowMessage(frmPubMain.hWnd, kLeftPressMessage, kOnTitleBar, 0);
+}
+
+void lblBorder_MouseMove(int buttons) {
+  UnlightIcons();
+  MoveWindowByMouse(buttons);
+}
+
+void picMini_MouseUp(int button) {
+  if (button == kLeftButton) frmPubMain.Minimize();
+}
+
+void picClose_MouseUp(int button) {
+  if (button == kLeftButton) frmPubMain.Unload();
+}
+
+void picOpt_MouseUp(int button) {
+  MainForm& form = frmPubMain;
+  if (button != kLeftButton || form.picOpt.BorderStyle == 1) return;
+  for (PictureBox* page : form.PagePictures()) page->BorderStyle = page == &form.picOpt ? 1 : 0;
+  form.picOpt.Picture = Text(u"OPT_STTC");
+  frmPubOptions.piPage = 1;
+  frmPubOptions.ShowModal();
+  form.picOpt.BorderStyle = 0;
+  MarkLastPage();
 }
 
 }  // namespace tavix::mdlPubSelf

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <vector>
+
+#include "forms/main_form.h"
+#include "platform/event_queue.h"
+
+namespace tavix::mdlPubSelf {
+
+// Watches the painting of the result list for as long as it lives: each change of its suspension, and what
+// it was whenever the user interface ran.
+struct PaintingWatch : ControlPeer, platform::EventQueue {
+  PaintingWatch() {
+    frmPubMain.lsvResult.peer = this;
+    platform::eventQueue = this;
+  }
+  ~PaintingWatch() override {
+    frmPubMain.lsvResult.peer = nullptr;
+    platform::eventQueue = nullptr;
+  }
+  void ModelChanged() override {
+    const bool now = frmPubMain.lsvResult.PaintingSuspended;
+    if (now != last) changes.push_back(now);
+    last = now;
+  }
+  void Yield() override { atYields.push_back(frmPubMain.lsvResult.PaintingSuspended); }
+
+  std::vector<bool> changes, atYields;
+  bool last = false;
+};
+
+}  // namespace tavix::mdlPubSelf

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <functional>
+#include <vector>
+
+#include "forms/main_form.h"
+#include "platform/event_queue.h"
+
+namespace tavix::mdlPubSelf {
+
+// What the scan shows in the status line, and how often the user interface runs, while this lives.
+struct ScanWatch : platform::EventQueue {
+  ScanWatch() {
+    platform::eventQueue = this;
+    frmPubMain.Refresh = [this] { statuses.push_back(frmPubMain.lblProgS.Caption); };
+  }
+  ~ScanWatch() override {
+    platform::eventQueue = nullptr;
+    frmPubMain.Refresh = nullptr;
+  }
+  void Yield() override {
+    ++yields;
+    if (atYield) atYield();
+  }
+
+  std::vector<Text> statuses;
+  int yields = 0;
+  std::function<void()> atYield;
+};
+
+}  // namespace tavix::mdlPubSelf
