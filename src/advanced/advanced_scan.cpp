@@ -18,8 +18,6 @@
 namespace tavix::mdlPubSelf {
 namespace {
 
-constexpr TextView kAllRecycleBins = u"Recycle Bin/All Recycle Bins";
-
 // The ticked functions with a bar before each and behind the last; row 0 is the master row.
 Text TickedFunctions() {
   Text funcs = u"|";
