@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <unordered_map>
 
 #include "catalogue/functions.h"
+#include "clean/clean_judge.h"
 #include "console/choices.h"
 #include "frame/settings.h"
 #include "frame/start_up.h"
@@ -31,11 +31,6 @@ Text Plain(TextView path) {
   return Text(path);
 }
 
-using Keys = std::set<Text, LessIgnoringCase>;
-constexpr TextView kAside = u"stands aside";
-
-bool IsLostFile(const DiskItem& item) { return item.kind == EntryKind::File && !item.content.empty(); }
-
 class Trial {
  public:
   Trial(uint64_t seed, Ground& ground, Trouble trouble, const KillableClean& kill, Tally& tally)
@@ -47,7 +42,8 @@ class Trial {
         store_(ground.Store()),
         files_(store_, host_.facts),
         shell_(store_, files_, host_.facts, host_.journal),
-        machine_(dice_, ground.OnHost()) {
+        machine_(dice_, ground.OnHost()),
+        judge_(trouble) {
     platform::fileSystem = &files_;
     platform::shell = &shell_;
     host_.clock.Set(kNow);
@@ -199,15 +195,16 @@ class Trial {
     const std::vector<Row> rows = ReadRows();
     CheckStarts(rows);
     ChangeDisk(rows);
-    before_ = Picture();
+    judge_.before = Picture();
+    judge_.orders = GiveOrders();
     const RegistryPicture registryBefore = PictureOf(host_.registry);
-    CleanOracle oracle(before_, registryBefore, GiveOrders());
-    AddWhatMayGo(rows, oracle, before_);
+    CleanOracle oracle(judge_.before, registryBefore, GiveOrders());
+    judge_.AddWhatMayGo(rows, oracle, judge_.before);
     host_.journal.Clear();
 
     if (trouble_ == Trouble::Kill) {
       tally_.killed += kill_(store_, dice_, clean) ? 1 : 0;
-      CheckNothingIsLost(rows, oracle, Picture());
+      judge_.CheckNothingIsLost(rows, oracle, Picture());
       ++tally_.machines;
       return;
     }
@@ -222,10 +219,12 @@ class Trial {
     shell_.faults.Clear();
 
     const DiskPicture after = Picture();
-    CheckNothingIsLost(rows, oracle, after);
-    CheckRows(rows, after);
+    judge_.CheckNothingIsLost(rows, oracle, after);
+    judge_.CheckRows(rows, after);
     oracle.Clean(rows);
-    if (trouble_ == Trouble::None && CanTellWhatStays(rows)) CheckExactly(rows, oracle, after);
+    if (trouble_ == Trouble::None && judge_.CanTellWhatStays(rows, Facts())) {
+      judge_.CheckExactly(rows, oracle, after, host_.journal);
+    }
     CheckRegistry(oracle, registryBefore);
     Count(after);
     CheckEnd(after);
@@ -354,7 +353,7 @@ class Trial {
     const int number = 1 + static_cast<int>(dice_.Below(size_t{1} << dice_.Below(12)));
     store_.failing = store_.calls + number;
     if (rows.empty() || !dice_.Percent(60)) return;
-    namedFaults_ = true;
+    judge_.namedFaults = true;
     constexpr TextView kCalls[] = {u"Remove", u"RemoveTree", u"Move", u"Copy", u"Read", u"MakeFolder"};
     if (ground_.NamedFaults() != nullptr && dice_.Percent(50)) {
       constexpr TextView kAlways[] = {u"Copy", u"Copy", u"Move", u"Remove"};
@@ -371,18 +370,19 @@ class Trial {
 
   // The new files are among what must not be lost.
   void FillBeforeRemovals(const std::vector<Row>& rows) {
-    const CleanOracle oracle(before_, {}, GiveOrders());
+    const CleanOracle oracle(judge_.before, {}, GiveOrders());
     for (const Row& row : rows) {
       const auto key = row.fields.checked && row.fields.tag == u"P" ? oracle.Target(row) : std::nullopt;
-      if (key && before_.Find(*key)->kind == EntryKind::Folder && dice_.Percent(50)) filled_.insert(*key);
+      if (key && judge_.before.Find(*key)->kind == EntryKind::Folder && dice_.Percent(50))
+        filled_.insert(*key);
     }
     store_.onRemovalOfFolder = [this](TextView name) {
       for (const Text& key : filled_) {
         const Text file = Concat(key, u"\\late.doc");
         const bool there = ground_.Picture().Find(key) != nullptr;
-        if (!EqualIgnoringCase(NameOf(key), name) || !there || before_.Find(file) != nullptr) continue;
-        before_.items[file] = NewFile();
-        Put(file, before_.items[file]);
+        if (!EqualIgnoringCase(NameOf(key), name) || !there || judge_.before.Find(file) != nullptr) continue;
+        judge_.before.items[file] = NewFile();
+        Put(file, judge_.before.items[file]);
       }
     };
   }
@@ -390,171 +390,30 @@ class Trial {
   // The folder itself stands aside then, with all that it holds.
   void SwapAtACall(const std::vector<Row>& rows) {
     if (rows.empty()) return;
-    const auto folder = before_.Resolve(dice_.Of(rows).fields.location, true);
+    const auto folder = judge_.before.Resolve(dice_.Of(rows).fields.location, true);
     const auto elsewhere = machine_.Any(EntryKind::Folder);
     if (!folder || IsRoot(*folder) || !elsewhere) return;
     for (const TextView kept :
          {TextView(u"C:\\MORVDataPath\\TVX"), TextView(u"C:\\TVXBak"), TextView(BackupFolder)}) {
-      const auto key = before_.Resolve(kept, true);
+      const auto key = judge_.before.Resolve(kept, true);
       if (key && (*key + u"\\").starts_with(*folder + u"\\")) return;
     }
     const int number = store_.calls + 1 + static_cast<int>(dice_.Below(size_t{1} << dice_.Below(12)));
     store_.onCall = [this, number, &rows, from = *folder, to = *elsewhere](int call) {
       const DiskItem* now = call == number ? ground_.Picture().Find(from) : nullptr;
       if (now == nullptr || now->kind != EntryKind::Folder) return;
-      swapped_ = from;
+      judge_.swapped = from;
       ground_.Rename(from, kAside);
       Put(from, {EntryKind::Link, {}, Concat(u"\\", to)});
       const DiskPicture picture = Picture();
-      AddWhatMayGo(rows, CleanOracle(picture, {}, GiveOrders()), picture);
+      judge_.AddWhatMayGo(rows, CleanOracle(picture, {}, GiveOrders()), picture);
     };
   }
 
-  // Where an item of the picture before the clean stands afterwards if nobody takes it.
-  Text Later(const Text& key) const {
-    if (!swapped_ || !(key + u"\\").starts_with(*swapped_ + u"\\")) return key;
-    return Concat(ParentOf(*swapped_), u"\\", kAside, TextView(key).substr(swapped_->size()));
-  }
-
-  void AddWhatMayGo(const std::vector<Row>& rows, const CleanOracle& oracle, const DiskPicture& disk) {
-    for (const Row& row : rows) {
-      if (!row.fields.checked) continue;
-      if (const auto key = oracle.Target(row)) AddTree(mayGo_, disk, *key);
-      if (const auto key = oracle.LinkTarget(row)) mayGo_.insert(*key);
-    }
-  }
-
-  // Holds whatever failed: each content stands where it stood, in the bin or in the backup folder; what no
-  // ticked row may take stands unchanged.
-  void CheckNothingIsLost(const std::vector<Row>& rows, const CleanOracle& oracle, const DiskPicture& after) {
-    const bool binIsEmptied = std::ranges::any_of(
-        rows, [](const Row& row) { return row.fields.checked && row.fields.tag == u"RE"; });
-    std::unordered_map<std::string, std::vector<Text>> places;
-    for (const auto& [key, item] : after.items) {
-      if (IsLostFile(item)) places[item.content].push_back(key);
-    }
-    std::set<std::string> known;
-    for (const auto& [key, item] : before_.items) {
-      const DiskItem* now = after.Find(Later(key));
-      const bool inBin = key.starts_with(u"recycle\\");
-      const bool mayLeave = mayGo_.contains(key) || mayGo_.contains(Later(key)) || (inBin && binIsEmptied);
-      if (!mayLeave) {
-        EXPECT_TRUE(now != nullptr && *now == item) << "lost or changed: " << Narrow(key);
-      }
-      if (!IsLostFile(item)) continue;
-      known.insert(item.content);
-      const std::vector<Text>& found = places[item.content];
-      // A copy that can't be taken back stays beside its source.
-      if (trouble_ != Trouble::Kill && !namedFaults_) {
-        EXPECT_LE(found.size(), 1U) << "twice: " << Narrow(key);
-      }
-      if (!mayLeave || (found.empty() && CleaningMethod == u"D")) continue;
-      if (found.empty()) {
-        EXPECT_TRUE(binIsEmptied && (inBin || CleaningMethod == u"R")) << "lost: " << Narrow(key);
-      }
-      for (const Text& place : found)
-        EXPECT_TRUE(place == Later(key) || IsSafe(key, place, oracle))
-            << Narrow(key) << " is at " << Narrow(place);
-    }
-    for (const auto& [content, keys] : places) {
-      if (known.contains(content)) continue;
-      const bool half = trouble_ == Trouble::Kill && NameOf(keys.front()).starts_with(u".tavix:");
-      EXPECT_TRUE(half) << "half a file: " << Narrow(keys.front());
-    }
-  }
-
-  static void AddTree(Keys& keys, const DiskPicture& disk, const Text& key) {
-    keys.insert(key);
-    for (const Text& child : disk.Children(key)) AddTree(keys, disk, child);
-  }
-
-  // In its place, or where the method keeps it, under its own name or the one that is taken where that is not
-  // free.
-  static bool IsSafe(const Text& key, const Text& place, const CleanOracle& oracle) {
-    if (place == key) return true;
-    // The name may be spelled as the function has it.
-    const Text name = ToUpper(NameOf(key));
-    const Text newName = ToUpper(NameOf(place));
-    if (CleaningMethod == u"R") return place.starts_with(u"recycle\\") && newName.ends_with(name);
-    return CleaningMethod == u"S" && oracle.BackupFolder() && ParentOf(place) == *oracle.BackupFolder() &&
-           (newName == name || newName == Concat(name, u".1"));
-  }
-
-  // A row that is left was left unticked, or what it stands for is still there; the label counts the others.
-  void CheckRows(const std::vector<Row>& rows, const DiskPicture& after) const {
-    std::vector<RowFields> left = ResultRows();
-    size_t at = 0;
-    for (const Row& row : rows) {
-      const bool stays = at < left.size() && left[at] == row.fields;
-      if (stays) ++at;
-      EXPECT_TRUE(stays || row.fields.checked) << "an unticked row has gone: " << Narrow(row.fields.name);
-    }
-    EXPECT_EQ(at, left.size()) << "rows have changed";
-    // After a swap a path leads to something else than before.
-    if (!swapped_) CheckRowsLeft(rows, after);
-    // With no row at all a clean doesn't begin.
-    if (rows.empty()) return;
-    const size_t gone = rows.size() - left.size();
-    const Text sum = frmPubMain.lblSum.Caption;
-    EXPECT_TRUE(sum.starts_with(
-        Concat(u"Sum: ", ToText(static_cast<long long>(gone)), gone < 2 ? u" item, " : u" items, ")))
-        << Narrow(sum) << ", but " << gone;
-  }
-
-  // What a row stands for may go by another row, which reaches it without a link. Where calls fail, it may
-  // not be told that it has gone.
-  void CheckRowsLeft(const std::vector<Row>& rows, const DiskPicture& after) const {
-    const CleanOracle oracle(before_, {}, GiveOrders());
-    std::map<Text, int> targets;
-    for (const Row& row : rows) {
-      Keys keys;
-      if (const auto key = row.fields.checked ? oracle.Target(row) : std::nullopt)
-        AddTree(keys, before_, *key);
-      for (const Text& key : keys) ++targets[key];
-    }
-    const std::vector<RowFields> left = ResultRows();
-    size_t at = 0;
-    for (const Row& row : rows) {
-      if (at == left.size() || !(left[at] == row.fields)) continue;
-      ++at;
-      const auto key = row.fields.checked ? oracle.Target(row) : std::nullopt;
-      if (!key || targets[*key] > 1 || trouble_ == Trouble::FailingCall) continue;
-      EXPECT_TRUE(after.Find(Later(*key)) != nullptr)
-          << "a ticked row is left of what has gone: " << Narrow(*key);
-    }
-  }
-
-  // A link may have come to stand in the way to a folder that is to stay, or to what a row stands for. What
-  // stays then has tests of its own.
-  bool CanTellWhatStays(const std::vector<Row>& rows) const {
-    return std::ranges::none_of(rows,
-                                [this](const Row& row) {
-                                  return BlockingLink(before_,
-                                                      Concat(row.fields.location, u"\\", row.fields.name))
-                                      .has_value();
-                                }) &&
-           !BlockingLink(before_, BackupFolder) && !BlockingLink(before_, u"C:\\TVXBak") &&
-           std::ranges::none_of(machine_.facts, [this](const auto& fact) {
-             return BlockingLink(before_, std::get<2>(fact)).has_value();
-           });
-  }
-
-  void CheckExactly(const std::vector<Row>& rows, const CleanOracle& oracle, const DiskPicture& after) const {
-    EXPECT_EQ(Difference(oracle.Disk(), after), "");
-    std::vector<RowFields> left;
-    for (const size_t row : oracle.RowsLeft()) left.push_back(rows[row].fields);
-    EXPECT_EQ(ResultRows(), left);
-    const Text sum = frmPubMain.lblSum.Caption;
-    if (!rows.empty()) {
-      EXPECT_EQ(Narrow(sum), Narrow(oracle.SumLabel()));
-    }
-    std::vector<std::pair<Text, Text>> calls;
-    for (const machine::JournalEntry& entry : host_.journal.Entries()) {
-      Text argument;
-      for (const TextView name : {u"path", u"target", u"log"}) argument += entry.Get(name);
-      calls.emplace_back(entry.op, argument);
-    }
-    EXPECT_EQ(calls, oracle.Calls());
+  std::vector<Text> Facts() const {
+    std::vector<Text> values;
+    for (const auto& [section, key, value] : machine_.facts) values.push_back(value);
+    return values;
   }
 
   void CheckRegistry(const CleanOracle& oracle, const RegistryPicture& before) {
@@ -565,7 +424,7 @@ class Trial {
 
   void Count(const DiskPicture& after) {
     ++tally_.machines;
-    for (const auto& [key, item] : before_.items) tally_.removed += after.Find(key) == nullptr ? 1 : 0;
+    for (const auto& [key, item] : judge_.before.items) tally_.removed += after.Find(key) == nullptr ? 1 : 0;
     for (const RowFields& row : ResultRows()) tally_.refused += row.checked ? 1 : 0;
   }
 
@@ -591,12 +450,10 @@ class Trial {
   machine::MachineFileSystem files_;
   machine::MachineShell shell_;
   RandomMachine machine_;
-  DiskPicture made_, before_;
+  DiskPicture made_;
+  CleanJudge judge_;
   Text page_;
-  Keys mayGo_;                   // what ticked rows may take
-  Keys filled_;                  // folders to be filled before they are removed
-  std::optional<Text> swapped_;  // the folder that became a link during the clean
-  bool namedFaults_ = false;     // whether calls fail again and again
+  Keys filled_;  // folders to be filled before they are removed
   bool reviewed_ = false;
 };
 
