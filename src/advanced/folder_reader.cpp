@@ -48,24 +48,20 @@ FolderReader::Visit FolderReader::Read(const Text& path, const FolderContent::Li
   return visit;
 }
 
-// From the folder above where that is open: to find a deep folder by its path takes a while.
-FolderReader::Level FolderReader::ReadNextBelow(std::vector<Level>& levels) {
-  constexpr size_t kMostOpen = 8;
-  if (levels.size() > kMostOpen) levels[levels.size() - 1 - kMostOpen].open.reset();
+FolderReader::Level FolderReader::ReadNextBelow(std::vector<Level>& levels, OpenFolders& open) {
   Level& above = levels.back();
   const Text& name = above.content.SubFolders()[above.next++].name;
   Level below;
   below.path = PathBelow(above.path, name);
-  if (above.open != nullptr) below.open = above.open->Open(name);
-  if (below.open == nullptr) below.open = fileSystemObject.Open(below.path);
-  below.content = FolderContent([&below](const platform::EntryVisitor& visit) {
-    return below.open != nullptr && below.open->List(visit, {});
-  });
+  platform::OpenFolder* folder = open.Open(levels.size(), below.path, name);
+  below.content = FolderContent(
+      [folder](const platform::EntryVisitor& visit) { return folder != nullptr && folder->List(visit, {}); });
   return below;
 }
 
 bool FolderReader::AddsUpToNothing(const Text& path, FolderContent& content) {
   std::vector<Level> levels;
+  OpenFolders open;
   levels.push_back({path, std::move(content)});
   bool empty = levels.back().content.IsEmptyByItself();
   while (empty) {
@@ -74,9 +70,10 @@ bool FolderReader::AddsUpToNothing(const Text& path, FolderContent& content) {
     if (level.next == subFolders.size()) {
       if (levels.size() == 1) break;
       levels.pop_back();
+      open.Close(levels.size());
       continue;
     }
-    levels.push_back(ReadNextBelow(levels));
+    levels.push_back(ReadNextBelow(levels, open));
     empty = levels.back().content.IsEmptyByItself();
   }
   if (!empty) KeepAnswers(levels);

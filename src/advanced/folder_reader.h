@@ -1,12 +1,12 @@
 #pragma once
 
 #include <functional>
-#include <memory>
 #include <optional>
 #include <unordered_map>
 #include <vector>
 
 #include "platform/file_system.h"
+#include "scan/open_folders.h"
 #include "text/text.h"
 
 namespace tavix::mdlPubSelf {
@@ -80,11 +80,10 @@ class FolderReader {
   struct Level {
     Text path;
     FolderContent content;
-    size_t next = 0;                                  // the subfolder to be looked at next
-    std::unique_ptr<platform::OpenFolder> open = {};  // of the innermost few
+    size_t next = 0;  // the subfolder to be looked at next
   };
 
-  static Level ReadNextBelow(std::vector<Level>& levels);
+  static Level ReadNextBelow(std::vector<Level>& levels, OpenFolders& open);
   bool AddsUpToNothing(const Text& path, FolderContent& content);
   void KeepAnswers(std::vector<Level>& levels);
 
