@@ -3,6 +3,7 @@ import configparser
 import json
 import os
 import pathlib
+import re
 import shutil
 import subprocess
 import sys
@@ -17,6 +18,11 @@ CONSOLE = os.environ["TAVIX_CONSOLE"]
 
 def run(*arguments, **more):
     return subprocess.run([CONSOLE, *map(str, arguments)], capture_output=True, timeout=300, **more)
+
+
+def singular(name):
+    """A name without the plural endings of its words: a function and the type of its rows then agree."""
+    return re.sub(r"s\b", "", re.sub(r"ies\b", "y", name))
 
 
 class Machine(unittest.TestCase):

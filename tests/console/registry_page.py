@@ -1,22 +1,16 @@
 """The Registry page over real exports and the sample machine, beside a count made without the program."""
 import collections
-import re
 import shutil
 import sys
 import unittest
 
-from machine_case import TOP, Machine, SampleCopy
+from machine_case import TOP, Machine, SampleCopy, singular
 sys.path.insert(0, str(TOP / "tools"))
 import count_registry_issues
 import registry_text
 
 EXPORTS = TOP.parent / "shared" / "data" / "reg"
 UNTICKED = ("Appearance Schemes", "Cursor Schemes", "Internet Country Codes", "Time Zones")
-
-
-def singular(name):
-    """A name without the plural endings of its words: a function and the type of its rows then agree."""
-    return re.sub(r"s\b", "", re.sub(r"ies\b", "y", name))
 
 
 def function_of(row, functions):
