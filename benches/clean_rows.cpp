@@ -12,6 +12,7 @@
 #include "frame/settings.h"
 #include "frame/start_up.h"
 #include "platform/machine/services/machine_host.h"
+#include "scan/action_string.h"
 #include "scan/result_items.h"
 #include "window/wiring.h"
 
@@ -30,8 +31,9 @@ void CleanEverySecondRow(benchmark::State& state) {
   for (auto _ : state) {
     state.PauseTiming();
     ClearResults();
+    const Text action = RegistryValueAction(platform::Hive::CurrentUser, u"k", u"v");
     for (int i = 0; i < rows; ++i) {
-      AddResultItem(u"t", u"n", kNoSize, u"Registry", kNoSizeKey, u"RI: HKEY_CURRENT_USER, k, v", i % 2 == 0);
+      AddResultItem(u"t", u"n", kNoSize, u"Registry", kNoSizeKey, action, i % 2 == 0);
     }
     state.ResumeTiming();
     sbtClean_Click();
@@ -70,7 +72,8 @@ void CleanFilesOfAMachineFolder(benchmark::State& state) {
     CleaningMethod = Text(u"D");
     ClearResults();
     for (int i = 0; i < kFiles; ++i) {
-      AddResultItem(u"t", Concat(u"file", ToText(i), u".tmp"), u"1.", u"C:\\Desk", u"00000001.0", u"F");
+      AddResultItem(u"t", Concat(u"file", ToText(i), u".tmp"), u"1.", u"C:\\Desk", u"00000001.0",
+                    action::kFile);
     }
     state.ResumeTiming();
     sbtClean_Click();

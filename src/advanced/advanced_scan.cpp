@@ -18,8 +18,6 @@
 namespace tavix::mdlPubSelf {
 namespace {
 
-constexpr TextView kAllRecycleBins = u"Recycle Bin/All Recycle Bins";
-
 // The captions of the ticked functions, each between two bars: "|a|b|", or "|" if none is ticked.
 Text TickedFunctions() {
   Text funcs = u"|";

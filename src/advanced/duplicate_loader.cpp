@@ -6,6 +6,7 @@
 #include "frame/support/file_system_object.h"
 #include "frame/support/pub_file.h"
 #include "platform/event_queue.h"
+#include "scan/action_string.h"
 #include "scan/result_items.h"
 #include "scan/scan_driver.h"
 #include "text/attempt.h"
@@ -19,7 +20,7 @@ void AddMemberRow(const File& file, bool first) {
   const auto size = file.Size();
   const auto folder = file.ParentFolder().and_then([](const Folder& parent) { return parent.Path(); });
   ListView::Item row = AddResultItem(u"Duplicate File", file.Name(), size.transform(FormatSizeText), folder,
-                                     size.transform(FormatSizeKey), u"F", !first);
+                                     size.transform(FormatSizeKey), action::kFile, !first);
   // The path comes from a group file, which doesn't say where the walk began.
   SetWalkStart(row, 0);
   if (first) row.SetForeColor(kKeptCopy);
@@ -49,14 +50,6 @@ void LoadBucket(const Folder& bucket, TextView name, File& file) {
   }
 }
 
-Text ClosingStatus() {
-  const int rows = ResultCount();
-  const TextView prefix = CancelRequested ? u"Canceled, " : u"Finished, ";
-  if (rows == 0) return Concat(prefix, u"no item found.");
-  return Concat(prefix, u"please click <Clean> or press <F5> to clean the checked ",
-                rows >= 2 ? u"items." : u"item.");
-}
-
 }  // namespace
 
 void LoadDuplicateResults() {
@@ -67,7 +60,7 @@ void LoadDuplicateResults() {
   for (const Folder& bucket : compared.value_or(std::vector<Folder>())) {
     if (const auto name = bucket.Name()) LoadBucket(bucket, *name, file);
   }
-  frmPubMain.lblProgS.Caption = ClosingStatus();
+  frmPubMain.lblProgS.Caption = ClosingLine(false);
 }
 
 void timLoader_Timer() { LoadDuplicateResults(); }

@@ -7,6 +7,7 @@
 #include "frame/support/file_system_object.h"
 #include "frame/support/pub_common.h"
 #include "frame/support/pub_system.h"
+#include "scan/action_string.h"
 #include "scan/calendar_days.h"
 #include "scan/result_items.h"
 #include "text/number.h"
@@ -43,7 +44,7 @@ bool Names(TextView funcs, TextView function) { return funcs.contains(Concat(u"|
 
 void AddEmptyFolderRow(TextView path, size_t startLength) {
   const TextView name = path.substr(path.find_last_of(u'\\') + 1);
-  SetWalkStart(AddResultItem(u"Empty Folder", name, kZeroSize, FolderOf(path), kNoSizeKey, u"P"),
+  SetWalkStart(AddResultItem(u"Empty Folder", name, kZeroSize, FolderOf(path), kNoSizeKey, action::kFolder),
                startLength);
 }
 
@@ -65,7 +66,7 @@ void FolderFunctions::Open(const File& file) {
 
 void FolderFunctions::AddRow(TextView type, std::optional<TextView> name, std::optional<TextView> size,
                              std::optional<TextView> sizeKey) const {
-  SetWalkStart(AddResultItem(type, name, size, path_, sizeKey, u"F"), startLength_);
+  SetWalkStart(AddResultItem(type, name, size, path_, sizeKey, action::kFile), startLength_);
 }
 
 void FolderFunctions::AddFileRow(TextView type) const {

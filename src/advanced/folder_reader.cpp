@@ -48,24 +48,20 @@ FolderReader::Visit FolderReader::Read(const Text& path, const FolderContent::Li
   return visit;
 }
 
-// Opens the subfolder from its parent if that is open: opening a deep folder by its path is slow.
-FolderReader::Level FolderReader::ReadNextSubFolder(std::vector<Level>& levels) {
-  constexpr size_t kMostOpen = 8;
-  if (levels.size() > kMostOpen) levels[levels.size() - 1 - kMostOpen].open.reset();
+FolderReader::Level FolderReader::ReadNextSubFolder(std::vector<Level>& levels, OpenFolders& open) {
   Level& parent = levels.back();
   const Text& name = parent.content.SubFolders()[parent.next++].name;
   Level child;
   child.path = PathBelow(parent.path, name);
-  if (parent.open != nullptr) child.open = parent.open->Open(name);
-  if (child.open == nullptr) child.open = fileSystemObject.Open(child.path);
-  child.content = FolderContent([&child](const platform::EntryVisitor& visit) {
-    return child.open != nullptr && child.open->List(visit, {});
-  });
+  platform::OpenFolder* folder = open.Open(levels.size(), child.path, name);
+  child.content = FolderContent(
+      [folder](const platform::EntryVisitor& visit) { return folder != nullptr && folder->List(visit, {}); });
   return child;
 }
 
 bool FolderReader::IsTreeEmpty(const Text& path, FolderContent& content) {
   std::vector<Level> levels;
+  OpenFolders open;
   levels.push_back({path, std::move(content)});
   bool empty = levels.back().content.IsEmptyByItself();
   while (empty) {
@@ -74,9 +70,10 @@ bool FolderReader::IsTreeEmpty(const Text& path, FolderContent& content) {
     if (level.next == subFolders.size()) {
       if (levels.size() == 1) break;
       levels.pop_back();
+      open.Close(levels.size());
       continue;
     }
-    levels.push_back(ReadNextSubFolder(levels));
+    levels.push_back(ReadNextSubFolder(levels, open));
     empty = levels.back().content.IsEmptyByItself();
   }
   if (!empty) Remember(levels);

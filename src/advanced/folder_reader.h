@@ -1,12 +1,12 @@
 #pragma once
 
 #include <functional>
-#include <memory>
 #include <optional>
 #include <unordered_map>
 #include <vector>
 
 #include "platform/file_system.h"
+#include "scan/open_folders.h"
 #include "text/text.h"
 
 namespace tavix::mdlPubSelf {
@@ -82,11 +82,10 @@ class FolderReader {
   struct Level {
     Text path;
     FolderContent content;
-    size_t next = 0;                                  // index of the next subfolder to read
-    std::unique_ptr<platform::OpenFolder> open = {};  // only the innermost few levels stay open
+    size_t next = 0;  // index of the next subfolder to read
   };
 
-  static Level ReadNextSubFolder(std::vector<Level>& levels);
+  static Level ReadNextSubFolder(std::vector<Level>& levels, OpenFolders& open);
   bool IsTreeEmpty(const Text& path, FolderContent& content);
   void Remember(std::vector<Level>& levels);
 

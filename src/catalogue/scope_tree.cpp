@@ -14,12 +14,7 @@ constexpr int kFolderImage = 2;
 constexpr int kOpenFolderImage = 3;
 
 bool CanBeScanned(const platform::Drive& drive) {
-  constexpr double kNetwork = 3;
-  constexpr double kOptical = 4;
-  if (!drive.ready) return false;
-  bool excluded = false;
-  pubCommon.InArray(static_cast<double>(drive.type), {kOptical, kNetwork}, excluded);
-  return !excluded;
+  return drive.ready && drive.type != platform::kCdDrive && drive.type != platform::kNetworkDrive;
 }
 
 // Null, and no new node, if a node has the key already.

@@ -5,7 +5,6 @@
 #include <optional>
 #include <utility>
 
-#include "clean/action_string.h"
 #include "clean/removal.h"
 #include "forms/main_form.h"
 #include "frame/support/file_system_object.h"
@@ -13,6 +12,7 @@
 #include "frame/support/pub_system.h"
 #include "platform/event_logs.h"
 #include "platform/event_queue.h"
+#include "scan/action_string.h"
 #include "scan/result_items.h"
 #include "scan/scan_driver.h"
 #include "text/attempt.h"
@@ -22,23 +22,23 @@
 namespace tavix::mdlPubSelf {
 namespace {
 
-// A row's fields, taken before the list changes.
+// A row's fields, read before the list changes.
 struct Finding {
   Text tag;
-  FoundPlace place;  // without a name the path would be that of the folder
+  FoundPlace place;  // without a name its path is the folder's
   Text size;
 };
 
-// One clean: what its rows share.
+// State that the rows of one clean share.
 struct Clean {
   Removal removal;
 };
 
-// Whether the row is dealt with and goes.
+// Executes a row. True if the row is done and is to be removed.
 using Execute = bool (*)(Clean& clean, const Finding& finding, TextView payload);
 
-// What the system would take for something else is left alone, and its row stays. So does that of a thing of
-// which it can't be told whether it is gone.
+// A file is left alone, and its row stays, if the system would read its name as another one. The row also
+// stays if it can't be told whether the file has gone.
 bool CleanFileAt(Clean& clean, const FoundPlace& place) {
   const Text path = place.Path();
   if (!HasPlainNames(path)) return false;
@@ -48,7 +48,7 @@ bool CleanFileAt(Clean& clean, const FoundPlace& place) {
 
 bool CleanFile(Clean& clean, const Finding& finding, TextView) { return CleanFileAt(clean, finding.place); }
 
-// The file lies in the very folder that its function names.
+// The walk's start is the folder of the file: the payload names the whole path.
 bool CleanNamedFile(Clean& clean, const Finding&, TextView path) {
   const size_t cut = path.find_last_of(u'\\');
   if (cut == TextView::npos) return fileSystemObject.FileExists(path) == false;
@@ -80,10 +80,8 @@ bool DeleteRegistryValues(Clean& clean, const Finding& finding, TextView payload
   return true;
 }
 
-constexpr int kMaximized = 3;
-
 bool RunCommand(Clean&, const Finding&, TextView payload) {
-  pubSystem.RunTarget(payload, kMaximized);
+  pubSystem.RunTarget(payload, platform::kMaximized);
   return true;
 }
 
@@ -110,20 +108,20 @@ struct Kind {
 };
 
 constexpr std::array kKinds = {
-    Kind{u"F", false, CleanFile},
-    Kind{u"RK", true, DeleteRegistryKey},
-    Kind{u"RI", true, DeleteRegistryValue},
-    Kind{u"Cmd", true, RunCommand},
-    Kind{u"DUR", false, MarkForRestart},
-    Kind{u"RE", false, EmptyBins},
-    Kind{u"FT", true, CleanNamedFile},
-    Kind{u"WSL", true, ClearLog},
-    Kind{u"RIs", true, DeleteRegistryValues},
-    Kind{u"P", false, CleanFolder},
+    Kind{action::kFile, false, CleanFile},
+    Kind{action::kRegistryKey, true, DeleteRegistryKey},
+    Kind{action::kRegistryValue, true, DeleteRegistryValue},
+    Kind{action::kCommand, true, RunCommand},
+    Kind{action::kFileAtRestart, false, MarkForRestart},
+    Kind{action::kRecycleBins, false, EmptyBins},
+    Kind{action::kNamedFile, true, CleanNamedFile},
+    Kind{action::kEventLog, true, ClearLog},
+    Kind{action::kRegistryValues, true, DeleteRegistryValues},
+    Kind{action::kFolder, false, CleanFolder},
 };
 
-// What stays in the list is a file or folder that still stands. A tag of an unknown kind, or without the
-// payload that its kind needs, has nothing to be done and its row goes.
+// A row stays if its file or folder is still there. An unknown kind, or a kind without the payload it needs,
+// has nothing to do and its row is removed.
 bool ExecuteFinding(Clean& clean, const Finding& finding) {
   const Action action = ReadAction(finding.tag);
   const auto* kind = std::ranges::find(kKinds, action.kind, &Kind::name);
@@ -150,7 +148,7 @@ void SetProgressStep(int rows) {
 
 void sbtClean_Click() {
   MainForm& form = frmPubMain;
-  // The list is out of reach once rows are being worked on.
+  // The list is disabled while rows are being worked on.
   if (form.sbtCancel.Visible || (form.CleanBusy && !form.lsvResult.Enabled)) return;
   const int rows = ResultCount();
   if (rows < 1) return;
@@ -160,14 +158,14 @@ void sbtClean_Click() {
   form.lblProgS.Caption = u"Cleaning/repairing the checked items, please wait...";
   form.lblProgMI.Visible = true;
   form.lblProgMI.Width = 0;
-  // A one-click run started the clock at its scan.
+  // A one-click run started the clock when its scan began.
   if (form.picOne.BorderStyle == 0 && platform::clock != nullptr) form.JobStart = platform::clock->Now();
   form.lblProgMO.BorderStyle = 1;
   form.webGIF.Visible = true;
   do {
     platform::Yield();
   } while (form.webGIF.Busy);
-  // The program may have been ended meanwhile.
+  // The user may have closed the program during the wait.
   if (!form.Loaded) {
     form.CleanBusy = within;
     return;
@@ -180,7 +178,7 @@ void sbtClean_Click() {
   float cleanedSize = 0;
   for (int row = rows; row >= 1; --row) {
     if ((rows - row) % kRowsForAStep == 0) AdvanceProgressBar();
-    // While the wait yielded, another clean may have taken rows away.
+    // Another clean may have removed rows during the wait.
     if (row > ResultCount() || !form.lsvResult.Row(row).Checked()) continue;
     const Finding finding = ReadRow(row);
     if (!ExecuteFinding(clean, finding)) continue;
@@ -191,7 +189,7 @@ void sbtClean_Click() {
 
   form.lblProgMI.Width = form.lblProgMO.Width;
   form.lblProgMI.Caption = u"100%";
-  // A clean in whose wait this one was asked for goes on.
+  // If another clean's wait started this one, that clean continues.
   form.CleanBusy = within;
   form.lsvResult.Enabled = true;
   form.webGIF.Visible = false;

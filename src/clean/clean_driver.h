@@ -4,15 +4,15 @@
 
 namespace tavix::mdlPubSelf {
 
-// Executes the ticked rows of lsvResult from the last to the first, takes away what was dealt with and
-// shows the closing texts. Rows of files and folders go only when their target has gone; all others go
-// whether or not their action worked. Does nothing while a scan runs or without rows. It can't be cancelled.
+// Executes the ticked rows of lsvResult from the last to the first, removes the rows that are done and shows
+// the closing texts. A row of a file or folder is done if its target has gone; any other row is done whether
+// or not its action worked. Can't be cancelled. Does nothing while a scan runs or if there are no rows.
 void sbtClean_Click();
 
-// Clean under its other name.
+// The same for the Repair button.
 void sbtRepair_Click();
 
-// Clears an event log without saving a copy.
+// Clears an event log without saving a copy. A log that can't be opened stays as it is.
 void ClearSystemLog(TextView log);
 
 }  // namespace tavix::mdlPubSelf

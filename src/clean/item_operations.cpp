@@ -1,11 +1,11 @@
 #include "clean/item_operations.h"
 
-#include "clean/action_string.h"
 #include "forms/main_form.h"
 #include "forms/type_form.h"
 #include "frame/support/pub_common.h"
 #include "frame/support/pub_registry.h"
 #include "frame/support/pub_system.h"
+#include "scan/action_string.h"
 #include "scan/result_items.h"
 #include "text/plain_name.h"
 
@@ -17,10 +17,9 @@ constexpr int kOpen = 1;
 constexpr int kProperties = 2;
 constexpr int kInvertCheck = 3;
 
-constexpr int kMaximized = 3;
 constexpr int kMostOpened = 10;
 
-// The fields of a row, taken before anything is started: starting can let the user interface run.
+// A row's fields, read before anything is started: starting may run the user interface and change the list.
 struct SelectedRow {
   Text tag;
   Text location;
@@ -38,10 +37,14 @@ bool IsKind(TextView tag, std::initializer_list<Variant> kinds) {
   return found;
 }
 
-bool IsFileOrFolder(TextView tag) { return IsKind(tag, {u"F", u"DUR", u"P"}); }
-bool IsInRegistry(TextView tag) { return IsKind(tag, {u"RK", u"RI", u"RIs"}); }
+bool IsFileOrFolder(TextView tag) {
+  return IsKind(tag, {action::kFile, action::kFileAtRestart, action::kFolder});
+}
+bool IsInRegistry(TextView tag) {
+  return IsKind(tag, {action::kRegistryKey, action::kRegistryValue, action::kRegistryValues});
+}
 
-// Hive and key of a payload that names a value.
+// Hive and key of a value's payload, joined by a backslash.
 Text KeyOfValue(TextView payload) {
   const auto fields = Split(Trim(payload), u", ");
   return fields.size() < 2 ? Text() : Concat(fields[0], u"\\", fields[1]);
@@ -54,25 +57,26 @@ Text JoinFields(TextView payload) {
   return path;
 }
 
-// The key of a row, hive included, as the registry editor writes it. The payload of a key keeps its blanks.
+// The path of a row's key as the registry editor writes it, hive first. The payload of a key keeps its
+// blanks.
 Text KeyPath(TextView tag) {
   const auto parts = Split(tag, u": ");
   if (parts.size() < 2) return {};
-  if (parts[0] == u"RK") return JoinFields(parts[1]);
-  if (parts[0] == u"RI") return KeyOfValue(parts[1]);
+  if (parts[0] == action::kRegistryKey) return JoinFields(parts[1]);
+  if (parts[0] == action::kRegistryValue) return KeyOfValue(parts[1]);
   const auto values = SplitRegistryTargets(Trim(parts[1]));
   return values.empty() ? Text() : KeyOfValue(values[0]);
 }
 
-// The registry editor opens where it was closed last. One that runs is ended first, since it would write
-// down its own place at its end.
+// The registry editor opens at the key in LastKey. End a running one first: it writes its own key there when
+// it closes.
 void OpenRegistryEditor(TextView keyPath) {
   if (platform::shell != nullptr) platform::shell->RunHidden(u"ntsd -c q -pn regedit.exe cmd.exe");
   int status = 0;
   pubRegistry.WriteValue(1, platform::Hive::CurrentUser,
                          u"Software\\Microsoft\\Windows\\CurrentVersion\\Applets\\Regedit", u"LastKey",
                          keyPath, status);
-  pubSystem.RunTarget(u"regedit.exe", kMaximized);
+  pubSystem.RunTarget(u"regedit.exe", platform::kMaximized);
 }
 
 void InvertChecks() {
@@ -83,12 +87,12 @@ void InvertChecks() {
 }
 
 void Serve(int index, const SelectedRow& row) {
-  // The system would take it for something else.
+  // The system would read the name as another one.
   if (!HasPlainNames(row.path)) return;
   if (index == kExecute) {
-    pubSystem.OpenPath(row.path, kMaximized);
+    pubSystem.OpenPath(row.path, platform::kMaximized);
   } else if (index == kOpen) {
-    pubSystem.OpenPath(row.location, kMaximized);
+    pubSystem.OpenPath(row.location, platform::kMaximized);
   } else if (index == kProperties) {
     pubSystem.ShowFileProperties(frmPubMain.hWnd, row.path);
   }

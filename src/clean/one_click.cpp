@@ -8,7 +8,7 @@
 namespace tavix::mdlPubSelf {
 namespace {
 
-// Whatever isn't a Yes cleans nothing.
+// Only Yes cleans.
 bool UserAgrees() {
   constexpr int kStyle = platform::kYesNo | platform::kInformation;
   return platform::dialogs != nullptr &&
@@ -19,7 +19,7 @@ void ScanAndClean() {
   MainForm& form = frmPubMain;
   form.Enabled = false;
   form.sbtScan.Click();
-  // The program may have been ended meanwhile.
+  // The user may have closed the program during the scan.
   if (form.Loaded) form.sbtClean.Click();
   form.Enabled = true;
 }

@@ -24,7 +24,7 @@ std::unique_ptr<platform::FoundItem> Open(const FoundPlace& place) {
                                     below.empty() ? place.name : PathBelow(below, place.name));
 }
 
-// The bin takes what stands at the path, so the item is let go no earlier than here.
+// Release the open item only now: the bin takes whatever stands at the path.
 void Recycle(platform::FoundItem& item, TextView path) {
   item.LeaveToShell();
   pubSystem.DeleteToRecycleBin(path);
@@ -35,8 +35,8 @@ void Recycle(platform::FoundItem& item, TextView path) {
 void Removal::RemoveFile(const FoundPlace& place) {
   const auto item = Open(place);
   if (item == nullptr || !safeguard_.AllowsFile(place.folder, place.name)) return;
-  // What has become a folder since it was found, or a link to one, isn't that file. The item refuses to go as
-  // one; the shell would take it.
+  // Since the scan, a folder or a link to one may have taken the file's name. The open item refuses to be
+  // deleted as one; the shell would delete it.
   if (item->IsFolder()) return;
   if (CleaningMethod == kRecycle) {
     const Text path = place.Path();
@@ -50,7 +50,7 @@ void Removal::RemoveFile(const FoundPlace& place) {
 }
 
 void Removal::RemoveFolder(const FoundPlace& place) {
-  // An open item may keep its folder from being listed, so the safeguard looks first.
+  // Ask the safeguard first: an open item may keep its folder from being listed.
   if (!safeguard_.AllowsFolder(place.folder, place.name)) return;
   const auto item = Open(place);
   if (item == nullptr) return;

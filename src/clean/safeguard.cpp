@@ -20,18 +20,18 @@ constexpr size_t kDriveRootLength = 3;
 
 bool IsLibrary(TextView name) { return ToLower(name).ends_with(u".dll"); }
 
-// The folder's content adds up to nothing, as the scan judges it: a link in it is content.
+// Whether the folder counts as empty, by the rule of the scan: no file with a size and no link in it or
+// below.
 bool IsEmptyFolder(const Text& path) {
   const auto list = [&path](const platform::EntryVisitor& see) { return fileSystemObject.List(path, see); };
   return FolderReader().Read(path, list, true).empty;
 }
 
-// A folder of another computer that doesn't answer holds nothing of what can be looked at.
+// Whether a path lies on another computer. If that doesn't answer, nothing in it can be looked at.
 bool LiesOnTheNetwork(TextView path) {
-  constexpr int kNetworkDrive = 3;
   return path.starts_with(u"\\\\") ||
          (path.size() > 1 && path[1] == u':' && platform::fileSystem != nullptr &&
-          platform::fileSystem->DriveType(path[0]) == kNetworkDrive);
+          platform::fileSystem->DriveType(path[0]) == platform::kNetworkDrive);
 }
 
 }  // namespace

@@ -18,13 +18,13 @@ namespace {
 
 bool WriteSettings(const Options& options, std::string& error) {
   for (const Options::Setting& setting : options.settings) {
-    if (!mdlPubSelf::IsSetting(setting.section, setting.key)) {
+    if (mdlPubSelf::Setting::Find(setting.section, setting.key) == nullptr) {
       error = "--set '" + ToUtf8(Concat(setting.section, u"/", setting.key)) + "' is no setting";
       return false;
     }
   }
   for (const Options::Setting& setting : options.settings) {
-    mdlPubSelf::WriteSetting(setting.section, setting.key, setting.value);
+    mdlPubSelf::WriteSetting(*mdlPubSelf::Setting::Find(setting.section, setting.key), setting.value);
   }
   if (!options.settings.empty()) mdlPubSelf::LoadSettings();
   return true;

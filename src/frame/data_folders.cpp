@@ -11,12 +11,12 @@ namespace {
 
 constexpr uint32_t kHiddenSystem = platform::kHidden | platform::kSystem;
 
-// What can't be looked at isn't made: the step is skipped.
+// Skipped if the folder can't be looked at.
 void CreateIfMissing(TextView folder) {
   if (fileSystemObject.FolderExists(folder) == false) fileSystemObject.CreateFolder(folder);
 }
 
-// The names of a store's bucket folders, in the order in which they are made.
+// The bucket folders of a store, in the order in which they are made.
 std::vector<Text> BucketNames() {
   std::vector<Text> names;
   for (char16_t letter = u'A'; letter <= u'Z'; ++letter) names.emplace_back(1, letter);
@@ -24,7 +24,7 @@ std::vector<Text> BucketNames() {
   return names;
 }
 
-// A bucket in both stores, then the next.
+// Makes each bucket in both stores before the next.
 std::vector<Text> BucketFolders() {
   std::vector<Text> folders;
   for (const Text& bucket : BucketNames()) {
@@ -39,7 +39,7 @@ bool IsHiddenFolder(const platform::DirectoryEntry& entry) {
   return entry.folder && !entry.link && (entry.attributes & kSet) == kHiddenSystem;
 }
 
-// Whether the hidden folders of these names lie there, and nothing else.
+// Whether the folder has hidden folders of exactly these names and nothing else.
 bool HoldsOnly(TextView folder, const std::vector<Text>& names) {
   size_t found = 0;
   bool only = true;
@@ -58,7 +58,7 @@ bool IsPlainFolder(TextView parent, TextView name) {
   return plain;
 }
 
-// Whether the scratch tree is just as it would be made anew. Most runs leave it so.
+// Whether the scratch folders are as they would be made: then they can stay. Most runs leave them so.
 bool ScratchIsFresh(const std::vector<Text>& buckets) {
   const std::vector<Text> names = BucketNames();
   return IsPlainFolder(kDataFolder, TextView(kDuplicateFolder).substr(kDataFolder.size() + 1)) &&
@@ -89,7 +89,7 @@ void PrepareDataFolders() {
   if (!fresh) MakeScratch(buckets);
 
   for (const TextView file : {kBuiltInJunkFile, kUserJunkFile, kMarkerFile}) {
-    // Making it anew would empty one that can't be looked at just now.
+    // CreateTextFile would empty a file that can't be looked at just now.
     if (fileSystemObject.FileExists(file) == false) fileSystemObject.CreateTextFile(file, true);
   }
 

@@ -2,9 +2,8 @@
 
 namespace tavix::mdlPubSelf {
 
-// Makes what is missing of the program's data tree, empties the duplicate finder's scratch folders, and
-// gives every folder of the tree and every file in the data folder the attributes hidden and system. What
-// can't be made or set is passed over.
+// Makes the missing folders and files of the program's data, empties the duplicate finder's scratch folders,
+// and makes every folder and data file hidden and system. A step that fails is skipped.
 void PrepareDataFolders();
 
 }  // namespace tavix::mdlPubSelf

@@ -4,7 +4,7 @@
 
 namespace tavix::mdlPubSelf {
 
-// The program's own data, wherever it is installed.
+// The program's data, wherever the program is installed.
 constexpr TextView kMakersFolder = u"C:\\MORVDataPath";
 constexpr TextView kDataFolder = u"C:\\MORVDataPath\\TVX";
 constexpr TextView kSettingsFile = u"C:\\MORVDataPath\\TVX\\tvx.dll";

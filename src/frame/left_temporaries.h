@@ -2,9 +2,9 @@
 
 namespace tavix::mdlPubSelf {
 
-// Takes away what a run that was killed left half written in the folders that the program itself writes
-// into: its data folder and the backup folders, that of the setting and the default one. Called at the
-// start, once the settings are known and no other copy runs.
+// Deletes the half-written files that a killed run left in the data folder and in both backup folders, the
+// default one and that of the settings. Called at the start, after the settings are loaded and if no other
+// copy of the program runs.
 void RemoveLeftTemporaries();
 
 }  // namespace tavix::mdlPubSelf

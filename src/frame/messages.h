@@ -4,14 +4,14 @@
 
 namespace tavix::mdlPubSelf {
 
-// A message of the catalogue beside the program, read anew each time. The empty text where the file or the
-// key is missing. A message is one line of the file, shown as it stands there.
+// A message of the catalogue beside the program, read from the file each time. Empty if file or key is
+// missing. A message is one line.
 Text GetMessageText(TextView key);
 
-// An information box with an OK button, on screen until it is answered.
+// Shows an information box with an OK button and waits for the answer.
 void Inform(TextView text);
 
-// The catalogues: messages and texts of forms; captions of menus.
+// Paths of the two catalogues: messages and texts of forms, and captions of menus.
 Text TextCatalogue();
 Text MenuCatalogue();
 

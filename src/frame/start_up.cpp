@@ -51,8 +51,8 @@ void CloseHelpViewer() {
   pubSystem.PostWindowMessage(viewer, kCloseMessage, 0, 0);
 }
 
-// Whether the data folders are the program's alone. What stood open to others until now is looked at a second
-// time.
+// Asks about foreign data and closes the data folders to other users. If they were open until now, asks a
+// second time. False if the program is to end.
 bool OpenData() { return DataIsTrusted() && (!ProtectData() || DataIsTrusted()); }
 
 }  // namespace
@@ -68,7 +68,7 @@ bool Form_Load() {
   frmPubMain.Loaded = true;
   PrepareDataFolders();
   LoadSettings();
-  // This one key tells whether the settings were ever written.
+  // A blank list of common types means that the settings were never written.
   if (Trim(CommonTypes).empty()) {
     WriteDefaultSettings();
     LoadSettings();
@@ -89,7 +89,7 @@ bool Form_Load() {
 void Form_Unload() {
   if (!frmPubMain.Loaded) return;
   frmPubMain.Loaded = false;
-  // Through what took their place in the meantime nothing is written.
+  // Write nothing if others have replaced the data folders meanwhile.
   if (ForeignData().empty()) PrepareDataFolders();
   pubSystem.AttachListColorHook(frmPubMain.lsvResult.hWnd, false, 0, 0);
   CloseHelpViewer();

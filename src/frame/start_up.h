@@ -4,17 +4,17 @@
 
 namespace tavix {
 
-// What start and stop run beside the frame's own steps. The parts of the program stand on floors above the
-// frame, so they are put in here by the wiring, before Form_Load. A step that isn't there is passed over.
+// Steps of start and end that belong to rooms above this one. The wiring sets them before Form_Load. An empty
+// step is skipped.
 struct FrameSteps {
   std::function<void()> BuildPrivacyTree;
   std::function<void()> LoadJunkDefinitions;
   std::function<void()> LayOutWindow;      // size, pictures and places of all controls
-  std::function<void()> MakeControls;      // those of the real window, in the places of the layout
+  std::function<void()> MakeControls;      // the real window's controls, placed by the layout
   std::function<void()> SendEmbeddedPage;  // webGIF to res\scan.htm
-  std::function<void()> ColorControls;     // the trees and their nodes in the colours of the result list
+  std::function<void()> ColorControls;     // gives the trees the colours of the result list
   std::function<void()> CheckForUpdate;    // can end the program by unloading the window
-  // The other windows, in their order; each comes into being only to be unloaded where it never did.
+  // Unload the other windows, in this order. A window that was never loaded is loaded first.
   std::function<void()> UnloadOptions;
   std::function<void()> UnloadTypeEditor;
   std::function<void()> UnloadAbout;
@@ -24,14 +24,14 @@ namespace mdlPubSelf {
 
 inline FrameSteps frameSteps;
 
-// False when another copy of the program runs: then the process ends at once, before anything is touched.
+// False if another copy of the program runs. The process then ends at once and touches nothing.
 bool Form_Initialize();
-// The body of start-up: services, data folders, settings, and everything that the window shows. False when
-// the program ends before it has read or written its data, because others may have put something in its
-// place (frame/trusted_data.h); the services are released again then, and Form_Unload does nothing.
+// Start-up: services, data folders, settings, and all that the window shows. False if the program is to end
+// because others may have replaced its data (frame/trusted_data.h). It has then read and written no data and
+// released its services, and Form_Unload does nothing.
 bool Form_Load();
-// The end of the program, however the window was closed: scratch folders emptied, services released. A
-// second call does nothing.
+// The end of the program, however the window was closed: empties the scratch folders and releases the
+// services. A second call does nothing.
 void Form_Unload();
 
 }  // namespace mdlPubSelf

@@ -5,7 +5,7 @@
 
 namespace tavix::mdlPubSelf {
 
-// Gives a tree and all its nodes the colours of the list next to it.
+// Gives a tree and all its nodes the colours of a list.
 void ColorTreeLike(TreeView& tree, const ListView& list);
 
 }  // namespace tavix::mdlPubSelf

@@ -14,17 +14,17 @@ namespace {
 
 struct DataPlace {
   TextView path;
-  bool steers;  // whoever writes it steers the program; the others are only made or emptied
+  bool steers;  // the program reads it; the others are only made or emptied
 };
 
-// From the top down.
+// Folders before what lies in them.
 constexpr DataPlace kPlaces[] = {
     {kMakersFolder, true},     {kDataFolder, true},     {kSettingsFile, true},
     {kBuiltInJunkFile, true},  {kUserJunkFile, true},   {kMarkerFile, false},
     {kDuplicateFolder, false}, {kScannedFolder, false}, {kComparedFolder, false},
 };
 
-// Said where the catalogue beside the program can't be read: a box without words would ask for nothing.
+// Used if the catalogue beside the program can't be read: a message box without words would ask nothing.
 constexpr TextView kForeignText =
     u"In the place of its own data Tavix has found something that others may have put there: a link, or what "
     u"belongs to another user. OK gives it another name, and Tavix starts with its default settings. Cancel "
@@ -63,7 +63,7 @@ bool PutAside(const Text& path) {
   return renamed && !platform::fileSystem->Look(path);
 }
 
-// True when others could change it until now.
+// True if other users could change it until now.
 bool Close(TextView path) {
   return platform::trust != nullptr && platform::trust->Protect(path) == platform::Protection::Set;
 }
@@ -104,11 +104,11 @@ bool ProtectData() {
   bool wasOpen = MakeClosed(kMakersFolder);
   wasOpen = MakeClosed(kDataFolder) || wasOpen;
   MakeClosed(kDefaultBackupFolder);
-  // What stood in a folder before it was closed is as open as it was.
+  // Files made while the folder was open are open too.
   for (const TextView file : {kSettingsFile, kBuiltInJunkFile, kUserJunkFile, kMarkerFile}) {
     wasOpen = Close(file) || wasOpen;
   }
-  // The scratch folders are made anew then.
+  // The start makes the scratch folders anew.
   if (Close(kDuplicateFolder)) fileSystemObject.DeleteFolder(kDuplicateFolder, true);
   return wasOpen;
 }

@@ -18,7 +18,7 @@ class JunkType {
  public:
   explicit JunkType(TextView element) : fields_(Split(element, u"|")) {}
 
-  TextView Field(size_t index) const { return index < fields_.size() ? fields_[index] : TextView(); }
+  TextView Field(size_t index) const { return ElementAt(fields_, index).value_or(u""); }
   // If the line has one field alone, the second field is the origin and no pattern.
   TextView Pattern() const { return fields_.size() > 2 ? fields_[1] : TextView(); }
   bool Enabled() const { return Field(3) == u"Y"; }

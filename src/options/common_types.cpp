@@ -18,7 +18,7 @@ bool HoldsForbiddenCharacter(TextView extension) {
   return extension.find_first_of(u"*.\\/:?\"<>|") != TextView::npos;
 }
 
-// The one box without a picture.
+// The only message box without an icon.
 void TellPlainly(TextView text) {
   if (platform::dialogs != nullptr) platform::dialogs->MsgBox(text, 0);
 }

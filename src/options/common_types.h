@@ -1,12 +1,12 @@
 #pragma once
 
-// lstDF, the list of the file types that are compared where only common ones are.
+// lstDF lists the file types to compare if only common ones are compared.
 namespace tavix::mdlPubSelf {
 
 // Ctrl+A selects all rows.
 void lstDF_KeyUp(int keyCode, int shift);
-// The buttons by their index: adds a type, asked for until it is a good one or none; deletes the selected
-// ones. A type that stands in the saved setting, be it as part of another one, isn't added.
+// Buttons: 0 asks for a type until it is valid or none is given, and adds it; 1 deletes the selected types. A
+// type that occurs in the saved setting, even as part of another type, isn't added.
 void sbtDF_Click(int index);
 
 }  // namespace tavix::mdlPubSelf

@@ -5,23 +5,23 @@
 
 #include "controls/text_box.h"
 
-// The boxes of the options window that take a whole number.
+// Boxes of the options window for whole numbers.
 namespace tavix::mdlPubSelf {
 
 struct NumberBox {
   TextBox* box;
   int16_t page;
   int16_t smallest;
-  TextView afterMessage;  // what the message of a smaller number ends with
+  TextView afterMessage;  // the end of the message about a smaller number
 };
 
 std::span<const NumberBox> NumberBoxes();
 
-// Selects all the text.
+// Selects all text.
 void NumberBox_GotFocus(const NumberBox& number);
-// Lets digits and backspace through.
+// Lets only digits and backspace through.
 void NumberBox_KeyPress(int& key);
-// A number that is too small, and what is no number of 16 bits, gets a message and keeps the focus.
+// A number below the smallest, or a text that is no number of 16 bits, gets a message and keeps the focus.
 void NumberBox_LostFocus(const NumberBox& number);
 
 }  // namespace tavix::mdlPubSelf

@@ -11,7 +11,7 @@ namespace tavix::mdlPubSelf {
 namespace {
 
 constexpr TextView kBar = u"|";
-// The roots; the other headings are the branches of the Privacy page.
+// Keys of the roots. The branches of the Privacy page are headings too.
 constexpr TextView kPrivacyRoot = u"privacy";
 constexpr TextView kSystemRoot = u"system";
 constexpr TextView kRegistryRoot = u"registry";

@@ -3,18 +3,18 @@
 #include "controls/tree_view.h"
 #include "text/text.h"
 
-// trvOC, the tree of the functions of a one-click run.
+// trvOC is the tree of the functions of a one-click run.
 namespace tavix::mdlPubSelf {
 
-// Builds the tree anew from the functions of the Privacy, System and Registry pages, nothing ticked.
+// Fills the tree with the functions of the Privacy, System and Registry pages, all unticked.
 void BuildOneClickTree();
-// Ticks the nodes whose keys stand in a list of keys as the setting Functions has it. No tick is taken away,
-// but for that of the first node.
+// Ticks the nodes whose keys stand in `keys`, a list as in the setting Functions. Unticks only the first
+// node.
 void TickOneClickFunctions(TextView keys);
-// The ticked functions in that form; "|" where none is.
+// The ticked functions as such a list; "|" if there are none.
 Text TickedOneClickFunctions();
 
-// The user has changed a tick: all nodes below get it.
+// The user changed a tick: all nodes below get it.
 void trvOC_NodeCheck(Node& node);
 
 }  // namespace tavix::mdlPubSelf

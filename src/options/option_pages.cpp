@@ -11,13 +11,13 @@
 namespace tavix::mdlPubSelf {
 namespace {
 
-// The answer without blanks around it; empty when there is none.
+// The user's answer without blanks at its ends; empty if there is none.
 Text Ask(TextView promptKey, TextView offered) {
   if (platform::dialogs == nullptr) return {};
   return Text(Trim(platform::dialogs->InputBox(GetMessageText(promptKey), offered).value_or(u"")));
 }
 
-// Empty when none is chosen.
+// The chosen folder; empty if the user cancels.
 Text ChooseFolder(TextView title) {
   Text folder;
   pubSystem.BrowseForFolder(frmPubOptions.hWnd, title, folder);
@@ -69,7 +69,7 @@ void txtDF_GotFocus() { frmPubOptions.txtDF.SelectAll(); }
 void txtDF_LostFocus() {
   TextBox& box = frmPubOptions.txtDF;
   const TextView folder = Trim(box.Text.Get());
-  // Of a folder that can't be looked at it isn't said that there is none.
+  // Say nothing about a folder that can't be looked at.
   if (!box.Enabled || fileSystemObject.FolderExists(folder) != false) return;
   Inform(Concat(u"'", folder, u"' does not exists, please specify another."));
   ShowOptionsPage(kCleaningMethodPage);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -14,22 +15,26 @@
 namespace tavix::mdlPubSelf {
 namespace {
 
-constexpr TextView kDuplicateFiles = u"Duplicate Files";
-constexpr TextView kOneClick = u"One-click Clean/Repair";
-constexpr TextView kCleaningMethod = u"Cleaning Method";
-constexpr TextView kOtherOptions = u"Other Options";
+// How a control edits a setting: it shows a value, and gives the value to save. Nothing leaves the file as it
+// is.
+struct Binding {
+  std::function<void(TextView value)> show;
+  std::function<std::optional<Text>()> saved;
+};
 
-using Binding = OptionBinding;
-
-Binding Ticks(TreeView& tree) { return {&tree, TickOneClickFunctions, TickedOneClickFunctions}; }
+struct Option {
+  int16_t page;
+  const Setting& setting;
+  Binding binding;
+};
 
 Binding Flag(CheckBox& box) {
-  return {&box, [&box](TextView value) { box.Value = value == u"Y" ? 1 : 0; },
+  return {[&box](TextView value) { box.Value = value == u"Y" ? 1 : 0; },
           [&box] { return Text(box.Value != 0 ? u"Y" : u"N"); }};
 }
 
-// Values of a group of buttons in their order. Any other value selects the button `otherShown`, or none;
-// while none is selected the value of `otherSaved` is saved, or none.
+// The values of a group of buttons, in the order of the buttons. An unknown value selects button
+// `otherShown`, or none. While no button is selected, the value of button `otherSaved` is saved, or nothing.
 struct Choice {
   std::vector<TextView> values;
   std::optional<size_t> otherShown;
@@ -51,16 +56,16 @@ Binding Buttons(std::array<OptionButton, count>& buttons, const Choice& choice) 
     }
     return button.transform([&choice](size_t i) { return Text(choice.values[i]); });
   };
-  return {&buttons[0], show, saved};
+  return {show, saved};
 }
 
-// What is no whole number of 16 bits isn't saved.
+// Nothing if the text is no whole number of 16 bits.
 std::optional<Text> WholeNumber(const TextBox& box) {
   return ToInteger16(box.Text.Get()).transform([](int16_t number) { return ToText(number); });
 }
 
 Binding Days(TextBox& box) {
-  return {&box, [&box](TextView value) { box.Text = Text(value); }, [&box] { return WholeNumber(box); }};
+  return {[&box](TextView value) { box.Text = Text(value); }, [&box] { return WholeNumber(box); }};
 }
 
 Binding Size(TextBox& box) {
@@ -68,16 +73,16 @@ Binding Size(TextBox& box) {
     const TextView trimmed = Trim(value);
     box.Text = Text(trimmed.empty() ? u"0" : trimmed);
   };
-  return {&box, show, [&box] { return WholeNumber(box); }};
+  return {show, [&box] { return WholeNumber(box); }};
 }
 
-// Saved while its button is selected.
+// The folder is saved only while its button is selected.
 Binding FolderOf(OptionButton& button, TextBox& box) {
   const auto saved = [&button, &box]() -> std::optional<Text> {
     if (!button.Value) return std::nullopt;
     return Text(Trim(box.Text.Get()));
   };
-  return {&box, [&box](TextView value) { box.Text = Text(value); }, saved};
+  return {[&box](TextView value) { box.Text = Text(value); }, saved};
 }
 
 Binding Lines(ListBox& list) {
@@ -94,14 +99,14 @@ Binding Lines(ListBox& list) {
     }
     return joined;
   };
-  return {&list, show, saved};
+  return {show, saved};
 }
 
 void ShowFolders(ListView& list, TextView value) {
   list.Clear();
   for (const TextView entry : Split(value, u"|")) {
     const std::vector<TextView> fields = Split(entry, u"/");
-    if (fields.empty()) continue;  // nothing between two bars
+    if (fields.empty()) continue;  // two bars in a row
     ListView::Item row = list.Add(fields[0]);
     if (fields.size() > 1) row.SetSubItems(1, fields[1]);
   }
@@ -118,51 +123,45 @@ Text JoinedFolders(ListView& list) {
 }
 
 Binding Folders(ListView& list) {
-  return {&list, [&list](TextView value) { ShowFolders(list, value); },
-          [&list] { return JoinedFolders(list); }};
+  return {[&list](TextView value) { ShowFolders(list, value); }, [&list] { return JoinedFolders(list); }};
 }
 
-std::vector<BoundOption> MakeOptions() {
+// The rows of a page are saved in this order.
+const std::vector<Option>& Options() {
   OptionsForm& form = frmPubOptions;
   const Choice scope{{u"N", u"Y"}, 0, 0};
   const Choice method{{u"D", u"R", u"S"}, {}, 2};
   const Choice size{{u"Auto", u"Big", u"Small"}, {}, {}};
-  return {
-      {kOneClickPage, kOneClick, u"Functions", &Functions, Ticks(form.trvOC)},
-      {kCleaningMethodPage, kCleaningMethod, u"Method", &CleaningMethod, Buttons(form.optCM, method)},
-      {kCleaningMethodPage, kCleaningMethod, u"Backup Folder", &BackupFolder,
-       FolderOf(form.optCM[2], form.txtDF)},
-      {kDuplicateFilesPage, kDuplicateFiles, u"Size", &DuplicateSize, Flag(form.cbxDF[1])},
-      {kDuplicateFilesPage, kDuplicateFiles, u"Modified", &DuplicateModified, Flag(form.cbxDF[2])},
-      {kDuplicateFilesPage, kDuplicateFiles, u"Only Common", &OnlyCommon, Buttons(form.optDF, scope)},
-      {kDuplicateFilesPage, kDuplicateFiles, u"Need Least", &NeedLeast, Flag(form.cbxDF[3])},
-      {kDuplicateFilesPage, kDuplicateFiles, u"Least Size", &LeastSize, Size(form.txtDFSS)},
-      {kDuplicateFilesPage, kDuplicateFiles, u"Common Types", &CommonTypes, Lines(form.lstDF)},
-      {kOtherOptionsPage, kOtherOptions, u"Interface Size", &InterfaceSize, Buttons(form.optOO, size)},
-      {kOtherOptionsPage, kOtherOptions, u"Last Accessed File", &LastAccessedFile, Days(form.txtOO[0])},
-      {kOtherOptionsPage, kOtherOptions, u"Last Accessed Prefetch", &LastAccessedPrefetch,
-       Days(form.txtOO[1])},
-      {kOtherOptionsPage, kOtherOptions, u"Except Folders", &ExceptFolders, Folders(form.lsvOO)},
+  static const std::vector<Option> options{
+      {kOneClickPage, Functions, {TickOneClickFunctions, TickedOneClickFunctions}},
+      {kCleaningMethodPage, CleaningMethod, Buttons(form.optCM, method)},
+      {kCleaningMethodPage, BackupFolder, FolderOf(form.optCM[2], form.txtDF)},
+      {kDuplicateFilesPage, DuplicateSize, Flag(form.cbxDF[1])},
+      {kDuplicateFilesPage, DuplicateModified, Flag(form.cbxDF[2])},
+      {kDuplicateFilesPage, OnlyCommon, Buttons(form.optDF, scope)},
+      {kDuplicateFilesPage, NeedLeast, Flag(form.cbxDF[3])},
+      {kDuplicateFilesPage, LeastSize, Size(form.txtDFSS)},
+      {kDuplicateFilesPage, CommonTypes, Lines(form.lstDF)},
+      {kOtherOptionsPage, InterfaceSize, Buttons(form.optOO, size)},
+      {kOtherOptionsPage, LastAccessedFile, Days(form.txtOO[0])},
+      {kOtherOptionsPage, LastAccessedPrefetch, Days(form.txtOO[1])},
+      {kOtherOptionsPage, ExceptFolders, Folders(form.lsvOO)},
   };
+  return options;
 }
 
 }  // namespace
 
-std::span<const BoundOption> BoundOptions() {
-  static const std::vector<BoundOption> options = MakeOptions();
-  return options;
-}
-
 void ShowOptions(int16_t page) {
-  for (const BoundOption& option : BoundOptions()) {
-    if (option.page == page) option.binding.show(*option.setting);
+  for (const Option& option : Options()) {
+    if (option.page == page) option.binding.show(option.setting);
   }
 }
 
 void SaveOptions(int16_t page) {
-  for (const BoundOption& option : BoundOptions()) {
+  for (const Option& option : Options()) {
     if (option.page != page) continue;
-    if (const auto value = option.binding.saved()) WriteSetting(option.section, option.key, *value);
+    if (const auto value = option.binding.saved()) WriteSetting(option.setting, *value);
   }
 }
 

@@ -1,5 +1,7 @@
 #include "options/options_dialog.h"
 
+#include <ranges>
+
 #include "forms/main_form.h"
 #include "forms/options_form.h"
 #include "frame/data_paths.h"
@@ -21,10 +23,10 @@ namespace {
 
 constexpr Color kWhite = 0xFFFFFF;
 
-// Nothing of an earlier opening is left.
+// Puts the controls back to their state before any earlier opening.
 void Renew(OptionsForm& form) {
   form.ActiveControl = nullptr;
-  for (CheckBox* box : {&form.cbxDF[1], &form.cbxDF[2], &form.cbxDF[3]}) box->Value = 0;
+  for (CheckBox& box : form.cbxDF | std::views::drop(1)) box.Value = 0;  // the first is a fixed rule
   for (OptionButton& button : form.optDF) button.Value = false;
   for (OptionButton& button : form.optCM) button.Value = false;
   for (OptionButton& button : form.optOO) button.Value = false;
@@ -40,7 +42,7 @@ bool NeedsCommonType() {
   return true;
 }
 
-// The row of the Advanced page that tells the days, before they are loaded.
+// Changes the row with the days on the Advanced page. Called before LastAccessedFile is loaded anew.
 void ShowDaysOnAdvancedPage() {
   constexpr int kRow = 4;
   const Text& days = frmPubOptions.txtOO[0].Text;

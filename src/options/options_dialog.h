@@ -1,21 +1,21 @@
 #pragma once
 
-// The options window and what it does with the settings as a whole.
+// Opening, saving and closing the options window.
 namespace tavix::mdlPubSelf {
 
-// The window as it is built, with its texts, trees and values, at page `piPage`.
+// Builds the window: texts, trees and values, at the page `piPage`.
 void frmPubOptions_Load();
-// The controls are in their places; the functions of a one-click run get their ticks.
+// Ticks the functions of a one-click run. The controls are in their places.
 void frmPubOptions_Resize();
 // Fills all controls but trvOC from the settings and junk types in memory.
 void LoadOptionValues();
 
-// Writes all that the window shows and loads it. Refused, with a message and nothing written, where only
-// common types are to be compared and there is none.
+// Writes all that the window shows into the files and loads it. If only common types are to be compared and
+// there are none, shows a message and writes nothing.
 void sbtSave_Click();
-// Puts settings and built-in junk types back to the recommended ones, in the files too.
+// Restores the default settings and the built-in junk types, in the files and in memory.
 void sbtRecommend_Click();
-// Closes the window and saves nothing.
+// Closes the window without saving.
 void sbtClose_Click();
 
 }  // namespace tavix::mdlPubSelf

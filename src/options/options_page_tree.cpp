@@ -17,7 +17,7 @@ struct Page {
   TextView remark;
 };
 
-// By number.
+// In the order of their numbers.
 const Page kPages[] = {
     {u"oc", u"One-click Clean/Repair", &frmPubOptions.fraOC, u"ONE32", u"OC_REMARK"},
     {u"jf", u"Junk Files", &frmPubOptions.fraJF, u"JUNK32", u"JF_REMARK"},

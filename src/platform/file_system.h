@@ -47,9 +47,17 @@ struct FileFacts {
   bool known = true;  // as DirectoryEntry has it
 };
 
+// Types of drives.
+constexpr int kUnknownDrive = 0;
+constexpr int kRemovableDrive = 1;
+constexpr int kFixedDrive = 2;
+constexpr int kNetworkDrive = 3;
+constexpr int kCdDrive = 4;
+constexpr int kMemoryDrive = 5;
+
 struct Drive {
-  Text path;     // "C:"
-  int type = 0;  // 0 unknown, 1 removable, 2 fixed, 3 network, 4 CD, 5 memory
+  Text path;  // "C:"
+  int type = kUnknownDrive;
   bool ready = false;
   Text volumeName;  // empty when not ready
 };

@@ -12,6 +12,9 @@ namespace tavix::platform {
 // A window of the system; 0 is none.
 using WindowHandle = intptr_t;
 
+// The show style of a maximised window.
+constexpr int kMaximized = 3;
+
 // What the system's shell does for a program. Calls that start something return at once and say whether it
 // could be started. Nothing here asks the user or shows an error of its own but a started program.
 class Shell {
@@ -19,7 +22,7 @@ class Shell {
   virtual ~Shell() = default;
 
   // Starts a web or mail address, a program, or a whole command line with arguments. `style` is the show
-  // style of the window, 3 for maximised. A program of the system that is named without a folder is the one
+  // style of the window. A program of the system that is named without a folder is the one
   // in the system's own folder, whatever bears its name elsewhere. An address is opened with the user's
   // ordinary rights where this program has higher ones.
   virtual bool RunTarget(TextView target, int style) = 0;

@@ -6,13 +6,14 @@
 
 namespace tavix::mdlPubSelf {
 
-// The number of the calendar day that a time lies in.
+// The number of a time's calendar day.
 inline int64_t CalendarDay(platform::DateTime time) {
   constexpr int64_t kDay = int64_t{24} * 60 * 60 * 1000;
   return time / kDay - (time % kDay < 0 ? 1 : 0);
 }
 
-// Midnights between a time and now, below zero for a later day. Nothing where it isn't known what day it is.
+// The number of midnights from a time to now; negative for a later day. Nothing if the time or the date of
+// today is unknown.
 inline std::optional<int64_t> CalendarDaysSince(platform::DateTime time) {
   if (platform::clock == nullptr) return std::nullopt;
   return CalendarDay(platform::clock->Now()) - CalendarDay(time);

@@ -11,8 +11,8 @@
 namespace tavix::mdlPubSelf {
 namespace {
 
-// Positions are counted from 1 and 0 says that nothing was found. They are kept in 16-bit integers; one
-// that doesn't fit is not assigned, and its variable stays as it was.
+// Positions count from 1; 0 means not found. They are 16-bit integers: a position that doesn't fit isn't
+// assigned, and the variable keeps its value.
 std::optional<int16_t> Position(size_t found) {
   if (found == TextView::npos) return int16_t{0};
   if (found >= INT16_MAX) return std::nullopt;
@@ -23,7 +23,7 @@ std::optional<int16_t> Find(TextView text, TextView part) { return Position(text
 
 std::optional<int16_t> FindLast(TextView text, char16_t c) { return Position(text.rfind(c)); }
 
-// Where `part`, which is in lower case, first stands in the text put into lower case.
+// The first position of `part`, which is in lower case, in the text put into lower case.
 size_t FindInLowerCase(TextView text, TextView part) {
   const auto fits = [](char16_t c, char16_t wanted) {
     return (c >= u'A' && c <= u'Z' ? c + (u'a' - u'A') : c) == wanted;
@@ -42,8 +42,8 @@ bool HasResourcePrefix(TextView text) {
   return MatchesPattern(text, u"@?:\\*") || MatchesPattern(text, u"@\"?:\\*") || MatchesPattern(text, u"@%*");
 }
 
-// Where the path ends in the text: the position of what stands behind it, 0 for its whole length. Nothing
-// where the text can't be judged.
+// The position after the path's end in the text; 0 if the path is the whole text. Nothing if the text can't
+// be judged.
 std::optional<int16_t> FindEnd(TextView text) {
   constexpr int16_t kLastColon = 3;
   int16_t end = 0;
@@ -60,7 +60,7 @@ std::optional<int16_t> FindEnd(TextView text) {
   return end;
 }
 
-// Drops all words behind the last backslash but the first one. False where there is no backslash.
+// Drops all words after the last backslash except the first. False if there is no backslash.
 bool StripTrailingWords(Text& path) {
   int16_t backslash = 0;
   int16_t blank = 0;
@@ -69,14 +69,14 @@ bool StripTrailingWords(Text& path) {
     Set(blank, FindLast(path, u' '));
     if (blank == 0 || blank <= backslash) return true;
     path.resize(static_cast<size_t>(blank - 1));
-    // A backslash too far behind for its number goes with what is cut.
+    // A backslash beyond 16 bits is lost with what is cut.
     if (last >= path.size()) last = path.rfind(u'\\');
   }
   return false;
 }
 
-// The cut is told from the text with its quotes and applied to the path without them: a quote before the
-// path leaves a character behind it.
+// The cut position counts the quotes of the text but is applied to the path without them: a quote before the
+// path leaves one more character after it.
 void CutBehindExtension(TextView text, Text& path) {
   constexpr TextView kExtension = u".exe";
   int16_t extension = 0;
@@ -90,7 +90,7 @@ void CutBehindExtension(TextView text, Text& path) {
 
 CommandTarget FindCommandTarget(TextView command) {
   Text whole = Unquote(Trim(command));
-  // A test that can't be answered counts as "no" here, and the text is taken apart.
+  // If it can't be told whether the file exists, the text is taken apart.
   if (fileSystemObject.FileExists(whole) == true) return {std::move(whole), true};
   if (HasResourcePrefix(command)) command.remove_prefix(1);
   const std::optional<int16_t> end = FindEnd(command);

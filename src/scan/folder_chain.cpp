@@ -1,25 +1,18 @@
 #include "scan/folder_chain.h"
 
 #include <algorithm>
-#include <memory>
 
 #include "frame/support/file_system_object.h"
 
 namespace tavix::mdlPubSelf {
 
-// From the folder above: to find a deep folder by its path takes a while.
 bool FolderChain::List(const platform::EntryVisitor& visit, const platform::NameFilter& wanted) {
-  constexpr size_t kMostOpen = 8;
   if (!fileSystemObject) return false;
-  const size_t depth = levels_.size();
-  Level& level = levels_.back();
-  if (depth > kMostOpen) levels_[depth - 1 - kMostOpen].open.reset();
-  if (depth > 1 && levels_[depth - 2].open != nullptr) {
-    const TextView name = TextView(path_).substr(levels_[depth - 2].pathLength);
-    level.open = levels_[depth - 2].open->Open(name.substr(name.starts_with(u'\\') ? 1 : 0));
-  }
-  if (level.open == nullptr) level.open = fileSystemObject.Open(path_);
-  return level.open != nullptr && level.open->List(visit, wanted);
+  const size_t level = levels_.size() - 1;
+  TextView name;
+  if (level > 0) name = TextView(path_).substr(levels_[level - 1].pathLength);
+  platform::OpenFolder* folder = open_.Open(level, path_, name.substr(name.starts_with(u'\\') ? 1 : 0));
+  return folder != nullptr && folder->List(visit, wanted);
 }
 
 void FolderChain::Enter(TextView path) {
@@ -51,17 +44,18 @@ bool FolderChain::GoToNext() {
 
 void FolderChain::Leave() {
   levels_.pop_back();
+  open_.Close(levels_.size());
   if (!levels_.empty()) path_.resize(levels_.back().pathLength);
 }
 
-// A link to nothing is entered and lists nothing.
+// A link without a target is entered and lists nothing.
 bool FolderChain::MayEnter(TextView link) {
   std::optional<Text> target = fileSystemObject.FolderIdentity(link);
   return !target || (!StandsIn(*target) && entered_.insert(*std::move(target)).second);
 }
 
-// A folder entered by its name lies in the one above. The first one, and what a link leads to, lie in folders
-// that the chain doesn't name as well.
+// A folder entered by its name lies in the folder of the level above. The folders above the first level, and
+// above a link's target, are in no level: their whole lineage counts.
 bool FolderChain::StandsIn(const Text& folder) {
   return std::ranges::any_of(levels_, [&](Level& level) {
     if (level.lineage.empty()) {

@@ -1,38 +1,38 @@
 #pragma once
 
-#include <memory>
 #include <unordered_set>
 #include <vector>
 
 #include "platform/file_system.h"
+#include "scan/open_folders.h"
 #include "text/text.h"
 
 namespace tavix::mdlPubSelf {
 
-// The folders that a walk down a tree stands in, one below the other, each with its subfolders still to be
-// entered. It holds a name for each of them and no more, and a chain may be of any length.
+// The chain of folders that a walk down a tree is in, each with the subfolders still to enter. A level keeps
+// little more than a name, so a chain may have any length.
 //
-// A link to a folder is entered like a folder. It is passed over where the walk stands in its target already,
-// or has entered its target through a link before: such links would lead round and multiply the findings.
+// A link to a folder is entered like a folder. It is skipped if the walk is already in its target, or has
+// entered its target by another link: such links lead in circles and multiply the findings.
 class FolderChain {
  public:
   int Depth() const { return static_cast<int>(levels_.size()); }
-  // The innermost folder, no backslash at the end but a drive's.
+  // The innermost folder. Only a drive's root ends in a backslash.
   const Text& Path() const { return path_; }
-  // How much of the path names the first folder.
+  // The length of the first folder's path, with which Path begins.
   size_t StartLength() const { return levels_.front().pathLength; }
 
-  // Lists the innermost folder, as platform::FileSystem::List does.
+  // Lists the innermost folder like platform::FileSystem::List. False if it can't be listed.
   bool List(const platform::EntryVisitor& visit, const platform::NameFilter& wanted);
 
-  // Goes into a folder by its whole path, from none.
+  // Starts the chain with a folder, by its whole path.
   void Enter(TextView path);
-  // A subfolder of the innermost folder, to be entered in its turn.
+  // Notes a subfolder of the innermost folder, to be entered later.
   void AddSubFolder(const platform::DirectoryEntry& entry);
   void ForgetSubFolders();
-  // Goes into the next subfolder of the innermost folder. False when there is none left.
+  // Enters the next noted subfolder of the innermost folder. False if none is left.
   bool GoToNext();
-  // Goes back to the folder above.
+  // Returns to the folder above.
   void Leave();
 
  private:
@@ -44,9 +44,8 @@ class FolderChain {
     size_t pathLength = 0;
     std::vector<SubFolder> subFolders;
     size_t next = 0;
-    std::unique_ptr<platform::OpenFolder> open = {};  // of the innermost few that were listed
-    bool link = false;                                // the first folder counts as one
-    std::vector<Text> lineage = {};                   // once a link below made it be asked for
+    bool link = false;               // the first folder counts as one
+    std::vector<Text> lineage = {};  // read once a link below needs it
   };
 
   bool MayEnter(TextView link);
@@ -54,6 +53,7 @@ class FolderChain {
 
   Text path_;
   std::vector<Level> levels_;
+  OpenFolders open_;
   std::unordered_set<Text> entered_;  // the targets of all links entered
 };
 

@@ -4,7 +4,7 @@
 
 namespace tavix::mdlPubSelf {
 
-// Suspends the painting of the result list while walks add rows to it. Not nested.
+// While it lives, the result list isn't painted: walks add rows to it. Can't be nested.
 class PaintingPause {
  public:
   PaintingPause() { frmPubMain.lsvResult.PaintingSuspended = true; }

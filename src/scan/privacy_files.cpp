@@ -5,6 +5,7 @@
 #include "frame/support/pub_common.h"
 #include "frame/support/pub_system.h"
 #include "frame/support/shell_object.h"
+#include "scan/action_string.h"
 #include "scan/painting_pause.h"
 #include "scan/result_items.h"
 #include "scan/walkers.h"
@@ -13,27 +14,24 @@
 namespace tavix::mdlPubSelf {
 namespace {
 
-// Shell folders by their numbers.
+// Numbers of shell folders.
 constexpr int kInternetCache = 32;
 constexpr int kCookies = 33;
 constexpr int kHistory = 34;
 
-// A store that the system cleans as a whole.
+// A store that one command of the system cleans.
 struct WholeStore {
   int Folder;
   TextView Type;
   TextView NamePrefix;
-  TextView ActionString;
+  int Tracks;  // as ClearTracksAction numbers them
 };
 
-constexpr WholeStore kCacheStore = {kInternetCache, u"Temporary Internet Files", u"IE Cache (",
-                                    u"Cmd: RunDll32.exe InetCpl.cpl,ClearMyTracksByProcess 8"};
-constexpr WholeStore kCookieStore = {kCookies, u"Cookies", u"Cookies (",
-                                     u"Cmd: RunDll32.exe InetCpl.cpl,ClearMyTracksByProcess 2"};
-constexpr WholeStore kHistoryStore = {kHistory, u"History", u"History (",
-                                      u"Cmd: RunDll32.exe InetCpl.cpl,ClearMyTracksByProcess 1"};
+constexpr WholeStore kCacheStore = {kInternetCache, u"Temporary Internet Files", u"IE Cache (", 8};
+constexpr WholeStore kCookieStore = {kCookies, u"Cookies", u"Cookies (", 2};
+constexpr WholeStore kHistoryStore = {kHistory, u"History", u"History (", 1};
 
-// A browser's index file, which the system holds open.
+// An index file of the browser, which the system keeps open.
 struct IndexFile {
   int Folder;
   TextView Path;  // below the folder
@@ -48,7 +46,7 @@ constexpr IndexFile kIndexFiles[] = {
 
 constexpr TextView kIndexName = u"index.dat";
 
-// Empty when the system doesn't tell it.
+// Empty if the system doesn't name the folder.
 Text ShellFolder(int number) {
   Text path;
   pubSystem.GetSpecialFolder(number, path);
@@ -65,7 +63,7 @@ void ScanWholeStore(const WholeStore& store) {
   const auto size = folder.Size();
   AddResultItem(store.Type, Concat(store.NamePrefix, ToText(files), u" Files)"),
                 size.transform(FormatSizeText), folder.Path(), size.transform(FormatSizeKey),
-                store.ActionString);
+                ClearTracksAction(store.Tracks));
 }
 
 void ScanFileByFile(int folder, TextView type) {
@@ -74,19 +72,20 @@ void ScanFileByFile(int folder, TextView type) {
 }
 
 void ScanIndexFiles() {
-  // A file that isn't there leaves the one before it in its place.
+  // If a file is missing, `file` keeps the one before: this is meant.
   File file;
   for (const IndexFile& index : kIndexFiles) {
     Set(file, fileSystemObject.GetFile(Concat(ShellFolder(index.Folder), index.Path)));
     AddResultItem(index.Type, kIndexName, file.Size().transform(FormatSizeText), file.Path(),
-                  file.Size().transform(FormatSizeKey), u"DUR");
+                  file.Size().transform(FormatSizeKey), action::kFileAtRestart);
   }
 }
 
 void ScanRecentDocuments() {
   constexpr TextView kType = u"Recently Used Documents";
   AddResultItem(kType, kType, kNoSize, u"Registry", kNoSizeKey,
-                u"RK: HKEY_CURRENT_USER, Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\RecentDocs");
+                RegistryKeyAction(platform::Hive::CurrentUser,
+                                  u"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\RecentDocs"));
   const PaintingPause pause;
   if (const auto recent = shellObject.SpecialFolders(u"Recent")) {
     WalkFolderFiles(*recent, u"Recently Used Document");

@@ -6,7 +6,7 @@
 
 namespace tavix::mdlPubSelf {
 
-// The scanners of the Privacy page that look at folders and files.
+// The scanners of the Privacy page for folders and files.
 extern const std::span<const Scanner> kPrivacyFileScanners;
 
 }  // namespace tavix::mdlPubSelf

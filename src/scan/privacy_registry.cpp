@@ -2,6 +2,7 @@
 
 #include "forms/main_form.h"
 #include "frame/support/pub_registry.h"
+#include "scan/action_string.h"
 #include "scan/folded_values.h"
 #include "scan/result_items.h"
 
@@ -10,7 +11,7 @@ namespace {
 
 constexpr platform::Hive kHive = platform::Hive::CurrentUser;
 
-// A key whose values are all findings.
+// A key of which every value is a finding.
 struct ValueList {
   TextView Label;
   TextView Key;
@@ -37,8 +38,7 @@ void AddValuesOf(TextView key, TextView type) {
   pubRegistry.EnumValues(kHive, key, folded);
   VisitFoldedValues(folded, [&](TextView name, TextView data) {
     if (data.empty()) return;
-    AddResultItem(type, data, kNoSize, u"Registry", kNoSizeKey,
-                  Concat(u"RI: HKEY_CURRENT_USER, ", key, u", ", name));
+    AddResultItem(type, data, kNoSize, u"Registry", kNoSizeKey, RegistryValueAction(kHive, key, name));
   });
 }
 
@@ -56,42 +56,26 @@ void ScanValuesOfSubKeys(const ValueList& list) {
   }
 }
 
-// One row for a whole store, whether it is empty or not.
+// One row for a whole store, empty or not.
 void AddStandingRow(TextView type, TextView actionString) {
   AddResultItem(type, type, kNoSize, u"Registry", kNoSizeKey, actionString);
+}
+
+// The same for a store in a key of the Explorer.
+void AddExplorerRow(TextView type, TextView key) {
+  AddStandingRow(type, RegistryKeyAction(
+                           kHive, Concat(u"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\", key)));
 }
 
 constexpr Scanner kScanners[] = {
     {u"iertu", [] { ScanValues(kTypedUrls); }},
     {u"werh", [] { ScanValues(kRunHistory); }},
     {u"wesh", [] { ScanValuesOfSubKeys(kSearchHistory); }},
-    {u"ieafh",
-     [] {
-       AddStandingRow(u"Auto-fill Form History", u"Cmd: RunDll32.exe InetCpl.cpl,ClearMyTracksByProcess 16");
-     }},
-    {u"ieaph",
-     [] {
-       AddStandingRow(u"Auto-fill Password History",
-                      u"Cmd: RunDll32.exe InetCpl.cpl,ClearMyTracksByProcess 32");
-     }},
-    {u"weosh",
-     [] {
-       AddStandingRow(u"Open/Save History",
-                      u"RK: HKEY_CURRENT_USER, "
-                      u"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\ComDlg32\\OpenSaveMRU");
-     }},
-    {u"weoem",
-     [] {
-       AddStandingRow(u"Other Explorer MRUs",
-                      u"RK: HKEY_CURRENT_USER, "
-                      u"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\ComDlg32\\LastVisitedMRU");
-     }},
-    {u"weurah",
-     [] {
-       AddStandingRow(u"User Ran Applications History",
-                      u"RK: HKEY_CURRENT_USER, "
-                      u"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\UserAssist");
-     }},
+    {u"ieafh", [] { AddStandingRow(u"Auto-fill Form History", ClearTracksAction(16)); }},
+    {u"ieaph", [] { AddStandingRow(u"Auto-fill Password History", ClearTracksAction(32)); }},
+    {u"weosh", [] { AddExplorerRow(u"Open/Save History", u"ComDlg32\\OpenSaveMRU"); }},
+    {u"weoem", [] { AddExplorerRow(u"Other Explorer MRUs", u"ComDlg32\\LastVisitedMRU"); }},
+    {u"weurah", [] { AddExplorerRow(u"User Ran Applications History", u"UserAssist"); }},
 };
 
 }  // namespace

@@ -6,8 +6,7 @@
 
 namespace tavix::mdlPubSelf {
 
-// The privacy traces that stand in the current user's registry. A trace is a finding simply because it is
-// there.
+// The scanners of the Privacy page for the current user's registry. Every trace that exists is a finding.
 extern const std::span<const Scanner> kPrivacyRegistryScanners;
 
 }  // namespace tavix::mdlPubSelf

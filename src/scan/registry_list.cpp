@@ -6,27 +6,12 @@
 #include "frame/support/pub_registry.h"
 #include "frame/support/shell_object.h"
 #include "platform/event_queue.h"
+#include "scan/action_string.h"
 #include "scan/folded_values.h"
 #include "scan/result_items.h"
 
 namespace tavix::mdlPubSelf {
 namespace {
-
-TextView HiveName(platform::Hive hive) {
-  switch (hive) {
-    case platform::Hive::ClassesRoot:
-      return u"HKEY_CLASSES_ROOT";
-    case platform::Hive::CurrentUser:
-      return u"HKEY_CURRENT_USER";
-    case platform::Hive::LocalMachine:
-      return u"HKEY_LOCAL_MACHINE";
-    case platform::Hive::CurrentConfig:
-      return u"HKEY_CURRENT_CONFIG";
-    case platform::Hive::Users:
-      break;
-  }
-  return {};
-}
 
 Text LocationOf(const RegistryEntry& entry) {
   const TextView location = entry.List.Location;
@@ -36,9 +21,9 @@ Text LocationOf(const RegistryEntry& entry) {
 }
 
 Text TagOf(const RegistryEntry& entry) {
-  const TextView hive = HiveName(entry.List.Hive);
-  if (entry.List.Entries == RegistryEntries::SubKeys) return Concat(u"RK: ", hive, u", ", entry.Path());
-  return Concat(u"RI: ", hive, u", ", entry.Key, u", ", entry.Name);
+  const platform::Hive hive = entry.List.Hive;
+  return entry.List.Entries == RegistryEntries::SubKeys ? RegistryKeyAction(hive, entry.Path())
+                                                        : RegistryValueAction(hive, entry.Key, entry.Name);
 }
 
 void ScanEntry(const RegistryEntry& entry) {

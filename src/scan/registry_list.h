@@ -13,38 +13,38 @@ namespace tavix::mdlPubSelf {
 
 struct RegistryEntry;
 
-// The name under which an entry is listed, or nothing where it is no finding.
+// Judges an entry: the name of its result row, or nothing if the entry is in order.
 using RegistryTest = std::optional<Text> (*)(const RegistryEntry& entry);
 
 enum class RegistryEntries : uint8_t { SubKeys, ValueNames, Values };
 
-// A list of the registry whose entries are tested one by one, each that fails being a row. The row's tag
-// follows from the rest: "RK" with the key of an entry that is a key, "RI" with key and name of a value.
+// A list of registry entries to be tested one by one; each finding becomes a row. The row's action deletes
+// the entry: an "RK" for a key, an "RI" for a value.
 struct RegistryList {
-  TextView Status;  // shown at the start, as it stands
+  TextView Status;  // the status line during the scan
   platform::Hive Hive;
   TextView Root;
-  // Where this is not empty, the entries are not those of the root: each subkey of it has a list of its own
-  // at this path below it.
+  // If not empty, each subkey of the root has a list of its own at this path below it, and those lists are
+  // tested in place of the root.
   TextView Inner = {};
   RegistryEntries Entries;
-  // What the test reads of an entry that is a key: a value, the default one for the empty name, of the key
-  // at this path below it.
+  // For an entry that is a key: the value that the test reads, in the key at this path below the entry. An
+  // empty name is the default value.
   TextView ValueKey = {};
   TextView ValueName = {};
   RegistryTest Test;
   TextView Type;
   TextView Location;  // a `*` in it stands for the entry's name
   bool Ticked = true;
-  bool Yields = false;  // lets the user interface run after each entry
+  bool Yields = false;  // runs the user interface after each entry
 };
 
-// What tests look up once a list.
+// What the tests of one list look up only once.
 class RegistryLookups {
  public:
-  // A special folder of the shell; empty where there is none.
+  // A special folder of the shell; empty if there is none.
   const Text& SpecialFolder(TextView name);
-  // The names of all type libraries, as one folded text; null where they can't all be read.
+  // The folded names of all type libraries; null if they can't all be read.
   SubstringIndex* TypeLibraries();
 
  private:
@@ -59,19 +59,19 @@ class RegistryLookups {
 
 struct RegistryEntry {
   const RegistryList& List;
-  TextView Key;   // the key that it was found in
-  TextView Name;  // of the subkey or value
-  TextView Data;  // of a value of a list of values
+  TextView Key;   // the key that holds it
+  TextView Name;  // name of the subkey or value
+  TextView Data;  // data of the value, in a list of values
   RegistryLookups& Lookups;
 
-  // The key of an entry that is one.
+  // The path of an entry that is a key.
   Text Path() const { return Concat(Key, u"\\", Name); }
-  // The value that the list says is to be read; empty where it is missing.
+  // The value named by the list; empty if it is missing.
   Text Value() const;
 };
 
-// Goes through the lists one after the other and adds a row for each finding. Entries are taken in the order
-// of the registry; nothing is merged. Cancel does not end it.
+// Tests the lists one after the other and adds a row for each finding. Entries keep the order of the
+// registry; nothing is merged. Cancel doesn't end it.
 void ScanRegistryLists(std::span<const RegistryList> lists);
 
 }  // namespace tavix::mdlPubSelf

@@ -9,7 +9,7 @@ namespace {
 using enum platform::Hive;
 using enum RegistryEntries;
 
-// Locations that several functions show. They name less than the key, and are shown as they stand.
+// Locations shown by several functions. They name less than the whole key.
 constexpr TextView kInWindows = u"Registry: HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows";
 constexpr TextView kInUsersWindows = u"Registry: HKEY_CURRENT_USER\\Software\\Microsoft\\Windows";
 
@@ -23,7 +23,7 @@ constexpr RegistryList kSharedDlls[] = {
      .Type = u"Missing Shared DLL",
      .Location = kInWindows}};
 
-// HKEY_CLASSES_ROOT shows the other two as one, so a class is found twice.
+// HKEY_CLASSES_ROOT is a view of the other two, so each class is found twice.
 constexpr RegistryList kClasses[] = {
     {.Status = u"Scanning in 'HKEY_CLASSES_ROOT\\CLSID', please wait...",
      .Hive = ClassesRoot,
@@ -53,7 +53,7 @@ constexpr RegistryList kClasses[] = {
      .Location = u"Registry: HKEY_CURRENT_USER\\Software",
      .Yields = true}};
 
-// The interfaces are gone through, although the status names the libraries.
+// The status names the libraries, but the interfaces are tested.
 constexpr RegistryList kTypeLibraries[] = {
     {.Status = u"Scanning in 'HKEY_CLASSES_ROOT\\TypeLib', please wait...",
      .Hive = ClassesRoot,
@@ -230,7 +230,7 @@ constexpr RegistryList kCursorSchemes[] = {
      .Location = kInWindows,
      .Ticked = false}};
 
-// The status names the other hive.
+// The status names the other hive; it is shown so.
 constexpr RegistryList kCountryCodes[] = {
     {.Status =
          u"Scanning in 'HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion', please wait...",

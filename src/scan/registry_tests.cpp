@@ -8,13 +8,13 @@
 namespace tavix::mdlPubSelf {
 namespace {
 
-// A test that can't be answered finds nothing: only what is known to be missing is a finding.
+// If a test can't be answered, the entry is no finding.
 std::optional<Text> UnlessFile(Text path) {
   if (fileSystemObject.FileExists(path) != false) return std::nullopt;
   return path;
 }
 
-// A file that was seen a moment ago isn't looked for again.
+// Don't look again for a file that was just seen.
 std::optional<Text> UnlessCommandOfAFile(TextView command) {
   CommandTarget target = FindCommandTarget(command);
   if (target.IsFile || target.Path.empty()) return std::nullopt;
@@ -72,14 +72,14 @@ std::optional<Text> SoftwareIsObsolete(const RegistryEntry& entry) {
   Text folded;
   pubRegistry.EnumSubKeys(entry.List.Hive, key, folded);
   if (!folded.empty()) return std::nullopt;
-  // More values than it can count are as many as it can.
+  // The count stops at its limit.
   int16_t count = INT16_MAX;
   pubRegistry.CountValues(entry.List.Hive, key, count);
   if (count >= 2) return std::nullopt;
   pubRegistry.EnumValues(entry.List.Hive, key, folded);
-  // The default value has no name, so the text of it alone begins with the separator "*NDS*".
+  // The default value has no name: if it is alone, the folded text begins with the separator "*NDS*".
   if (!folded.empty() && !MatchesPattern(folded, u"?NDS?*")) return std::nullopt;
-  // What can't be read looks empty and isn't known to be.
+  // A key that can't be read looks empty too.
   if (!pubRegistry.IsReadable(entry.List.Hive, key)) return std::nullopt;
   return Text(entry.Name);
 }

@@ -28,8 +28,8 @@ ListView::Item AddResultItem(TextView type, std::optional<TextView> name, std::o
   return item;
 }
 
-// A row keeps the length of what follows the start. One too long to be kept means that the walk began at the
-// drive's root, which is the strictest start.
+// The row stores the length of the location after the start. A length that doesn't fit makes the drive's root
+// the start, which is the strictest one.
 void SetWalkStart(ListView::Item item, size_t length) {
   const size_t location = item.SubItems(kLocationColumn).size();
   item.SetItemData(

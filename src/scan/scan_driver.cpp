@@ -35,8 +35,8 @@ void ScanPrivacyPage() {
   }
 }
 
-// Row 0 is the master row. Another page may be opened in the midst of the loop: then it goes on with the
-// rows of that page.
+// Row 0 is the master row. If the user opens another page during the loop, it continues with the rows of that
+// page.
 void ScanListPage() {
   CheckList& list = frmPubMain.lst;
   int functions = 0;
@@ -51,8 +51,8 @@ void ScanListPage() {
   }
 }
 
-// The list of keys is enclosed in bars, so its first and last element are empty; they move the bar all the
-// same, and so do the keys passed over after a cancel.
+// The list of keys begins and ends with a bar, so its first and last elements are empty. They advance the bar
+// too, like keys skipped after a cancel.
 void ScanOneClickFunctions() {
   const Text keys = Functions;
   const auto elements = Split(keys, u"|");
@@ -75,6 +75,16 @@ void ScanCurrentPage() {
   }
 }
 
+Text SumLine(bool registryPage) {
+  const int rows = ResultCount();
+  // The doubled blank is meant.
+  if (registryPage) return Concat(u"Sum: ", ToText(rows), rows < 2 ? u" item " : u" items ", u" found.");
+  return Concat(u"Sum: ", ToText(rows), rows < 2 ? u" item, " : u" items, ", FormatGrouped(SumResultSizes()),
+                u" KB found.");
+}
+
+}  // namespace
+
 Text ClosingLine(bool registryPage) {
   const int rows = ResultCount();
   const TextView prefix = CancelRequested ? u"Canceled, " : u"Finished, ";
@@ -87,16 +97,6 @@ Text ClosingLine(bool registryPage) {
   return Concat(prefix, u"please click <Clean> or press <F5> to clean the checked ",
                 rows >= 2 ? u"items." : u"item.");
 }
-
-Text SumLine(bool registryPage) {
-  const int rows = ResultCount();
-  // The doubled blank of the registry page's line is its settled form.
-  if (registryPage) return Concat(u"Sum: ", ToText(rows), rows < 2 ? u" item " : u" items ", u" found.");
-  return Concat(u"Sum: ", ToText(rows), rows < 2 ? u" item, " : u" items, ", FormatGrouped(SumResultSizes()),
-                u" KB found.");
-}
-
-}  // namespace
 
 void sbtScan_Click() {
   MainForm& form = frmPubMain;

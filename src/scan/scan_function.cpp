@@ -19,7 +19,7 @@ void RunAdvancedScan() {
 
 constexpr std::array kAdvancedScanner = {Scanner{u"Advanced", RunAdvancedScan}};
 
-// All scanners, a family of files each.
+// All scanners, grouped by file.
 const std::array<std::span<const Scanner>, 5> kScanners = {
     kPrivacyRegistryScanners, kPrivacyFileScanners, kSystemScanners, kRegistryScanners, kAdvancedScanner};
 

@@ -4,21 +4,20 @@
 
 namespace tavix::mdlPubSelf {
 
-// A cleaning function as the scan knows it.
+// A cleaning function: its key and its scan.
 struct Scanner {
   TextView Key;
   void (*Run)();
 };
 
-// The scan over chosen drives and folders, which stands on a higher floor; the wiring puts it in.
+// The scan over chosen drives and folders. It belongs to a room above this one; the wiring sets it.
 inline void (*advancedScan)() = nullptr;
 
-// Whether a key of the privacy tree is that of a branch: a heading above functions and none itself.
+// Whether a key of the privacy tree is a branch: a heading above functions.
 bool IsPrivacyBranch(TextView key);
 
-// Runs the scanner of a function, found by an exact comparison of keys; "Advanced" is the advanced scan.
-// Its findings are added to lsvResult. Does nothing once Cancel was pressed, or for a key that no scanner
-// bears.
+// Runs the scanner with exactly this key, which adds its findings to lsvResult. "Advanced" is the advanced
+// scan. Does nothing after Cancel, or for an unknown key.
 void ScanFunction(TextView key);
 
 }  // namespace tavix::mdlPubSelf

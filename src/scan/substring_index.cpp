@@ -8,7 +8,7 @@ constexpr TextView kStar = u"*";
 }  // namespace
 
 SubstringIndex::SubstringIndex(Text text)
-    : text_(std::move(text)), stretches_(Split(text_, kStar)), room_(4 * text_.size()) {}
+    : text_(std::move(text)), stretches_(Split(text_, kStar)), capacity_(4 * text_.size()) {}
 
 size_t SubstringIndex::CountPieces(size_t length) const {
   size_t count = 0;
@@ -33,8 +33,8 @@ bool SubstringIndex::Contains(TextView part) {
   auto known = pieces_.find(part.size());
   if (known == pieces_.end()) {
     const size_t count = CountPieces(part.size());
-    if (count > room_) return plainly();
-    room_ -= count;
+    if (count > capacity_) return plainly();
+    capacity_ -= count;
     known = pieces_.emplace(part.size(), CutPieces(part.size())).first;
   }
   return known->second.contains(part);

@@ -8,20 +8,19 @@
 
 namespace tavix::mdlPubSelf {
 
-// A text that is searched again and again: the answers of a plain search, letter case regarded, without its
-// cost.
+// Answers many searches in one text faster than plain searching. Letter case matters.
 //
-// A part without `*` lies within one of the stretches that the text's `*` leave. So for a length that is
-// asked for, all pieces of that length of each stretch are kept: of folded registry names and identifiers,
-// which are of one length, these are little more than the names themselves. They take memory of the order of
-// the text; parts of further lengths, and parts with `*`, are searched for plainly.
+// A part without `*` lies within one of the stretches between the text's `*`. When a length is first searched
+// for, all pieces of that length are stored. Folded registry names and identifiers are mostly of one length,
+// so these are little more than the names. The memory is limited to the order of the text: parts of further
+// lengths, and parts with `*`, are searched for plainly.
 class SubstringIndex {
  public:
   explicit SubstringIndex(Text text);
   SubstringIndex(const SubstringIndex&) = delete;
   SubstringIndex& operator=(const SubstringIndex&) = delete;
 
-  // Whether the part occurs anywhere; the empty part does in every text that isn't empty.
+  // Whether the part occurs in the text. The empty part does unless the text is empty.
   bool Contains(TextView part);
 
  private:
@@ -33,7 +32,7 @@ class SubstringIndex {
   const Text text_;
   const std::vector<TextView> stretches_;
   std::unordered_map<size_t, Pieces> pieces_;  // by their length
-  size_t room_;                                // for how many more pieces there is room
+  size_t capacity_;                            // the number of pieces that may still be stored
 };
 
 }  // namespace tavix::mdlPubSelf

@@ -5,6 +5,7 @@
 #include "frame/support/file_system_object.h"
 #include "frame/support/pub_system.h"
 #include "platform/event_logs.h"
+#include "scan/action_string.h"
 #include "scan/result_items.h"
 #include "scan/windows_folder.h"
 #include "text/attempt.h"
@@ -13,11 +14,14 @@
 namespace tavix::mdlPubSelf {
 namespace {
 
+constexpr auto kHive = platform::Hive::CurrentUser;
+constexpr TextView kExplorer = u"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer";
+
 struct SizeTexts {
   std::optional<Text> size, key;
 };
 
-// Of a size that the system gave as a text.
+// The texts for a size that the system gives as a text.
 SizeTexts BinSize(TextView size) {
   const auto number = ParseNumber(size);
   if (!number) return {Text(u"Over 2,097,152"), Text(u"99999999.9")};
@@ -29,7 +33,7 @@ void AddRegistryRow(TextView type, TextView name, TextView actionString) {
   AddResultItem(type, name, kNoSize, u"Registry", kNoSizeKey, actionString);
 }
 
-// Leaves the count as it is where the log can't be read.
+// Leaves `count` as it is if the log can't be read.
 void CountRecords(TextView log, uint32_t& count) {
   if (platform::eventLogs == nullptr) return;
   const auto handle = platform::eventLogs->Open(log);
@@ -46,20 +50,20 @@ void ScanRecycleBins() {
   std::optional<Text> name;
   if (!fields.empty()) name = Concat(u"Recycle Bins (", fields[0], u" Items)");
   const SizeTexts texts = fields.size() > 1 ? BinSize(fields[1]) : SizeTexts();
-  AddResultItem(u"Recycle Bins", name, texts.size, u"Each Recycle Bin", texts.key, u"RE");
+  AddResultItem(u"Recycle Bins", name, texts.size, u"Each Recycle Bin", texts.key, action::kRecycleBins);
 }
 
 void ScanMemoryDump() {
   const Text path = Concat(WindowsFolder(), u"\\memory.dmp");
-  const Text action = Concat(u"FT: ", path);
+  const Text action = NamedFileAction(path);
   const platform::Existence dump = fileSystemObject.FileExists(path);
   if (dump == std::nullopt) {
-    // What the row says of the dump is left out where it can't be told whether there is one.
+    // If it can't be told whether there is a dump, the row has no name and no size.
     AddResultItem(u"Memory Dumps", std::nullopt, std::nullopt, u"System Drive", std::nullopt, action);
     return;
   }
   if (dump == false) {
-    // The one size with no point behind it.
+    // The only size text without a point.
     AddResultItem(u"Memory Dumps", u"System Memory Dumps (0 File)", u"0", u"System Drive", kNoSizeKey,
                   action);
     return;
@@ -74,28 +78,24 @@ void ScanEventLogs() {
   for (const TextView log : {u"System", u"Application", u"Security"}) {
     CountRecords(log, count);
     AddResultItem(u"Windows System Log", Concat(log, u" Category (", ToText(count), u" Items)"), kNoSize,
-                  u"Windows System", kNoSizeKey, Concat(u"WSL: ", log));
+                  u"Windows System", kNoSizeKey, EventLogAction(log));
   }
 }
 
 void ScanMenuOrder() {
   AddRegistryRow(u"Menu Order Caches", u"in Start Menu and Favorites",
-                 u"RK: HKEY_CURRENT_USER, "
-                 u"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\MenuOrder");
+                 RegistryKeyAction(kHive, Concat(kExplorer, u"\\MenuOrder")));
 }
 
 void ScanTrayNotifications() {
-  AddRegistryRow(u"Tray Notifications Cache", u"Tray Notifications Cache",
-                 u"RIs: HKEY_CURRENT_USER, "
-                 u"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\TrayNotify, IconStreams "
-                 u"MORVTVXRISSEP HKEY_CURRENT_USER, "
-                 u"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\TrayNotify, PastIconsStream");
+  AddRegistryRow(
+      u"Tray Notifications Cache", u"Tray Notifications Cache",
+      RegistryValuesAction(kHive, Concat(kExplorer, u"\\TrayNotify"), u"IconStreams", u"PastIconsStream"));
 }
 
 void ScanWindowPlaces() {
   AddRegistryRow(u"Windows Size and Location Caches", u"Windows Size and Location Caches",
-                 u"RK: HKEY_CURRENT_USER, "
-                 u"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\StreamMRU");
+                 RegistryKeyAction(kHive, Concat(kExplorer, u"\\StreamMRU")));
 }
 
 }  // namespace tavix::mdlPubSelf

@@ -2,14 +2,13 @@
 
 namespace tavix::mdlPubSelf {
 
-// The scanners of the System page that add rows of their own, whatever the system holds: one for a whole
-// bin, file, log or cache.
+// The scanners of the System page that always add their rows: one for a whole bin, file, log or cache.
 
-// One row for the bins of all drives. A size over 32 bits is left out, or told in words where the system
-// gives no number.
+// One row for the bins of all drives. A size over 32 bits is left out; if the system gives no number, the row
+// says "Over 2,097,152".
 void ScanRecycleBins();
 void ScanMemoryDump();
-// One row a log. A log that can't be read shows the number of the one before it.
+// One row for each log. A log that can't be read shows the number of the log before it.
 void ScanEventLogs();
 void ScanMenuOrder();
 void ScanTrayNotifications();

@@ -14,14 +14,11 @@
 namespace tavix::mdlPubSelf {
 namespace {
 
-constexpr int kNetworkDrive = 3;
-constexpr int kCdDrive = 4;
-
 bool BeginsWith(TextView name, TextView start) {
   return EqualIgnoringCase(name.substr(0, start.size()), start);
 }
 
-// Calls with the path of each direct subfolder whose name begins so, letter case aside.
+// Calls `visit` with the path of each direct subfolder whose name begins with `start`, letter case aside.
 template <class Visitor>
 void VisitSubFolders(TextView path, TextView start, const Visitor& visit) {
   const Folder folder = fileSystemObject.GetFolder(path).value_or(Folder());
@@ -32,7 +29,7 @@ void VisitSubFolders(TextView path, TextView start, const Visitor& visit) {
   }
 }
 
-// A folder of the scripting shell, with what is added to its path.
+// Walks the path `below` a special folder of the shell.
 void WalkShortcuts(TextView folder, TextView below, TextView type) {
   if (const auto path = shellObject.SpecialFolders(folder)) WalkInvalidShortcuts(Concat(*path, below), type);
 }
@@ -52,7 +49,7 @@ void ScanTemporaryFiles() {
 void ScanFileFragments() {
   const PaintingPause pause;
   for (const platform::Drive& drive : fileSystemObject.Drives()) {
-    if (!drive.ready || drive.type == kCdDrive || drive.type == kNetworkDrive) continue;
+    if (!drive.ready || drive.type == platform::kCdDrive || drive.type == platform::kNetworkDrive) continue;
     VisitSubFolders(Concat(drive.path, u"\\"), u"found.", [](TextView folder) {
       WalkFolderByPattern(folder, u"CHKDSK File Fragment", u"*.chk;chklist.m*;file????._dd");
     });
@@ -88,7 +85,7 @@ void ScanUpdateSources() {
 
 void ScanOldPrefetchData() {
   const PaintingPause pause;
-  // With a setting that is no number there is no call.
+  // A setting that is no number means no walk.
   if (const auto days = ToInteger16(LastAccessedPrefetch)) {
     WalkFolderByPatternAge(Concat(WindowsFolder(), u"\\Prefetch"), u"Old Prefetch data", u"*.pf", *days);
   }

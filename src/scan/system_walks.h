@@ -2,10 +2,10 @@
 
 namespace tavix::mdlPubSelf {
 
-// The scanners of the System page that walk through folders, one row a file.
+// The scanners of the System page that walk folders and add a row for each file.
 
 void ScanTemporaryFiles();
-// What the disk checker left in folders such as FOUND.000 at the root of each drive of this machine.
+// The files that the disk checker left in folders like FOUND.000 at the roots of local drives.
 void ScanFileFragments();
 void ScanLogFiles();
 void ScanUserShortcuts();

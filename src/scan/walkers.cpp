@@ -8,6 +8,7 @@
 #include "frame/support/file_system_object.h"
 #include "frame/support/pub_common.h"
 #include "platform/event_queue.h"
+#include "scan/action_string.h"
 #include "scan/calendar_days.h"
 #include "scan/folder_chain.h"
 #include "scan/result_items.h"
@@ -19,25 +20,25 @@
 namespace tavix::mdlPubSelf {
 namespace {
 
-// What is known of a file once it was opened.
+// What is known of a file after it was opened.
 struct FileObject {
   double size = 0;
   platform::DateTime accessed = platform::kUnknownTime;
 };
 
-// What tells the walkers apart.
+// What the walkers differ in.
 struct Rules {
   Text type;
-  // By names alone; no filter takes all.
+  // A filter by name; an empty one takes every file.
   platform::FileSystem::NameFilter wanted = {};
-  // The files come from the file list with these patterns, and each is opened by its name; otherwise they
+  // If set, the file list lists the files by these patterns and each is opened by its name. Otherwise they
   // come as objects from the folder.
   std::optional<Text> patterns = {};
-  // Of the files that are wanted: the path and the object, if there is one.
+  // Called for each wanted file with its path and, if it could be opened, its facts.
   std::function<bool(const Text& full, const std::optional<FileObject>& file)> passes = {};
 };
 
-// The control shows no separator at the end of its path but that of a drive's root.
+// The control cuts separators at the end of its path, except for a drive's root.
 Text FileListPath(TextView folder) {
   Text path(folder.substr(0, folder.find_last_not_of(u"\\/") + 1));
   if (path.size() == 2 && path[1] == u':') path += u'\\';
@@ -61,28 +62,28 @@ class Walk {
   }
 
  private:
-  // The paths of the folders below are built on the one that the disk knows the first by.
+  // Build the paths of subfolders on the spelling that the disk has for the first folder.
   bool EnterFirst(TextView folder) {
-    // Where the test can't be answered it is passed over, and the walk shows what it can list.
+    // If the test can't be answered, the walk shows what it can list.
     if (CancelRequested || fileSystemObject.FolderExists(folder) == false) return false;
     const std::optional<Text> path =
         fileSystemObject.GetFolder(folder).and_then([](const Folder& found) { return found.Path(); });
     chain_.Enter(path.value_or(Text(folder)));
     if (path) return ReadFolder(rules_.patterns ? folder : TextView(*path));
-    // The file list needs no object.
+    // The file list needs no folder object.
     if (rules_.patterns) ReadFolder(folder);
     chain_.ForgetSubFolders();
     return true;
   }
 
-  // False when the folder has gone.
+  // False if the folder is gone.
   bool ReadFolder(TextView folder) {
     location_ = rules_.patterns ? FileListPath(folder) : Text(folder);
     if (rules_.patterns) {
       frmPubMain.flb.Path = location_;
       frmPubMain.flb.Pattern = *rules_.patterns;
     }
-    // A file that can't be opened is shown with what the one before it had.
+    // A file that can't be opened is shown with the facts of the file before: this is meant.
     std::optional<FileObject> file;
     bool shown = false;
     const bool read = chain_.List(
@@ -109,9 +110,9 @@ class Walk {
   void AddRow(TextView name, const std::optional<FileObject>& file) const {
     const ListView::Item row =
         file ? AddResultItem(rules_.type, name, FormatSizeText(file->size), location_,
-                             FormatSizeKey(file->size), u"F")
-             : AddResultItem(rules_.type, name, std::nullopt, location_, std::nullopt, u"F");
-    // The first folder may bear another spelling of its path.
+                             FormatSizeKey(file->size), action::kFile)
+             : AddResultItem(rules_.type, name, std::nullopt, location_, std::nullopt, action::kFile);
+    // The first folder may be spelled differently in its path.
     if (chain_.Depth() > 1) SetWalkStart(row, chain_.StartLength());
   }
 
@@ -158,7 +159,7 @@ void WalkFolderByPatternAge(TextView folder, TextView typeText, TextView pattern
   Rules rules = ByPatterns(typeText, pattern);
   if (days > 0) {
     rules.passes = [days](const Text&, const std::optional<FileObject>& file) {
-      // Some disks keep no such time.
+      // Some file systems store no access time.
       if (file && file->accessed == platform::kUnknownTime) return false;
       return !file || CalendarDaysSince(file->accessed).value_or(days) >= days;
     };

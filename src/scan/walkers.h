@@ -6,20 +6,20 @@
 
 namespace tavix::mdlPubSelf {
 
-// Walkers list files as ticked rows of type `typeText` with the action "F": the files of a folder first, then
-// those of its subfolders, depth first, links included. A folder that is missing or can't be read adds
-// nothing. Each shows the folder in lblProgS and lets the user interface run once a folder. After Cancel no
-// further folder is entered. The caller suspends the painting of the list.
+// Walkers add a ticked row of type `typeText` with the action "F" for each file: first the files of a folder,
+// then those of its subfolders, depth first, through links too. A folder that is missing or can't be read
+// adds nothing. For each folder they show it in lblProgS and run the user interface once. After Cancel they
+// enter no further folder. The caller suspends the painting of the list.
 
-// Every file.
+// All files.
 void WalkFolderFiles(TextView folder, TextView typeText);
-// Every file but those named `skipName`, letter case aside, wherever they lie.
+// All files except those named `skipName`, letter case aside, in any folder.
 void WalkFolderFilesExcept(TextView folder, TextView typeText, TextView skipName);
-// The shortcuts that are known to lead nowhere.
+// Shortcuts whose target is known to be missing.
 void WalkInvalidShortcuts(TextView folder, TextView typeText);
-// The files whose names fit one of the patterns, joined by ";"; all files for none.
+// Files whose names match one of the patterns, which are joined by ";"; all files if there is none.
 void WalkFolderByPattern(TextView folder, TextView typeText, TextView patterns);
-// The files that fit and were last accessed at least `days` calendar days ago; all that fit for 0 or less.
+// Matching files that were last accessed at least `days` calendar days ago; all matching files for 0 or less.
 void WalkFolderByPatternAge(TextView folder, TextView typeText, TextView pattern, int16_t days);
 
 }  // namespace tavix::mdlPubSelf

@@ -4,12 +4,12 @@
 
 namespace tavix::mdlPubSelf {
 
-// A variable of the environment; empty where it isn't set.
+// An environment variable; empty if it isn't set.
 inline Text EnvironmentText(TextView name) {
   return platform::shell != nullptr ? platform::shell->EnvironmentVariable(name).value_or(Text()) : Text();
 }
 
-// The folder of Windows, with no backslash at the end; empty when it isn't known.
+// The Windows folder without a backslash at its end; empty if it isn't known.
 inline Text WindowsFolder() {
   Text folder = EnvironmentText(u"WinDir");
   while (folder.ends_with(u'\\')) folder.pop_back();

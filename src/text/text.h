@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,6 +26,11 @@ TextView Trim(TextView text);
 // The pieces of `text` between the occurrences of `separator`; one piece, the whole text, where there is
 // none. An empty text has no pieces at all. The pieces point into `text`; `separator` is not empty.
 std::vector<TextView> Split(TextView text, TextView separator);
+
+// The element at an index, from 0; nothing if there are fewer.
+inline std::optional<TextView> ElementAt(const std::vector<TextView>& elements, size_t index) {
+  return index < elements.size() ? std::optional(elements[index]) : std::nullopt;
+}
 
 // Decimal digits of a whole number, with a minus sign where it is negative; no grouping.
 Text ToText(long long number);

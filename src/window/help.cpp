@@ -11,7 +11,6 @@
 namespace tavix::mdlPubSelf {
 namespace {
 
-constexpr int kMaximised = 3;
 constexpr TextView kViewerTitle = u"TVX Help";
 
 // Addresses of mails. Blanks stand as they are; a line end is %0A.
@@ -28,7 +27,7 @@ constexpr TextView kSupportRequest =
     u"?subject=Support Request for TVX.&body=Hi, I have several questions about using TVX as below, and "
     u"want to get your support as soon as possible, thank you.";
 
-void Run(TextView target) { pubSystem.RunTarget(target, kMaximised); }
+void Run(TextView target) { pubSystem.RunTarget(target, platform::kMaximized); }
 
 }  // namespace
 

@@ -15,7 +15,6 @@ namespace {
 
 constexpr int kVersionSeconds = 6;
 constexpr int kNotesSeconds = 26;
-constexpr int kMaximised = 3;
 
 Text Address(TextView path) { return Concat(ProductSite(), path); }
 
@@ -85,7 +84,7 @@ void OfferUpdate() {
   const Text notes = Notes();
   const Text question = Concat(GetMessageText(u"UPGRADE"), u"\r\n\r\n", notes);
   if (MsgBox(question, platform::kOkCancel | platform::kQuestion) != platform::kOk) return;
-  pubSystem.RunTarget(Address(u"/tavix-setup.exe"), kMaximised);
+  pubSystem.RunTarget(Address(u"/tavix-setup.exe"), platform::kMaximized);
   frmPubMain.Unload();
 }
 

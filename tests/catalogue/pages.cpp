@@ -142,7 +142,7 @@ TEST_F(Pages, TicksOfThePrivacyTreeSurviveAChangeOfPage) {
   Open(kPages[0]);
   EXPECT_FALSE(frmPubMain.trvPrivacy.NodeByKey(u"iec")->Checked);
   EXPECT_EQ(frmPubMain.trvPrivacy.NodeByKey(u"ie")->BackColor, kButtonFace);
-  EXPECT_EQ(frmPubMain.trvPrivacy.NodeCount(), 17);
+  EXPECT_EQ(frmPubMain.trvPrivacy.NodeCount(), std::ssize(kPrivacyFunctions));
 }
 
 TEST_F(Pages, AClickOnTheCurrentPageDoesNothing) {

@@ -4,32 +4,22 @@
 #include <array>
 #include <functional>
 
+#include "platform/hive_name.h"
 #include "text/number.h"
 #include "text/plain_name.h"
 
 namespace tavix::lost {
 namespace {
 
-struct HiveName {
-  platform::Hive hive;
-  TextView name;
-};
-constexpr std::array<HiveName, 4> kHives = {{{platform::Hive::CurrentUser, u"HKEY_CURRENT_USER"},
-                                             {platform::Hive::LocalMachine, u"HKEY_LOCAL_MACHINE"},
-                                             {platform::Hive::Users, u"HKEY_USERS"},
-                                             {platform::Hive::CurrentConfig, u"HKEY_CURRENT_CONFIG"}}};
-constexpr TextView kClassesRoot = u"HKEY_CLASSES_ROOT";
+// HKEY_CLASSES_ROOT is a view of two of these.
+constexpr std::array kHives = {platform::Hive::CurrentUser, platform::Hive::LocalMachine,
+                               platform::Hive::Users, platform::Hive::CurrentConfig};
 
 bool EndsWith(TextView name, TextView ending) {
   return name.size() >= ending.size() && EqualIgnoringCase(name.substr(name.size() - ending.size()), ending);
 }
 
-Text ReadHive(TextView name) {
-  for (const HiveName& hive : kHives) {
-    if (hive.name == name) return Text(name);
-  }
-  return Text(name == kClassesRoot ? name : u"HKEY_USERS");
-}
+Text ReadHive(TextView name) { return Text(platform::FindHive(name) ? name : u"HKEY_USERS"); }
 
 // The part of a tag between its kind and the next ": ".
 std::optional<TextView> Payload(TextView tag) {
@@ -43,12 +33,12 @@ TextView Kind(TextView tag) { return tag.substr(0, std::min(tag.find(u": "), tag
 
 RegistryPicture PictureOf(platform::Registry& registry) {
   RegistryPicture picture;
-  for (const HiveName& hive : kHives) {
+  for (const platform::Hive hive : kHives) {
     const std::function<void(const Text&)> read = [&](const Text& key) {
-      auto& values = picture[Concat(hive.name, key.empty() ? u"" : u"\\", key)];
-      registry.VisitValues(hive.hive, key, [&](TextView name, TextView data) { values.emplace(name, data); });
+      auto& values = picture[Concat(platform::HiveName(hive), key.empty() ? u"" : u"\\", key)];
+      registry.VisitValues(hive, key, [&](TextView name, TextView data) { values.emplace(name, data); });
       std::vector<Text> subKeys;
-      registry.VisitSubKeys(hive.hive, key, [&](TextView name) { subKeys.emplace_back(name); });
+      registry.VisitSubKeys(hive, key, [&](TextView name) { subKeys.emplace_back(name); });
       for (const Text& subKey : subKeys) read(Concat(key, key.empty() ? u"" : u"\\", subKey));
     };
     read({});
@@ -208,7 +198,7 @@ bool CleanOracle::CleanFolder(const Row& row) {
 void CleanOracle::DeleteKey(Text hive, TextView key) {
   if (key.empty()) return;
   Text whole(key);
-  if (hive == kClassesRoot) {
+  if (hive == platform::HiveName(platform::Hive::ClassesRoot)) {
     whole = Concat(u"Software\\Classes\\", key);
     hive = registry_.contains(Concat(u"HKEY_CURRENT_USER\\", whole)) ? u"HKEY_CURRENT_USER"
                                                                      : u"HKEY_LOCAL_MACHINE";
@@ -227,7 +217,7 @@ void CleanOracle::DeleteValue(Text hive, TextView key, TextView name) {
     const auto found = registry_.find(path);
     return found != registry_.end() && found->second.erase(Text(name)) > 0;
   };
-  if (hive == kClassesRoot) {
+  if (hive == platform::HiveName(platform::Hive::ClassesRoot)) {
     whole = Concat(u"Software\\Classes\\", key);
     if (erase(Concat(u"HKEY_CURRENT_USER\\", whole))) return;
     hive = u"HKEY_LOCAL_MACHINE";

@@ -2,15 +2,14 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <unordered_map>
 
 #include "catalogue/functions.h"
+#include "clean/clean_judge.h"
 #include "console/choices.h"
-#include "forms/main_form.h"
 #include "frame/settings.h"
 #include "frame/start_up.h"
-#include "platform/machine/services/machine_file_system.h"
-#include "platform/machine/services/machine_shell.h"
+#include "platform/machine/machine_file_system.h"
+#include "platform/machine/machine_shell.h"
 #include "scan/result_items.h"
 #include "text/utf8.h"
 #include "window/wiring.h"
@@ -26,16 +25,11 @@ constexpr platform::DateTime kNow = 20'779 * kDay;  // 2026-11-22
 
 Text KeyOfData() { return u"C:\\MORVDataPath\\TVX"; }
 
-// The path without a backslash at its end.
+// Without a backslash at the end.
 Text Plain(TextView path) {
   while (path.size() > 2 && path.ends_with(u'\\')) path.remove_suffix(1);
   return Text(path);
 }
-
-using Keys = std::set<Text, LessIgnoringCase>;
-constexpr TextView kMovedAside = u"moved aside";
-
-bool IsLostFile(const DiskItem& item) { return item.kind == EntryKind::File && !item.content.empty(); }
 
 class Trial {
  public:
@@ -48,7 +42,8 @@ class Trial {
         store_(testDisk.Store()),
         files_(store_, host_.facts),
         shell_(store_, files_, host_.facts, host_.journal),
-        machine_(dice_, testDisk.OnHost()) {
+        machine_(dice_, testDisk.OnHost()),
+        judge_(trouble) {
     platform::fileSystem = &files_;
     platform::shell = &shell_;
     host_.clock.Set(kNow);
@@ -89,7 +84,7 @@ class Trial {
 
   // False if the program ends at once because a link is in the place of its data.
   bool Start() {
-    WireForms();
+    WireMainForm();
     if (!Form_Load()) {
       EXPECT_EQ(Difference(made_, Picture()), "") << "the program has no data of its own here";
       return false;
@@ -200,15 +195,16 @@ class Trial {
     const std::vector<Row> rows = ReadRows();
     CheckStarts(rows);
     ChangeDisk(rows);
-    before_ = Picture();
+    judge_.before = Picture();
+    judge_.settings = CurrentSettings();
     const RegistryPicture registryBefore = PictureOf(host_.registry);
-    CleanOracle oracle(before_, registryBefore, CurrentSettings());
-    AddWhatMayGo(rows, oracle, before_);
+    CleanOracle oracle(judge_.before, registryBefore, CurrentSettings());
+    judge_.AddWhatMayGo(rows, oracle, judge_.before);
     host_.journal.Clear();
 
     if (trouble_ == Trouble::Kill) {
       tally_.killed += kill_(store_, dice_, clean) ? 1 : 0;
-      CheckNothingIsLost(rows, oracle, Picture());
+      judge_.CheckNothingIsLost(rows, oracle, Picture());
       ++tally_.machines;
       return;
     }
@@ -223,10 +219,12 @@ class Trial {
     shell_.faults.Clear();
 
     const DiskPicture after = Picture();
-    CheckNothingIsLost(rows, oracle, after);
-    CheckRows(rows, after);
+    judge_.CheckNothingIsLost(rows, oracle, after);
+    judge_.CheckRows(rows, after);
     oracle.Clean(rows);
-    if (trouble_ == Trouble::None && CanTellWhatStays(rows)) CheckExactly(rows, oracle, after);
+    if (trouble_ == Trouble::None && judge_.CanTellWhatStays(rows, Facts())) {
+      judge_.CheckExactly(rows, oracle, after, host_.journal);
+    }
     CheckRegistry(oracle, registryBefore);
     Count(after);
     CheckEnd(after);
@@ -355,13 +353,13 @@ class Trial {
     const int number = 1 + static_cast<int>(dice_.Below(size_t{1} << dice_.Below(12)));
     store_.failing = store_.calls + number;
     if (rows.empty() || !dice_.Percent(60)) return;
-    namedFaults_ = true;
+    judge_.namedFaults = true;
     constexpr TextView kCalls[] = {u"Remove", u"RemoveTree", u"Move", u"Copy", u"Read", u"MakeFolder"};
     if (testDisk_.NamedFaults() != nullptr && dice_.Percent(50)) {
       constexpr TextView kAlways[] = {u"Copy", u"Copy", u"Move", u"Remove"};
       return testDisk_.NamedFaults()->Fail(dice_.Of(kAlways));
     }
-    // Fail calls of one kind, or of many kinds.
+    // Those of one kind of call, or of many.
     const bool one = dice_.Percent(50);
     const TextView kind = dice_.Of(kCalls);
     for (int i = 0; i < 8 && testDisk_.NamedFaults() != nullptr; ++i) {
@@ -372,18 +370,19 @@ class Trial {
 
   // Fills some folders right before they are removed. The new files must not be lost either.
   void FillBeforeRemovals(const std::vector<Row>& rows) {
-    const CleanOracle oracle(before_, {}, CurrentSettings());
+    const CleanOracle oracle(judge_.before, {}, CurrentSettings());
     for (const Row& row : rows) {
       const auto key = row.fields.checked && row.fields.tag == u"P" ? oracle.Target(row) : std::nullopt;
-      if (key && before_.Find(*key)->kind == EntryKind::Folder && dice_.Percent(50)) filled_.insert(*key);
+      if (key && judge_.before.Find(*key)->kind == EntryKind::Folder && dice_.Percent(50))
+        filled_.insert(*key);
     }
     store_.onRemovalOfFolder = [this](TextView name) {
       for (const Text& key : filled_) {
         const Text file = Concat(key, u"\\late.doc");
         const bool there = testDisk_.Picture().Find(key) != nullptr;
-        if (!EqualIgnoringCase(NameOf(key), name) || !there || before_.Find(file) != nullptr) continue;
-        before_.items[file] = NewFile();
-        Put(file, before_.items[file]);
+        if (!EqualIgnoringCase(NameOf(key), name) || !there || judge_.before.Find(file) != nullptr) continue;
+        judge_.before.items[file] = NewFile();
+        Put(file, judge_.before.items[file]);
       }
     };
   }
@@ -391,173 +390,30 @@ class Trial {
   // Replaces a folder by a link at a random call. The folder itself is renamed and keeps its content.
   void SwapAtACall(const std::vector<Row>& rows) {
     if (rows.empty()) return;
-    const auto folder = before_.Resolve(dice_.Of(rows).fields.location, true);
+    const auto folder = judge_.before.Resolve(dice_.Of(rows).fields.location, true);
     const auto elsewhere = machine_.Any(EntryKind::Folder);
     if (!folder || IsRoot(*folder) || !elsewhere) return;
     for (const TextView kept :
          {TextView(u"C:\\MORVDataPath\\TVX"), TextView(u"C:\\TVXBak"), TextView(BackupFolder)}) {
-      const auto key = before_.Resolve(kept, true);
+      const auto key = judge_.before.Resolve(kept, true);
       if (key && (*key + u"\\").starts_with(*folder + u"\\")) return;
     }
     const int number = store_.calls + 1 + static_cast<int>(dice_.Below(size_t{1} << dice_.Below(12)));
     store_.onCall = [this, number, &rows, from = *folder, to = *elsewhere](int call) {
       const DiskItem* now = call == number ? testDisk_.Picture().Find(from) : nullptr;
       if (now == nullptr || now->kind != EntryKind::Folder) return;
-      swapped_ = from;
+      judge_.swapped = from;
       testDisk_.Rename(from, kMovedAside);
       Put(from, {EntryKind::Link, {}, Concat(u"\\", to)});
       const DiskPicture picture = Picture();
-      AddWhatMayGo(rows, CleanOracle(picture, {}, CurrentSettings()), picture);
+      judge_.AddWhatMayGo(rows, CleanOracle(picture, {}, CurrentSettings()), picture);
     };
   }
 
-  // The key after the clean of an item that had `key` before it, if the clean doesn't remove it.
-  Text KeyAfterSwap(const Text& key) const {
-    if (!swapped_ || !(key + u"\\").starts_with(*swapped_ + u"\\")) return key;
-    return Concat(ParentOf(*swapped_), u"\\", kMovedAside, TextView(key).substr(swapped_->size()));
-  }
-
-  void AddWhatMayGo(const std::vector<Row>& rows, const CleanOracle& oracle, const DiskPicture& disk) {
-    for (const Row& row : rows) {
-      if (!row.fields.checked) continue;
-      if (const auto key = oracle.Target(row)) AddTree(mayGo_, disk, *key);
-      if (const auto key = oracle.LinkTarget(row)) mayGo_.insert(*key);
-    }
-  }
-
-  // Whatever failed: each content is in its old place, in the bin or in the backup folder, and items that no
-  // ticked row may remove are unchanged.
-  void CheckNothingIsLost(const std::vector<Row>& rows, const CleanOracle& oracle, const DiskPicture& after) {
-    const bool binIsEmptied = std::ranges::any_of(
-        rows, [](const Row& row) { return row.fields.checked && row.fields.tag == u"RE"; });
-    std::unordered_map<std::string, std::vector<Text>> places;
-    for (const auto& [key, item] : after.items) {
-      if (IsLostFile(item)) places[item.content].push_back(key);
-    }
-    std::set<std::string> known;
-    for (const auto& [key, item] : before_.items) {
-      const DiskItem* now = after.Find(KeyAfterSwap(key));
-      const bool inBin = key.starts_with(u"recycle\\");
-      const bool mayLeave =
-          mayGo_.contains(key) || mayGo_.contains(KeyAfterSwap(key)) || (inBin && binIsEmptied);
-      if (!mayLeave) {
-        EXPECT_TRUE(now != nullptr && *now == item) << "lost or changed: " << Narrow(key);
-      }
-      if (!IsLostFile(item)) continue;
-      known.insert(item.content);
-      const std::vector<Text>& found = places[item.content];
-      // If a copy can't be removed after a failed move, it stays as well as its source.
-      if (trouble_ != Trouble::Kill && !namedFaults_) {
-        EXPECT_LE(found.size(), 1U) << "twice: " << Narrow(key);
-      }
-      if (!mayLeave || (found.empty() && CleaningMethod == u"D")) continue;
-      if (found.empty()) {
-        EXPECT_TRUE(binIsEmptied && (inBin || CleaningMethod == u"R")) << "lost: " << Narrow(key);
-      }
-      for (const Text& place : found)
-        EXPECT_TRUE(place == KeyAfterSwap(key) || IsSafe(key, place, oracle))
-            << Narrow(key) << " is at " << Narrow(place);
-    }
-    for (const auto& [content, keys] : places) {
-      if (known.contains(content)) continue;
-      const bool half = trouble_ == Trouble::Kill && NameOf(keys.front()).starts_with(u".tavix:");
-      EXPECT_TRUE(half) << "half a file: " << Narrow(keys.front());
-    }
-  }
-
-  static void AddTree(Keys& keys, const DiskPicture& disk, const Text& key) {
-    keys.insert(key);
-    for (const Text& child : disk.Children(key)) AddTree(keys, disk, child);
-  }
-
-  // Whether the item is in its old place, or where the method puts it: under its name, or the name with a
-  // suffix.
-  static bool IsSafe(const Text& key, const Text& place, const CleanOracle& oracle) {
-    if (place == key) return true;
-    // The function may spell the name in another letter case.
-    const Text name = ToUpper(NameOf(key));
-    const Text newName = ToUpper(NameOf(place));
-    if (CleaningMethod == u"R") return place.starts_with(u"recycle\\") && newName.ends_with(name);
-    return CleaningMethod == u"S" && oracle.BackupFolder() && ParentOf(place) == *oracle.BackupFolder() &&
-           (newName == name || newName == Concat(name, u".1"));
-  }
-
-  // Checks that each remaining row was unticked or that its item still exists, and that the label counts the
-  // rest.
-  void CheckRows(const std::vector<Row>& rows, const DiskPicture& after) const {
-    std::vector<RowFields> left = ResultRows();
-    size_t at = 0;
-    for (const Row& row : rows) {
-      const bool stays = at < left.size() && left[at] == row.fields;
-      if (stays) ++at;
-      EXPECT_TRUE(stays || row.fields.checked) << "an unticked row has gone: " << Narrow(row.fields.name);
-    }
-    EXPECT_EQ(at, left.size()) << "rows have changed";
-    // After a swap the paths of the rows lead elsewhere.
-    if (!swapped_) CheckRowsLeft(rows, after);
-    // Without rows the clean returns at once.
-    if (rows.empty()) return;
-    const size_t gone = rows.size() - left.size();
-    const Text sum = frmPubMain.lblSum.Caption;
-    EXPECT_TRUE(sum.starts_with(
-        Concat(u"Sum: ", ToText(static_cast<long long>(gone)), gone < 2 ? u" item, " : u" items, ")))
-        << Narrow(sum) << ", but " << gone;
-  }
-
-  // The item of a remaining row may have been removed by another row that reaches it without a link. If calls
-  // fail, its removal may not have been noticed.
-  void CheckRowsLeft(const std::vector<Row>& rows, const DiskPicture& after) const {
-    const CleanOracle oracle(before_, {}, CurrentSettings());
-    std::map<Text, int> targets;
-    for (const Row& row : rows) {
-      Keys keys;
-      if (const auto key = row.fields.checked ? oracle.Target(row) : std::nullopt)
-        AddTree(keys, before_, *key);
-      for (const Text& key : keys) ++targets[key];
-    }
-    const std::vector<RowFields> left = ResultRows();
-    size_t at = 0;
-    for (const Row& row : rows) {
-      if (at == left.size() || !(left[at] == row.fields)) continue;
-      ++at;
-      const auto key = row.fields.checked ? oracle.Target(row) : std::nullopt;
-      if (!key || targets[*key] > 1 || trouble_ == Trouble::FailingCall) continue;
-      EXPECT_TRUE(after.Find(KeyAfterSwap(*key)) != nullptr)
-          << "a ticked row is left of what has gone: " << Narrow(*key);
-    }
-  }
-
-  // False if a new link may lie on the path to a protected folder or to the item of a row. Other tests cover
-  // that.
-  bool CanTellWhatStays(const std::vector<Row>& rows) const {
-    return std::ranges::none_of(rows,
-                                [this](const Row& row) {
-                                  return BlockingLink(before_,
-                                                      Concat(row.fields.location, u"\\", row.fields.name))
-                                      .has_value();
-                                }) &&
-           !BlockingLink(before_, BackupFolder) && !BlockingLink(before_, u"C:\\TVXBak") &&
-           std::ranges::none_of(machine_.facts, [this](const auto& fact) {
-             return BlockingLink(before_, std::get<2>(fact)).has_value();
-           });
-  }
-
-  void CheckExactly(const std::vector<Row>& rows, const CleanOracle& oracle, const DiskPicture& after) const {
-    EXPECT_EQ(Difference(oracle.Disk(), after), "");
-    std::vector<RowFields> left;
-    for (const size_t row : oracle.RowsLeft()) left.push_back(rows[row].fields);
-    EXPECT_EQ(ResultRows(), left);
-    const Text sum = frmPubMain.lblSum.Caption;
-    if (!rows.empty()) {
-      EXPECT_EQ(Narrow(sum), Narrow(oracle.SumLabel()));
-    }
-    std::vector<std::pair<Text, Text>> calls;
-    for (const machine::JournalEntry& entry : host_.journal.Entries()) {
-      Text argument;
-      for (const TextView name : {u"path", u"target", u"log"}) argument += entry.Get(name);
-      calls.emplace_back(entry.op, argument);
-    }
-    EXPECT_EQ(calls, oracle.Calls());
+  std::vector<Text> Facts() const {
+    std::vector<Text> values;
+    for (const auto& [section, key, value] : machine_.facts) values.push_back(value);
+    return values;
   }
 
   void CheckRegistry(const CleanOracle& oracle, const RegistryPicture& before) {
@@ -568,7 +424,7 @@ class Trial {
 
   void Count(const DiskPicture& after) {
     ++tally_.machines;
-    for (const auto& [key, item] : before_.items) tally_.removed += after.Find(key) == nullptr ? 1 : 0;
+    for (const auto& [key, item] : judge_.before.items) tally_.removed += after.Find(key) == nullptr ? 1 : 0;
     for (const RowFields& row : ResultRows()) tally_.refused += row.checked ? 1 : 0;
   }
 
@@ -592,14 +448,12 @@ class Trial {
   Dice dice_;
   FailingStore store_;
   machine::MachineFileSystem files_;
-  machine::MemoryShell shell_;
+  machine::MachineShell shell_;
   RandomMachine machine_;
-  DiskPicture made_, before_;
+  DiskPicture made_;
+  CleanJudge judge_;
   Text page_;
-  Keys mayGo_;                   // items that ticked rows may remove
-  Keys filled_;                  // folders to fill before they are removed
-  std::optional<Text> swapped_;  // the folder that became a link during the clean
-  bool namedFaults_ = false;     // whether calls fail again and again
+  Keys filled_;  // folders to be filled before they are removed
   bool reviewed_ = false;
 };
 

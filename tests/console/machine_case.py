@@ -3,6 +3,7 @@ import configparser
 import json
 import os
 import pathlib
+import re
 import shutil
 import subprocess
 import sys
@@ -24,6 +25,11 @@ def help_pages():
     """{topic: page} of the help file."""
     made = build_help.make_sources(TOP / "res" / "help")
     return {name.removesuffix(".htm"): page for name, page in made.items() if name.endswith(".htm")}
+
+
+def singular(name):
+    """A name without the plural endings of its words: a function and the type of its rows then agree."""
+    return re.sub(r"s\b", "", re.sub(r"ies\b", "y", name))
 
 
 class Machine(unittest.TestCase):

@@ -4,38 +4,22 @@ import shutil
 import sys
 import unittest
 
-from machine_case import TOP, Machine, SampleCopy
+from machine_case import TOP, Machine, SampleCopy, singular
 sys.path.insert(0, str(TOP / "tools"))
 import count_registry_issues
 import registry_text
 
 EXPORTS = TOP.parent / "shared" / "data" / "reg"
 UNTICKED = ("Appearance Schemes", "Cursor Schemes", "Internet Country Codes", "Time Zones")
-# The types of the rows of each function, where they are not its name without the end.
-TYPES = {
-    "Missing Shared DLL": "Missing Shared DLLs",
-    "ActiveX and Class Issue": "ActiveX and Class Issues",
-    "Type Library Issue": "Type Libraries Issues",
-    "Application Shell Issue": "Application Shells Issues",
-    "Font Issue": "Fonts Issues",
-    "Application Path Issue": "Application Paths Issues",
-    "Help File Issue": "Help Files Issues",
-    "Redundant Installer": "Redundant Installers",
-    "Obsolete Software": "Obsolete Software",
-    "Run at Startup Issue": "Run at Startup Issues",
-    "Start Menu Ordering Issue": "Start Menu Ordering Issues",
-    "MUI Cache Issue": "MUI Cache Issues",
-    "Uninstaller Issue": "Uninstaller Issues",
-    "Appearance Scheme": "Appearance Schemes",
-    "Cursor Scheme": "Cursor Schemes",
-    "Internet Country Code": "Internet Country Codes",
-    "Time Zone": "Time Zones",
-}
 
 
-def per_function(rows):
-    found = collections.Counter(TYPES[row["Type"]] for row in rows)
-    return {function: found[function] for function in TYPES.values()}
+def function_of(row, functions):
+    return next(function for function in functions if singular(function) == singular(row["Type"]))
+
+
+def per_function(rows, functions):
+    found = collections.Counter(function_of(row, functions) for row in rows)
+    return {function: found[function] for function in functions}
 
 
 class Counted(Machine):
@@ -43,7 +27,7 @@ class Counted(Machine):
         """The rows of every function are as many as were counted. Gives the rows."""
         counted = count_registry_issues.count(self.folder)
         rows, _ = self.scan("--page", "registry")
-        self.assertEqual(per_function(rows), counted, name)
+        self.assertEqual(per_function(rows, counted), counted, name)
         print(f"{name}: {list(counted.values())}")
         return rows
 
@@ -92,22 +76,25 @@ class RealExports(Counted):
 
 class Sample(Counted, SampleCopy):
     def test_every_function_finds_something(self):
-        found = per_function(self.check("sample machine"))
+        self.check("sample machine")
+        found = count_registry_issues.count(self.folder)
         self.assertEqual([function for function, rows in found.items() if rows == 0], [])
 
     def test_a_function_alone_finds_what_it_finds_among_the_others(self):
         rows, _ = self.scan("--page", "registry")
-        for function in TYPES.values():
+        functions = count_registry_issues.count(self.folder)
+        for function in functions:
             alone, _ = self.scan("--page", "registry", "--function", function)
             without_number = lambda found: [{**row, "row": 0} for row in found]
             self.assertEqual(without_number(alone),
-                             without_number(row for row in rows if TYPES[row["Type"]] == function))
+                             without_number(row for row in rows if function_of(row, functions) == function))
 
     def test_the_four_lists_start_without_ticks(self):
         rows, labels = self.scan("--page", "registry")
         self.assertIs(labels["cbxAll"], True)
+        functions = count_registry_issues.count(self.folder)
         for row in rows:
-            self.assertEqual(row["Checked"], TYPES[row["Type"]] not in UNTICKED)
+            self.assertEqual(row["Checked"], function_of(row, functions) not in UNTICKED)
             self.assertEqual((row["Size"], row["SizeKey"]), ("N/A", "00000000.0"))
             self.assertTrue(row["Location"].startswith("Registry: "))
         self.assertEqual(labels["lblSum"], f"Sum: {len(rows)} items  found.")
@@ -117,7 +104,7 @@ class Sample(Counted, SampleCopy):
         self.clean("--page", "privacy", "--function", "iertu")
         before, files = self.registry(), self.snapshot()
         found, left, labels = self.clean("--page", "registry")
-        self.assertEqual({TYPES[row["Type"]] for row in left}, set(UNTICKED))
+        self.assertEqual({function_of(row, UNTICKED) for row in left}, set(UNTICKED))
         expected = before
         for row in found:
             if row["Checked"]:

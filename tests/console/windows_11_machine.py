@@ -9,14 +9,14 @@ import re
 import sys
 import unittest
 
-from machine_case import Machine, help_pages
+from machine_case import Machine, help_pages, singular
 
 import make_windows_11_machine as tables
 
 THROUGH_A_LINK = "what a link leads to stays"
 PAGES = ("privacy", "system", "registry", "advanced")
 TERMS = ("harmless", "risk", "refused", "unticked")
-# Where the function is told that gives rows of a type. A type with more words behind it counts as well.
+# The topic of the function that gives rows of a type, or of types that begin so. For the Registry page, see topic_of.
 TOPICS = {
     "Temporary Internet Files": "ietif", "Cookies": "iec", "History": "ieh", "Recently Typed URL": "iertu",
     "Auto-fill Form History": "ieafh", "Auto-fill Password History": "ieaph", "Temporary Internet File": "ietifd",
@@ -29,13 +29,7 @@ TOPICS = {
     "Windows Update Source File": "windows_update_source_files", "Menu Order Caches": "menu_order_caches",
     "Tray Notifications Cache": "tray_notifications_cache",
     "Windows Size and Location Caches": "windows_size_and_location_caches", "Old Prefetch data": "old_prefetch_data",
-    "Missing Shared DLL": "missing_shared_dlls", "ActiveX and Class Issue": "activex_and_class_issues",
-    "Type Library Issue": "type_libraries_issues", "Application Shell Issue": "application_shells_issues",
-    "Font Issue": "fonts_issues", "Application Path Issue": "application_paths_issues",
-    "Help File Issue": "help_files_issues", "Redundant Installer": "redundant_installers",
-    "Obsolete Software": "obsolete_software", "Run at Startup Issue": "run_at_startup_issues",
-    "Uninstaller Issue": "uninstaller_issues", "Cursor Scheme": "cursor_schemes", "Time Zone": "time_zones",
-    "Internet Country Code": "internet_country_codes", "Invalid Shortcut": "advanced_invalid_shortcuts",
+    "Invalid Shortcut": "advanced_invalid_shortcuts",
     "Empty Folder": "advanced_empty_folders_and_files", "Empty File": "advanced_empty_folders_and_files",
     "Last Accessed ": "advanced_last_accessed_days_before", "Redundant DLL": "advanced_redundant_dlls",
     "Junk File": "advanced_junk_files"}
@@ -83,10 +77,21 @@ def expected_rows():
     return rows
 
 
+def registry_topics():
+    """The topics of the functions of the Registry page, by the types of their rows."""
+    page = help_pages()["registry"]
+    return {singular(name): topic for topic, name in re.findall(r'<li><a href="(\w+)\.htm">([^<]*)</a>', page)}
+
+
 def topic_of(row_type):
     if row_type in TOPICS:
         return TOPICS[row_type]
+    if singular(row_type) in REGISTRY_TOPICS:
+        return REGISTRY_TOPICS[singular(row_type)]
     return next(topic for start, topic in TOPICS.items() if start[-1] in "( " and row_type.startswith(start))
+
+
+REGISTRY_TOPICS = registry_topics()
 
 
 def text_of(topic):

@@ -107,7 +107,7 @@ TEST_F(LeftTemporaries, GoFromTheFoldersThatTheProgramWritesIntoAndFromNoOthers)
     std::string error;
     const auto host = machine::MachineHost::Open(scratch.Root(), std::nullopt, error);
     Form_Load();
-    WriteSetting(u"Cleaning Method", u"Backup Folder", u"D:\\Kept");
+    WriteSetting(BackupFolder, u"D:\\Kept");
     Form_Unload();
   }
   const char* ours[] = {"", "recycle/", "drives/C/MORVDataPath/TVX/", "drives/C/TVXBak/", "drives/D/Kept/"};

@@ -81,9 +81,9 @@ TEST_F(Settings, WithCommonTypesPresentTheOthersStayEmpty) {
   WriteFile("[Duplicate Files]\r\nCommon Types=*.txt\r\n");
   Start();
   EXPECT_EQ(CommonTypes, u"*.txt");
-  for (const Text& value :
-       {DuplicateSize, Functions, CleaningMethod, BackupFolder, InterfaceSize, ExceptFolders}) {
-    EXPECT_EQ(value, u"");
+  for (const Setting* setting : Setting::All()) {
+    if (setting == &CommonTypes) continue;
+    EXPECT_EQ(*setting, u"") << Narrow(setting->key);
   }
 }
 
@@ -99,7 +99,7 @@ TEST_F(Settings, DefaultsReplaceWhatStandsThereAndKeepUnknownKeys) {
 
 TEST_F(Settings, LoadReplacesEveryVariable) {
   Start();
-  WriteSetting(u"Cleaning Method", u"Method", u"R");
+  WriteSetting(CleaningMethod, u"R");
   EXPECT_EQ(CleaningMethod, u"D") << "the variables mirror the file only after they are loaded";
   LoadSettings();
   EXPECT_EQ(CleaningMethod, u"R");
@@ -109,11 +109,11 @@ TEST_F(Settings, LoadReplacesEveryVariable) {
   EXPECT_EQ(Functions, u"");
 }
 
-TEST_F(Settings, KeysAreExactForThoseWhoAskWhetherTheyAreOne) {
-  EXPECT_TRUE(IsSetting(u"One-click Clean/Repair", u"Functions"));
-  EXPECT_TRUE(IsSetting(u"Other Options", u"Except Folders"));
-  EXPECT_FALSE(IsSetting(u"Other Options", u"Functions"));
-  EXPECT_FALSE(IsSetting(u"other options", u"Except Folders"));
+TEST_F(Settings, AreFoundByTheirExactSectionAndKey) {
+  EXPECT_EQ(Setting::Find(u"One-click Clean/Repair", u"Functions"), &Functions);
+  EXPECT_EQ(Setting::Find(u"Other Options", u"Except Folders"), &ExceptFolders);
+  EXPECT_EQ(Setting::Find(u"Other Options", u"Functions"), nullptr);
+  EXPECT_EQ(Setting::Find(u"other options", u"Except Folders"), nullptr);
 }
 
 TEST_F(Settings, AFileThatCannotBeWrittenLeavesTheSettingsEmpty) {

@@ -1,4 +1,4 @@
-#include "clean/action_string.h"
+#include "scan/action_string.h"
 
 #include <cstdint>
 

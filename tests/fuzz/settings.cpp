@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <functional>
-#include <vector>
+#include <map>
 
 #include "doubles/memory_host.h"
 #include "frame/data_paths.h"
@@ -43,31 +43,24 @@ Disk& SettingsDisk() {
   return disk;
 }
 
-Text* const kAll[] = {&DuplicateSize, &DuplicateModified, &OnlyCommon,       &LeastSize,
-                      &NeedLeast,     &CommonTypes,       &Functions,        &CleaningMethod,
-                      &BackupFolder,  &InterfaceSize,     &LastAccessedFile, &LastAccessedPrefetch,
-                      &ExceptFolders};
-constexpr size_t kMethod = 7;
-constexpr size_t kBackup = 8;
-
-std::vector<Text> Settings() {
-  std::vector<Text> values;
-  for (const Text* value : kAll) values.push_back(*value);
+std::map<TextView, Text> Settings() {
+  std::map<TextView, Text> values;
+  for (const Setting* setting : Setting::All()) values.emplace(setting->key, *setting);
   return values;
 }
 
 // Frees all memory: the fuzzer checks a run that keeps some for leaks, which is slow.
 void Forget() {
-  for (Text* value : kAll) Text().swap(*value);
+  for (Setting* setting : Setting::All()) Text().swap(*setting);
   SettingsDisk().content.reset();
 }
 
 void CheckWriting() {
   auto expected = Settings();
   const Text value = CommonTypes + u" \"x";
-  WriteSetting(u"Cleaning Method", u"Backup Folder", value);
+  WriteSetting(BackupFolder, value);
   LoadSettings();
-  expected[kBackup] = value;
+  expected[BackupFolder.key] = value;
   if (value.find_first_of(u"\r\n") == Text::npos) Require(Settings() == expected);
 }
 
@@ -75,7 +68,7 @@ void CheckDefaults() {
   WriteDefaultSettings();
   LoadSettings();
   const auto defaults = Settings();
-  Require(defaults[kMethod] == u"D" && defaults[kBackup] == kDefaultBackupFolder);
+  Require(CleaningMethod == u"D" && BackupFolder == kDefaultBackupFolder);
   const auto written = SettingsDisk().content;
   WriteDefaultSettings();
   LoadSettings();
@@ -92,7 +85,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   const std::string bytes(reinterpret_cast<const char*>(data), std::min(size, kMost));
   SettingsDisk().content = bytes;
   LoadSettings();
-  for (const Text& value : Settings()) Require(value.size() <= bytes.size());
+  for (const Setting* setting : Setting::All()) Require(setting->size() <= bytes.size());
   const size_t choice = std::hash<std::string>()(bytes) % 256;
   if (choice < 16) CheckWriting();
   if (choice == 16) CheckDefaults();

@@ -1,70 +1,33 @@
 #include "options/one_click_tree.h"
 
+#include "catalogue/functions.h"
 #include "options/option_values.h"
 #include "options/options_test.h"
 
 namespace tavix::mdlPubSelf {
 namespace {
 
-// Depth, text, key where that differs from the text.
 struct NodeCase {
   int depth;
-  const char16_t* text;
-  const char16_t* key = nullptr;
+  TextView text;
+  TextView key;
 };
 
-constexpr NodeCase kNodes[] = {
-    {0, u"Privacy", u"privacy"},
-    {1, u"Internet Explorer", u"ie"},
-    {2, u"Temporary Internet Files", u"ietif"},
-    {2, u"Cookies", u"iec"},
-    {2, u"History", u"ieh"},
-    {2, u"Recently Typed URLs", u"iertu"},
-    {2, u"Auto-fill Form History", u"ieafh"},
-    {2, u"Auto-fill Password History", u"ieaph"},
-    {2, u"Temporary Internet Files Detail", u"ietifd"},
-    {2, u"Cookies Detail", u"iecd"},
-    {2, u"Index.dat Files", u"ieif"},
-    {1, u"Windows Explorer", u"we"},
-    {2, u"Recently Used Documents", u"werud"},
-    {2, u"Run History (in Start menu)", u"werh"},
-    {2, u"Search History", u"wesh"},
-    {2, u"User Ran Applications History", u"weurah"},
-    {2, u"Open/Save History", u"weosh"},
-    {2, u"Other Explorer MRUs", u"weoem"},
-    {0, u"System", u"system"},
-    {1, u"Empty Recycle Bin"},
-    {1, u"Temporary Files"},
-    {1, u"Memory Dumps"},
-    {1, u"CHKDSK File Fragments"},
-    {1, u"Windows Log Files"},
-    {1, u"Windows System Logs"},
-    {1, u"Invalid Shortcuts in User Folders"},
-    {1, u"Uninstall Files for Windows Update"},
-    {1, u"Windows Update Source Files"},
-    {1, u"Menu Order Caches"},
-    {1, u"Tray Notifications Cache"},
-    {1, u"Windows Size and Location Caches"},
-    {1, u"Old Prefetch data"},
-    {0, u"Registry", u"registry"},
-    {1, u"Missing Shared DLLs"},
-    {1, u"ActiveX and Class Issues"},
-    {1, u"Type Libraries Issues"},
-    {1, u"Application Shells Issues"},
-    {1, u"Fonts Issues"},
-    {1, u"Application Paths Issues"},
-    {1, u"Help Files Issues"},
-    {1, u"Redundant Installers"},
-    {1, u"Obsolete Software"},
-    {1, u"Run at Startup Issues"},
-    {1, u"Start Menu Ordering Issues"},
-    {1, u"MUI Cache Issues"},
-    {1, u"Uninstaller Issues"},
-    {1, u"Appearance Schemes"},
-    {1, u"Cursor Schemes"},
-    {1, u"Internet Country Codes"},
-    {1, u"Time Zones"},
-};
+// Three roots with the functions of their pages; those of the Privacy page below its two branches.
+std::vector<NodeCase> ExpectedNodes() {
+  std::vector<NodeCase> nodes{{0, u"Privacy", u"privacy"}};
+  for (const CleaningFunction& function : kPrivacyFunctions) {
+    const bool isBranch = function.Key == u"ie" || function.Key == u"we";
+    nodes.push_back({isBranch ? 1 : 2, function.Caption, function.Key});
+  }
+  nodes.push_back({0, u"System", u"system"});
+  for (const CleaningFunction& function : kSystemFunctions)
+    nodes.push_back({1, function.Caption, function.Key});
+  nodes.push_back({0, u"Registry", u"registry"});
+  for (const CleaningFunction& function : kRegistryFunctions)
+    nodes.push_back({1, function.Caption, function.Key});
+  return nodes;
+}
 
 constexpr TextView kHeadings[] = {u"privacy", u"ie", u"we", u"system", u"registry"};
 
@@ -91,12 +54,13 @@ TEST_F(OneClickTree, HasEveryNodeInItsPlace) {
   Open();
   Close();
   Open();
-  ASSERT_EQ(Tree().NodeCount(), std::ssize(kNodes));
+  const std::vector<NodeCase> nodes = ExpectedNodes();
+  ASSERT_EQ(Tree().NodeCount(), std::ssize(nodes));
   for (int i = 1; i <= Tree().NodeCount(); ++i) {
     const Node& node = *Tree().NodeAt(i);
-    const NodeCase& expected = kNodes[i - 1];
+    const NodeCase& expected = nodes[static_cast<size_t>(i) - 1];
     EXPECT_EQ(node.Caption.Get(), expected.text);
-    EXPECT_EQ(node.Key, expected.key != nullptr ? expected.key : expected.text);
+    EXPECT_EQ(node.Key, expected.key);
     EXPECT_EQ(Depth(node), expected.depth) << Narrow(node.Key);
     EXPECT_EQ(node.Bold, IsHeading(node.Key)) << Narrow(node.Key);
     EXPECT_EQ(node.Expanded, IsHeading(node.Key)) << Narrow(node.Key);

@@ -10,7 +10,7 @@ namespace {
 
 class OptionValues : public OptionsTest {
  protected:
-  // Opens the window over settings of which this one is as told, or missing.
+  // Opens the window over a file in which this setting has this value, or is missing.
   void OpenWith(TextView section, TextView key, std::optional<TextView> value) {
     Text file(u"[Duplicate Files]\r\nOnly Common=N\r\nCommon Types=*.a\r\n");
     if (value) file = WriteIniValue(file, section, key, *value);
@@ -113,34 +113,6 @@ TEST_F(OptionValues, AreShownAndSavedAsTheTableSays) {
               value.saved != nullptr ? std::optional(Text(value.saved)) : std::nullopt)
         << name;
   }
-}
-
-TEST_F(OptionValues, EachSettingIsBoundOnceToAVariableAndAControlOfItsOwn) {
-  Start();
-  std::vector<const Text*> variables;
-  std::vector<const Control*> controls;
-  for (const BoundOption& option : BoundOptions()) {
-    EXPECT_TRUE(IsSetting(option.section, option.key)) << Narrow(option.key);
-    WriteSetting(option.section, option.key, Concat(u"value of ", option.key));
-    LoadSettings();
-    EXPECT_EQ(*option.setting, Concat(u"value of ", option.key));
-    variables.push_back(option.setting);
-    controls.push_back(option.binding.control);
-  }
-  std::ranges::sort(variables);
-  EXPECT_EQ(variables.size(), 13U);
-  EXPECT_EQ(std::ranges::adjacent_find(variables), variables.end());
-  std::ranges::sort(controls);
-  EXPECT_EQ(std::ranges::adjacent_find(controls), controls.end());
-}
-
-TEST_F(OptionValues, AreSavedInTheirOrder) {
-  std::vector<Text> keys;
-  for (const BoundOption& option : BoundOptions()) keys.emplace_back(option.key);
-  EXPECT_EQ(keys, (std::vector<Text>{u"Functions", u"Method", u"Backup Folder", u"Size", u"Modified",
-                                     u"Only Common", u"Need Least", u"Least Size", u"Common Types",
-                                     u"Interface Size", u"Last Accessed File", u"Last Accessed Prefetch",
-                                     u"Except Folders"}));
 }
 
 TEST_F(OptionValues, BackupFolderIsSavedTrimmedAndOnlyWhereItIsUsed) {

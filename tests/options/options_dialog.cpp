@@ -273,14 +273,7 @@ TEST_F(OptionsDialog, RecommendBringsTheBuiltInTableBackOverAReadOnlyFile) {
 TEST_F(OptionsDialog, RecommendPutsEverySettingBack) {
   Start();
   const std::string defaults = SettingsFile();
-  for (const auto& [section, key] : {std::pair(u"Duplicate Files", u"Size"),
-                                     {u"Duplicate Files", u"Common Types"},
-                                     {u"Cleaning Method", u"Method"},
-                                     {u"Cleaning Method", u"Backup Folder"},
-                                     {u"Other Options", u"Except Folders"},
-                                     {u"Other Options", u"Last Accessed File"}}) {
-    WriteSetting(section, key, u"changed");
-  }
+  for (const Setting* setting : Setting::All()) WriteSetting(*setting, u"changed");
   LoadSettings();
   Open();
   frmPubOptions.sbtRecommend.Click();

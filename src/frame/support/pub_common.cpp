@@ -84,9 +84,8 @@ bool clsPubCommon::IsKnownToBeMissing(TextView path) {
 }
 
 clsPubCommon::Drive& clsPubCommon::DriveOf(char16_t letter) {
-  constexpr int kFixed = 2;
   const auto [known, isNew] = drives_.try_emplace(letter);
-  if (isNew) known->second.fixed = files_->DriveType(letter) == kFixed;
+  if (isNew) known->second.fixed = files_->DriveType(letter) == platform::kFixedDrive;
   return known->second;
 }
 

@@ -171,17 +171,17 @@ bool WindowsFileSystem::IsDriveReady(char16_t letter) { return ReadDrive(letter)
 int DriveTypeOf(UINT systemType) {
   switch (systemType) {
     case DRIVE_REMOVABLE:
-      return 1;
+      return platform::kRemovableDrive;
     case DRIVE_FIXED:
-      return 2;
+      return platform::kFixedDrive;
     case DRIVE_REMOTE:
-      return 3;
+      return platform::kNetworkDrive;
     case DRIVE_CDROM:
-      return 4;
+      return platform::kCdDrive;
     case DRIVE_RAMDISK:
-      return 5;
+      return platform::kMemoryDrive;
     default:
-      return 0;
+      return platform::kUnknownDrive;
   }
 }
 

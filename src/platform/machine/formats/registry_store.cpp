@@ -15,23 +15,6 @@ TextView TakePart(TextView& path) {
 
 }  // namespace
 
-TextView RegistryStore::HiveName(platform::Hive hive) {
-  using enum platform::Hive;
-  switch (hive) {
-    case ClassesRoot:
-      return u"HKEY_CLASSES_ROOT";
-    case CurrentUser:
-      return u"HKEY_CURRENT_USER";
-    case LocalMachine:
-      return u"HKEY_LOCAL_MACHINE";
-    case Users:
-      return u"HKEY_USERS";
-    case CurrentConfig:
-      return u"HKEY_CURRENT_CONFIG";
-  }
-  return {};
-}
-
 std::string_view RegistryStore::WhyNoKey(TextView name, size_t depth) {
   if (name.empty()) return "a key without a name";
   if (name.size() > kMaxKeyName) return "the name of a key is longer than 255 characters";

@@ -17,8 +17,6 @@ class RegistryStore {
   static constexpr size_t kMaxKeyName = 255;
   static constexpr size_t kMaxValueName = 16383;
 
-  // The name of a hive, such as "HKEY_CURRENT_USER", HKEY_CLASSES_ROOT included; empty for what is none.
-  static TextView HiveName(platform::Hive hive);
   // Why a key can't have the name, or lie so deep (1 is right below the hive): no name, too long, a line
   // end in it (which the text form has no room for). Empty for one that can.
   static std::string_view WhyNoKey(TextView name, size_t depth);

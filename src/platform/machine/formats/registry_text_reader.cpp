@@ -2,6 +2,7 @@
 #include <array>
 #include <vector>
 
+#include "platform/hive_name.h"
 #include "platform/machine/formats/registry_text.h"
 #include "platform/registry_data.h"
 #include "text/letter_case.h"
@@ -151,9 +152,8 @@ bool Reader::ReadKeyLine() {
 
 bool Reader::ReadRoot(TextView path, size_t pathAt, Hive& hive) {
   const TextView root = path.substr(0, path.find(u'\\'));
-  for (const Hive known :
-       {Hive::LocalMachine, Hive::CurrentUser, Hive::ClassesRoot, Hive::Users, Hive::CurrentConfig}) {
-    if (!EqualIgnoringCase(root, RegistryStore::HiveName(known))) continue;
+  for (const auto& [known, name] : platform::kHiveNames) {
+    if (!EqualIgnoringCase(root, name)) continue;
     hive = known;
     return true;
   }
@@ -175,7 +175,7 @@ bool Reader::OpenKey(TextView path, size_t pathAt) {
     if (!ReadRoot(path, pathAt, hive)) return false;
     const bool classes = hive == Hive::ClassesRoot;
     RegistryKey* root = classes ? store_.Make(Hive::LocalMachine, kClasses, made) : store_.Root(hive);
-    levels_.push_back({RegistryStore::HiveName(hive).size(), classes ? size_t{2} : size_t{0}, root});
+    levels_.push_back({platform::HiveName(hive).size(), classes ? size_t{2} : size_t{0}, root});
   }
   while (levels_.back().end < path.size()) {
     const Level above = levels_.back();
@@ -193,7 +193,7 @@ bool Reader::OpenKey(TextView path, size_t pathAt) {
 bool Reader::DeleteKey(TextView path, size_t pathAt) {
   Hive hive{};
   if (!ReadRoot(path, pathAt, hive)) return false;
-  const size_t rootSize = RegistryStore::HiveName(hive).size();
+  const size_t rootSize = platform::HiveName(hive).size();
   if (path.size() == rootSize) return Fail(pathAt, "a root can't be deleted");
   Text below(path.substr(rootSize + 1));
   const std::string_view reason = RegistryStore::WhyNoPath(below);

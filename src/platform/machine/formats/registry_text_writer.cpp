@@ -1,5 +1,6 @@
 #include <cstring>
 
+#include "platform/hive_name.h"
 #include "platform/machine/formats/registry_text.h"
 #include "platform/registry_data.h"
 
@@ -97,7 +98,7 @@ void PutKey(Text& out, Text& path, const RegistryKey& key) {
 std::string WriteRegistryText(const RegistryStore& store, platform::Hive hive) {
   Text out = u"\uFEFFWindows Registry Editor Version 5.00\r\n";
   if (const RegistryKey* root = store.Root(hive); root != nullptr) {
-    Text path(RegistryStore::HiveName(hive));
+    Text path(platform::HiveName(hive));
     PutKey(out, path, *root);
   }
   std::string bytes(out.size() * 2, '\0');

@@ -7,7 +7,6 @@
 namespace tavix::machine {
 namespace {
 
-constexpr int kFixedDrive = 2;
 constexpr uint32_t kSettable =
     platform::kReadOnly | platform::kHidden | platform::kSystem | platform::kArchive;
 
@@ -279,7 +278,7 @@ std::vector<platform::Drive> MachineFileSystem::Drives() {
     const Text path{letter, u':'};
     const bool known = std::any_of(drives.begin(), drives.end(),
                                    [&](const platform::Drive& drive) { return drive.path == path; });
-    if (!known && FolderExists(path) == true) drives.push_back({path, kFixedDrive, true, {}});
+    if (!known && FolderExists(path) == true) drives.push_back({path, platform::kFixedDrive, true, {}});
   }
   std::sort(drives.begin(), drives.end(),
             [](const platform::Drive& left, const platform::Drive& right) { return left.path < right.path; });
@@ -288,7 +287,7 @@ std::vector<platform::Drive> MachineFileSystem::Drives() {
 
 std::optional<int> MachineFileSystem::DriveType(char16_t letter) {
   if (const platform::Drive* drive = facts_.FindDrive(ToUpper(letter))) return drive->type;
-  return FolderExists(Text{letter, u':'}) == true ? std::optional(kFixedDrive) : std::nullopt;
+  return FolderExists(Text{letter, u':'}) == true ? std::optional(platform::kFixedDrive) : std::nullopt;
 }
 
 bool MachineFileSystem::IsDriveReady(char16_t letter) {

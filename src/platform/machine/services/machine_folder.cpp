@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "platform/hive_name.h"
 #include "platform/machine/formats/registry_text.h"
 #include "platform/machine/host/host_files.h"
 #include "platform/machine/host/registry_folder.h"
@@ -150,8 +151,7 @@ bool MachineFolder::Save(std::string& error) {
   for (const platform::Hive hive : RegistryStore::kHives) {
     const RegistryKey& root = *registry_.Store().Root(hive);
     if (root.Keys().empty() && root.AllValues().empty()) continue;
-    files.push_back(
-        {Concat(RegistryStore::HiveName(hive), u".reg"), WriteRegistryText(registry_.Store(), hive)});
+    files.push_back({Concat(platform::HiveName(hive), u".reg"), WriteRegistryText(registry_.Store(), hive)});
   }
   std::string reason;
   if (!ReplaceRegistryFiles(*folder, files, reason)) return Fail(error, kRegistry, reason);
