@@ -73,7 +73,8 @@ TEST(ActionString, OfAValueIsReadAsItWasWrittenUpToACut) {
   const RegistryTarget cut = ReadRegistryTarget(*ReadAction(tag).payload);
   EXPECT_EQ(cut.key, u"k");
   EXPECT_EQ(cut.value, u"a");
-  const Action whole = ReadAction(RegistryValueAction(Hive::LocalMachine, u"k", u"C:\\x.dll"));
+  const Text plain = RegistryValueAction(Hive::LocalMachine, u"k", u"C:\\x.dll");
+  const Action whole = ReadAction(plain);
   EXPECT_EQ(whole.kind, action::kRegistryValue);
   EXPECT_EQ(ReadRegistryTarget(*whole.payload).hive, Hive::LocalMachine);
   EXPECT_EQ(ReadRegistryTarget(*whole.payload).value, u"C:\\x.dll");
