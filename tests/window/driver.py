@@ -4,6 +4,7 @@ through window messages.
 TAVIX_BUILD names the build folder with the programs. Prefixes, displays and screenshots are made below
 <build>/window.
 """
+import itertools
 import json
 import os
 import pathlib
@@ -228,16 +229,22 @@ class Program:
         self.move((rectangle[0] + rectangle[2]) // 2, (rectangle[1] + rectangle[3]) // 2)
 
     def drag(self, start, by):
-        """Drags the window by a point of it, to where it then is seen. A press alone drags nothing: the first move
-        begins the drag, and the window follows those after it."""
-        left, top, right, bottom = self.read().rect
-        begin = (start[0] + 2, start[1] + 2)
+        """Drags the window by a point of it, to where it then is seen: `by`, or one more, from where it was. A press
+        alone drags nothing. A move begins the drag, one over the threshold from which a tree takes it for one, and
+        the window follows the moves after that."""
+        before = self.read().rect
+        near, far = ((start[0] + away, start[1] + away) for away in (8, 9))
+        nudges = itertools.cycle((near, far))
         self._press(start)
-        self.move(*begin)
-        self.wait_until("the drag", lambda s: s.moving)
-        self._move_in_steps(begin, by)
-        goal = [left + by[0], top + by[1], right + by[0], bottom + by[1]]
-        self.wait_until(f"the window at {goal}", lambda s: s.rect == goal)
+
+        def begun():
+            self.move(*next(nudges))
+            return self.read().moving
+
+        wait_for("the drag", begun)
+        self._move_in_steps(far, by)
+        self.wait_until("the window to arrive", lambda s: all(
+            by[i] <= s.rect[i] - before[i] <= by[i] + 1 for i in (0, 1)))
         self._release()
         return self.wait_until("the end of the drag", lambda s: not s.moving)
 
