@@ -2,6 +2,7 @@
 
 #include "forms/main_form.h"
 #include "platform/machine/formats/registry_text.h"
+#include "scan/action_string.h"
 #include "scan/registry_page_test.h"
 #include "support/case.h"
 
@@ -32,38 +33,34 @@ class RegistryRepair : public RegistryPageTest {
   }
 };
 
-void DropKey(RegistryStore& store, platform::Hive hive, TextView parent, TextView name) {
-  ASSERT_TRUE(store.Find(hive, parent)->DeleteKey(name)) << Narrow(parent) << ' ' << Narrow(name);
+// Deletes a key, or a value of it, as a row's tag names them. A key of HKEY_CLASSES_ROOT is the user's if the
+// user has it. What has gone by another row is gone.
+void Drop(RegistryStore& store, TextView tag) {
+  const Action action = ReadAction(tag);
+  const RegistryTarget target = ReadRegistryTarget(*action.payload);
+  platform::Hive hive = target.hive;
+  Text key(*target.key);
+  if (hive == platform::Hive::ClassesRoot) {
+    key = Concat(u"Software\\Classes\\", key);
+    hive = store.Find(platform::Hive::CurrentUser, key) != nullptr ? platform::Hive::CurrentUser
+                                                                   : platform::Hive::LocalMachine;
+  }
+  if (target.value) {
+    ASSERT_TRUE(store.Find(hive, key)->DeleteValue(*target.value)) << Narrow(tag);
+  } else if (store.Find(hive, key) != nullptr) {
+    const size_t cut = key.rfind(u'\\');
+    ASSERT_TRUE(store.Find(hive, key.substr(0, cut))->DeleteKey(key.substr(cut + 1))) << Narrow(tag);
+  }
 }
 
-void DropValue(RegistryStore& store, platform::Hive hive, TextView key, TextView name) {
-  ASSERT_TRUE(store.Find(hive, key)->DeleteValue(name)) << Narrow(key) << ' ' << Narrow(name);
-}
-
-// What Repair takes when the four lists that start without ticks are left so. The font stays: the blank at
-// the end of its name is lost with its tag's.
+// What Repair takes if the four lists that start without ticks are left so. The font stays: the blank at the
+// end of its name is lost with its tag's.
 void DropTicked(RegistryStore& store) {
-  using enum platform::Hive;
-  const auto windows = [](TextView key) { return Concat(kWindowsKey, u"\\", key); };
-  DropValue(store, LocalMachine, windows(u"SharedDlls"), u"C:\\gone.dll");
-  DropKey(store, LocalMachine, u"Software\\Classes\\CLSID", u"{gone.dll}");
-  DropKey(store, CurrentUser, u"Software\\Classes\\CLSID", u"{mine gone.dll}");
-  DropKey(store, LocalMachine, u"Software\\Classes\\Interface", u"{I2}");
-  DropKey(store, LocalMachine, u"Software\\Classes\\Applications\\a.exe\\shell", u"gone.dll");
-  DropKey(store, LocalMachine, windows(u"App Paths"), u"gone.dll");
-  for (const TextView key : {u"Help", u"Html Help"}) {
-    DropValue(store, LocalMachine, Concat(u"Software\\Microsoft\\Windows\\", key), u"gone.dll");
+  for (const RegistryPageFunction& function : RegistryPageFunctions()) {
+    for (const RowFields& row : function.rows) {
+      if (row.checked && row.type != u"Font Issue") Drop(store, row.tag);
+    }
   }
-  DropValue(store, LocalMachine, windows(u"Installer\\Folders"), u"C:\\None\\");
-  for (const TextView key : {u"Patches", u"Products"}) {
-    DropKey(store, LocalMachine, windows(Concat(u"Installer\\UserData\\S-1\\", key)), u"gone.dll");
-  }
-  DropKey(store, LocalMachine, u"Software", u"Old");
-  DropKey(store, CurrentUser, u"Software", u"Older");
-  for (const auto hive : {LocalMachine, CurrentUser}) DropValue(store, hive, windows(u"Run"), u"gone.dll");
-  DropKey(store, CurrentUser, windows(u"Explorer\\MenuOrder\\Start Menu2\\Programs"), u"Gone");
-  DropValue(store, CurrentUser, u"Software\\Microsoft\\Windows\\ShellNoRoam\\MUICache", u"C:\\gone.dll");
-  DropKey(store, LocalMachine, windows(u"Uninstall"), u"gone.dll");
 }
 
 TEST_F(RegistryRepair, TakesExactlyTheTickedKeysAndValues) {
