@@ -1,4 +1,4 @@
-"""What stands in the files of a release. TAVIX_DIST names their folder, TAVIX_BUILD the build folder they come from."""
+"""The files of a release. TAVIX_DIST names their folder, TAVIX_BUILD the build folder they come from."""
 import os
 import pathlib
 import re
@@ -22,7 +22,7 @@ ICON, MANIFEST, ICONS, VERSION_INFO, BITMAP = 3, 24, 14, 16, 2
 
 
 class Executable:
-    """As much of a PE file as is asked about it."""
+    """The parts of a PE file that the tests ask for."""
 
     def __init__(self, data):
         self.data = data

@@ -38,7 +38,7 @@ class Installing(unittest.TestCase):
 
     def uninstall(self, *arguments):
         self.machine.run(self.folder / "uninstall.exe", "/S", *arguments)
-        # It goes on as a copy of itself, which removes it last.
+        # It continues as a copy of itself, which deletes it last.
         wait_for("the uninstaller to go", lambda: not (self.folder / "uninstall.exe").exists())
         wait_for("the entry to go", lambda: self.entry() == {})
 
@@ -78,7 +78,7 @@ class Installing(unittest.TestCase):
         (self.backup / "kept.txt").write_text("of the user", encoding="ascii")
         (self.folder / "own.txt").write_text("of the user", encoding="ascii")
         settings = (self.data / "tvx.dll").read_bytes()
-        # From where it is, so that its end is seen; it can't remove itself then.
+        # Run in place, so that its end can be waited for; then it can't delete itself.
         self.run_as_typed('"C:\\Program Files\\Tavix\\uninstall.exe" /S _?=C:\\Program Files\\Tavix')
         self.assertEqual(content(self.folder), {"own.txt", "uninstall.exe"})
         (self.folder / "own.txt").unlink()

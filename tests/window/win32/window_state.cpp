@@ -68,7 +68,7 @@ TEST_F(WindowState, MovesOverTheGroundReachWhatLiesThere) {
   Send(frame, WM_MOUSEMOVE, 0, PointIn(frmPubMain.lblFrame));
   Send(frame, WM_MOUSEMOVE, 0, MAKELPARAM(3, frmPubMain.Height / 15 - 5));
   EXPECT_EQ(moves, "title frame border ");
-  // The mouse rests, and the system tells of a move all the same.
+  // WM_MOUSEMOVE also arrives while the mouse rests.
   Send(frame, WM_MOUSEMOVE, 0, MAKELPARAM(3, frmPubMain.Height / 15 - 5));
   EXPECT_EQ(moves, "title frame border ");
 }
