@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Private Wine prefixes: Windows machines with no way out to the machine that they run on.
+"""Private Wine prefixes: Windows machines whose programs can't reach the machine that they run on.
 
 Drive C: is the only drive, the user's folders are folders of the prefix, and no link on the drive leads out of it. So
 files are handed in and out by copying, and a program that is to run is copied in as well.

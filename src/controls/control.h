@@ -89,7 +89,6 @@ class PictureBox : public Control {
  public:
   Property<Text> Picture{this};
   Property<int> BorderStyle{this, 0};
-  Property<Text> AccessibleName{this};
   Event<> Click;         // by the left button, after MouseUp
   Event<int> MouseUp;    // the button released
   Event<int> MouseMove;  // the buttons held down

@@ -1,4 +1,4 @@
-"""Cleans whole pages of the sample machine through tavix-console: what was found goes, all else stays."""
+"""Cleans whole pages of the sample machine through tavix-console: what was found goes, everything else stays."""
 import configparser
 import sys
 import unittest
@@ -29,11 +29,11 @@ class CleanedPage(Machine):
         super().setUp()
         copy_sample.copy(self.folder)
         self.before, self.keys_before = self.snapshot(), self.registry()
-        # Reading has made every file one that was used just now.
+        # Reading the files has changed their times of last access.
         copy_sample.set_times(self.folder)
 
     def left(self):
-        """Everything there now but for the data tree, the registry and the table of attributes."""
+        """Everything that is there now, except the data tree, the registry and the table of attributes."""
         return {name: content for name, content in self.snapshot().items()
                 if not name.startswith((*MADE, "registry/")) and name != "attributes.ini"}
 
@@ -83,11 +83,11 @@ class PrivacyPage(CleanedPage):
 
     def test_indexes_are_marked_for_the_restart_and_the_browser_is_told_to_forget(self):
         self.clean("--page", "privacy")
-        # The name stands twice: the location of such a row is the whole path.
+        # The location of such a row is the whole path, so the name stands in it twice.
         marked = [path + "\\index.dat" for path in reversed(INDEXES)]
         self.assertEqual((self.folder / "restart.txt").read_text(encoding="utf-8").splitlines(), marked)
         commands = [MY_TRACKS + number for number in ("32", "16", "1", "2", "8")]
-        # From the last row to the first: the indexes stand below the commands.
+        # From the last row to the first.
         self.assertEqual(self.journal(),
                          [{"op": "DeleteAtRestart", "path": path} for path in marked] +
                          [{"op": "RunTarget", "target": command, "style": 3} for command in commands])
@@ -139,7 +139,7 @@ class SystemPage(CleanedPage):
         self.assertEqual(rows, [])
         self.assertEqual({row["Tag"].split(": ")[0] for row in found}, {"F", "FT", "RE", "WSL", "RK", "RIs"})
         self.assertEqual(labels["lblSum"].split(", ")[0], f"Sum: {len(found)} items")
-        self.before["machine.ini"] = self.snapshot()["machine.ini"]  # the next test but one looks at it
+        self.before["machine.ini"] = self.snapshot()["machine.ini"]  # checked in a test of its own
         self.assert_only_these_went([*map(host, self.GONE), "recycle/shopping list.txt"])
         self.assertEqual({host(row["Location"] + "\\" + row["Name"]) for row in found if row["Tag"] == "F"},
                          {host(path) for path in self.GONE - {WINDOWS + "MEMORY.DMP"}})
@@ -152,7 +152,7 @@ class SystemPage(CleanedPage):
     def test_logs_are_cleared_and_the_bin_is_emptied_from_the_last_row_to_the_first(self):
         before = self.facts()
         self.clean("--page", "system")
-        # The third log can't be opened, and is asked for all the same.
+        # The third log can't be opened, but the program still tries.
         self.assertEqual(self.journal(), [{"op": "ClearEventLog", "log": "Security"},
                                           {"op": "ClearEventLog", "log": "Application"},
                                           {"op": "ClearEventLog", "log": "System"}, {"op": "EmptyRecycleBin"}])
@@ -163,7 +163,7 @@ class SystemPage(CleanedPage):
         self.clean("--page", "system")
         after = registry_text.without_key(self.keys_before, EXPLORER + "MenuOrder")
         after = registry_text.without_key(after, EXPLORER + "StreamMRU")
-        # The row of the tray names a value with a blank behind it and a hive with one before it.
+        # The tray's row names a value followed by a blank, and a hive after a blank.
         self.assertEqual(set(after[(EXPLORER + "TrayNotify").upper()]), {"IconStreams", "PastIconsStream"})
         self.assertEqual(self.registry(), after)
 
@@ -212,7 +212,7 @@ class ByOtherMethods(CleanedPage):
     def test_files_of_one_name_go_to_the_backup_folder_as_far_as_there_is_room(self):
         found, rows, _ = self.clean("--page", "system", "--function", "Invalid Shortcuts in User Folders", "--set",
                                     "Cleaning Method/Method=S")
-        # Of three old games the last two rows have found a name.
+        # Of three old games, the last two rows have a name.
         self.assertEqual([row["Name"] for row in rows], ["Old Game.lnk"])
         self.assertEqual(rows[0]["Location"],
                          "C:\\ProgramData\\Microsoft\\Windows\\Start Menu\\Programs\\Games")

@@ -1,4 +1,4 @@
-"""Cleans the privacy traces of the registry through tavix-console, and kills it on the way."""
+"""Cleans the privacy traces of the registry through tavix-console, and kills it while it does."""
 import random
 import shutil
 import signal
@@ -11,10 +11,10 @@ from machine_case import CONSOLE, Machine, SampleCopy, registry_text, run
 USER = "HKEY_CURRENT_USER\\Software\\Microsoft\\"
 EXPLORER = USER + "Windows\\CurrentVersion\\Explorer\\"
 TYPED_URLS = USER + "Internet Explorer\\TypedURLs"
-# The functions whose findings stand in the registry alone.
+# The functions that find rows in the registry only.
 TRACES = [option for key in ("iertu", "werh", "wesh", "ieafh", "ieaph", "weosh", "weoem", "weurah")
           for option in ("--function", key)]
-# What no function looks for, of every kind of data.
+# Values of every kind that no function looks for.
 OTHERS = """Windows Registry Editor Version 5.00
 
 [HKEY_CURRENT_USER\\Software\\Microsoft\\Internet Explorer]
@@ -49,7 +49,7 @@ class Cleaning(SampleCopy):
         return self.clean(*TRACES, *arguments)
 
     def expected(self, keep=()):
-        """The registry behind a full clean of the Privacy page, but for the typed URLs to keep."""
+        """The registry after a full clean of the Privacy page that keeps some typed URLs."""
         after = self.before
         for value in ("url1", "url2", "url3", "url4"):
             if value not in keep:
@@ -175,12 +175,12 @@ class Killed(Machine):
                                 stdout=subprocess.DEVNULL)
 
     def kill(self, process):
-        """Whether it came before the program's end."""
+        """Whether the program was still running."""
         process.kill()
         return process.wait() == -signal.SIGKILL
 
     def check(self):
-        """What the kill left, and what the next run makes of it."""
+        """Checks what the kill has left, and what the next run does with it."""
         left = self.registry()
         self.assertIn(left, (self.old, self.new), "half of a registry")
         found, _ = self.scan("--function", "iertu")

@@ -60,7 +60,7 @@ class SampleMachine(SampleCopy):
             self.scan("--page", page)
         after = self.snapshot()
         kept = {name: after.get(name) for name in before}
-        # The data tree that the start makes has attributes of its own there.
+        # The start makes the data tree, and notes its attributes there.
         lines = before.pop("attributes.ini", b"").splitlines()
         self.assertLessEqual(set(lines), set(kept.pop("attributes.ini", b"").splitlines()))
         self.assertEqual(kept, before)
@@ -101,7 +101,7 @@ class NothingCleaned(SampleCopy):
         self.before = self.state()
 
     def state(self):
-        """Everything, with the calls on the shell in place of the file that notes them."""
+        """Everything in the folder, with the calls on the shell instead of their file."""
         return {**self.snapshot(), "journal.jsonl": self.journal()}
 
     def tearDown(self):
@@ -159,7 +159,7 @@ class TwoCopies(SampleCopy):
 
 
 class ForeignData(SampleCopy):
-    """A link stands where the program's own data is to lie."""
+    """A link stands where the program keeps its data."""
 
     def refuse(self, place, target):
         link = self.folder / "drives" / "C" / place
@@ -220,7 +220,7 @@ class Arguments(Machine):
 
 
 class RealHives(Machine):
-    """What the exports say, read by a few lines of Python that know nothing of our reader."""
+    """The exports, read without the program's own reader."""
 
     def values(self, text, key):
         section = re.search(r"\[HKEY_CURRENT_USER\\%s\]\r?\n(.*?)(?:\r?\n\r?\n|\Z)" % re.escape(key), text, re.S | re.I)

@@ -1,4 +1,4 @@
-"""What is too large for memory, and memory that gives out, end the console with one line and lose nothing."""
+"""When memory runs out, the console ends with one line and nothing is lost."""
 import pathlib
 import resource
 import shutil
@@ -66,7 +66,7 @@ class LackOfMemory(Machine):
                    "Microsoft\\Internet Explorer\\TypedUrls]\n" + values)
 
     def clean_with(self, limit):
-        """The status of a clean that has so many bytes of address space."""
+        """The exit status of a clean that is limited to this many bytes of address space."""
         self.seed()
         done = run("--machine", self.folder, "--json", "--clean", "--page", "system", "--function",
                    "Windows Log Files", "--set", "Cleaning Method/Method=S",
@@ -76,7 +76,7 @@ class LackOfMemory(Machine):
         return done.returncode
 
     def test_at_any_moment_ends_with_a_line_and_loses_nothing(self):
-        # The least that suffices, to a page.
+        # Search for the least that is enough, to within a page.
         low, high = 1 << 20, 1 << 30
         self.assertEqual(self.clean_with(high), 0)
         while high - low > 4096:

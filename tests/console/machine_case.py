@@ -1,4 +1,4 @@
-"""Test cases over a machine folder of their own, which tavix-console is run on."""
+"""Base of the tests that run tavix-console, each on a machine folder of its own."""
 import configparser
 import json
 import os
@@ -53,14 +53,14 @@ class Machine(unittest.TestCase):
         return objects[:-1], objects[-1]
 
     def clean(self, *arguments):
-        """Rows of the scan, and rows and labels of the clean behind it."""
+        """Rows of the scan, then rows and labels of the clean after it."""
         objects = self.objects("--clean", *arguments)
         of = lambda stage: [o for o in objects if o["stage"] == stage]
         self.assertEqual(objects, of("scan") + of("clean"))
         return of("scan")[:-1], of("clean")[:-1], of("clean")[-1]
 
     def refused(self, status, *arguments):
-        """The one line that says why nothing was run."""
+        """The line that says why nothing was run."""
         done = run(*arguments)
         self.assertEqual(done.returncode, status, done)
         self.assertEqual(done.stdout, b"")
@@ -72,7 +72,7 @@ class Machine(unittest.TestCase):
         return registry_text.read_folder(self.folder / "registry")
 
     def journal(self):
-        """The calls on the shell, but for the look for an update that each start begins with."""
+        """The calls on the shell, except the update check that begins each start."""
         file = self.folder / "journal.jsonl"
         calls = [json.loads(line) for line in file.read_bytes().splitlines()] if file.exists() else []
         return [call for call in calls if call["op"] != "Fetch"]

@@ -82,7 +82,7 @@ class Functions(OwnMachine):
         self.assertEqual(again, ["Run History (in Start menu)", "Open/Save History"])
 
     def test_the_words_of_each_page(self):
-        """A caption of another page, a key where captions count, and rows that are no functions."""
+        """Captions of another page, keys instead of captions, and rows that are no functions."""
         for page, name, wrong in (("privacy", "Privacy", ["Cookies", "ie", "we", "Temporary Files", ""]),
                                   ("system", "System", ["iec", "Fonts Issues", "temporary files", "Uncheck All", ""]),
                                   ("registry", "Registry", ["Memory Dumps", "Check All"]),

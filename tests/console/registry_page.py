@@ -1,4 +1,4 @@
-"""The Registry page over real exports and the sample machine, beside a count made without the program."""
+"""The Registry page over real exports and the sample machine, compared with a count that doesn't use the program."""
 import collections
 import shutil
 import sys
@@ -24,7 +24,7 @@ def per_function(rows, functions):
 
 class Counted(Machine):
     def check(self, name):
-        """The rows of every function are as many as were counted. Gives the rows."""
+        """Checks that every function has as many rows as were counted. Returns the rows."""
         counted = count_registry_issues.count(self.folder)
         rows, _ = self.scan("--page", "registry")
         self.assertEqual(per_function(rows, counted), counted, name)
@@ -42,7 +42,7 @@ class RealExports(Counted):
             shutil.copy(EXPORTS / export, self.folder / "registry")
 
     def make_files(self, rows):
-        """Every second of the files and folders that were found missing."""
+        """Makes every second one of the files and folders that were found missing."""
         made = set()
         for row in rows:
             name = row["Name"]
@@ -100,7 +100,7 @@ class Sample(Counted, SampleCopy):
         self.assertEqual(labels["lblSum"], f"Sum: {len(rows)} items  found.")
 
     def test_repair_takes_exactly_the_keys_and_values_of_the_ticked_rows(self):
-        # A first run writes all in the form in which it stays.
+        # The first run writes everything in the program's own form.
         self.clean("--page", "privacy", "--function", "iertu")
         before, files = self.registry(), self.snapshot()
         found, left, labels = self.clean("--page", "registry")
@@ -111,7 +111,7 @@ class Sample(Counted, SampleCopy):
                 expected = self.without(expected, row["Tag"])
         self.assertLess(len(expected), len(before))
         self.assertEqual(self.registry(), expected)
-        # The start asks the product's site for news.
+        # The start checks the product's site for an update.
         same = lambda snapshot: {name: content for name, content in snapshot.items()
                                  if not name.startswith(("registry", "journal.jsonl"))}
         self.assertEqual(same(self.snapshot()), same(files))

@@ -1,4 +1,4 @@
-"""What the help and the catalogues tell of a clean and its one-click run, seen on the disk and in the registry."""
+"""What the help and the catalogues say of a clean and the one-click run, checked on the disk and in the registry."""
 import sys
 import unittest
 

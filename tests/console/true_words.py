@@ -1,14 +1,14 @@
-"""Each sentence that the help, the README, the questions of the site and the catalogue tell people, and what holds it.
+"""Each sentence of the help, the README, the FAQ of the site and the catalogue, with what makes sure that it is true.
 
-true_words.txt has them all, each with what holds it in the line below:
+true_words.txt lists them all. The line below each says what makes sure of it:
 
-- names of tests, where the sentence tells what the program finds, keeps, removes or brings back;
-- `risk`, where the tables of the Windows 11 machine hold it, with the rows that it warns of;
-- `system`, where it tells what Windows or another program does, which nothing here can hold;
-- `words`, where it says what a thing is, or gives advice;
-- `about`, where it does so with the words of finding, keeping and removing, and yet claims nothing.
+- names of tests, if the sentence says what the program finds, keeps, removes or brings back;
+- `risk`, if it is in the tables of the Windows 11 machine with the rows that it warns of;
+- `system`, if it says what Windows or another program does, which no test here can check;
+- `words`, if it says what a thing is, or gives advice;
+- `about`, if it uses the words of finding, keeping and removing, but claims nothing.
 
-A sentence that is not in the table fails, and so does one of the table that nobody reads any more."""
+A sentence that is missing in the table fails the test, and so does one of the table that is in none of the texts."""
 import html
 import re
 import unittest

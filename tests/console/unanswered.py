@@ -1,4 +1,4 @@
-"""Existence tests that the host doesn't answer: no right to look, or no handle left to look with."""
+"""Files whose existence can't be checked: no right to look, or no handle left."""
 import json
 import os
 import resource
@@ -58,7 +58,7 @@ class Unanswered(Machine):
         locked = self.folder / "drives/C/Program Files"
         self.addCleanup(locked.chmod, 0o700)
         if os.geteuid() == 0:
-            # Of the machine all but the folder belongs to the ordinary user who runs the program.
+            # The user who runs the program owns everything on the machine except the folder.
             for path in [self.folder, *self.folder.rglob("*")]:
                 if locked not in [path, *path.parents]:
                     os.chown(path, NOBODY, NOBODY)

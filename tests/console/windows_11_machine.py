@@ -39,7 +39,7 @@ Expected = collections.namedtuple("Expected", "artefact terms why")
 
 
 def found(row):
-    """What a row stands for: the path of a file or folder, or the action."""
+    """The path of a row's file or folder, or its action."""
     if row["Tag"] in ("F", "P"):
         return Found(row["Type"], row["Location"].rstrip("\\") + "\\" + row["Name"], row["Checked"])
     return Found(row["Type"], row["Tag"], row["Checked"])
@@ -127,7 +127,7 @@ class Tables(unittest.TestCase):
         self.assertEqual(sorted(set(untold)), [])
 
     def test_every_function_of_the_window_has_an_artefact(self):
-        """But for those whose stores Windows 11 has not any more."""
+        """Except those whose stores Windows 11 no longer has."""
         without = {"advanced_duplicate_files", "appearance_schemes", "mui_cache_issues", "start_menu_ordering_issues",
                    "uninstall_files_for_windows_update", "wesh"}
         pages = help_pages()

@@ -6,8 +6,8 @@
 
 namespace tavix {
 
-// A machine's files with names that end in a blank or a dot besides, which other systems and programs can
-// make: each folder lists them at its end, and they can't be looked at by their paths.
+// A machine whose folders also list names that end in a blank or a dot. Other systems and programs can make
+// such files. Windows lists them, but can't look at them by their paths.
 class OddNames : public machine::MemoryFileSystem {
  public:
   using MemoryFileSystem::MemoryFileSystem;
@@ -35,7 +35,7 @@ class OddNames : public machine::MemoryFileSystem {
       }
       return true;
     }
-    // The system drops what ends such a name, and so comes to what bears the rest of it.
+    // Windows drops the blanks and dots at the end, and opens the folder with the shorter name.
     std::unique_ptr<OpenFolder> Open(TextView name) override {
       const auto end = name.find_last_not_of(u" .") + 1;
       auto below = plain->Open(name.substr(0, end));

@@ -33,7 +33,7 @@ TYPES = {
     "Windows Size and Location Caches", "Old Prefetch data"}
 
 
-# The time a run takes, and a frame as wide as the host's screen makes it.
+# The time of a run, and the width that depends on the screen, differ.
 OF_THE_HOST = ("lblTime", "lblProgMI", "lblProgMO")
 
 

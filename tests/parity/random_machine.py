@@ -75,7 +75,7 @@ class RandomMachine:
         taken = {entry.name.upper() for entry in folder.iterdir()}
         for _ in range(self.random.randrange(2, 12)):
             name = self.name(special)
-            # A name that differs from another in letter case alone can't be on Windows.
+            # On Windows, two names can't differ in letter case alone.
             if name.upper() in taken or name.casefold() in {other.casefold() for other in taken}:
                 continue
             taken.add(name.upper())
@@ -89,7 +89,7 @@ class RandomMachine:
             self.file(folder / "big.log", 5 * 1024**3 + 7)
 
     def deep(self, path, depth):
-        """A chain of folders whose path grows far over 260 characters."""
+        """A chain of folders whose path is much longer than 260 characters."""
         at = self.live.place(path)
         for level in range(depth):
             at = at / f"level {level} of a chain of folders with long names"

@@ -69,7 +69,7 @@ class Live:
         }
 
     def place(self, path):
-        """The host's file of a path on drive C, made nowhere: names that are there keep their letter case."""
+        """The host's path of a file on drive C. Makes nothing; names that exist keep their letter case."""
         at = self.drive_c
         for name in path[3:].split("\\"):
             there = at.is_dir() and next((e.name for e in at.iterdir() if e.name.casefold() == name.casefold()), None)

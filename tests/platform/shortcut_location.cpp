@@ -39,7 +39,7 @@ TEST(ShortcutLocation, ReadsEachForm) {
       {{.flags = 0, .path = u"", .suffix = u"b"}, u""},
   };
   for (const auto& [location, onVolume, onShare] : kCases) {
-    SCOPED_TRACE(Case(location));
+    SCOPED_TRACE(Case(onVolume));
     const LocationPaths paths = Read(LocationBlock(location));
     EXPECT_EQ(paths.onVolume, onVolume);
     EXPECT_EQ(paths.onShare, onShare);

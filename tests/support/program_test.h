@@ -9,7 +9,7 @@
 
 namespace tavix {
 
-// Puts every process-wide variable back to what it is at the start of the process.
+// Gives every process-wide variable its value at the start of the process.
 void ResetProcess();
 
 // A result row as tests compare it.
@@ -56,7 +56,7 @@ class ProgramTest : public testing::Test {
   machine::StandingClock& clock = machine.clock;
 
  private:
-  // Goes before the machine does.
+  // Destroyed before the machine.
   struct Reset {
     ~Reset() { ResetProcess(); }
   } reset_;

@@ -1,4 +1,4 @@
-"""Reads exports of the registry editor, by a few lines that know nothing of the program's own reader."""
+"""Reads exports of the registry editor. Shares no code with the program's own reader."""
 import re
 
 NAMED = re.compile(r'^(@|"(?:[^"\\]|\\.)*")=(.*)$', re.S)
@@ -9,7 +9,7 @@ def plain(quoted):
 
 
 def read(raw):
-    """{key: {value name: data as it is written}} of one file; keys in capitals, with all that lie above them."""
+    """{key: {value name: data as it is written}} of one file. Keys are in capitals; those above them are there too."""
     wide = raw[:2] in (b"\xff\xfe", b"\xfe\xff")
     text = (raw.decode("utf-16") if wide else raw.decode("utf-8-sig")).replace("\r\n", "\n")
     keys, values = {}, None
@@ -25,7 +25,7 @@ def read(raw):
 
 
 def read_folder(folder):
-    """All of a machine's registry."""
+    """The whole registry of a machine folder."""
     keys = {}
     for file in sorted(folder.glob("*.reg")):
         for key, values in read(file.read_bytes()).items():
@@ -34,7 +34,7 @@ def read_folder(folder):
 
 
 def without_key(keys, key):
-    """What stays when a key goes with everything below it."""
+    """What is left after a key and everything below it is deleted."""
     key = key.upper()
     return {name: values for name, values in keys.items() if name != key and not name.startswith(key + "\\")}
 

@@ -1,10 +1,11 @@
 #!/usr/bin/env python3
 """Runs the C++ tests in a private Wine prefix: run_under_wine.py TAVIX-TESTS.EXE [ARGUMENT]...
 
-The prefix, build/wine/tests, is made anew each time. Program and sources are copied into its folder C:\\Tests, the
-sources' neighbour `shared` with them, and the report comes out into the current folder, as tavix-tests.xml. A folder
-on another volume, if this machine has one, is lent to the tests as a share of a network, so that they can move files
-from volume to volume: it is no drive, and is empty and gone with them."""
+The prefix, build/wine/tests, is made anew each time. Program and sources are copied into its folder C:\\Tests, and so
+is `shared` beside the sources. The report is copied into the current folder as tavix-tests.xml.
+
+If this machine has a second volume, the tests get an empty folder on it, so that they can move files from volume to
+volume. They see it as a network share, not as a drive. It is deleted after them."""
 import os
 import pathlib
 import subprocess
@@ -22,7 +23,7 @@ REPORT = "tavix-tests.xml"
 
 
 def copy_sources_in(prefix):
-    """Where SourceFolder() of the tests is."""
+    """Copies what tests read into the prefix. Returns the folder that SourceFolder() gives there."""
     sources = FOLDER + "/tavix"
     wine_prefix.copy_in(prefix, TOP / "res", sources)
     data = TOP.parent / "shared" / "data"
@@ -32,7 +33,7 @@ def copy_sources_in(prefix):
 
 
 def lend(prefix, folder):
-    """Makes a folder of this machine a share of a network; its path in the prefix."""
+    """Makes a folder of this machine a network share of the prefix. Returns its path there."""
     server = prefix / "dosdevices" / "unc" / "tests"
     server.mkdir(parents=True)
     (server / "volume").symlink_to(folder)

@@ -4,8 +4,8 @@
 
 namespace tavix {
 
-// The top folder of this project's sources, for tests that read its files: the one that TAVIX_SOURCES in the
-// environment names, where a copy was made for them, and the one that was compiled otherwise.
+// The top folder of this project's sources, for tests that read its files. TAVIX_SOURCES in the environment
+// names it if there is a copy for the tests; otherwise it is the folder that was compiled.
 std::string SourceFolder();
 
 }  // namespace tavix

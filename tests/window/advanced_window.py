@@ -19,7 +19,7 @@ class Advanced(SeededMachine):
 
     def setUp(self):
         super().setUp()
-        # What a fresh system holds stays out of it.
+        # Only this folder is scanned: what a fresh system holds may change.
         self.folder = self.machine.drive_c / "Archive"
         self.folder.mkdir()
         (self.folder / "Empty").mkdir()
@@ -29,7 +29,7 @@ class Advanced(SeededMachine):
         self.program.key("a")
         shown = self.program.wait_until("the page", lambda s: s.control(FUNCTIONS)["visible"])
         self.assertTrue(shown.control(SCOPE)["visible"])
-        # The drive is opened by a click, and all of it but the one folder is unticked.
+        # Untick the drive, open it, and tick the one folder.
         self.program.click(shown.node("My Computer")["rect"], x=-8)
         shown = self.program.wait_until("the ticks to go", lambda s: not s.node(" (C:)")["checked"])
         self.program.click(shown.node(" (C:)")["rect"])

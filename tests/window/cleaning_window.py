@@ -46,7 +46,7 @@ class Cleaning(SeededMachine):
         return registry_text.without_key(self.machine.registry(SOFTWARE), SOFTWARE + "\\Wine")
 
     def check_registry(self, keep=()):
-        """All that was found has gone but for the typed URLs to keep, and all else is as it was."""
+        """Everything that was found is gone, except the typed URLs to keep; everything else is unchanged."""
         expected = self.before
         for key, pairs in ((TYPED_URLS_KEY, TYPED_URLS), (EXPLORER_KEY + "\\RunMRU", RUN_HISTORY),
                            (SEARCH_KEY, SEARCHES)):
@@ -87,7 +87,7 @@ class Cleaning(SeededMachine):
         self.assertEqual(shown.text(SUM), f"Sum: {scanned.row_count} items, 0. KB cleaned.")
         self.check_calls()
         self.check_registry()
-        # What stands for a whole store is found again.
+        # The rows for whole stores are always found.
         self.assertEqual([row[0] for row in self.rows(self.program.scan())], STANDING["before"] + STANDING["behind"])
 
     def test_nothing_happens_without_rows(self):
@@ -147,7 +147,7 @@ class StartAndStop(DataTree):
             self.assertLessEqual({"S", "H"}, self.attributes(path), path)
 
     def contents(self):
-        """What stands in the folders of the program: names, times of change and bytes, and attributes of its files."""
+        """The files in the folders of the program: names, times of change, bytes and attributes."""
         found = {}
         for top in (self.data.parent, self.machine.drive_c / "TVXBak"):
             for path in (top, *top.rglob("*")):
@@ -176,7 +176,7 @@ class StartAndStop(DataTree):
         self.assertFalse(left.exists())
         self.assertTrue(left.parent.is_dir())
         self.assertEqual(self.settings_file.read_bytes(), b"[Cleaning Method]\r\nMethod=S\r\n")
-        # Now there is no other.
+        # The first copy has ended, so this one starts.
         self.close(self.start())
 
     def test_settings_are_kept_as_they_stand(self):

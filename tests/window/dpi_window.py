@@ -18,7 +18,7 @@ class Resolution(SeededMachine):
         if dpi != 96:
             self.machine.run("reg", "add", r"HKCU\Control Panel\Desktop", "/v", "LogPixels", "/t", "REG_DWORD", "/d",
                              str(dpi), "/f")
-            # Read at the start of the system.
+            # Windows reads it when it starts.
             subprocess.run(["wineserver", "-k"], env=self.machine.environment, check=False)
             subprocess.run(["wineserver", "-w"], env=self.machine.environment, check=False)
         self.machine.set_interface_size("Auto")

@@ -52,7 +52,7 @@ def messages(catalogue="en"):
 
 
 def wait_for(what, condition):
-    """The first true value of condition()."""
+    """Calls condition() until it is true; returns that value."""
     end = time.monotonic() + PATIENCE
     while True:
         value = condition()
@@ -68,8 +68,8 @@ def environment(prefix, display):
 
 
 def stand_in():
-    """A rundll32.exe that only notes its calls: what the program asks of the system's own is missing in Wine, and
-    would open a crash dialog."""
+    """A rundll32.exe that only notes its calls. Wine's own lacks what the program asks of it, and opens a crash
+    dialog."""
     program = WORK / "rundll32.exe"
     if not program.exists():
         made = WORK / f"rundll32-{os.getpid()}.exe"
@@ -110,7 +110,7 @@ class Machine:
 
     @classmethod
     def on(cls, prefix, size):
-        """The machine of a prefix that stays when it is left."""
+        """A machine over an existing prefix, which leave() keeps."""
         machine = cls.__new__(cls)
         machine._open(prefix, size)
         return machine
@@ -131,14 +131,14 @@ class Machine:
         wine_prefix.remove(self.prefix)
 
     def tool(self, program):
-        """The path on drive C: of a program of this machine, which is copied there when it is asked for first."""
+        """The path on drive C: of a program of this machine. The first call copies it there."""
         if program not in self._tools:
             self._tools[program] = wine_prefix.copy_program_in(self.prefix, program, TESTS)
         return self._tools[program]
 
     def run(self, *command, allowed=(0,)):
-        """Runs a Windows program to its end; what it printed. None for another exit status than 0 that is allowed. A
-        program of this machine is copied into the prefix."""
+        """Runs a Windows program to its end. Returns what it printed, or None if it ended with another allowed exit
+        status than 0. A program of this machine is copied into the prefix first."""
         program, *arguments = command
         if isinstance(program, pathlib.Path):
             program = wine_prefix.windows_path(self.prefix, program) or self.tool(program)
@@ -155,7 +155,7 @@ class Machine:
             return output.read().decode("utf-8") if status == 0 else None
 
     def seed(self, registry_text):
-        """Imports text of the registry editor's form, without its first line."""
+        """Imports an export of the registry editor, given without its first line."""
         file = self.drive_c / "seed.reg"
         text = "Windows Registry Editor Version 5.00\n\n" + registry_text
         file.write_bytes(text.replace("\n", "\r\n").encode("utf-16"))
@@ -179,7 +179,7 @@ class Machine:
         file.write_bytes(text)
 
     def note_rundll32_calls(self):
-        """Puts the stand-in in the way of the system's rundll32.exe."""
+        """Replaces the system's rundll32.exe by the stand-in."""
         self.run("reg", "add", "HKCU\\Software\\Wine\\DllOverrides", "/v", "rundll32.exe", "/d", "native", "/f")
         target = self.drive_c / "windows" / "system32" / "rundll32.exe"
         target.unlink(missing_ok=True)
@@ -201,7 +201,7 @@ class Program:
     def _opened(self):
         if self._process.poll() is not None:
             raise AssertionError(f"tavix.exe ended with {self._process.returncode}")
-        # 1 is the reader's answer as long as there is no window.
+        # The reader ends with 1 while there is no window.
         output = self.machine.run(READER, allowed=(0, 1))
         scan = Shown.of(output).controls.get(SCAN) if output is not None else None
         return scan is not None and scan["visible"]

@@ -1,4 +1,4 @@
-"""A link, or another user's folder, stands where the real program's data is to lie. Run by CTest, or:
+"""A link, or another user's folder, is where the real program keeps its data. Run by CTest, or:
 TAVIX_BUILD=build/windows python3 -m unittest foreign_data_window"""
 import os
 import unittest

@@ -24,7 +24,7 @@ class Help : public ProgramTest {
     machine.journal.Clear();
   }
 
-  // The one target that was run since the last call, maximised; empty where none was.
+  // The one target that was run, maximized, since the last call; empty if there was none.
   Text Target() {
     const auto entries = machine.journal.Entries();
     machine.journal.Clear();

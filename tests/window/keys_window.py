@@ -127,7 +127,7 @@ class OneClick(KeysCase):
 
 
 class DuringAScan(SeededMachine):
-    """The temporary folder has so many folders that there is time for keys."""
+    """The temporary folder has enough folders to press keys during the scan."""
     FOLDERS = 40000
 
     def setUp(self):

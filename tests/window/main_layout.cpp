@@ -63,8 +63,8 @@ Controls PlacedControls() {
   };
 }
 
-// Controls that lie on one another: grounds, places shared by two, and the scope tree over the free part
-// of the function list.
+// Controls that may overlap: backgrounds, pairs that share a place, and the scope tree over the free part of
+// the function list.
 bool MayOverlap(const std::string& a, const std::string& b) {
   static const std::set<std::pair<std::string, std::string>> pairs = {
       {"lst", "trvPrivacy"},    {"lst", "trvRes"},         {"trvPrivacy", "trvRes"},

@@ -87,7 +87,7 @@ class OptionsCase(SeededMachine):
         if self.dpi != 96:
             self.machine.run("reg", "add", r"HKCU\Control Panel\Desktop", "/v", "LogPixels", "/t", "REG_DWORD", "/d",
                              str(self.dpi), "/f")
-            # Read at the start of the system.
+            # Windows reads it when it starts.
             subprocess.run(["wineserver", "-k"], env=self.machine.environment, check=False)
             subprocess.run(["wineserver", "-w"], env=self.machine.environment, check=False)
         self.folder = self.machine.drive_c / "Tavix"
@@ -100,7 +100,7 @@ class OptionsCase(SeededMachine):
         self.program = self.start(program=self.folder / "tavix.exe")
 
     def before(self):
-        """What is to be there when the program starts."""
+        """Prepares the machine before the program starts."""
 
     # Windows.
 
@@ -135,7 +135,7 @@ class OptionsCase(SeededMachine):
         self.program.key(*names)
 
     def key_held(self, held, name):
-        """A key that is let go before the one that is held."""
+        """Presses and releases a key while another one is held down."""
         subprocess.run(["xdotool", "keydown", held, "key", name, "keyup", held], env=self.machine.environment,
                        check=True)
 
@@ -170,7 +170,7 @@ class OptionsCase(SeededMachine):
         return driver.wait_for("a box", self.box)
 
     def choose_documents(self):
-        """Chooses the second folder that the chooser offers, which Wine gives with a separator at its end."""
+        """Chooses the second folder that the chooser offers. Wine adds a separator to its path."""
         self.wait_for_box()
         self.key("Down", "Return")
         user = next(f for f in (self.machine.drive_c / "users").iterdir() if f.name != "Public")
@@ -187,7 +187,7 @@ class OptionsCase(SeededMachine):
         self.assertEqual(self.answer(key), text)
 
     def expect_no_message(self):
-        """A box would have come before the keys by which the focus goes on and comes back, and would get them."""
+        """Moves the focus on and back. A box would have opened before, and would get these keys."""
         before = self.window().focus()
         self.key("Tab")
         self.wait_for_window("the focus to go on", lambda w: w.focus() not in (before, None))

@@ -60,7 +60,7 @@ bool Contains(const Bounds& room, const Bounds& place) {
          place.Bottom() <= room.Bottom();
 }
 
-// The real list looks up its columns when it hears of a change.
+// The real list reads its columns when they change.
 TEST_P(OptionsLayout, AListHearsOfTheWidthsOfItsColumns) {
   struct Shown : ControlPeer {
     explicit Shown(ListView& model) : list(model) { list.peer = this; }
@@ -131,7 +131,7 @@ TEST_P(OptionsLayout, NoCaptionIsCut) {
   for (const Label& label : form.lblOOSize) EXPECT_GE(label.Width, Words(label));
 }
 
-// How many lines a text takes that is broken at its blanks.
+// The number of lines of a text that wraps at its blanks.
 int LinesOf(TextView text, int lettersOfALine) {
   int lines = 1, used = -1;
   for (const TextView word : Split(text, u" ")) {

@@ -132,7 +132,7 @@ class Numbers(OptionsCase):
             act()
             self.refused(OTHERS, FILE_DAYS, " 59.")
         self.assertEqual((self.machine.drive_c / "MORVDataPath/TVX/tvx.dll").read_bytes(), before)
-        # Two refused ones don't ask for each other for ever.
+        # Two boxes with refused numbers don't pass the focus back and forth.
         self.key("Escape")
         self.wait_for_close(OPTIONS_WINDOW)
 

@@ -9,7 +9,7 @@ import update_program
 from driver import wait_for
 
 PROGRAMS = ("HH.exe", "hh.com", "RunDll32.exe", "regedit.exe", "ntsd.exe")
-# Not version.dll: Wine's own user32 takes that along before the program's first instruction, and looks for it here.
+# Not version.dll: Wine's own user32 loads it before the program's first instruction, and from these folders.
 LIBRARIES = ("uxtheme.dll", "winhttp.dll", "shell32.dll", "shlwapi.dll", "oleaut32.dll")
 
 
@@ -34,7 +34,7 @@ class Planted(update_program.UpdateTest):
                 shutil.copy(program, folder / name)
             for name in LIBRARIES:
                 shutil.copy(library, folder / name)
-        # Wine prefers its own libraries unless it is told, and would not take one of these from anywhere.
+        # Without these settings, Wine would use its own libraries wherever others are.
         cls.machine.seed("".join(
             f"[HKEY_CURRENT_USER\\Software\\Wine\\AppDefaults\\{program}\\DllOverrides]\n"
             + "".join(f'"{library[:-4]}"="native,builtin"\n' for library in LIBRARIES)

@@ -1,4 +1,4 @@
-"""The prefixes that `./run`, the tests and the release's check make have no way out to this machine. Run by CTest, or:
+"""The prefixes that `./run`, the tests and the release's check make can't reach this machine. Run by CTest, or:
 TAVIX_BUILD=build/windows python3 -m unittest private_prefix"""
 import json
 import os
@@ -8,7 +8,7 @@ import subprocess
 import tempfile
 import unittest
 
-import driver  # first: it knows where the tools are
+import driver  # first: it adds the folder of the tools to the path
 import copy_sample
 import seed_prefix
 import wine_prefix

@@ -110,13 +110,13 @@ class Results(RealWindow):
     def test_a_header_sorts_and_turns(self):
         shown = self.program.scan()
         names = shown.names()
-        # The first click ever turns the direction that the list starts with, which is ascending.
+        # The list starts ascending, and the first click reverses that.
         self.program.click(shown.columns[1]["rect"])
         downwards = self.program.wait_until("the first order", lambda s: s.names() != names).names()
         self.program.screenshot("sorted")
         self.program.click(shown.columns[1]["rect"])
         upwards = self.program.wait_until("the second order", lambda s: s.names() != downwards).names()
-        # However quickly it comes after the click before.
+        # A quick second click counts as well.
         self.program.click(shown.columns[1]["rect"])
         self.program.click(shown.columns[1]["rect"])
         self.assertEqual(self.program.settle().names(), upwards)

@@ -78,7 +78,7 @@ class SeededMachine(unittest.TestCase):
         return [row["texts"] for row in shown.rows]
 
     def untick_file_functions(self, program):
-        """Leaves ticked what looks at the registry alone."""
+        """Unticks every function that looks at files."""
         shown = program.read()
         for name in FILE_FUNCTIONS:
             program.click(shown.node(name)["rect"], x=-8)

@@ -2,7 +2,7 @@
 #include "forms/main_form.h"
 #include "scan/registry_test.h"
 
-// What the help tells of safety, where no other test holds it.
+// What the help says of safety and no other test checks.
 namespace tavix::mdlPubSelf {
 namespace {
 

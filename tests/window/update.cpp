@@ -246,7 +246,7 @@ TEST_F(UpdateCheck, TheCheckIsTheLastStepOfTheStart) {
     std::function<void()> changed;
     void ModelChanged() override { changed(); }
   } watch;
-  // The address of the first fetch is set when everything else stands.
+  // The first fetch's address is set last.
   watch.changed = [&] {
     ready = frmPubMain.webGIF.Address != u"" && frmPubMain.trvPrivacy.NodeCount() > 0 && frmPubMain.Width > 0;
   };

@@ -65,7 +65,7 @@ class UpdateTest(unittest.TestCase):
         cls.machine = driver.Machine()
         cls.addClassCleanup(cls.machine.close)
         cls.box_reader = box_reader()
-        # What opens web addresses only notes its call.
+        # The stand-in for the browser only notes its call.
         shutil.copy(driver.stand_in(), cls.machine.drive_c / "browser.exe")
         cls.machine.seed('[HKEY_CLASSES_ROOT\\http\\shell\\open\\command]\n@="C:\\\\browser.exe \\"%1\\""\n'
                          '[-HKEY_CLASSES_ROOT\\http\\shell\\open\\ddeexec]\n')
@@ -140,7 +140,7 @@ class UpdateTest(unittest.TestCase):
         self.assertEqual(process.wait(timeout=driver.PATIENCE), 0)
 
     def wait_for_the_window_alone(self, process):
-        """The window comes up, and no box before it."""
+        """Waits for the window. No box may show before it."""
 
         def look():
             self.assertIsNone(self.try_box())
@@ -290,7 +290,7 @@ class ByHand(UpdateTest):
         self.assertEqual(wait_for("the browser", self.machine.rundll32_calls), [f'"{self.site.address}"'])
         self.key("Escape")
         wait_for("the about window to go", lambda: self.try_box("TavixAboutWindow") is None)
-        # The main window is in reach again.
+        # The main window takes keys again.
         self.key("F3")
         wait_for("the scan", lambda: self.window().text(STATUS).startswith("Finished"))
         self.close_window(process)

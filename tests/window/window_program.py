@@ -1,4 +1,4 @@
-"""Runs the tests that hold the real window within their own program."""
+"""Runs the C++ tests that open the real window in their own process."""
 import unittest
 
 import driver
@@ -8,7 +8,7 @@ class WindowProgram(unittest.TestCase):
     def test_all(self):
         machine = driver.Machine()
         self.addCleanup(machine.close)
-        # Without a window manager the closing of a managed window is waited for in vain.
+        # Without a window manager, Wine would wait forever for a managed window to close.
         machine.run("reg", "add", r"HKCU\Software\Wine\X11 Driver", "/v", "Managed", "/d", "N", "/f")
         print(machine.run(driver.BUILD / "tavix-window-tests.exe", "--gtest_brief=1"))
 

@@ -13,10 +13,7 @@ bool IsEnter(LPARAM lParam) {
 }
 
 ControlName PictureName(const PictureBox& model) {
-  return {[&model] {
-    const Text& name = model.AccessibleName.Get();
-    return name.empty() ? model.ToolTipText.Get() : name;
-  }};
+  return {[&model] { return model.ToolTipText.Get(); }};
 }
 
 }  // namespace

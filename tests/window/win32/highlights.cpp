@@ -9,7 +9,7 @@ namespace {
 
 int notices = 0;
 
-// Counts what the list tells of changes of its rows.
+// Counts the notifications of changed rows.
 LRESULT CALLBACK CountNotices(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR) {
   if (message == WM_NOTIFY) {
     const UINT code = reinterpret_cast<const NMHDR*>(lParam)->code;
@@ -116,7 +116,7 @@ TEST_F(Highlights, ManyRowsAreHighlightedAndLeftInAFewMessages) {
   EXPECT_LE(notices, 10);
 }
 
-// How long it takes stands in the report; it is not a thing to fail for on a busy machine.
+// The report has the times. No limit is checked, since the machine may be busy.
 TEST_F(Highlights, AMillionRowsAreHighlightedAndLeft) {
   constexpr int kRows = 1'000'000;
   AddRows(kRows);

@@ -1,8 +1,10 @@
-// Prints what the main window shows, read from outside by messages: one JSON object a line, UTF-8. A
-// control as {"control":id,"text":...}, then the columns and rows of the result list, the rows of the
-// function list and the nodes of the trees; of a list the first thousand rows. Rectangles are left, top,
-// right, bottom on the screen. With the class of another window as its argument it prints that one: each list
-// and tree behind its control, then the title.
+// Prints what the main window shows: one JSON object a line, in UTF-8. It reads the window from another
+// process, by messages. First comes the window itself, then each control as {"control":id,"text":...}, then
+// the columns and rows of the result list, the rows of the function list and the nodes of the trees. Only the
+// first thousand rows of a list are printed. Rectangles are left, top, right, bottom on the screen.
+//
+// With the class of another window as its argument it prints that one: each list and tree after its control,
+// and the title last.
 
 // clang-format off
 #include "platform/windows/windows_api.h"
@@ -30,7 +32,7 @@ constexpr int kMostRows = 1000;
 // Whether an ampersand in a caption marks a letter.
 bool lettersAreMarked = false;
 
-// Room in the other process for one message's structure with its text.
+// Memory in the other process for the structure and the text of one message.
 class RemoteRoom {
  public:
   explicit RemoteRoom(HWND window) : window_(window) {
@@ -85,8 +87,8 @@ std::string Quoted(const Text& text) {
   return json + '"';
 }
 
-// The room that the text takes in the system's message font: on one line, or wrapped to the control's width
-// where that is a label of several lines.
+// The size of the text in the system's message font: on one line, or wrapped to the control's width for a
+// label of several lines.
 std::string TextRoom(HWND control, const wchar_t* text, RECT area) {
   NONCLIENTMETRICSW metrics{};
   metrics.cbSize = sizeof metrics;
@@ -193,7 +195,7 @@ void PrintNodes(const RemoteRoom& room, HWND tree, HTREEITEM first, int level) {
     item.cchTextMax = kTextRoom;
     room.Send(tree, TVM_GETITEMW, 0, item);
     const Text text = room.ReadText();
-    // The label's place, which the message takes the node in.
+    // The message takes the node where it returns the rectangle.
     union {
       HTREEITEM node;
       RECT area;
@@ -241,8 +243,12 @@ BOOL CALLBACK PrintContent(HWND control, LPARAM window) {
 }
 
 int PrintWindow(const wchar_t* className) {
-  const HWND window = FindWindowW(className, nullptr);
-  if (window == nullptr || IsWindowVisible(window) == FALSE) return 1;
+  // A class may have several windows, such as tool tips; at most one is visible.
+  HWND window = nullptr;
+  do {
+    window = FindWindowExW(nullptr, window, className, nullptr);
+    if (window == nullptr) return 1;
+  } while (IsWindowVisible(window) == FALSE);
   lettersAreMarked = true;
   EnumChildWindows(window, PrintContent, reinterpret_cast<LPARAM>(window));
   std::array<wchar_t, kTextRoom> title{};

@@ -110,13 +110,13 @@ TEST_F(TreeBindingTest, AnArrowKeyIsAClickOnTheNodeThatItBringsTheFocusTo) {
   Send(tree, TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(RootItem()));
   Press(tree, VK_DOWN);
   Press(tree, VK_DOWN);
-  Press(tree, VK_DOWN);  // there is no further one
+  Press(tree, VK_DOWN);  // already at the last one
   Press(tree, VK_UP);
   EXPECT_EQ(clicks, (std::vector<Text>{u"first", u"second", u"first"}));
   EXPECT_TRUE(checks.empty());
 }
 
-// There a click would open and close what the key only goes past.
+// A click there would expand or collapse a node that the key only passes.
 TEST_F(TreeBindingTest, AnArrowKeyInATreeThatFoldsOnlyMovesTheFocus) {
   TreeView& scope = frmPubMain.trvRes;
   Model().Visible = false;
@@ -153,7 +153,7 @@ TEST_F(TreeBindingTest, SpaceTurnsTheTickAndEnterClicks) {
 
 TEST_F(TreeBindingTest, OpeningAndClosingReachesTheModel) {
   Send(tree, TVM_EXPAND, TVE_COLLAPSE, reinterpret_cast<LPARAM>(RootItem()));
-  // By the program nothing is told; by the user it is.
+  // A change by the program raises no event; one by the user does.
   NMTREEVIEWW told{};
   told.hdr = {tree, kIdPrivacyTree, static_cast<UINT>(TVN_ITEMEXPANDEDW)};
   told.action = TVE_COLLAPSE;

@@ -19,7 +19,7 @@ namespace tavix::win32 {
 class WindowTest : public testing::Test {
  protected:
   void SetUp() override {
-    // The models are process-wide; the window takes them as they are, so they are emptied first.
+    // The models are process-wide, and the window shows what they hold: reset them.
     frmPubMain.lsvResult.Sorted = false;
     frmPubMain.lsvResult.Clear();
     frmPubMain.lst.Clear();
@@ -46,7 +46,7 @@ class WindowTest : public testing::Test {
     f.timLoader.Interval = 0;
     queue.reset();
     window.reset();
-    // The window's end is a message of its own, which must not end the next test.
+    // The window posts WM_QUIT when it closes; the next test must not find it.
     MSG message;
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
     }
@@ -63,7 +63,7 @@ class WindowTest : public testing::Test {
   // A press and release of the left button at a point of the control.
   static void Click(HWND control, int x, int y, UINT press = WM_LBUTTONDOWN) {
     const LPARAM point = MAKELPARAM(x, y);
-    // Release first into the queue: pressing on text runs a loop that looks for it.
+    // Post the release first: pressing on text runs a loop that waits for it.
     PostMessageW(control, WM_LBUTTONUP, 0, point);
     Send(control, press, MK_LBUTTON, point);
   }
