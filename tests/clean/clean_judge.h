@@ -6,7 +6,7 @@
 
 #include "clean/clean_oracle.h"
 #include "clean/lost_trial.h"
-#include "platform/machine/journal.h"
+#include "platform/machine/services/journal.h"
 
 namespace tavix::lost {
 
