@@ -161,7 +161,7 @@ void sbtClean_Click() {
   form.lblProgMI.Visible = true;
   form.lblProgMI.Width = 0;
   // A one-click run started the clock at its scan.
-  if (form.picOne.BorderStyle == 0 && platform::clock != nullptr) form.JobStart = platform::clock->Now();
+  if (form.picOne.BorderStyle == 0) form.JobStart = platform::clock->Now();
   form.lblProgMO.BorderStyle = 1;
   form.webGIF.Visible = true;
   do {
@@ -204,7 +204,6 @@ void sbtClean_Click() {
 void sbtRepair_Click() { sbtClean_Click(); }
 
 void ClearSystemLog(TextView log) {
-  if (platform::eventLogs == nullptr) return;
   const auto handle = platform::eventLogs->Open(log);
   platform::eventLogs->Clear(handle);
   platform::eventLogs->Close(handle);

@@ -67,7 +67,7 @@ Text KeyPath(TextView tag) {
 // The registry editor opens where it was closed last. One that runs is ended first, since it would write
 // down its own place at its end.
 void OpenRegistryEditor(TextView keyPath) {
-  if (platform::shell != nullptr) platform::shell->RunHidden(u"ntsd -c q -pn regedit.exe cmd.exe");
+  platform::shell->RunHidden(u"ntsd -c q -pn regedit.exe cmd.exe");
   int status = 0;
   pubRegistry.WriteValue(1, platform::Hive::CurrentUser,
                          u"Software\\Microsoft\\Windows\\CurrentVersion\\Applets\\Regedit", u"LastKey",

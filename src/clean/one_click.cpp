@@ -11,8 +11,7 @@ namespace {
 // Whatever isn't a Yes cleans nothing.
 bool UserAgrees() {
   constexpr int kStyle = platform::kYesNo | platform::kInformation;
-  return platform::dialogs != nullptr &&
-         platform::dialogs->MsgBox(GetMessageText(u"ONE_CLICK"), kStyle) == platform::kYes;
+  return platform::dialogs->MsgBox(GetMessageText(u"ONE_CLICK"), kStyle) == platform::kYes;
 }
 
 void ScanAndClean() {

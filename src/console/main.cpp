@@ -66,7 +66,7 @@ int RunOverSystem(const console::Options& options) {
   console::UnattendedDialogs unattended;
   platform::dialogs = &unattended;
   // Nobody is there to be offered a new version.
-  platform::network = nullptr;
+  platform::network = platform::noNetwork;
   machine::StandingClock standing(options.now.value_or(0));
   if (options.now) platform::clock = &standing;
   return Finish(console::RunSession(options, error), error);

@@ -39,7 +39,6 @@ void RemoveFromFile(TextView pattern) {
 
 // A last line without an end would grow together with the one behind it.
 void EndLastLine() {
-  if (platform::fileSystem == nullptr) return;
   const auto content = platform::fileSystem->ReadFile(kUserJunkFile);
   if (!content) return;
   const Text text = DecodeTextFile(*content).text;
@@ -68,8 +67,7 @@ void EditType() {
 
 bool UserWantsToDelete() {
   constexpr int kStyle = platform::kYesNoCancel | platform::kQuestion;
-  return platform::dialogs != nullptr &&
-         platform::dialogs->MsgBox(GetMessageText(u"DEL_TYPE_PROMPT"), kStyle) == platform::kYes;
+  return platform::dialogs->MsgBox(GetMessageText(u"DEL_TYPE_PROMPT"), kStyle) == platform::kYes;
 }
 
 void DeleteTypes() {

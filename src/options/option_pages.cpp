@@ -14,7 +14,6 @@ namespace {
 
 // The answer without blanks around it; empty when there is none.
 Text Ask(TextView promptKey, TextView offered) {
-  if (platform::dialogs == nullptr) return {};
   return Text(Trim(platform::dialogs->InputBox(GetMessageText(promptKey), offered).value_or(u"")));
 }
 

@@ -14,8 +14,9 @@ inline int64_t CalendarDay(platform::DateTime time) {
 
 // Midnights between a time and now, below zero for a later day. Nothing where it isn't known what day it is.
 inline std::optional<int64_t> CalendarDaysSince(platform::DateTime time) {
-  if (platform::clock == nullptr) return std::nullopt;
-  return CalendarDay(platform::clock->Now()) - CalendarDay(time);
+  const platform::DateTime now = platform::clock->Now();
+  if (now == platform::kUnknownTime) return std::nullopt;
+  return CalendarDay(now) - CalendarDay(time);
 }
 
 }  // namespace tavix::mdlPubSelf

@@ -31,7 +31,6 @@ void AddRegistryRow(TextView type, TextView name, TextView actionString) {
 
 // Leaves the count as it is where the log can't be read.
 void CountRecords(TextView log, uint32_t& count) {
-  if (platform::eventLogs == nullptr) return;
   const auto handle = platform::eventLogs->Open(log);
   Set(count, platform::eventLogs->Count(handle));
   platform::eventLogs->Close(handle);

@@ -6,7 +6,7 @@ namespace tavix::mdlPubSelf {
 
 // A variable of the environment; empty where it isn't set.
 inline Text EnvironmentText(TextView name) {
-  return platform::shell != nullptr ? platform::shell->EnvironmentVariable(name).value_or(Text()) : Text();
+  return platform::shell->EnvironmentVariable(name).value_or(Text());
 }
 
 // The folder of Windows, with no backslash at the end; empty when it isn't known.

@@ -16,7 +16,7 @@ constexpr intptr_t kOnTitleBar = 2;
 
 void MoveWindowByMouse(int buttons) {
   if ((buttons & kLeftButton) == 0) return;
-  if (platform::desktop != nullptr) platform::desktop->ReleaseCapture();
+  platform::desktop->ReleaseCapture();
   pubSystem.SendWindowMessage(frmPubMain.hWnd, kFramePressMessage, kOnTitleBar, 0);
 }
 

@@ -204,7 +204,7 @@ TEST_F(AdvancedScan, ADriveThatIsNoLongerReadyMovesTheBar) {
 
 struct CancelAt : platform::EventQueue {
   explicit CancelAt(int number) : left(number) { platform::eventQueue = this; }
-  ~CancelAt() override { platform::eventQueue = nullptr; }
+  ~CancelAt() override { platform::eventQueue = platform::noEventQueue; }
   void Yield() override {
     if (--left == 0) frmPubMain.sbtCancel.Click();
   }
@@ -242,7 +242,7 @@ TEST_F(AdvancedScan, CancelBehindTheLastFolderKeepsDuplicatesFromBeingCompared) 
 TEST_F(AdvancedScan, ATreeBuiltAnewDuringTheScanDoesNoHarm) {
   struct Reopen : platform::EventQueue {
     Reopen() { platform::eventQueue = this; }
-    ~Reopen() override { platform::eventQueue = nullptr; }
+    ~Reopen() override { platform::eventQueue = platform::noEventQueue; }
     void Yield() override {
       if (--left != 0) return;
       picPrivacy_MouseUp(kLeftButton);

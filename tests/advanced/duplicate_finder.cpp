@@ -11,7 +11,7 @@ namespace {
 // Looks at the store while duplicates are being compared, and lets the timer tick if told so.
 struct StoreWatch : platform::EventQueue {
   explicit StoreWatch(platform::FileSystem& disk) : files(disk) { platform::eventQueue = this; }
-  ~StoreWatch() override { platform::eventQueue = nullptr; }
+  ~StoreWatch() override { platform::eventQueue = platform::noEventQueue; }
   void Yield() override {
     ++yields;
     if (frmPubMain.lblProgS.Caption.Get().starts_with(u"Comparing")) {

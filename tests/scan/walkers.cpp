@@ -38,7 +38,7 @@ std::string DeadShortcut() {
 // Counts the yields, and does something at one of them.
 struct YieldCount : platform::EventQueue {
   YieldCount() { platform::eventQueue = this; }
-  ~YieldCount() override { platform::eventQueue = nullptr; }
+  ~YieldCount() override { platform::eventQueue = platform::noEventQueue; }
   void Yield() override {
     if (++count == actAt) act();
   }
