@@ -159,7 +159,7 @@ void sbtClean_Click() {
   form.lblProgMI.Visible = true;
   form.lblProgMI.Width = 0;
   // A one-click run started the clock when its scan began.
-  if (form.picOne.BorderStyle == 0 && platform::clock != nullptr) form.JobStart = platform::clock->Now();
+  if (form.picOne.BorderStyle == 0) form.JobStart = platform::clock->Now();
   form.lblProgMO.BorderStyle = 1;
   form.webGIF.Visible = true;
   do {
@@ -202,7 +202,6 @@ void sbtClean_Click() {
 void sbtRepair_Click() { sbtClean_Click(); }
 
 void ClearSystemLog(TextView log) {
-  if (platform::eventLogs == nullptr) return;
   const auto handle = platform::eventLogs->Open(log);
   platform::eventLogs->Clear(handle);
   platform::eventLogs->Close(handle);

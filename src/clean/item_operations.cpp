@@ -71,7 +71,7 @@ Text KeyPath(TextView tag) {
 // The registry editor opens at the key in LastKey. End a running one first: it writes its own key there when
 // it closes.
 void OpenRegistryEditor(TextView keyPath) {
-  if (platform::shell != nullptr) platform::shell->RunHidden(u"ntsd -c q -pn regedit.exe cmd.exe");
+  platform::shell->RunHidden(u"ntsd -c q -pn regedit.exe cmd.exe");
   int status = 0;
   pubRegistry.WriteValue(1, platform::Hive::CurrentUser,
                          u"Software\\Microsoft\\Windows\\CurrentVersion\\Applets\\Regedit", u"LastKey",

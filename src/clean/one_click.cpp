@@ -11,8 +11,7 @@ namespace {
 // Only Yes cleans.
 bool UserAgrees() {
   constexpr int kStyle = platform::kYesNo | platform::kInformation;
-  return platform::dialogs != nullptr &&
-         platform::dialogs->MsgBox(GetMessageText(u"ONE_CLICK"), kStyle) == platform::kYes;
+  return platform::dialogs->MsgBox(GetMessageText(u"ONE_CLICK"), kStyle) == platform::kYes;
 }
 
 void ScanAndClean() {

@@ -29,9 +29,8 @@ bool IsEmptyFolder(const Text& path) {
 
 // Whether a path lies on another computer. If that doesn't answer, nothing in it can be looked at.
 bool LiesOnTheNetwork(TextView path) {
-  return path.starts_with(u"\\\\") ||
-         (path.size() > 1 && path[1] == u':' && platform::fileSystem != nullptr &&
-          platform::fileSystem->DriveType(path[0]) == platform::kNetworkDrive);
+  return path.starts_with(u"\\\\") || (path.size() > 1 && path[1] == u':' &&
+                                       platform::fileSystem->DriveType(path[0]) == platform::kNetworkDrive);
 }
 
 }  // namespace
@@ -86,9 +85,7 @@ void Safeguard::ReadNamedFolders() {
   holding_.emplace();
   std::vector<Text> named = {Text(kMakersFolder), Text(kDataFolder), Text(kDefaultBackupFolder),
                              BackupFolder};
-  if (platform::shell != nullptr) {
-    std::ranges::move(platform::shell->NamedFolders(), std::back_inserter(named));
-  }
+  std::ranges::move(platform::shell->NamedFolders(), std::back_inserter(named));
   for (const Text& folder : named) {
     for (Text& identity : LineageOfKept(folder, closed_)) holding_->insert(std::move(identity));
   }

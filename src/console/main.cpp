@@ -66,7 +66,7 @@ int RunOverSystem(const console::Options& options) {
   console::UnattendedDialogs unattended;
   platform::dialogs = &unattended;
   // No update check: nobody is there to answer its offer.
-  platform::network = nullptr;
+  platform::network = platform::noNetwork;
   machine::StandingClock stoppedClock(options.now.value_or(0));
   if (options.now) platform::clock = &stoppedClock;
   return Finish(console::RunSession(options, error), error);

@@ -15,8 +15,6 @@ Text GetMessageText(TextView key) {
   return text;
 }
 
-void Inform(TextView text) {
-  if (platform::dialogs != nullptr) platform::dialogs->MsgBox(text, platform::kInformation);
-}
+void Inform(TextView text) { platform::dialogs->MsgBox(text, platform::kInformation); }
 
 }  // namespace tavix::mdlPubSelf

@@ -22,8 +22,7 @@ Setting* Setting::Find(TextView section, TextView key) {
 Text DefaultExceptFolders() {
   constexpr int kInternetCache = 32;
   constexpr int kCookies = 33;
-  Text windows;
-  if (platform::shell != nullptr) windows = platform::shell->EnvironmentVariable(u"WinDir").value_or(u"");
+  const Text windows = platform::shell->EnvironmentVariable(u"WinDir").value_or(u"");
   Text systemTemp;
   pubCommon.GetSystemTempFolder(systemTemp);
   Text userTemp;

@@ -57,7 +57,7 @@ bool OpenData() { return DataIsTrusted() && (!ProtectData() || DataIsTrusted());
 
 }  // namespace
 
-bool Form_Initialize() { return platform::instance == nullptr || !platform::instance->PreviousRuns(); }
+bool Form_Initialize() { return !platform::instance->PreviousRuns(); }
 
 bool Form_Load() {
   CreateServices();

@@ -32,7 +32,7 @@ constexpr TextView kForeignText =
 constexpr TextView kStaysText =
     u"This could not be given another name. Tavix ends without reading or changing it.";
 
-bool IsElevated() { return platform::trust != nullptr && platform::trust->Elevated(); }
+bool IsElevated() { return platform::trust->Elevated(); }
 
 bool IsForeign(const DataPlace& place, bool elevated) {
   const auto facts = platform::fileSystem->Look(place.path);
@@ -49,11 +49,10 @@ int Ask(TextView key, TextView fallback, const std::vector<Text>& paths, int sty
   if (Trim(words).empty()) words = fallback;
   words += u"\r\n";
   for (const Text& path : paths) words += Concat(u"\r\n", path);
-  return platform::dialogs != nullptr ? platform::dialogs->MsgBox(words, style) : platform::kCancel;
+  return platform::dialogs->MsgBox(words, style);
 }
 
 bool PutAside(const Text& path) {
-  if (platform::trust == nullptr) return false;
   constexpr int kTries = 99;
   const Text name = Concat(TextView(path).substr(path.rfind(u'\\') + 1), u".aside");
   bool renamed = platform::trust->Rename(path, name);
@@ -64,9 +63,7 @@ bool PutAside(const Text& path) {
 }
 
 // True if other users could change it until now.
-bool Close(TextView path) {
-  return platform::trust != nullptr && platform::trust->Protect(path) == platform::Protection::Set;
-}
+bool Close(TextView path) { return platform::trust->Protect(path) == platform::Protection::Set; }
 
 bool MakeClosed(TextView folder) {
   if (fileSystemObject.FolderExists(folder) != true) fileSystemObject.CreateFolder(folder);
@@ -77,7 +74,6 @@ bool MakeClosed(TextView folder) {
 
 std::vector<Text> ForeignData() {
   std::vector<Text> foreign;
-  if (platform::fileSystem == nullptr) return foreign;
   const bool elevated = IsElevated();
   for (const DataPlace& place : kPlaces) {
     const bool covered =

@@ -38,7 +38,6 @@ void RemoveFromFile(TextView pattern) {
 
 // Ends the last line of the user's file if it has no line end: an appended line would continue it.
 void EndLastLine() {
-  if (platform::fileSystem == nullptr) return;
   const auto content = platform::fileSystem->ReadFile(kUserJunkFile);
   if (!content) return;
   const Text text = DecodeTextFile(*content).text;
@@ -67,8 +66,7 @@ void EditType() {
 
 bool UserWantsToDelete() {
   constexpr int kStyle = platform::kYesNoCancel | platform::kQuestion;
-  return platform::dialogs != nullptr &&
-         platform::dialogs->MsgBox(GetMessageText(u"DEL_TYPE_PROMPT"), kStyle) == platform::kYes;
+  return platform::dialogs->MsgBox(GetMessageText(u"DEL_TYPE_PROMPT"), kStyle) == platform::kYes;
 }
 
 void DeleteTypes() {

@@ -37,7 +37,6 @@ void AddRow(ListView& list, const JunkType& type) {
 }
 
 void Rewrite(TextView file, TextView lines) {
-  if (platform::fileSystem == nullptr) return;
   MakeWritable(file);
   platform::fileSystem->WriteFile(file, EncodeTextFile({Text(lines), TextEncoding::Utf8}));
 }
@@ -70,7 +69,6 @@ void SaveJunkTypes() {
 }
 
 void MakeWritable(TextView file) {
-  if (platform::fileSystem == nullptr) return;
   const auto facts = platform::fileSystem->Look(file);
   if (facts && (facts->attributes & platform::kReadOnly) != 0)
     platform::fileSystem->SetAttributes(file, facts->attributes & ~platform::kReadOnly);

@@ -10,7 +10,6 @@ namespace tavix::mdlPubSelf {
 namespace {
 
 Text AskForExtension(TextView offered) {
-  if (platform::dialogs == nullptr) return {};
   return Text(Trim(platform::dialogs->InputBox(GetMessageText(u"INPUT_EXT"), offered).value_or(u"")));
 }
 
@@ -19,9 +18,7 @@ bool HoldsForbiddenCharacter(TextView extension) {
 }
 
 // The only message box without an icon.
-void TellPlainly(TextView text) {
-  if (platform::dialogs != nullptr) platform::dialogs->MsgBox(text, 0);
-}
+void TellPlainly(TextView text) { platform::dialogs->MsgBox(text, 0); }
 
 bool StandsInSetting(TextView extension) {
   return ToLower(CommonTypes).find(Concat(u"*.", ToLower(extension))) != Text::npos;

@@ -13,7 +13,6 @@ namespace {
 
 // The user's answer without blanks at its ends; empty if there is none.
 Text Ask(TextView promptKey, TextView offered) {
-  if (platform::dialogs == nullptr) return {};
   return Text(Trim(platform::dialogs->InputBox(GetMessageText(promptKey), offered).value_or(u"")));
 }
 

@@ -8,11 +8,11 @@
 
 namespace tavix::platform {
 
-// Reads text of one byte a character, as the machine that wrote it had it.
+// Reads text of one byte a character in the code page of the machine that wrote it.
 using NarrowDecoder = Text (*)(std::string_view bytes);
 
-// A piece of a binary file, read by offsets that may be anything: what lies behind the end is zero, and a
-// text without its final zero is empty.
+// A piece of a binary file. Any offset may be read: bytes after the end are zero, and a text without its
+// final zero is empty.
 class ByteReader {
  public:
   explicit ByteReader(std::string_view bytes, NarrowDecoder decode = FromWindows1252)
@@ -27,12 +27,12 @@ class ByteReader {
   uint16_t U16(size_t at) const { return static_cast<uint16_t>(U8(at) | U8(at + 1) << 8U); }
   uint32_t U32(size_t at) const { return U16(at) | static_cast<uint32_t>(U16(at + 2)) << 16U; }
 
-  // The part from an offset on, shorter where the end comes first.
+  // The part that begins at an offset. Shorter than `size` where the bytes end first.
   ByteReader Part(size_t at, size_t size = std::string_view::npos) const {
     return ByteReader(at < bytes_.size() ? bytes_.substr(at, size) : std::string_view(), decode_);
   }
 
-  // Text up to a zero byte, or a zero of two bytes.
+  // Text up to a zero byte, or a zero of two bytes. Empty when that zero is missing.
   Text NarrowText(size_t at) const {
     const std::string_view rest = Part(at).Bytes();
     const size_t end = rest.find('\0');

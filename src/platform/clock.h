@@ -5,11 +5,11 @@
 
 namespace tavix::platform {
 
-// A date and time of the machine's local calendar, in milliseconds since 1970-01-01 00:00:00 of that
-// calendar; differences are lengths of time apart from the shift of daylight saving.
+// A local date and time of the machine, in milliseconds since 1970-01-01 00:00:00 local time. Differences are
+// lengths of time, except across a change to or from daylight saving.
 using DateTime = int64_t;
 
-// Stands for a time that isn't known, as that of access on disks that keep none. 0 is a time like any other.
+// An unknown time, such as the time of access on a disk that keeps none. 0 is an ordinary time.
 constexpr DateTime kUnknownTime = std::numeric_limits<DateTime>::min();
 
 class Clock {
@@ -18,6 +18,8 @@ class Clock {
   virtual DateTime Now() = 0;
 };
 
-inline Clock* clock = nullptr;
+// Never null. noClock stands for one that isn't there (platform/nothing.h).
+extern Clock* clock;
+extern Clock* const noClock;
 
 }  // namespace tavix::platform

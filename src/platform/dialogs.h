@@ -25,16 +25,17 @@ constexpr int kNo = 7;
 class Dialogs {
  public:
   virtual ~Dialogs() = default;
-  // Returns when it is answered. Where nobody can answer: Yes; Cancel where only OK and Cancel can be
-  // chosen; OK where there is nothing else.
+  // Shows a message box and returns its answer. A machine in a folder has nobody to answer: Yes is taken, or
+  // Cancel where only OK and Cancel are offered, or OK where it is the only answer.
   virtual int MsgBox(TextView text, int style) = 0;
-  // The text entered, `offered` where the user leaves what stands there from the start; nothing when
-  // cancelled.
+  // Asks for a text. The box begins with `offered`. Returns the text entered; nothing when cancelled.
   virtual std::optional<Text> InputBox(TextView prompt, TextView offered) = 0;
-  // The folder chosen; nothing when cancelled.
+  // Asks for a folder. Returns its path; nothing when cancelled.
   virtual std::optional<Text> BrowseForFolder(WindowHandle owner, TextView title) = 0;
 };
 
-inline Dialogs* dialogs = nullptr;
+// Never null. noDialogs stands for one that isn't there (platform/nothing.h).
+extern Dialogs* dialogs;
+extern Dialogs* const noDialogs;
 
 }  // namespace tavix::platform

@@ -13,15 +13,17 @@ class EventLogs {
   using Handle = intptr_t;
 
   virtual ~EventLogs() = default;
-  // 0 when the log can't be opened. What is opened is closed.
+  // Opens a log by its name. 0 when that fails. The caller closes what was opened.
   virtual Handle Open(TextView log) = 0;
-  // The number of records.
+  // The number of records. Nothing when the log can't be read.
   virtual std::optional<uint32_t> Count(Handle log) = 0;
-  // Clears without saving a copy. False for a log that can't be cleared, the handle 0 among them.
+  // Deletes all records without saving a copy. False when that fails; it does for the handle 0.
   virtual bool Clear(Handle log) = 0;
   virtual void Close(Handle log) = 0;
 };
 
-inline EventLogs* eventLogs = nullptr;
+// Never null. noEventLogs stands for one that isn't there (platform/nothing.h).
+extern EventLogs* eventLogs;
+extern EventLogs* const noEventLogs;
 
 }  // namespace tavix::platform

@@ -2,19 +2,18 @@
 
 namespace tavix::platform {
 
-// The user's events. A program without a window has none waiting.
+// The events of the user interface.
 class EventQueue {
  public:
   virtual ~EventQueue() = default;
-  // Handles what is waiting and returns; it does not wait for more.
+  // Handles the events that are waiting, then returns. Doesn't wait for more.
   virtual void Yield() = 0;
 };
 
-inline EventQueue* eventQueue = nullptr;
+// Never null. noEventQueue stands for one that isn't there (platform/nothing.h).
+extern EventQueue* eventQueue;
+extern EventQueue* const noEventQueue;
 
-// Yields where there is an event queue.
-inline void Yield() {
-  if (eventQueue != nullptr) eventQueue->Yield();
-}
+inline void Yield() { eventQueue->Yield(); }
 
 }  // namespace tavix::platform

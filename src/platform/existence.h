@@ -4,9 +4,9 @@
 
 namespace tavix::platform {
 
-// The answer of an existence test: true for what is there, false for what is known to be missing, nothing
-// where it can't be told. It is no condition by itself, since a known "missing" would count as true there:
-// ask `== true` for what must be there, and `== false` for what must be missing.
+// The answer of an existence test: true when it exists, false when it is known to be missing, nothing when
+// that can't be told. It doesn't convert to bool, because a known "missing" would then count as true. Write
+// `== true` for what must exist and `== false` for what must be missing.
 class Existence : public std::optional<bool> {
  public:
   using std::optional<bool>::optional;

@@ -20,23 +20,23 @@ constexpr uint32_t kHidden = 2;
 constexpr uint32_t kSystem = 4;
 constexpr uint32_t kArchive = 32;
 
-// What a listing tells of a file or folder without another look at it.
+// A file or folder as its folder's listing has it.
 struct DirectoryEntry {
-  TextView name;                     // as the disk has it; valid during the visit
+  TextView name;                     // as on the disk; valid during the visit
   uint64_t size = 0;                 // bytes; 0 for a folder
-  DateTime modified = kUnknownTime;  // local time, as accessed
+  DateTime modified = kUnknownTime;  // local time, as is `accessed`
   DateTime accessed = kUnknownTime;
-  uint32_t attributes = 0;  // of those above
+  uint32_t attributes = 0;  // any of the four above
   bool folder = false;
-  bool link = false;  // stands for something else: junction, symbolic link, alias of a store app
-  // Whether more than name, `folder` and `link` could be had. Otherwise size and attributes are 0, and the
-  // times aren't known.
+  bool link = false;  // junction, symbolic link, or alias of a store app
+  // False when only `name`, `folder` and `link` could be read. Then size and attributes are 0 and the times
+  // unknown.
   bool known = true;
 };
 
-// The same of one path.
+// The same about one path.
 struct FileFacts {
-  Text path;  // whole, names as the disk has them, no backslash at the end but a drive's
+  Text path;  // absolute, names as on the disk; ends in a backslash only for a drive's root
   Text name;  // empty for the root of a drive
   uint64_t size = 0;
   DateTime modified = kUnknownTime;
@@ -44,7 +44,7 @@ struct FileFacts {
   uint32_t attributes = 0;
   bool folder = false;
   bool link = false;
-  bool known = true;  // as DirectoryEntry has it
+  bool known = true;  // as in DirectoryEntry
 };
 
 // Types of drives.
@@ -59,65 +59,68 @@ struct Drive {
   Text path;  // "C:"
   int type = kUnknownDrive;
   bool ready = false;
-  Text volumeName;  // empty when not ready
+  Text volumeName;  // empty when the drive isn't ready
 };
 
 using EntryVisitor = std::function<void(const DirectoryEntry& entry)>;
 using NameFilter = std::function<bool(TextView name)>;
 
-// A folder to be listed and gone into without looking up its path again. It stays the folder that it was
-// when something on its path changes, or is not there any more.
+// An open folder: it can be listed, and its subfolders opened, without looking up its path again. It stays
+// the same folder when a name on its path changes or disappears.
 class OpenFolder {
  public:
   virtual ~OpenFolder() = default;
-  // Visits what lies directly in it, in the order of the upper-cased names. False, and nothing visited, when
-  // it is missing or can't be read. The visitor changes nothing. With `wanted`, files whose names it doesn't
-  // want are left out, which spares looking at them.
+  // Visits the entries of this folder, not of its subfolders, in the order of their upper-cased names. False,
+  // and nothing visited, when the folder is missing or can't be read. The visitor must not change anything.
+  // With `wanted`, files whose names it refuses are skipped without a look at them; folders never are.
   virtual bool List(const EntryVisitor& visit, const NameFilter& wanted) = 0;
-  // A subfolder by its name as listed. Null for a link, and where it is missing, which may show only when it
-  // is listed.
+  // Opens a subfolder by its name as listed. Null for a link. A missing one gives null, or an open folder
+  // whose List fails.
   virtual std::unique_ptr<OpenFolder> Open(TextView name) = 0;
 };
 
-// A file or folder that a walk found, opened from the folder where the walk began. Every name between the two
-// was opened by itself and none of them is a link; the item itself may be one. What is done here is done to
-// what was opened: when a folder above it becomes a link afterwards, nothing happens elsewhere.
+// A file or folder that a walk found, opened name by name from the folder where the walk began. None of the
+// folders between the two is a link; the item itself may be one. All calls act on what was opened: if a
+// folder above the item becomes a link later, nothing happens in the link's target.
 class FoundItem {
  public:
   virtual ~FoundItem() = default;
-  // Of the item itself: a link is none, whatever it leads to.
+  // False for a link, even for one to a folder.
   virtual bool IsFolder() const = 0;
 
-  // Deletes a file or a link, a read-only one too. What a link leads to stays. False for a folder, and when
-  // the item stays.
+  // Deletes a file or a link, also a read-only one. A link's target stays. False for a folder, and when the
+  // item could not be deleted.
   virtual bool DeleteFile() = 0;
-  // Deletes a folder with the folders and the files of zero bytes in it, read-only ones too; of a link to a
-  // folder, the link alone. A file with content and a link in the folder stay, and so do the folders around
-  // them. False when something stays.
+  // Deletes a folder with all folders and empty files in it, also read-only ones. Of a link to a folder,
+  // deletes the link alone. Files with content and links in the folder stay, and so do the folders that hold
+  // them. False when anything stays.
   virtual bool DeleteEmptyFolder() = 0;
-  // Moves a file or a link, as FileSystem::MoveFile does. False for a folder, and when it could not be moved.
+  // Moves a file or a link as FileSystem::MoveFile does. False for a folder, and when it could not be moved.
   virtual bool MoveFileTo(TextView destination) = 0;
-  // Lets go of the item, for the shell to take it by its path. The folders on the path stay held as they
-  // were.
+  // Closes the item, so that the shell can delete it by its path. The folders on the path stay open and held.
   virtual void LeaveToShell() = 0;
 };
 
-// The files of a machine. Paths are absolute and are read as Windows reads them: letter case aside, `/` for
-// `\`, repeated separators once (but for the two of a network path), `.` and `..` resolved, blanks and dots
-// at the end of a name dropped. A drive alone ("C:") is its root. Paths over 260 characters work. A relative
-// or empty path fails.
+// The files of a machine.
 //
-// A link as the last name is the link itself for Look, listing and deleting, and is followed by List,
-// reading and writing; links on the way are followed. The alias of a store app counts as a link to a file
-// that is there; it can't be read. Nothing here throws; what fails changes nothing, except that a folder's
-// deletion may have got half-way.
+// Paths are absolute and are read as Windows reads them: letter case is ignored, `/` is `\`, repeated
+// separators count once (except the two that begin a network path), `.` and `..` are resolved, blanks and
+// dots at the end of a name are dropped. A drive alone ("C:") is its root. Paths over 260 characters work.
+// Every call fails for a relative or empty path.
 //
-// A file may be kept online (a placeholder of a cloud drive, an archived file): its folder's listing has all
-// about it but its content. No call here calls the content in, but AppendToFile and, where the system says
-// so, moving within a volume to outside of the cloud drive's folder. ReadFile fails for such a file, and so
-// does moving it onto another volume. Look, List and OpenFolder read listings and open no file;
-// FileExists and FolderExists open what a link leads to, for its attributes alone; FolderIdentity and Lineage
-// open folders, for their attributes alone. Drives without reparse points (FAT, exFAT) have no links.
+// Links: all names but the last are followed. A link as the last name is the link itself for Look, for
+// deleting, moving and setting attributes. Open, List, FileExists, FolderExists, reading and writing follow
+// it. The alias of a store app counts as a link to an existing file; it can't be read. FAT and exFAT drives
+// have no links.
+//
+// Failure: no call throws. A call that fails changes nothing, with one exception: DeleteFolder may have
+// deleted part of the folder.
+//
+// Online files (placeholders of a cloud drive, archived files): the listing of their folder has everything
+// about them but their content. ReadFile fails for them, and so does a move onto another volume. No call
+// downloads the content, except AppendToFile, and a move out of the cloud drive's folder where the system
+// downloads for it. Look, List and OpenFolder read listings and open no file. FileExists and FolderExists
+// open only a link's target, for its attributes; FolderIdentity and Lineage open only folders, for theirs.
 class FileSystem {
  public:
   using EntryVisitor = platform::EntryVisitor;
@@ -125,74 +128,78 @@ class FileSystem {
 
   virtual ~FileSystem() = default;
 
-  // Nothing when the path is missing or can't be looked at.
+  // The facts about a file, folder or link. Nothing when it is missing or can't be looked at.
   virtual std::optional<FileFacts> Look(TextView path) = 0;
-  // Whether a file (not a folder), or a folder, stands there; a link counts as what it points to.
-  //
-  // Missing is only what the system says is not found: no such name or folder, a name that nothing can have,
-  // a text that is no whole path, a link to nothing, and all on a drive that isn't there or isn't ready.
-  // It can't be told where the system refuses to look (a folder without the right to it, links in circles),
-  // where the network doesn't answer, and where a device or the system fails (a bad disk, no handles left).
+  // Whether a file that is no folder, or a folder, exists. A link counts as its target.
+  // - True: it exists.
+  // - False, known to be missing: no such name or folder, a name that nothing can have, no absolute path, a
+  //   link to nothing, a drive that doesn't exist or isn't ready. A folder is no file, a file no folder.
+  // - Nothing, can't tell: no right to a folder on the way, links in circles, a network that doesn't answer,
+  // a
+  //   device or system that fails (a bad disk, no handles left).
   virtual Existence FileExists(TextView path) = 0;
   virtual Existence FolderExists(TextView path) = 0;
-  // Null when the folder is missing, which may show only when it is listed.
+  // Opens a folder. A missing one gives null, or an open folder whose List fails.
   virtual std::unique_ptr<OpenFolder> Open(TextView folder) = 0;
-  // Lists a folder by its path.
+  // Lists a folder as OpenFolder::List does. False when it is missing or can't be read.
   bool List(TextView folder, const EntryVisitor& visit, const NameFilter& wanted = {}) {
     const auto opened = Open(folder);
     return opened != nullptr && opened->List(visit, wanted);
   }
-  // A text that two paths have in common exactly when they lead to the same folder, links followed. Nothing
-  // when no folder is there, or it can't be told.
+  // A text that is the same for two paths exactly when they lead to the same folder, links followed. Nothing
+  // when the folder is missing or that can't be told.
   virtual std::optional<Text> FolderIdentity(TextView path) = 0;
-  // The identity of a folder, links followed, then those of all folders that it lies in, up to the root of
-  // its drive. Empty when no folder is there, or it can't be told.
+  // The identity of a folder, links followed, then those of all folders above it, up to the root of its
+  // drive. Empty when the folder is missing or that can't be told.
   virtual std::vector<Text> Lineage(TextView path) = 0;
-  // What stands at `below`, one or more names, under the folder `start`. That folder is found as any path is;
-  // from there on each name is opened by itself. Null when a name before the last is a link, when one is
-  // missing, and when one can't be opened for deletion. While the item lives, the folders on its path can't
-  // be deleted nor get other names, where the system can see to that (Windows).
+  // Opens the item at `below`, one or more names, under the folder `start`. `start` is found like any path;
+  // from there on each name is opened by itself. Null when a name before the last is a link, and when a name
+  // is missing or can't be opened for deletion. On Windows, the folders on the path can't be deleted or
+  // renamed while the item lives.
   virtual std::unique_ptr<FoundItem> OpenFound(TextView start, TextView below) = 0;
 
-  // False when it exists already, or its parent is missing.
+  // Makes a folder. False when the name is taken or the parent is missing.
   virtual bool CreateFolder(TextView path) = 0;
-  // An empty file. Where one stands it is emptied if `overwrite`, otherwise this fails.
+  // Makes an empty file. With `overwrite`, a file of the name is emptied; without, it makes this fail.
   virtual bool CreateTextFile(TextView path, bool overwrite) = 0;
-  // The whole content. Nothing for a file that is missing, can't be read or is kept online.
+  // The whole content of a file. Nothing when it is missing, can't be read or is kept online.
   virtual std::optional<std::string> ReadFile(TextView path) = 0;
-  // Replaces the whole content, or makes the file, through a temporary file beside it and a rename, so that
-  // a crash leaves the old or the new content. The attributes of a file that stood there stay.
+  // Replaces the whole content, or makes the file. Writes a temporary file beside it and renames that, so a
+  // crash leaves the old content or the new. The file keeps its attributes.
   virtual bool WriteFile(TextView path, std::string_view content) = 0;
-  // Puts the bytes behind what stands in the file, or makes the file.
+  // Adds the bytes at the end of the file, or makes the file.
   virtual bool AppendToFile(TextView path, std::string_view content) = 0;
 
-  // Deletes a file or the link to one. A read-only one only with `force`; hidden and system ones always.
+  // Deletes a file, or a link to one. A read-only one only with `force`; hidden and system ones always. False
+  // when it is missing or stays.
   virtual bool DeleteFile(TextView path, bool force) = 0;
-  // Deletes a folder with all its content. Links in it, or the link that it is, go and what they point to
-  // stays. Read-only content only with `force`. False when the folder is missing or something of it stays.
-  // Works at any depth. A drive's root is never deleted.
+  // Deletes a folder with all its content, at any depth. Of a link, here or in the folder, only the link is
+  // deleted. Read-only content only with `force`. False when the folder is missing, is a drive's root, or
+  // part of it stays.
   virtual bool DeleteFolder(TextView path, bool force) = 0;
-  // Moves a file to a new path whose folder exists and where nothing stands. Onto another volume it is
-  // copied, the copy's size checked and the source deleted; a failed copy leaves the source and no half file.
+  // Moves a file to a new path. Its folder must exist and the name be free. Onto another volume: copies the
+  // file, checks the copy's size, deletes the source. A failed copy leaves the source and no partial copy.
   virtual bool MoveFile(TextView source, TextView destination) = 0;
-  // Gives a file, folder or link exactly these of read-only, hidden, system and archive; the attributes
-  // beside these four stay.
+  // Sets read-only, hidden, system and archive to exactly those given. All other attributes stay. False when
+  // the item is missing or the system refuses.
   virtual bool SetAttributes(TextView path, uint32_t attributes) = 0;
 
-  // Takes away what writing and moving files into the folder left there when an earlier run was killed:
-  // ordinary files with the very names that these calls make, which no running copy of the program can be
-  // at work on. Everything else stays, and what lies below is not looked at. Does nothing where the folder is
-  // missing or can't be read, or lies on another computer, which might let the caller wait.
+  // Deletes the temporary files that WriteFile and MoveFile left in this folder when an earlier run was
+  // killed: ordinary files with the names that these calls give, and not in use by a running copy of the
+  // program. Everything else stays; subfolders aren't looked at. Does nothing when the folder is missing or
+  // can't be read, or when it is on another computer, which could be slow to answer.
   virtual void RemoveTemporaries(TextView folder) = 0;
 
-  // In the order of their letters. Each is asked whether it is ready, which on the network may take long.
+  // All drives in the order of their letters. Asks each whether it is ready; a network drive may take long.
   virtual std::vector<Drive> Drives() = 0;
-  // The type of one drive, as Drive numbers it, without asking the drive. Nothing for a letter that has none.
+  // The type of one drive, numbered as in Drive, without access to the drive. Nothing for a free letter.
   virtual std::optional<int> DriveType(char16_t letter) = 0;
-  // Asks one drive whether it is ready.
+  // Whether one drive is ready. Asks the drive. False for a free letter.
   virtual bool IsDriveReady(char16_t letter) = 0;
 };
 
-inline FileSystem* fileSystem = nullptr;
+// Never null. noFileSystem stands for one that isn't there (platform/nothing.h).
+extern FileSystem* fileSystem;
+extern FileSystem* const noFileSystem;
 
 }  // namespace tavix::platform

@@ -2,15 +2,17 @@
 
 namespace tavix::platform {
 
-// Tells copies of the program apart.
+// Whether the program runs more than once.
 class Instance {
  public:
   virtual ~Instance() = default;
-  // Whether another copy runs over the same system, be it in another session or another user's. One whose
-  // mark may not be opened counts as running. Until this one ends, it counts as running itself.
+  // Whether another copy runs on the same system, in any session of any user. True as well when the mark of
+  // another copy exists and can't be opened. From this call until its end, this copy counts as running.
   virtual bool PreviousRuns() = 0;
 };
 
-inline Instance* instance = nullptr;
+// Never null. noInstance stands for one that isn't there (platform/nothing.h).
+extern Instance* instance;
+extern Instance* const noInstance;
 
 }  // namespace tavix::platform

@@ -7,17 +7,19 @@
 
 namespace tavix::platform {
 
-// What is on the web.
+// The web.
 class Network {
  public:
   virtual ~Network() = default;
-  // The bytes at an address of scheme http or https; redirections are followed within its host. Returns when
-  // they are all there, and no later than `timeoutSeconds` after the call, looking up the name included and
-  // however slowly they come. Nothing when the time is over, the server can't be reached, leads to another
-  // host, answers with another status than 200, or sends more than a megabyte.
+  // Fetches an address, http or https. Follows redirections within its host. Returns at most
+  // `timeoutSeconds` after the call; the limit covers looking up the name and the whole transfer. Returns
+  // the whole content. Nothing when the time is over, the server can't be reached, redirects to another host,
+  // answers with a status other than 200, or sends more than a megabyte.
   virtual std::optional<std::string> Fetch(TextView url, int timeoutSeconds) = 0;
 };
 
-inline Network* network = nullptr;
+// Never null. noNetwork stands for one that isn't there (platform/nothing.h).
+extern Network* network;
+extern Network* const noNetwork;
 
 }  // namespace tavix::platform

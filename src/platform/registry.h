@@ -17,13 +17,15 @@ enum class Hive : uint32_t {
   CurrentConfig = 0x80000005,
 };
 
-// The registry of a machine. Keys are paths below a hive, parts separated by single backslashes, without
-// one at either end; the empty path is the hive itself. Names are matched without regard to letter case.
-// A hive that isn't one of the five has no keys.
+// The registry of a machine. A key is a path below a hive: names with one backslash between any two, none at
+// the ends. The empty path is the hive itself. Names are matched ignoring letter case. A hive that isn't one
+// of the five has no keys.
 //
-// Data comes as text: strings as they are, not expanded, without the terminator; numbers of 32 and 64 bits
-// in decimal digits, unsigned; several strings joined by a blank; anything else, a number of the wrong
-// length among it, as upper-case pairs of hex digits joined by a blank.
+// Data is given as text:
+// - a string as it is stored, without its terminator, variables not expanded;
+// - several strings joined by a blank;
+// - a number of 32 or 64 bits in decimal digits, unsigned;
+// - anything else, a number of the wrong length too, as upper-case hex pairs joined by a blank.
 class Registry {
  public:
   using NameVisitor = std::function<void(TextView name)>;
@@ -31,29 +33,30 @@ class Registry {
 
   virtual ~Registry() = default;
 
-  // Calls the visitor with each direct subkey, in the order of their upper-cased names. A key that is
-  // missing or can't be read has none. What the visitor gets is valid during its call; it changes nothing.
-  // True when those were all there are, none of a missing key included; false when the key, or the rest of
-  // it, can't be read.
+  // Calls `visit` with the name of each direct subkey, in the order of the upper-cased names. The name is
+  // valid during the call. The visitor must not change the registry. True when all subkeys were visited; a
+  // missing key has none. False when the key can't be read, or can't be read to its end.
   virtual bool VisitSubKeys(Hive hive, TextView key, const NameVisitor& visit) = 0;
-  // The same with each value, in the order in which they were made; the default value, if it is set, has
-  // the empty name.
+  // The same for each value, in the order in which they were made. The default value has the empty name; it
+  // is visited only when it is set.
   virtual bool VisitValues(Hive hive, TextView key, const ValueVisitor& visit) = 0;
-  // The data of one value, the default value for the empty name. Nothing when key or value are missing or
-  // can't be read.
+  // The data of one value; the empty name is the default value. Nothing when the key or the value is missing
+  // or can't be read.
   virtual std::optional<Text> ReadValue(Hive hive, TextView key, TextView name) = 0;
-  // A key that may not be read is there all the same.
+  // Whether a key exists. A key without the right to read it exists.
   virtual Existence KeyExists(Hive hive, TextView key) = 0;
-  // Writes a string (REG_SZ), making the key where it is missing. False, and nothing changed, on failure.
+  // Writes a string value (REG_SZ). Makes the key if it is missing. False on failure; nothing is changed
+  // then.
   virtual bool WriteString(Hive hive, TextView key, TextView name, TextView data) = 0;
-  // Deletes a key with everything below it. A registry link, the key itself or one below it, goes and
-  // what it points to stays. False when the key is missing, is a hive itself, or something of it stays.
+  // Deletes a key with everything below it. Of a registry link, here or below, only the link is deleted, not
+  // its target. False when the key is missing or is a hive itself, or when part of it stays.
   virtual bool DeleteKey(Hive hive, TextView key) = 0;
-  // Deletes one value. False when there is none.
+  // Deletes one value. False when it is missing or stays.
   virtual bool DeleteValue(Hive hive, TextView key, TextView name) = 0;
 };
 
-// The registry of the machine the program works on; null before it is there and after it has gone.
-inline Registry* registry = nullptr;
+// Never null. noRegistry stands for one that isn't there (platform/nothing.h).
+extern Registry* registry;
+extern Registry* const noRegistry;
 
 }  // namespace tavix::platform

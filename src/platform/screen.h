@@ -2,9 +2,8 @@
 
 namespace tavix::platform {
 
-// The screen that the main window opens on, in units of 1/96 inch: the pixels of a screen at 96 DPI, fewer
-// than it has pixels where its dots are finer. So a unit is 15 twips on every screen, and what fits into it
-// is told without asking how fine its dots are.
+// The size of the screen that the main window opens on, in units of 1/96 inch. At 96 DPI a unit is a pixel;
+// at higher DPI it is more than one. A unit is always 15 twips, so layout doesn't depend on the DPI.
 struct Screen {
   int Width = 1024;
   int Height = 768;

@@ -15,58 +15,64 @@ using WindowHandle = intptr_t;
 // The show style of a maximised window.
 constexpr int kMaximized = 3;
 
-// What the system's shell does for a program. Calls that start something return at once and say whether it
-// could be started. Nothing here asks the user or shows an error of its own but a started program.
+// The system's shell. Calls that start something return at once: true when it was started. No call asks the
+// user or shows an error; only a started program may.
 class Shell {
  public:
   virtual ~Shell() = default;
 
-  // Starts a web or mail address, a program, or a whole command line with arguments. `style` is the show
-  // style of the window. A program of the system that is named without a folder is the one
-  // in the system's own folder, whatever bears its name elsewhere. An address is opened with the user's
-  // ordinary rights where this program has higher ones.
+  // Starts a web or mail address, a program, or a command line with arguments. `style` is the show style of
+  // the window. A program of the system named without a folder is always the one in the
+  // system folder. When this program is elevated, an address is opened with the user's ordinary rights.
   virtual bool RunTarget(TextView target, int style) = 0;
-  // Opens a file or folder with its default action, with the user's ordinary rights like an address.
+  // Opens a file or folder with its default action. When this program is elevated, with the user's ordinary
+  // rights.
   virtual bool OpenPath(TextView path, int style) = 0;
-  // The same as RunTarget with no window at all.
+  // Starts a target as RunTarget does, without a window.
   virtual bool RunHidden(TextView target) = 0;
-  // Opens the properties sheet of a file or folder.
+  // Opens the properties sheet of a file or folder. False when it is missing.
   virtual bool ShowFileProperties(WindowHandle owner, TextView path) = 0;
 
-  // Sends a file or folder to the recycle bin without a question, and nothing along with it. What the bin
-  // can't take stays where it is, and the call fails: on a share or a volume without a bin, where the user
-  // has turned the bin off, too large, or with a path too long.
+  // Moves a file or folder to the recycle bin without a question. Takes nothing else along. False, and the
+  // item stays, when the bin can't take it: on a share or a volume without a bin, with the bin turned off,
+  // when the item is too large or its path too long.
   virtual bool DeleteToRecycleBin(TextView path) = 0;
-  // Empties the bins of all drives without a question.
+  // Empties the bins of all drives without a question. False when that fails.
   virtual bool EmptyRecycleBin(WindowHandle owner) = 0;
-  // Number of items in the bins of all drives, a bar, their bytes: "3|4096", or "3|over" from 2^31 on.
+  // The number of items in the bins of all drives, a bar, their size in bytes: "3|4096". "over" stands for a
+  // size of 2^31 or more. Nothing when the bins can't be counted.
   virtual std::optional<Text> RecycleBinInfo() = 0;
-  // Marks a file for removal at the next start of the system. The file needs not exist.
+  // Marks a file for deletion at the next start of the system. The file needn't exist. False on failure.
   virtual bool DeleteAtRestart(TextView path) = 0;
 
-  // A folder of the shell by its CSIDL number; 9966 is the system folder. No backslash at the end.
+  // A shell folder by its CSIDL number; 9966 is the system folder. No backslash at the end but a drive's.
+  // Nothing when the system has no such folder.
   virtual std::optional<Text> SpecialFolderByNumber(int number) = 0;
   // A folder of the scripting shell's list, by its name ("Recent", "Fonts", "AllUsersPrograms",
-  // "Programs") or by its position there, counted from 0: 0 all users' desktop, 1 all users' start menu,
-  // 5 the user's application data, 10 the user's desktop, 11 the user's start menu.
+  // "Programs") or by its position in decimal digits, counted from 0: 0 all users' desktop, 1 all users'
+  // start menu, 5 the user's application data, 10 the user's desktop, 11 the user's start menu. Nothing for
+  // others.
   virtual std::optional<Text> SpecialFolderByName(TextView name) = 0;
   virtual std::optional<Text> UserTempFolder() = 0;
   virtual std::optional<Text> SystemTempFolder() = 0;
-  // Every folder that the system names: the Windows folder, the temporary folders, what the routines above
-  // answer, and on Windows each known folder of the machine and of all its users. Each once, letter case
-  // aside, in no order of meaning, without a backslash at the end but a drive's. Nothing is made or looked
-  // for: a folder may be missing. What can't be told is left out.
+  // Every folder that the system names: the Windows folder, the temporary folders, those of the routines
+  // above, and on Windows each known folder of the machine and of all its users. Each once, ignoring letter
+  // case, in any order, with no backslash at the end but a drive's. Folders aren't made or looked for, so one
+  // may be missing. Folders that can't be told are left out.
   virtual std::vector<Text> NamedFolders() = 0;
 
+  // Nothing when the variable isn't set.
   virtual std::optional<Text> EnvironmentVariable(TextView name) = 0;
-  // `%NAME%` replaced where such a variable is set, and left as it stands otherwise.
+  // The text with each `%NAME%` replaced by the variable's value. Names that aren't set stay as they are.
   virtual Text ExpandEnvironment(TextView text) = 0;
 
-  // What a shortcut file names as its target; none of it is looked at. Nothing when it can't be read as a
-  // shortcut.
+  // The targets that a shortcut file names; whether they exist isn't looked at. Nothing when the file can't
+  // be read as a shortcut.
   virtual std::optional<Shortcut> OpenShortcut(TextView path) = 0;
 };
 
-inline Shell* shell = nullptr;
+// Never null. noShell stands for one that isn't there (platform/nothing.h).
+extern Shell* shell;
+extern Shell* const noShell;
 
 }  // namespace tavix::platform

@@ -33,7 +33,7 @@ class Parts {
  public:
   explicit Parts(std::string_view bytes) : bytes_(bytes) {}
 
-  // An item list, behind its size of two bytes.
+  // An item list. Its size, two bytes, stands before it.
   std::optional<std::string_view> TakeItems() {
     const std::optional<std::string_view> size = Take(2);
     return size ? Take(ByteReader(*size).U16(0)) : std::nullopt;
@@ -45,7 +45,7 @@ class Parts {
     return size < smallest ? std::nullopt : Take(size);
   }
 
-  // A string behind its number of characters.
+  // A string. Its number of characters stands before it.
   bool SkipString(bool wide) {
     const std::optional<std::string_view> count = Take(2);
     return count && Take(size_t{ByteReader(*count).U16(0)} * (wide ? 2U : 1U));
@@ -69,7 +69,7 @@ bool SkipStrings(Parts& parts, uint32_t flags) {
   return true;
 }
 
-// A path with environment variables: a narrow text of 260 bytes, and the same in UTF-16 behind it.
+// A path with environment variables: a narrow text of 260 bytes, then the same path in UTF-16.
 Text VariablePath(const ByteReader& block) {
   constexpr size_t kNarrow = 8;
   constexpr size_t kLength = 260;
@@ -97,7 +97,7 @@ std::optional<Shortcut> ReadShortcut(std::string_view bytes, NarrowDecoder decod
   if ((flags & kHasLocation) != 0) location = parts.TakeBlock(kSmallestLocation);
   if (!location || !SkipStrings(parts, flags)) return std::nullopt;
 
-  // Extra blocks go on to one that is too small to be one; a file cut off among them has told enough.
+  // The extra blocks end with one that is too small. A file cut off among them has already named its target.
   Shortcut shortcut;
   shortcut.others = (flags & kAdvertised) != 0;
   constexpr uint32_t kSmallestBlock = 8;

@@ -45,7 +45,7 @@ size_t LongNameField(uint16_t version) {
   return version >= 3 ? 20 : 0;
 }
 
-// The long name in the extensions behind the short name; empty when there is none.
+// The long name in the extensions that follow the short name. Empty when there is none.
 Text LongName(const ByteReader& item, size_t at) {
   constexpr uint16_t kSmallestExtension = 8;
   for (uint16_t size = 0; item.Has(at, kSmallestExtension); at += size) {

@@ -34,7 +34,7 @@ Text WideAt(const ByteReader& block, size_t field) {
 }
 
 Text ShareName(const ByteReader& network) {
-  // Where the first text begins behind the plain header, the header holds the places of wide texts too.
+  // A longer header also holds the offsets of wide texts. The first text then begins after the plain header.
   const bool hasWide = network.U32(kShareField) > kNetworkHeader;
   Text name = hasWide ? WideAt(network, kWideShareField) : Text();
   return name.empty() ? NarrowAt(network, kShareField) : name;

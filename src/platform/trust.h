@@ -11,31 +11,32 @@ enum class Protection {
   Set,     // it has a new list
 };
 
-// With whose rights the program runs, and who else could steer it through files. Paths as
-// platform/file_system.h has them; a link as the last name is the link itself, but for LiesAmongPrograms.
-// Nothing here throws, and nothing opens a file for reading.
+// Whose rights the program has, and who else could influence it through files. Paths are those of
+// platform/file_system.h. A link as the last name is the link itself; only LiesAmongPrograms follows it.
+// Nothing here throws or opens a file for reading.
 class Trust {
  public:
   virtual ~Trust() = default;
-  // Whether the program has the rights of an administrator or of the system. True where it can't be told.
+  // Whether the program has the rights of an administrator or of the system. True when that can't be told.
   virtual bool Elevated() = 0;
-  // Whether a file, folder or link belongs to somebody other than this user, the administrators and the
-  // system. False for what is missing, and where the volume knows no owners. True for what is there and
-  // doesn't tell its owner.
+  // Whether a file, folder or link belongs to anyone but this user, the administrators and the system. False
+  // when it is missing, or the volume keeps no owners. True when it exists and its owner can't be told.
   virtual bool OwnedByOthers(TextView path) = 0;
-  // Sees to it that nobody but this user, the owner, the administrators and the system can change a file, or
-  // a folder and what is made in it from then on; other users may read. What lies in the folder already
-  // keeps the list that it has.
+  // Gives a file or folder an access list: only this user, the owner, the administrators and the system may
+  // change it, other users may read it. A folder hands the list on to what is made in it later. What already
+  // lies in the folder keeps its own list.
   virtual Protection Protect(TextView path) = 0;
-  // Whether a folder is, or lies in, the Windows folder or a folder of programs, links followed and names
-  // compared as the disk knows them. A folder that is missing lies where the next one above it lies. False
-  // for a path that leads nowhere; true where it can't be told.
+  // Whether a folder is, or lies in, the Windows folder or a folder of programs. Links are followed, and
+  // names compared as the disk has them. A missing folder counts as its nearest folder above that exists.
+  // False when there is none. True when it can't be told.
   virtual bool LiesAmongPrograms(TextView folder) = 0;
-  // Gives a file, folder or link another name in its folder. False, and nothing changed, where something of
-  // that name stands, and where the system would rename what a link leads to.
+  // Renames a file, folder or link within its folder. False when the new name is taken, and when the system
+  // would rename a link's target; nothing is changed then.
   virtual bool Rename(TextView path, TextView name) = 0;
 };
 
-inline Trust* trust = nullptr;
+// Never null. noTrust stands for one that isn't there (platform/nothing.h).
+extern Trust* trust;
+extern Trust* const noTrust;
 
 }  // namespace tavix::platform

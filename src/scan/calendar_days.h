@@ -15,8 +15,9 @@ inline int64_t CalendarDay(platform::DateTime time) {
 // The number of midnights from a time to now; negative for a later day. Nothing if the time or the date of
 // today is unknown.
 inline std::optional<int64_t> CalendarDaysSince(platform::DateTime time) {
-  if (platform::clock == nullptr) return std::nullopt;
-  return CalendarDay(platform::clock->Now()) - CalendarDay(time);
+  const platform::DateTime now = platform::clock->Now();
+  if (now == platform::kUnknownTime) return std::nullopt;
+  return CalendarDay(now) - CalendarDay(time);
 }
 
 }  // namespace tavix::mdlPubSelf

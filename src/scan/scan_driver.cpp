@@ -109,7 +109,7 @@ void sbtScan_Click() {
       IsCurrent(form.picRegistry) ? u"Sum: ? item(s) found." : u"Sum: ? item(s), ? KB found.";
   form.lblProgMI.Visible = true;
   form.lblProgMI.Width = 0;
-  if (platform::clock != nullptr) form.JobStart = platform::clock->Now();
+  form.JobStart = platform::clock->Now();
   form.lblProgMO.BorderStyle = 1;
   form.webGIF.Visible = true;
   while (form.webGIF.Busy) platform::Yield();
@@ -154,8 +154,8 @@ void AdvanceProgressBar() {
 
 void ShowElapsedTime() {
   int16_t seconds = 0;
-  if (platform::clock != nullptr) {
-    const platform::DateTime elapsed = (platform::clock->Now() - frmPubMain.JobStart) / 1000;
+  if (const platform::DateTime now = platform::clock->Now(); now != platform::kUnknownTime) {
+    const platform::DateTime elapsed = (now - frmPubMain.JobStart) / 1000;
     Set(seconds, ToInteger16(static_cast<double>(elapsed)));
   }
   frmPubMain.lblTime.Caption = Concat(ToText(seconds), seconds == 0 ? u" second." : u" seconds.");

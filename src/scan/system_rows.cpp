@@ -35,7 +35,6 @@ void AddRegistryRow(TextView type, TextView name, TextView actionString) {
 
 // Leaves `count` as it is if the log can't be read.
 void CountRecords(TextView log, uint32_t& count) {
-  if (platform::eventLogs == nullptr) return;
   const auto handle = platform::eventLogs->Open(log);
   Set(count, platform::eventLogs->Count(handle));
   platform::eventLogs->Close(handle);

@@ -6,7 +6,7 @@ namespace tavix::mdlPubSelf {
 
 // An environment variable; empty if it isn't set.
 inline Text EnvironmentText(TextView name) {
-  return platform::shell != nullptr ? platform::shell->EnvironmentVariable(name).value_or(Text()) : Text();
+  return platform::shell->EnvironmentVariable(name).value_or(Text());
 }
 
 // The Windows folder without a backslash at its end; empty if it isn't known.

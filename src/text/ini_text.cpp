@@ -25,7 +25,7 @@ class IniLines {
  public:
   explicit IniLines(TextView content) : content_(content) {}
 
-  // False behind the last line.
+  // False after the last line.
   bool Next() {
     if (end_ == content_.size()) return false;
     const size_t begin = end_;

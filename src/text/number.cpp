@@ -7,7 +7,7 @@
 namespace tavix {
 namespace {
 
-// The digits of a number's magnitude with its decimal point behind `point` of them.
+// The digits of a number's magnitude. The decimal point follows the first `point` digits.
 struct Digits {
   std::string text;
   size_t point = 0;

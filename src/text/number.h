@@ -30,7 +30,7 @@ Text FormatPercent(double number);
 double RoundToTenth(double number);
 
 // Reads a number as the user's locale writes it: blanks around it, a sign, digits with grouping
-// separators anywhere among them, a decimal separator with or without digits behind it, an exponent.
+// separators anywhere among them, a decimal separator with or without digits after it, an exponent.
 // Nothing when anything else stands in the text, or no digit.
 std::optional<double> ParseNumber(TextView text, const Locale& locale = userLocale);
 

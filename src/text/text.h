@@ -11,7 +11,7 @@ namespace tavix {
 using Text = std::u16string;
 using TextView = std::u16string_view;
 
-// The parts one behind the other.
+// The parts joined.
 template <class... Parts>
 Text Concat(const Parts&... parts) {
   Text joined;

@@ -12,8 +12,8 @@ namespace {
 bool Fits(TextView capitals, TextView pattern) {
   size_t at = 0;
   size_t next = 0;
-  size_t star = TextView::npos;  // behind the last star met
-  size_t start = 0;              // where in the name the pattern behind it is being tried
+  size_t star = TextView::npos;  // after the last star met
+  size_t start = 0;              // where in the name the pattern after that star is being tried
   for (;;) {
     const bool atEnd = at == capitals.size();
     if (next < pattern.size() && pattern[next] == u'*') {

@@ -72,7 +72,7 @@ void Form_KeyDown(int keyCode, int shift) {
 
 void MoveWindowByMouse(int buttons) {
   if ((buttons & kLeftButton) == 0) return;
-  if (platform::desktop != nullptr) platform::desktop->ReleaseCapture();
+  platform::desktop->ReleaseCapture();
   pubSystem.SendWindowMessage(frmPubMain.hWnd, kLeftPressMessage, kOnTitleBar, 0);
 }
 

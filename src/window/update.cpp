@@ -52,15 +52,12 @@ Text Harmless(TextView text) {
 
 // The text at the address of `net`; empty if the download fails.
 Text OpenUrl() {
-  if (platform::network == nullptr) return {};
   const InternetTransfer& net = frmPubMain.net;
   const auto answer = platform::network->Fetch(net.URL.Get(), net.RequestTimeout);
   return answer ? DecodeTextFile(*answer).text : Text();
 }
 
-int MsgBox(TextView text, int style) {
-  return platform::dialogs == nullptr ? platform::kCancel : platform::dialogs->MsgBox(text, style);
-}
+int MsgBox(TextView text, int style) { return platform::dialogs->MsgBox(text, style); }
 
 Text LatestVersion() {
   frmPubMain.net.RequestTimeout = kVersionSeconds;

@@ -206,7 +206,7 @@ TEST_F(AdvancedScan, ADriveThatIsNoLongerReadyMovesTheBar) {
 
 struct CancelAt : platform::EventQueue {
   explicit CancelAt(int number) : left(number) { platform::eventQueue = this; }
-  ~CancelAt() override { platform::eventQueue = nullptr; }
+  ~CancelAt() override { platform::eventQueue = platform::noEventQueue; }
   void Yield() override {
     if (--left == 0) frmPubMain.sbtCancel.Click();
   }
@@ -244,7 +244,7 @@ TEST_F(AdvancedScan, CancelAfterTheLastFolderKeepsDuplicatesFromBeingCompared) {
 TEST_F(AdvancedScan, ATreeBuiltAnewDuringTheScanDoesNoHarm) {
   struct Reopen : platform::EventQueue {
     Reopen() { platform::eventQueue = this; }
-    ~Reopen() override { platform::eventQueue = nullptr; }
+    ~Reopen() override { platform::eventQueue = platform::noEventQueue; }
     void Yield() override {
       if (--left != 0) return;
       picPrivacy_MouseUp(kLeftButton);

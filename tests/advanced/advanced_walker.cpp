@@ -18,7 +18,7 @@ constexpr TextView kJunk = u"|Junk Files|";
 // Records the status line and the number of rows at each yield to the user interface.
 struct YieldWatch : platform::EventQueue {
   YieldWatch() { platform::eventQueue = this; }
-  ~YieldWatch() override { platform::eventQueue = nullptr; }
+  ~YieldWatch() override { platform::eventQueue = platform::noEventQueue; }
   void Yield() override {
     shown.push_back(frmPubMain.lblProgS.Caption);
     if (static_cast<int>(shown.size()) == cancelAt) sbtCancel_Click();
@@ -182,7 +182,7 @@ TEST_F(AdvancedWalker, AFolderThatGoesDuringTheWalkAddsNothing) {
   AddFiles({u"C:\\t\\a\\1.log", u"C:\\t\\b\\2.log", u"C:\\t\\c\\3.log"});
   struct Remover : platform::EventQueue {
     explicit Remover(platform::FileSystem& disk) : files(disk) { platform::eventQueue = this; }
-    ~Remover() override { platform::eventQueue = nullptr; }
+    ~Remover() override { platform::eventQueue = platform::noEventQueue; }
     void Yield() override { files.DeleteFolder(u"C:\\t\\b", true); }
     platform::FileSystem& files;
   } remover(machine.files);

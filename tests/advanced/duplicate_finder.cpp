@@ -13,7 +13,7 @@ namespace {
 // Reads the store while duplicates are being compared, and lets the timer tick if asked to.
 struct StoreWatch : platform::EventQueue {
   explicit StoreWatch(platform::FileSystem& disk) : files(disk) { platform::eventQueue = this; }
-  ~StoreWatch() override { platform::eventQueue = nullptr; }
+  ~StoreWatch() override { platform::eventQueue = platform::noEventQueue; }
   void Yield() override {
     ++yields;
     if (frmPubMain.lblProgS.Caption.Get().starts_with(u"Comparing")) {

@@ -71,7 +71,7 @@ TEST_F(DuplicateLoader, BucketsAndGroupsComeInTheirOrderWithAStatusEach) {
   AddGroup(u"other", u"7_0", {u"C:\\1\\7"});
   struct Watch : platform::EventQueue {
     Watch() { platform::eventQueue = this; }
-    ~Watch() override { platform::eventQueue = nullptr; }
+    ~Watch() override { platform::eventQueue = platform::noEventQueue; }
     void Yield() override { shown.push_back(frmPubMain.lblProgS.Caption); }
     std::vector<Text> shown;
   } watch;

@@ -303,7 +303,7 @@ TEST_F(CleanDriver, ElapsedTimeCountsFromItsStartAndFromTheScanForOneClick) {
 class Hand : public platform::EventQueue {
  public:
   explicit Hand(std::function<void()> act) : act_(std::move(act)) { platform::eventQueue = this; }
-  ~Hand() override { platform::eventQueue = nullptr; }
+  ~Hand() override { platform::eventQueue = platform::noEventQueue; }
   void Yield() override {
     if (++yields == 1) act_();
   }
@@ -339,7 +339,7 @@ TEST_F(CleanDriver, WaitsForTheAnimationBeforeTheFirstRow) {
   frmPubMain.webGIF.Busy = true;
   struct Waiting : platform::EventQueue {
     Waiting() { platform::eventQueue = this; }
-    ~Waiting() override { platform::eventQueue = nullptr; }
+    ~Waiting() override { platform::eventQueue = platform::noEventQueue; }
     void Yield() override {
       EXPECT_EQ(ResultCount(), 1);
       if (++yields == 3) frmPubMain.webGIF.Busy = false;

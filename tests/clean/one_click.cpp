@@ -80,7 +80,7 @@ TEST_F(OneClick, NoEndsIt) {
 }
 
 TEST_F(OneClick, WithNobodyToAskCleansNothing) {
-  platform::dialogs = nullptr;
+  platform::dialogs = platform::noDialogs;
   Press();
   EXPECT_FALSE(Cleaned());
 }

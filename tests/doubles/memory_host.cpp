@@ -1,7 +1,7 @@
 #include "doubles/memory_host.h"
 
 #include "platform/application.h"
-#include "platform/bindings.h"
+#include "platform/nothing.h"
 
 namespace tavix::machine {
 

@@ -8,7 +8,10 @@ using Node = MemoryStore::Node;
 // A file whose size was only said is not made bigger than this to read it.
 constexpr uint64_t kMostRead = uint64_t{64} << 20U;
 
-platform::DateTime Now() { return platform::clock != nullptr ? platform::clock->Now() : 0; }
+platform::DateTime Now() {
+  const platform::DateTime now = platform::clock->Now();
+  return now != platform::kUnknownTime ? now : 0;
+}
 
 std::shared_ptr<Node> NewNode(TextView name, EntryKind kind) {
   auto node = std::make_shared<Node>();

@@ -5,8 +5,8 @@
 
 namespace tavix::machine {
 
-// A machine in memory is told what is so. Owners and access lists go with what has them when its name
-// changes.
+// Tests set who owns what and who is elevated. Owners and access lists belong to the file or folder: a rename
+// keeps them.
 class MemoryTrust : public MachineTrust {
  public:
   MemoryTrust(MemoryStore& store, MachineFileSystem& files, const MachineFacts& facts)

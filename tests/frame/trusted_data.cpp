@@ -198,7 +198,7 @@ TEST_F(TrustedData, WhatCantBePutAsideEndsTheProgramWithAWord) {
 TEST_F(TrustedData, WithNobodyToAnswerTheProgramEnds) {
   PlantLink(kDataFolder, u"C:\\Victim");
   EXPECT_FALSE(Form_Load());
-  platform::dialogs = nullptr;
+  platform::dialogs = platform::noDialogs;
   EXPECT_FALSE(Form_Load());
 }
 
@@ -362,7 +362,7 @@ TEST_F(TrustedBackup, LiesNotInAProgramFolderThatWasMovedByALink) {
 TEST_F(TrustedBackup, LiesWhereItLikesWithoutAnAdministratorsRights) {
   machine.trust.elevated = false;
   EXPECT_TRUE(Trusted(u"C:\\Windows"));
-  platform::trust = nullptr;
+  platform::trust = platform::noTrust;
   EXPECT_TRUE(Trusted(u"C:\\Windows"));
 }
 

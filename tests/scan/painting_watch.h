@@ -16,7 +16,7 @@ struct PaintingWatch : ControlPeer, platform::EventQueue {
   }
   ~PaintingWatch() override {
     frmPubMain.lsvResult.peer = nullptr;
-    platform::eventQueue = nullptr;
+    platform::eventQueue = platform::noEventQueue;
   }
   void ModelChanged() override {
     const bool now = frmPubMain.lsvResult.PaintingSuspended;

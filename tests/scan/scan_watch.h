@@ -15,7 +15,7 @@ struct ScanWatch : platform::EventQueue {
     frmPubMain.Refresh = [this] { statuses.push_back(frmPubMain.lblProgS.Caption); };
   }
   ~ScanWatch() override {
-    platform::eventQueue = nullptr;
+    platform::eventQueue = platform::noEventQueue;
     frmPubMain.Refresh = nullptr;
   }
   void Yield() override {

@@ -197,7 +197,7 @@ TEST_F(SystemRows, EveryLogThatWasOpenedIsClosed) {
 }
 
 TEST_F(SystemRows, WithoutEventLogsTheRowsStandWithNone) {
-  platform::eventLogs = nullptr;
+  platform::eventLogs = platform::noEventLogs;
   EXPECT_EQ(Scan(u"Windows System Logs"),
             (std::vector{LogRow(u"System", u"0"), LogRow(u"Application", u"0"), LogRow(u"Security", u"0")}));
 }

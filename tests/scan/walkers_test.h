@@ -34,7 +34,7 @@ inline std::string DeadShortcut() {
 // Counts the yields, and calls `act` at the yield numbered `actAt`.
 struct YieldCount : platform::EventQueue {
   YieldCount() { platform::eventQueue = this; }
-  ~YieldCount() override { platform::eventQueue = nullptr; }
+  ~YieldCount() override { platform::eventQueue = platform::noEventQueue; }
   void Yield() override {
     if (++count == actAt) act();
   }

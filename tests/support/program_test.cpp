@@ -40,7 +40,7 @@ void ResetProcess() {
   Renew(frmPubOptions);
   Renew(frmPubType);
   Renew(frmPubAbout);
-  platform::eventQueue = nullptr;
+  platform::eventQueue = platform::noEventQueue;
   mdlPubSelf::pubSystem = {};
   mdlPubSelf::pubCommon = {};
   mdlPubSelf::pubRegistry = {};

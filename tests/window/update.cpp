@@ -95,7 +95,7 @@ TEST_F(UpdateCheck, WithoutANetworkTheStartIsSilentAfterOneFetch) {
 }
 
 TEST_F(UpdateCheck, WithNoNetworkBehindTheInterfaceTheStartIsSilent) {
-  platform::network = nullptr;
+  platform::network = platform::noNetwork;
   Start();
   EXPECT_EQ(Calls(), Strings{});
 }

@@ -16,7 +16,7 @@ std::optional<platform::DateTime> Known(std::optional<platform::DateTime> time) 
 }
 
 std::optional<Folder> Parent(const std::optional<platform::FileFacts>& facts) {
-  if (!facts || Disk() == nullptr) return std::nullopt;
+  if (!facts) return std::nullopt;
   const size_t cut = facts->path.find_last_of(u'\\');
   if (cut == Text::npos || cut + 1 == facts->path.size()) return std::nullopt;
   // The root of a drive keeps its backslash.
@@ -40,7 +40,7 @@ platform::FileFacts Facts(TextView folder, const platform::DirectoryEntry& entry
 
 template <class Object>
 std::optional<std::vector<Object>> List(const std::optional<platform::FileFacts>& facts, bool folders) {
-  if (!facts || Disk() == nullptr) return std::nullopt;
+  if (!facts) return std::nullopt;
   std::vector<Object> found;
   const bool read = Disk()->List(facts->path, [&](const platform::DirectoryEntry& entry) {
     if (entry.folder == folders) found.emplace_back(Facts(facts->path, entry));
@@ -72,7 +72,7 @@ std::optional<Text> Folder::Name() const { return Of(facts_, &platform::FileFact
 std::optional<Folder> Folder::ParentFolder() const { return Parent(facts_); }
 
 std::optional<double> Folder::Size() const {
-  if (!facts_ || Disk() == nullptr) return std::nullopt;
+  if (!facts_) return std::nullopt;
   double size = 0;
   std::vector<Text> pending{facts_->path};
   bool known = true;
@@ -92,23 +92,17 @@ std::optional<double> Folder::Size() const {
 std::optional<std::vector<File>> Folder::Files() const { return List<File>(facts_, false); }
 std::optional<std::vector<Folder>> Folder::SubFolders() const { return List<Folder>(facts_, true); }
 
-platform::Existence FileSystemObject::FileExists(TextView path) const {
-  return files_ != nullptr ? files_->FileExists(path) : platform::Existence();
-}
+platform::Existence FileSystemObject::FileExists(TextView path) const { return files_->FileExists(path); }
 
-platform::Existence FileSystemObject::FolderExists(TextView path) const {
-  return files_ != nullptr ? files_->FolderExists(path) : platform::Existence();
-}
+platform::Existence FileSystemObject::FolderExists(TextView path) const { return files_->FolderExists(path); }
 
 std::optional<File> FileSystemObject::GetFile(TextView path) const {
-  if (files_ == nullptr) return std::nullopt;
   auto facts = files_->Look(path);
   if (!facts || facts->folder) return std::nullopt;
   return File(std::move(facts));
 }
 
 std::optional<Folder> FileSystemObject::GetFolder(TextView path) const {
-  if (files_ == nullptr) return std::nullopt;
   auto facts = files_->Look(path);
   if (!facts || !facts->folder) return std::nullopt;
   return Folder(std::move(facts));
@@ -116,55 +110,43 @@ std::optional<Folder> FileSystemObject::GetFolder(TextView path) const {
 
 bool FileSystemObject::List(TextView path, const platform::FileSystem::EntryVisitor& visit,
                             const platform::FileSystem::NameFilter& wanted) const {
-  return files_ != nullptr && files_->List(path, visit, wanted);
+  return files_->List(path, visit, wanted);
 }
 
 std::unique_ptr<platform::OpenFolder> FileSystemObject::Open(TextView path) const {
-  return files_ != nullptr ? files_->Open(path) : nullptr;
+  return files_->Open(path);
 }
 
 std::optional<Text> FileSystemObject::FolderIdentity(TextView path) const {
-  return files_ != nullptr ? files_->FolderIdentity(path) : std::nullopt;
+  return files_->FolderIdentity(path);
 }
 
-std::vector<Text> FileSystemObject::Lineage(TextView path) const {
-  return files_ != nullptr ? files_->Lineage(path) : std::vector<Text>();
-}
+std::vector<Text> FileSystemObject::Lineage(TextView path) const { return files_->Lineage(path); }
 
 std::unique_ptr<platform::FoundItem> FileSystemObject::OpenFound(TextView start, TextView below) const {
-  return files_ != nullptr ? files_->OpenFound(start, below) : nullptr;
+  return files_->OpenFound(start, below);
 }
 
-void FileSystemObject::CreateFolder(TextView path) const {
-  if (files_ != nullptr) files_->CreateFolder(path);
-}
+void FileSystemObject::CreateFolder(TextView path) const { files_->CreateFolder(path); }
 
 void FileSystemObject::CreateTextFile(TextView path, bool overwrite) const {
-  if (files_ != nullptr) files_->CreateTextFile(path, overwrite);
+  files_->CreateTextFile(path, overwrite);
 }
 
-void FileSystemObject::DeleteFile(TextView path, bool force) const {
-  if (files_ != nullptr) files_->DeleteFile(path, force);
-}
+void FileSystemObject::DeleteFile(TextView path, bool force) const { files_->DeleteFile(path, force); }
 
-void FileSystemObject::DeleteFolder(TextView path, bool force) const {
-  if (files_ != nullptr) files_->DeleteFolder(path, force);
-}
+void FileSystemObject::DeleteFolder(TextView path, bool force) const { files_->DeleteFolder(path, force); }
 
 void FileSystemObject::MoveFile(TextView source, TextView destination) const {
-  if (files_ != nullptr) files_->MoveFile(source, destination);
+  files_->MoveFile(source, destination);
 }
 
 void FileSystemObject::SetAttributes(TextView path, uint32_t attributes) const {
-  if (files_ != nullptr) files_->SetAttributes(path, attributes);
+  files_->SetAttributes(path, attributes);
 }
 
-void FileSystemObject::RemoveTemporaries(TextView folder) const {
-  if (files_ != nullptr) files_->RemoveTemporaries(folder);
-}
+void FileSystemObject::RemoveTemporaries(TextView folder) const { files_->RemoveTemporaries(folder); }
 
-std::vector<platform::Drive> FileSystemObject::Drives() const {
-  return files_ != nullptr ? files_->Drives() : std::vector<platform::Drive>();
-}
+std::vector<platform::Drive> FileSystemObject::Drives() const { return files_->Drives(); }
 
 }  // namespace tavix

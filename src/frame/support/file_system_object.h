@@ -48,13 +48,13 @@ class Folder {
   std::optional<platform::FileFacts> facts_;
 };
 
-// The file-system object of the scripting runtime, as far as the program relies on it. With no file
-// system behind it every operation fails. Paths as platform/file_system.h has them.
+// The file-system object of the scripting runtime, as far as the program needs it. Paths are those of
+// platform/file_system.h. One made without a file system fails at everything.
 class FileSystemObject {
  public:
   FileSystemObject() = default;
   explicit FileSystemObject(platform::FileSystem* files) : files_(files) {}
-  explicit operator bool() const { return files_ != nullptr; }
+  explicit operator bool() const { return files_ != platform::noFileSystem; }
 
   // As platform::FileSystem has them. Without a file system it can't be told.
   platform::Existence FileExists(TextView path) const;
@@ -84,7 +84,7 @@ class FileSystemObject {
   std::vector<platform::Drive> Drives() const;
 
  private:
-  platform::FileSystem* files_ = nullptr;
+  platform::FileSystem* files_ = platform::noFileSystem;
 };
 
 namespace mdlPubSelf {

@@ -16,7 +16,7 @@ bool IsSeparator(char16_t c) { return c == u'\\' || c == u'/'; }
 // Two percent signs: the name of a variable that isn't set may stand between them.
 bool MayHoldVariable(TextView path) { return std::count(path.begin(), path.end(), u'%') >= 2; }
 
-// Whether a text is a whole path on a drive: no character behind the drive that a path can't have.
+// Whether a text is an absolute path on a drive ("C:\..."), without characters that no path can have.
 bool IsPathOnDrive(TextView path) {
   constexpr TextView kRefused = u"<>:\"|?*";
   const char16_t letter = path.empty() ? u'\0' : ToUpper(path[0]);
@@ -30,7 +30,7 @@ bool IsPathOnDrive(TextView path) {
 }  // namespace
 
 void clsPubCommon::LoadTexts(const std::vector<NamedText>& texts, TextView section, TextView file) const {
-  const std::optional<std::string> bytes = files_ != nullptr ? files_->ReadFile(file) : std::nullopt;
+  const std::optional<std::string> bytes = files_->ReadFile(file);
   if (!bytes) return;
   std::map<Text, Text, LessIgnoringCase> found;
   VisitIniSection(DecodeTextFile(*bytes).text, section,
@@ -54,7 +54,6 @@ void clsPubCommon::InArray(const Variant& value, std::initializer_list<Variant> 
 }
 
 void clsPubCommon::CountFolderFiles(TextView folder, int& count) const {
-  if (files_ == nullptr) return;
   int files = 0;
   const bool listed = files_->List(folder, [&files](const platform::DirectoryEntry& entry) {
     if (!entry.folder) ++files;
@@ -63,7 +62,7 @@ void clsPubCommon::CountFolderFiles(TextView folder, int& count) const {
 }
 
 void clsPubCommon::IsShortcutValid(TextView path, bool& valid) {
-  if (files_ == nullptr || shell_ == nullptr) return;
+  if (files_ == platform::noFileSystem || shell_ == platform::noShell) return;
   const auto shortcut = shell_->OpenShortcut(path);
   valid = !shortcut || shortcut->others || shortcut->paths.empty() ||
           !std::ranges::all_of(shortcut->paths, [this](const Text& place) {
@@ -89,8 +88,6 @@ clsPubCommon::Drive& clsPubCommon::DriveOf(char16_t letter) {
   return known->second;
 }
 
-void clsPubCommon::GetSystemTempFolder(Text& path) const {
-  if (shell_ != nullptr) Set(path, shell_->SystemTempFolder());
-}
+void clsPubCommon::GetSystemTempFolder(Text& path) const { Set(path, shell_->SystemTempFolder()); }
 
 }  // namespace tavix

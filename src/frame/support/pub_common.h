@@ -54,8 +54,8 @@ class clsPubCommon {
   bool IsKnownToBeMissing(TextView path);
   Drive& DriveOf(char16_t letter);
 
-  platform::FileSystem* files_ = nullptr;
-  platform::Shell* shell_ = nullptr;
+  platform::FileSystem* files_ = platform::noFileSystem;
+  platform::Shell* shell_ = platform::noShell;
   std::map<char16_t, Drive> drives_;
 };
 

@@ -25,7 +25,6 @@ TextView WithoutLineEnd(TextView line) {
 }  // namespace
 
 void clsPubFile::AppendLine(TextView file, TextView text) const {
-  if (files_ == nullptr) return;
   const Text line = Concat(text, kLineEnd);
   const auto content = files_->ReadFile(file);
   if (!content && files_->FileExists(file) != false) return;
@@ -39,13 +38,12 @@ void clsPubFile::AppendLine(TextView file, TextView text) const {
 }
 
 void clsPubFile::CountLines(TextView file, int& count) const {
-  if (files_ == nullptr) return;
+  if (files_ == platform::noFileSystem) return;
   const auto content = files_->ReadFile(file);
   count = content ? static_cast<int>(std::ranges::count(DecodeTextFile(*content).text, u'\n')) + 1 : 0;
 }
 
 void clsPubFile::RemoveLine(TextView file, TextView text, TextView separator, int field) const {
-  if (files_ == nullptr) return;
   const auto content = files_->ReadFile(file);
   if (!content) return;
   FileText decoded = DecodeTextFile(*content);
@@ -63,7 +61,7 @@ void clsPubFile::RemoveLine(TextView file, TextView text, TextView separator, in
 }
 
 std::vector<Text> ReadTextLines(TextView file) {
-  const auto content = platform::fileSystem != nullptr ? platform::fileSystem->ReadFile(file) : std::nullopt;
+  const auto content = platform::fileSystem->ReadFile(file);
   return content ? TextLines(DecodeTextFile(*content).text) : std::vector<Text>();
 }
 

@@ -3,7 +3,7 @@
 namespace tavix {
 namespace {
 
-// Items one behind the other with a separator between any two.
+// Joins items with a separator between any two.
 class Folding {
  public:
   explicit Folding(TextView separator) : separator_(separator) {}
@@ -24,26 +24,26 @@ class Folding {
 
 void clsPubRegistry::ReadValue(platform::Hive hive, TextView key, TextView name, TextView fallback,
                                Text& value) const {
-  if (registry_ == nullptr) return;
+  if (registry_ == platform::noRegistry) return;
   value = registry_->ReadValue(hive, key, name).value_or(Text(fallback));
 }
 
 void clsPubRegistry::WriteValue(int type, platform::Hive hive, TextView key, TextView name, TextView value,
                                 int& status) const {
   constexpr int kString = 1;
-  if (registry_ == nullptr || type != kString) return;
+  if (registry_ == platform::noRegistry || type != kString) return;
   status = registry_->WriteString(hive, key, name, value) ? 0 : 1;
 }
 
 void clsPubRegistry::EnumSubKeys(platform::Hive hive, TextView key, Text& folded) const {
-  if (registry_ == nullptr) return;
+  if (registry_ == platform::noRegistry) return;
   Folding folding(kSubKeySeparator);
   const bool all = registry_->VisitSubKeys(hive, key, [&folding](TextView name) { folding.Next() += name; });
   folded = all ? folding.Take() : Text();
 }
 
 void clsPubRegistry::EnumValues(platform::Hive hive, TextView key, Text& folded) const {
-  if (registry_ == nullptr) return;
+  if (registry_ == platform::noRegistry) return;
   Folding folding(kItemSeparator);
   const bool all = registry_->VisitValues(hive, key, [&folding](TextView name, TextView data) {
     folding.Next().append(name).append(kDataSeparator).append(data);
@@ -52,31 +52,28 @@ void clsPubRegistry::EnumValues(platform::Hive hive, TextView key, Text& folded)
 }
 
 void clsPubRegistry::EnumValueNames(platform::Hive hive, TextView key, Text& folded) const {
-  if (registry_ == nullptr) return;
+  if (registry_ == platform::noRegistry) return;
   Folding folding(kItemSeparator);
   const bool all =
       registry_->VisitValues(hive, key, [&folding](TextView name, TextView) { folding.Next() += name; });
   folded = all ? folding.Take() : Text();
 }
 
-void clsPubRegistry::DeleteKey(platform::Hive hive, TextView key) const {
-  if (registry_ != nullptr) registry_->DeleteKey(hive, key);
-}
+void clsPubRegistry::DeleteKey(platform::Hive hive, TextView key) const { registry_->DeleteKey(hive, key); }
 
 void clsPubRegistry::DeleteValue(platform::Hive hive, TextView key, TextView name, int& status) const {
-  if (registry_ == nullptr) return;
+  if (registry_ == platform::noRegistry) return;
   status = registry_->DeleteValue(hive, key, name) ? 0 : 1;
 }
 
 void clsPubRegistry::CountValues(platform::Hive hive, TextView key, int16_t& count) const {
-  if (registry_ == nullptr) return;
   int values = 0;
   const bool all = registry_->VisitValues(hive, key, [&values](TextView, TextView) { ++values; });
   if (all && values <= INT16_MAX) count = static_cast<int16_t>(values);
 }
 
 bool clsPubRegistry::IsReadable(platform::Hive hive, TextView key) const {
-  return registry_ != nullptr && registry_->VisitSubKeys(hive, key, [](TextView) {}) &&
+  return registry_->VisitSubKeys(hive, key, [](TextView) {}) &&
          registry_->VisitValues(hive, key, [](TextView, TextView) {});
 }
 

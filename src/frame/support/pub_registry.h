@@ -6,13 +6,11 @@
 
 namespace tavix {
 
-// The one door to the registry. Keys and names as platform/registry.h has them. Enumerations are folded
-// into one text, joined by the separators below, with none before the first item or behind the last; what
-// is missing or can't be read, be it the rest of a list, gives the empty text. Results come in the last
-// argument. An operation that fails leaves it as it was.
+// All access to the registry. Keys and names are those of platform/registry.h. An enumeration gives one text:
+// the items joined by the separators below. A key that is missing, or can't be read to its end, gives the
+// empty text. Results come in the last argument; an operation that fails leaves it unchanged.
 //
-// An object with no registry behind it stands for a service that isn't there: each of its operations
-// fails.
+// One made without a registry is a service that isn't there: each of its operations fails.
 class clsPubRegistry {
  public:
   static constexpr TextView kSubKeySeparator = u"*SK*";
@@ -46,7 +44,7 @@ class clsPubRegistry {
   bool IsReadable(platform::Hive hive, TextView key) const;
 
  private:
-  platform::Registry* registry_ = nullptr;
+  platform::Registry* registry_ = platform::noRegistry;
 };
 
 namespace mdlPubSelf {

@@ -11,10 +11,10 @@ namespace tavix {
 
 // What a clsPubSystem stands on; each may be missing, and the operations that need it then fail.
 struct SystemServices {
-  platform::Shell* shell = nullptr;
-  platform::FileSystem* files = nullptr;
-  platform::Dialogs* dialogs = nullptr;
-  platform::Desktop* desktop = nullptr;
+  platform::Shell* shell = platform::noShell;
+  platform::FileSystem* files = platform::noFileSystem;
+  platform::Dialogs* dialogs = platform::noDialogs;
+  platform::Desktop* desktop = platform::noDesktop;
 };
 
 // The services of the system's shell and desktop. Results come in the last argument; an operation that
@@ -25,11 +25,11 @@ class clsPubSystem {
   explicit clsPubSystem(const SystemServices& services) : on_(services) {}
 
   // Sends a message to a window and returns when it has been handled.
-  void SendWindowMessage(platform::WindowHandle window, uint32_t message, intptr_t first,
-                         intptr_t second) const;
+  void SendWindowMessage(platform::WindowHandle window, uint32_t message, intptr_t wParam,
+                         intptr_t lParam) const;
   // Posts a message without waiting.
-  void PostWindowMessage(platform::WindowHandle window, uint32_t message, intptr_t first,
-                         intptr_t second) const;
+  void PostWindowMessage(platform::WindowHandle window, uint32_t message, intptr_t wParam,
+                         intptr_t lParam) const;
   // Opens a file or folder with its default action.
   void OpenPath(TextView path, int style) const;
   // Starts a web or mail address, a program or a whole command line, and returns at once.

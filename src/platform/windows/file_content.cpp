@@ -120,7 +120,7 @@ bool AppendContent(TextView path, std::string_view content) {
 
 bool CreateEmptyFile(TextView path, bool overwrite) {
   if (IsReadOnly(path)) return false;
-  // A file is emptied by a cut: made anew, a hidden one would refuse.
+  // Truncate: CREATE_ALWAYS fails on hidden files.
   const FileHandle file =
       OpenFile(path, GENERIC_WRITE, FILE_SHARE_READ, overwrite ? OPEN_ALWAYS : CREATE_NEW);
   return file && CutAt(file.Get(), {});

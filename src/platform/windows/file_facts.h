@@ -42,8 +42,8 @@ struct Entry {
 // Nothing when it is missing or can't be looked at.
 std::optional<Entry> LookUp(TextView path);
 
-// The attributes of what stands there, or of what a link leads to. Nothing when that is missing or can't be
-// looked at; the second is told apart by `sure`, which becomes false then.
+// The attributes of a file or folder; of a link, those of its target. Nothing when it is missing. Nothing
+// as well when it can't be looked at, and `sure` becomes false.
 std::optional<DWORD> FollowedAttributes(TextView path, bool& sure);
 
 // Whether a failure of the system's file calls says that there is nothing of the name: no such file, folder

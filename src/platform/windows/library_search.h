@@ -6,10 +6,10 @@ namespace tavix::windows {
 // program or the current one, where others may have put a library of such a name. It is called first of all
 // in a program.
 //
-// What is loaded before that, together with the program, is told by its import table, which therefore names
-// no library but those that the system finds without a search: KERNEL32, USER32, GDI32, ADVAPI32, ole32,
-// msvcrt and ntdll are its known ones. All others are loaded when they are first called (CMakeLists.txt,
-// late/), by their full path, or where the manifest tells it, by that.
+// Libraries of the import table are loaded before this call. So the table names only libraries that Windows
+// finds without a search, its known ones: KERNEL32, USER32, GDI32, ADVAPI32, ole32, msvcrt and ntdll. Every
+// other library is loaded at its first call (CMakeLists.txt, late/), by its full path or, where the manifest
+// names it, from the place that the manifest gives.
 void SearchSystemFolderOnly();
 
 }  // namespace tavix::windows

@@ -48,8 +48,8 @@ struct Value {
   std::string_view data;
 };
 
-// The subkey or value at a position. Nothing behind the last one, which alone is the end, and where the key
-// can't be read.
+// The subkey or value at a position, counted from 0. Nothing after the last one, and nothing when the key
+// can't be read; only after the last one does `atEnd` become true.
 std::optional<TextView> SubKeyAt(HKEY key, uint32_t position, Buffer& buffer, bool& atEnd);
 std::optional<Value> ValueAt(HKEY key, uint32_t position, Buffer& buffer, bool& atEnd);
 // One value by its name, which is left out of the result.

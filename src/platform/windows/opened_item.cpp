@@ -16,8 +16,8 @@ extern "C" NTSTATUS NTAPI NtQueryDirectoryFile(HANDLE folder, HANDLE event, PVOI
 namespace tavix::windows {
 namespace {
 
-// What the system writes of an entry of a folder, with the entry's id behind it or without. The name stands
-// at the end.
+// A folder entry as NtQueryDirectoryFile writes it: in the second form, the id of the entry follows these
+// fields. The name comes last.
 struct FullDirectoryInformation {
   ULONG nextOffset;
   ULONG index;

@@ -31,7 +31,7 @@ struct Request {
 // request, which may be longer than anybody waits for it.
 class Transfer {
  public:
-  // The answer may have so many bytes at most.
+  // The most bytes that an answer may have.
   static constexpr size_t kMostBytes = size_t{1} << 20;
 
   // Sends the request, which must not have been sent and follows no redirection, and returns at once. Null

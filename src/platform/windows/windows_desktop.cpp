@@ -18,14 +18,14 @@ bool HasTitle(HWND window, TextView title) {
 
 }  // namespace
 
-void WindowsDesktop::SendWindowMessage(platform::WindowHandle window, uint32_t message, intptr_t first,
-                                       intptr_t second) {
-  if (window != 0) SendMessageW(Native(window), message, static_cast<WPARAM>(first), second);
+void WindowsDesktop::SendWindowMessage(platform::WindowHandle window, uint32_t message, intptr_t wParam,
+                                       intptr_t lParam) {
+  if (window != 0) SendMessageW(Native(window), message, static_cast<WPARAM>(wParam), lParam);
 }
 
-void WindowsDesktop::PostWindowMessage(platform::WindowHandle window, uint32_t message, intptr_t first,
-                                       intptr_t second) {
-  if (window != 0) PostMessageW(Native(window), message, static_cast<WPARAM>(first), second);
+void WindowsDesktop::PostWindowMessage(platform::WindowHandle window, uint32_t message, intptr_t wParam,
+                                       intptr_t lParam) {
+  if (window != 0) PostMessageW(Native(window), message, static_cast<WPARAM>(wParam), lParam);
 }
 
 platform::WindowHandle WindowsDesktop::FindWindowByTitle(TextView title) {

@@ -7,10 +7,10 @@ namespace tavix::windows {
 // The desktop of the running session. A window 0 gets no messages.
 class WindowsDesktop : public platform::Desktop {
  public:
-  void SendWindowMessage(platform::WindowHandle window, uint32_t message, intptr_t first,
-                         intptr_t second) override;
-  void PostWindowMessage(platform::WindowHandle window, uint32_t message, intptr_t first,
-                         intptr_t second) override;
+  void SendWindowMessage(platform::WindowHandle window, uint32_t message, intptr_t wParam,
+                         intptr_t lParam) override;
+  void PostWindowMessage(platform::WindowHandle window, uint32_t message, intptr_t wParam,
+                         intptr_t lParam) override;
   platform::WindowHandle FindWindowByTitle(TextView title) override;
   void ReleaseCapture() override;
   void SetTreeBackColor(platform::WindowHandle tree, uint32_t color) override;

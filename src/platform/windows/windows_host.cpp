@@ -1,7 +1,7 @@
 #include "platform/windows/windows_host.h"
 
 #include "platform/application.h"
-#include "platform/bindings.h"
+#include "platform/nothing.h"
 #include "platform/screen.h"
 #include "platform/windows/wide.h"
 #include "platform/windows/windows_locale.h"

@@ -32,7 +32,7 @@ TextView TakeName(TextView& rest) {
   return name;
 }
 
-// Puts the names of `rest` behind `path`, which is a root; false where one can't be.
+// Appends the names of `rest` to `path`, a root. False when one of them can't be a name.
 bool AppendNames(Text& path, TextView rest) {
   const size_t root = path.size();
   for (TextView name = TakeName(rest); !name.empty(); name = TakeName(rest)) {

@@ -28,7 +28,7 @@ Text ExtendedPath(TextView normal);
 
 // The folder of a normal path that is no root; a drive's with its backslash.
 TextView FolderOf(TextView normal);
-// What stands behind the last backslash; empty for a drive's root.
+// The part after the last backslash. Empty for a drive's root.
 TextView NameOf(TextView normal);
 // The path of something in a folder.
 Text PathIn(TextView folder, TextView name);

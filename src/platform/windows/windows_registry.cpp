@@ -18,7 +18,7 @@ bool SetString(HKEY key, TextView name, TextView data) {
   return native::SetValue(key, name, REG_SZ, platform::StringData(data));
 }
 
-// The subkey names of a key, packed one behind the other.
+// The subkey names of a key, packed into one buffer.
 class SubKeyNames {
  public:
   explicit SubKeyNames(HKEY key) {
@@ -185,7 +185,7 @@ bool WindowsRegistry::DeleteKey(Hive hive, TextView key) {
       if (!take(keys[i].Get(), name)) return false;
     }
   }
-  // Subkeys stand behind the key that they belong to.
+  // Subkeys come after their parent.
   bool gone = true;
   for (auto each = keys.rbegin(); each != keys.rend(); ++each) gone = native::Delete(each->Get()) && gone;
   return gone;

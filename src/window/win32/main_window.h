@@ -82,7 +82,7 @@ class EventQueueWin32 : public platform::EventQueue {
  public:
   explicit EventQueueWin32(MainWindow& window) : window_(window) { platform::eventQueue = this; }
   EventQueueWin32(const EventQueueWin32&) = delete;
-  ~EventQueueWin32() override { platform::eventQueue = nullptr; }
+  ~EventQueueWin32() override { platform::eventQueue = platform::noEventQueue; }
   void Yield() override { window_.HandleWaiting(); }
 
  private:

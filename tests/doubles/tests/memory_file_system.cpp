@@ -97,7 +97,7 @@ TEST_F(MemoryFiles, HaveTheTimeOfTheClockWhenTheyAreWritten) {
   files.AddFile(u"C:\\a", {"old", {}, 1, 2});
   EXPECT_TRUE(files.WriteFile(u"C:\\a", "new"));
   EXPECT_TRUE(files.CreateTextFile(u"C:\\b", false));
-  platform::clock = nullptr;
+  platform::clock = platform::noClock;
   EXPECT_EQ(files.Look(u"C:\\a")->modified, 5000);
   EXPECT_EQ(files.Look(u"C:\\b")->modified, 5000);
   EXPECT_EQ(files.Look(u"C:\\b")->accessed, 5000);

@@ -14,18 +14,18 @@ namespace {
 TEST(WindowsHost, PutsTheSystemInPlaceAndTakesItAway) {
   {
     const WindowsHost host;
-    ASSERT_NE(platform::registry, nullptr);
+    ASSERT_NE(platform::registry, platform::noRegistry);
     EXPECT_EQ(platform::registry->KeyExists(platform::Hive::LocalMachine, u"Software"), true);
     EXPECT_EQ(platform::registry->KeyExists(platform::Hive::ClassesRoot, u"CLSID"), true);
-    ASSERT_NE(platform::clock, nullptr);
-    ASSERT_NE(platform::fileSystem, nullptr);
+    ASSERT_NE(platform::clock, platform::noClock);
+    ASSERT_NE(platform::fileSystem, platform::noFileSystem);
     EXPECT_EQ(platform::fileSystem->FolderExists(u"C:\\"), true);
-    ASSERT_NE(platform::shell, nullptr);
+    ASSERT_NE(platform::shell, platform::noShell);
     EXPECT_TRUE(platform::shell->SpecialFolderByNumber(9966));
-    EXPECT_NE(platform::eventLogs, nullptr);
-    EXPECT_NE(platform::dialogs, nullptr);
-    EXPECT_NE(platform::desktop, nullptr);
-    EXPECT_NE(platform::instance, nullptr);
+    EXPECT_NE(platform::eventLogs, platform::noEventLogs);
+    EXPECT_NE(platform::dialogs, platform::noDialogs);
+    EXPECT_NE(platform::desktop, platform::noDesktop);
+    EXPECT_NE(platform::instance, platform::noInstance);
     wchar_t program[MAX_PATH];
     ASSERT_NE(GetModuleFileNameW(nullptr, program, MAX_PATH), 0U);
     const Text path = FromWide(program);
@@ -36,14 +36,14 @@ TEST(WindowsHost, PutsTheSystemInPlaceAndTakesItAway) {
     userLocale.Decimal.clear();
     platform::screen.Width = 1;
   }
-  EXPECT_EQ(platform::registry, nullptr);
-  EXPECT_EQ(platform::clock, nullptr);
-  EXPECT_EQ(platform::fileSystem, nullptr);
-  EXPECT_EQ(platform::shell, nullptr);
-  EXPECT_EQ(platform::eventLogs, nullptr);
-  EXPECT_EQ(platform::dialogs, nullptr);
-  EXPECT_EQ(platform::desktop, nullptr);
-  EXPECT_EQ(platform::instance, nullptr);
+  EXPECT_EQ(platform::registry, platform::noRegistry);
+  EXPECT_EQ(platform::clock, platform::noClock);
+  EXPECT_EQ(platform::fileSystem, platform::noFileSystem);
+  EXPECT_EQ(platform::shell, platform::noShell);
+  EXPECT_EQ(platform::eventLogs, platform::noEventLogs);
+  EXPECT_EQ(platform::dialogs, platform::noDialogs);
+  EXPECT_EQ(platform::desktop, platform::noDesktop);
+  EXPECT_EQ(platform::instance, platform::noInstance);
   EXPECT_EQ(platform::applicationFolder, u"");
   EXPECT_EQ(userLocale.Decimal, u".");
   EXPECT_EQ(platform::screen.Width, platform::Screen().Width);

@@ -27,7 +27,7 @@ class MachineIni {
   std::optional<Text> Value(TextView section, TextView key) const;
   // The entries of a section in the order of the file; none when it is missing.
   const std::vector<Entry>& Entries(TextView section) const;
-  // Sets a value, in place of the one that Value gives or behind the section's others.
+  // Sets a value: replaces the one that Value gives, or adds one at the end of the section.
   void Set(TextView section, TextView key, TextView value);
 
  private:

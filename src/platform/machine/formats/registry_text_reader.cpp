@@ -104,7 +104,7 @@ bool Reader::AtLineEnd() const {
   return text_[at_] == u'\r' && (at_ + 1 == text_.size() || text_[at_ + 1] == u'\n');
 }
 
-// What stands behind a header, a key or a value: blanks and a comment.
+// The rest of a line after a header, a key or a value: blanks and a comment.
 bool Reader::EndLine(const char* what) {
   SkipBlanks();
   if (!AtLineEnd() && Peek() != u';') return Fail(at_, std::string("text behind the ") + what);
@@ -307,8 +307,8 @@ bool Reader::ReadHexNumber(size_t most, uint32_t& number) {
   return Fail(at_, Quoted(text_.substr(at_, 1)) + " is no hex digit");
 }
 
-// Blanks, and where a backslash ends the line, that line's end, comment lines behind it and the blanks
-// before what follows. A comment may stand behind the backslash.
+// Skips blanks. Where a backslash ends the line, with or without a comment after it, also skips the line end,
+// the comment lines that follow and the blanks of the next line.
 bool Reader::SkipContinuation() {
   SkipBlanks();
   while (Peek() == u'\\') {

@@ -30,7 +30,7 @@ class HostOpenFolder {
   const std::string* FindName(TextView name, bool& sure);
   // Whether a name is known to be missing, without a look at the folder.
   bool Lacks(TextView name) const { return names_ && names_->Find(name) == nullptr; }
-  // To be called behind a change of ours.
+  // Call this after a change of our own.
   void Added(std::string_view name);
   void Removed(TextView name);
 

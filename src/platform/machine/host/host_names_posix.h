@@ -49,7 +49,7 @@ class HostNames {
   // The name in an open folder that equals `name` letter case aside, the first in order of two. Nothing when
   // there is none. Where the folder can't be read, nothing as well, and `sure` becomes false.
   std::optional<std::string> Find(int folder, TextView name, bool& sure);
-  // To be called behind each change of the names in an open folder.
+  // Call this after each change of the names in an open folder.
   void Added(int folder, std::string_view name);
   void Removed(int folder, std::string_view name);
   void Forget() { folders_.clear(); }

@@ -7,7 +7,7 @@
 
 namespace tavix::machine {
 
-// A desktop with windows that are names only; what was done to them is kept.
+// A desktop whose windows are only titles. It keeps what was done to them.
 class MachineDesktop : public platform::Desktop {
  public:
   struct Message {
@@ -19,13 +19,13 @@ class MachineDesktop : public platform::Desktop {
     bool operator==(const Message&) const = default;
   };
 
-  void SendWindowMessage(platform::WindowHandle window, uint32_t message, intptr_t first,
-                         intptr_t second) override {
-    messages.push_back({window, message, first, second, false});
+  void SendWindowMessage(platform::WindowHandle window, uint32_t message, intptr_t wParam,
+                         intptr_t lParam) override {
+    messages.push_back({window, message, wParam, lParam, false});
   }
-  void PostWindowMessage(platform::WindowHandle window, uint32_t message, intptr_t first,
-                         intptr_t second) override {
-    messages.push_back({window, message, first, second, true});
+  void PostWindowMessage(platform::WindowHandle window, uint32_t message, intptr_t wParam,
+                         intptr_t lParam) override {
+    messages.push_back({window, message, wParam, lParam, true});
   }
   platform::WindowHandle FindWindowByTitle(TextView title) override {
     const auto found = windows.find(Text(title));

@@ -1,7 +1,6 @@
 #include "platform/machine/services/machine_host.h"
 
 #include "platform/application.h"
-#include "platform/bindings.h"
 #include "platform/machine/host/host_store.h"
 #include "platform/machine/host/machine_clock.h"
 #include "platform/machine/services/machine_desktop.h"
@@ -14,6 +13,7 @@
 #include "platform/machine/services/machine_trust.h"
 #include "platform/machine/services/recycle_bin.h"
 #include "platform/merged_registry.h"
+#include "platform/nothing.h"
 
 namespace tavix::machine {
 

@@ -19,7 +19,8 @@ class MachineTrust : public platform::Trust {
   bool Rename(TextView path, TextView name) override { return files_.Rename(path, name); }
 
  private:
-  // The path without links of a folder, or of the next one above it that is there; empty where none is.
+  // The folder's path with all links resolved. For a missing folder, that of the nearest folder above it that
+  // exists. Empty when there is none.
   Text RealPath(TextView folder);
 
   MachineFileSystem& files_;

@@ -9,7 +9,7 @@ namespace {
 
 constexpr TextView kDrives = u"drives";
 constexpr TextView kApplication = u"app";
-// More links one behind the other than a sane path has: they lead in circles.
+// A path with more links than this is taken for one whose links lead in circles.
 constexpr int kMostLinks = 40;
 
 std::vector<Text> RootNames(char16_t drive) {

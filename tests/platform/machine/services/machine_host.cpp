@@ -16,15 +16,15 @@ namespace tavix::machine {
 namespace {
 
 void ExpectNothingBound() {
-  EXPECT_EQ(platform::registry, nullptr);
-  EXPECT_EQ(platform::fileSystem, nullptr);
-  EXPECT_EQ(platform::shell, nullptr);
-  EXPECT_EQ(platform::eventLogs, nullptr);
-  EXPECT_EQ(platform::dialogs, nullptr);
-  EXPECT_EQ(platform::desktop, nullptr);
-  EXPECT_EQ(platform::instance, nullptr);
-  EXPECT_EQ(platform::clock, nullptr);
-  EXPECT_EQ(platform::trust, nullptr);
+  EXPECT_EQ(platform::registry, platform::noRegistry);
+  EXPECT_EQ(platform::fileSystem, platform::noFileSystem);
+  EXPECT_EQ(platform::shell, platform::noShell);
+  EXPECT_EQ(platform::eventLogs, platform::noEventLogs);
+  EXPECT_EQ(platform::dialogs, platform::noDialogs);
+  EXPECT_EQ(platform::desktop, platform::noDesktop);
+  EXPECT_EQ(platform::instance, platform::noInstance);
+  EXPECT_EQ(platform::clock, platform::noClock);
+  EXPECT_EQ(platform::trust, platform::noTrust);
   EXPECT_TRUE(platform::applicationFolder.empty());
   EXPECT_EQ(platform::screen.Width, 1024);
   EXPECT_EQ(userLocale.Decimal, u".");
@@ -53,11 +53,11 @@ TEST_F(MachineHostTest, PutsTheFolderBehindEveryInterfaceAndTakesItAway) {
     EXPECT_EQ(platform::fileSystem->ReadFile(u"C:\\WINDOWS\\A.TXT"), "content");
     EXPECT_EQ(platform::fileSystem->ReadFile(Concat(platform::applicationFolder, u"\\tips.dll")), "tips");
     EXPECT_TRUE(platform::registry->WriteString(platform::Hive::ClassesRoot, u".x", u"", u"1"));
-    EXPECT_NE(platform::shell, nullptr);
+    EXPECT_NE(platform::shell, platform::noShell);
     EXPECT_NE(platform::eventLogs->Open(u"System"), 0);
-    EXPECT_NE(platform::dialogs, nullptr);
-    EXPECT_NE(platform::desktop, nullptr);
-    EXPECT_NE(platform::trust, nullptr);
+    EXPECT_NE(platform::dialogs, platform::noDialogs);
+    EXPECT_NE(platform::desktop, platform::noDesktop);
+    EXPECT_NE(platform::trust, platform::noTrust);
     EXPECT_FALSE(platform::instance->PreviousRuns());
     EXPECT_EQ(platform::clock->Now(), 1234);
     EXPECT_EQ(platform::screen.Width, 800);
