@@ -7,7 +7,7 @@
 
 #include "forms/main_form.h"
 #include "frame/settings.h"
-#include "platform/machine/journal.h"
+#include "platform/machine/services/journal.h"
 #include "text/utf8.h"
 
 namespace tavix::lost {
@@ -23,7 +23,8 @@ void AddTree(Keys& keys, const DiskPicture& disk, const Text& key) {
   for (const Text& child : disk.Children(key)) AddTree(keys, disk, child);
 }
 
-// Whether the item is in its old place, or where the method puts it: under its name, or the name with a suffix.
+// Whether the item is in its old place, or where the method puts it: under its name, or the name with a
+// suffix.
 bool IsSafe(const Text& key, const Text& place, const CleanOracle& oracle) {
   if (place == key) return true;
   // The function may spell the name in another letter case.

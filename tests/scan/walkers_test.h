@@ -2,6 +2,7 @@
 
 #include <functional>
 
+#include "platform/event_queue.h"
 #include "platform/shortcut_bytes.h"
 #include "scan/scan_test.h"
 #include "scan/walkers.h"
