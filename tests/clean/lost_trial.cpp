@@ -84,7 +84,7 @@ class Trial {
 
   // False if the program ends at once because a link is in the place of its data.
   bool Start() {
-    WireMainForm();
+    WireForms();
     if (!Form_Load()) {
       EXPECT_EQ(Difference(made_, Picture()), "") << "the program has no data of its own here";
       return false;
@@ -448,7 +448,7 @@ class Trial {
   Dice dice_;
   FailingStore store_;
   machine::MachineFileSystem files_;
-  machine::MachineShell shell_;
+  machine::MemoryShell shell_;
   RandomMachine machine_;
   DiskPicture made_;
   CleanJudge judge_;
