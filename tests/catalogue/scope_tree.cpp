@@ -74,7 +74,7 @@ TEST_F(ScopeTree, OffersDrivesByTypeAndReadiness) {
   }
 }
 
-TEST_F(ScopeTree, IsBuiltAnewAtEachOpening) {
+TEST_F(ScopeTree, IsRebuiltAtEachOpening) {
   Open();
   Click(u"D:");
   Check(u"D:", false);
@@ -151,7 +151,7 @@ TEST_F(ScopeTree, ATickGoesDownThroughAllThatIsLoaded) {
   EXPECT_EQ(Ticked(), Texts{}) << "a click hands the tick down, too";
 }
 
-// The look at the folder fails under exactly the path that is told.
+// The call fails for one path only, which shows the path that the program passes.
 TEST_F(ScopeTree, AKeyOfTwoCharactersGetsABackslashAndALongerOneNone) {
   const struct {
     TextView key, failing;
@@ -185,7 +185,7 @@ TEST_F(ScopeTree, AFolderThatCantBeReadOrHasGoneAddsNothing) {
   EXPECT_TRUE(At(u"D:\\Users").Expanded) << "opened and closed all the same";
 }
 
-TEST_F(ScopeTree, AKeyThatNoNodeBearsAddsNothing) {
+TEST_F(ScopeTree, AnUnknownKeyAddsNothing) {
   Open();
   LoadChildFolders(u"D:\\Users");
   LoadChildFolders(u"");
@@ -193,7 +193,7 @@ TEST_F(ScopeTree, AKeyThatNoNodeBearsAddsNothing) {
   EXPECT_EQ(Keys(), (Texts{u"Root", u"D:", u"E:"}));
 }
 
-TEST_F(ScopeTree, TheServicesGoneAddNothing) {
+TEST_F(ScopeTree, WithoutServicesAddsNothing) {
   Open();
   fileSystemObject = {};
   Click(u"D:");

@@ -89,14 +89,14 @@ TEST_F(Choices, ADriveIsTickedWithItsFolders) {
   EXPECT_FALSE(frmPubMain.trvRes.NodeByKey(u"D:")->Expanded) << "ticked, not clicked";
 }
 
-TEST_F(Choices, AFolderIsBroughtIntoBeingByClicksOnWhatLiesAboveIt) {
+TEST_F(Choices, AFolderIsLoadedByClicksOnItsParents) {
   EXPECT_EQ(Scope({u"D:\\Users\\Ann"}), (Texts{u"D:\\Users\\Ann"}));
   EXPECT_TRUE(frmPubMain.trvRes.NodeByKey(u"D:")->Expanded);
   EXPECT_TRUE(frmPubMain.trvRes.NodeByKey(u"D:\\Users")->Expanded);
   EXPECT_FALSE(frmPubMain.trvRes.NodeByKey(u"D:\\Users\\Ann")->Expanded);
 }
 
-TEST_F(Choices, WhatHasChildrenAlreadyIsNotClickedAgain) {
+TEST_F(Choices, AFolderWithChildrenIsNotClickedAgain) {
   EXPECT_EQ(Scope({u"D:\\Users\\Ann", u"D:\\Users\\Bob", u"D:\\Windows"}),
             (Texts{u"D:\\Windows", u"D:\\Users\\Ann", u"D:\\Users\\Bob"}));
   EXPECT_TRUE(frmPubMain.trvRes.NodeByKey(u"D:")->Expanded);

@@ -176,7 +176,7 @@ class SystemPage(CleanedPage):
         self.assertEqual(self.registry(), self.keys_before)
         self.assertEqual(self.journal(), [])
 
-    def test_a_second_clean_finds_what_always_stands(self):
+    def test_a_second_clean_finds_only_the_standing_rows(self):
         self.clean("--page", "system")
         left = self.left()
         found, rows, _ = self.clean("--page", "system")

@@ -189,7 +189,7 @@ class ForeignData(SampleCopy):
         self.refuse("MORVDataPath/TVX", outside)
         self.assertEqual(list(outside.iterdir()), [])
 
-    def test_nor_when_the_settings_stand_elsewhere(self):
+    def test_nor_when_the_settings_are_elsewhere(self):
         self.write("drives/C/Users/Bob/planted.txt", "[Duplicate Files]\nCommon Types=*.x\n")
         self.refuse("MORVDataPath/TVX/tvx.dll", "../../Users/Bob/planted.txt")
 

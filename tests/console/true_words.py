@@ -105,12 +105,12 @@ class TrueWords(unittest.TestCase):
                 unknown = [test for test in holds if test not in KINDS and test not in there]
                 self.assertEqual(unknown, [], f"{name}: {sentence}")
 
-    def test_what_tells_of_finding_keeping_and_removing_is_no_mere_words(self):
+    def test_a_claim_of_finding_keeping_or_removing_is_not_marked_words(self):
         for name, sentences in table().items():
             told = [sentence for sentence, holds in sentences.items() if holds == ["words"] and CLAIM.search(sentence)]
             self.assertEqual(told, [], name)
 
-    def test_what_a_function_finds_and_its_cleaning_does_is_held_by_a_test(self):
+    def test_what_a_function_finds_and_removes_is_held_by_a_test(self):
         held = table()
         for name, page in help_pages().items():
             for text in of_a_function(page):

@@ -49,7 +49,7 @@ class Unanswered(Machine):
         rows = [json.loads(line) for line in done.stdout.splitlines()]
         return [row["Name"] for row in rows if "Name" in row], done.returncode
 
-    def test_what_can_be_looked_at_is_sound_but_for_the_one_that_is_gone(self):
+    def test_with_every_right_only_the_missing_file_is_an_issue(self):
         self.assertEqual(self.names(), ([GONE], 0))
         shutil.rmtree(self.folder / "drives/C/Program Files")
         self.assertEqual(len(self.names()[0]), len(SOUND) + 2, "a class of the machine is shown twice")

@@ -116,12 +116,12 @@ class Tables(unittest.TestCase):
         self.assertEqual(len(set(ids)), len(ids))
         self.assertGreaterEqual(len(ids), 60)
 
-    def test_say_of_each_artefact_which_rows_it_gives_or_why_none(self):
+    def test_give_each_artefact_its_rows_or_the_reason_for_none(self):
         for artefact in tables.artefacts():
             self.assertTrue(artefact["what"], artefact["id"])
             self.assertNotEqual("rows" in artefact, "unlisted" in artefact, artefact["id"])
 
-    def test_every_risk_is_told_in_the_topic_of_its_function(self):
+    def test_every_risk_is_explained_in_the_topic_of_its_function(self):
         untold = [(row.type, of.artefact, topic_of(row.type), of.why) for row, of in expected_rows().items()
                   if of.terms == "risk" and of.why not in text_of(topic_of(row.type))]
         self.assertEqual(sorted(set(untold)), [])

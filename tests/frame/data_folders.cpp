@@ -66,7 +66,7 @@ TEST_F(DataFolders, AStaleBucketFileIsGoneAfterTheNextStart) {
   EXPECT_TRUE(NamesIn(Concat(kComparedFolder, u"\\other")).empty());
 }
 
-TEST_F(DataFolders, AnyOtherThanTheFreshTreeIsMadeAnew) {
+TEST_F(DataFolders, ATreeThatDiffersFromTheFreshOneIsRemade) {
   const auto at = [](TextView rest) { return Concat(kDuplicateFolder, rest); };
   const std::vector<std::function<void()>> damages = {
       [&] { machine.files.DeleteFolder(at(u"\\compared\\Q"), true); },
@@ -102,7 +102,7 @@ TEST_F(DataFolders, AnyOtherThanTheFreshTreeIsMadeAnew) {
 
 TEST_F(DataFolders, AFreshTreeIsNotTouched) {
   Start();
-  // Once it was deleted, it would be gone.
+  // If the tree were deleted, it could not be made again.
   machine.files.faults.Fail(u"CreateFolder");
   PrepareDataFolders();
   EXPECT_EQ(NamesIn(kScannedFolder).size(), 27U);

@@ -60,7 +60,7 @@ class LeftTemporaries : public testing::Test {
   machine::ScratchFolder scratch;
 };
 
-// Writes without end, as a move to another volume and a save of the settings do.
+// Repeats a move to another volume and a save of the settings until the process is killed.
 [[noreturn]] void WriteUntilKilled(const fs::path& root, int ready) {
   const auto store = machine::OpenHostStore(fs::canonical(root));
   const auto desk = store->Open({u"drives", u"C", u"Desk"});

@@ -79,7 +79,7 @@ TEST_F(StartUp, TheDocumentOfTheEmbeddedPageIsClearedLastOfAll) {
   EXPECT_EQ(frmPubMain.mhtm.Scroll, Text());
 }
 
-TEST_F(StartUp, ClosingInTheMidstOfAScanEndsItInOrder) {
+TEST_F(StartUp, ClosingDuringAScanEndsItInOrder) {
   Start();
   Seed(platform::Hive::CurrentUser, u"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\RunMRU", u"a",
        u"x");

@@ -72,7 +72,7 @@ TEST_F(CommonTypesPage, ExtensionOfTheSettingIsRefusedLetterCaseAside) {
   EXPECT_EQ(Rows(), seeded);
 }
 
-TEST_F(CommonTypesPage, BeginningOfAnExtensionOfTheSettingIsRefusedToo) {
+TEST_F(CommonTypesPage, PrefixOfAListedExtensionIsRefusedToo) {
   Add({u"do", u"7", std::nullopt});
   const Text exists = GetMessageText(u"EXIST");
   EXPECT_EQ(Messages(), (std::vector{Plain(Concat(u"'*.do' ", exists)), Plain(Concat(u"'*.7' ", exists))}));
@@ -80,7 +80,7 @@ TEST_F(CommonTypesPage, BeginningOfAnExtensionOfTheSettingIsRefusedToo) {
   EXPECT_EQ(Rows().back(), u"*.oc") << "the end of one is none";
 }
 
-TEST_F(CommonTypesPage, OnlyThatAnExtensionIsListedIsToldWithoutAPicture) {
+TEST_F(CommonTypesPage, OnlyTheMessageOfAListedExtensionHasNoPicture) {
   Add({u"*", u"doc", u"a.b", std::nullopt});
   EXPECT_EQ(Messages(),
             (std::vector{InformationOf(u"EXT_ERR"), Plain(Concat(u"'*.doc' ", GetMessageText(u"EXIST"))),

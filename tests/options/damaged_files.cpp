@@ -9,8 +9,8 @@ namespace {
 
 using namespace std::string_literals;
 
-// The window over files that somebody or something has damaged: it opens, all can be pressed, Save keeps what
-// the program doesn't know.
+// The window over damaged files. It opens, every control can be used, and Save keeps what the program doesn't
+// know.
 class DamagedFiles : public OptionsTest {
  protected:
   static std::string Utf16(TextView text) {
@@ -18,7 +18,7 @@ class DamagedFiles : public OptionsTest {
   }
   std::string Decoded(TextView file) { return Narrow(DecodeTextFile(File(file)).text); }
 
-  // Everything that the window does on its own.
+  // Uses every control that needs no answer from the user.
   void UseAll() {
     for (int page = 1; page <= 5; ++page) {
       SCOPED_TRACE(Case(page));

@@ -36,7 +36,7 @@ struct ValueCase {
 };
 
 bool Ticked(size_t box) { return frmPubOptions.cbxDF[box].Value != 0; }
-// Exactly this button is selected; none of them where there is no such one.
+// Whether only the button at `index` is selected; no button if there is none at `index`.
 template <class Buttons>
 bool Selected(Buttons& buttons, size_t index) {
   for (size_t i = 0; i < buttons.size(); ++i) {
@@ -127,7 +127,7 @@ TEST_F(OptionValues, BackupFolderIsSavedTrimmedAndOnlyWhereItIsUsed) {
   EXPECT_EQ(BackupFolder, u"D:\\New");
 }
 
-TEST_F(OptionValues, NumberThatIsNoneLeavesWhatWasSaved) {
+TEST_F(OptionValues, TextThatIsNoNumberLeavesTheSavedValue) {
   Open(5);
   frmPubOptions.txtDFSS.Text = u"";
   frmPubOptions.txtOO[0].Text = u"1e9";

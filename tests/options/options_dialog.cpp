@@ -21,7 +21,7 @@ class OptionsDialog : public OptionsTest {
     EXPECT_EQ(content, "");
     return lines;
   }
-  // What a save has left as it was: keys that are missing, files that hold what they held.
+  // What a save did not write: missing keys, and files with their old content.
   std::vector<std::string> Unwritten() {
     std::vector<std::string> names;
     const std::string settings = SettingsFile();
@@ -90,8 +90,8 @@ TEST_F(OptionsDialog, SaveWritesANewFileWithItsKeysInTheirOrder) {
                        "Last Accessed File", "Last Accessed Prefetch", "Except Folders"}));
 }
 
-// With one call after the other failing, what isn't written tells what was being written.
-TEST_F(OptionsDialog, SaveWritesTheJunkTypesBehindTheCommonTypesAndBeforeTheOtherOptions) {
+// Each call to the disk fails in turn. What is then not written shows the order of the writes.
+TEST_F(OptionsDialog, SaveWritesTheJunkTypesAfterTheCommonTypesAndBeforeTheOtherOptions) {
   Open();
   frmPubOptions.optCM[2].Value = true;
   std::vector<std::string> written;
@@ -209,7 +209,7 @@ TEST_F(OptionsDialog, EmptyListLeavesTheJunkFilesAlone) {
   EXPECT_EQ(File(kUserJunkFile), "Mine\t*.aaa\tN\tN\tU\r\n");
 }
 
-TEST_F(OptionsDialog, CrashInTheMidstOfSaveLosesNoJunkType) {
+TEST_F(OptionsDialog, CrashDuringSaveLosesNoJunkType) {
   WriteUserTypes("Mine\t*.aaa\tY\tY\r\n");
   Open(2);
   const std::string builtIn = File(kBuiltInJunkFile);

@@ -131,7 +131,7 @@ class Program(unittest.TestCase):
             self.assertIn(text, manifest)
         self.assertIn((BITMAP, "TITLE_BIG"), resources)
 
-    def test_nothing_in_it_tells_when_or_where_it_was_made(self):
+    def test_nothing_in_it_shows_when_or_where_it_was_built(self):
         self.assertEqual(self.program.time, 0)
         for place in (SOURCE, BUILD, pathlib.Path.home()):
             for text in (str(place).encode(), str(place).encode("utf-16-le")):
@@ -153,7 +153,7 @@ class Folder(unittest.TestCase):
         self.assertNotIn(b"@", notes)
         self.assertLess(notes.count(b"\n"), 20)
 
-    def test_the_zip_holds_the_program_and_what_lies_beside_it(self):
+    def test_the_zip_holds_the_program_and_its_files(self):
         with zipfile.ZipFile(DIST / f"tavix-{VERSION}-portable.zip") as portable:
             self.assertIsNone(portable.testzip())
             self.assertEqual(sorted(portable.namelist()),
@@ -161,7 +161,7 @@ class Folder(unittest.TestCase):
                               "Tavix/res/scan.gif", "Tavix/res/scan.htm", "Tavix/tavix.exe", "Tavix/tips.dll"])
             self.assertEqual(portable.read("Tavix/tips.dll"), (SOURCE / "res/lang/en/tips.dll").read_bytes())
 
-    def test_the_installer_asks_for_the_rights_it_needs_and_tells_its_version(self):
+    def test_the_installer_asks_for_the_rights_it_needs_and_shows_its_version(self):
         installer = Executable((DIST / "tavix-setup.exe").read_bytes())
         resources = installer.resources()
         self.assertIn("requireAdministrator", resources[MANIFEST, 1].decode())

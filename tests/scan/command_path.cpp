@@ -90,7 +90,7 @@ TEST_F(ExtractCommandPathTest, ASlashComesFirst) {
   });
 }
 
-TEST_F(ExtractCommandPathTest, AColonStandsInTheFirstThreeCharacters) {
+TEST_F(ExtractCommandPathTest, AColonMustBeAmongTheFirstThreeCharacters) {
   Check({
       {"second", u"C:\\x\\y.dll", u"C:\\x\\y.dll"},
       {"third, behind a quote", u"\"C:\\x\\y.dll\"", u"C:\\x\\y.dll"},
@@ -136,7 +136,7 @@ TEST_F(ExtractCommandPathTest, TheUninstallersNameIsRefusedInAnyLetterCase) {
   });
 }
 
-TEST_F(ExtractCommandPathTest, WordsBehindTheLastBackslashAreStripped) {
+TEST_F(ExtractCommandPathTest, WordsAfterTheLastBackslashAreStripped) {
   Check({
       {"several", u"C:\\Windows\\system32\\rundll32.exe shell32.dll,Control_RunDLL x",
        u"C:\\Windows\\system32\\rundll32.exe"},
@@ -162,7 +162,7 @@ TEST_F(ExtractCommandPathTest, KeepsTheQuoteMismatchOfTheExtensionCut) {
       {"a blank before leaves a character", u" C:\\a\\b.exeXYZ", u"C:\\a\\b.exeX"},
       {"capitals", u"C:\\a\\B.EXEcutable", u"C:\\a\\B.EXE"},
       {"the first of two, a folder's", u"C:\\a.exe\\b.exe", u"C:\\a.exe"},
-      {"behind the cut of an argument", u"C:\\a\\b.com -x.exe", u"C:\\a\\b.com"},
+      {"after the cut of an argument", u"C:\\a\\b.com -x.exe", u"C:\\a\\b.com"},
       {"of an argument before the path's end", u"C:\\a\\b.dll,-x.exe", u"C:\\a\\b.dll"},
       {"the prefix is gone before it", u"@C:\\a\\b.exeXYZ,-1", u"C:\\a\\b.exe"},
   });
@@ -170,7 +170,7 @@ TEST_F(ExtractCommandPathTest, KeepsTheQuoteMismatchOfTheExtensionCut) {
 
 constexpr size_t kMost = 32767;
 
-// A text of that many characters.
+// A text of `length` characters.
 Text Filler(size_t length, char16_t c = u'x') { return Text(length, c); }
 
 TEST_F(ExtractCommandPathTest, APositionThatDoesntFitLeavesItsVariableAsItWas) {
@@ -183,16 +183,16 @@ TEST_F(ExtractCommandPathTest, APositionThatDoesntFitLeavesItsVariableAsItWas) {
   check("a slash at 32767 is found", Concat(atMost, u"/x"), atMost);
   check("one at 32768 is not, and nothing else cuts", Concat(beyond, u"/x"), Concat(beyond, u"/x"));
   check("nor without a drive", Concat(Filler(kMost), u"/\\"), u"");
-  check("the colon's position is left for the cut by a hyphen behind 32767", Concat(beyond, u" -x"), u"");
+  check("for a hyphen after 32767 the colon's position is used", Concat(beyond, u" -x"), u"");
   check("and found at 32767", Concat(atMost, u" -x"), atMost);
-  check("an argument behind 32767 is none", Concat(beyond, u" %1"), Concat(beyond, u" %1"));
+  check("an argument after 32767 is not cut", Concat(beyond, u" %1"), Concat(beyond, u" %1"));
   check("nor an icon", Concat(beyond, u",-1"), Concat(beyond, u",-1"));
   check("nor a second slash", Concat(beyond, u"//"), Concat(beyond, u"//"));
   check("the uninstaller's name is looked for everywhere", Concat(beyond, u"genuinst.exe"), u"");
-  check("an extension behind 32767 cuts nothing", Concat(beyond, u".exeXYZ"), Concat(beyond, u".exeXYZ"));
+  check("an extension after 32767 cuts nothing", Concat(beyond, u".exeXYZ"), Concat(beyond, u".exeXYZ"));
   check("at 32767 it cuts", Concat(atMost, u".exeXYZ"), Concat(atMost, u".exe"));
-  check("a blank behind 32767 strips nothing", Concat(beyond, u" x"), Concat(beyond, u" x"));
-  check("a backslash behind 32767 counts as none, so the last blank before cuts", Concat(beyond, u"\\d"),
+  check("a blank after 32767 strips nothing", Concat(beyond, u" x"), Concat(beyond, u" x"));
+  check("a backslash after 32767 is not found, so the last blank before cuts", Concat(beyond, u"\\d"),
         u"C:\\a");
   check("and with no word left there is no folder", Concat(u"C:x y", Filler(kMost), u"\\d"), u"");
 }

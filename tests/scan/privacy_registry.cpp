@@ -143,7 +143,7 @@ TEST_F(PrivacyRegistry, AKeyThatCannotBeReadHasNoRows) {
   EXPECT_EQ(ResultCount(), 0);
 }
 
-TEST_F(PrivacyRegistry, StandingRowsLookAtNothingAndLeaveTheStatusLine) {
+TEST_F(PrivacyRegistry, StandingRowsReadNothingAndLeaveTheStatusLine) {
   const struct {
     TextView key, type, tag;
   } table[] = {

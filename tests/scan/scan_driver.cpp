@@ -12,8 +12,7 @@
 namespace tavix::mdlPubSelf {
 namespace {
 
-// Scanners that add nothing are the standing rows' opposite: typed URLs of an empty registry. A standing
-// row is a scanner that always adds one.
+// Typed URLs of an empty registry add no row. The auto-fill history always adds one.
 constexpr TextView kAddsNothing = u"iertu";
 constexpr TextView kAddsOne = u"ieafh";
 
@@ -32,7 +31,7 @@ class ScanDriver : public ProgramTest {
   static void Tick(std::initializer_list<TextView> keys) {
     for (const TextView key : keys) frmPubMain.trvPrivacy.NodeByKey(key)->Checked = true;
   }
-  // The page as an opened one looks, with ticked rows behind the master row.
+  // Makes `page` the open page, with these ticked rows after the master row.
   static void OpenListPage(PictureBox& page, std::initializer_list<TextView> rows) {
     for (PictureBox* picture : frmPubMain.PagePictures()) picture->BorderStyle = 0;
     page.BorderStyle = 1;
@@ -44,7 +43,7 @@ class ScanDriver : public ProgramTest {
   }
 };
 
-// Runs what a test has in mind at the first yield, as a user's hand would.
+// Acts once as the user would, at the first yield.
 class HandAtYield : public platform::EventQueue {
  public:
   explicit HandAtYield(std::function<void()> act) : act_(std::move(act)) { platform::eventQueue = this; }
@@ -54,7 +53,7 @@ class HandAtYield : public platform::EventQueue {
   std::function<void()> act_;
 };
 
-// Runs at each change of the status line, which comes in the midst of a function.
+// Acts at each change of the status line. A function changes it while it runs.
 class HandAtStatus : public ControlPeer {
  public:
   explicit HandAtStatus(std::function<void()> act) : act_(std::move(act)) { frmPubMain.lblProgS.peer = this; }
@@ -301,7 +300,7 @@ TEST_F(ScanDriver, WhileAScanRunsOnlyCancelAndPagesCanBeOperated) {
     EXPECT_EQ(form.lblProgMO.BorderStyle, 1);
     EXPECT_EQ(form.lblTime.Caption, Text(u"? second(s)."));
     EXPECT_EQ(form.lblSum.Caption, Text(u"Sum: ? item(s), ? KB found."));
-    form.sbtScan.Click();  // the key F3 in the midst of a scan
+    form.sbtScan.Click();  // F3 during a scan
     EXPECT_EQ(form.lblProgMI.Width, 0);
   });
   frmPubMain.sbtScan.Click();
@@ -435,7 +434,7 @@ TEST_F(ScanDriver, EachScanStartsFromAClearedListAndATickedCheckAll) {
   EXPECT_EQ(frmPubMain.lsvResult.SortKey, 1);
 }
 
-TEST_F(ScanDriver, ServicesReleasedInTheMidstOfAScanFindNothingMore) {
+TEST_F(ScanDriver, AScanFindsNothingMoreOnceTheServicesAreReleased) {
   Tick({kAddsNothing, u"werh", kAddsOne});
   Seed(platform::Hive::CurrentUser, u"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\RunMRU", u"a",
        u"x");

@@ -5,7 +5,7 @@
 namespace tavix::mdlPubSelf {
 namespace {
 
-// Walks that are cancelled, or meet what fails or changes meanwhile.
+// Walks that are cancelled, that meet failures, or whose folders change during the walk.
 
 TEST_F(Walkers, CancelAmongTheRowsOfAFolderLetsThemAllInAndNoDeeperFolder) {
   struct CancelAtRow : ControlPeer {
@@ -67,11 +67,11 @@ TEST_F(Walkers, TheAgeTestReadsTheFileBeforeWhereOneCannotBeOpened) {
     machine.files.AddFile(path, {.accessed = accessed});
     if (!opens) machine.files.faults.Fail(u"Look", path);
   };
-  add(u"a.pf", 1000 * kDay, false);  // no object yet: the test is passed over
+  add(u"a.pf", 1000 * kDay, false);  // no file opened yet: listed untested
   add(u"b.pf", 1000 * kDay, true);
-  add(u"c.pf", 900 * kDay, false);  // judged by b
+  add(u"c.pf", 900 * kDay, false);  // tested with the time of b
   add(u"d.pf", 900 * kDay, true);
-  add(u"e.pf", 1000 * kDay, false);  // judged by d
+  add(u"e.pf", 1000 * kDay, false);  // tested with the time of d
   WalkFolderByPatternAge(u"C:\\T", u"t", u"*.pf", 7);
   EXPECT_EQ(Paths(ResultRows()), (std::vector<Text>{u"C:\\T\\a.pf", u"C:\\T\\d.pf", u"C:\\T\\e.pf"}));
 }
@@ -103,7 +103,7 @@ TEST_F(Walkers, AFolderThatCannotBeReadAddsNothingAndTheWalkGoesOn) {
   }
 }
 
-// The file list needs no object of the folder, the collections do.
+// A folder collection has to open its folder; a file list does not.
 TEST_F(Walkers, AFolderWhoseObjectCannotBeHadHasNoSubFolders) {
   AddDead(u"C:\\T\\a.lnk");
   AddDead(u"C:\\T\\sub\\b.lnk");

@@ -179,7 +179,7 @@ class StartAndStop(DataTree):
         # The first copy has ended, so this one starts.
         self.close(self.start())
 
-    def test_settings_are_kept_as_they_stand(self):
+    def test_settings_are_kept_unchanged(self):
         self.close(self.start())
         kept = self.settings_file.read_bytes().replace(b"Method=D", b"Method=S") + b"Unknown=kept\r\n"
         self.settings_file.write_bytes(kept)

@@ -157,7 +157,7 @@ TEST_F(About, TheMenuShowsTheWindow) {
   EXPECT_EQ(shown, 1);
 }
 
-TEST_F(About, TheProductStandsThereWithItsVersion) {
+TEST_F(About, ShowsTheProductWithItsVersion) {
   EXPECT_EQ(frmPubAbout.lblProduct.Caption, Concat(u"Tavix v", kProductVersion));
   EXPECT_EQ(frmPubMain.lblVer.Caption, Text(u"v2.19.630"));
 }

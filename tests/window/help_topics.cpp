@@ -101,7 +101,7 @@ TEST(HelpTopics, EveryFunctionHasItsOwnReachedFromItsPage) {
   }
 }
 
-TEST(HelpTopics, OnAPageTheyStandInTheOrderOfTheFunctions) {
+TEST(HelpTopics, OnAPageAreInTheOrderOfTheFunctions) {
   std::map<std::string, int> last;
   for (const Topic& topic : FunctionTopics()) {
     SCOPED_TRACE(topic.file);
@@ -113,14 +113,14 @@ TEST(HelpTopics, OnAPageTheyStandInTheOrderOfTheFunctions) {
   }
 }
 
-TEST(HelpTopics, TheKeysOfTheWindowAreTold) {
+TEST(HelpTopics, ExplainTheKeysOfTheWindow) {
   const std::string& keys = Sources().at("keys.htm");
   for (const char* key :
        {"F1", "F3", "F5", "Esc", "P, S, R, A", "O", "1", "Ctrl+X", "Ctrl+O", "Ctrl+P", "Ctrl+I", "Alt+F4"})
     EXPECT_NE(keys.find(std::string("<th>") + key + "</th>"), std::string::npos) << key;
 }
 
-TEST(HelpTopics, TheTextIsAsciiAsItSays) {
+TEST(HelpTopics, HaveTheAsciiEncodingTheyDeclare) {
   for (const auto& [file, text] : Sources()) {
     SCOPED_TRACE(Case(file));
     EXPECT_TRUE(std::ranges::none_of(text, [](char c) { return static_cast<unsigned char>(c) > 126; }))

@@ -123,7 +123,7 @@ class Numbers(OptionsCase):
             self.wait_for_window("the next control", lambda w, n=number: w.focus() not in (n, None))
             self.expect_no_message()
 
-    def test_whatever_takes_the_focus_has_no_other_effect(self):
+    def test_a_click_or_key_that_leaves_a_refused_number_has_no_other_effect(self):
         before = (self.machine.drive_c / "MORVDataPath/TVX/tvx.dll").read_bytes()
         shown = self.open(OTHERS)
         self.enter(FILE_DAYS, "7")

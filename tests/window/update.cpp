@@ -94,7 +94,7 @@ TEST_F(UpdateCheck, WithoutANetworkTheStartIsSilentAfterOneFetch) {
   EXPECT_TRUE(frmPubMain.Loaded);
 }
 
-TEST_F(UpdateCheck, WithNoNetworkBehindTheInterfaceTheStartIsSilent) {
+TEST_F(UpdateCheck, WithoutANetworkServiceTheStartIsSilent) {
   platform::network = platform::noNetwork;
   Start();
   EXPECT_EQ(Calls(), Strings{});
@@ -141,7 +141,7 @@ TEST_F(UpdateCheck, ByHandAgainAsksForTheVersionFirstAgain) {
   EXPECT_EQ(Calls(), (Strings{fetchVersion, fetchNotes, question}));
 }
 
-TEST_F(UpdateCheck, WithoutNotesTheMessageStandsAlone) {
+TEST_F(UpdateCheck, WithoutNotesTheBoxShowsOnlyTheMessage) {
   Serve(u"/latestver.txt", "9.0.1");
   machine.dialogs.answers = {platform::kCancel};
   Start();

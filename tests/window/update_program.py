@@ -260,7 +260,7 @@ class AtStart(UpdateTest):
 
 
 class ByHand(UpdateTest):
-    def test_the_menu_asks_and_tells_that_there_is_none(self):
+    def test_the_menu_asks_and_says_that_there_is_none(self):
         site = self.serve(latestver=b"2.18.601")
         process = self.start()
         shown = self.wait_for_the_window_alone(process)

@@ -238,7 +238,7 @@ TEST_F(PubCommon, DriveIsAskedOnceAndOnlyForAMissingTarget) {
   host.files.AddFile(u"C:\\there.exe");
   host.facts.Set(u"Drives", u"C", u"2");
   host.facts.Set(u"Drives", u"N", u"3");
-  // Calls on the disk that a fault of them would show.
+  // Whether the drive is asked. If it is, the planted failure of that call counts.
   const auto ready = [this](TextView target) {
     AddShortcut(target);
     host.files.faults.Fail(u"IsDriveReady");
@@ -273,7 +273,7 @@ TEST_F(PubCommon, TargetThatCantBeLookedAtIsValid) {
   EXPECT_TRUE(IsValid());
 }
 
-TEST_F(PubCommon, TellsTheSystemsTemporaryFolder) {
+TEST_F(PubCommon, ReturnsTheSystemsTemporaryFolder) {
   Text path = u"before";
   common.GetSystemTempFolder(path);
   EXPECT_EQ(path, u"before");

@@ -25,7 +25,7 @@ TEST_F(MainWindowTest, AYieldShowsWhatHasChanged) {
   EXPECT_EQ(TextOf(kIdSum), L"Sum: 3");
 }
 
-TEST_F(MainWindowTest, StandsWhereTheLayoutPutsIt) {
+TEST_F(MainWindowTest, IsWhereTheLayoutPutsIt) {
   RECT area;
   GetWindowRect(mainWindow, &area);
   EXPECT_NEAR(static_cast<int>(area.left), frmPubMain.Left / 15, 1);
@@ -191,7 +191,7 @@ struct Job {
   }
 };
 
-TEST_F(MainWindowTest, ClosingInTheMidstOfAJobEndsBoth) {
+TEST_F(MainWindowTest, ClosingDuringAJobEndsBoth) {
   Job job;
   frmPubMain.sbtScan.Click = [&] { job.Run(); };
   SetTimer(mainWindow, 99, 50, [](HWND owner, UINT, UINT_PTR id, DWORD) {
@@ -210,7 +210,7 @@ TEST_F(MainWindowTest, ClosingInTheMidstOfAJobEndsBoth) {
   EXPECT_EQ(frmPubMain.peer, nullptr);
 }
 
-TEST_F(MainWindowTest, ClosingByAControlLeavesItsHandlerAWayBack) {
+TEST_F(MainWindowTest, AHandlerMayCloseTheWindowAndGoOn) {
   bool back = false;
   frmPubMain.sbtScan.Click = [&] {
     frmPubMain.Unload();
@@ -222,7 +222,7 @@ TEST_F(MainWindowTest, ClosingByAControlLeavesItsHandlerAWayBack) {
   EXPECT_TRUE(back);
 }
 
-TEST_F(MainWindowTest, CancelIsPressedInTheMidstOfAJob) {
+TEST_F(MainWindowTest, CancelCanBePressedDuringAJob) {
   Job job;
   frmPubMain.sbtScan.Click = [&] { job.Run(); };
   frmPubMain.KeyDown = [](int key, int) {

@@ -165,7 +165,7 @@ TEST_F(TreeBindingTest, OpeningAndClosingReachesTheModel) {
   EXPECT_TRUE(Open(RootItem()));
 }
 
-TEST_F(TreeBindingTest, NodesAddedLaterStandBelowTheirParent) {
+TEST_F(TreeBindingTest, NodesAddedLaterAreBelowTheirParent) {
   Model().AddNode(first, u"deep", u"Deep");
   first->Expanded = true;
   Flush();

@@ -58,7 +58,7 @@ TEST_F(WindowState, AControlUnderAnotherIsOutOfReach) {
   EXPECT_EQ(IsWindowVisible(Control(kIdScopeTree)), FALSE);
 }
 
-TEST_F(WindowState, MovesOverTheBackgroundReachWhatLiesThere) {
+TEST_F(WindowState, MovesOverTheBackgroundReachTheControlThere) {
   std::string moves;
   const auto note = [&](const char* name) { return [&moves, name](int) { moves += name; }; };
   frmPubMain.lblBorder.MouseMove = note("border ");
