@@ -8,7 +8,7 @@
 namespace tavix {
 namespace {
 
-// The pictures of all icons, in the order in which they are put to rest.
+// The pictures of all icons, in the order in which the program switches them off.
 std::vector<Text> Pictures() {
   MainForm& f = frmPubMain;
   std::vector<Text> pictures;

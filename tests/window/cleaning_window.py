@@ -159,8 +159,8 @@ class StartAndStop(DataTree):
 
     def test_a_second_copy_ends_at_once_and_touches_nothing(self):
         program = self.start()
-        # What a start would change: scratch files go, missing files come back, settings without types become
-        # the defaults, and files are hidden.
+        # Prepare everything that a start changes: it deletes scratch files, makes missing files, replaces settings
+        # without types by the defaults, and hides files.
         left = self.data / "DupeFiles" / "scanned" / "A" / "left.txt"
         left.write_text("of the first copy", encoding="ascii")
         (self.data / "userjunk.dll").unlink()
@@ -172,7 +172,7 @@ class StartAndStop(DataTree):
         self.assertEqual([str(name) for name in before | after if before.get(name) != after.get(name)], [])
         self.assertTrue(program.is_running())
         self.close(program)
-        # The scratch folders are emptied at the end.
+        # The program empties the scratch folders when it ends.
         self.assertFalse(left.exists())
         self.assertTrue(left.parent.is_dir())
         self.assertEqual(self.settings_file.read_bytes(), b"[Cleaning Method]\r\nMethod=S\r\n")

@@ -24,7 +24,7 @@ class Help : public ProgramTest {
     machine.journal.Clear();
   }
 
-  // The one target that was run, maximized, since the last call; empty if there was none.
+  // The target that was run since the last call, or empty. Checks that there was one at most, run maximized.
   Text Target() {
     const auto entries = machine.journal.Entries();
     machine.journal.Clear();

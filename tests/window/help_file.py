@@ -1,4 +1,4 @@
-"""The help file as it is built from its topics. Run by CTest, or: python3 -m unittest help_file"""
+"""The help file, built from its topics. Run by CTest, or: python3 -m unittest help_file"""
 import os
 import pathlib
 import re
@@ -43,7 +43,7 @@ class HelpFile(unittest.TestCase):
         return self.content("/" + name).decode("ascii")
 
     def entries(self, name):
-        """The entries of contents or index: how deep they lie, name and file."""
+        """The entries of contents or index: depth, name and file."""
         found = re.findall(r'(?m)^( *)<li>.*name="Name" value="(.*?)">.* value="(.*?)"></object>$', self.text(name))
         return [(len(indent) // 2, title, file) for indent, title, file in found]
 
@@ -108,7 +108,7 @@ class HelpFile(unittest.TestCase):
                          ["contents.hhc", "index.hhk", "welcome.htm", "welcome.htm"])
 
     def test_equal_sources_give_equal_files_at_any_time(self):
-        # The compiler notes the second.
+        # The compiler writes the time in seconds: wait for the next second.
         while time.time() < self.built + 1:
             time.sleep(0.05)
         self.assertEqual(build(self.folder / "again.chm"), self.bytes)

@@ -38,7 +38,7 @@ const std::map<std::string, std::string>& Sources() {
   return sources;
 }
 
-// The text of the pattern's group in each match.
+// Finds all matches and returns the text of the first group of each.
 std::vector<std::string> All(const std::string& text, const char* pattern) {
   const std::regex expression(pattern);
   std::vector<std::string> found;
@@ -47,7 +47,7 @@ std::vector<std::string> All(const std::string& text, const char* pattern) {
   return found;
 }
 
-// In small letters; whatever is no letter or digit becomes one underscore.
+// In small letters, with one underscore for each run of other characters than letters and digits.
 std::string FileNameOf(TextView caption) {
   std::string name;
   for (const char c : Narrow(caption)) {

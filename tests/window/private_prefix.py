@@ -108,7 +108,7 @@ class OfTheTests(Private):
         prefix = self.prefix()
         self.assertTrue(wine_prefix.is_current(prefix))
         (prefix / "dosdevices" / "z:").symlink_to("/")
-        (prefix / "ready").write_text("", encoding="utf-8")  # as older ones have it
+        (prefix / "ready").write_text("", encoding="utf-8")  # as in older prefixes
         self.assertFalse(wine_prefix.is_current(prefix))
         wine_prefix.make(prefix)
         self.assertTrue(wine_prefix.is_current(prefix))

@@ -18,7 +18,7 @@ STANDING = {
     "before": ["Auto-fill Form History", "Auto-fill Password History"],
     "behind": ["User Ran Applications History", "Open/Save History", "Other Explorer MRUs"],
 }
-# Functions that look at files: what they find differs from machine to machine.
+# Functions that search files. What they find depends on the prefix.
 FILE_FUNCTIONS = ("Temporary Internet Files", "Cookies", "History", "Temporary Internet Files Detail", "Cookies Detail",
                   "Index.dat Files", "Recently Used Documents")
 
@@ -78,7 +78,7 @@ class SeededMachine(unittest.TestCase):
         return [row["texts"] for row in shown.rows]
 
     def untick_file_functions(self, program):
-        """Unticks every function that looks at files."""
+        """Unticks every function that searches files."""
         shown = program.read()
         for name in FILE_FUNCTIONS:
             program.click(shown.node(name)["rect"], x=-8)

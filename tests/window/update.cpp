@@ -33,7 +33,7 @@ class UpdateCheck : public ProgramTest {
     Serve(u"/update.txt", std::move(notes));
   }
 
-  // What reached the network, the user and the shell, in order.
+  // The calls to network, message boxes and shell, in order.
   std::vector<std::string> Calls() {
     std::vector<std::string> calls;
     for (const auto& entry : machine.journal.Entries()) calls.push_back(entry.Json());

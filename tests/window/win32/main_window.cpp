@@ -159,7 +159,7 @@ TEST_F(MainWindowTest, TheTimerTicksWhileItHasAnInterval) {
   frmPubMain.timLoader.Tick = [&] { ++ticks; };
   frmPubMain.timLoader.Interval = 20;
   Flush();
-  // As long as it takes on a busy machine.
+  // A busy machine may take long.
   for (const ULONGLONG start = GetTickCount64(); ticks < 2 && GetTickCount64() - start < 600'000;) {
     Sleep(10);
     platform::Yield();
