@@ -4,7 +4,7 @@
 #   window   a display without a screen, keys, clicks and screenshots
 #   check    formatter, linter, fuzzers
 #   help     compiler of the help file
-#   release  what packs the programs for those who install them
+#   release  builder of the installer, packer of the zip
 
 packages() {
   case "$1" in

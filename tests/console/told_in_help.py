@@ -1,4 +1,4 @@
-"""What the help and the catalogues say of a clean and the one-click run, checked on the disk and in the registry."""
+"""Checks on the disk and in the registry what help and catalogues say of a clean and the one-click run."""
 import sys
 import unittest
 

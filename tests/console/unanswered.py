@@ -10,7 +10,7 @@ from machine_case import CONSOLE, Machine
 
 NOBODY = 65534
 WINDOWS = "Software\\Microsoft\\Windows\\CurrentVersion\\"
-# Sound entries of each function whose files lie in one folder, as key, name and data, and one whose file is gone.
+# Entries of each function whose files are in one folder, as key, name and data. Another entry's file is missing.
 FOLDER = "C:\\Program Files\\App"
 SOUND = [
     ("HKEY_LOCAL_MACHINE\\" + WINDOWS + "SharedDlls", FOLDER + "\\a.dll", "1"),

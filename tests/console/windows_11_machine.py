@@ -1,7 +1,9 @@
-"""Every page over the Windows 11 machine: each row is one that the tables name, on the terms that they tell.
+"""Every page over the Windows 11 machine. Each row is in the tables, which give it one of these terms:
 
-A row is `harmless`, or a `risk` that the topic of its function tells in the sentence that stands in the table, or
-`refused`: a clean leaves it where it is. `unticked` rows come without a tick."""
+- `harmless`
+- `risk`: the topic of its function warns of it, in the sentence that the table quotes
+- `refused`: a clean leaves it in place
+- `unticked`: it is listed without a tick"""
 import collections
 import html
 import os
@@ -16,7 +18,7 @@ import make_windows_11_machine as tables
 THROUGH_A_LINK = "what a link leads to stays"
 PAGES = ("privacy", "system", "registry", "advanced")
 TERMS = ("harmless", "risk", "refused", "unticked")
-# The topic of the function that gives rows of a type, or of types that begin so. For the Registry page, see topic_of.
+# {type of a row, or its first part: help topic of its function}. For the Registry page, see topic_of.
 TOPICS = {
     "Temporary Internet Files": "ietif", "Cookies": "iec", "History": "ieh", "Recently Typed URL": "iertu",
     "Auto-fill Form History": "ieafh", "Auto-fill Password History": "ieaph", "Temporary Internet File": "ietifd",
@@ -53,7 +55,7 @@ def terms_of(row):
 
 
 def through_links(rows):
-    """A scan goes through a link of a folder as through the folder, and its clean stays out of there."""
+    """Adds the rows that a scan finds again through links to folders. A clean refuses them."""
     links = [(tables.path_of(artefact, name), target) for artefact in tables.artefacts()
              for name, target in artefact.get("links", {}).items() if target]
     for row in list(rows):
@@ -95,7 +97,7 @@ REGISTRY_TOPICS = registry_topics()
 
 
 def text_of(topic):
-    """What a person reads in a topic."""
+    """The text of a topic, without markup."""
     text = help_pages()[topic]
     return " ".join(html.unescape(re.sub(r"<[^>]*>", "", text)).split())
 
@@ -145,10 +147,10 @@ class Scan(Windows11):
 
 
 class Safeguards(Windows11):
-    """What a clean leaves where it is, its row ticked."""
+    """Ticked rows that a clean leaves in place."""
 
     def clean_page(self, page, *arguments):
-        """The ticked rows that a clean leaves, by what they stand for."""
+        """The ticked rows that are left after a clean of the page."""
         _, kept, _ = self.clean("--page", page, "--now", tables.NOW, *arguments)
         return sorted(found(row) for row in kept if row["Checked"])
 

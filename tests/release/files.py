@@ -11,7 +11,7 @@ DIST = pathlib.Path(os.environ["TAVIX_DIST"]).resolve()
 BUILD = pathlib.Path(os.environ["TAVIX_BUILD"]).resolve()
 VERSION = re.search(r"project\(tavix VERSION (\S+)", (SOURCE / "CMakeLists.txt").read_text(encoding="utf-8"))[1]
 
-# All of them come with every Windows since 7.
+# Every Windows since 7 has them.
 SYSTEM_LIBRARIES = {
     "advapi32.dll", "comctl32.dll", "gdi32.dll", "kernel32.dll", "msvcrt.dll", "ntdll.dll", "ole32.dll", "oleaut32.dll",
     "shell32.dll", "shlwapi.dll", "user32.dll", "uxtheme.dll", "winhttp.dll"}
@@ -64,7 +64,7 @@ class Executable:
         return names
 
     def resources(self):
-        """(type, name) -> bytes; types and names are numbers or texts."""
+        """The resources: {(type, name): bytes}. Types and names are numbers or texts."""
         address, _ = self.directory(2)
         root = self.offset(address)
 

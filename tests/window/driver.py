@@ -229,9 +229,8 @@ class Program:
         self.move((rectangle[0] + rectangle[2]) // 2, (rectangle[1] + rectangle[3]) // 2)
 
     def drag(self, start, by):
-        """Drags the window by a point of it, and waits until it has moved by `by`, or by one pixel more. The drag begins
-        with the first move after the press, in a tree with the first one over its threshold. The window follows the
-        moves after that."""
+        """Drags the window by a point of it, and waits until it has moved by `by`, or by one pixel more. The first move
+        after the press begins the drag; over a tree it must exceed a threshold. The window follows the later moves."""
         before = self.read().rect
         near, far = ((start[0] + away, start[1] + away) for away in (8, 9))
         nudges = itertools.cycle((near, far))

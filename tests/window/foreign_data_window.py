@@ -62,7 +62,7 @@ class ForeignData(update_program.UpdateTest):
         self.refuse(self.data.parent)
 
     def test_ok_never_renames_what_a_link_leads_to(self):
-        """Wine opens the link's target when asked for the link itself. So the link can't be renamed and the program ends."""
+        """Asked for the link itself, Wine opens its target. So the link can't be renamed and the program ends."""
         self.data.parent.mkdir()
         self.data.symlink_to("../Victim")
         before = state(self.victim)
