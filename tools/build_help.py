@@ -7,7 +7,7 @@ Contents, index and project file are made from the topics. The head of a topic g
     <meta name="place" content="registry 50">          its chapter, and its number in it: the order counts, not the gaps
     <meta name="keywords" content="Fonts; Typefaces">  more entries of the index, if there are any
 
-A topic without a chapter stands at the top of the contents. A chapter is named after the file of its page. Where the
+A topic without a chapter is at the top of the contents. A chapter is named after the file of its page. Where the
 page says `<!-- topics of registry -->`, a list of links to the chapter's topics takes that line's place. A chapter with
 two lists has two groups, as privacy.ie and privacy.we.
 

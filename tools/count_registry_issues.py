@@ -70,7 +70,7 @@ class Registry:
         return "\\".join(parts).upper()
 
     def places(self, path):
-        """The keys that a path of the page means. Values and spelling of the first one win."""
+        """The keys that a path of the page names. Values and spelling of the first one win."""
         hive, _, rest = path.partition("\\")
         if hive == "HKCR":
             return [root + "\\SOFTWARE\\CLASSES\\" + rest.upper() for root in ("HKEY_CURRENT_USER", "HKEY_LOCAL_MACHINE")]

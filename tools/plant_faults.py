@@ -219,7 +219,7 @@ class Runner:
 
 
 def choose(sources, seed):
-    """All faults in the order of this seed. Each round takes one fault of each line."""
+    """One fault for each line. The seed selects the faults and their order."""
     by_line = {}
     for source in sources:
         for line, fault in faults_in(source.read_text(encoding="utf-8").split("\n")):

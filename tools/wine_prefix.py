@@ -154,7 +154,7 @@ def windows_path(prefix, file):
 
 
 def copy_in(prefix, source, folder=""):
-    """Copies a file, or a folder with its content, into a folder of drive C:. Makes that folder. Returns the new path."""
+    """Copies a file or a whole folder into a folder of drive C:, which is made if missing. Returns the new path."""
     source = pathlib.Path(source)
     target = pathlib.Path(prefix) / "drive_c" / folder / source.name
     target.parent.mkdir(parents=True, exist_ok=True)

@@ -61,7 +61,7 @@ TEST_F(FunctionList, TheLinkGoesWhenAFunctionWithoutOptionsIsClicked) {
   EXPECT_FALSE(LinkShown());
 }
 
-TEST_F(FunctionList, TheMasterRowShowsTheDescriptionOfTheCaptionItHasAtThatMoment) {
+TEST_F(FunctionList, TheMasterRowShowsTheDescriptionOfItsCurrentCaption) {
   frmPubMain.picSystem.MouseUp(kLeftButton);
   Click(0);
   EXPECT_EQ(Status(), u"Unchecks all clean/repair functions for this category.");

@@ -278,7 +278,8 @@ TEST_F(PageDuringAScan, ThePrivacyPageLeavesTheListAndTheLoopReadsItOn) {
   const std::vector<Text> types = Scan(frmPubMain.picPrivacy);
   ASSERT_GT(types.size(), 2U);
   EXPECT_EQ(types[1], u"User Temporary File");
-  EXPECT_EQ(types.back(), u"Windows Size and Location Caches") << "the last row but one of the System page";
+  EXPECT_EQ(types.back(), u"Windows Size and Location Caches")
+      << "the row before the last of the System page";
   EXPECT_FALSE(frmPubMain.lst.Visible);
   EXPECT_TRUE(frmPubMain.lblProgS.Caption.Get().starts_with(u"Finished, please click <Clean>"));
 }

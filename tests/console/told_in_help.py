@@ -116,7 +116,7 @@ class SafeguardsOfTheBackupFolder(Machine):
             self.write("drives/" + name, name)
 
     def left(self, backup_folder, method):
-        """The copies that are still in their place."""
+        """Cleans by this method. Returns the names of the files that are left."""
         self.clean("--page", "advanced", "--function", "Junk Files", "--set", "Cleaning Method/Method=" + method,
                    "--set", "Cleaning Method/Backup Folder=" + backup_folder)
         return [path.name for path in sorted((self.folder / "drives").rglob("*.bak"))]

@@ -1,4 +1,4 @@
-"""Each sentence of the help, the README, the FAQ of the site and the catalogue is bound to what makes sure of its truth.
+"""Each sentence of the help, the README, the FAQ of the site and the catalogue is bound to what makes sure of it.
 
 true_words.txt lists them all. The line after a sentence says what makes sure of it:
 
@@ -107,8 +107,8 @@ class TrueWords(unittest.TestCase):
 
     def test_a_claim_of_finding_keeping_or_removing_is_not_marked_words(self):
         for name, sentences in table().items():
-            told = [sentence for sentence, holds in sentences.items() if holds == ["words"] and CLAIM.search(sentence)]
-            self.assertEqual(told, [], name)
+            claims = [sentence for sentence, holds in sentences.items() if holds == ["words"] and CLAIM.search(sentence)]
+            self.assertEqual(claims, [], name)
 
     def test_what_a_function_finds_and_removes_is_held_by_a_test(self):
         held = table()

@@ -81,7 +81,7 @@ class Unanswered(Machine):
                     least = limit
         self.assertGreater(ran, 0)
         self.assertIsNotNone(least, "the one that is gone was never found")
-        print(f"{ran} runs with few handles; the missing file is told from {least} on")
+        print(f"{ran} runs with few handles; the missing file is found from {least} on")
 
 
 if __name__ == "__main__":

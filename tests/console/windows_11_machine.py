@@ -61,8 +61,8 @@ def through_links(rows):
     for row in list(rows):
         for link, target in links:
             if row.what.startswith(target + "\\"):
-                behind = row._replace(what=link + row.what[len(target):])
-                rows[behind] = Expected(rows[row].artefact, "refused", THROUGH_A_LINK)
+                linked = row._replace(what=link + row.what[len(target):])
+                rows[linked] = Expected(rows[row].artefact, "refused", THROUGH_A_LINK)
 
 
 def expected_rows():
@@ -174,11 +174,11 @@ class Safeguards(Windows11):
     def test_what_is_reached_through_a_link_stays(self):
         rows = self.rows("advanced")
         expected = expected_rows()
-        behind = [row for row in rows if expected[found(row)].why == THROUGH_A_LINK]
-        self.assertGreater(len(behind), 1)
-        others = [option for row in rows if row not in behind for option in ("--untick", row["row"])]
-        self.assertEqual(self.clean_page("advanced", *others), sorted(map(found, behind)))
-        self.assertEqual([row for row in behind if not self.is_there(found(row).what)], [])
+        linked = [row for row in rows if expected[found(row)].why == THROUGH_A_LINK]
+        self.assertGreater(len(linked), 1)
+        others = [option for row in rows if row not in linked for option in ("--untick", row["row"])]
+        self.assertEqual(self.clean_page("advanced", *others), sorted(map(found, linked)))
+        self.assertEqual([row for row in linked if not self.is_there(found(row).what)], [])
 
     def test_own_data_and_the_backup_folder_are_whole(self):
         self.clean_page("advanced")

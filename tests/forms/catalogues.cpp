@@ -155,9 +155,9 @@ TEST_P(EachLanguage, SaysPlainlyThatPasswordsAndLogsGoAndThatTicksDoNotLimitTheS
   const Texts messages = Section(Catalogue(GetParam(), "tips.dll"), u"Message & Text");
   const PlainWords& words = kPlainWords.at(GetParam());
   for (const char* key : {"ONE_CLICK", "OC_REMARK"}) {
-    const Text told = ToLower(messages.at(key));
-    EXPECT_NE(told.find(ToLower(words.passwords)), Text::npos) << key;
-    EXPECT_NE(told.find(ToLower(words.logs)), Text::npos) << key;
+    const Text text = ToLower(messages.at(key));
+    EXPECT_NE(text.find(ToLower(words.passwords)), Text::npos) << key;
+    EXPECT_NE(text.find(ToLower(words.logs)), Text::npos) << key;
   }
   EXPECT_NE(messages.at("JF_REMARK").find(words.ticks), Text::npos);
 }

@@ -98,7 +98,7 @@ TEST_F(LeftTemporaries, OfAKilledRunGoAtTheNextStart) {
     StartOnce();
     EXPECT_EQ(Temporaries(), std::set<std::string>()) << "round " << round;
   }
-  EXPECT_GT(left, kRounds / 4) << "the kills have to hit the writing for the test to mean anything";
+  EXPECT_GT(left, kRounds / 4) << "too few kills came during a write to test anything";
 }
 
 TEST_F(LeftTemporaries, GoFromTheFoldersThatTheProgramWritesIntoAndFromNoOthers) {

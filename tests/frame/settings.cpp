@@ -129,7 +129,7 @@ TEST_F(Settings, FoldersThatTheSystemDoesNotNameAreEmptyInTheDefault) {
   Start();
   WriteDefaultSettings();
   LoadSettings();
-  EXPECT_NE(ExceptFolders.find(u"|C:\\Elsewhere/Internet Temporary Folder|"), Text::npos) << "asked anew";
+  EXPECT_NE(ExceptFolders.find(u"|C:\\Elsewhere/Internet Temporary Folder|"), Text::npos) << "asked again";
 }
 
 }  // namespace

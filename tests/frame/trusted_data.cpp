@@ -66,7 +66,7 @@ class TrustedData : public ProgramTest {
   }
 };
 
-TEST_F(TrustedData, ANameOnTheDataFoldersPathThatIsALinkEndsTheProgramUntouchedOnCancel) {
+TEST_F(TrustedData, WithALinkInTheDataFoldersPathCancelEndsTheProgramAndChangesNothing) {
   for (const TextView place : {kMakersFolder, kDataFolder, kSettingsFile, kBuiltInJunkFile, kUserJunkFile,
                                kMarkerFile, kDuplicateFolder, kScannedFolder, kComparedFolder}) {
     SCOPED_TRACE(Narrow(place));

@@ -104,7 +104,7 @@ TEST_F(JunkDefinitions, TheUsersFirstPatternJoinsTheLastBuiltInOne) {
   ASSERT_EQ(JunkTypes.size(), 58U);
   EXPECT_EQ(JunkTypes[55], u"WordPerfect Temporary Files|*.spc|N|N|D");
   EXPECT_EQ(JunkTypes[56], u"My Type|*.abc|Y|N|U");
-  EXPECT_EQ(JunkTypes[57], u"Other|*.def|Y|Y|U|U") << "a line of the editor has a mark of its own";
+  EXPECT_EQ(JunkTypes[57], u"Other|*.def|Y|Y|U|U") << "lines of the editor already have the user's mark";
   EXPECT_TRUE(JunkPatternChunks.back().ends_with(u"*.wbk;*.spc*.abc;*.def"));
   machine.files.AddFile(kUserJunkFile, {.content = "My Type\t*.abc\tY\tN\r\n"});
   LoadJunkDefinitions();

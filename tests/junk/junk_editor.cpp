@@ -233,7 +233,7 @@ TEST_F(JunkEditor, SaveAndAddAfterAnUnchangedEditStoresNothingAndGoesOnInAddMode
   });
   frmPubOptions.sbtJF[1].Click();
   EXPECT_TRUE(Messages().empty());
-  EXPECT_EQ(JunkRow(u"*.aaa"), row) << "the new type doesn't take its place";
+  EXPECT_EQ(JunkRow(u"*.aaa"), row) << "the new type doesn't replace it";
   EXPECT_EQ(File(kUserJunkFile), asSeeded + "More\t*.yyy\tY\tY\tU\r\n");
 }
 

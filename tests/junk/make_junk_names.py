@@ -75,7 +75,7 @@ def main():
     assert len(PATTERNS) == 56
     print("// Made by make_junk_names.py.\n#pragma once\n\n#include <cstdint>\n\n#include \"text/text.h\"\n")
     print("namespace tavix::mdlPubSelf {\n")
-    print("// A file name and the built-in junk patterns that fit it: bit n stands for line n of the table.")
+    print("// A file name and the built-in junk patterns that match it: bit n is line n of the table.")
     print("struct JunkName {\n  TextView name;\n  uint64_t listed;     // by the rule of file lists")
     print("  uint64_t confirmed;  // by the stricter rule")
     print("  int rows;            // of a scan with the built-in table\n};\n")

@@ -15,7 +15,7 @@ class CommonTypesPage : public OptionsTest {
   void Add(std::deque<std::optional<Text>> answers) {
     machine.dialogs.inputs = std::move(answers);
     frmPubOptions.sbtDF[0].Click();
-    EXPECT_TRUE(machine.dialogs.inputs.empty()) << "asked too seldom";
+    EXPECT_TRUE(machine.dialogs.inputs.empty()) << "asked too rarely";
   }
   static std::vector<Text> Rows() {
     std::vector<Text> rows;
@@ -77,7 +77,7 @@ TEST_F(CommonTypesPage, PrefixOfAListedExtensionIsRefusedToo) {
   const Text exists = GetMessageText(u"EXIST");
   EXPECT_EQ(Messages(), (std::vector{Plain(Concat(u"'*.do' ", exists)), Plain(Concat(u"'*.7' ", exists))}));
   Add({u"oc"});
-  EXPECT_EQ(Rows().back(), u"*.oc") << "the end of one is none";
+  EXPECT_EQ(Rows().back(), u"*.oc") << "the end of a listed extension isn't refused";
 }
 
 TEST_F(CommonTypesPage, OnlyTheMessageOfAListedExtensionHasNoPicture) {

@@ -84,7 +84,7 @@ TEST_F(DamagedFiles, SettingsOpenWithoutHarmAndSaveKeepsUnknownKeys) {
     }
     EXPECT_EQ(OnlyCommon, u"N") << "it was saved";
     frmPubOptions.sbtSave.Click();
-    EXPECT_EQ(SettingsFile(), saved) << "once more is the same";
+    EXPECT_EQ(SettingsFile(), saved) << "a second call changes nothing";
     frmPubOptions.sbtRecommend.Click();
     EXPECT_EQ(CleaningMethod, u"D");
     EXPECT_NE(Decoded(kSettingsFile).find("Colour=blue\r\n"), std::string::npos);
@@ -147,7 +147,7 @@ TEST_F(DamagedFiles, JunkTypesOpenWithoutHarm) {
       Close();
       Open(2);
       frmPubOptions.sbtSave.Click();
-      EXPECT_EQ(File(kUserJunkFile), saved) << "once more is the same";
+      EXPECT_EQ(File(kUserJunkFile), saved) << "a second call changes nothing";
     }
   }
 }

@@ -85,7 +85,7 @@ TEST_F(OneClickTree, KeysAreComparedExactlyAndBetweenBars) {
       "[Duplicate Files]\r\nCommon Types=*.x\r\n"
       "[One-click Clean/Repair]\r\nFunctions=|IEC|ie|Temporary|Memory Dumps|Time Zones\r\n");
   Open();
-  EXPECT_EQ(Ticked(), (std::vector<Text>{u"ie", u"Memory Dumps"})) << "the last key has no bar behind it";
+  EXPECT_EQ(Ticked(), (std::vector<Text>{u"ie", u"Memory Dumps"})) << "the last key has no bar after it";
 }
 
 TEST_F(OneClickTree, AListWithoutItsOuterBarsLosesItsFirstAndItsLastKey) {

@@ -105,9 +105,9 @@ const ValueCase kValues[] = {
 
 TEST_F(OptionValues, AreShownAndSavedAsTheTableSays) {
   for (const ValueCase& value : kValues) {
-    const auto told = value.value != nullptr ? std::optional(TextView(value.value)) : std::nullopt;
-    OpenWith(value.section, value.key, told);
-    const std::string name = Narrow(Concat(value.key, u"=", told.value_or(u"(missing)")));
+    const auto given = value.value != nullptr ? std::optional(TextView(value.value)) : std::nullopt;
+    OpenWith(value.section, value.key, given);
+    const std::string name = Narrow(Concat(value.key, u"=", given.value_or(u"(missing)")));
     EXPECT_TRUE(value.shown()) << name;
     EXPECT_EQ(Saved(value.section, value.key),
               value.saved != nullptr ? std::optional(Text(value.saved)) : std::nullopt)

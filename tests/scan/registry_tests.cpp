@@ -165,7 +165,7 @@ class FontsIssues : public RegistryFunctionTest {
 
 TEST_F(FontsIssues, AFileInTheFontsFolderIsNoFinding) {
   SeedFont(u"Arial (TrueType)", u"arial.ttf");
-  SeedFont(u"Arial (blank behind)", u"arial.ttf ");
+  SeedFont(u"Arial (blank after)", u"arial.ttf ");
   SeedFont(u"Arial (blank before)", u"  arial.ttf");
   EXPECT_EQ(FoundBy(u"Fonts Issues"), Texts{});
 }
@@ -233,7 +233,7 @@ class RegistryLists : public RegistryFunctionTest {
 };
 
 TEST_F(RegistryLists, FindNothingWhereNoFileCanBeLookedAt) {
-  EXPECT_EQ(Found().size(), 11U) << "each where it is known to be missing";
+  EXPECT_EQ(Found().size(), 11U) << "only where the file is known to be missing";
   machine.files.faults.Fail(u"FileExists");
   machine.files.faults.Fail(u"FolderExists");
   EXPECT_EQ(Found(), (std::map<Text, size_t>()));

@@ -206,7 +206,7 @@ TEST_F(Walkers, ABackslashAtTheEndOfTheFolderIsLeftOutOfTheLocation) {
   }
 }
 
-TEST_F(Walkers, TheFileListHasTheRootOfADriveWithABackslashAndNoSeparatorAtTheEndOtherwise) {
+TEST_F(Walkers, InFileListsOnlyADriveRootEndsWithABackslash) {
   AddDead(u"C:\\root.lnk");
   AddDead(u"C:\\T\\a.lnk");
   const struct {

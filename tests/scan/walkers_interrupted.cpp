@@ -20,7 +20,7 @@ TEST_F(Walkers, CancelAmongTheRowsOfAFolderLetsThemAllInAndNoDeeperFolder) {
     YieldCount yields;
     EXPECT_EQ(Walk(walker, u"C:\\T").size(), 10U) << walker.name;
     frmPubMain.lsvResult.peer = nullptr;
-    EXPECT_EQ(yields.count, 2) << walker.name << ": the folders that were entered end as ever";
+    EXPECT_EQ(yields.count, 2) << walker.name << ": folders already entered are completed";
     EXPECT_EQ(Status(), Scanning(u"C:\\T\\a"));
   }
   CancelRequested = true;
@@ -99,7 +99,7 @@ TEST_F(Walkers, AFolderThatCannotBeReadAddsNothingAndTheWalkGoesOn) {
     YieldCount yields;
     EXPECT_EQ(Walk(walker, u"C:\\T"), (std::vector<Text>{u"C:\\T\\a\\1.lnk", u"C:\\T\\c\\4.lnk"}))
         << walker.name;
-    EXPECT_EQ(yields.count, 4) << walker.name << ": the unreadable folder is one as well";
+    EXPECT_EQ(yields.count, 4) << walker.name << ": the unreadable folder counts as well";
   }
 }
 

@@ -53,7 +53,7 @@ TEST_F(Walkers, AFolderIsEnteredThroughOneLinkOnly) {
   EXPECT_EQ(Paths(ResultRows()), once);
   ClearResults();
   WalkFolderFiles(u"C:\\T", u"t");
-  EXPECT_EQ(Paths(ResultRows()), once) << "each walk begins anew";
+  EXPECT_EQ(Paths(ResultRows()), once) << "each walk starts without entered folders";
 }
 
 TEST_F(Walkers, LinksThatLeadBackDoNotMultiply) {

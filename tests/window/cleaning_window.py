@@ -88,7 +88,7 @@ class Cleaning(SeededMachine):
         self.check_calls()
         self.check_registry()
         # The rows for whole stores are always found.
-        self.assertEqual([row[0] for row in self.rows(self.program.scan())], STANDING["before"] + STANDING["behind"])
+        self.assertEqual([row[0] for row in self.rows(self.program.scan())], STANDING["before"] + STANDING["after"])
 
     def test_nothing_happens_without_rows(self):
         before = self.program.read()

@@ -1,5 +1,4 @@
-"""Drives tavix.exe under Wine on a display of its own: real keys and clicks, and what the window shows read
-through window messages.
+"""Drives tavix.exe under Wine on a separate display. Presses real keys and clicks, and reads the window by messages.
 
 TAVIX_BUILD names the build folder with the programs. Prefixes, displays and screenshots are made below
 <build>/window.

@@ -16,7 +16,7 @@ RUN_HISTORY = [("a", "notepad\\1"), ("b", "regedit\\1"), ("MRUList", "ba")]
 SEARCHES = [("000", "*.doc"), ("001", "Straße")]
 STANDING = {
     "before": ["Auto-fill Form History", "Auto-fill Password History"],
-    "behind": ["User Ran Applications History", "Open/Save History", "Other Explorer MRUs"],
+    "after": ["User Ran Applications History", "Open/Save History", "Other Explorer MRUs"],
 }
 # Functions that search files. What they find depends on the prefix.
 FILE_FUNCTIONS = ("Temporary Internet Files", "Cookies", "History", "Temporary Internet Files Detail", "Cookies Detail",
@@ -52,7 +52,7 @@ def expected_rows():
             + [row(name, name) for name in STANDING["before"]]
             + [row("Run History (in Start menu)", data) for _, data in RUN_HISTORY]
             + [row("Search History", data) for _, data in SEARCHES]
-            + [row(name, name) for name in STANDING["behind"]])
+            + [row(name, name) for name in STANDING["after"]])
 
 
 class SeededMachine(unittest.TestCase):

@@ -260,8 +260,8 @@ TEST_F(PubCommon, DriveIsAskedOnceAndOnlyForAMissingTarget) {
     common.IsShortcutValid(u"C:\\Links\\a.lnk", valid);
     return host.files.faults.Calls() - before;
   };
-  EXPECT_EQ(calls(u"C:\\there.exe"), 2) << "the shortcut is read and its target looked at";
-  EXPECT_EQ(calls(u"N:\\gone.exe"), 1) << "nothing of a network drive is looked at";
+  EXPECT_EQ(calls(u"C:\\there.exe"), 2) << "read the shortcut, look at the target";
+  EXPECT_EQ(calls(u"N:\\gone.exe"), 1) << "no call reaches a network drive";
   EXPECT_EQ(calls(u"C:\\gone.exe"), 5) << "and the drive is asked";
   EXPECT_EQ(calls(u"C:\\gone.exe"), 4);
 }

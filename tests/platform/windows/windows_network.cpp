@@ -119,7 +119,7 @@ TEST_F(NetworkOfWindows, AMegabyteIsTakenAndNotAByteMore) {
   EXPECT_EQ(Fetch({{Ok(most + "x")}}), std::nullopt);
 }
 
-TEST_F(NetworkOfWindows, AServerThatNeverEndsIsLeftAtTheMostOrWhenTheTimeIsOver) {
+TEST_F(NetworkOfWindows, AServerThatNeverEndsIsLeftAtTheSizeLimitOrTheTimeout) {
   const std::string head = "HTTP/1.1 200 OK\r\n\r\n";
   EXPECT_EQ(Fetch({{.bytes = head, .then = LoopbackServer::kSendOn}}), std::nullopt);
   EXPECT_EQ(Fetch({{.bytes = head + "2.19", .then = LoopbackServer::kKeepSilent}}, 1), std::nullopt);

@@ -141,7 +141,7 @@ TEST_F(MainWindowTest, ARowOfTheFunctionListIsClickedOnce) {
   Click(list, area.left + 8, y);
   EXPECT_EQ(checked, std::vector<int>{1});
   EXPECT_TRUE(model.Selected(1));
-  EXPECT_EQ(clicked, (std::vector<int>{1, 1, 1})) << "a click on the box is one on the row";
+  EXPECT_EQ(clicked, (std::vector<int>{1, 1, 1})) << "a click on the box also clicks the row";
   area = {};
   area.left = LVIR_BOUNDS;
   Send(list, LVM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&area));

@@ -154,11 +154,11 @@ TEST_F(TreeBindingTest, SpaceTurnsTheTickAndEnterClicks) {
 TEST_F(TreeBindingTest, OpeningAndClosingReachesTheModel) {
   Send(tree, TVM_EXPAND, TVE_COLLAPSE, reinterpret_cast<LPARAM>(RootItem()));
   // A change by the program raises no event; one by the user does.
-  NMTREEVIEWW told{};
-  told.hdr = {tree, kIdPrivacyTree, static_cast<UINT>(TVN_ITEMEXPANDEDW)};
-  told.action = TVE_COLLAPSE;
-  told.itemNew.hItem = RootItem();
-  Send(mainWindow, WM_NOTIFY, kIdPrivacyTree, reinterpret_cast<LPARAM>(&told));
+  NMTREEVIEWW notice{};
+  notice.hdr = {tree, kIdPrivacyTree, static_cast<UINT>(TVN_ITEMEXPANDEDW)};
+  notice.action = TVE_COLLAPSE;
+  notice.itemNew.hItem = RootItem();
+  Send(mainWindow, WM_NOTIFY, kIdPrivacyTree, reinterpret_cast<LPARAM>(&notice));
   EXPECT_FALSE(root->Expanded);
   root->Expanded = true;
   Flush();

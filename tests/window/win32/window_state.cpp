@@ -38,7 +38,7 @@ TEST_F(WindowState, ADisabledFormIsOutOfReachAndGetsItsFocusBack) {
   EXPECT_EQ(keys, 1);
 }
 
-TEST_F(WindowState, TheFocusIsWhereTheProgramPutsItAndTheProgramSeesWhereTheUserDoes) {
+TEST_F(WindowState, TheFocusFollowsTheProgramAndTheModelFollowsTheUser) {
   frmPubMain.ActiveControl = &frmPubMain.cbxAll;
   Flush();
   EXPECT_EQ(GetFocus(), Control(kIdCheckAll));
