@@ -36,12 +36,12 @@ BUILD = TOP / "build" / "native"
 WORK = TOP / "build" / "faults"
 CONSOLE_TESTS = ["console_program", "cleaning", "clean_pages", "pages", "registry_page"]
 # Headers that more files than this include are skipped: compiling all these takes too long.
-MOST_USERS = 12
+MAX_USERS = 12
 # Everything can be read, but only memory can be written.
 SANDBOX = ("mount --make-rprivate / && mount -o remount,bind,ro / && mount -t tmpfs -o size=4g none /tmp && "
            "mount -t tmpfs -o size=4g none /dev/shm && mount -t proc none /proc && cd \"$0\" && exec \"$@\"")
 ROOT_SPACES = ["--mount", "--pid", "--net", "--ipc", "--fork", "--kill-child"]
-MOST_MEMORY = 8 << 30
+MAX_MEMORY = 8 << 30
 SLOW_SECONDS = 1.0
 
 
@@ -89,7 +89,7 @@ class Build:
         """The sources of the products that this build compiles, and the headers that few of them include."""
         own = [file for file, made in self.objects.items() if self._is_of_products(made)]
         headers = [file for file, users in self.users.items()
-                   if file.suffix == ".h" and file.is_relative_to(TOP / "src") and len(users) <= MOST_USERS]
+                   if file.suffix == ".h" and file.is_relative_to(TOP / "src") and len(users) <= MAX_USERS]
         return sorted(own + headers)
 
     def compile(self, source, place):
@@ -154,7 +154,7 @@ class Runner:
         process = subprocess.Popen(
             in_sandbox(command, folder), stdout=subprocess.PIPE, stderr=subprocess.STDOUT, env=environment,
             preexec_fn=lambda: (resource.setrlimit(resource.RLIMIT_CORE, (0, 0)),
-                                resource.setrlimit(resource.RLIMIT_AS, (MOST_MEMORY, MOST_MEMORY))))
+                                resource.setrlimit(resource.RLIMIT_AS, (MAX_MEMORY, MAX_MEMORY))))
         try:
             output = process.communicate(timeout=60 + 6 * self.usual)[0].decode("utf-8", "replace")
         except subprocess.TimeoutExpired:

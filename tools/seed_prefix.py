@@ -32,7 +32,7 @@ def copy_tree(source, target, names):
 
 
 def profiles(machine, prefix):
-    """The folder of the machine's user, with the name of the prefix's user for it."""
+    """{profile folder of the machine's user: name of the prefix's user}"""
     facts = configparser.RawConfigParser(strict=False, allow_no_value=True)
     facts.read(machine / "machine.ini", encoding="utf-8-sig")
     user = facts.get("Environment", "USERNAME", fallback=None)

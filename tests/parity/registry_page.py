@@ -34,7 +34,7 @@ def seed(live):
 
 
 def without(keys, tag):
-    """What a repaired row leaves. A key or value may have gone with one of another row."""
+    """The registry after the repair of a row. Its key or value may have gone with another row."""
     kind, _, payload = tag.partition(": ")
     hive, key, *name = payload.split(", ")
     places = [hive + "\\" + key]

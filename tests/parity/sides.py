@@ -29,7 +29,7 @@ def native_console():
 
 
 class Live:
-    """A private prefix, the console in it."""
+    """A private prefix with the Windows console on its drive C:."""
 
     CONSOLE = "C:\\tavix-console.exe"
 
@@ -50,7 +50,7 @@ class Live:
         return [json.loads(line) for line in output.splitlines()]
 
     def folders(self):
-        """The folders and the environment as Wine reports them."""
+        """The facts that a machine.ini needs to describe this prefix: folders, environment, drives and event logs."""
         profile = f"C:\\users\\{self.user}"
         local, roaming = profile + "\\AppData\\Local\\Microsoft\\Windows", profile + "\\AppData\\Roaming"
         shell, all_users = roaming + "\\Microsoft\\Windows", "C:\\ProgramData\\Microsoft\\Windows"

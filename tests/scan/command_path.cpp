@@ -168,21 +168,21 @@ TEST_F(ExtractCommandPathTest, KeepsTheQuoteMismatchOfTheExtensionCut) {
   });
 }
 
-constexpr size_t kMost = 32767;
+constexpr size_t kMaxPosition = 32767;
 
 // A text of `length` characters.
 Text Filler(size_t length, char16_t c = u'x') { return Text(length, c); }
 
 TEST_F(ExtractCommandPathTest, APositionOverSixteenBitsIsIgnored) {
   const Text path = u"C:\\a b\\c.dll";
-  const Text beyond = Concat(path, Filler(kMost - path.size()));
-  const Text atMost = beyond.substr(0, kMost - 1);
+  const Text beyond = Concat(path, Filler(kMaxPosition - path.size()));
+  const Text atMost = beyond.substr(0, kMaxPosition - 1);
   const auto check = [](const char* says, const Text& command, const Text& expected) {
     EXPECT_EQ(ExtractCommandPath(command), expected) << says;
   };
   check("a slash at 32767 is found", Concat(atMost, u"/x"), atMost);
   check("one at 32768 is not, and nothing else cuts", Concat(beyond, u"/x"), Concat(beyond, u"/x"));
-  check("nor without a drive", Concat(Filler(kMost), u"/\\"), u"");
+  check("nor without a drive", Concat(Filler(kMaxPosition), u"/\\"), u"");
   check("a hyphen after 32767 cuts at the position that the colon left", Concat(beyond, u" -x"), u"");
   check("and found at 32767", Concat(atMost, u" -x"), atMost);
   check("an argument after 32767 is not cut", Concat(beyond, u" %1"), Concat(beyond, u" %1"));
@@ -194,7 +194,7 @@ TEST_F(ExtractCommandPathTest, APositionOverSixteenBitsIsIgnored) {
   check("a blank after 32767 strips nothing", Concat(beyond, u" x"), Concat(beyond, u" x"));
   check("a backslash after 32767 is not found, so the last blank before cuts", Concat(beyond, u"\\d"),
         u"C:\\a");
-  check("and with no word left there is no folder", Concat(u"C:x y", Filler(kMost), u"\\d"), u"");
+  check("and with no word left there is no folder", Concat(u"C:x y", Filler(kMaxPosition), u"\\d"), u"");
 }
 
 TEST_F(ExtractCommandPathTest, IsNeverLongerThanItsTextAndHasNoQuote) {

@@ -246,7 +246,7 @@ class Program:
         self._release()
         return self.wait_until("the end of the drag", lambda s: not s.moving)
 
-    def drag_in_vain(self, start, by):
+    def drag_without_effect(self, start, by):
         """Presses, moves and releases as drag() does, at a point that doesn't move the window."""
         self._press(start)
         self._move_in_steps(start, by)

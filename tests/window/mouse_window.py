@@ -123,7 +123,7 @@ class Drags(MouseCase):
 
     def test_not_by_the_result_list(self):
         shown = self.program.read()
-        self.program.drag_in_vain(self.inside(shown.control(RESULT)["rect"]), self.BY)
+        self.program.drag_without_effect(self.inside(shown.control(RESULT)["rect"]), self.BY)
         self.assertEqual(self.program.settle().rect, shown.rect)
 
 

@@ -28,7 +28,7 @@ using namespace tavix;
 using namespace tavix::win32;
 
 constexpr size_t kTextRoom = 4096;
-constexpr int kMostRows = 1000;
+constexpr int kMaxRows = 1000;
 // Whether ampersands in captions mark access keys.
 bool lettersAreMarked = false;
 
@@ -159,7 +159,7 @@ void PrintColumns(const RemoteRoom& room, HWND list) {
 void PrintRows(const RemoteRoom& room, HWND list, const char* kind, int columns) {
   const auto rows = static_cast<int>(SendMessageW(list, LVM_GETITEMCOUNT, 0, 0));
   std::printf("{\"%ss\":%d}\n", kind, rows);
-  for (int row = 0; row < std::min(rows, kMostRows); ++row) {
+  for (int row = 0; row < std::min(rows, kMaxRows); ++row) {
     std::string texts;
     for (int column = 0; column < columns; ++column) {
       LVITEMW item{};

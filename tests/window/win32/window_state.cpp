@@ -68,7 +68,7 @@ TEST_F(WindowState, MovesOverTheBackgroundReachTheControlThere) {
   Send(mainWindow, WM_MOUSEMOVE, 0, PointIn(frmPubMain.lblFrame));
   Send(mainWindow, WM_MOUSEMOVE, 0, MAKELPARAM(3, frmPubMain.Height / 15 - 5));
   EXPECT_EQ(moves, "title frame border ");
-  // WM_MOUSEMOVE also arrives while the mouse rests.
+  // WM_MOUSEMOVE also arrives while the mouse rests. It must not raise a second event.
   Send(mainWindow, WM_MOUSEMOVE, 0, MAKELPARAM(3, frmPubMain.Height / 15 - 5));
   EXPECT_EQ(moves, "title frame border ");
 }
