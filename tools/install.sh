@@ -1,4 +1,4 @@
-# Sourced by run, test and bench: `need GROUP...` installs what is missing of the groups of Debian packages.
+# Sourced by run, test and bench: `need GROUP...` installs the missing Debian packages of these groups.
 #   native   compiler, build tools, GoogleTest, Google Benchmark
 #   windows  cross compiler and Wine
 #   window   a display without a screen, keys, clicks and screenshots

@@ -57,7 +57,7 @@ def environment(prefix):
 
 
 def stop(prefix):
-    """Ends what runs in a prefix, and waits for its registry to be written."""
+    """Ends all programs in a prefix, and waits until Wine has written its registry."""
     settings = {**os.environ, "WINEPREFIX": str(prefix)}
     subprocess.run(["wineserver", "-k"], env=settings, check=False, stderr=subprocess.DEVNULL)
     subprocess.run(["wineserver", "-w"], env=settings, check=False, stderr=subprocess.DEVNULL)

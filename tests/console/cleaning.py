@@ -180,7 +180,7 @@ class Killed(Machine):
         return process.wait() == -signal.SIGKILL
 
     def check(self):
-        """Checks what the kill has left, and what the next run does with it."""
+        """Checks the state after the kill, and after the next run."""
         left = self.registry()
         self.assertIn(left, (self.old, self.new), "half of a registry")
         found, _ = self.scan("--function", "iertu")

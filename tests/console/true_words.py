@@ -1,6 +1,6 @@
-"""Each sentence of the help, the README, the FAQ of the site and the catalogue is bound to what makes sure of it.
+"""Each sentence of the help, the README, the site's FAQ and the catalogue is bound to a reason why it is true.
 
-true_words.txt lists them all. The line after a sentence says what makes sure of it:
+true_words.txt lists them all. The line after a sentence gives the reason:
 
 - names of tests, if the sentence says what the program finds, keeps, removes or brings back;
 - `risk`, if it is in the tables of the Windows 11 machine with the rows that it warns of;
@@ -65,7 +65,7 @@ def sources():
 
 
 def table():
-    """{name of a file: {sentence: what makes sure of it}}"""
+    """{name of a file: {sentence: reasons}}"""
     held = {}
     for line in TABLE.read_text(encoding="utf-8").splitlines():
         if line.startswith("["):

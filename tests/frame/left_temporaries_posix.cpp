@@ -45,7 +45,7 @@ class LeftTemporaries : public testing::Test {
     EXPECT_TRUE(host->Save(error)) << error;
   }
 
-  // All items of the machine folder whose names begin like those of temporary files.
+  // The items of the machine folder with the name prefix of temporary files.
   std::set<std::string> Temporaries() const {
     std::set<std::string> found;
     for (const auto& entry : fs::recursive_directory_iterator(scratch.Root())) {

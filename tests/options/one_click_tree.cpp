@@ -13,7 +13,8 @@ struct NodeCase {
   TextView key;
 };
 
-// Three roots with the functions of their pages; those of the Privacy page below its two branches.
+// Three pages as roots, with their functions below them. Those of the Privacy page are below its two
+// branches.
 std::vector<NodeCase> ExpectedNodes() {
   std::vector<NodeCase> nodes{{0, u"Privacy", u"privacy"}};
   for (const CleaningFunction& function : kPrivacyFunctions) {

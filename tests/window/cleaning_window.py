@@ -42,7 +42,7 @@ class Cleaning(SeededMachine):
         self.untick_file_functions(self.program)
 
     def registry(self):
-        """The user's software, without what Wine keeps there for itself while programs run."""
+        """The user's software keys, without Wine's own, which change while programs run."""
         return registry_text.without_key(self.machine.registry(SOFTWARE), SOFTWARE + "\\Wine")
 
     def check_registry(self, keep=()):

@@ -33,7 +33,7 @@ class Planted(update_program.UpdateTest):
                 shutil.copy(program, folder / name)
             for name in LIBRARIES:
                 shutil.copy(library, folder / name)
-        # Without these settings, Wine would use its own libraries wherever others are.
+        # Without these settings, Wine uses its own libraries and ignores the planted ones.
         cls.machine.seed("".join(
             f"[HKEY_CURRENT_USER\\Software\\Wine\\AppDefaults\\{program}\\DllOverrides]\n"
             + "".join(f'"{library[:-4]}"="native,builtin"\n' for library in LIBRARIES)
