@@ -136,8 +136,8 @@ class Machine:
         return self._tools[program]
 
     def run(self, *command, allowed=(0,)):
-        """Runs a Windows program to its end. Returns its output if its exit status is 0, or None if the status is another
-        allowed one. A program of this machine is copied into the prefix first."""
+        """Runs a Windows program to its end. Returns its output if its exit status is 0, or None if the status is
+        another allowed one. A program of this machine is copied into the prefix first."""
         program, *arguments = command
         if isinstance(program, pathlib.Path):
             program = wine_prefix.windows_path(self.prefix, program) or self.tool(program)
