@@ -34,7 +34,7 @@ class Choices : public ProgramTest {
     }
     return rows;
   }
-  // What stays ticked of the scope, or the reason why it can't be.
+  // The ticked nodes of the scope tree, or "refused".
   static Texts Scope(const Texts& scopes) {
     std::string error;
     if (OpenAndTick({.page = u"advanced", .scopes = scopes}, error)) return Ticked(frmPubMain.trvRes);

@@ -246,7 +246,7 @@ TEST_F(UpdateCheck, TheCheckIsTheLastStepOfTheStart) {
     std::function<void()> changed;
     void ModelChanged() override { changed(); }
   } watch;
-  // The first fetch's address is set last.
+  // The check sets the address that it fetches. By then the rest of the start must be done.
   watch.changed = [&] {
     ready = frmPubMain.webGIF.Address != u"" && frmPubMain.trvPrivacy.NodeCount() > 0 && frmPubMain.Width > 0;
   };
