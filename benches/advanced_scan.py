@@ -66,7 +66,7 @@ def processor_seconds(command, **options):
 
 
 def least(runs, commands):
-    """The lowest time of each command. The commands run in turn."""
+    """Runs the commands in turn. Returns the lowest time of each."""
     times = [[] for _ in commands]
     for _ in range(runs):
         for each, (command, options) in zip(times, commands):

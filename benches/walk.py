@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Measures walks over big trees and their peers in one run. Prints medians, and whether each ratio is in its limit.
+"""Measures walks over big trees beside other programs. Prints medians, and whether each ratio is within its limit.
 
     python3 benches/walk.py CONSOLE                    natively, over trees in memory
     python3 benches/walk.py --real CONSOLE             a copy of this machine's /usr: compares the rows with `find`
@@ -24,7 +24,7 @@ PLACE = "/dev/shm" if os.path.isdir("/dev/shm") else None
 
 
 def make_tree(root, files):
-    """Files of several sizes, every tenth a log, in folders that branch."""
+    """Makes files of several sizes in a tree of folders. Every tenth file is a log."""
     pending, made = [root], 0
     os.makedirs(root)
     while made < files:
@@ -52,7 +52,7 @@ def make_machine(root, files):
 
 
 def run(command, **options):
-    """Seconds, peak memory in bytes, and the output."""
+    """Runs a command. Returns seconds, peak memory in bytes, and the output."""
     with open(os.path.join(PLACE or tempfile.gettempdir(), f"walk-{os.getpid()}.out"), "w+b") as out:
         os.unlink(out.name)
         start = time.perf_counter()

@@ -1,13 +1,13 @@
 #!/usr/bin/env python3
 """Builds the help file: build_help.py SOURCES Help.chm
 
-Contents, index and project file are made from the topics. The head of a topic says where it stands:
+Contents, index and project file are made from the topics. The head of a topic gives its place:
 
     <title>Fonts Issues</title>                        its name in the contents and in the index
     <meta name="place" content="registry 50">          its chapter, and its number in it: the order counts, not the gaps
     <meta name="keywords" content="Fonts; Typefaces">  more entries of the index, if there are any
 
-A topic without a chapter stands at the top of the contents. A chapter is named after the file of its page. Where the
+A topic without a chapter is at the top of the contents. A chapter is named after the file of its page. Where the
 page says `<!-- topics of registry -->`, a list of links to the chapter's topics takes that line's place. A chapter with
 two lists has two groups, as privacy.ie and privacy.we.
 
@@ -99,7 +99,7 @@ def with_lists(page, topics):
 
 
 def make_sources(folder):
-    """{file name: text} of what the compiler gets, besides the styles: topics, contents, index and project file."""
+    """{file name: text} of the compiler's input except the styles: topics, contents, index and project file."""
     topics = sorted(map(Topic, folder.glob("*.htm")), key=lambda topic: (topic.group, topic.number))
     chapters = {}
     for topic in topics:
@@ -126,7 +126,7 @@ def read_number(data, at):
 
 
 def find(data, name):
-    """The begin and the length of a file that is not compressed."""
+    """Offset and length of an uncompressed file in the help file."""
     at = data.index(bytes([len(name)]) + name.encode()) + 1 + len(name)
     section, at = read_number(data, at)
     offset, at = read_number(data, at)

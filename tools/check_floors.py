@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
 """Compares the includes under src/ with the rooms of CMakeLists.txt.
 
-A line `tavix_room(ROOM [ROOM...])` there declares a room and the rooms it may use; what these may use, it may
-use too. A file includes only from its own room and from those. The build links each room with them alone, which
-finds calls; this finds the rest: types, constants and inline routines.
+A line `tavix_room(ROOM [ROOM...])` there declares a room, then the rooms that it may use. It may also use what these
+may use. A file may include files of its own room and of those only. The build links each room with those rooms only,
+which finds forbidden calls. This script finds the rest: types, constants and inline routines.
 """
 import pathlib
 import re

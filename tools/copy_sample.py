@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """Copies the sample machine to run on: copy_sample.py TARGET
 
-A checkout has no old files. In the copy every file was last used now, but for those below, which were last used so
-many days ago."""
+A checkout has only new files. In the copy, the files listed in this script get old times of last access; all others
+get the current time."""
 import os
 import pathlib
 import shutil

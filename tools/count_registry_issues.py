@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """Counts what the Registry page should find in a machine folder: count_registry_issues.py MACHINE
 
-Works on the text of the registry's exports and the names of the files, by a few lines that share nothing with the
-program. It knows no hex(5), no deleted keys and no links."""
+Reads the text of the registry exports and the names of the files. Shares no code with the program. Doesn't support
+hex(5), deleted keys and links."""
 import configparser
 import json
 import pathlib
@@ -70,7 +70,7 @@ class Registry:
         return "\\".join(parts).upper()
 
     def places(self, path):
-        """The keys that one key of the page stands for, the first one's values and spelling in front."""
+        """The keys that a path of the page names. Values and spelling of the first one win."""
         hive, _, rest = path.partition("\\")
         if hive == "HKCR":
             return [root + "\\SOFTWARE\\CLASSES\\" + rest.upper() for root in ("HKEY_CURRENT_USER", "HKEY_LOCAL_MACHINE")]
@@ -132,7 +132,7 @@ def resolve(s, files):
 
 
 def split(parts, separator):
-    """What becomes of items that are joined and cut again."""
+    """Joins the items and cuts the text again, as the program does: items with the separator fall apart."""
     text = separator.join(parts)
     return text.split(separator) if text else []
 

@@ -13,7 +13,7 @@ export MAGICK_THREAD_LIMIT=1
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
-# pixels UNITS DPI: a length at 96 DPI in whole pixels of another.
+# pixels LENGTH DPI: a length in pixels at 96 DPI, in whole pixels at DPI.
 pixels() { echo $((($1 * $2 + 48) / 96)); }
 
 # bitmap KEY DRAWING LOOK WIDTH HEIGHT: KEY.bmp for 96 DPI and KEY_DPI.bmp for the others.
@@ -56,7 +56,7 @@ draw_bitmaps() {
   bitmap TITLE_SM title_sm at_rest 768 76
 }
 
-# The sign is drawn apart for sizes that have no room for its curves.
+# Small sizes have a simpler drawing: the curves of the large one need more room.
 draw_icon() {
   for size in 16 20 24 32 40 48 64 128 256; do
     drawing=icon
@@ -81,7 +81,7 @@ draw_busy() {
   $magick -delay 5 -loop 0 "$work"/turn_*.png -alpha off +dither -colors 64 -layers OptimizeFrame -strip res/scan.gif
 }
 
-# row SUFFIX WIDE GROUND KEY...: the pictures named beside each other on their ground.
+# row SUFFIX WIDE GROUND KEY...: these pictures side by side on their background.
 row() {
   suffix=$1 wide=$2 ground=$3
   shift 3
@@ -93,7 +93,7 @@ row() {
   rows=$((rows + 1))
 }
 
-# Every picture at 96 and at 192 DPI on the ground that it stands on.
+# Every picture at 96 and at 192 DPI on its background.
 draw_sheet() {
   rows=10
   for suffix in '' _192; do

@@ -1,10 +1,10 @@
-# Sourced by run, test and bench: `need GROUP...` installs what is missing of the groups of Debian packages.
+# Sourced by run, test and bench: `need GROUP...` installs the missing Debian packages of these groups.
 #   native   compiler, build tools, GoogleTest, Google Benchmark
 #   windows  cross compiler and Wine
 #   window   a display without a screen, keys, clicks and screenshots
 #   check    formatter, linter, fuzzers
 #   help     compiler of the help file
-#   release  what packs the programs for those who install them
+#   release  builder of the installer, packer of the zip
 
 packages() {
   case "$1" in

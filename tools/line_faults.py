@@ -1,8 +1,8 @@
-"""The faults that can be planted in one line of C++, told from its text alone."""
+"""The faults that can be planted in a line of C++, found by its text only."""
 import re
 
-# Each token and what a slip of the hand would make of it. Binary operators stand between blanks here, and
-# brackets of templates don't.
+# Each token and the mistakes that could be made in its place. Binary operators have blanks around them, brackets of
+# templates have none.
 SWAPS = [(re.compile(pattern), others) for pattern, others in [
     (r" == ", [" != "]), (r" != ", [" == "]), (r" < ", [" <= ", " >= "]), (r" <= ", [" < ", " > "]),
     (r" > ", [" >= ", " <= "]), (r" >= ", [" > ", " < "]), (r" && ", [" || "]), (r" \|\| ", [" && "]),
@@ -18,7 +18,7 @@ SWAPS = [(re.compile(pattern), others) for pattern, others in [
 NUMBER = re.compile(r"(?<![\w.'])(0x[0-9A-Fa-f]+|\d+)(?=[uUlL]*\b)(?![\w']*[.'])")
 TEXT = re.compile(r'"((?:[^"\\]|\\.)*)"')
 CONDITION = re.compile(r"\b(if|while) \((.*)\)( \{| [\w*].*;)?$")
-# What isn't run: it declares, includes, opens or closes something.
+# Lines without code to run: they declare, include, open or close something.
 DECLARATION = re.compile(r"\s*(#|using\b|namespace\b|template\b|struct\b|class\b|enum\b|friend\b|static_assert\b|"
                          r"extern\b|typedef\b|public:|private:|protected:|case\b.*:$|default:$|[{}();]*$)")
 STATEMENT = re.compile(r"\s*(?!return\b|else\b|if\b|for\b|while\b|do\b|switch\b|delete\b|const\b|static\b|auto\b|"
@@ -26,7 +26,7 @@ STATEMENT = re.compile(r"\s*(?!return\b|else\b|if\b|for\b|while\b|do\b|switch\b|
 
 
 def blank_out(line):
-    """The line with its texts and its comment blanked, so that operators are found where they stand."""
+    """The line with its string literals and its comment blanked. Positions of operators stay the same."""
     line = TEXT.sub(lambda found: '"' + "_" * len(found.group(1)) + '"', line)
     line = re.sub(r"'(?:[^'\\]|\\.)'", lambda found: "'" + "_" * (len(found.group()) - 2) + "'", line)
     comment = line.find("//")
@@ -43,7 +43,7 @@ def is_balanced(text):
 
 
 def faults_of(line, begins_statement):
-    """The line as each fault would leave it. `begins_statement`: what stands before it is at its end."""
+    """The line with each fault in turn. `begins_statement`: the line before ends a statement."""
     code = blank_out(line)
     if not code.strip() or DECLARATION.match(code):
         return []
@@ -76,7 +76,7 @@ def faults_of(line, begins_statement):
 
 
 def faults_in(lines):
-    """Pairs of a line's number, from 0, and the line as a fault would leave it."""
+    """Pairs: the number of a line, from 0, and the line with a fault."""
     before = ";"
     in_routine_or_table = []
     for number, line in enumerate(lines):

@@ -1,9 +1,8 @@
 #!/usr/bin/env python3
 """Writes a shortcut file that names its target by its path: make_shortcut.py TARGET FILE
 
-The path stands in the shortcut's location block, on a fixed volume, or as a place in the network if it begins with
-two backslashes. A path with a variable in front stands in a block of its own. Nothing looks whether the target is
-there."""
+The path goes into the shortcut's location block: as one on a fixed volume, or on a share if it begins with two
+backslashes. A path that begins with a variable goes into the block for such paths. The target need not exist."""
 import pathlib
 import struct
 import sys
@@ -13,13 +12,13 @@ HAS_ITEMS, HAS_LOCATION, WIDE_STRINGS, HAS_VARIABLE_PATH = 0x1, 0x2, 0x80, 0x200
 FIXED_DRIVE = 3
 DISK_SHARE = 0x20000
 VARIABLE_PATH = 0xA0000001
-# An object of the shell that is no file: the control panel.
+# The identifier of a shell object that is no file: the control panel.
 CONTROL_PANEL = bytes.fromhex("2020ec21ea3a6910a2dd08002b30309d")
 END = struct.pack("<I", 0)
 
 
 def location(target):
-    """The location block: a volume without label, the path in the narrow form, and in the wide one where it needs it."""
+    """The location block: a volume without label, the path in bytes, and in UTF-16 if bytes can't express it."""
     narrow = target.encode("cp1252", "replace") + b"\0"
     wide = target.encode("utf-16-le") + b"\0\0"
     is_wide = narrow != target.encode("cp1252", "ignore") + b"\0"
@@ -27,7 +26,7 @@ def location(target):
     volume = struct.pack("<4I", 17, FIXED_DRIVE, 0, 16) + b"\0"
     path_at = header + len(volume)
     suffix_at = path_at + len(narrow)
-    # Wide texts stand at even offsets.
+    # UTF-16 texts start at even offsets.
     wide_at = suffix_at + 1 + (suffix_at + 1) % 2
     fields = [header, 1, header, path_at, 0, suffix_at]
     content = volume + narrow + b"\0"
@@ -66,7 +65,7 @@ def shortcut(target):
 
 
 def shortcut_without_a_path():
-    """A shortcut of something in the shell that is no file."""
+    """A shortcut to a shell object that is no file."""
     item = struct.pack("<H", 4 + len(CONTROL_PANEL)) + b"\x1f\x50" + CONTROL_PANEL
     items = item + struct.pack("<H", 0)
     return header(HAS_ITEMS) + struct.pack("<H", len(items)) + items + END

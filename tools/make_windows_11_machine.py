@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """Makes the Windows 11 machine to run on: make_windows_11_machine.py TARGET
 
-The tables in res/windows-11-machine/ tell what lies on it. Files hold nothing but zeros and take no room. Times count
-back from NOW, which the console has to be told as --now."""
+The tables in res/windows-11-machine/ list what is on it. Files are sparse: they read as zeros and take no space. Times
+count back from NOW, which the console must get as --now."""
 import datetime
 import os
 import pathlib
@@ -15,7 +15,7 @@ from make_shortcut import shortcut, shortcut_without_a_path
 
 TABLES = pathlib.Path(__file__).resolve().parent.parent / "res" / "windows-11-machine"
 NOW = "2026-03-01T12:00:00"
-# Days since the last use of a file whose artefact doesn't tell.
+# Days since the last use of a file, if its artefact doesn't give them.
 USED = 1
 
 
@@ -25,7 +25,7 @@ def artefacts():
 
 
 def path_of(artefact, name):
-    """The path of a name on the machine. Without a folder the names are paths."""
+    """The path of a name in an artefact. Without a folder the names are paths."""
     folder = artefact.get("folder")
     return name if folder is None else folder.rstrip("\\") + "\\" + name
 
@@ -44,7 +44,7 @@ class Maker:
         shutil.copy(TABLES / "machine.ini", self.target)
         for artefact in artefacts():
             self.put(artefact)
-        # The last, so that nothing is made through a link.
+        # Links come last, so that no file is made through a link.
         for link, target in self.links:
             self.put_link(link, target)
         self.write("registry/machine.reg", "Windows Registry Editor Version 5.00\n" + "".join(self.registry))
@@ -81,14 +81,14 @@ class Maker:
         return file
 
     def put_link(self, link, target):
-        """A link of the machine; without a target it leads nowhere."""
+        """Makes a link of the machine. Without a target it leads nowhere."""
         place = self.host(link)
         place.parent.mkdir(parents=True, exist_ok=True)
         place.symlink_to(os.path.relpath(self.host(target), place.parent) if target else "nowhere")
 
 
 def expandable(text):
-    """A text with variables in it, as the registry editor writes it."""
+    """A REG_EXPAND_SZ value as the registry editor exports it."""
     content = re.sub(r"\\(.)", r"\1", text[1]).encode("utf-16-le") + b"\0\0"
     return "hex(2):" + content.hex(",")
 

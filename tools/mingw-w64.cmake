@@ -8,6 +8,6 @@ if(NOT CMAKE_HOST_WIN32)
   set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
   set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
   set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
-  # The script copies a program into a private prefix, which WINEPREFIX names, and starts it there.
+  # The script copies a program into the private prefix that WINEPREFIX names, and starts it there.
   set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_CURRENT_LIST_DIR}/wine)
 endif()

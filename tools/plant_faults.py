@@ -1,19 +1,18 @@
 #!/usr/bin/env python3
-"""Tells how much the tests hold: plants faults in the sources, one line each and one at a time, and runs the
-tests. A fault that no test sees either makes no difference, or shows an assertion that is missing.
+"""Measures how many faults the tests find: plants faults in the sources, one at a time and each in one line, and runs
+the tests. A fault that no test finds either makes no difference or shows a missing assertion.
 
     cmake --preset native
     tools/plant_faults.py --count 100 --seed 1 [--room scan] [--jobs 2]
     tools/plant_faults.py --count 100 --seed 1 --only 17 42     those of that run again
 
-A seed and a state of the sources give the same faults each time. Of each fault that the compiler takes: the
-tests in the file of the same name are run, then those of its room, then all native ones, those that take long
-last, then the console's; the first that fails has killed it. Survivors are listed with what was changed.
+The same seed and sources give the same faults. For each fault that compiles, tests run in this order until one fails:
+those in the file of the same name, those of its room, all native ones with the slow ones last, those of the console.
+A failing test has killed the fault. Survivors are listed with their changed lines.
 
-Nothing in the tree is touched: the altered file is compiled from build/faults/ and linked there with the
-objects of the native build, which is brought up to date first. The tests run where they can write nowhere but in
-memory of their own, since a fault can make them delete anything; that takes Linux, and root or name spaces of
-users.
+The source tree is not changed. The altered file is compiled from build/faults/ and linked there with the objects of
+the native build, which is brought up to date first. A fault can make a test delete anything. So the tests run in a
+sandbox, where they can write to their own memory only. It needs Linux, and root or user namespaces.
 """
 import argparse
 import concurrent.futures
@@ -36,13 +35,13 @@ TOP = pathlib.Path(__file__).resolve().parents[1]
 BUILD = TOP / "build" / "native"
 WORK = TOP / "build" / "faults"
 CONSOLE_TESTS = ["console_program", "cleaning", "clean_pages", "pages", "registry_page"]
-# A header that is compiled into more than so many files is left alone: it would take too long.
-MOST_USERS = 12
-# Everything is to be read, and only memory to be written.
+# Headers that more files than this include are skipped: compiling all these takes too long.
+MAX_USERS = 12
+# Everything can be read, but only memory can be written.
 SANDBOX = ("mount --make-rprivate / && mount -o remount,bind,ro / && mount -t tmpfs -o size=4g none /tmp && "
            "mount -t tmpfs -o size=4g none /dev/shm && mount -t proc none /proc && cd \"$0\" && exec \"$@\"")
 ROOT_SPACES = ["--mount", "--pid", "--net", "--ipc", "--fork", "--kill-child"]
-MOST_MEMORY = 8 << 30
+MAX_MEMORY = 8 << 30
 SLOW_SECONDS = 1.0
 
 
@@ -52,7 +51,7 @@ def in_sandbox(command, folder):
 
 
 class Build:
-    """The native build, whose objects are linked anew with an altered file in place of one of them."""
+    """The native build. Links its objects again, with an altered file in place of one of them."""
 
     def __init__(self):
         self._ninja("tavix-tests", "tavix-console")
@@ -87,15 +86,15 @@ class Build:
         return shlex.split(last.removeprefix(": && ").removesuffix(" && :"))
 
     def sources(self):
-        """Sources of the products that this build compiles, and headers of few of them."""
+        """The sources of the products that this build compiles, and the headers that few of them include."""
         own = [file for file, made in self.objects.items() if self._is_of_products(made)]
         headers = [file for file, users in self.users.items()
-                   if file.suffix == ".h" and file.is_relative_to(TOP / "src") and len(users) <= MOST_USERS]
+                   if file.suffix == ".h" and file.is_relative_to(TOP / "src") and len(users) <= MAX_USERS]
         return sorted(own + headers)
 
     def compile(self, source, place):
-        """Compiles what has the altered file in `place` in it: the new objects by those they stand for. Nothing
-        where the compiler refuses it."""
+        """Compiles all files that contain the altered file in `place`. Returns {old object: new object}, or None if one
+        doesn't compile."""
         altered = place / "src" / source.relative_to(TOP / "src")
         made = {}
         for user in [self.objects[source]] if source.suffix == ".cpp" else self.users[source]:
@@ -104,7 +103,7 @@ class Build:
             words[words.index("-o") + 1] = made[user]
             if source.suffix == ".cpp":
                 words[words.index("-c") + 1] = str(altered)
-            # Without warnings, which would find unused names, and as quickly as can be.
+            # No warnings: a fault may leave names unused. No optimization: it takes time.
             words[1:1] = [f"-I{place / 'src'}"]
             words += ["-w", "-O0", "-g0"]
             if subprocess.run(words, cwd=BUILD, capture_output=True, check=False).returncode != 0:
@@ -114,7 +113,7 @@ class Build:
     def link(self, program, made, place):
         words = [made.get(word, word) for word in self.links[program]]
         at = words.index("-o")
-        # What is defined before the libraries isn't taken from them.
+        # The linker takes nothing from the libraries that an object before them defines.
         more = [file for user, file in made.items() if self._is_of_products(user)]
         words[at:at + 2] = [*more, "-fuse-ld=gold", "-Wl,-S", "-o", str(place / program)]
         subprocess.run(words, cwd=BUILD, capture_output=True, check=True)
@@ -122,7 +121,7 @@ class Build:
 
 
 class Suites:
-    """Which tests concern a source: those of the file of its name, then those of its room."""
+    """The tests of a source: those in the file of its name, then those of its room."""
 
     NAME = re.compile(r"^(?:TEST|TEST_F|TEST_P|TYPED_TEST|INSTANTIATE_TEST_SUITE_P)\((\w+),\s*(\w+)", re.M)
 
@@ -146,16 +145,16 @@ class Suites:
 class Runner:
     def __init__(self, build):
         self.build = build
-        # How long all tests take without a fault; one may make them endless.
+        # How long all tests take without a fault, in seconds. A fault may make them endless.
         self.usual = 600.0
         self.slow = []
 
     def _run(self, command, folder, environment=None):
-        """The output of a failing run; None of a good one."""
+        """Runs a command. Returns its output if it fails, otherwise None."""
         process = subprocess.Popen(
             in_sandbox(command, folder), stdout=subprocess.PIPE, stderr=subprocess.STDOUT, env=environment,
             preexec_fn=lambda: (resource.setrlimit(resource.RLIMIT_CORE, (0, 0)),
-                                resource.setrlimit(resource.RLIMIT_AS, (MOST_MEMORY, MOST_MEMORY))))
+                                resource.setrlimit(resource.RLIMIT_AS, (MAX_MEMORY, MAX_MEMORY))))
         try:
             output = process.communicate(timeout=60 + 6 * self.usual)[0].decode("utf-8", "replace")
         except subprocess.TimeoutExpired:
@@ -165,7 +164,7 @@ class Runner:
         return None if process.returncode == 0 else f"{output}\nstatus {process.returncode}"
 
     def native(self, program, names):
-        """The first of these tests that fails; None where none does."""
+        """Runs these tests. Returns the first that fails, or None."""
         output = self._run([program, f"--gtest_filter={names}", "--gtest_brief=1", "--gtest_fail_fast"], TOP)
         if output is None:
             return None
@@ -181,7 +180,7 @@ class Runner:
         return failed.group(1) if failed else "the console's tests"
 
     def measure(self):
-        """Runs everything without a fault. What fails here would kill every fault."""
+        """Runs all tests without a fault. A test that fails here would kill every fault."""
         begin = time.monotonic()
         done = subprocess.run(in_sandbox([BUILD / "tavix-tests", "--gtest_color=no"], TOP), capture_output=True, check=False)
         output = done.stdout.decode("utf-8", "replace")
@@ -194,7 +193,7 @@ class Runner:
         print(f"without a fault all tests took {self.usual:.0f} s", flush=True)
 
     def judge(self, number, source, line, fault):
-        """What became of one fault: a word, and by which test."""
+        """Plants one fault and runs the tests. Returns the outcome in a word, and the test that killed it."""
         place = WORK / str(number)
         shutil.rmtree(place, ignore_errors=True)
         altered = place / "src" / source.relative_to(TOP / "src")
@@ -220,7 +219,7 @@ class Runner:
 
 
 def choose(sources, seed):
-    """All faults in the order in which this seed plants them: a line at a time, one fault of each."""
+    """One fault for each line. The seed selects the faults and their order."""
     by_line = {}
     for source in sources:
         for line, fault in faults_in(source.read_text(encoding="utf-8").split("\n")):

@@ -14,7 +14,7 @@ import wine_prefix
 
 
 def place(folder, name):
-    """Where `name` stands in a folder, or would stand."""
+    """The path of `name` in a folder, in the letter case of the existing entry if there is one."""
     folded = name.casefold()
     return next((entry for entry in folder.iterdir() if entry.name.casefold() == folded), folder / name)
 
@@ -26,13 +26,13 @@ def copy_tree(source, target, names):
         if entry.is_dir() and not entry.is_symlink():
             copy_tree(entry, at, names)
         elif not os.path.lexists(at):
-            times = entry.lstat()  # copying reads, which makes it a file that was used just now
+            times = entry.lstat()  # copying would set its time of last access
             shutil.copy2(entry, at, follow_symlinks=False)
             os.utime(at, ns=(times.st_atime_ns, times.st_mtime_ns), follow_symlinks=False)
 
 
 def profiles(machine, prefix):
-    """The folder of the machine's user, with the name of the prefix's user for it."""
+    """{profile folder of the machine's user: name of the prefix's user}"""
     facts = configparser.RawConfigParser(strict=False, allow_no_value=True)
     facts.read(machine / "machine.ini", encoding="utf-8-sig")
     user = facts.get("Environment", "USERNAME", fallback=None)
@@ -51,14 +51,14 @@ def import_registry(machine, prefix):
         subprocess.run([wine_prefix.WINE, "regedit", "/S", wine_prefix.windows_path(prefix, file)],
                        env=wine_prefix.environment(prefix), check=True)
         file.unlink()
-    # What was started without a display would keep programs that are started later from having one.
+    # Wine started without a display here: stop it, or later programs would get no display either.
     wine_prefix.stop(prefix)
 
 
 def make_seeded(machine, prefix):
-    """A fresh prefix with what the machine has, in place of an older one."""
+    """Replaces an older prefix by a fresh one with the content of the machine."""
     wine_prefix.make(prefix)
-    # What is half seeded isn't taken for a prefix of the machine.
+    # Clear the mark until the end, so that a half-seeded prefix isn't taken as ready.
     wine_prefix.unset_current(prefix)
     import_registry(machine, prefix)
     drive = machine / "drives" / "C"

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""Opens tavix.exe on displays without a screen, goes through its pages by keys, scans, and prints where the
-screenshots are and what was found: show_window.py BUILD SCREENSHOTS, in the prefix that WINEPREFIX names.
-Pictures of both sizes, and of a screen with twice as many dots."""
+"""Takes screenshots of tavix.exe: show_window.py BUILD SCREENSHOTS, in the prefix that WINEPREFIX names. Opens it on
+virtual displays, goes through its pages by keys and scans. Prints the paths of the screenshots and what was found.
+Takes both sizes of the window at 96 DPI, and the big one at 192 DPI."""
 import os
 import pathlib
 import shutil
@@ -11,21 +11,20 @@ import time
 
 TOP = pathlib.Path(__file__).resolve().parents[1]
 PAGES = (("s", "system"), ("r", "registry"), ("a", "advanced"), ("p", "privacy"))
-# The first start of all has the small window, whatever the screen; the last one leaves the prefix with the usual
-# resolution.
+# The very first start always has the small window, so that comes first. The last screen leaves the prefix at 96 DPI.
 SCREENS = (("small", "800x600", 96), ("big-192", "2048x1536", 192), ("big", "1024x768", 96))
 DESKTOP = r"HKCU\Control Panel\Desktop"
 
 
 def set_resolution(machine, dpi):
     machine.run("reg", "add", DESKTOP, "/v", "LogPixels", "/t", "REG_DWORD", "/d", str(dpi), "/f")
-    # Read at the start of the system.
+    # Windows reads it when it starts.
     subprocess.run(["wineserver", "-k"], env=machine.environment, check=False)
     subprocess.run(["wineserver", "-w"], env=machine.environment, check=False)
 
 
 def tour(driver, program, take):
-    """Each page, a scan, and an icon under the mouse; what was found."""
+    """Takes screenshots of each page, a scan, and an icon under the mouse. Returns what was found."""
     for key, page in PAGES:
         program.key(key)
         time.sleep(0.5)

@@ -1,11 +1,11 @@
 #!/usr/bin/env python3
-"""Private Wine prefixes: Windows machines whose programs can't reach the machine that they run on.
+"""Private Wine prefixes: Windows machines whose programs can't reach the host.
 
 Drive C: is the only drive, the user's folders are folders of the prefix, and no link on the drive leads out of it. So
-files are handed in and out by copying, and a program that is to run is copied in as well.
+programs and other files must be copied in and out.
 
-    wine_prefix.py make PREFIX       makes it, in place of an older one
-    wine_prefix.py current PREFIX    succeeds if it is there and was made the way it is made now
+    wine_prefix.py make PREFIX       makes it, replacing an older one
+    wine_prefix.py current PREFIX    succeeds if it exists and was made by the current version of this script
 """
 import fcntl
 import os
@@ -19,52 +19,52 @@ import tempfile
 TOP = pathlib.Path(__file__).resolve().parent.parent
 WINE = TOP / "tools" / "wine"
 TEMPLATE = TOP / "build" / "wine" / "template"
-# Counts up with each change of how prefixes are made: older ones are made anew then.
+# Increase it with each change of how prefixes are made. Prefixes with a lower number are replaced.
 MAKE = 3
-# Wine's chooser of folders offers those of this machine beside the drives, as long as this key is there.
+# While this key exists, Wine's folder chooser offers the host's folders beside the drives.
 HOST_IN_CHOOSER = ("HKLM\\Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Desktop\\Namespace\\"
                    "{9D20AAE8-0625-44B0-9CA7-71889C2254D9}")
-# What lies beside our programs and is looked for there.
+# Files and folders that our programs look for beside themselves.
 COMPANIONS = ("tips.dll", "menus.dll", "Help.chm", "res", "lang")
 # The folder of drive C: into which programs are copied.
 PROGRAMS = "Tavix"
 
 
 def data_folder(prefix):
-    """Where Wine keeps what belongs on the host's desktop: the recycle bin above all. It lies beside the prefix."""
+    """The folder beside the prefix for what Wine would put on the host's desktop, mainly the recycle bin."""
     return pathlib.Path(f"{prefix}.tavix-data")
 
 
 def environment(prefix):
-    """What a program needs to run in a prefix and to stay in it."""
+    """The environment in which a program runs in a prefix and can't leave it."""
     data = data_folder(prefix)
     home = pathlib.Path(os.environ.get("HOME", "/"))
     return {
-        "WINEDEBUG": "-all",  # without Wine's chatter
+        "WINEDEBUG": "-all",  # no debug messages
         "XAUTHORITY": str(home / ".Xauthority"),
         **os.environ,
-        # Without the installers of its engines, and without entries in the menus of the host's desktop.
+        # No installers of Wine's engines, and no entries in the menus of the host's desktop.
         "WINEDLLOVERRIDES": "mscoree,mshtml,winemenubuilder.exe=",
         "WINEPREFIX": str(prefix),
-        # Wine would make the user's folders links into a home that is there.
+        # If the home folder exists, Wine makes the user's folders links into it.
         "HOME": "/dev/null",
         "XDG_DATA_HOME": str(data),
         "XDG_CONFIG_HOME": str(data),
         "XDG_CACHE_HOME": str(data),
-        # From here Wine would hear of sticks and disks, and make them drives.
+        # Over this bus Wine learns of removable disks, and makes them drives.
         "DBUS_SYSTEM_BUS_ADDRESS": "unix:path=/dev/null",
     }
 
 
 def stop(prefix):
-    """Ends what runs in a prefix, and waits for its registry to be written."""
+    """Ends all programs in a prefix, and waits until Wine has written its registry."""
     settings = {**os.environ, "WINEPREFIX": str(prefix)}
     subprocess.run(["wineserver", "-k"], env=settings, check=False, stderr=subprocess.DEVNULL)
     subprocess.run(["wineserver", "-w"], env=settings, check=False, stderr=subprocess.DEVNULL)
 
 
 def mark():
-    """What stands in the file "ready" of a prefix that is made as prefixes are made now, by the Wine that is here."""
+    """The content of the file "ready" of a current prefix: the number above and the version of Wine."""
     version = subprocess.run(["wine", "--version"], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True,
                              check=True).stdout
     return f"{MAKE} {version}"
@@ -92,7 +92,7 @@ def remove(prefix):
 
 def make_template():
     remove(TEMPLATE)
-    # Wine makes drive Z: along with the folder of the devices. This one is there already.
+    # Wine makes drive Z: when it makes the folder of devices. So make that folder before.
     (TEMPLATE / "dosdevices").mkdir(parents=True)
     (TEMPLATE / "drive_c").mkdir()
     (TEMPLATE / "dosdevices" / "c:").symlink_to("../drive_c")
@@ -108,7 +108,7 @@ def make_template():
 
 
 def make(prefix):
-    """A fresh prefix, in place of an older one: a copy of a template that is made once."""
+    """Makes a fresh prefix, replacing an older one: a copy of a template that is made once."""
     prefix = pathlib.Path(prefix)
     TEMPLATE.parent.mkdir(parents=True, exist_ok=True)
     with open(TEMPLATE.parent / "template.lock", "w", encoding="ascii") as lock:
@@ -117,14 +117,15 @@ def make(prefix):
             make_template()
         remove(prefix)
         prefix.mkdir(parents=True)
-        # The last of all is the mark, so that half a copy isn't taken for a prefix.
+        # Copy the mark last, so that an incomplete copy isn't taken as ready.
         subprocess.run(["cp", "-a", *(entry for entry in TEMPLATE.iterdir() if entry.name != "ready"), prefix],
                        check=True)
     set_current(prefix)
 
 
 def ways_out(prefix):
-    """What leads out of a prefix: drives besides C:, and links on drive C: to other places. None in a private one."""
+    """The ways from a prefix to the host: drives besides C:, and links from drive C: to other places. A private prefix
+    has none."""
     prefix = pathlib.Path(prefix)
     drive_c = (prefix / "drive_c").resolve()
     devices = prefix / "dosdevices"
@@ -132,7 +133,7 @@ def ways_out(prefix):
         return [f"{devices} is missing: Wine would make it with a drive Z:"]
     found = []
     for device in devices.iterdir():
-        # Other names than letters with a colon are ports, which are no drives.
+        # Other names are ports, not drives.
         if re.fullmatch("[A-Za-z]::?", device.name) and (device.name != "c:" or device.resolve() != drive_c):
             found.append(str(device))
     for folder, folders, files in os.walk(drive_c):
@@ -143,7 +144,7 @@ def ways_out(prefix):
 
 
 def windows_path(prefix, file):
-    """The path within a prefix of a file on its drive C:; None of one elsewhere."""
+    """The Windows path of a file on drive C: of a prefix. None for a file elsewhere."""
     drive_c = (pathlib.Path(prefix) / "drive_c").resolve()
     file = pathlib.Path(file).absolute()
     file = file.parent.resolve() / file.name
@@ -153,14 +154,14 @@ def windows_path(prefix, file):
 
 
 def copy_in(prefix, source, folder=""):
-    """Copies a file, or a folder with all it holds, into a folder of drive C:, which is made; its path there."""
+    """Copies a file or a whole folder into a folder of drive C:, which is made if missing. Returns the new path."""
     source = pathlib.Path(source)
     target = pathlib.Path(prefix) / "drive_c" / folder / source.name
     target.parent.mkdir(parents=True, exist_ok=True)
     if source.is_dir():
         shutil.copytree(source, target, dirs_exist_ok=True)
     else:
-        # A program that runs from there goes on with the file it was started from.
+        # Replace the file, don't write into it: a program that runs from it keeps the old one.
         with tempfile.TemporaryDirectory(dir=target.parent) as place:
             copy = shutil.copy2(source, place)
             os.replace(copy, target)
@@ -168,7 +169,7 @@ def copy_in(prefix, source, folder=""):
 
 
 def copy_program_in(prefix, program, folder=PROGRAMS):
-    """Copies a program and what it looks for beside itself; its path there."""
+    """Copies a program with the files that it looks for beside itself. Returns its new path."""
     for name in COMPANIONS:
         companion = pathlib.Path(program).parent / name
         if companion.exists():
@@ -177,8 +178,7 @@ def copy_program_in(prefix, program, folder=PROGRAMS):
 
 
 def copy_out(prefix, name, target):
-    """Copies a file of drive C:, named by its path below the drive's folder, into a folder of the host or over a
-    file of it."""
+    """Copies a file of drive C:, named by its path below the drive, into a folder of the host or over a file there."""
     shutil.copy(pathlib.Path(prefix) / "drive_c" / name, target)
 
 

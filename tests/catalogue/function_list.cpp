@@ -61,7 +61,7 @@ TEST_F(FunctionList, TheLinkGoesWhenAFunctionWithoutOptionsIsClicked) {
   EXPECT_FALSE(LinkShown());
 }
 
-TEST_F(FunctionList, TheMasterRowShowsTheDescriptionOfTheCaptionItHasAtThatMoment) {
+TEST_F(FunctionList, TheMasterRowShowsTheDescriptionOfItsCurrentCaption) {
   frmPubMain.picSystem.MouseUp(kLeftButton);
   Click(0);
   EXPECT_EQ(Status(), u"Unchecks all clean/repair functions for this category.");
@@ -99,7 +99,7 @@ TEST_F(FunctionList, AClickWithNoRowInFocusHidesTheLinkAndShowsNothing) {
   }
 }
 
-TEST_F(FunctionList, ThePageThatOpensAnewHasNoRowInFocus) {
+TEST_F(FunctionList, AReopenedPageHasNoRowInFocus) {
   frmPubMain.picAdv.MouseUp(kLeftButton);
   Click(2);
   frmPubMain.picSystem.MouseUp(kLeftButton);
@@ -118,7 +118,7 @@ TEST_F(FunctionList, TheLinkOpensTheOptionsAtThePageOfTheFunction) {
   EXPECT_EQ(shownAt, (std::vector<int>{2, 3, 5, 5}));
 }
 
-TEST_F(FunctionList, TheLinkOpensTheOptionsAsTheyStandForAnyOtherText) {
+TEST_F(FunctionList, ForAnyOtherTextTheLinkOpensTheOptionsAtTheirLastPage) {
   frmPubOptions.piPage = 4;
   frmPubMain.lblOpt.Click();
   frmPubMain.picSystem.MouseUp(kLeftButton);

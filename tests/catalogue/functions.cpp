@@ -31,7 +31,7 @@ TEST(CleaningFunctions, OfTheOtherPagesHaveTheirCaptionAsKey) {
   }
 }
 
-TEST(CleaningFunctions, NoKeyStandsTwiceAndEachHasWords) {
+TEST(CleaningFunctions, HaveUniqueKeysAndADescriptionEach) {
   std::set<TextView> keys;
   for (const auto page : {kPrivacyFunctions, kSystemFunctions, kRegistryFunctions, kAdvancedFunctions}) {
     for (const CleaningFunction& function : page) {
@@ -43,7 +43,7 @@ TEST(CleaningFunctions, NoKeyStandsTwiceAndEachHasWords) {
   }
 }
 
-TEST(CleaningFunctions, OfTheSystemAndRegistryPagesStandInTheOrderOfTheirScanners) {
+TEST(CleaningFunctions, OfTheSystemAndRegistryPagesAreInTheOrderOfTheirScanners) {
   EXPECT_EQ(Keys(kSystemFunctions, &CleaningFunction::Key), Keys(kSystemScanners, &Scanner::Key));
   EXPECT_EQ(Keys(kRegistryFunctions, &CleaningFunction::Key), Keys(kRegistryScanners, &Scanner::Key));
 }
@@ -73,7 +73,7 @@ TEST(CleaningFunctions, FourHaveOptions) {
                                                           {u"Junk Files", 2}}));
 }
 
-// Words that look like slips and are meant as they stand.
+// These wordings look like mistakes but are intended.
 TEST(CleaningFunctions, OddWordingsStay) {
   EXPECT_TRUE(
       Find(kRegistryFunctions, u"Missing Shared DLLs").Description.starts_with(u"Includes the DLLs files "));

@@ -105,7 +105,7 @@ TEST_F(Pages, TheOptionsLinkIsHiddenByThePrivacyPageAlone) {
   }
 }
 
-TEST_F(Pages, WithAListHoldTheirFunctionsBehindTheMasterRow) {
+TEST_F(Pages, WithAListHoldTheirFunctionsAfterTheMasterRow) {
   for (const PageRow& page : kPages) {
     if (page.functions.empty()) continue;
     Open(page);
@@ -230,8 +230,8 @@ TEST_F(Pages, AListPageWithNothingTickedScansNothing) {
   EXPECT_EQ(frmPubMain.lblProgMI.Width, 0);
 }
 
-// A scan of the System page that a hand opens another page in the midst of: while the temporary files are
-// listed, row 2.
+// A scan of the System page during which the user opens another page: in row 2, while it lists the temporary
+// files.
 class PageDuringAScan : public ProgramTest, public platform::EventQueue {
  protected:
   PageDuringAScan() {
@@ -250,7 +250,7 @@ class PageDuringAScan : public ProgramTest, public platform::EventQueue {
   void Yield() override {
     if (PictureBox* page = std::exchange(page_, nullptr)) page->MouseUp(kLeftButton);
   }
-  // The kinds of rows that were found.
+  // Scans, opening this page at the first yield. Returns the types of the rows found.
   std::vector<Text> Scan(PictureBox& opened) {
     page_ = &opened;
     frmPubMain.picSystem.MouseUp(kLeftButton);
@@ -271,14 +271,15 @@ TEST_F(PageDuringAScan, TheLoopGoesOnWithTheRowsOfTheNewList) {
   EXPECT_EQ(frmPubMain.LastPage, 2);
   EXPECT_TRUE(frmPubMain.lblProgS.Caption.Get().starts_with(u"Finished, please click <Repair>"));
   frmPubMain.sbtScan.Click();
-  EXPECT_EQ(ResultCount(), 3) << "rows 1 and 14 have findings, too, but stood outside the loop";
+  EXPECT_EQ(ResultCount(), 3) << "rows 1 and 14 have findings, too, but were outside the loop";
 }
 
 TEST_F(PageDuringAScan, ThePrivacyPageLeavesTheListAndTheLoopReadsItOn) {
   const std::vector<Text> types = Scan(frmPubMain.picPrivacy);
   ASSERT_GT(types.size(), 2U);
   EXPECT_EQ(types[1], u"User Temporary File");
-  EXPECT_EQ(types.back(), u"Windows Size and Location Caches") << "the last row but one of the System page";
+  EXPECT_EQ(types.back(), u"Windows Size and Location Caches")
+      << "the row before the last of the System page";
   EXPECT_FALSE(frmPubMain.lst.Visible);
   EXPECT_TRUE(frmPubMain.lblProgS.Caption.Get().starts_with(u"Finished, please click <Clean>"));
 }

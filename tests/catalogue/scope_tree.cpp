@@ -74,7 +74,7 @@ TEST_F(ScopeTree, OffersDrivesByTypeAndReadiness) {
   }
 }
 
-TEST_F(ScopeTree, IsBuiltAnewAtEachOpening) {
+TEST_F(ScopeTree, IsRebuiltAtEachOpening) {
   Open();
   Click(u"D:");
   Check(u"D:", false);
@@ -133,7 +133,7 @@ TEST_F(ScopeTree, LoadedFoldersTakeTheTickOfTheirParent) {
   Check(u"D:", false);
   EXPECT_EQ(Ticked(), (Texts{u"Root", u"E:"})) << "no rule leads upwards";
   EXPECT_EQ(At(u"D:").Children(), 3) << "the tick has loaded them";
-  EXPECT_FALSE(At(u"D:").Expanded) << "but not opened";
+  EXPECT_FALSE(At(u"D:").Expanded) << "but not expanded";
   Check(u"D:\\Users", true);
   EXPECT_EQ(Ticked(), (Texts{u"Root", u"E:", u"D:\\Users", u"D:\\Users\\Ann", u"D:\\Users\\Bob"}));
 }
@@ -148,10 +148,10 @@ TEST_F(ScopeTree, ATickGoesDownThroughAllThatIsLoaded) {
   Check(u"D:\\Users\\Ann", false);
   EXPECT_EQ(Ticked(), (Texts{u"D:\\Users", u"D:\\Users\\Bob"})) << "unticking a child leaves its parent";
   Click(u"D:");
-  EXPECT_EQ(Ticked(), Texts{}) << "a click hands the tick down, too";
+  EXPECT_EQ(Ticked(), Texts{}) << "a click gives the tick to the loaded folders, too";
 }
 
-// The look at the folder fails under exactly the path that is told.
+// The call fails for one path only, which shows the path that the program passes.
 TEST_F(ScopeTree, AKeyOfTwoCharactersGetsABackslashAndALongerOneNone) {
   const struct {
     TextView key, failing;
@@ -164,7 +164,7 @@ TEST_F(ScopeTree, AKeyOfTwoCharactersGetsABackslashAndALongerOneNone) {
                {u"D:\\Users", u"D:\\Users", 0}};
   for (const auto& row : table) {
     Open();
-    if (Tree().NodeByKey(row.key) == nullptr) Tree().AddNode(&At(u"Root"), row.key, u"as told");
+    if (Tree().NodeByKey(row.key) == nullptr) Tree().AddNode(&At(u"Root"), row.key, u"text");
     machine.files.faults.Fail(u"Look", row.failing);
     LoadChildFolders(row.key);
     EXPECT_EQ(At(row.key).Children(), row.children) << Narrow(row.key) << " over " << Narrow(row.failing);
@@ -182,10 +182,10 @@ TEST_F(ScopeTree, AFolderThatCantBeReadOrHasGoneAddsNothing) {
   Check(u"D:\\Users", false);
   EXPECT_EQ(Keys(), (Texts{u"Root", u"D:", u"E:", u"D:\\apps", u"D:\\Users", u"D:\\Windows"}));
   EXPECT_FALSE(At(u"D:\\Users").Checked);
-  EXPECT_TRUE(At(u"D:\\Users").Expanded) << "opened and closed all the same";
+  EXPECT_TRUE(At(u"D:\\Users").Expanded) << "still opened and closed";
 }
 
-TEST_F(ScopeTree, AKeyThatNoNodeBearsAddsNothing) {
+TEST_F(ScopeTree, AnUnknownKeyAddsNothing) {
   Open();
   LoadChildFolders(u"D:\\Users");
   LoadChildFolders(u"");
@@ -193,7 +193,7 @@ TEST_F(ScopeTree, AKeyThatNoNodeBearsAddsNothing) {
   EXPECT_EQ(Keys(), (Texts{u"Root", u"D:", u"E:"}));
 }
 
-TEST_F(ScopeTree, TheServicesGoneAddNothing) {
+TEST_F(ScopeTree, WithoutServicesAddsNothing) {
   Open();
   fileSystemObject = {};
   Click(u"D:");

@@ -124,7 +124,7 @@ TEST_F(MasterRow, DoesNothingWhileTheGuardIsUp) {
   EXPECT_TRUE(frmPubMain.ListGuard);
 }
 
-TEST_F(MasterRow, OfAnEmptyListIsNoneAndNothingHappens) {
+TEST_F(MasterRow, IsMissingInAnEmptyListAndNothingHappens) {
   List().Clear();
   lst_ItemCheck(0);
   EXPECT_EQ(List().ListCount(), 0);

@@ -34,7 +34,7 @@ class Choices : public ProgramTest {
     }
     return rows;
   }
-  // What stays ticked of the scope, or the reason why it can't be.
+  // The ticked nodes of the scope tree, or "refused".
   static Texts Scope(const Texts& scopes) {
     std::string error;
     if (OpenAndTick({.page = u"advanced", .scopes = scopes}, error)) return Ticked(frmPubMain.trvRes);
@@ -89,14 +89,14 @@ TEST_F(Choices, ADriveIsTickedWithItsFolders) {
   EXPECT_FALSE(frmPubMain.trvRes.NodeByKey(u"D:")->Expanded) << "ticked, not clicked";
 }
 
-TEST_F(Choices, AFolderIsBroughtIntoBeingByClicksOnWhatLiesAboveIt) {
+TEST_F(Choices, AFolderIsLoadedByClicksOnItsParents) {
   EXPECT_EQ(Scope({u"D:\\Users\\Ann"}), (Texts{u"D:\\Users\\Ann"}));
   EXPECT_TRUE(frmPubMain.trvRes.NodeByKey(u"D:")->Expanded);
   EXPECT_TRUE(frmPubMain.trvRes.NodeByKey(u"D:\\Users")->Expanded);
   EXPECT_FALSE(frmPubMain.trvRes.NodeByKey(u"D:\\Users\\Ann")->Expanded);
 }
 
-TEST_F(Choices, WhatHasChildrenAlreadyIsNotClickedAgain) {
+TEST_F(Choices, AFolderWithChildrenIsNotClickedAgain) {
   EXPECT_EQ(Scope({u"D:\\Users\\Ann", u"D:\\Users\\Bob", u"D:\\Windows"}),
             (Texts{u"D:\\Windows", u"D:\\Users\\Ann", u"D:\\Users\\Bob"}));
   EXPECT_TRUE(frmPubMain.trvRes.NodeByKey(u"D:")->Expanded);

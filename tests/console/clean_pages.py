@@ -1,4 +1,4 @@
-"""Cleans whole pages of the sample machine through tavix-console: what was found goes, everything else stays."""
+"""Cleans whole pages of the sample machine through tavix-console. What was found goes, everything else stays."""
 import configparser
 import sys
 import unittest
@@ -14,13 +14,13 @@ BROWSER = "C:\\Users\\Ann\\AppData\\Local\\Microsoft\\Windows\\"
 INDEXES = [BROWSER + "INetCache\\Content.IE5\\index.dat", BROWSER + "INetCookies\\index.dat",
            BROWSER + "History\\History.IE5\\index.dat"]
 MY_TRACKS = "RunDll32.exe InetCpl.cpl,ClearMyTracksByProcess "
-# What starting the program makes.
+# Files and folders that a start of the program makes.
 DATA = "drives/C/MORVDataPath"
 MADE = (DATA, "drives/C/TVXBak", "journal.jsonl", "restart.txt")
 
 
 def host(path):
-    """The file of the machine folder."""
+    """The path in the machine folder of a file on the machine."""
     return "drives/" + path[0] + path[2:].replace("\\", "/")
 
 
@@ -33,7 +33,7 @@ class CleanedPage(Machine):
         copy_sample.set_times(self.folder)
 
     def left(self):
-        """Everything that is there now, except the data tree, the registry and the table of attributes."""
+        """Everything in the machine folder now, except the data tree, the registry and the table of attributes."""
         return {name: content for name, content in self.snapshot().items()
                 if not name.startswith((*MADE, "registry/")) and name != "attributes.ini"}
 
@@ -83,7 +83,7 @@ class PrivacyPage(CleanedPage):
 
     def test_indexes_are_marked_for_the_restart_and_the_browser_is_told_to_forget(self):
         self.clean("--page", "privacy")
-        # The location of such a row is the whole path, so the name stands in it twice.
+        # The location of such a row is the whole path, so the shown path has the name twice.
         marked = [path + "\\index.dat" for path in reversed(INDEXES)]
         self.assertEqual((self.folder / "restart.txt").read_text(encoding="utf-8").splitlines(), marked)
         commands = [MY_TRACKS + number for number in ("32", "16", "1", "2", "8")]
@@ -163,7 +163,7 @@ class SystemPage(CleanedPage):
         self.clean("--page", "system")
         after = registry_text.without_key(self.keys_before, EXPLORER + "MenuOrder")
         after = registry_text.without_key(after, EXPLORER + "StreamMRU")
-        # The tray's row names a value followed by a blank, and a hive after a blank.
+        # The row of the tray has blanks around a value's name and a hive's name, so it names neither.
         self.assertEqual(set(after[(EXPLORER + "TrayNotify").upper()]), {"IconStreams", "PastIconsStream"})
         self.assertEqual(self.registry(), after)
 
@@ -176,7 +176,7 @@ class SystemPage(CleanedPage):
         self.assertEqual(self.registry(), self.keys_before)
         self.assertEqual(self.journal(), [])
 
-    def test_a_second_clean_finds_what_always_stands(self):
+    def test_a_second_clean_finds_only_the_standing_rows(self):
         self.clean("--page", "system")
         left = self.left()
         found, rows, _ = self.clean("--page", "system")

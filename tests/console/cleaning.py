@@ -81,7 +81,7 @@ class Cleaning(SampleCopy):
         self.assertEqual(self.journal(), [{"op": "RunTarget", "target": command + "32", "style": 3},
                                           {"op": "RunTarget", "target": command + "16", "style": 3}])
 
-    def test_an_unticked_row_stays_with_what_it_stands_for(self):
+    def test_an_unticked_row_stays_with_its_item(self):
         found, rows, labels = self.clean_traces("--untick", "1", "--untick", "3", "--tick", "3", "--untick", "5")
         self.assertTrue(all(row["Checked"] for row in found))
         self.assertEqual([(row["row"], row["Name"], row["Checked"]) for row in rows],
@@ -180,7 +180,7 @@ class Killed(Machine):
         return process.wait() == -signal.SIGKILL
 
     def check(self):
-        """Checks what the kill has left, and what the next run does with it."""
+        """Checks the state after the kill, and after the next run."""
         left = self.registry()
         self.assertIn(left, (self.old, self.new), "half of a registry")
         found, _ = self.scan("--function", "iertu")

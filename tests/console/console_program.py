@@ -60,7 +60,7 @@ class SampleMachine(SampleCopy):
             self.scan("--page", page)
         after = self.snapshot()
         kept = {name: after.get(name) for name in before}
-        # The start makes the data tree, and notes its attributes there.
+        # The start makes the data tree and adds its attributes to attributes.ini.
         lines = before.pop("attributes.ini", b"").splitlines()
         self.assertLessEqual(set(lines), set(kept.pop("attributes.ini", b"").splitlines()))
         self.assertEqual(kept, before)
@@ -101,7 +101,7 @@ class NothingCleaned(SampleCopy):
         self.before = self.state()
 
     def state(self):
-        """Everything in the folder, with the calls on the shell instead of their file."""
+        """Everything in the folder, with the parsed calls on the shell in place of their file."""
         return {**self.snapshot(), "journal.jsonl": self.journal()}
 
     def tearDown(self):
@@ -159,7 +159,7 @@ class TwoCopies(SampleCopy):
 
 
 class ForeignData(SampleCopy):
-    """A link stands where the program keeps its data."""
+    """A link is in the place of the program's data."""
 
     def refuse(self, place, target):
         link = self.folder / "drives" / "C" / place
@@ -189,7 +189,7 @@ class ForeignData(SampleCopy):
         self.refuse("MORVDataPath/TVX", outside)
         self.assertEqual(list(outside.iterdir()), [])
 
-    def test_nor_when_the_settings_stand_elsewhere(self):
+    def test_nor_when_the_settings_are_elsewhere(self):
         self.write("drives/C/Users/Bob/planted.txt", "[Duplicate Files]\nCommon Types=*.x\n")
         self.refuse("MORVDataPath/TVX/tvx.dll", "../../Users/Bob/planted.txt")
 

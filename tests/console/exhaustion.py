@@ -75,7 +75,7 @@ class LackOfMemory(Machine):
             self.assertEqual(done.stderr, b"tavix-console: the memory of this system is exhausted\n")
         return done.returncode
 
-    def test_at_any_moment_ends_with_a_line_and_loses_nothing(self):
+    def test_running_out_at_any_moment_gives_one_line_and_loses_nothing(self):
         # Search for the least that is enough, to within a page.
         low, high = 1 << 20, 1 << 30
         self.assertEqual(self.clean_with(high), 0)

@@ -28,7 +28,7 @@ def help_pages():
 
 
 def singular(name):
-    """A name without the plural endings of its words: a function and the type of its rows then agree."""
+    """A name without plural endings. A function and the type of its rows then have the same name."""
     return re.sub(r"s\b", "", re.sub(r"ies\b", "y", name))
 
 

@@ -9,7 +9,7 @@ FUNCTIONS = "One-click Clean/Repair/Functions="
 
 
 class OwnMachine(Machine):
-    """Two temporary files, a log file, an entry of the run history and one that starts a missing program."""
+    """Two temporary files, a log file, a run history entry and a start-up entry of a missing program."""
 
     def setUp(self):
         super().setUp()

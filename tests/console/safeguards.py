@@ -31,9 +31,9 @@ class Links(SampleCopy):
         rows = [o for o in self.objects("--one-click") if o["stage"] == "clean"][:-1]
         self.assertEqual(files(self.folder / "drives/C/Precious"), before)
         self.assertTrue((temp / "y").is_symlink())
-        behind = [row for row in rows if "\\Temp\\y" in row["Location"]]
-        self.assertEqual(len(behind), 20, "the rows stay, ticked")
-        self.assertTrue(all(row["Checked"] for row in behind))
+        linked = [row for row in rows if "\\Temp\\y" in row["Location"]]
+        self.assertEqual(len(linked), 20, "the rows stay, ticked")
+        self.assertTrue(all(row["Checked"] for row in linked))
 
     def test_the_temporary_folder_itself_may_be_a_link(self):
         self.write("drives/C/Far/a.txt", "a")

@@ -1,4 +1,4 @@
-"""What the help and the catalogues say of a clean and the one-click run, checked on the disk and in the registry."""
+"""Checks on the disk and in the registry what help and catalogues say of a clean and the one-click run."""
 import sys
 import unittest
 
@@ -55,7 +55,7 @@ class NamesWithAComma(Machine):
         super().setUp()
         self.write("machine.ini", "[Environment]\nWinDir=C:\\Windows\n")
 
-    def test_of_a_key_the_one_of_the_shorter_name_goes_with_all_below(self):
+    def test_the_key_of_the_shorter_name_goes_with_all_below(self):
         self.write("registry/user.reg", "Windows Registry Editor Version 5.00\n\n"
                    f"[{USER}Games, Inc]\n\n[{USER}Games\\Scores]\n\"Ann\"=dword:00000001\n")
         rows, _, _ = self.clean("--page", "registry", "--function", "Obsolete Software")
@@ -64,7 +64,7 @@ class NamesWithAComma(Machine):
         self.assertIn((USER + "Games, Inc").upper(), left)
         self.assertNotIn((USER + "Games").upper(), left)
 
-    def test_of_a_value_the_one_of_the_shorter_name_goes(self):
+    def test_the_value_of_the_shorter_name_goes(self):
         run = USER + "Microsoft\\Windows\\CurrentVersion\\Run"
         self.write("registry/user.reg", "Windows Registry Editor Version 5.00\n\n"
                    f"[{run}]\n\"Tool\"=\"C:\\\\Windows\"\n\"Tool, old\"=\"C:\\\\gone.exe\"\n")
@@ -116,12 +116,12 @@ class SafeguardsOfTheBackupFolder(Machine):
             self.write("drives/" + name, name)
 
     def left(self, backup_folder, method):
-        """The copies that are still in their place."""
+        """Cleans by this method. Returns the names of the files that are left."""
         self.clean("--page", "advanced", "--function", "Junk Files", "--set", "Cleaning Method/Method=" + method,
                    "--set", "Cleaning Method/Backup Folder=" + backup_folder)
         return [path.name for path in sorted((self.folder / "drives").rglob("*.bak"))]
 
-    def test_what_lies_in_one_stays_under_every_method(self):
+    def test_files_in_one_stay_under_every_method(self):
         for method in "DRS":
             with self.subTest(method):
                 self.setUp()

@@ -1,6 +1,6 @@
-"""Each sentence of the help, the README, the FAQ of the site and the catalogue, with what makes sure that it is true.
+"""Each sentence of the help, the README, the site's FAQ and the catalogue is bound to a reason why it is true.
 
-true_words.txt lists them all. The line below each says what makes sure of it:
+true_words.txt lists them all. The line after a sentence gives the reason:
 
 - names of tests, if the sentence says what the program finds, keeps, removes or brings back;
 - `risk`, if it is in the tables of the Windows 11 machine with the rows that it warns of;
@@ -8,7 +8,7 @@ true_words.txt lists them all. The line below each says what makes sure of it:
 - `words`, if it says what a thing is, or gives advice;
 - `about`, if it uses the words of finding, keeping and removing, but claims nothing.
 
-A sentence that is missing in the table fails the test, and so does one of the table that is in none of the texts."""
+A sentence that is missing in the table fails the test. So does a sentence of the table that is in no text."""
 import html
 import re
 import unittest
@@ -26,7 +26,7 @@ TESTS = {"*.cpp": r"^TEST(?:_[FP])?\((\w+),\s*(\w+)\)", "*.py": r"^    def (test
 
 
 def blocks(page):
-    """The texts of a page that stand by themselves: paragraphs, items of lists, rows of tables."""
+    """The separate texts of a page: paragraphs, list items, table rows."""
     body = page[page.index("<body>"):]
     body = re.sub(r"</th>\s*<td>", ": ", body)
     texts = re.findall(r"<(?:p|li|tr)\b[^>]*>(.*?)(?=</p>|</li>|</tr>)", body, re.S)
@@ -38,13 +38,13 @@ def split(text):
 
 
 def of_a_function(page):
-    """What the topic of a function tells of finding and cleaning; of other topics nothing."""
+    """What the topic of a function says of finding and cleaning. Nothing for other topics."""
     parts = re.split("<h2>What it finds</h2>|<h2>What comes back by itself</h2>", page)
     return blocks("<body>" + parts[1]) if len(parts) == 3 else []
 
 
 def readme():
-    """What the README says of what the program does and doesn't; the rest is for those who build it."""
+    """The part of the README that describes the program. The rest is for those who build it."""
     text = (TOP / "README.md").read_text(encoding="utf-8")
     lines = [line for line in text[:text.index("All pages at both sizes")].splitlines()
              if not line.startswith(("#", "|---", "| Page", "| |", "| !", "!["))]
@@ -55,7 +55,7 @@ def readme():
 
 
 def sources():
-    """{name: the texts that people read in it}"""
+    """{name of a file: the texts that people read in it}"""
     read = {name: blocks(page) for name, page in help_pages().items()}
     read["README"] = list(readme())
     read["faq"] = blocks((TOP / "packaging" / "faq.htm").read_text(encoding="utf-8"))
@@ -65,7 +65,7 @@ def sources():
 
 
 def table():
-    """{name: {sentence: what holds it}}"""
+    """{name of a file: {sentence: reasons}}"""
     held = {}
     for line in TABLE.read_text(encoding="utf-8").splitlines():
         if line.startswith("["):
@@ -105,12 +105,12 @@ class TrueWords(unittest.TestCase):
                 unknown = [test for test in holds if test not in KINDS and test not in there]
                 self.assertEqual(unknown, [], f"{name}: {sentence}")
 
-    def test_what_tells_of_finding_keeping_and_removing_is_no_mere_words(self):
+    def test_a_claim_of_finding_keeping_or_removing_is_not_marked_words(self):
         for name, sentences in table().items():
-            told = [sentence for sentence, holds in sentences.items() if holds == ["words"] and CLAIM.search(sentence)]
-            self.assertEqual(told, [], name)
+            claims = [sentence for sentence, holds in sentences.items() if holds == ["words"] and CLAIM.search(sentence)]
+            self.assertEqual(claims, [], name)
 
-    def test_what_a_function_finds_and_its_cleaning_does_is_held_by_a_test(self):
+    def test_what_a_function_finds_and_removes_is_held_by_a_test(self):
         held = table()
         for name, page in help_pages().items():
             for text in of_a_function(page):

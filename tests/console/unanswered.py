@@ -10,7 +10,7 @@ from machine_case import CONSOLE, Machine
 
 NOBODY = 65534
 WINDOWS = "Software\\Microsoft\\Windows\\CurrentVersion\\"
-# Sound entries of each function whose files lie in one folder, as key, name and data, and one whose file is gone.
+# Entries of each function whose files are in one folder, as key, name and data. Another entry's file is missing.
 FOLDER = "C:\\Program Files\\App"
 SOUND = [
     ("HKEY_LOCAL_MACHINE\\" + WINDOWS + "SharedDlls", FOLDER + "\\a.dll", "1"),
@@ -49,7 +49,7 @@ class Unanswered(Machine):
         rows = [json.loads(line) for line in done.stdout.splitlines()]
         return [row["Name"] for row in rows if "Name" in row], done.returncode
 
-    def test_what_can_be_looked_at_is_sound_but_for_the_one_that_is_gone(self):
+    def test_with_every_right_only_the_missing_file_is_an_issue(self):
         self.assertEqual(self.names(), ([GONE], 0))
         shutil.rmtree(self.folder / "drives/C/Program Files")
         self.assertEqual(len(self.names()[0]), len(SOUND) + 2, "a class of the machine is shown twice")
@@ -81,7 +81,7 @@ class Unanswered(Machine):
                     least = limit
         self.assertGreater(ran, 0)
         self.assertIsNotNone(least, "the one that is gone was never found")
-        print(f"{ran} runs with few handles; the missing file is told from {least} on")
+        print(f"{ran} runs with few handles; the missing file is found from {least} on")
 
 
 if __name__ == "__main__":

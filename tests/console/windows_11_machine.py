@@ -1,7 +1,9 @@
-"""Every page over the Windows 11 machine: each row is one that the tables name, on the terms that they tell.
+"""Every page over the Windows 11 machine. Each row is in the tables, which give it one of these terms:
 
-A row is `harmless`, or a `risk` that the topic of its function tells in the sentence that stands in the table, or
-`refused`: a clean leaves it where it is. `unticked` rows come without a tick."""
+- `harmless`
+- `risk`: the topic of its function warns of it, in the sentence that the table quotes
+- `refused`: a clean leaves it in place
+- `unticked`: it is listed without a tick"""
 import collections
 import html
 import os
@@ -16,7 +18,7 @@ import make_windows_11_machine as tables
 THROUGH_A_LINK = "what a link leads to stays"
 PAGES = ("privacy", "system", "registry", "advanced")
 TERMS = ("harmless", "risk", "refused", "unticked")
-# The topic of the function that gives rows of a type, or of types that begin so. For the Registry page, see topic_of.
+# {type of a row, or its first part: help topic of its function}. For the Registry page, see topic_of.
 TOPICS = {
     "Temporary Internet Files": "ietif", "Cookies": "iec", "History": "ieh", "Recently Typed URL": "iertu",
     "Auto-fill Form History": "ieafh", "Auto-fill Password History": "ieaph", "Temporary Internet File": "ietifd",
@@ -53,14 +55,14 @@ def terms_of(row):
 
 
 def through_links(rows):
-    """A scan goes through a link of a folder as through the folder, and its clean stays out of there."""
+    """Adds the rows that a scan finds again through links to folders. A clean refuses them."""
     links = [(tables.path_of(artefact, name), target) for artefact in tables.artefacts()
              for name, target in artefact.get("links", {}).items() if target]
     for row in list(rows):
         for link, target in links:
             if row.what.startswith(target + "\\"):
-                behind = row._replace(what=link + row.what[len(target):])
-                rows[behind] = Expected(rows[row].artefact, "refused", THROUGH_A_LINK)
+                linked = row._replace(what=link + row.what[len(target):])
+                rows[linked] = Expected(rows[row].artefact, "refused", THROUGH_A_LINK)
 
 
 def expected_rows():
@@ -95,7 +97,7 @@ REGISTRY_TOPICS = registry_topics()
 
 
 def text_of(topic):
-    """What a person reads in a topic."""
+    """The text of a topic, without markup."""
     text = help_pages()[topic]
     return " ".join(html.unescape(re.sub(r"<[^>]*>", "", text)).split())
 
@@ -116,12 +118,12 @@ class Tables(unittest.TestCase):
         self.assertEqual(len(set(ids)), len(ids))
         self.assertGreaterEqual(len(ids), 60)
 
-    def test_say_of_each_artefact_which_rows_it_gives_or_why_none(self):
+    def test_give_each_artefact_its_rows_or_the_reason_for_none(self):
         for artefact in tables.artefacts():
             self.assertTrue(artefact["what"], artefact["id"])
             self.assertNotEqual("rows" in artefact, "unlisted" in artefact, artefact["id"])
 
-    def test_every_risk_is_told_in_the_topic_of_its_function(self):
+    def test_every_risk_is_explained_in_the_topic_of_its_function(self):
         untold = [(row.type, of.artefact, topic_of(row.type), of.why) for row, of in expected_rows().items()
                   if of.terms == "risk" and of.why not in text_of(topic_of(row.type))]
         self.assertEqual(sorted(set(untold)), [])
@@ -145,10 +147,10 @@ class Scan(Windows11):
 
 
 class Safeguards(Windows11):
-    """What a clean leaves where it is, its row ticked."""
+    """Ticked rows that a clean leaves in place."""
 
     def clean_page(self, page, *arguments):
-        """The ticked rows that a clean leaves, by what they stand for."""
+        """The ticked rows that are left after a clean of the page."""
         _, kept, _ = self.clean("--page", page, "--now", tables.NOW, *arguments)
         return sorted(found(row) for row in kept if row["Checked"])
 
@@ -172,11 +174,11 @@ class Safeguards(Windows11):
     def test_what_is_reached_through_a_link_stays(self):
         rows = self.rows("advanced")
         expected = expected_rows()
-        behind = [row for row in rows if expected[found(row)].why == THROUGH_A_LINK]
-        self.assertGreater(len(behind), 1)
-        others = [option for row in rows if row not in behind for option in ("--untick", row["row"])]
-        self.assertEqual(self.clean_page("advanced", *others), sorted(map(found, behind)))
-        self.assertEqual([row for row in behind if not self.is_there(found(row).what)], [])
+        linked = [row for row in rows if expected[found(row)].why == THROUGH_A_LINK]
+        self.assertGreater(len(linked), 1)
+        others = [option for row in rows if row not in linked for option in ("--untick", row["row"])]
+        self.assertEqual(self.clean_page("advanced", *others), sorted(map(found, linked)))
+        self.assertEqual([row for row in linked if not self.is_there(found(row).what)], [])
 
     def test_own_data_and_the_backup_folder_are_whole(self):
         self.clean_page("advanced")

@@ -12,7 +12,7 @@ struct CountingPeer : ControlPeer {
   void ModelChanged() override { ++changes; }
 };
 
-TEST(Property, TellsThePeerOfAChangeAndOfNothingElse) {
+TEST(Property, NotifiesThePeerOfChangesOnly) {
   Label label;
   CountingPeer peer;
   label.peer = &peer;

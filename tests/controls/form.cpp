@@ -53,7 +53,7 @@ TEST(FormTexts, NamesCaptionsArraysHeadersAndToolTips) {
   EXPECT_EQ(WordsOf(form.Menus()), (Words{{u"entry", u"Open"}}));
 }
 
-TEST(FormTexts, AColumnThatIsSaidHasItsWidthAndTheOthersNone) {
+TEST(FormTexts, OnlyTheNamedColumnGetsAWidth) {
   const SmallForm form;
   std::vector<int> widths;
   for (const ListView::ColumnHeader& column : form.list.ColumnHeaders) widths.push_back(column.Width);
@@ -73,7 +73,7 @@ TEST(FormTexts, SettingATextSetsTheControl) {
   EXPECT_EQ(form.entry.Caption.Get(), u"new");
 }
 
-TEST(FormTexts, SettingAHeaderTellsTheRealList) {
+TEST(FormTexts, SettingAHeaderNotifiesTheRealList) {
   SmallForm form;
   CountingPeer peer;
   form.list.peer = &peer;

@@ -71,7 +71,7 @@ TEST(ListView, ARowWhoseSortTextChangesTakesItsNewPlace) {
   EXPECT_EQ(Texts(list), (std::vector<Text>{u"b", u"c", u"x"}));
 }
 
-TEST(ListView, SwitchingSortingOffLeavesTheRowsWhereTheyStand) {
+TEST(ListView, SwitchingSortingOffLeavesTheRowsInPlace) {
   ListView list;
   list.Sorted = true;
   Fill(list, {u"b", u"a"});
@@ -92,7 +92,7 @@ TEST(ListView, RemovesFromEitherEndAndFromTheMiddle) {
   EXPECT_EQ(Texts(list), (std::vector<Text>{u"1", u"3", u"4", u"7"}));
 }
 
-// The list against the plain thing: a vector into which each row is inserted at its place.
+// Compares the list with a vector into which each row is inserted in its sorted place.
 TEST(ListView, BehavesAsInsertingInPlaceWould) {
   std::mt19937 random(20240229);
   const auto below = [&random](int bound) {
@@ -177,7 +177,7 @@ struct CountingPeer : ControlPeer {
   void ModelChanged() override { ++changes; }
 };
 
-TEST(ListView, TellsThePeerOfRowsAndTicks) {
+TEST(ListView, NotifiesThePeerOfRowsAndTicks) {
   ListView list;
   CountingPeer peer;
   list.peer = &peer;

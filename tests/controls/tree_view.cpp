@@ -61,7 +61,7 @@ struct RecordingPeer : TreePeer {
   void NodesCleared() override { calls.push_back(u"0"); }
 };
 
-TEST(TreeView, TellsThePeerWhichNodeChanged) {
+TEST(TreeView, NotifiesThePeerWhichNodeChanged) {
   TreeView tree;
   RecordingPeer peer;
   tree.treePeer = &peer;

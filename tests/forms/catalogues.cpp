@@ -106,7 +106,7 @@ TEST_P(EachLanguage, IsUtf8AndLeavesNothingEmpty) {
   }
 }
 
-// The letters that are pressed with Alt, in capitals; a doubled sign is none.
+// The access keys of a caption, in capitals. A doubled ampersand marks none.
 std::u16string AltLetters(TextView caption) {
   std::u16string letters;
   for (size_t i = 0; i + 1 < caption.size(); ++i) {
@@ -142,7 +142,7 @@ TEST_P(EachLanguage, GivesNoAltLetterTwice) {
   }
 }
 
-// What each language calls them.
+// The words of a language for passwords, logs and ticks.
 struct PlainWords {
   Text passwords, logs, ticks;
 };
@@ -155,9 +155,9 @@ TEST_P(EachLanguage, SaysPlainlyThatPasswordsAndLogsGoAndThatTicksDoNotLimitTheS
   const Texts messages = Section(Catalogue(GetParam(), "tips.dll"), u"Message & Text");
   const PlainWords& words = kPlainWords.at(GetParam());
   for (const char* key : {"ONE_CLICK", "OC_REMARK"}) {
-    const Text told = ToLower(messages.at(key));
-    EXPECT_NE(told.find(ToLower(words.passwords)), Text::npos) << key;
-    EXPECT_NE(told.find(ToLower(words.logs)), Text::npos) << key;
+    const Text text = ToLower(messages.at(key));
+    EXPECT_NE(text.find(ToLower(words.passwords)), Text::npos) << key;
+    EXPECT_NE(text.find(ToLower(words.logs)), Text::npos) << key;
   }
   EXPECT_NE(messages.at("JF_REMARK").find(words.ticks), Text::npos);
 }

@@ -11,7 +11,7 @@ struct Caption {
   const char16_t* text;
 };
 
-// What is read on the forms without a catalogue.
+// The built-in captions, shown without a catalogue.
 constexpr Caption kOptions[] = {
     {"cbxDF(0)", u"Equal Name"},
     {"cbxDF(1)", u"Equal &Size"},

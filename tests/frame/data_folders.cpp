@@ -31,7 +31,7 @@ class DataFolders : public ProgramTest {
 
 TEST_F(DataFolders, AFirstRunLeavesTheWholeTreeHiddenAfterExit) {
   Start();
-  EXPECT_EQ(Attributes(kSettingsFile), 0U) << "written behind the step that hides files";
+  EXPECT_EQ(Attributes(kSettingsFile), 0U) << "written after the step that hides files";
   Form_Unload();
   for (const TextView path :
        {kMakersFolder, kDataFolder, kDefaultBackupFolder, kDuplicateFolder, kScannedFolder, kComparedFolder,
@@ -66,7 +66,7 @@ TEST_F(DataFolders, AStaleBucketFileIsGoneAfterTheNextStart) {
   EXPECT_TRUE(NamesIn(Concat(kComparedFolder, u"\\other")).empty());
 }
 
-TEST_F(DataFolders, AnyOtherThanTheFreshTreeIsMadeAnew) {
+TEST_F(DataFolders, ATreeThatDiffersFromTheFreshOneIsRemade) {
   const auto at = [](TextView rest) { return Concat(kDuplicateFolder, rest); };
   const std::vector<std::function<void()>> damages = {
       [&] { machine.files.DeleteFolder(at(u"\\compared\\Q"), true); },
@@ -102,7 +102,7 @@ TEST_F(DataFolders, AnyOtherThanTheFreshTreeIsMadeAnew) {
 
 TEST_F(DataFolders, AFreshTreeIsNotTouched) {
   Start();
-  // Once it was deleted, it would be gone.
+  // If the tree were deleted, it could not be made again.
   machine.files.faults.Fail(u"CreateFolder");
   PrepareDataFolders();
   EXPECT_EQ(NamesIn(kScannedFolder).size(), 27U);
@@ -129,14 +129,14 @@ TEST_F(DataFolders, TheBackupFoldersContentIsNeverTouched) {
   EXPECT_EQ(Attributes(u"C:\\TVXBak\\saved.txt"), 0U);
 }
 
-TEST_F(DataFolders, TheDefaultBackupFolderIsMadeAtStartAndExitThoughTheSettingNamesAnother) {
+TEST_F(DataFolders, TheDefaultBackupFolderIsMadeAtStartAndExitWhateverTheSetting) {
   machine.files.AddFile(
       kSettingsFile,
       {.content = "[Duplicate Files]\nCommon Types=*.x\n[Cleaning Method]\nBackup Folder=C:\\Else\n"});
   Start();
   ASSERT_EQ(BackupFolder, u"C:\\Else");
   EXPECT_EQ(Attributes(kDefaultBackupFolder), kHiddenSystem);
-  EXPECT_EQ(machine.files.FolderExists(u"C:\\Else"), false) << "that one is the user's to make";
+  EXPECT_EQ(machine.files.FolderExists(u"C:\\Else"), false) << "only the user makes that folder";
   machine.files.DeleteFolder(kDefaultBackupFolder, true);
   Form_Unload();
   EXPECT_EQ(Attributes(kDefaultBackupFolder), kHiddenSystem);

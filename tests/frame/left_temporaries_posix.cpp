@@ -45,7 +45,7 @@ class LeftTemporaries : public testing::Test {
     EXPECT_TRUE(host->Save(error)) << error;
   }
 
-  // All items of the machine folder whose names begin like those of temporary files.
+  // The items of the machine folder with the name prefix of temporary files.
   std::set<std::string> Temporaries() const {
     std::set<std::string> found;
     for (const auto& entry : fs::recursive_directory_iterator(scratch.Root())) {
@@ -60,7 +60,7 @@ class LeftTemporaries : public testing::Test {
   machine::ScratchFolder scratch;
 };
 
-// Writes without end, as a move to another volume and a save of the settings do.
+// Repeats a move to another volume and a save of the settings until the process is killed.
 [[noreturn]] void WriteUntilKilled(const fs::path& root, int ready) {
   const auto store = machine::OpenHostStore(fs::canonical(root));
   const auto desk = store->Open({u"drives", u"C", u"Desk"});
@@ -98,7 +98,7 @@ TEST_F(LeftTemporaries, OfAKilledRunGoAtTheNextStart) {
     StartOnce();
     EXPECT_EQ(Temporaries(), std::set<std::string>()) << "round " << round;
   }
-  EXPECT_GT(left, kRounds / 4) << "the kills have to hit the writing for the test to mean anything";
+  EXPECT_GT(left, kRounds / 4) << "too few kills came during a write to test anything";
 }
 
 TEST_F(LeftTemporaries, GoFromTheFoldersThatTheProgramWritesIntoAndFromNoOthers) {

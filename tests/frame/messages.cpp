@@ -40,7 +40,7 @@ TEST_F(Messages, AreReadFromTheCatalogueBesideTheProgram) {
   EXPECT_EQ(GetMessageText(u"UPGRADE"), u"");
 }
 
-TEST_F(Messages, AreReadAnewEachTime) {
+TEST_F(Messages, AreReadFromTheFileEachTime) {
   Write("[Message & Text]\nEXIST=one");
   EXPECT_EQ(GetMessageText(u"EXIST"), u"one");
   Write("[Message & Text]\nEXIST=two");
@@ -49,14 +49,13 @@ TEST_F(Messages, AreReadAnewEachTime) {
 
 TEST_F(Messages, AreEmptyWithoutACatalogue) { EXPECT_EQ(GetMessageText(u"EXIST"), u""); }
 
-TEST_F(Messages, ShowWhatStandsInTheFile) {
+TEST_F(Messages, ShowTheTextOfTheFileUnchanged) {
   Write("[Message & Text]\nEXIST=a\\nb & c\n");
   EXPECT_EQ(GetMessageText(u"EXIST"), u"a\\nb & c");
 }
 
-// A line of the file ends with a line feed; a carriage return within it is the one line end that a text can
-// hold.
-TEST_F(Messages, KeepTheLineEndsThatStandInTheFile) {
+// Lines of the file end with a line feed, so the only line end that a text can hold is a carriage return.
+TEST_F(Messages, KeepTheLineEndsOfTheFile) {
   Write("[Message & Text]\r\nEXIST=first\rsecond\r\rthird\r\nUPGRADE=next\r\n");
   EXPECT_EQ(GetMessageText(u"EXIST"), u"first\rsecond\r\rthird");
   EXPECT_EQ(GetMessageText(u"UPGRADE"), u"next");

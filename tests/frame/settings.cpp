@@ -45,7 +45,7 @@ constexpr std::string_view kAllDefaults =
     "C:\\WINDOWS\\Temp/Windows Temporary Folder|C:\\Users\\Ann\\Temp/User Temporary Folder|"
     "C:\\Users\\Ann\\Cache/Internet Temporary Folder|C:\\Users\\Ann\\Cookies/Cookies Folder\r\n";
 
-// Blank lines between the sections are a matter of looks.
+// The text without the blank lines between sections, which mean nothing.
 std::string WithoutBlankLines(std::string text) {
   for (size_t at; (at = text.find("\r\n\r\n")) != std::string::npos;) text.erase(at, 2);
   return text;
@@ -87,7 +87,7 @@ TEST_F(Settings, WithCommonTypesPresentTheOthersStayEmpty) {
   }
 }
 
-TEST_F(Settings, DefaultsReplaceWhatStandsThereAndKeepUnknownKeys) {
+TEST_F(Settings, DefaultsReplaceKnownValuesAndKeepUnknownKeys) {
   WriteFile("; mine\r\n[Cleaning Method]\r\nMethod=S\r\nColour=blue\r\n[Elsewhere]\r\nx=1\r\n");
   Start();
   EXPECT_EQ(CleaningMethod, u"D");
@@ -129,7 +129,7 @@ TEST_F(Settings, FoldersThatTheSystemDoesNotNameAreEmptyInTheDefault) {
   Start();
   WriteDefaultSettings();
   LoadSettings();
-  EXPECT_NE(ExceptFolders.find(u"|C:\\Elsewhere/Internet Temporary Folder|"), Text::npos) << "asked anew";
+  EXPECT_NE(ExceptFolders.find(u"|C:\\Elsewhere/Internet Temporary Folder|"), Text::npos) << "asked again";
 }
 
 }  // namespace

@@ -45,7 +45,7 @@ TEST_F(StartUp, StepsRunInTheirOrder) {
   frameSteps.UnloadAbout = [&order, this] {
     order.emplace_back("about");
     EXPECT_EQ(fileSystemObject.FolderExists(u"C:\\MORVDataPath"), true)
-        << "services are released behind the forms";
+        << "services are released after the forms";
   };
   Form_Load();
   EXPECT_EQ(order,
@@ -79,7 +79,7 @@ TEST_F(StartUp, TheDocumentOfTheEmbeddedPageIsClearedLastOfAll) {
   EXPECT_EQ(frmPubMain.mhtm.Scroll, Text());
 }
 
-TEST_F(StartUp, ClosingInTheMidstOfAScanEndsItInOrder) {
+TEST_F(StartUp, ClosingDuringAScanEndsItInOrder) {
   Start();
   Seed(platform::Hive::CurrentUser, u"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\RunMRU", u"a",
        u"x");

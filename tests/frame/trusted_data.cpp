@@ -27,7 +27,7 @@ class TrustedData : public ProgramTest {
     machine.files.AddFolder(u"C:\\");
     machine.trust.keepsLists = true;
   }
-  // A folder of somebody else with settings in it, and a link to it in the place of ours.
+  // Another user's folder `target` with settings in it, and a link to it at `path`.
   void PlantLink(TextView path, TextView target) {
     machine.files.AddFile(Concat(target, u"\\tvx.dll"), {.content = Narrow(kPlantedSettings)});
     machine.files.AddLink(path, target);
@@ -36,7 +36,7 @@ class TrustedData : public ProgramTest {
     machine.files.AddFile(path, {.content = Narrow(kPlantedSettings)});
     machine.trust.GiveToOthers(path);
   }
-  // Everything below a folder with attributes and contents, links not gone into.
+  // Everything below a folder, with attributes and contents. Links are not followed.
   std::vector<std::string> Everything(TextView folder) {
     std::vector<std::string> found;
     machine.files.List(folder, [&](const platform::DirectoryEntry& entry) {
@@ -66,7 +66,7 @@ class TrustedData : public ProgramTest {
   }
 };
 
-TEST_F(TrustedData, ANameOnTheDataFoldersPathThatIsALinkEndsTheProgramUntouchedOnCancel) {
+TEST_F(TrustedData, WithALinkInTheDataFoldersPathCancelEndsTheProgramAndChangesNothing) {
   for (const TextView place : {kMakersFolder, kDataFolder, kSettingsFile, kBuiltInJunkFile, kUserJunkFile,
                                kMarkerFile, kDuplicateFolder, kScannedFolder, kComparedFolder}) {
     SCOPED_TRACE(Narrow(place));
@@ -184,7 +184,7 @@ TEST_F(TrustedData, TheNextFreeNameIsTakenWhereTheFirstIsnt) {
   EXPECT_EQ(machine.files.FileExists(u"C:\\MORVDataPath.aside\\kept.txt"), true);
 }
 
-TEST_F(TrustedData, WhatCantBePutAsideEndsTheProgramWithAWord) {
+TEST_F(TrustedData, WhatCantBePutAsideEndsTheProgramWithAMessage) {
   PlantLink(kDataFolder, u"C:\\Victim");
   machine.trust.refusesRename = true;
   const auto before = Everything(u"C:");
@@ -219,7 +219,7 @@ TEST_F(TrustedData, TheFirstStartKeepsOthersFromWriting) {
   }
 }
 
-TEST_F(TrustedData, WhatStoodOpenIsClosedWithAllThatIsReadInIt) {
+TEST_F(TrustedData, OpenFoldersAndTheirSettingsAreClosedToOthers) {
   machine.files.AddFile(kSettingsFile, {.content = Narrow(kPlantedSettings)});
   machine.files.AddFile(kUserJunkFile);
   machine.files.AddFile(u"C:\\TVXBak\\saved.txt");
@@ -232,14 +232,14 @@ TEST_F(TrustedData, WhatStoodOpenIsClosedWithAllThatIsReadInIt) {
   EXPECT_EQ(machine.files.FileExists(u"C:\\TVXBak\\saved.txt"), true);
 }
 
-TEST_F(TrustedData, OpenScratchFoldersAreMadeAnew) {
+TEST_F(TrustedData, OpenScratchFoldersAreDeleted) {
   machine.files.AddFile(Concat(kScannedFolder, u"\\A\\planted"));
   fileSystemObject = FileSystemObject(platform::fileSystem);
   EXPECT_TRUE(ProtectData());
   EXPECT_EQ(machine.files.FolderExists(kDuplicateFolder), false);
 }
 
-TEST_F(TrustedData, WhatIsOpenInAClosedFolderIsClosed) {
+TEST_F(TrustedData, AnOpenFileInAClosedFolderIsClosedToOthers) {
   machine.files.AddFile(kSettingsFile, {.content = Narrow(kPlantedSettings)});
   for (const TextView folder : {kMakersFolder, kDataFolder}) {
     ASSERT_EQ(machine.trust.Protect(folder), platform::Protection::Set);
@@ -257,7 +257,7 @@ TEST_F(TrustedData, WhatIsClosedStaysAsItIs) {
   EXPECT_EQ(Everything(u"C:"), before);
 }
 
-// Puts a link in the place of the settings just when the data folder is closed to others.
+// Replaces the settings by a link at the moment when the data folder is closed to others.
 struct PlantingTrust : machine::MemoryTrust {
   using MemoryTrust::MemoryTrust;
   platform::Protection Protect(TextView path) override {
@@ -270,7 +270,7 @@ struct PlantingTrust : machine::MemoryTrust {
   bool plant = true;
 };
 
-TEST_F(TrustedData, WhatWasPlantedWhileTheFolderStillStoodOpenIsNoticed) {
+TEST_F(TrustedData, ALinkPlantedBeforeTheFolderIsClosedIsNoticed) {
   machine.files.AddFile(u"C:\\Victim\\tvx.dll", {.content = Narrow(kPlantedSettings)});
   PlantingTrust planting(machine.store, machine.files, machine.facts);
   planting.files = &machine.files;
@@ -290,7 +290,7 @@ TEST_F(TrustedData, WithoutAnythingForeignNobodyIsAsked) {
   EXPECT_TRUE(Boxes().empty());
 }
 
-TEST_F(TrustedData, TheBoxHasTheCataloguesWordsAndOtherwiseTheSameInEnglish) {
+TEST_F(TrustedData, TheBoxHasTheCataloguesWordsOrTheBuiltInEnglishOnes) {
   std::ifstream file(SourceFolder() + "/res/lang/en/tips.dll", std::ios::binary);
   const Text tips = DecodeTextFile(std::string(std::istreambuf_iterator<char>(file), {})).text;
   PlantLink(kDataFolder, u"C:\\Victim");
@@ -329,7 +329,7 @@ class TrustedBackup : public TrustedData {
   }
 };
 
-TEST_F(TrustedBackup, LiesNotAmongProgramsOrInWindows) {
+TEST_F(TrustedBackup, IsRefusedAmongProgramsAndInWindows) {
   for (const TextView folder :
        {u"C:\\Windows", u"c:\\windows\\", u"C:\\WINDOWS\\System32", u"C:\\Program Files",
         u"C:/program files/APP", u"C:\\Program Files\\App\\not there\\yet", u"C:\\Program Files (x86)\\x",
@@ -342,7 +342,7 @@ TEST_F(TrustedBackup, LiesNotAmongProgramsOrInWindows) {
   }
 }
 
-TEST_F(TrustedBackup, LeadsNotThereByALink) {
+TEST_F(TrustedBackup, IsRefusedIfALinkLeadsThere) {
   machine.files.AddLink(u"C:\\Bak", u"C:\\Program Files\\App");
   machine.files.AddLink(u"C:\\Disk", u"C:\\");
   EXPECT_FALSE(Trusted(u"C:\\Bak"));
@@ -351,7 +351,7 @@ TEST_F(TrustedBackup, LeadsNotThereByALink) {
   EXPECT_TRUE(Trusted(u"C:\\Disk\\x"));
 }
 
-TEST_F(TrustedBackup, LiesNotInAProgramFolderThatWasMovedByALink) {
+TEST_F(TrustedBackup, IsRefusedInAProgramFolderMovedByALink) {
   machine.files.AddFolder(u"D:\\Programs\\App");
   machine.files.DeleteFolder(u"C:\\Program Files", true);
   machine.files.AddLink(u"C:\\Program Files", u"D:\\Programs");
@@ -359,7 +359,7 @@ TEST_F(TrustedBackup, LiesNotInAProgramFolderThatWasMovedByALink) {
   EXPECT_FALSE(Trusted(u"C:\\Program Files\\App"));
 }
 
-TEST_F(TrustedBackup, LiesWhereItLikesWithoutAnAdministratorsRights) {
+TEST_F(TrustedBackup, MayBeAnywhereWithoutAdministratorRights) {
   machine.trust.elevated = false;
   EXPECT_TRUE(Trusted(u"C:\\Windows"));
   platform::trust = platform::noTrust;

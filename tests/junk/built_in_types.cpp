@@ -5,8 +5,8 @@
 namespace tavix::mdlPubSelf {
 namespace {
 
-// Description, pattern, whether it is recommended and whether it is searched for: one of them a line, as the
-// list of the options shows them.
+// One type a line, in the order of the options list: description, pattern, whether it is recommended, whether
+// it is searched for.
 constexpr TextView kTypes =
     u"Backup Files|*.old|Y|Y\n"
     u"Backup Files|*.bak|N|N\n"

@@ -9,7 +9,7 @@
 namespace tavix::mdlPubSelf {
 namespace {
 
-// The table as its file holds it.
+// The expected content of the file of built-in types.
 std::string BuiltInFile() {
   Text lines;
   for (const auto& type : kBuiltInJunkTypes) {
@@ -32,7 +32,7 @@ class JunkDefinitions : public ProgramTest {
   std::string Content(TextView file) { return machine.files.ReadFile(file).value_or("none"); }
 };
 
-// Lines of one pattern with so many characters, the separator included.
+// `lines` lines with one pattern each. A pattern and its separator have `length` characters.
 std::string LinesOf(int lines, size_t length) {
   std::string content;
   for (int i = 0; i < lines; ++i) content += "d\t" + std::string(length - 1, 'x') + "\tY\tY\r\n";
@@ -104,7 +104,7 @@ TEST_F(JunkDefinitions, TheUsersFirstPatternJoinsTheLastBuiltInOne) {
   ASSERT_EQ(JunkTypes.size(), 58U);
   EXPECT_EQ(JunkTypes[55], u"WordPerfect Temporary Files|*.spc|N|N|D");
   EXPECT_EQ(JunkTypes[56], u"My Type|*.abc|Y|N|U");
-  EXPECT_EQ(JunkTypes[57], u"Other|*.def|Y|Y|U|U") << "a line of the editor has a mark of its own";
+  EXPECT_EQ(JunkTypes[57], u"Other|*.def|Y|Y|U|U") << "lines of the editor already have the user's mark";
   EXPECT_TRUE(JunkPatternChunks.back().ends_with(u"*.wbk;*.spc*.abc;*.def"));
   machine.files.AddFile(kUserJunkFile, {.content = "My Type\t*.abc\tY\tN\r\n"});
   LoadJunkDefinitions();
@@ -112,7 +112,7 @@ TEST_F(JunkDefinitions, TheUsersFirstPatternJoinsTheLastBuiltInOne) {
 }
 
 TEST_F(JunkDefinitions, AListIsClosedByTheLineThatFindsMoreThan240Characters) {
-  // Six patterns of 40 characters with their separators make 240, which isn't more.
+  // Six patterns of 40 characters, separators included, make 240: not more than the limit.
   Load(LinesOf(6, 40) + "d\t*.a\t\t\r\nd\t*.b\t\t\r\nd\t*.c\t\t\r\n", "");
   ASSERT_EQ(JunkPatternChunks.size(), 2U);
   EXPECT_TRUE(JunkPatternChunks[0].ends_with(u"x;*.a"));
@@ -183,7 +183,7 @@ TEST_F(JunkDefinitions, AFileThatCannotBeLookedAtIsNotWrittenTo) {
   EXPECT_EQ(Content(kBuiltInJunkFile), "one\t*.something\tY\tY\r\n");
 }
 
-TEST_F(JunkDefinitions, EachLoadBeginsAnew) {
+TEST_F(JunkDefinitions, EachLoadStartsFromEmptyLists) {
   const std::vector<Text> types = JunkTypes;
   const std::vector<Text> chunks = JunkPatternChunks;
   Load("one\t*.something\tY\tY\r\n", "");

@@ -20,7 +20,7 @@ class JunkEditor : public OptionsTest {
     rows = frmPubOptions.lsvJF.Count();
   }
 
-  // The user adds a type, or edits one; what the window's button is left with.
+  // The user adds or edits a type and presses the button with this index.
   void Add(TextView description, TextView pattern, int button = 1) {
     InTypeWindow([=] {
       EnterType(description, pattern);
@@ -84,7 +84,7 @@ TEST_F(JunkEditor, PatternOfBlanksIsRefusedAndTheBoxIsEmptied) {
   EXPECT_EQ(frmPubType.ActiveControl, &frmPubType.txt[1]);
 }
 
-TEST_F(JunkEditor, FileThatIsReadOnlyGetsWhatTheUserEnteredAllTheSame) {
+TEST_F(JunkEditor, ReadOnlyFileStillGetsWhatTheUserEntered) {
   using platform::kHidden, platform::kReadOnly, platform::kSystem;
   const auto makeReadOnly = [this] {
     machine.files.SetAttributes(kUserJunkFile, kReadOnly | kHidden | kSystem);
@@ -233,7 +233,7 @@ TEST_F(JunkEditor, SaveAndAddAfterAnUnchangedEditStoresNothingAndGoesOnInAddMode
   });
   frmPubOptions.sbtJF[1].Click();
   EXPECT_TRUE(Messages().empty());
-  EXPECT_EQ(JunkRow(u"*.aaa"), row) << "the new type doesn't take its place";
+  EXPECT_EQ(JunkRow(u"*.aaa"), row) << "the new type doesn't replace it";
   EXPECT_EQ(File(kUserJunkFile), asSeeded + "More\t*.yyy\tY\tY\tU\r\n");
 }
 
@@ -378,7 +378,7 @@ TEST_F(JunkEditor, SeparatorsInADescriptionCannotSplitTheLine) {
   EXPECT_EQ(Messages(), std::vector{InformationOf(u"NEED_DESC")});
 }
 
-TEST_F(JunkEditor, NewTypeBehindALineWithoutAnEndStandsInALineOfItsOwn) {
+TEST_F(JunkEditor, NewTypeAfterALineWithoutAnEndGetsItsOwnLine) {
   WriteUserTypes("Mine\t*.aaa\tY\tY");
   Close();
   LoadJunkDefinitions();
@@ -395,7 +395,7 @@ TEST_F(JunkEditor, FileThatCannotBeWrittenLeavesTheTypeInTheList) {
   EXPECT_EQ(File(kUserJunkFile), asSeeded);
 }
 
-TEST_F(JunkEditor, TranslatedCaptionStillTellsTheMode) {
+TEST_F(JunkEditor, TranslatedCaptionStillShowsTheMode) {
   UseLanguage("de");
   Add(u"Neu", u"*.neu");
   EXPECT_EQ(LastRow(), u"Neu|*.neu|checked");
@@ -405,7 +405,7 @@ TEST_F(JunkEditor, TranslatedCaptionStillTellsTheMode) {
   EXPECT_EQ(frmPubOptions.lsvJF.Count(), rows + 1);
 }
 
-TEST_F(JunkEditor, WithoutACatalogueTheModeIsToldAllTheSame) {
+TEST_F(JunkEditor, WithoutACatalogueTheCaptionShowsTheMode) {
   machine.files.DeleteFile(TextCatalogue(), true);
   Add(u"New", u"*.new");
   Edit(u"*.new", u"New", u"*.newer");

@@ -66,7 +66,7 @@ TEST_F(JunkList, LineWithoutAPatternGivesARowWithoutOne) {
   }
 }
 
-TEST_F(JunkList, RowsOfASortedListAreSavedAsTheyStand) {
+TEST_F(JunkList, RowsOfASortedListAreSavedInTheShownOrder) {
   OpenOver({u"a|*.2|Y|Y|D", u"b|*.1|N|N|D", u"c|*.4|Y|Y|U", u"d|*.3|Y|Y|U"});
   frmPubOptions.lsvJF.ColumnClick(2);
   frmPubOptions.lsvJF.ColumnClick(2);
@@ -84,7 +84,7 @@ TEST_F(JunkList, SaveWritesFilesThatAreMissing) {
   EXPECT_EQ(File(kUserJunkFile), "c\t*.4\tY\tY\r\n");
 }
 
-TEST_F(JunkList, SaveWritesReadOnlyFilesAllTheSameAndTheirOtherAttributesStay) {
+TEST_F(JunkList, SaveWritesReadOnlyFilesAndKeepsTheirOtherAttributes) {
   using platform::kHidden, platform::kReadOnly, platform::kSystem;
   const struct {
     uint32_t before, after;

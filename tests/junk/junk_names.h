@@ -7,7 +7,7 @@
 
 namespace tavix::mdlPubSelf {
 
-// A file name and the built-in junk patterns that fit it: bit n stands for line n of the table.
+// A file name and the built-in junk patterns that match it: bit n is line n of the table.
 struct JunkName {
   TextView name;
   uint64_t listed;     // by the rule of file lists

@@ -9,12 +9,12 @@ PATTERNS = """*.old *.bak *.prv *.syd *.sik *.cdr_ *.diz *.err *errorlog.txt *.x
 file????._dd *.ftg *.fts *.%%% *.@@@ *.$$$ mscreate.dir imagedb.aid *.ilk *.aps *.ncb *.log *log.txt log*.txt
 *.log? *.#res *.mch *.dmp 0???????.nch thumbs.db *.pch *exe-*.pf *.fnd *.~* ~*.* *.--- *.^* *.??~ *.??$ *.tmp
 *._mp *.$* *.temp *.___ *.~mp *.$db *.?$? *.?~? *.db$ *.^ *.detmp *.gid *.wbk *.spc""".split()
-LEFT_OUT = "*.pch"  # closes the first list and stands in none
+LEFT_OUT = "*.pch"  # ends the first list and is in none
 FIRST_LIST = PATTERNS.index(LEFT_OUT)
 LISTS = PATTERNS[:FIRST_LIST], PATTERNS[FIRST_LIST + 1:]
 
-# A question mark of a file list is no dot, or nothing at the end and before a dot; "*.*" isn't among the
-# patterns. The stricter rule knows digits, and a question mark that is always one character.
+# In a file list, a question mark matches one character except a dot, or nothing before a dot or at the end. In the
+# stricter rule, a question mark is always one character and "#" is a digit. No pattern is "*.*".
 LISTED = {"*": ".*", "?": r"(?:[^.]|(?=\.|\Z))"}
 CONFIRMED = {"*": ".*", "?": ".", "#": "[0-9]"}
 
@@ -32,13 +32,13 @@ def fitting(expressions, name):
 
 
 def rows(name):
-    """Rows of a scan: one for each list that shows the name, if some type confirms it."""
+    """The number of rows of a scan: one for each list that has the name, if a type confirms it."""
     listed = sum(any(expression(p, LISTED).fullmatch(name.lower()) for p in some) for some in LISTS)
     return listed if fitting(CONFIRMED_BY, name) else 0
 
 
 def examples(pattern, draw):
-    """Names that fit a pattern or nearly do."""
+    """Names that match a pattern or nearly do."""
     runs = ["", "a", "A~b", "x.y", "log", "exe-", "0", "report 1", "errorlog", "file0001", ".."]
     ones = "ax.~$0^_-"
     name = "".join(draw.choice(runs) if c == "*" else draw.choice(ones) if c == "?" else c for c in pattern)
@@ -75,7 +75,7 @@ def main():
     assert len(PATTERNS) == 56
     print("// Made by make_junk_names.py.\n#pragma once\n\n#include <cstdint>\n\n#include \"text/text.h\"\n")
     print("namespace tavix::mdlPubSelf {\n")
-    print("// A file name and the built-in junk patterns that fit it: bit n stands for line n of the table.")
+    print("// A file name and the built-in junk patterns that match it: bit n is line n of the table.")
     print("struct JunkName {\n  TextView name;\n  uint64_t listed;     // by the rule of file lists")
     print("  uint64_t confirmed;  // by the stricter rule")
     print("  int rows;            // of a scan with the built-in table\n};\n")

@@ -15,7 +15,7 @@ class CommonTypesPage : public OptionsTest {
   void Add(std::deque<std::optional<Text>> answers) {
     machine.dialogs.inputs = std::move(answers);
     frmPubOptions.sbtDF[0].Click();
-    EXPECT_TRUE(machine.dialogs.inputs.empty()) << "asked too seldom";
+    EXPECT_TRUE(machine.dialogs.inputs.empty()) << "asked too rarely";
   }
   static std::vector<Text> Rows() {
     std::vector<Text> rows;
@@ -72,15 +72,15 @@ TEST_F(CommonTypesPage, ExtensionOfTheSettingIsRefusedLetterCaseAside) {
   EXPECT_EQ(Rows(), seeded);
 }
 
-TEST_F(CommonTypesPage, BeginningOfAnExtensionOfTheSettingIsRefusedToo) {
+TEST_F(CommonTypesPage, PrefixOfAListedExtensionIsRefusedToo) {
   Add({u"do", u"7", std::nullopt});
   const Text exists = GetMessageText(u"EXIST");
   EXPECT_EQ(Messages(), (std::vector{Plain(Concat(u"'*.do' ", exists)), Plain(Concat(u"'*.7' ", exists))}));
   Add({u"oc"});
-  EXPECT_EQ(Rows().back(), u"*.oc") << "the end of one is none";
+  EXPECT_EQ(Rows().back(), u"*.oc") << "the end of a listed extension isn't refused";
 }
 
-TEST_F(CommonTypesPage, OnlyThatAnExtensionIsListedIsToldWithoutAPicture) {
+TEST_F(CommonTypesPage, OnlyTheMessageOfAListedExtensionHasNoPicture) {
   Add({u"*", u"doc", u"a.b", std::nullopt});
   EXPECT_EQ(Messages(),
             (std::vector{InformationOf(u"EXT_ERR"), Plain(Concat(u"'*.doc' ", GetMessageText(u"EXIST"))),

@@ -9,8 +9,8 @@ namespace {
 
 using namespace std::string_literals;
 
-// The window over files that somebody or something has damaged: it opens, all can be pressed, Save keeps what
-// the program doesn't know.
+// The window over damaged files. It opens, every control can be used, and Save keeps what the program doesn't
+// know.
 class DamagedFiles : public OptionsTest {
  protected:
   static std::string Utf16(TextView text) {
@@ -18,7 +18,7 @@ class DamagedFiles : public OptionsTest {
   }
   std::string Decoded(TextView file) { return Narrow(DecodeTextFile(File(file)).text); }
 
-  // Everything that the window does on its own.
+  // Uses every control that needs no answer from the user.
   void UseAll() {
     for (int page = 1; page <= 5; ++page) {
       SCOPED_TRACE(Case(page));
@@ -84,7 +84,7 @@ TEST_F(DamagedFiles, SettingsOpenWithoutHarmAndSaveKeepsUnknownKeys) {
     }
     EXPECT_EQ(OnlyCommon, u"N") << "it was saved";
     frmPubOptions.sbtSave.Click();
-    EXPECT_EQ(SettingsFile(), saved) << "once more is the same";
+    EXPECT_EQ(SettingsFile(), saved) << "a second call changes nothing";
     frmPubOptions.sbtRecommend.Click();
     EXPECT_EQ(CleaningMethod, u"D");
     EXPECT_NE(Decoded(kSettingsFile).find("Colour=blue\r\n"), std::string::npos);
@@ -147,7 +147,7 @@ TEST_F(DamagedFiles, JunkTypesOpenWithoutHarm) {
       Close();
       Open(2);
       frmPubOptions.sbtSave.Click();
-      EXPECT_EQ(File(kUserJunkFile), saved) << "once more is the same";
+      EXPECT_EQ(File(kUserJunkFile), saved) << "a second call changes nothing";
     }
   }
 }

@@ -19,7 +19,7 @@ class EachNumberBox : public OptionsTest, public testing::WithParamInterface<Num
   EachNumberBox() { Open(GetParam().page); }
   TextBox& box = *GetParam().box;
 
-  // Whether the box lets go of a text.
+  // Whether the box gives up the focus with this text.
   bool Passes(TextView text) {
     const size_t before = Messages().size();
     box.Text = Text(text);

@@ -13,7 +13,8 @@ struct NodeCase {
   TextView key;
 };
 
-// Three roots with the functions of their pages; those of the Privacy page below its two branches.
+// Three pages as roots, with their functions below them. Those of the Privacy page are below its two
+// branches.
 std::vector<NodeCase> ExpectedNodes() {
   std::vector<NodeCase> nodes{{0, u"Privacy", u"privacy"}};
   for (const CleaningFunction& function : kPrivacyFunctions) {
@@ -85,7 +86,7 @@ TEST_F(OneClickTree, KeysAreComparedExactlyAndBetweenBars) {
       "[Duplicate Files]\r\nCommon Types=*.x\r\n"
       "[One-click Clean/Repair]\r\nFunctions=|IEC|ie|Temporary|Memory Dumps|Time Zones\r\n");
   Open();
-  EXPECT_EQ(Ticked(), (std::vector<Text>{u"ie", u"Memory Dumps"})) << "the last key has no bar behind it";
+  EXPECT_EQ(Ticked(), (std::vector<Text>{u"ie", u"Memory Dumps"})) << "the last key has no bar after it";
 }
 
 TEST_F(OneClickTree, AListWithoutItsOuterBarsLosesItsFirstAndItsLastKey) {

@@ -36,7 +36,7 @@ struct ValueCase {
 };
 
 bool Ticked(size_t box) { return frmPubOptions.cbxDF[box].Value != 0; }
-// Exactly this button is selected; none of them where there is no such one.
+// Whether only the button at `index` is selected; no button if there is none at `index`.
 template <class Buttons>
 bool Selected(Buttons& buttons, size_t index) {
   for (size_t i = 0; i < buttons.size(); ++i) {
@@ -105,9 +105,9 @@ const ValueCase kValues[] = {
 
 TEST_F(OptionValues, AreShownAndSavedAsTheTableSays) {
   for (const ValueCase& value : kValues) {
-    const auto told = value.value != nullptr ? std::optional(TextView(value.value)) : std::nullopt;
-    OpenWith(value.section, value.key, told);
-    const std::string name = Narrow(Concat(value.key, u"=", told.value_or(u"(missing)")));
+    const auto given = value.value != nullptr ? std::optional(TextView(value.value)) : std::nullopt;
+    OpenWith(value.section, value.key, given);
+    const std::string name = Narrow(Concat(value.key, u"=", given.value_or(u"(missing)")));
     EXPECT_TRUE(value.shown()) << name;
     EXPECT_EQ(Saved(value.section, value.key),
               value.saved != nullptr ? std::optional(Text(value.saved)) : std::nullopt)
@@ -127,7 +127,7 @@ TEST_F(OptionValues, BackupFolderIsSavedTrimmedAndOnlyWhereItIsUsed) {
   EXPECT_EQ(BackupFolder, u"D:\\New");
 }
 
-TEST_F(OptionValues, NumberThatIsNoneLeavesWhatWasSaved) {
+TEST_F(OptionValues, TextThatIsNoNumberLeavesTheSavedValue) {
   Open(5);
   frmPubOptions.txtDFSS.Text = u"";
   frmPubOptions.txtOO[0].Text = u"1e9";

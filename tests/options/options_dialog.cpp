@@ -21,7 +21,7 @@ class OptionsDialog : public OptionsTest {
     EXPECT_EQ(content, "");
     return lines;
   }
-  // What a save has left as it was: keys that are missing, files that hold what they held.
+  // What a save did not write: missing keys, and files with their old content.
   std::vector<std::string> Unwritten() {
     std::vector<std::string> names;
     const std::string settings = SettingsFile();
@@ -30,12 +30,12 @@ class OptionsDialog : public OptionsTest {
                             "Last Accessed File", "Last Accessed Prefetch", "Except Folders"}) {
       if (settings.find("\n" + std::string(key) + "=") == std::string::npos) names.emplace_back(key);
     }
-    if (File(kBuiltInJunkFile) == kOfBefore) names.emplace_back("built-in types");
-    if (File(kUserJunkFile) == kOfBefore) names.emplace_back("user's types");
+    if (File(kBuiltInJunkFile) == kOldContent) names.emplace_back("built-in types");
+    if (File(kUserJunkFile) == kOldContent) names.emplace_back("user's types");
     return names;
   }
 
-  static constexpr const char* kOfBefore = "Of before\t*.before\tY\tY\r\n";
+  static constexpr const char* kOldContent = "Of before\t*.before\tY\tY\r\n";
   static bool IsGrey(int row) { return frmPubOptions.lsvJF.Row(row).ForeColor() == 0x80000011; }
   static Node& Function(TextView key) { return *frmPubOptions.trvOC.NodeByKey(key); }
 };
@@ -90,15 +90,15 @@ TEST_F(OptionsDialog, SaveWritesANewFileWithItsKeysInTheirOrder) {
                        "Last Accessed File", "Last Accessed Prefetch", "Except Folders"}));
 }
 
-// With one call after the other failing, what isn't written tells what was being written.
-TEST_F(OptionsDialog, SaveWritesTheJunkTypesBehindTheCommonTypesAndBeforeTheOtherOptions) {
+// Each call to the disk fails in turn. What is then not written shows the order of the writes.
+TEST_F(OptionsDialog, SaveWritesTheJunkTypesAfterTheCommonTypesAndBeforeTheOtherOptions) {
   Open();
   frmPubOptions.optCM[2].Value = true;
   std::vector<std::string> written;
   for (int failing = 1, calls = failing; failing <= calls; ++failing) {
     machine.files.DeleteFile(kSettingsFile, true);
     for (const TextView file : {kBuiltInJunkFile, kUserJunkFile}) {
-      machine.files.AddFile(file, {.content = kOfBefore});
+      machine.files.AddFile(file, {.content = kOldContent});
     }
     const int before = machine.files.faults.Calls();
     machine.files.faults.FailCall(failing);
@@ -189,7 +189,7 @@ TEST_F(OptionsDialog, UntickedBuiltInRowIsSavedWithItsMarkAndKeepsItsFlag) {
                                                                              : before[i];
     EXPECT_EQ(after[i], expected);
   }
-  EXPECT_EQ(std::ranges::count(JunkTypes, u"Temporary Files|*.tmp|Y|N|D"), 1) << "loaded anew";
+  EXPECT_EQ(std::ranges::count(JunkTypes, u"Temporary Files|*.tmp|Y|N|D"), 1) << "loaded again";
 }
 
 TEST_F(OptionsDialog, UserRowKeepsFourFieldsAndIsAlwaysRecommended) {
@@ -209,7 +209,7 @@ TEST_F(OptionsDialog, EmptyListLeavesTheJunkFilesAlone) {
   EXPECT_EQ(File(kUserJunkFile), "Mine\t*.aaa\tN\tN\tU\r\n");
 }
 
-TEST_F(OptionsDialog, CrashInTheMidstOfSaveLosesNoJunkType) {
+TEST_F(OptionsDialog, CrashDuringSaveLosesNoJunkType) {
   WriteUserTypes("Mine\t*.aaa\tY\tY\r\n");
   Open(2);
   const std::string builtIn = File(kBuiltInJunkFile);
@@ -232,7 +232,7 @@ TEST_F(OptionsDialog, RowOfTheAdvancedPageFollowsItsDaysWhileThatPageIsCurrent) 
   EXPECT_EQ(frmPubMain.lst.List(4), u"Last Accessed 365 Days Before") << "another page is current";
   frmPubMain.picAdv.BorderStyle = 1;
   frmPubOptions.sbtSave.Click();
-  EXPECT_EQ(frmPubMain.lst.List(4), u"Last Accessed 0090 Days Before") << "as it stands in the box";
+  EXPECT_EQ(frmPubMain.lst.List(4), u"Last Accessed 0090 Days Before") << "as it is in the box";
   EXPECT_TRUE(frmPubMain.lst.Selected(4));
   frmPubOptions.txtOO[0].Text = u"90";
   frmPubOptions.sbtSave.Click();

@@ -20,8 +20,7 @@
 
 namespace tavix::mdlPubSelf {
 
-// The program started over a machine in memory, with the English texts beside it, and a user before the
-// options window.
+// The program over a machine in memory, with the English texts and a simulated user at the options window.
 class OptionsTest : public ProgramTest {
  protected:
   OptionsTest() {
@@ -43,7 +42,7 @@ class OptionsTest : public ProgramTest {
     }
   }
 
-  // The program runs and the window is open at a page.
+  // Starts the program if it is not running, and opens the window at a page.
   void Open(int16_t page = 1) {
     if (!IsStarted()) Start();
     WireTypeWindow();
@@ -56,14 +55,14 @@ class OptionsTest : public ProgramTest {
     frmPubOptions.Loaded = false;
   }
 
-  // The window that asks for a type is shown, the user does this in it and it is closed.
+  // What the user does in the window that asks for a type, the next time it is shown.
   void InTypeWindow(std::function<void()> user) { inTypeWindow_ = std::move(user); }
   static void EnterType(TextView description, TextView pattern) {
     frmPubType.txt[0].Text = Text(description);
     frmPubType.txt[1].Text = Text(pattern);
   }
 
-  // The focus goes from a box to another control, which gets it before the box hears that it is gone.
+  // Moves the focus from a box to another control. The other control gets it before the box loses it.
   static void Leave(TextBox& box, Control& to = frmPubOptions.sbtSave) {
     frmPubOptions.ActiveControl = &to;
     box.LostFocus();
@@ -107,7 +106,7 @@ class OptionsTest : public ProgramTest {
     }
     return 0;
   }
-  // The user clicks on rows of the list of junk types, the first one alone and the others with Ctrl.
+  // Clicks on rows of the list of junk types, from the second on with Ctrl held.
   static void ClickTypes(std::initializer_list<TextView> patterns) {
     ListView& list = frmPubOptions.lsvJF;
     list.SelectAll(false);

@@ -1,7 +1,7 @@
 """The advanced scan finds the same on both sides, over random trees with random settings.
 
-What the two hosts see otherwise is kept out of the trees, as in file_pages.py; and times of access, which the scan
-itself may change under Wine, stand well away from the limits."""
+The trees have nothing that the two hosts see differently (see file_pages.py). Under Wine a scan may change times of
+access, so these are far from the limits."""
 import os
 import unittest
 

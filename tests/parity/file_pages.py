@@ -1,8 +1,10 @@
 """The functions that look at folders and files find, and remove, the same on both sides.
 
-What the hosts themselves see otherwise is kept out of the trees: under Wine a link to a file is that file, a link that
-leads nowhere isn't there, a path through a link that leads to itself ends one link earlier (drive C is a link too), and
-the size of a folder counts what its links lead to; and names that no Windows disk can have."""
+The trees have no names that are invalid on Windows, and nothing that the two hosts see differently. Under Wine:
+- a link to a file is that file
+- a link without a target doesn't exist
+- a path through a link to itself ends one link earlier, since drive C is a link, too
+- the size of a folder includes the targets of its links"""
 import os
 import pathlib
 import tempfile
@@ -16,10 +18,11 @@ import seed_prefix
 
 PRIVACY = [word for key in ("ietif", "iec", "ieh", "ietifd", "iecd", "ieif", "werud") for word in ("--function", key)]
 PAGES = {"privacy": PRIVACY, "system": ["--page", "system"]}
-# Those of the Privacy page that run no command.
+# The functions to clean. Of the Privacy page, only those that run no command.
 CLEANED = {"privacy": [*PRIVACY[6:]], "system": PAGES["system"]}
 SEEDS = [int(seed) for seed in os.environ.get("TAVIX_PARITY_SEEDS", "1 2 3").split()]
-# Zones in which it is about noon, so that no midnight passes between two runs: plain, with summer time, in the south.
+# Time zones in which it is about noon, so that no midnight passes between two runs: without summer time, with it, and
+# with that of the southern hemisphere.
 NOON = time.gmtime().tm_hour - 12
 ZONES = [f"AAA{NOON}", f"AAA{NOON}BBB,M3.2.0,M11.1.0", f"AAA{NOON}BBB,M10.1.0,M4.1.0/3"]
 # Every type that a row of these functions can have.
@@ -42,7 +45,7 @@ def comparable(objects):
 
 
 def files(drive):
-    """Every file and folder of a drive with its size, but for what a run of the program itself makes."""
+    """Every file and folder of a drive with its size, except what the program makes when it runs."""
     found = {}
     for folder, folders, names in os.walk(drive):
         for name in (*folders, *names):

@@ -15,7 +15,7 @@ SPECIAL = {
     "prefetch": [f"PROGRAM{number}.EXE-0A1B2C3D.pf" for number in range(20)],
 }
 DAY = 24 * 3600
-# Days before today, and moments of the calendar, at which files were last used.
+# When files were last used: in days before today, and in seconds since 1970.
 AGES = [0, 1, 29, 30, 31, 365, 10000, -1, -400]
 MOMENTS = [0, 1, -1, 2**31 - 1, 2**31, 2**32 + 5, 315532800, 4102444800]
 SIZES = [0, 1, 51, 52, 512, 1023, 1024, 1025, 1536, 4096, 100000, 1572762]

@@ -1,8 +1,8 @@
-"""The Registry page finds, over a prefix's own registry, what it finds natively over an export of that registry.
+"""The Registry page finds the same in a prefix's own registry as natively in an export of that registry.
 
-The native side sees the files of drive C through hard links. Files that are on one side alone (the console itself and
-what the two runs make) are named by no registry. Wine shows a folder's content in any letter case, as the machine
-folder does; neither side has another drive."""
+The native side has the files of drive C as hard links, and neither side has another drive. Some files are on one side
+only (the console itself, files that the runs make), but no registry entry names them. Both sides ignore letter case in
+file names."""
 import collections
 import pathlib
 import tempfile
@@ -34,7 +34,7 @@ def seed(live):
 
 
 def without(keys, tag):
-    """What a repaired row leaves. A key or value may have gone with one of another row."""
+    """The registry after the repair of a row. Its key or value may have gone with another row."""
     kind, _, payload = tag.partition(": ")
     hive, key, *name = payload.split(", ")
     places = [hive + "\\" + key]
@@ -92,7 +92,7 @@ class RegistryPage(unittest.TestCase):
             if row["Checked"]:
                 expected = without(expected, row["Tag"])
         after = self.registry(live)
-        # The branch for 32-bit programs has links to some keys, through which what goes there is seen to go as well.
+        # The branch for 32-bit programs has links to some keys: what goes from these keys goes from the branch, too.
         twin = lambda key: key.replace(BRANCH, "")
         linked = {key for key in before if twin(key) != key and after.get(key) == after.get(twin(key))}
         gone = {key for key in before if key not in after and key not in linked}
@@ -104,7 +104,7 @@ class RegistryPage(unittest.TestCase):
 
     @staticmethod
     def registry(live):
-        """All but the branches that Wine's own services write anew whenever they start, which no row names."""
+        """The registry without the branches that Wine's services rewrite at each start. No row names these."""
         with tempfile.TemporaryDirectory() as folder:
             export(live, pathlib.Path(folder) / "registry")
             keys = registry_text.read_folder(pathlib.Path(folder) / "registry")

@@ -1,8 +1,8 @@
-"""The same machine on two sides: a Wine prefix that tavix-console --live runs in, and a machine folder for the native
+"""The same machine on two sides: a Wine prefix, in which tavix-console --live runs, and a machine folder for the native
 tavix-console --machine.
 
-TAVIX_BUILD names the build folder of the Windows programs. The native console is the one that TAVIX_NATIVE_CONSOLE
-names; without it one is built, in build/native where that is there."""
+TAVIX_BUILD names the build folder of the Windows programs. TAVIX_NATIVE_CONSOLE names the native console. Without it
+one is built, in build/native if that exists."""
 import json
 import os
 import pathlib
@@ -29,7 +29,7 @@ def native_console():
 
 
 class Live:
-    """A private prefix, the console in it."""
+    """A private prefix with the Windows console on its drive C:."""
 
     CONSOLE = "C:\\tavix-console.exe"
 
@@ -50,7 +50,7 @@ class Live:
         return [json.loads(line) for line in output.splitlines()]
 
     def folders(self):
-        """What Wine answers when it is asked for folders, and the environment."""
+        """The facts that a machine.ini needs to describe this prefix: folders, environment, drives and event logs."""
         profile = f"C:\\users\\{self.user}"
         local, roaming = profile + "\\AppData\\Local\\Microsoft\\Windows", profile + "\\AppData\\Roaming"
         shell, all_users = roaming + "\\Microsoft\\Windows", "C:\\ProgramData\\Microsoft\\Windows"
@@ -69,7 +69,7 @@ class Live:
         }
 
     def place(self, path):
-        """The host's path of a file on drive C. Makes nothing; names that exist keep their letter case."""
+        """The host's path of a file on drive C, in the letter case of names that exist. Makes nothing."""
         at = self.drive_c
         for name in path[3:].split("\\"):
             there = at.is_dir() and next((e.name for e in at.iterdir() if e.name.casefold() == name.casefold()), None)

@@ -11,7 +11,7 @@ DIST = pathlib.Path(os.environ["TAVIX_DIST"]).resolve()
 BUILD = pathlib.Path(os.environ["TAVIX_BUILD"]).resolve()
 VERSION = re.search(r"project\(tavix VERSION (\S+)", (SOURCE / "CMakeLists.txt").read_text(encoding="utf-8"))[1]
 
-# All of them come with every Windows since 7.
+# Every Windows since 7 has them.
 SYSTEM_LIBRARIES = {
     "advapi32.dll", "comctl32.dll", "gdi32.dll", "kernel32.dll", "msvcrt.dll", "ntdll.dll", "ole32.dll", "oleaut32.dll",
     "shell32.dll", "shlwapi.dll", "user32.dll", "uxtheme.dll", "winhttp.dll"}
@@ -64,7 +64,7 @@ class Executable:
         return names
 
     def resources(self):
-        """(type, name) -> bytes; types and names are numbers or texts."""
+        """The resources: {(type, name): bytes}. Types and names are numbers or texts."""
         address, _ = self.directory(2)
         root = self.offset(address)
 
@@ -131,7 +131,7 @@ class Program(unittest.TestCase):
             self.assertIn(text, manifest)
         self.assertIn((BITMAP, "TITLE_BIG"), resources)
 
-    def test_nothing_in_it_tells_when_or_where_it_was_made(self):
+    def test_nothing_in_it_shows_when_or_where_it_was_built(self):
         self.assertEqual(self.program.time, 0)
         for place in (SOURCE, BUILD, pathlib.Path.home()):
             for text in (str(place).encode(), str(place).encode("utf-16-le")):
@@ -153,7 +153,7 @@ class Folder(unittest.TestCase):
         self.assertNotIn(b"@", notes)
         self.assertLess(notes.count(b"\n"), 20)
 
-    def test_the_zip_holds_the_program_and_what_lies_beside_it(self):
+    def test_the_zip_holds_the_program_and_its_files(self):
         with zipfile.ZipFile(DIST / f"tavix-{VERSION}-portable.zip") as portable:
             self.assertIsNone(portable.testzip())
             self.assertEqual(sorted(portable.namelist()),
@@ -161,7 +161,7 @@ class Folder(unittest.TestCase):
                               "Tavix/res/scan.gif", "Tavix/res/scan.htm", "Tavix/tavix.exe", "Tavix/tips.dll"])
             self.assertEqual(portable.read("Tavix/tips.dll"), (SOURCE / "res/lang/en/tips.dll").read_bytes())
 
-    def test_the_installer_asks_for_the_rights_it_needs_and_tells_its_version(self):
+    def test_the_installer_asks_for_the_rights_it_needs_and_shows_its_version(self):
         installer = Executable((DIST / "tavix-setup.exe").read_bytes())
         resources = installer.resources()
         self.assertIn("requireAdministrator", resources[MANIFEST, 1].decode())

@@ -78,7 +78,7 @@ class Installing(unittest.TestCase):
         (self.backup / "kept.txt").write_text("of the user", encoding="ascii")
         (self.folder / "own.txt").write_text("of the user", encoding="ascii")
         settings = (self.data / "tvx.dll").read_bytes()
-        # `_?=` runs the uninstaller in place, so that its exit is seen. Then it can't remove itself.
+        # `_?=` runs the uninstaller in place, so that its end can be waited for. It can't remove itself then.
         self.run_as_typed('"C:\\Program Files\\Tavix\\uninstall.exe" /S _?=C:\\Program Files\\Tavix')
         self.assertEqual(content(self.folder), {"own.txt", "uninstall.exe"})
         (self.folder / "own.txt").unlink()
@@ -154,7 +154,7 @@ class Installing(unittest.TestCase):
 
 
 class Updating(unittest.TestCase):
-    """The site serves the release, and an older build asks it."""
+    """An older build asks a site that serves the release."""
 
     def setUp(self):
         import update_program

@@ -32,7 +32,7 @@ TEST_F(ExtractCommandPathTest, APathOfAnExistingFileIsReturnedWhole) {
   machine.files.AddFile(u"C:\\x\\y.dll");
   machine.files.AddFolder(u"C:\\Folder");
   Check({
-      {"as it stands", u"C:\\Program Files\\My App\\my tool.exe.bak",
+      {"unchanged", u"C:\\Program Files\\My App\\my tool.exe.bak",
        u"C:\\Program Files\\My App\\my tool.exe.bak"},
       {"in quotes", u"\"C:\\Program Files\\My App\\my tool.exe.bak\"",
        u"C:\\Program Files\\My App\\my tool.exe.bak"},
@@ -53,7 +53,7 @@ TEST_F(ExtractCommandPathTest, APathOfAnExistingFileIsReturnedWhole) {
 TEST_F(ExtractCommandPathTest, AFailingTestOfTheFileCountsAsFalse) {
   machine.files.AddFile(u"C:\\My App\\a.exe");
   machine.files.faults.Fail(u"FileExists");
-  Check({{"cut at the blank behind the last backslash", u"C:\\My App\\a b.dll", u"C:\\My App\\a"},
+  Check({{"cut at the blank after the last backslash", u"C:\\My App\\a b.dll", u"C:\\My App\\a"},
          {"found no more", u"\"C:\\My App\\a.exe\"", u"C:\\My App\\a.exe"}});
 }
 
@@ -61,13 +61,13 @@ TEST_F(ExtractCommandPathTest, TheResourcePrefixGoes) {
   Check({
       {"a drive", u"@C:\\Windows\\system32\\shell32.dll,-101", u"C:\\Windows\\system32\\shell32.dll"},
       {"a quoted drive", u"@\"C:\\Windows\\shell32.dll\",-101", u"C:\\Windows\\shell32.dll"},
-      {"a variable has no colon then", u"@%SystemRoot%\\system32\\shell32.dll,-101", u""},
+      {"a variable has no colon", u"@%SystemRoot%\\system32\\shell32.dll,-101", u""},
       {"a variable and a slash", u"@%SystemRoot%\\system32\\shell32.dll /x",
        u"%SystemRoot%\\system32\\shell32.dll"},
-      {"none before anything else", u"@shell32.dll,-1", u""},
-      {"none before a slash", u"@C:/x\\y", u""},
-      {"a second one stands where the drive should", u"@@C:\\x\\y.dll", u""},
-      {"a blank before it defeats it: the colon is third then", u" @C:\\x.dll,-1", u""},
+      {"a name has no colon", u"@shell32.dll,-1", u""},
+      {"a slash after the colon", u"@C:/x\\y", u""},
+      {"a second one is in the place of the drive", u"@@C:\\x\\y.dll", u""},
+      {"after a blank it is no prefix, and the colon comes too late", u" @C:\\x.dll,-1", u""},
       {"without it the colon is third", u"@C:\\x.dll", u"C:\\x.dll"},
       {"one character before the colon, of any kind", u"@*:\\x.dll", u"*:\\x.dll"},
       {"two are no drive", u"@CC:\\x.dll", u""},
@@ -90,11 +90,11 @@ TEST_F(ExtractCommandPathTest, ASlashComesFirst) {
   });
 }
 
-TEST_F(ExtractCommandPathTest, AColonStandsInTheFirstThreeCharacters) {
+TEST_F(ExtractCommandPathTest, AColonMustBeAmongTheFirstThreeCharacters) {
   Check({
       {"second", u"C:\\x\\y.dll", u"C:\\x\\y.dll"},
-      {"third, behind a quote", u"\"C:\\x\\y.dll\"", u"C:\\x\\y.dll"},
-      {"third, behind a blank", u" C:\\x\\y.dll", u"C:\\x\\y.dll"},
+      {"third, after a quote", u"\"C:\\x\\y.dll\"", u"C:\\x\\y.dll"},
+      {"third, after a blank", u" C:\\x\\y.dll", u"C:\\x\\y.dll"},
       {"first", u":\\x\\y.dll", u":\\x\\y.dll"},
       {"fourth", u"abc:\\x", u""},
       {"fifth", u"abcd:\\x", u""},
@@ -114,13 +114,13 @@ TEST_F(ExtractCommandPathTest, AColonStandsInTheFirstThreeCharacters) {
 TEST_F(ExtractCommandPathTest, TheFirstMarkFoundCutsThePath) {
   Check({
       {"hyphen", u"C:\\Progra~1\\App\\uninstall.exe -remove", u"C:\\Progra~1\\App\\uninstall.exe"},
-      {"hyphen before the others, wherever it stands", u"C:\\a %1 \"%1\",-1 -x", u"C:\\a"},
+      {"hyphen before the others, wherever it is", u"C:\\a %1 \"%1\",-1 -x", u"C:\\a"},
       {"hyphen within a folder's name", u"C:\\a -b\\c.dll", u"C:\\a"},
       {"the quoted argument before the plain one", u"C:\\a %1 \"%1\"", u"C:\\a"},
       {"plain argument", u"C:\\a\\b.com %1", u"C:\\a\\b.com"},
       {"any longer argument", u"C:\\a\\b.com %1x %1", u"C:\\a\\b.com"},
       {"icon", u"C:\\a\\b.dll,-5", u"C:\\a\\b.dll"},
-      {"an icon without a hyphen is none", u"C:\\a\\b.dll,5", u"C:\\a\\b.dll,5"},
+      {"without a hyphen it is no icon number", u"C:\\a\\b.dll,5", u"C:\\a\\b.dll,5"},
       {"the mark is taken from the text with its quotes", u"\"C:\\a\\b.com\" %1", u"C:\\a\\b.com"},
       {"blanks before the cut", u"C:\\a\\b.com   -x", u"C:\\a\\b.com"},
       {"nothing is left", u" -C:\\x", u""},
@@ -136,7 +136,7 @@ TEST_F(ExtractCommandPathTest, TheUninstallersNameIsRefusedInAnyLetterCase) {
   });
 }
 
-TEST_F(ExtractCommandPathTest, WordsBehindTheLastBackslashAreStripped) {
+TEST_F(ExtractCommandPathTest, WordsAfterTheLastBackslashAreStripped) {
   Check({
       {"several", u"C:\\Windows\\system32\\rundll32.exe shell32.dll,Control_RunDLL x",
        u"C:\\Windows\\system32\\rundll32.exe"},
@@ -147,7 +147,7 @@ TEST_F(ExtractCommandPathTest, WordsBehindTheLastBackslashAreStripped) {
       {"several blanks in a row", u"C:\\a  b", u"C:\\a"},
       {"a name that begins with a blank", u"C:\\x\\ a.dll", u"C:\\x\\"},
       {"no folder", u"rundll32 x.dll,Entry", u""},
-      {"no folder behind the drive", u"C:a b", u""},
+      {"no folder after the drive", u"C:a b", u""},
   });
 }
 
@@ -156,45 +156,45 @@ TEST_F(ExtractCommandPathTest, KeepsTheQuoteMismatchOfTheExtensionCut) {
       {"no quote", u"C:\\a\\b.exeXYZ", u"C:\\a\\b.exe"},
       {"one quote leaves a character", u"\"C:\\a\\b.exeXYZ\"", u"C:\\a\\b.exeX"},
       {"two quotes leave two", u"\"\"C:\\a\\b.exeXYZ\"", u""},
-      {"two quotes, one behind the drive", u"\"C:\"\\a\\b.exeXYZ", u"C:\\a\\b.exeXY"},
+      {"two quotes, one after the drive", u"\"C:\"\\a\\b.exeXYZ", u"C:\\a\\b.exeXY"},
       {"quotes on both sides", u"\"C:\\Program Files\\App\\app.exe\" \"%1\"",
        u"C:\\Program Files\\App\\app.exe"},
       {"a blank before leaves a character", u" C:\\a\\b.exeXYZ", u"C:\\a\\b.exeX"},
       {"capitals", u"C:\\a\\B.EXEcutable", u"C:\\a\\B.EXE"},
       {"the first of two, a folder's", u"C:\\a.exe\\b.exe", u"C:\\a.exe"},
-      {"behind the cut of an argument", u"C:\\a\\b.com -x.exe", u"C:\\a\\b.com"},
+      {"after the cut of an argument", u"C:\\a\\b.com -x.exe", u"C:\\a\\b.com"},
       {"of an argument before the path's end", u"C:\\a\\b.dll,-x.exe", u"C:\\a\\b.dll"},
       {"the prefix is gone before it", u"@C:\\a\\b.exeXYZ,-1", u"C:\\a\\b.exe"},
   });
 }
 
-constexpr size_t kMost = 32767;
+constexpr size_t kMaxPosition = 32767;
 
-// A text of that many characters.
+// A text of `length` characters.
 Text Filler(size_t length, char16_t c = u'x') { return Text(length, c); }
 
-TEST_F(ExtractCommandPathTest, APositionThatDoesntFitLeavesItsVariableAsItWas) {
+TEST_F(ExtractCommandPathTest, APositionOverSixteenBitsIsIgnored) {
   const Text path = u"C:\\a b\\c.dll";
-  const Text beyond = Concat(path, Filler(kMost - path.size()));
-  const Text atMost = beyond.substr(0, kMost - 1);
+  const Text beyond = Concat(path, Filler(kMaxPosition - path.size()));
+  const Text atMost = beyond.substr(0, kMaxPosition - 1);
   const auto check = [](const char* says, const Text& command, const Text& expected) {
     EXPECT_EQ(ExtractCommandPath(command), expected) << says;
   };
   check("a slash at 32767 is found", Concat(atMost, u"/x"), atMost);
   check("one at 32768 is not, and nothing else cuts", Concat(beyond, u"/x"), Concat(beyond, u"/x"));
-  check("nor without a drive", Concat(Filler(kMost), u"/\\"), u"");
-  check("the colon's position is left for the cut by a hyphen behind 32767", Concat(beyond, u" -x"), u"");
+  check("nor without a drive", Concat(Filler(kMaxPosition), u"/\\"), u"");
+  check("a hyphen after 32767 cuts at the position that the colon left", Concat(beyond, u" -x"), u"");
   check("and found at 32767", Concat(atMost, u" -x"), atMost);
-  check("an argument behind 32767 is none", Concat(beyond, u" %1"), Concat(beyond, u" %1"));
+  check("an argument after 32767 is not cut", Concat(beyond, u" %1"), Concat(beyond, u" %1"));
   check("nor an icon", Concat(beyond, u",-1"), Concat(beyond, u",-1"));
   check("nor a second slash", Concat(beyond, u"//"), Concat(beyond, u"//"));
   check("the uninstaller's name is looked for everywhere", Concat(beyond, u"genuinst.exe"), u"");
-  check("an extension behind 32767 cuts nothing", Concat(beyond, u".exeXYZ"), Concat(beyond, u".exeXYZ"));
+  check("an extension after 32767 cuts nothing", Concat(beyond, u".exeXYZ"), Concat(beyond, u".exeXYZ"));
   check("at 32767 it cuts", Concat(atMost, u".exeXYZ"), Concat(atMost, u".exe"));
-  check("a blank behind 32767 strips nothing", Concat(beyond, u" x"), Concat(beyond, u" x"));
-  check("a backslash behind 32767 counts as none, so the last blank before cuts", Concat(beyond, u"\\d"),
+  check("a blank after 32767 strips nothing", Concat(beyond, u" x"), Concat(beyond, u" x"));
+  check("a backslash after 32767 is not found, so the last blank before cuts", Concat(beyond, u"\\d"),
         u"C:\\a");
-  check("and with no word left there is no folder", Concat(u"C:x y", Filler(kMost), u"\\d"), u"");
+  check("and with no word left there is no folder", Concat(u"C:x y", Filler(kMaxPosition), u"\\d"), u"");
 }
 
 TEST_F(ExtractCommandPathTest, IsNeverLongerThanItsTextAndHasNoQuote) {
@@ -214,7 +214,7 @@ TEST_F(ExtractCommandPathTest, IsNeverLongerThanItsTextAndHasNoQuote) {
     ASSERT_LE(path.size(), command.size()) << Narrow(command);
     ASSERT_EQ(path.find(u'"'), Text::npos) << Narrow(command);
   }
-  EXPECT_GT(withPath, 1000) << "the texts are of the kind that gives paths";
+  EXPECT_GT(withPath, 1000) << "the random texts must give some paths";
 }
 
 }  // namespace

@@ -23,7 +23,7 @@ constexpr TextView kWindows = u"Software\\Microsoft\\Windows\\CurrentVersion";
 
 struct Seeded {
   Hive hive;
-  Text key;  // everything below it goes with the row, or the value alone
+  Text key;  // goes with everything below it, unless `value` is set
   Text value;
   Text data;
   bool wholeKey;
@@ -68,7 +68,7 @@ class LiveRegistryPage : public testing::Test {
     ResetProcess();
   }
 
-  // Every key, with its values, below one.
+  // The keys below one, each with its values.
   using Content = std::map<std::pair<Hive, Text>, std::map<Text, Text>>;
   static void Collect(Hive hive, const Text& key, Content& content) {
     auto& values = content[{hive, key}];
@@ -107,7 +107,7 @@ TEST_F(LiveRegistryPage, RepairTakesTheRealKeysAndValuesAndNothingElse) {
     frmPubMain.lsvResult.Row(row).SetChecked(seeded);
     ours += seeded ? 1 : 0;
   }
-  // The class is found in both views of it.
+  // The class is found twice: in the merged view and in its own hive.
   ASSERT_EQ(ours, 9);
   frmPubMain.sbtRepair.Click();
   for (const Seeded& seed : Seeds()) {

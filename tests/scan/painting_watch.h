@@ -7,8 +7,8 @@
 
 namespace tavix::mdlPubSelf {
 
-// Watches the painting of the result list for as long as it lives: each change of its suspension, and what
-// it was whenever the user interface ran.
+// Records whether painting of the result list is suspended: at each change, and at each yield to the user
+// interface.
 struct PaintingWatch : ControlPeer, platform::EventQueue {
   PaintingWatch() {
     frmPubMain.lsvResult.peer = this;

@@ -14,7 +14,7 @@ constexpr TextView kCookies = u"C:\\Users\\Ann\\Cookies";
 constexpr TextView kHistory = u"C:\\Users\\Ann\\History";
 constexpr TextView kRecent = u"C:\\Users\\Ann\\Recent";
 
-// Their folders are known, and there but for the files in them.
+// The folders are known and exist. They are empty.
 class PrivacyFiles : public ScanTest {
  protected:
   PrivacyFiles() {
@@ -101,7 +101,7 @@ TEST_F(PrivacyFiles, AStoreThatCannotBeOpenedHasACountAndNoSizes) {
   }
 }
 
-TEST_F(PrivacyFiles, AStoreWhoseFolderIsNotKnownHasItsRowAllTheSame) {
+TEST_F(PrivacyFiles, AStoreWhoseFolderIsNotKnownStillHasARow) {
   machine.shell.faults.Fail(u"SpecialFolderByNumber");
   for (const Store& store : kStores) {
     EXPECT_EQ(Scan(store.key), (std::vector<RowFields>{StoreRow(store, u"0", u"", u"", u"")}));
@@ -202,7 +202,7 @@ TEST_F(PrivacyFiles, EachScanOfTheIndexesBeginsWithNone) {
   EXPECT_EQ(Scan(u"ieif")[0], IndexRow(u"Cache", u"", u"", u""));
 }
 
-TEST_F(PrivacyFiles, WithoutAnyIndexThreeRowsStandWithTheirNameAlone) {
+TEST_F(PrivacyFiles, WithoutAnyIndexThreeRowsHaveOnlyTheirName) {
   machine.shell.faults.Fail(u"SpecialFolderByNumber");
   EXPECT_EQ(Scan(u"ieif"),
             (std::vector<RowFields>{IndexRow(u"Cache", u"", u"", u""), IndexRow(u"Cookies", u"", u"", u""),
@@ -236,7 +236,7 @@ TEST_F(PrivacyFiles, RecentDocumentsAreTheKeyAndEveryFileOfTheFolder) {
   EXPECT_EQ(Status(), u"Scanning in 'C:\\Users\\Ann\\Recent\\AutomaticDestinations', please wait...");
 }
 
-TEST_F(PrivacyFiles, WithoutARecentFolderTheKeyStandsAlone) {
+TEST_F(PrivacyFiles, WithoutARecentFolderTheKeyIsTheOnlyRow) {
   machine.shell.faults.Fail(u"SpecialFolderByName", u"Recent");
   EXPECT_EQ(Scan(u"werud"), (std::vector<RowFields>{kRecentDocsRow}));
 }

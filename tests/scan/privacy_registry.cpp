@@ -109,14 +109,14 @@ TEST_F(PrivacyRegistry, AUrlWithACommaIsShownWholeAndOnlyTheNameGoesIntoTheTag) 
   EXPECT_TRUE(ResultRows()[1].tag.ends_with(u"TypedUrls, a, b"));
 }
 
-TEST_F(PrivacyRegistry, DataThatHoldsASeparatorIsSplitAndAPieceWithoutDataHasThatOfTheOneBefore) {
-  Seed(Hive::CurrentUser, kTypedUrls, u"url1", u"before*IS*behind");
+TEST_F(PrivacyRegistry, DataWithASeparatorIsSplitAndAPieceWithoutDataRepeatsTheOneBefore) {
+  Seed(Hive::CurrentUser, kTypedUrls, u"url1", u"before*IS*after");
   Seed(Hive::CurrentUser, kTypedUrls, u"url2", u"one*NDS*two");
   ScanFunction(u"iertu");
   const Text tag = Concat(u"RI: HKEY_CURRENT_USER, ", kTypedUrls, u", ");
   EXPECT_EQ(ResultRows(),
             (std::vector<RowFields>{RegistryRow(u"Recently Typed URL", u"before", tag + u"url1"),
-                                    RegistryRow(u"Recently Typed URL", u"before", tag + u"behind"),
+                                    RegistryRow(u"Recently Typed URL", u"before", tag + u"after"),
                                     RegistryRow(u"Recently Typed URL", u"one", tag + u"url2")}));
 }
 
@@ -143,7 +143,7 @@ TEST_F(PrivacyRegistry, AKeyThatCannotBeReadHasNoRows) {
   EXPECT_EQ(ResultCount(), 0);
 }
 
-TEST_F(PrivacyRegistry, StandingRowsLookAtNothingAndLeaveTheStatusLine) {
+TEST_F(PrivacyRegistry, StandingRowsReadNothingAndLeaveTheStatusLine) {
   const struct {
     TextView key, type, tag;
   } table[] = {

@@ -8,7 +8,7 @@ namespace {
 
 constexpr TextView kKey = u"Software\\K";
 
-// Every entry is a finding, under what the test got of it.
+// Makes every entry a finding, named by the texts that the test gets.
 std::optional<Text> ShowAll(const RegistryEntry& entry) {
   return Concat(entry.Name, u"=",
                 entry.List.Entries == RegistryEntries::SubKeys ? entry.Value() : Text(entry.Data));
@@ -36,7 +36,7 @@ class RegistryListTest : public RegistryScanTest {
     machineRegistry.DeleteKey(Hive::CurrentUser, kKey);
     for (const auto& [name, data] : values) SeedUser(kKey, name, data);
   }
-  // Name and end of the tag of each row that a list of values gives.
+  // A scan over these values: of each row, the name and the end of the tag.
   std::vector<std::pair<Text, Text>> Values(std::initializer_list<std::pair<TextView, TextView>> values) {
     SeedValues(values);
     std::vector<std::pair<Text, Text>> found;

@@ -54,7 +54,7 @@ TEST_F(RegistryPageTest, AFunctionThatRunsIsNotEndedByCancel) {
   EXPECT_EQ(watch.statuses.size(), 3u);
 }
 
-TEST_F(RegistryPageTest, AMissingRootIsNoFindingAndItsStatusIsShownAllTheSame) {
+TEST_F(RegistryPageTest, AMissingRootIsNoFindingButItsStatusIsShown) {
   for (const TextView key : {u"Software", u"Control Panel"}) {
     machineRegistry.DeleteKey(Hive::LocalMachine, key);
     machineRegistry.DeleteKey(Hive::CurrentUser, key);

@@ -4,7 +4,7 @@
 
 namespace tavix::mdlPubSelf {
 
-// A machine with something to find for every function of the Registry page, and as much that is in order.
+// A machine with findings for every function of the Registry page, and with valid entries beside them.
 class RegistryPageTest : public RegistryScanTest {
  protected:
   RegistryPageTest() {
@@ -55,7 +55,7 @@ class RegistryPageTest : public RegistryScanTest {
   }
 };
 
-// What a scan of a function gives over the machine of RegistryPageTest.
+// The expected scan of a function on the machine of RegistryPageTest.
 struct RegistryPageFunction {
   TextView key;
   std::vector<Text> statuses;  // the paths in the status lines
@@ -70,7 +70,7 @@ inline std::vector<RegistryPageFunction> RegistryPageFunctions() {
   const Text windows = u"HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows";
   const Text version = Concat(windows, u"\\CurrentVersion");
   const Text users = u"HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion";
-  // How the tags of values and keys below these two begin.
+  // The first part of the tags of values and of keys.
   const Text value = u"RI: HKEY_LOCAL_MACHINE, Software\\Microsoft\\Windows\\CurrentVersion\\";
   const Text key = u"RK: HKEY_LOCAL_MACHINE, Software\\Microsoft\\Windows\\CurrentVersion\\";
   const Text gone = u"C:\\gone.dll";

@@ -1,4 +1,4 @@
-// The Registry page from its picture to Repair.
+// The Registry page from its opening to Repair.
 
 #include "forms/main_form.h"
 #include "platform/machine/formats/registry_text.h"
@@ -33,8 +33,8 @@ class RegistryRepair : public RegistryPageTest {
   }
 };
 
-// Deletes a key, or a value of it, as a row's tag names them. A key of HKEY_CLASSES_ROOT is the user's if the
-// user has it. What has gone by another row is gone.
+// Deletes the key or value that a row's tag names. A key of HKEY_CLASSES_ROOT is deleted from the user's hive
+// if it is there, otherwise from the machine's. A key that an earlier row deleted is skipped.
 void Drop(RegistryStore& store, TextView tag) {
   const Action action = ReadAction(tag);
   const RegistryTarget target = ReadRegistryTarget(*action.payload);
@@ -53,8 +53,8 @@ void Drop(RegistryStore& store, TextView tag) {
   }
 }
 
-// What Repair takes if the four lists that start without ticks are left so. The font stays: the blank at the
-// end of its name is lost with its tag's.
+// Deletes what Repair deletes if no tick is changed. The font stays: its name ends with a blank, which the
+// tag loses, so the tag names another value.
 void DropTicked(RegistryStore& store) {
   for (const RegistryPageFunction& function : RegistryPageFunctions()) {
     for (const RowFields& row : function.rows) {
@@ -111,7 +111,7 @@ TEST_F(RegistryRepair, AUsersClassUnderTheMergedRootGoesFromTheUsersHive) {
   EXPECT_EQ(machineRegistry.KeyExists(Hive::LocalMachine, u"Software\\Classes\\CLSID\\{both}"), true);
 }
 
-TEST_F(RegistryRepair, ASecondScanFindsWhatCouldntBeTaken) {
+TEST_F(RegistryRepair, ASecondScanFindsWhatCouldNotBeDeleted) {
   frmPubMain.sbtScan.Click();
   frmPubMain.sbtRepair.Click();
   frmPubMain.sbtScan.Click();

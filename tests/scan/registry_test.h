@@ -41,7 +41,7 @@ inline std::vector<Text> Tags(const std::vector<RowFields>& rows) {
   return tags;
 }
 
-// What a function finds.
+// Runs one function and returns what it finds.
 class RegistryFunctionTest : public RegistryScanTest {
  protected:
   static std::vector<Text> FoundBy(TextView function) { return Names(Scan(function)); }

@@ -12,7 +12,7 @@ namespace {
 
 class MissingSharedDlls : public RegistryFunctionTest {};
 
-TEST_F(MissingSharedDlls, ANameIsTestedAsItStands) {
+TEST_F(MissingSharedDlls, ANameIsTestedUnchanged) {
   AddFiles({u"C:\\a b.dll", u"C:\\c.dll"});
   SetWindows(u"C:");
   for (const TextView name : {u"C:\\a b.dll", u"C:\\gone.dll", u"%WinDir%\\c.dll", u"\"C:\\c.dll\"",
@@ -39,7 +39,7 @@ TEST_F(MissingSharedDlls, ADefaultValueBesideOthersIsAFindingWithoutName) {
 
 class ActiveXAndClassIssues : public RegistryFunctionTest {};
 
-TEST_F(ActiveXAndClassIssues, AClassThatCantBeJudgedIsNone) {
+TEST_F(ActiveXAndClassIssues, AClassWithoutATestablePathIsNoFinding) {
   SeedClass(u"CLSID\\{1}\\InprocServer32", u"%SystemRoot%\\system32\\x.dll");
   SeedClass(u"CLSID\\{2}\\InprocServer32", u"ole32.dll");
   SeedClass(u"CLSID\\{3}\\InprocServer32", u"");
@@ -81,7 +81,7 @@ class TypeLibrariesIssues : public RegistryFunctionTest {
   }
 };
 
-TEST_F(TypeLibrariesIssues, AnInterfaceWithoutALibraryIsNoneWhileThereIsAnyLibrary) {
+TEST_F(TypeLibrariesIssues, AnInterfaceWithoutALibraryIsNoFindingWhileThereIsAnyLibrary) {
   SeedClass(u"TypeLib\\{L}", u"");
   SeedClass(u"Interface\\{1}", u"IUnknown");
   SeedInterface(u"{2}", u"");
@@ -131,7 +131,7 @@ TEST_F(TypeLibrariesIssues, BothHivesHaveLibrariesAndInterfaces) {
 
 class ApplicationShellsIssues : public RegistryFunctionTest {};
 
-TEST_F(ApplicationShellsIssues, AVerbWithoutACommandIsNone) {
+TEST_F(ApplicationShellsIssues, AVerbWithoutACommandIsNoFinding) {
   SeedClass(u"Applications\\a.exe\\shell\\open", u"&Open");
   SeedClass(u"Applications\\b.exe\\shell\\open\\command", u"");
   SeedClass(u"Applications\\c.exe", u"");
@@ -163,9 +163,9 @@ class FontsIssues : public RegistryFunctionTest {
   }
 };
 
-TEST_F(FontsIssues, AFileInTheFontsFolderIsNone) {
+TEST_F(FontsIssues, AFileInTheFontsFolderIsNoFinding) {
   SeedFont(u"Arial (TrueType)", u"arial.ttf");
-  SeedFont(u"Arial (blank behind)", u"arial.ttf ");
+  SeedFont(u"Arial (blank after)", u"arial.ttf ");
   SeedFont(u"Arial (blank before)", u"  arial.ttf");
   EXPECT_EQ(FoundBy(u"Fonts Issues"), Texts{});
 }
@@ -196,7 +196,7 @@ TEST_F(FontsIssues, WithoutAFontsFolderEveryFontIsAFinding) {
   EXPECT_EQ(FoundBy(u"Fonts Issues"), Texts{u"Arial (TrueType)"});
 }
 
-// All lists.
+// All functions.
 
 class RegistryLists : public RegistryFunctionTest {
  protected:
@@ -232,14 +232,14 @@ class RegistryLists : public RegistryFunctionTest {
   }
 };
 
-TEST_F(RegistryLists, FindNothingWhereItCantBeToldWhatIsThere) {
-  EXPECT_EQ(Found().size(), 11U) << "each where it is known to be missing";
+TEST_F(RegistryLists, FindNothingWhereNoFileCanBeLookedAt) {
+  EXPECT_EQ(Found().size(), 11U) << "only where the file is known to be missing";
   machine.files.faults.Fail(u"FileExists");
   machine.files.faults.Fail(u"FolderExists");
   EXPECT_EQ(Found(), (std::map<Text, size_t>()));
 }
 
-TEST_F(RegistryLists, FindNothingBehindAFolderThatCantBeLookedInto) {
+TEST_F(RegistryLists, FindNothingBelowAFolderThatCantBeRead) {
   machine.store.faults.Fail(u"Find", u"P");
   EXPECT_EQ(Found(), (std::map<Text, size_t>()));
 }

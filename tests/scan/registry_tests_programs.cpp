@@ -54,7 +54,7 @@ TEST_F(HelpFilesIssues, AValueWithoutAFolderIsAFinding) {
 
 class RunAtStartupIssues : public RegistryFunctionTest {};
 
-TEST_F(RunAtStartupIssues, ACommandOfAnExistingFileIsNone) {
+TEST_F(RunAtStartupIssues, ACommandOfAnExistingFileIsNoFinding) {
   AddFile(u"C:\\Tools\\app.exe");
   SeedWindows(u"Run", u"App", u"C:\\Tools\\app.exe /background");
   EXPECT_EQ(FoundBy(u"Run at Startup Issues"), Texts{});
@@ -91,18 +91,18 @@ TEST_F(ObsoleteSoftware, AKeyWithItsDefaultValueAloneIsAFinding) {
   EXPECT_EQ(FoundBy(u"Obsolete Software"), (Texts{u"Default", u"EmptyDefault"}));
 }
 
-TEST_F(ObsoleteSoftware, AKeyWithOneNamedValueIsNone) {
+TEST_F(ObsoleteSoftware, AKeyWithOneNamedValueIsNoFinding) {
   SeedMachine(u"Software\\Named", u"v", u"x");
   EXPECT_EQ(FoundBy(u"Obsolete Software"), Texts{});
 }
 
-TEST_F(ObsoleteSoftware, AKeyWithTwoValuesIsNone) {
+TEST_F(ObsoleteSoftware, AKeyWithTwoValuesIsNoFinding) {
   SeedMachine(u"Software\\Two", u"", u"x");
   SeedMachine(u"Software\\Two", u"v", u"x");
   EXPECT_EQ(FoundBy(u"Obsolete Software"), Texts{});
 }
 
-TEST_F(ObsoleteSoftware, AKeyWithASubkeyIsNoneHoweverEmpty) {
+TEST_F(ObsoleteSoftware, AKeyWithAnEmptySubkeyIsNoFinding) {
   machineRegistry.MakeKey(Hive::LocalMachine, u"Software\\Vendor\\Product");
   EXPECT_EQ(FoundBy(u"Obsolete Software"), Texts{});
 }
@@ -116,12 +116,12 @@ TEST_F(ObsoleteSoftware, AValueWhoseNameLooksLikeTheSeparatorCountsAsADefaultVal
   EXPECT_EQ(FoundBy(u"Obsolete Software"), (Texts{u"A", u"B", u"E"}));
 }
 
-TEST_F(ObsoleteSoftware, MoreValuesThanCanBeCountedAreNone) {
+TEST_F(ObsoleteSoftware, AKeyWithTooManyValuesToCountIsNoFinding) {
   for (int i = 0; i <= INT16_MAX; ++i) SeedMachine(u"Software\\Many", i == 0 ? u"" : ToText(i), u"x");
   EXPECT_EQ(FoundBy(u"Obsolete Software"), Texts{});
 }
 
-TEST_F(ObsoleteSoftware, TheUsersKeysComeBehindTheMachines) {
+TEST_F(ObsoleteSoftware, TheUsersKeysFollowTheMachines) {
   for (const TextView name : {u"Z", u"A"})
     machineRegistry.MakeKey(Hive::LocalMachine, Concat(u"Software\\", name));
   for (const TextView name : {u"Y", u"B"})
@@ -143,7 +143,7 @@ TEST_F(MuiCacheIssues, TheNameIsTheCommand) {
   EXPECT_EQ(FoundBy(u"MUI Cache Issues"), (Texts{u"C:\\gone.exe", u"C:\\WINDOWS\\system32\\gone.dll"}));
 }
 
-// The lists that are shown whole.
+// Lists in which every entry is a finding.
 
 class WholeLists : public RegistryFunctionTest {};
 
@@ -191,7 +191,7 @@ TEST_F(UninstallerIssues, KeysNamedLikeAClassIdentifierArePassedOver) {
       {u"{12345678}", true},
       {u"{123456-", true},    // the hyphen is the eighth character
       {u"{1234567-", false},  // the ninth
-      {u"{1-34567-", true},   // the first one counts
+      {u"{1-34567-", true},   // only the first hyphen counts
       {u"x12345678-ABCD", true},
       {u" {12345678-ABCD}", true},
       {u"App", true},
@@ -203,7 +203,7 @@ TEST_F(UninstallerIssues, KeysNamedLikeAClassIdentifierArePassedOver) {
   }
 }
 
-TEST_F(UninstallerIssues, AKeyWithoutACommandIsNone) {
+TEST_F(UninstallerIssues, AKeyWithoutACommandIsNoFinding) {
   SeedWindows(u"Uninstall\\App", u"DisplayName", u"App");
   SeedUninstaller(u"Empty", u"");
   SeedUninstaller(u"Unclear", u"MsiExec.exe /X{1}");
@@ -240,7 +240,7 @@ TEST_F(StartMenuOrderingIssues, AShortcutOrFolderInEitherMenuIsEnough) {
   EXPECT_EQ(FoundBy(u"Start Menu Ordering Issues"), Texts{u"Gone"});
 }
 
-TEST_F(StartMenuOrderingIssues, AFolderInTheAllUsersMenuOnlyIsNone) {
+TEST_F(StartMenuOrderingIssues, AFolderInTheAllUsersMenuOnlyIsNoFinding) {
   machine.files.AddFolder(u"C:\\All\\Accessories");
   SeedItem(u"Accessories");
   EXPECT_EQ(FoundBy(u"Start Menu Ordering Issues"), Texts{});

@@ -19,7 +19,7 @@ TEST_F(ResultItems, AddWritesEveryField) {
                 {u"Time Zone", u"UTC", u"N/A", u"Registry: y", u"00000000.0", u"RK: a, b", false}}));
 }
 
-TEST_F(ResultItems, AFieldThatFailedStaysEmptyAndTheRowStands) {
+TEST_F(ResultItems, AFieldThatFailedStaysEmptyAndTheRowIsAdded) {
   AddResultItem(u"IE Cache", std::nullopt, std::nullopt, std::nullopt, std::nullopt, u"Cmd: x");
   EXPECT_EQ(ResultRows(), (std::vector<RowFields>{{u"IE Cache", u"", u"", u"", u"", u"Cmd: x", true}}));
 }
@@ -41,7 +41,7 @@ TEST_F(ResultItems, SizeTextsOfBytes) {
       {256, u"0.2", u"00000000.2"},
       {768, u"0.8", u"00000000.8"},
       {99999999.9 * 1024, u"99,999,999.9", u"99999999.9"},
-      // Nine integer digits sort wrongly, and are printed all the same.
+      // The sort key has room for eight integer digits. Nine are written, but sort wrongly.
       {100000000.0 * 1024, u"100,000,000.", u"100000000.0"},
   };
   for (const auto& row : table) {

@@ -12,8 +12,7 @@
 namespace tavix::mdlPubSelf {
 namespace {
 
-// Scanners that add nothing are the standing rows' opposite: typed URLs of an empty registry. A standing
-// row is a scanner that always adds one.
+// Typed URLs of an empty registry add no row. The auto-fill history always adds one.
 constexpr TextView kAddsNothing = u"iertu";
 constexpr TextView kAddsOne = u"ieafh";
 
@@ -32,7 +31,7 @@ class ScanDriver : public ProgramTest {
   static void Tick(std::initializer_list<TextView> keys) {
     for (const TextView key : keys) frmPubMain.trvPrivacy.NodeByKey(key)->Checked = true;
   }
-  // The page as an opened one looks, with ticked rows behind the master row.
+  // Makes `page` the open page, with these ticked rows after the master row.
   static void OpenListPage(PictureBox& page, std::initializer_list<TextView> rows) {
     for (PictureBox* picture : frmPubMain.PagePictures()) picture->BorderStyle = 0;
     page.BorderStyle = 1;
@@ -44,21 +43,21 @@ class ScanDriver : public ProgramTest {
   }
 };
 
-// Runs what a test has in mind at the first yield, as a user's hand would.
-class HandAtYield : public platform::EventQueue {
+// Acts once as the user would, at the first yield.
+class UserAtYield : public platform::EventQueue {
  public:
-  explicit HandAtYield(std::function<void()> act) : act_(std::move(act)) { platform::eventQueue = this; }
+  explicit UserAtYield(std::function<void()> act) : act_(std::move(act)) { platform::eventQueue = this; }
   void Yield() override { act_(); }
 
  private:
   std::function<void()> act_;
 };
 
-// Runs at each change of the status line, which comes in the midst of a function.
-class HandAtStatus : public ControlPeer {
+// Acts at each change of the status line. A function changes it while it runs.
+class UserAtStatus : public ControlPeer {
  public:
-  explicit HandAtStatus(std::function<void()> act) : act_(std::move(act)) { frmPubMain.lblProgS.peer = this; }
-  ~HandAtStatus() override { frmPubMain.lblProgS.peer = nullptr; }
+  explicit UserAtStatus(std::function<void()> act) : act_(std::move(act)) { frmPubMain.lblProgS.peer = this; }
+  ~UserAtStatus() override { frmPubMain.lblProgS.peer = nullptr; }
   void ModelChanged() override { act_(); }
 
  private:
@@ -98,7 +97,7 @@ TEST_F(ScanDriver, BranchNodesAreNoFunctions) {
   EXPECT_EQ(frmPubMain.lblProgMI.Width, 3000);
 }
 
-TEST_F(ScanDriver, TheStepIsRoundedToTheEvenNumberAndNothingForcesTheBarToItsEnd) {
+TEST_F(ScanDriver, TheStepIsRoundedHalfToEvenSoTheBarMayMissItsEnd) {
   frmPubMain.lblProgMO.Width = 3001;
   Tick({kAddsNothing, u"werh"});
   frmPubMain.sbtScan.Click();
@@ -113,7 +112,7 @@ TEST_F(ScanDriver, AWidthOverSixteenBitsLeavesTheStepAsItWas) {
   Tick({kAddsNothing});
   frmPubMain.sbtScan.Click();
   EXPECT_EQ(ProgressStep, 7);
-  EXPECT_EQ(frmPubMain.lblProgMI.Caption, Text(u"%")) << "rounds to no percent";
+  EXPECT_EQ(frmPubMain.lblProgMI.Caption, Text(u"%")) << "rounds to zero percent";
 }
 
 TEST_F(ScanDriver, ThePullBackComesOneStepLate) {
@@ -216,7 +215,7 @@ TEST_F(ScanDriver, OneClickWithoutKeysFindsNothing) {
 TEST_F(ScanDriver, OneClickRunsOutAfterACancelWithTheBarStillMoving) {
   OpenListPage(frmPubMain.picOne, {});
   Functions = u"|iertu|ieafh|weosh|";
-  HandAtStatus hand([] {
+  UserAtStatus user([] {
     if (frmPubMain.lblProgS.Caption.Get().starts_with(u"Scanning")) frmPubMain.sbtCancel.Click();
   });
   frmPubMain.sbtScan.Click();
@@ -227,7 +226,7 @@ TEST_F(ScanDriver, OneClickRunsOutAfterACancelWithTheBarStillMoving) {
 
 TEST_F(ScanDriver, CancelInTheLastFunctionReadsCanceled) {
   Tick({kAddsOne, u"werh"});
-  HandAtStatus hand([] {
+  UserAtStatus user([] {
     if (frmPubMain.lblProgS.Caption.Get().starts_with(u"Scanning")) sbtCancel_Click();
   });
   frmPubMain.sbtScan.Click();
@@ -240,7 +239,7 @@ TEST_F(ScanDriver, CancelInTheLastFunctionReadsCanceled) {
 
 TEST_F(ScanDriver, CancelEndsTheWalkBeforeTheNextNodeAndKeepsTheRows) {
   Tick({kAddsNothing, kAddsOne, u"weosh"});
-  HandAtStatus hand([] {
+  UserAtStatus user([] {
     if (frmPubMain.lblProgS.Caption.Get().starts_with(u"Scanning")) sbtCancel_Click();
   });
   frmPubMain.sbtScan.Click();
@@ -251,7 +250,7 @@ TEST_F(ScanDriver, CancelEndsTheWalkBeforeTheNextNodeAndKeepsTheRows) {
 
 TEST_F(ScanDriver, CancelEndsAListPage) {
   OpenListPage(frmPubMain.picRegistry, {kAddsOne, kAddsNothing, u"weosh"});
-  HandAtStatus hand([] {
+  UserAtStatus user([] {
     if (frmPubMain.lblProgS.Caption.Get().starts_with(u"Scanning")) sbtCancel_Click();
   });
   frmPubMain.sbtScan.Click();
@@ -277,7 +276,7 @@ TEST_F(ScanDriver, ElapsedTimeTestsOnZeroAndNotOnOne) {
 TEST_F(ScanDriver, AScanOfSixtyOneSeconds) {
   Tick({kAddsNothing});
   clock.Set(1'000'000);
-  HandAtStatus hand([this] { clock.Set(1'000'000 + 61'500); });
+  UserAtStatus user([this] { clock.Set(1'000'000 + 61'500); });
   frmPubMain.sbtScan.Click();
   EXPECT_EQ(frmPubMain.lblTime.Caption, Text(u"61 seconds."));
 }
@@ -285,7 +284,7 @@ TEST_F(ScanDriver, AScanOfSixtyOneSeconds) {
 TEST_F(ScanDriver, WhileAScanRunsOnlyCancelAndPagesCanBeOperated) {
   Tick({kAddsNothing});
   int looks = 0;
-  HandAtStatus hand([&looks] {
+  UserAtStatus user([&looks] {
     MainForm& form = frmPubMain;
     if (!form.lblProgS.Caption.Get().starts_with(u"Scanning")) return;
     ++looks;
@@ -301,7 +300,7 @@ TEST_F(ScanDriver, WhileAScanRunsOnlyCancelAndPagesCanBeOperated) {
     EXPECT_EQ(form.lblProgMO.BorderStyle, 1);
     EXPECT_EQ(form.lblTime.Caption, Text(u"? second(s)."));
     EXPECT_EQ(form.lblSum.Caption, Text(u"Sum: ? item(s), ? KB found."));
-    form.sbtScan.Click();  // the key F3 in the midst of a scan
+    form.sbtScan.Click();  // F3 during a scan
     EXPECT_EQ(form.lblProgMI.Width, 0);
   });
   frmPubMain.sbtScan.Click();
@@ -316,7 +315,7 @@ TEST_F(ScanDriver, WhileAScanRunsOnlyCancelAndPagesCanBeOperated) {
   for (const Button& button : form.sbtToolbar)
     EXPECT_TRUE(button.Enabled) << Case(&button - form.sbtToolbar.data());
   EXPECT_FALSE(form.webGIF.Visible);
-  EXPECT_EQ(form.lblProgMO.BorderStyle, 1) << "stays as a scan sets it";
+  EXPECT_EQ(form.lblProgMO.BorderStyle, 1) << "keeps the value that the scan set";
 }
 
 TEST_F(ScanDriver, TheWindowIsPaintedOnceTheListIsEmptyAndOutOfReach) {
@@ -326,7 +325,7 @@ TEST_F(ScanDriver, TheWindowIsPaintedOnceTheListIsEmptyAndOutOfReach) {
   int paints = 0;
   frmPubMain.Refresh = [&paints] {
     ++paints;
-    EXPECT_EQ(ResultCount(), 0) << "neither rows of the scan before nor of this one";
+    EXPECT_EQ(ResultCount(), 0) << "no rows of the earlier scan, none of this one";
     EXPECT_TRUE(frmPubMain.sbtCancel.Visible);
     EXPECT_FALSE(frmPubMain.lsvResult.Enabled);
     EXPECT_FALSE(frmPubMain.sbtClean.Enabled);
@@ -340,7 +339,7 @@ TEST_F(ScanDriver, TheWindowIsPaintedOnceTheListIsEmptyAndOutOfReach) {
 TEST_F(ScanDriver, ARegistryScanStartsWithItsOwnSumLine) {
   OpenListPage(frmPubMain.picRegistry, {kAddsNothing});
   Text seen;
-  HandAtStatus hand([&seen] {
+  UserAtStatus user([&seen] {
     if (seen.empty()) seen = frmPubMain.lblSum.Caption;
   });
   frmPubMain.sbtScan.Click();
@@ -363,7 +362,7 @@ TEST_F(ScanDriver, WaitsForTheAnimationYielding) {
   Tick({kAddsOne});
   frmPubMain.webGIF.Busy = true;
   int yields = 0;
-  HandAtYield hand([&yields] {
+  UserAtYield user([&yields] {
     if (++yields == 3) frmPubMain.webGIF.Busy = false;
   });
   frmPubMain.sbtScan.Click();
@@ -375,7 +374,7 @@ TEST_F(ScanDriver, TheTimeOfTheWaitForTheAnimationCounts) {
   Tick({kAddsOne});
   clock.Set(1'000'000);
   frmPubMain.webGIF.Busy = true;
-  HandAtYield hand([this] {
+  UserAtYield user([this] {
     clock.Set(1'007'000);
     frmPubMain.webGIF.Busy = false;
   });
@@ -386,7 +385,7 @@ TEST_F(ScanDriver, TheTimeOfTheWaitForTheAnimationCounts) {
 TEST_F(ScanDriver, CancelDuringTheWaitFindsNothing) {
   Tick({kAddsOne});
   frmPubMain.webGIF.Busy = true;
-  HandAtYield hand([] {
+  UserAtYield user([] {
     frmPubMain.sbtCancel.Click();
     frmPubMain.webGIF.Busy = false;
   });
@@ -396,7 +395,7 @@ TEST_F(ScanDriver, CancelDuringTheWaitFindsNothing) {
 
 TEST_F(ScanDriver, ClosingLineFollowsThePageThatIsOpenAtTheEnd) {
   Tick({kAddsNothing, kAddsOne});
-  HandAtStatus hand([] {
+  UserAtStatus user([] {
     if (!frmPubMain.lblProgS.Caption.Get().starts_with(u"Scanning")) return;
     frmPubMain.picPrivacy.BorderStyle = 0;
     frmPubMain.picRegistry.BorderStyle = 1;
@@ -409,7 +408,7 @@ TEST_F(ScanDriver, ClosingLineFollowsThePageThatIsOpenAtTheEnd) {
 
 TEST_F(ScanDriver, APageOpenedDuringTheLoopIsReadByRowNumber) {
   OpenListPage(frmPubMain.picSystem, {kAddsNothing, u"no such function", u"no such function either"});
-  HandAtStatus hand([] {
+  UserAtStatus user([] {
     if (frmPubMain.lblProgS.Caption.Get().starts_with(u"Scanning")) {
       OpenListPage(frmPubMain.picRegistry, {u"weosh", u"ieafh"});
     }
@@ -435,11 +434,11 @@ TEST_F(ScanDriver, EachScanStartsFromAClearedListAndATickedCheckAll) {
   EXPECT_EQ(frmPubMain.lsvResult.SortKey, 1);
 }
 
-TEST_F(ScanDriver, ServicesReleasedInTheMidstOfAScanFindNothingMore) {
+TEST_F(ScanDriver, AScanFindsNothingMoreOnceTheServicesAreReleased) {
   Tick({kAddsNothing, u"werh", kAddsOne});
   Seed(platform::Hive::CurrentUser, u"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\RunMRU", u"a",
        u"x");
-  HandAtStatus hand([] { pubRegistry = {}; });
+  UserAtStatus user([] { pubRegistry = {}; });
   frmPubMain.sbtScan.Click();
   EXPECT_EQ(ResultCount(), 1);
 }

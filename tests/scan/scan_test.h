@@ -19,7 +19,7 @@ class ScanTest : public ProgramTest {
     ScanFunction(function);
     return ResultRows();
   }
-  // A file of so many kilobytes.
+  // A file of this size.
   void AddFile(TextView path, int kilobytes = 1) {
     machine.files.AddFile(path, {.size = static_cast<uint64_t>(kilobytes) * 1024});
   }

@@ -8,7 +8,7 @@
 
 namespace tavix::mdlPubSelf {
 
-// What the scan shows in the status line, and how often the user interface runs, while this lives.
+// Records the texts of the status line and counts the yields to the user interface.
 struct ScanWatch : platform::EventQueue {
   ScanWatch() {
     platform::eventQueue = this;

@@ -20,7 +20,7 @@ TEST_F(SystemPage, HasThirteenFunctionsInTheOrderOfThePage) {
                 u"Tray Notifications Cache", u"Windows Size and Location Caches", u"Old Prefetch data"}));
 }
 
-TEST_F(SystemPage, OnAMachineThatTellsNothingOnlyTheStandingRowsAreThere) {
+TEST_F(SystemPage, OnAMachineWithoutAnswersOnlyTheStandingRowsAreFound) {
   const struct {
     TextView function;
     size_t rows;

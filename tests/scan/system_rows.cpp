@@ -16,7 +16,7 @@ RowFields BinRow(TextView name, TextView size, TextView sizeKey) {
   return {u"Recycle Bins", Text(name), Text(size), u"Each Recycle Bin", Text(sizeKey), u"RE", true};
 }
 
-TEST_F(SystemRows, TheRecycleBinIsOneRowFromWhatTheSystemTells) {
+TEST_F(SystemRows, TheRecycleBinIsOneRowWithTheSystemsCountAndSize) {
   const struct {
     TextView info, name, size, sizeKey;
   } table[] = {
@@ -29,13 +29,13 @@ TEST_F(SystemRows, TheRecycleBinIsOneRowFromWhatTheSystemTells) {
       {u"5|2147483647", u"Recycle Bins (5 Items)", u"2,097,152.", u"02097152.0"},
       {u"5|2147483648", u"Recycle Bins (5 Items)", u"", u""},
       {u"5|99999999999999", u"Recycle Bins (5 Items)", u"", u""},
-      // No number.
+      // No number: shown as too large.
       {u"9|over", u"Recycle Bins (9 Items)", u"Over 2,097,152", u"99999999.9"},
       {u"9|", u"Recycle Bins (9 Items)", u"Over 2,097,152", u"99999999.9"},
-      // Numbers as the user writes them, halves to the even one.
+      // Numbers in the user's format. A result halfway is rounded to the even digit.
       {u"2|2,048", u"Recycle Bins (2 Items)", u"2.", u"00000002.0"},
       {u"2|-1024", u"Recycle Bins (2 Items)", u"-1.", u"-00000001.0"},
-      // Further fields count for nothing, and a missing one for no size.
+      // Further fields are ignored. Without the second field there is no size.
       {u"3|1024|x", u"Recycle Bins (3 Items)", u"1.", u"00000001.0"},
       {u"3", u"Recycle Bins (3 Items)", u"", u""},
       {u"|1024", u"Recycle Bins ( Items)", u"1.", u"00000001.0"},
@@ -58,7 +58,7 @@ TEST_F(SystemRows, WithoutAnswerTheRowOfTheBinHasTypeLocationAndActionOnly) {
   EXPECT_EQ(Scan(u"Empty Recycle Bin"), (std::vector{BinRow(u"", u"", u"")}));
 }
 
-TEST_F(SystemRows, ADumpThatCantBeLookedForHasARowThatSaysNothingOfIt) {
+TEST_F(SystemRows, ADumpThatCantBeLookedForHasARowWithoutNameAndSize) {
   SetWindows();
   machine.files.faults.Fail(u"FileExists", u"C:\\WINDOWS\\memory.dmp");
   EXPECT_EQ(Scan(u"Memory Dumps"), (std::vector{RowFields{u"Memory Dumps", u"", u"", u"System Drive", u"",
@@ -85,7 +85,7 @@ TEST_F(SystemRows, ADeletedFileIsCountedInTheBin) {
             (std::vector{BinRow(u"Recycle Bins (1 Items)", u"3.", u"00000003.0")}));
 }
 
-TEST_F(SystemRows, ABinOverThirtyTwoBitsIsToldInWords) {
+TEST_F(SystemRows, ABinSizeOverThirtyTwoBitsIsShownInWords) {
   const struct {
     uint64_t size;
     RowFields row;
@@ -196,7 +196,7 @@ TEST_F(SystemRows, EveryLogThatWasOpenedIsClosed) {
   EXPECT_EQ(machine.eventLogs.OpenLogs(), 0U);
 }
 
-TEST_F(SystemRows, WithoutEventLogsTheRowsStandWithNone) {
+TEST_F(SystemRows, WithoutEventLogsTheRowsShowNoEvents) {
   platform::eventLogs = platform::noEventLogs;
   EXPECT_EQ(Scan(u"Windows System Logs"),
             (std::vector{LogRow(u"System", u"0"), LogRow(u"Application", u"0"), LogRow(u"Security", u"0")}));

@@ -44,7 +44,7 @@ TEST_F(SystemWalks, TemporaryFilesAreTheUsersThenTheSystems) {
 TEST_F(SystemWalks, ATemporaryFolderThatIsMissingAddsNoRow) {
   SetUserTemp(u"C:\\Nowhere");
   EXPECT_TRUE(Scan(u"Temporary Files").empty());
-  // One that isn't known takes nothing from the other.
+  // An unknown folder doesn't hide the files of the other.
   SetUserTemp(u"C:\\T");
   AddFile(u"C:\\T\\a");
   EXPECT_EQ(Scan(u"Temporary Files"), (std::vector{FileRow(u"User Temporary File", u"C:\\T", u"a")}));
@@ -64,7 +64,7 @@ TEST_F(SystemWalks, FileFragmentsAreTheFilesThatFitInFoundFolders) {
                 FileRow(u"CHKDSK File Fragment", u"C:\\FOUND.000", u"Chklist.mscan"),
                 FileRow(u"CHKDSK File Fragment", u"C:\\FOUND.000", u"FILE0000.CHK"),
                 FileRow(u"CHKDSK File Fragment", u"C:\\FOUND.000", u"file0001._dd"),
-                // A question mark before the point may stand for none.
+                // A question mark before the dot matches one character or none.
                 FileRow(u"CHKDSK File Fragment", u"C:\\FOUND.000", u"file001._dd"),
                 FileRow(u"CHKDSK File Fragment", u"C:\\FOUND.000\\dir0000.chk", u"a.chk"),
             }));
@@ -162,7 +162,7 @@ TEST_F(SystemWalks, InvalidShortcutsOfFivePlacesInTheirOrder) {
     paths.push_back(Concat(walked, u"\\dead.lnk"));
     paths.push_back(Concat(walked, u"\\Programs\\Dead too.LNK"));
   }
-  // The folder of the application data itself is not walked.
+  // The application data folder itself is not walked, only folders below it.
   AddShortcut(u"C:\\Ann\\AppData\\dead.lnk", u"C:\\gone.exe");
   const auto rows = Scan(u"Invalid Shortcuts in User Folders");
   std::vector<Text> found;
@@ -176,7 +176,7 @@ TEST_F(SystemWalks, InvalidShortcutsOfFivePlacesInTheirOrder) {
 TEST_F(SystemWalks, AShortcutFolderThatIsNotKnownIsPassedOver) {
   SetSpecialFolder(u"10", u"C:\\Ann\\Desktop");
   AddShortcut(u"C:\\Ann\\Desktop\\dead.lnk", u"C:\\gone.exe");
-  // Nor is what would stand under an empty path.
+  // The path below an unknown folder must not be taken from the root.
   AddShortcut(u"C:\\Microsoft\\Internet Explorer\\Quick Launch\\dead.lnk", u"C:\\gone.exe");
   EXPECT_EQ(Paths(Scan(u"Invalid Shortcuts in User Folders")),
             (std::vector<Text>{u"C:\\Ann\\Desktop\\dead.lnk"}));
@@ -235,7 +235,7 @@ TEST_F(SystemWalks, FoldersOfWindowsThatAreMissingAddNoRowAndNoStatus) {
 constexpr platform::DateTime kHour = 3600LL * 1000;
 constexpr platform::DateTime kDay = 24 * kHour;
 
-// Prefetch data last accessed so many days ago, at the same time of day, with names that tell how many.
+// Prefetch files are named after the days since their last access, which was at the same time of day.
 class Prefetch : public SystemWalks {
  protected:
   Prefetch() {

@@ -97,8 +97,8 @@ TEST_F(Walkers, SeveralPatternsGiveEachFileOnce) {
             (std::vector<Text>{u"C:\\T\\a.chk", u"C:\\T\\chklist.ms", u"C:\\T\\FILE01._DD"}));
 }
 
-TEST_F(Walkers, AFileOfExactlySoManyDaysPassesTheAgeTest) {
-  // It is noon of day 1000.
+TEST_F(Walkers, AFileOfExactlyTheAgeLimitPassesTheAgeTest) {
+  // The scan runs at noon of day 1000.
   const struct {
     TextView name;
     platform::DateTime accessed;
@@ -163,7 +163,7 @@ TEST_F(Walkers, OnlyShortcutsKnownToLeadNowhereAreRows) {
   EXPECT_EQ(Paths(ResultRows()), (std::vector<Text>{u"C:\\T\\dead.LNK"}));
 }
 
-// The system would take them for the file or folder that bears the rest of the name.
+// Windows drops the blank or dot from the path, and would open another file or folder.
 TEST_F(Walkers, NamesThatEndInABlankOrADotAreNoRowsAndNotEntered) {
   AddDead(u"C:\\T\\folder\\a.lnk");
   AddDead(u"C:\\T\\x.lnk");
@@ -195,7 +195,7 @@ TEST_F(Walkers, TheRootOfADriveHasItsBackslashInTheLocation) {
   EXPECT_EQ(machine.files.FileExists(u"C:\\root.lnk"), false);
 }
 
-TEST_F(Walkers, ABackslashAtTheEndOfTheFolderIsNoneInTheLocation) {
+TEST_F(Walkers, ABackslashAtTheEndOfTheFolderIsLeftOutOfTheLocation) {
   AddDead(u"C:\\T\\a.lnk");
   for (const Walker& walker : kWalkers) {
     ClearResults();
@@ -206,7 +206,7 @@ TEST_F(Walkers, ABackslashAtTheEndOfTheFolderIsNoneInTheLocation) {
   }
 }
 
-TEST_F(Walkers, TheFileListHasTheRootOfADriveWithABackslashAndNoSeparatorAtTheEndOtherwise) {
+TEST_F(Walkers, InFileListsOnlyADriveRootEndsWithABackslash) {
   AddDead(u"C:\\root.lnk");
   AddDead(u"C:\\T\\a.lnk");
   const struct {
@@ -270,7 +270,7 @@ TEST_F(Walkers, AChainOfFiveThousandFoldersIsWalkedToItsEnd) {
   }
 }
 
-TEST_F(Walkers, LongNamesAndPathsStandWholeInTheRow) {
+TEST_F(Walkers, LongNamesAndPathsAreWholeInTheRow) {
   const Text name(251, u'n');
   Text path = u"C:\\T";
   while (path.size() < 3200) path += Concat(u"\\", Text(255, u'd'));

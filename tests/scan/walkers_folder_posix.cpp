@@ -1,4 +1,4 @@
-// The walkers over a machine in a folder of the host: what only such a disk can have.
+// The walkers over a machine in a folder of the host: cases that only a real disk has.
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/fsuid.h>
@@ -47,7 +47,7 @@ class FolderWalkers : public testing::Test {
     ClearResults();
     return paths;
   }
-  // Both ways of listing.
+  // The rows of a walk, which are the same for both ways of listing files.
   static std::vector<std::string> Walk() {
     WalkFolderFiles(u"C:\\T", u"t");
     std::vector<std::string> rows = Rows();
@@ -61,7 +61,7 @@ class FolderWalkers : public testing::Test {
   std::unique_ptr<machine::MachineHost> host;
 };
 
-// Runs something as a user who has no right but everybody's.
+// Runs `action` as a user with only the rights that everyone has.
 template <class Action>
 void AsNobody(const Action& action) {
   constexpr uid_t kNobody = 65534;
@@ -70,7 +70,7 @@ void AsNobody(const Action& action) {
   if (geteuid() == 0) setfsuid(0);
 }
 
-TEST_F(FolderWalkers, NamesOfEveryKindStandInTheRowsAsTheDiskHasThem) {
+TEST_F(FolderWalkers, NamesOfEveryKindAreShownAsTheDiskHasThem) {
   for (const char* name :
        {"b", "A", "c.d.e", "\xD0\x96", "\xE4\xB8\x96/\xF0\x9F\x98\x80", "with blank", ".hidden"})
     Write(name);
@@ -143,7 +143,7 @@ TEST_F(FolderWalkers, AFolderOfAHundredThousandFilesIsListedInOrder) {
   platform::fileSystem->DeleteFolder(u"C:\\T", true);
 }
 
-TEST_F(FolderWalkers, LongNamesAndPathsStandWholeInTheRow) {
+TEST_F(FolderWalkers, LongNamesAndPathsAreWholeInTheRow) {
   const std::string name(255, 'n');
   int folder = open(Host("").c_str(), O_RDONLY | O_DIRECTORY);
   std::string path = "C:\\T";
@@ -160,7 +160,7 @@ TEST_F(FolderWalkers, LongNamesAndPathsStandWholeInTheRow) {
   platform::fileSystem->DeleteFolder(u"C:\\T", true);
 }
 
-// The file list's own files are looked at and no others.
+// The file list reads the sizes of matching files only.
 TEST_F(FolderWalkers, APatternGivesTheSizesOfTheFilesThatFit) {
   Write("a.log", std::string(2048, 'x'));
   Write("b.txt", "x");

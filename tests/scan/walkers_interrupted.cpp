@@ -5,7 +5,7 @@
 namespace tavix::mdlPubSelf {
 namespace {
 
-// Walks that are cancelled, or meet what fails or changes meanwhile.
+// Walks that are cancelled, that meet failures, or whose folders change during the walk.
 
 TEST_F(Walkers, CancelAmongTheRowsOfAFolderLetsThemAllInAndNoDeeperFolder) {
   struct CancelAtRow : ControlPeer {
@@ -20,7 +20,7 @@ TEST_F(Walkers, CancelAmongTheRowsOfAFolderLetsThemAllInAndNoDeeperFolder) {
     YieldCount yields;
     EXPECT_EQ(Walk(walker, u"C:\\T").size(), 10U) << walker.name;
     frmPubMain.lsvResult.peer = nullptr;
-    EXPECT_EQ(yields.count, 2) << walker.name << ": the folders that were entered end as ever";
+    EXPECT_EQ(yields.count, 2) << walker.name << ": folders already entered are completed";
     EXPECT_EQ(Status(), Scanning(u"C:\\T\\a"));
   }
   CancelRequested = true;
@@ -67,11 +67,11 @@ TEST_F(Walkers, TheAgeTestReadsTheFileBeforeWhereOneCannotBeOpened) {
     machine.files.AddFile(path, {.accessed = accessed});
     if (!opens) machine.files.faults.Fail(u"Look", path);
   };
-  add(u"a.pf", 1000 * kDay, false);  // no object yet: the test is passed over
+  add(u"a.pf", 1000 * kDay, false);  // no file opened yet: listed untested
   add(u"b.pf", 1000 * kDay, true);
-  add(u"c.pf", 900 * kDay, false);  // judged by b
+  add(u"c.pf", 900 * kDay, false);  // tested with the time of b
   add(u"d.pf", 900 * kDay, true);
-  add(u"e.pf", 1000 * kDay, false);  // judged by d
+  add(u"e.pf", 1000 * kDay, false);  // tested with the time of d
   WalkFolderByPatternAge(u"C:\\T", u"t", u"*.pf", 7);
   EXPECT_EQ(Paths(ResultRows()), (std::vector<Text>{u"C:\\T\\a.pf", u"C:\\T\\d.pf", u"C:\\T\\e.pf"}));
 }
@@ -99,11 +99,11 @@ TEST_F(Walkers, AFolderThatCannotBeReadAddsNothingAndTheWalkGoesOn) {
     YieldCount yields;
     EXPECT_EQ(Walk(walker, u"C:\\T"), (std::vector<Text>{u"C:\\T\\a\\1.lnk", u"C:\\T\\c\\4.lnk"}))
         << walker.name;
-    EXPECT_EQ(yields.count, 4) << walker.name << ": the unreadable folder is one as well";
+    EXPECT_EQ(yields.count, 4) << walker.name << ": the unreadable folder counts as well";
   }
 }
 
-// The file list needs no object of the folder, the collections do.
+// A folder collection has to open its folder; a file list does not.
 TEST_F(Walkers, AFolderWhoseObjectCannotBeHadHasNoSubFolders) {
   AddDead(u"C:\\T\\a.lnk");
   AddDead(u"C:\\T\\sub\\b.lnk");

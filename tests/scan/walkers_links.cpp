@@ -31,7 +31,7 @@ TEST_F(Walkers, ALinkToAFolderThatTheWalkIsInIsPassedOver) {
   }
 }
 
-// After a link the walk is in the folders above its target, and still in those of its own path.
+// A walk that entered a link is in two chains of folders: those above the target and those of its own path.
 TEST_F(Walkers, AfterALinkTheWalkIsInTheFoldersOfBothPaths) {
   AddFile(u"D:\\far\\deep\\f.tmp");
   machine.files.AddLink(u"C:\\T\\link", u"D:\\far\\deep");
@@ -53,7 +53,7 @@ TEST_F(Walkers, AFolderIsEnteredThroughOneLinkOnly) {
   EXPECT_EQ(Paths(ResultRows()), once);
   ClearResults();
   WalkFolderFiles(u"C:\\T", u"t");
-  EXPECT_EQ(Paths(ResultRows()), once) << "each walk begins anew";
+  EXPECT_EQ(Paths(ResultRows()), once) << "each walk starts without entered folders";
 }
 
 TEST_F(Walkers, LinksThatLeadBackDoNotMultiply) {

@@ -11,7 +11,7 @@ namespace tavix::mdlPubSelf {
 
 constexpr platform::DateTime kDay = platform::DateTime{24} * 60 * 60 * 1000;
 
-// The five walkers with the same kind of call. Dead shortcuts are files that all five list.
+// The five walkers with one signature. All five list dead shortcuts.
 struct Walker {
   const char* name;
   void (*walk)(TextView folder);

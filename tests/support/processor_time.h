@@ -4,8 +4,8 @@
 
 namespace tavix {
 
-// The processor time that this process has used so far. Unlike the time of day it doesn't pass while other
-// processes have the machine, so a test may hold it against a limit.
+// The processor time that this process has used so far. It doesn't advance while other processes run, so a
+// test may check it against a limit.
 std::chrono::duration<double> ProcessorTime();
 
 }  // namespace tavix

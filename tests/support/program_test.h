@@ -23,30 +23,30 @@ void PrintTo(const RowFields& row, std::ostream* out);
 // The rows of lsvResult in list order.
 std::vector<RowFields> ResultRows();
 
-// For readable messages of failing tests.
+// The text in UTF-8, for the messages of failing tests.
 std::string Narrow(TextView text);
 
 // The program over a machine in memory, started as the window and the console start it, without a window.
 class ProgramTest : public testing::Test {
  protected:
-  // Form_Load with everything wired.
+  // Wires everything and calls Form_Load.
   void Start();
-  // From Form_Load to Form_Unload.
+  // True from Form_Load to Form_Unload.
   static bool IsStarted();
-  // One string value, made with its key.
+  // Writes a string value. Creates its key.
   void Seed(platform::Hive hive, TextView key, TextView name, TextView data);
 
-  // What the system says of itself. Until it is set, each of these fails.
+  // The answers of the system. A question without an answer set fails.
   void SetWindows(TextView folder = u"C:\\WINDOWS");
   void SetUserTemp(TextView folder);
   void SetSystemTemp(TextView folder);
   void SetSystemFolder(TextView folder = u"C:\\WINDOWS\\system32");
   void SetProgramFiles(TextView folder = u"C:\\Program Files");
-  // Those of Internet Explorer.
+  // The folders of Internet Explorer.
   void SetCache(TextView folder);
   void SetCookies(TextView folder);
   void SetHistory(TextView folder);
-  // One that scripts ask for by its name or position.
+  // A folder that scripts ask for by name or position.
   void SetSpecialFolder(TextView name, TextView folder);
   // A drive as a line of [Drives] in machine.ini describes it; "2" is a hard disk.
   void SetDrive(TextView letter, TextView description = u"2");

@@ -9,7 +9,7 @@ def plain(quoted):
 
 
 def read(raw):
-    """{key: {value name: data as it is written}} of one file. Keys are in capitals; those above them are there too."""
+    """{key: {value name: data as written}} of one file. Keys are in capitals. Their parent keys are included."""
     wide = raw[:2] in (b"\xff\xfe", b"\xfe\xff")
     text = (raw.decode("utf-16") if wide else raw.decode("utf-8-sig")).replace("\r\n", "\n")
     keys, values = {}, None

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Runs the C++ tests in a private Wine prefix: run_under_wine.py TAVIX-TESTS.EXE [ARGUMENT]...
 
-The prefix, build/wine/tests, is made anew each time. Program and sources are copied into its folder C:\\Tests, and so
+The prefix, build/wine/tests, is replaced each time. Program and sources are copied into its folder C:\\Tests, and so
 is `shared` beside the sources. The report is copied into the current folder as tavix-tests.xml.
 
 If this machine has a second volume, the tests get an empty folder on it, so that they can move files from volume to

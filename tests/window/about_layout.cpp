@@ -12,7 +12,7 @@ bool Apart(const Bounds& one, const Bounds& other) {
          other.Bottom() <= one.top;
 }
 
-TEST(AboutLayout, ItsControlsLieInsideItAndApart) {
+TEST(AboutLayout, ItsControlsAreInsideItAndDoNotOverlap) {
   LayOutAboutForm([](TextView text) { return 90 * static_cast<int>(text.size()); });
   const AboutForm& form = frmPubAbout;
   const Control* const controls[] = {&form.picLogo,   &form.lblProduct, &form.lblCopyright,

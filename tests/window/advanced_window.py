@@ -19,7 +19,7 @@ class Advanced(SeededMachine):
 
     def setUp(self):
         super().setUp()
-        # Only this folder is scanned: what a fresh system holds may change.
+        # Only this folder is scanned: other files of a fresh prefix depend on Wine's version.
         self.folder = self.machine.drive_c / "Archive"
         self.folder.mkdir()
         (self.folder / "Empty").mkdir()

@@ -8,7 +8,7 @@
 namespace tavix {
 namespace {
 
-// The pictures of all icons, in the order in which they are put to rest.
+// The pictures of all icons, in the order in which the program switches them off.
 std::vector<Text> Pictures() {
   MainForm& f = frmPubMain;
   std::vector<Text> pictures;
@@ -50,7 +50,7 @@ TEST_F(Icons, EachLightsUnderTheMouse) {
   EXPECT_EQ(f.picPrivacy.Picture.Get(), u"PRIVACY_STTC");
 }
 
-TEST_F(Icons, ThePageInUseKeepsItsPictureAndCountsAsLitAllTheSame) {
+TEST_F(Icons, ThePageInUseKeepsItsPictureAndStillCountsAsLit) {
   frmPubMain.picPrivacy.MouseMove(0);
   EXPECT_EQ(frmPubMain.picPrivacy.Picture.Get(), u"PRIVACY_STTC");
   EXPECT_TRUE(frmPubMain.IconsLit);
@@ -125,7 +125,7 @@ class EmbeddedPage : public ProgramTest {
   }
 };
 
-TEST_F(EmbeddedPage, LiesBesideTheProgramAndIsHiddenAtStart) {
+TEST_F(EmbeddedPage, IsBesideTheProgramAndHiddenAtStart) {
   EXPECT_EQ(frmPubMain.webGIF.Address.Get(), u"C:\\Program Files\\Tavix\\res\\scan.htm");
   EXPECT_FALSE(frmPubMain.webGIF.Visible);
   EXPECT_EQ(frmPubMain.mhtm.Scroll.Get(), u"");

@@ -42,7 +42,7 @@ class Cleaning(SeededMachine):
         self.untick_file_functions(self.program)
 
     def registry(self):
-        """The user's software, without what Wine keeps there for itself while programs run."""
+        """The user's software keys, without Wine's own, which change while programs run."""
         return registry_text.without_key(self.machine.registry(SOFTWARE), SOFTWARE + "\\Wine")
 
     def check_registry(self, keep=()):
@@ -88,7 +88,7 @@ class Cleaning(SeededMachine):
         self.check_calls()
         self.check_registry()
         # The rows for whole stores are always found.
-        self.assertEqual([row[0] for row in self.rows(self.program.scan())], STANDING["before"] + STANDING["behind"])
+        self.assertEqual([row[0] for row in self.rows(self.program.scan())], STANDING["before"] + STANDING["after"])
 
     def test_nothing_happens_without_rows(self):
         before = self.program.read()
@@ -159,8 +159,8 @@ class StartAndStop(DataTree):
 
     def test_a_second_copy_ends_at_once_and_touches_nothing(self):
         program = self.start()
-        # What a start would change: scratch files go, missing files come back, settings without types become
-        # the defaults, and files are hidden.
+        # Prepare everything that a start changes: it deletes scratch files, makes missing files, replaces settings
+        # without types by the defaults, and hides files.
         left = self.data / "DupeFiles" / "scanned" / "A" / "left.txt"
         left.write_text("of the first copy", encoding="ascii")
         (self.data / "userjunk.dll").unlink()
@@ -172,14 +172,14 @@ class StartAndStop(DataTree):
         self.assertEqual([str(name) for name in before | after if before.get(name) != after.get(name)], [])
         self.assertTrue(program.is_running())
         self.close(program)
-        # The scratch folders are emptied at the end.
+        # The program empties the scratch folders when it ends.
         self.assertFalse(left.exists())
         self.assertTrue(left.parent.is_dir())
         self.assertEqual(self.settings_file.read_bytes(), b"[Cleaning Method]\r\nMethod=S\r\n")
         # The first copy has ended, so this one starts.
         self.close(self.start())
 
-    def test_settings_are_kept_as_they_stand(self):
+    def test_settings_are_kept_unchanged(self):
         self.close(self.start())
         kept = self.settings_file.read_bytes().replace(b"Method=D", b"Method=S") + b"Unknown=kept\r\n"
         self.settings_file.write_bytes(kept)

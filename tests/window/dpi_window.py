@@ -46,7 +46,7 @@ class Resolution(SeededMachine):
             self.assertLessEqual(room[1], place[3] - place[1], control["text"])
         status = shown.control(STATUS)
         self.assertLessEqual(status["room"][1], status["rect"][3] - status["rect"][1])
-        # The box stands in front of the words.
+        # The box is left of the words.
         box = shown.control(CHECK_ALL)
         self.assertLessEqual(box["room"][0] + box["room"][1], box["rect"][2] - box["rect"][0])
 

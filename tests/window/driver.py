@@ -1,5 +1,4 @@
-"""Drives tavix.exe under Wine on a display of its own: real keys and clicks, and what the window shows read
-through window messages.
+"""Drives tavix.exe under Wine on a separate display. Presses real keys and clicks, and reads the window by messages.
 
 TAVIX_BUILD names the build folder with the programs. Prefixes, displays and screenshots are made below
 <build>/window.
@@ -27,7 +26,7 @@ READER = BUILD / "tavix-list-reader.exe"
 WINE = wine_prefix.WINE
 # The folder of drive C: for the programs that a test runs beside the window.
 TESTS = "Tests"
-# Nothing is expected within a time. This only ends a test whose program never gets there, however busy the machine is.
+# In seconds. No test expects anything within a time: this only ends a test whose program hangs.
 PATIENCE = 600
 
 MINI, CLOSE, HELP, COMMEND, VERSION = ids("Mini", "Close", "TitleHelp", "TitleCommend", "Version")
@@ -68,7 +67,7 @@ def environment(prefix, display):
 
 
 def stand_in():
-    """A rundll32.exe that only notes its calls. Wine's own lacks what the program asks of it, and opens a crash
+    """A rundll32.exe that only notes its calls. Wine's own can't run what the program asks for, and opens a crash
     dialog."""
     program = WORK / "rundll32.exe"
     if not program.exists():
@@ -131,19 +130,19 @@ class Machine:
         wine_prefix.remove(self.prefix)
 
     def tool(self, program):
-        """The path on drive C: of a program of this machine. The first call copies it there."""
+        """The path on drive C: of a host program. The first call copies it there."""
         if program not in self._tools:
             self._tools[program] = wine_prefix.copy_program_in(self.prefix, program, TESTS)
         return self._tools[program]
 
     def run(self, *command, allowed=(0,)):
-        """Runs a Windows program to its end. Returns what it printed, or None if it ended with another allowed exit
-        status than 0. A program of this machine is copied into the prefix first."""
+        """Runs a Windows program to its end. Returns its output if its exit status is 0, or None if the status is
+        another allowed one. A program of this machine is copied into the prefix first."""
         program, *arguments = command
         if isinstance(program, pathlib.Path):
             program = wine_prefix.windows_path(self.prefix, program) or self.tool(program)
         command = (program, *arguments)
-        # Into files, not pipes: services of Wine that start meanwhile keep open what they inherit.
+        # Use files, not pipes: Wine services that start during the call inherit a pipe and keep it open.
         with tempfile.TemporaryFile() as output, tempfile.TemporaryFile() as errors:
             status = subprocess.run([WINE, *command], env=self.environment, stdin=subprocess.DEVNULL, stdout=output,
                                     stderr=errors, check=False, timeout=PATIENCE).returncode
@@ -229,9 +228,8 @@ class Program:
         self.move((rectangle[0] + rectangle[2]) // 2, (rectangle[1] + rectangle[3]) // 2)
 
     def drag(self, start, by):
-        """Drags the window by a point of it, to where it then is seen: `by`, or one more, from where it was. A press
-        alone drags nothing. A move begins the drag, one over the threshold from which a tree takes it for one, and
-        the window follows the moves after that."""
+        """Drags the window by a point of it, and waits until it has moved by `by`, or by one pixel more. The first move
+        after the press begins the drag; over a tree it must exceed a threshold. The window follows the later moves."""
         before = self.read().rect
         near, far = ((start[0] + away, start[1] + away) for away in (8, 9))
         nudges = itertools.cycle((near, far))
@@ -248,8 +246,8 @@ class Program:
         self._release()
         return self.wait_until("the end of the drag", lambda s: not s.moving)
 
-    def drag_in_vain(self, start, by):
-        """Does what a drag does with a point by which the window can't be dragged."""
+    def drag_without_effect(self, start, by):
+        """Presses, moves and releases as drag() does, at a point that doesn't move the window."""
         self._press(start)
         self._move_in_steps(start, by)
         self._release()
@@ -266,8 +264,8 @@ class Program:
         self._tool("xdotool", "mouseup", "1")
 
     def settle(self):
-        """Waits until all keys and clicks so far have been handled. Input is handled in its order, so it is when the
-        focus has gone on and come back."""
+        """Waits until all keys and clicks so far have been handled. Input is handled in order: once a Tab has moved the
+        focus on and another has moved it back, everything before has been handled."""
         before = self.read().focus()
         self.key("Tab")
         self.wait_until("the focus to go on", lambda s: s.focus() != before)
@@ -282,7 +280,7 @@ class Program:
         return self.wait_until("the menu", lambda s: s.menu)
 
     def pixels(self, rectangle):
-        """What a rectangle of the screen shows, as the bytes of a picture."""
+        """The pixels of a rectangle of the screen, as bytes."""
         left, top, right, bottom = rectangle
         shot = subprocess.run(["import", "-window", "root", "-crop", f"{right - left}x{bottom - top}+{left}+{top}",
                                "+repage", "-depth", "8", "rgb:-"], env=self.machine.environment, check=True,
@@ -300,7 +298,7 @@ class Program:
         return Shown.of(self.machine.run(READER))
 
     def wait_until(self, what, condition):
-        """The window's content as soon as `condition` of it is true."""
+        """Waits until `condition` of the window's content is true, and returns the content."""
 
         def look():
             shown = self.read()
@@ -309,8 +307,8 @@ class Program:
         return wait_for(what, look)
 
     def scan(self, has_begun=lambda shown: True):
-        """Presses F3 and waits for the closing line. Where a scan has closed before, `has_begun` tells what this one
-        shows from the former."""
+        """Presses F3 and waits for the closing line. After an earlier scan, `has_begun` must tell the content of this
+        one from that of the earlier one."""
         self.key("F3")
         return self.wait_until("the end of the scan", lambda s: s.text(STATUS).startswith(("Finished", "Canceled"))
                                and s.control(SCAN)["visible"] and not s.text(SUM).endswith("cleaned.") and has_begun(s))

@@ -11,7 +11,7 @@ SAID = "In the place of its own data Tavix has found something that others may h
 
 
 def state(folder):
-    """Everything in a folder, so that nothing can be written and no attribute set without a difference."""
+    """The state of everything in a folder. Any write and any change of an attribute makes a difference."""
 
     def facts(path):
         found = path.lstat()
@@ -62,7 +62,7 @@ class ForeignData(update_program.UpdateTest):
         self.refuse(self.data.parent)
 
     def test_ok_never_renames_what_a_link_leads_to(self):
-        """Wine opens that where the link is asked for, so the link can't get another name there and the program ends."""
+        """Asked for the link itself, Wine opens its target. So the link can't be renamed and the program ends."""
         self.data.parent.mkdir()
         self.data.symlink_to("../Victim")
         before = state(self.victim)

@@ -24,7 +24,7 @@ class Help : public ProgramTest {
     machine.journal.Clear();
   }
 
-  // The one target that was run, maximized, since the last call; empty if there was none.
+  // The target that was run since the last call, or empty. Checks that there was one at most, run maximized.
   Text Target() {
     const auto entries = machine.journal.Entries();
     machine.journal.Clear();
@@ -157,7 +157,7 @@ TEST_F(About, TheMenuShowsTheWindow) {
   EXPECT_EQ(shown, 1);
 }
 
-TEST_F(About, TheProductStandsThereWithItsVersion) {
+TEST_F(About, ShowsTheProductWithItsVersion) {
   EXPECT_EQ(frmPubAbout.lblProduct.Caption, Concat(u"Tavix v", kProductVersion));
   EXPECT_EQ(frmPubMain.lblVer.Caption, Text(u"v2.19.630"));
 }

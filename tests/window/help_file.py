@@ -1,4 +1,4 @@
-"""The help file as it is built from its topics. Run by CTest, or: python3 -m unittest help_file"""
+"""The help file, built from its topics. Run by CTest, or: python3 -m unittest help_file"""
 import os
 import pathlib
 import re
@@ -43,11 +43,11 @@ class HelpFile(unittest.TestCase):
         return self.content("/" + name).decode("ascii")
 
     def entries(self, name):
-        """The entries of contents or index: how deep they lie, name and file."""
+        """The entries of contents or index: depth, name and file."""
         found = re.findall(r'(?m)^( *)<li>.*name="Name" value="(.*?)">.* value="(.*?)"></object>$', self.text(name))
         return [(len(indent) // 2, title, file) for indent, title, file in found]
 
-    def test_every_topic_is_in_it_as_it_is_but_for_its_lists(self):
+    def test_every_topic_is_in_it_unchanged_except_its_lists(self):
         self.assertGreater(len(self.topics), 60)
         for name, source in self.topics.items():
             parts = re.split("<!-- topics of .* -->\n", source)
@@ -55,7 +55,7 @@ class HelpFile(unittest.TestCase):
             self.assertRegex(self.text(name), re.compile(rf"\A{pattern}\Z"), name)
         self.assertEqual(self.content("/help.css"), (SOURCES / "help.css").read_bytes())
 
-    def test_every_topic_stands_in_the_contents_once_and_in_the_index_by_its_title(self):
+    def test_every_topic_is_in_the_contents_once_and_in_the_index_by_its_title(self):
         contents, index = self.entries("contents.hhc"), self.entries("index.hhk")
         self.assertEqual(sorted(file for _, _, file in contents), sorted(self.topics))
         for _, title, file in contents:
@@ -63,7 +63,7 @@ class HelpFile(unittest.TestCase):
             self.assertIn(f"<h1>{title}</h1>\n", self.topics[file])
             self.assertIn((0, title, file), index)
 
-    def test_the_contents_have_the_topics_of_a_page_below_it_in_the_order_of_its_links(self):
+    def test_the_contents_list_a_page_s_topics_below_it_in_the_order_of_its_links(self):
         below = {}
         for depth, _, file in self.entries("contents.hhc"):
             if depth == 0:
@@ -107,8 +107,8 @@ class HelpFile(unittest.TestCase):
         self.assertEqual([text(o) for o in (0x60, 0x64, 0x68, 0x6C)],
                          ["contents.hhc", "index.hhk", "welcome.htm", "welcome.htm"])
 
-    def test_equal_sources_give_equal_files_whenever_they_are_built(self):
-        # The compiler notes the second.
+    def test_equal_sources_give_equal_files_at_any_time(self):
+        # The compiler writes the time in seconds: wait for the next second.
         while time.time() < self.built + 1:
             time.sleep(0.05)
         self.assertEqual(build(self.folder / "again.chm"), self.bytes)
@@ -136,7 +136,7 @@ class Sources(unittest.TestCase):
         self.assertIn('<ul>\n<li><a href="new.htm">New</a></li>\n<li><a href="old.htm">Old</a></li>\n</ul>\n',
                       after["page.htm"])
 
-    def test_a_topic_without_a_place_or_of_no_page_is_refused(self):
+    def test_a_topic_without_a_place_or_a_page_is_refused(self):
         self.add("page", "Page", "10")
         self.add("lost", "Lost", "elsewhere 10")
         with self.assertRaisesRegex(ValueError, "elsewhere.htm"):

@@ -38,7 +38,7 @@ const std::map<std::string, std::string>& Sources() {
   return sources;
 }
 
-// The text of the pattern's group in each match.
+// Finds all matches and returns the text of the first group of each.
 std::vector<std::string> All(const std::string& text, const char* pattern) {
   const std::regex expression(pattern);
   std::vector<std::string> found;
@@ -47,7 +47,7 @@ std::vector<std::string> All(const std::string& text, const char* pattern) {
   return found;
 }
 
-// In small letters; whatever is no letter or digit becomes one underscore.
+// In small letters, with one underscore for each run of other characters than letters and digits.
 std::string FileNameOf(TextView caption) {
   std::string name;
   for (const char c : Narrow(caption)) {
@@ -101,7 +101,7 @@ TEST(HelpTopics, EveryFunctionHasItsOwnReachedFromItsPage) {
   }
 }
 
-TEST(HelpTopics, OnAPageTheyStandInTheOrderOfTheFunctions) {
+TEST(HelpTopics, OnAPageAreInTheOrderOfTheFunctions) {
   std::map<std::string, int> last;
   for (const Topic& topic : FunctionTopics()) {
     SCOPED_TRACE(topic.file);
@@ -113,14 +113,14 @@ TEST(HelpTopics, OnAPageTheyStandInTheOrderOfTheFunctions) {
   }
 }
 
-TEST(HelpTopics, TheKeysOfTheWindowAreTold) {
+TEST(HelpTopics, ExplainTheKeysOfTheWindow) {
   const std::string& keys = Sources().at("keys.htm");
   for (const char* key :
        {"F1", "F3", "F5", "Esc", "P, S, R, A", "O", "1", "Ctrl+X", "Ctrl+O", "Ctrl+P", "Ctrl+I", "Alt+F4"})
     EXPECT_NE(keys.find(std::string("<th>") + key + "</th>"), std::string::npos) << key;
 }
 
-TEST(HelpTopics, TheTextIsAsciiAsItSays) {
+TEST(HelpTopics, HaveTheAsciiEncodingTheyDeclare) {
   for (const auto& [file, text] : Sources()) {
     SCOPED_TRACE(Case(file));
     EXPECT_TRUE(std::ranges::none_of(text, [](char c) { return static_cast<unsigned char>(c) > 126; }))

@@ -16,7 +16,7 @@ namespace {
 using mdlPubSelf::Form_KeyDown;
 using Calls = std::vector<std::string>;
 
-// Every event that a key can raise notes its name.
+// Records the name of each event that a key raises.
 class FormKeyDown : public testing::Test {
  protected:
   void SetUp() override {

@@ -183,7 +183,7 @@ class Ticking(JunkCase):
 
 
 class WithoutTypes(OptionsCase):
-    """A folder stands where the file of the built-in types should be: they can't be read or written."""
+    """A folder is in the place of the file of built-in types, so they can't be read or written."""
 
     def before(self):
         (self.data / "defjunk.dll" / "in the way").mkdir(parents=True)

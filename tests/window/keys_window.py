@@ -17,7 +17,7 @@ WHOLE_PAGES = {
 
 class KeysCase(RealWindow):
     def current(self):
-        """The page pictures that bear the mark of the current page."""
+        """The page pictures with the mark of the current page."""
         shown = self.program.read()
 
         def marked(page):

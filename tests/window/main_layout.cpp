@@ -108,21 +108,21 @@ class LayOut : public testing::TestWithParam<bool> {
 INSTANTIATE_TEST_SUITE_P(BothSizes, LayOut, testing::Bool(),
                          [](const auto& size) { return size.param ? "Big" : "Small"; });
 
-TEST_P(LayOut, WindowHasItsSizeAndStandsInTheMiddle) {
+TEST_P(LayOut, WindowHasItsSizeAndIsCentered) {
   EXPECT_EQ(frmPubMain.Width, Big() ? 14895 : 11529);
   EXPECT_EQ(frmPubMain.Height, Big() ? 11175 : 8650);
   EXPECT_EQ(frmPubMain.Left, (1024 * 15 - frmPubMain.Width) / 2);
   EXPECT_EQ(frmPubMain.Top, Big() ? 100 : (768 * 15 - 8650) / 2 - 200);
 }
 
-TEST_P(LayOut, TitleButtonsStandWhereTheTitlePictureShowsThem) {
+TEST_P(LayOut, TitleButtonsAreWhereTheTitlePictureShowsThem) {
   EXPECT_EQ(frmPubMain.picMini.Left, Big() ? 14250 : 10905);
   EXPECT_EQ(frmPubMain.picMini.Top, 30);
   EXPECT_EQ(frmPubMain.picClose.Left, Big() ? 14550 : 11205);
   EXPECT_EQ(frmPubMain.picClose.Top, 30);
 }
 
-TEST_P(LayOut, PageIconsStandInAColumn) {
+TEST_P(LayOut, PageIconsFormAColumn) {
   const auto pages = frmPubMain.PagePictures();
   EXPECT_EQ(pages[0], &frmPubMain.picPrivacy);
   for (size_t i = 0; i < pages.size(); ++i) {
@@ -132,7 +132,7 @@ TEST_P(LayOut, PageIconsStandInAColumn) {
   }
 }
 
-TEST_P(LayOut, FunctionListsStandRightOfTheIcons) {
+TEST_P(LayOut, FunctionListsAreRightOfTheIcons) {
   const MainForm& f = frmPubMain;
   EXPECT_EQ(f.trvPrivacy.Left, f.picPrivacy.Left + f.picPrivacy.Width + 90);
   EXPECT_EQ(f.trvPrivacy.Top, f.picPrivacy.Top);
@@ -167,7 +167,7 @@ TEST_P(LayOut, ProgressBarStartsEmptyInItsFrame) {
   EXPECT_EQ(f.lblProgMI.Height, f.lblProgMO.Height);
 }
 
-TEST_P(LayOut, BusyPageStandsBesideTheScanButton) {
+TEST_P(LayOut, BusyPageIsBesideTheScanButton) {
   const MainForm& f = frmPubMain;
   EXPECT_EQ(f.webGIF.Width, 700);
   EXPECT_EQ(f.webGIF.Height, 700);
@@ -175,7 +175,7 @@ TEST_P(LayOut, BusyPageStandsBesideTheScanButton) {
   EXPECT_EQ(f.webGIF.Top, f.sbtScan.Top - 50);
 }
 
-TEST_P(LayOut, EveryControlLiesInTheWindow) {
+TEST_P(LayOut, EveryControlIsInsideTheWindow) {
   for (const auto& [name, control] : PlacedControls()) {
     EXPECT_GT(control->Width, 0) << name;
     EXPECT_GT(control->Height, 0) << name;
@@ -205,7 +205,7 @@ TEST_P(LayOut, NothingOverlapsThatShouldNot) {
   }
 }
 
-TEST(LayOutOnAnotherScreen, StandsInTheMiddleOfIt) {
+TEST(LayOutOnAnotherScreen, IsCentered) {
   platform::screen = {1920, 1080};
   LayOutMainForm();
   EXPECT_EQ(frmPubMain.Left, (1920 * 15 - 11529) / 2);

@@ -38,7 +38,7 @@ class Icons(MouseCase):
             lit = driver.wait_for(f"control {control} lit", lambda: (p := self.picture(control)) != at_rest and p)
             if control == SYSTEM:
                 self.program.screenshot("lit")
-            # The menu of the list shows that the mouse has got there.
+            # The menu of the list shows that the mouse has arrived there.
             self.program.click(self.shown.control(RESULT)["rect"], button=3)
             self.program.wait_for_menu()
             self.program.key("Escape")
@@ -56,11 +56,11 @@ class Icons(MouseCase):
         driver.wait_for("the picture at rest", lambda: self.picture(SYSTEM) == at_rest)
 
     def test_the_page_in_use_keeps_its_picture(self):
-        self.program.settle()  # the focus is marked from now on
+        self.program.settle()  # the first key makes Windows mark the focus
         before = self.picture(PRIVACY)
         self.program.move_onto(self.shown.control(PRIVACY)["rect"])
         self.program.settle()
-        # Off the icon, so that no tool tip covers it, and onto what leaves a lit picture lit.
+        # Leave the icon, so that no tool tip covers it. The result list leaves lit pictures lit.
         self.program.move_onto(self.shown.control(RESULT)["rect"])
         driver.wait_for("the same picture", lambda: self.picture(PRIVACY) == before)
 
@@ -69,7 +69,7 @@ class Icons(MouseCase):
         self.program.click(self.shown.control(SYSTEM)["rect"])
         self.program.wait_until("the page", lambda s: s.control(FUNCTIONS)["visible"])
         self.leave()
-        # All but the mark of the current page along the edge is as it was.
+        # Only the edge differs: it has the mark of the current page.
         left, top, right, bottom = self.shown.control(SYSTEM)["rect"]
         inside = (left + 5, top + 5, right - 5, bottom - 5)
         now = self.program.pixels(inside)
@@ -123,7 +123,7 @@ class Drags(MouseCase):
 
     def test_not_by_the_result_list(self):
         shown = self.program.read()
-        self.program.drag_in_vain(self.inside(shown.control(RESULT)["rect"]), self.BY)
+        self.program.drag_without_effect(self.inside(shown.control(RESULT)["rect"]), self.BY)
         self.assertEqual(self.program.settle().rect, shown.rect)
 
 

@@ -105,7 +105,7 @@ class OptionsCase(SeededMachine):
     # Windows.
 
     def window(self, name=OPTIONS_WINDOW):
-        """What a window shows, None where it isn't on the screen."""
+        """What a window shows, or None if it isn't on the screen."""
         output = self.machine.run(READER, name, allowed=(0, 1))
         return None if output is None else Dialog(output)
 
@@ -149,7 +149,7 @@ class OptionsCase(SeededMachine):
         subprocess.run(["xdotool", "type", "--delay", "20", text], env=self.machine.environment, check=True)
 
     def enter(self, number, text, name=OPTIONS_WINDOW):
-        """Replaces the text of a box, as a hand does: the box marks its text when it is entered."""
+        """Replaces the text of a box as a user does: the box selects its text when it gets the focus."""
         self.press(number, name)
         self.wait_for_window("the focus", lambda w: w.focus() == number, name)
         self.key("Home", "shift+End")
@@ -162,7 +162,7 @@ class OptionsCase(SeededMachine):
     # Message boxes and input boxes.
 
     def box(self):
-        """The texts of the box in front, None where there is none."""
+        """The texts of the box in front, or None if there is none."""
         window = self.window(BOX)
         return None if window is None else [line["text"] for line in window.controls.values()]
 
@@ -187,7 +187,7 @@ class OptionsCase(SeededMachine):
         self.assertEqual(self.answer(key), text)
 
     def expect_no_message(self):
-        """Moves the focus on and back. A box would have opened before, and would get these keys."""
+        """Checks that no box opened: it would get the keys that move the focus on and back here."""
         before = self.window().focus()
         self.key("Tab")
         self.wait_for_window("the focus to go on", lambda w: w.focus() not in (before, None))

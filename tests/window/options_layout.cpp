@@ -14,7 +14,7 @@
 namespace tavix {
 namespace {
 
-// The width of a letter in twips: narrow, as the system's own font has it at 96 DPI, and wide.
+// The parameter is the width of a letter in twips: that of the system's font at 96 DPI, or a wide one.
 class OptionsLayout : public ProgramTest, public testing::WithParamInterface<int> {
  protected:
   void SetUp() override {
@@ -111,7 +111,7 @@ TEST_P(OptionsLayout, TheFramesHaveOneLeftEdgeRightOfTheTree) {
 }
 
 TEST_P(OptionsLayout, TheWindowFitsTheSmallestScreen) {
-  constexpr int kFrame = 600;  // of the system, with the title
+  constexpr int kFrame = 600;  // window frame and title bar
   EXPECT_LE(frmPubOptions.Width + 240, 800 * 15);
   EXPECT_LE(frmPubOptions.Height + kFrame, 600 * 15);
   EXPECT_EQ(BoundsOf(frmPubOptions.sbtClose).Right() + 210, frmPubOptions.Width);

@@ -4,7 +4,7 @@ import unittest
 
 from options_case import DESCRIPTION, JUNK, JUNK_ADD, PAGE_TREE, REMARK, TITLE, TYPE_WINDOW, OptionsCase
 
-BOLD = 1.25  # bold words are at most this much wider
+BOLD = 1.25  # bold words are at most this many times as wide
 TITLES = {TITLE, 330, 331, 360, 361, 362}
 MARKED = {332, 333, 334, 335, 338, 339, 350, 351, 352, 363, 364, 365}
 LABELS = {337, 366, 367, 368, 369, 370, 371, 401, 402}

@@ -93,7 +93,7 @@ class OneClickTree(OptionsCase):
         self.open()
         self.key("Tab", "Home", "Left", "Down", "Left", "Down", "Left")
         for _ in range(3):
-            # A heading starts without a tick, whatever stands below it.
+            # A heading starts without a tick, whatever is ticked below it.
             self.key("space", "space", "Up")
         shown = self.wait_for_window("no ticks", lambda w: not any(n["checked"] for n in w.nodes(ONE_CLICK_TREE)))
         self.assertEqual(len(shown.nodes(ONE_CLICK_TREE)), 50)
@@ -123,7 +123,7 @@ class Numbers(OptionsCase):
             self.wait_for_window("the next control", lambda w, n=number: w.focus() not in (n, None))
             self.expect_no_message()
 
-    def test_whatever_takes_the_focus_has_no_other_effect(self):
+    def test_a_click_or_key_that_leaves_a_refused_number_has_no_other_effect(self):
         before = (self.machine.drive_c / "MORVDataPath/TVX/tvx.dll").read_bytes()
         shown = self.open(OTHERS)
         self.enter(FILE_DAYS, "7")
@@ -283,7 +283,7 @@ class Folders(OptionsCase):
 
 class Saving(OptionsCase):
     def change_all(self):
-        """Turns something on each page but that of junk types."""
+        """Changes something on each page except that of junk types."""
         self.open(DUPLICATES)
         self.press(EQUAL_SIZE)
         self.turn_to(METHOD)

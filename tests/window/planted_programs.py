@@ -1,5 +1,4 @@
-"""Programs and libraries with the names of the system's own, beside the program and in the current folder: none of
-them is run."""
+"""Programs and libraries named like the system's own lie beside the program and in the current folder. None is run."""
 import shutil
 import subprocess
 import unittest
@@ -34,7 +33,7 @@ class Planted(update_program.UpdateTest):
                 shutil.copy(program, folder / name)
             for name in LIBRARIES:
                 shutil.copy(library, folder / name)
-        # Without these settings, Wine would use its own libraries wherever others are.
+        # Without these settings, Wine uses its own libraries and ignores the planted ones.
         cls.machine.seed("".join(
             f"[HKEY_CURRENT_USER\\Software\\Wine\\AppDefaults\\{program}\\DllOverrides]\n"
             + "".join(f'"{library[:-4]}"="native,builtin"\n' for library in LIBRARIES)
@@ -54,26 +53,32 @@ class Planted(update_program.UpdateTest):
         self.addCleanup(self.end, process)
         return process
 
+    def wait_for_every_program(self):
+        """Waits until no program runs in the prefix. A program that was started late has then left its note, too."""
+        subprocess.run(["wineserver", "-w"], env=self.machine.environment, check=True, timeout=driver.PATIENCE)
+
     def notes(self):
         return self.note.read_text() if self.note.exists() else ""
 
-    def test_what_is_planted_notes_that_it_ran(self):
+    def test_a_planted_program_and_library_leave_their_notes(self):
         for library in LIBRARIES:
             self.note.unlink(missing_ok=True)
             process = self.start_among_them(self.current / "HH.exe", library)
             process.wait(timeout=driver.PATIENCE)
             self.assertEqual(self.notes(), f"C:\\Current\\HH.exe\nC:\\Current\\{library}\n")
 
-    def test_neither_start_nor_update_check_nor_help_takes_one(self):
+    def test_start_update_check_and_help_run_none(self):
         site = self.serve(latestver=b"2.18.601")
         process = self.start_among_them(self.beside / "tavix-older.exe")
         self.wait_for_the_window_alone(process)
         self.assertEqual(site.requests, ["/latestver.txt"])
         self.key("F1")
-        calls = wait_for("the system's viewer", self.machine.rundll32_calls)
+        wait_for("the system's viewer", self.machine.rundll32_calls)
+        self.close_window(process)
+        self.wait_for_every_program()
+        calls = self.machine.rundll32_calls()
         self.assertEqual(len(calls), 1)
         self.assertTrue(calls[0].endswith("\\Help.chm"), calls)
-        self.close_window(process)
         self.assertEqual(self.notes(), "")
 
     def test_a_clean_runs_the_system_s_own_command(self):
@@ -81,8 +86,9 @@ class Planted(update_program.UpdateTest):
         self.machine.note_rundll32_calls()
         process = self.start_among_them(self.beside / "tavix-console.exe", "--live", "--function", "ieafh", "--clean")
         self.assertEqual(process.wait(timeout=driver.PATIENCE), 0)
-        calls = wait_for("the command", self.machine.rundll32_calls)
-        self.assertEqual(calls, ["InetCpl.cpl,ClearMyTracksByProcess 16"])
+        wait_for("the command", self.machine.rundll32_calls)
+        self.wait_for_every_program()
+        self.assertEqual(self.machine.rundll32_calls(), ["InetCpl.cpl,ClearMyTracksByProcess 16"])
         self.assertEqual(self.notes(), "")
 
 

@@ -94,7 +94,7 @@ class OfTheTests(Private):
         self.assertGreater(len(offered), 1)
         self.assertEqual([name for name in offered if name.endswith(key)], [])
 
-    def test_folders_that_a_clean_took_come_again_as_folders_and_not_as_links_into_the_home(self):
+    def test_folders_that_a_clean_removed_come_back_as_folders_and_not_as_links_into_the_home(self):
         prefix, home = self.prefix(), self.folder()
         user = next(entry for entry in (prefix / "drive_c" / "users").iterdir() if entry.name != "Public")
         for name in ("Desktop", "Documents", "Downloads", "Music", "Pictures", "Videos"):
@@ -104,11 +104,11 @@ class OfTheTests(Private):
                        env={**os.environ, "WINEPREFIX": str(prefix), "HOME": str(home)})
         self.assert_has_no_way_out(prefix)
 
-    def test_an_older_prefix_is_made_anew(self):
+    def test_an_older_prefix_is_replaced(self):
         prefix = self.prefix()
         self.assertTrue(wine_prefix.is_current(prefix))
         (prefix / "dosdevices" / "z:").symlink_to("/")
-        (prefix / "ready").write_text("", encoding="utf-8")  # as older ones have it
+        (prefix / "ready").write_text("", encoding="utf-8")  # as in older prefixes
         self.assertFalse(wine_prefix.is_current(prefix))
         wine_prefix.make(prefix)
         self.assertTrue(wine_prefix.is_current(prefix))

@@ -1,4 +1,5 @@
-"""The main window as a user meets it. Run by CTest, or: TAVIX_BUILD=build/windows python3 -m unittest real_window"""
+"""The main window, used with keys and mouse. Run by CTest, or:
+TAVIX_BUILD=build/windows python3 -m unittest real_window"""
 import json
 import shutil
 import unittest

@@ -16,9 +16,9 @@ RUN_HISTORY = [("a", "notepad\\1"), ("b", "regedit\\1"), ("MRUList", "ba")]
 SEARCHES = [("000", "*.doc"), ("001", "Straße")]
 STANDING = {
     "before": ["Auto-fill Form History", "Auto-fill Password History"],
-    "behind": ["User Ran Applications History", "Open/Save History", "Other Explorer MRUs"],
+    "after": ["User Ran Applications History", "Open/Save History", "Other Explorer MRUs"],
 }
-# Functions that look at files: what they find differs from machine to machine.
+# Functions that search files. What they find depends on the prefix.
 FILE_FUNCTIONS = ("Temporary Internet Files", "Cookies", "History", "Temporary Internet Files Detail", "Cookies Detail",
                   "Index.dat Files", "Recently Used Documents")
 
@@ -52,7 +52,7 @@ def expected_rows():
             + [row(name, name) for name in STANDING["before"]]
             + [row("Run History (in Start menu)", data) for _, data in RUN_HISTORY]
             + [row("Search History", data) for _, data in SEARCHES]
-            + [row(name, name) for name in STANDING["behind"]])
+            + [row(name, name) for name in STANDING["after"]])
 
 
 class SeededMachine(unittest.TestCase):
@@ -78,7 +78,7 @@ class SeededMachine(unittest.TestCase):
         return [row["texts"] for row in shown.rows]
 
     def untick_file_functions(self, program):
-        """Unticks every function that looks at files."""
+        """Unticks every function that searches files."""
         shown = program.read()
         for name in FILE_FUNCTIONS:
             program.click(shown.node(name)["rect"], x=-8)

@@ -2,7 +2,7 @@
 #include "forms/main_form.h"
 #include "scan/registry_test.h"
 
-// What the help says of safety and no other test checks.
+// Statements of the help about safety that no other test checks.
 namespace tavix::mdlPubSelf {
 namespace {
 

@@ -33,7 +33,7 @@ class UpdateCheck : public ProgramTest {
     Serve(u"/update.txt", std::move(notes));
   }
 
-  // What reached the network, the user and the shell, in order.
+  // The calls to network, message boxes and shell, in order.
   std::vector<std::string> Calls() {
     std::vector<std::string> calls;
     for (const auto& entry : machine.journal.Entries()) calls.push_back(entry.Json());
@@ -94,7 +94,7 @@ TEST_F(UpdateCheck, WithoutANetworkTheStartIsSilentAfterOneFetch) {
   EXPECT_TRUE(frmPubMain.Loaded);
 }
 
-TEST_F(UpdateCheck, WithNoNetworkBehindTheInterfaceTheStartIsSilent) {
+TEST_F(UpdateCheck, WithoutANetworkServiceTheStartIsSilent) {
   platform::network = platform::noNetwork;
   Start();
   EXPECT_EQ(Calls(), Strings{});
@@ -141,7 +141,7 @@ TEST_F(UpdateCheck, ByHandAgainAsksForTheVersionFirstAgain) {
   EXPECT_EQ(Calls(), (Strings{fetchVersion, fetchNotes, question}));
 }
 
-TEST_F(UpdateCheck, WithoutNotesTheMessageStandsAlone) {
+TEST_F(UpdateCheck, WithoutNotesTheBoxShowsOnlyTheMessage) {
   Serve(u"/latestver.txt", "9.0.1");
   machine.dialogs.answers = {platform::kCancel};
   Start();
@@ -246,7 +246,7 @@ TEST_F(UpdateCheck, TheCheckIsTheLastStepOfTheStart) {
     std::function<void()> changed;
     void ModelChanged() override { changed(); }
   } watch;
-  // The first fetch's address is set last.
+  // The check sets the address that it fetches. By then the rest of the start must be done.
   watch.changed = [&] {
     ready = frmPubMain.webGIF.Address != u"" && frmPubMain.trvPrivacy.NodeCount() > 0 && frmPubMain.Width > 0;
   };

@@ -24,7 +24,7 @@ def box_reader():
 
 
 class Site:
-    """A web site on this machine. An answer is bytes, or a routine that gets the connection; what isn't there is 404."""
+    """A web site on this machine. An answer is bytes, or a routine that gets the connection. Other paths give 404."""
 
     def __init__(self, answers):
         self.answers = answers
@@ -93,7 +93,7 @@ class UpdateTest(unittest.TestCase):
             process.wait()
 
     def box(self):
-        """The texts of the message box, its title first, with their places."""
+        """{text: rectangle} of the message box. Its title comes first."""
         return wait_for("a message box", self.try_box)
 
     def try_box(self, window_class="#32770"):
@@ -209,7 +209,7 @@ class AtStart(UpdateTest):
         site = self.serve(latestver=drip)
         begin = time.monotonic()
         process = self.start()
-        # The site goes on as long as the test does.
+        # The site sends until the test ends.
         self.wait_for_the_window_alone(process)
         self.assertGreater(time.monotonic() - begin, 5.9)
         self.assertEqual(site.requests, ["/latestver.txt"])
@@ -260,7 +260,7 @@ class AtStart(UpdateTest):
 
 
 class ByHand(UpdateTest):
-    def test_the_menu_asks_and_tells_that_there_is_none(self):
+    def test_the_menu_asks_and_says_that_there_is_none(self):
         site = self.serve(latestver=b"2.18.601")
         process = self.start()
         shown = self.wait_for_the_window_alone(process)

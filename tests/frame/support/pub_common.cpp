@@ -238,7 +238,7 @@ TEST_F(PubCommon, DriveIsAskedOnceAndOnlyForAMissingTarget) {
   host.files.AddFile(u"C:\\there.exe");
   host.facts.Set(u"Drives", u"C", u"2");
   host.facts.Set(u"Drives", u"N", u"3");
-  // Calls on the disk that a fault of them would show.
+  // Whether the drive is asked. If it is, the planted failure of that call counts.
   const auto ready = [this](TextView target) {
     AddShortcut(target);
     host.files.faults.Fail(u"IsDriveReady");
@@ -260,8 +260,8 @@ TEST_F(PubCommon, DriveIsAskedOnceAndOnlyForAMissingTarget) {
     common.IsShortcutValid(u"C:\\Links\\a.lnk", valid);
     return host.files.faults.Calls() - before;
   };
-  EXPECT_EQ(calls(u"C:\\there.exe"), 2) << "the shortcut is read and its target looked at";
-  EXPECT_EQ(calls(u"N:\\gone.exe"), 1) << "nothing of a network drive is looked at";
+  EXPECT_EQ(calls(u"C:\\there.exe"), 2) << "read the shortcut, look at the target";
+  EXPECT_EQ(calls(u"N:\\gone.exe"), 1) << "no call reaches a network drive";
   EXPECT_EQ(calls(u"C:\\gone.exe"), 5) << "and the drive is asked";
   EXPECT_EQ(calls(u"C:\\gone.exe"), 4);
 }
@@ -273,7 +273,7 @@ TEST_F(PubCommon, TargetThatCantBeLookedAtIsValid) {
   EXPECT_TRUE(IsValid());
 }
 
-TEST_F(PubCommon, TellsTheSystemsTemporaryFolder) {
+TEST_F(PubCommon, ReturnsTheSystemsTemporaryFolder) {
   Text path = u"before";
   common.GetSystemTempFolder(path);
   EXPECT_EQ(path, u"before");

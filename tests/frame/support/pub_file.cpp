@@ -14,13 +14,13 @@ class PubFile : public ProgramTest {
   clsPubFile file{&machine.files};
 };
 
-TEST_F(PubFile, AppendMakesTheFileAndPutsALineEndBehindEachText) {
+TEST_F(PubFile, AppendCreatesTheFileAndEndsEachTextWithALineEnd) {
   file.AppendLine(kFile, u"one");
   file.AppendLine(kFile, u"zw\u00F6lf");
   EXPECT_EQ(Read(), "one\r\nzw\u00F6lf\r\n");
 }
 
-TEST_F(PubFile, AppendGoesRightBehindALineWithoutAnEnd) {
+TEST_F(PubFile, AppendContinuesALineWithoutAnEnd) {
   Write("a");
   file.AppendLine(kFile, u"b");
   EXPECT_EQ(Read(), "ab\r\n");

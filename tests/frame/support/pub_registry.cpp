@@ -71,7 +71,7 @@ TEST_F(PubRegistry, KeyThatMayNotBeReadFoldsToTheEmptyText) {
   EXPECT_EQ(Values(), u"");
 }
 
-TEST_F(PubRegistry, TellsWhetherAKeyCanBeRead) {
+TEST_F(PubRegistry, ReportsWhetherAKeyCanBeRead) {
   EXPECT_TRUE(registry.IsReadable(kUser, kKey)) << "missing";
   Write(u"one", u"1");
   EXPECT_TRUE(registry.IsReadable(kUser, kKey));
@@ -157,7 +157,7 @@ TEST_F(PubRegistry, ReadsAValueOrTheFallback) {
   }
 }
 
-TEST_F(PubRegistry, WritesAStringAndTellsTheStatus) {
+TEST_F(PubRegistry, WritesAStringAndReturnsTheStatus) {
   int status = -1;
   registry.WriteValue(1, kUser, kKey, u"name", u"data", status);
   EXPECT_EQ(status, 0);
@@ -174,7 +174,7 @@ TEST_F(PubRegistry, WritesNoOtherType) {
   EXPECT_EQ(machine.KeyExists(kUser, kKey), false);
 }
 
-TEST_F(PubRegistry, DeletesAValueAndTellsTheStatus) {
+TEST_F(PubRegistry, DeletesAValueAndReturnsTheStatus) {
   Write(u"name", u"data");
   int status = -1;
   registry.DeleteValue(kUser, kKey, u"name", status);

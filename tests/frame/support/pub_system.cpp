@@ -36,7 +36,7 @@ TEST_F(PubSystem, WritingMakesFileSectionAndKeyAndKeepsAllElse) {
   EXPECT_EQ(Read(), "; note\r\n[Other]\r\nx=1\r\n[S]\r\nunknown=2\r\nk=2\r\n");
 }
 
-TEST_F(PubSystem, AFileThatStandsThereAndCannotBeReadIsNotWrittenOver) {
+TEST_F(PubSystem, AnUnreadableFileIsNotWrittenOver) {
   Write("[S]\r\nk=1\r\n");
   machine.files.faults.Fail(u"ReadFile", kFile);
   system.WriteProfileString(kFile, u"S", u"k", u"2");

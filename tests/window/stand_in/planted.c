@@ -1,5 +1,5 @@
-/* What somebody has put where the program could take it for the system's own: a program, or with PLANTED_LIBRARY a
-   library. It notes where it was run from, a line each time. The program loads the library that its argument names. */
+/* A program named like one of the system's, or with PLANTED_LIBRARY a library. Each run adds a line to planted.txt: the
+   path that it was run from. The program loads the library that its argument names. */
 #include <windows.h>
 
 static void Note(HMODULE module) {

@@ -1,4 +1,4 @@
-/* Stands in for the system's rundll32.exe: notes what it was called with, a line a call. */
+/* Replaces the system's rundll32.exe. Each call adds a line to rundll32-calls.txt: its arguments. */
 #include <windows.h>
 
 int WINAPI wWinMain(HINSTANCE instance, HINSTANCE previous, PWSTR arguments, int show) {

@@ -28,8 +28,8 @@ using namespace tavix;
 using namespace tavix::win32;
 
 constexpr size_t kTextRoom = 4096;
-constexpr int kMostRows = 1000;
-// Whether an ampersand in a caption marks a letter.
+constexpr int kMaxRows = 1000;
+// Whether ampersands in captions mark access keys.
 bool lettersAreMarked = false;
 
 // Memory in the other process for the structure and the text of one message.
@@ -113,7 +113,7 @@ std::string Rectangle(HWND origin, RECT area) {
          "," + std::to_string(area.bottom) + "]";
 }
 
-// Of the thread that a window belongs to: its focus, and whether it is moving a window or showing a menu.
+// The state of the thread that owns a window: its focus, and whether it moves a window or shows a menu.
 GUITHREADINFO ThreadState(HWND window) {
   GUITHREADINFO info{};
   info.cbSize = sizeof info;
@@ -159,7 +159,7 @@ void PrintColumns(const RemoteRoom& room, HWND list) {
 void PrintRows(const RemoteRoom& room, HWND list, const char* kind, int columns) {
   const auto rows = static_cast<int>(SendMessageW(list, LVM_GETITEMCOUNT, 0, 0));
   std::printf("{\"%ss\":%d}\n", kind, rows);
-  for (int row = 0; row < std::min(rows, kMostRows); ++row) {
+  for (int row = 0; row < std::min(rows, kMaxRows); ++row) {
     std::string texts;
     for (int column = 0; column < columns; ++column) {
       LVITEMW item{};
@@ -195,14 +195,14 @@ void PrintNodes(const RemoteRoom& room, HWND tree, HTREEITEM first, int level) {
     item.cchTextMax = kTextRoom;
     room.Send(tree, TVM_GETITEMW, 0, item);
     const Text text = room.ReadText();
-    // The message takes the node where it returns the rectangle.
+    // The message reads the node from the memory to which it writes the rectangle.
     union {
       HTREEITEM node;
       RECT area;
     } place{};
     place.node = node;
     const bool seen = room.Send(tree, TVM_GETITEMRECT, TRUE, place) != FALSE;
-    // A box with a mark, and one that is half ticked.
+    // State images: a ticked box and a half-ticked one.
     const UINT box = item.state & TVIS_STATEIMAGEMASK;
     std::printf(
         "{\"node\":%s,\"tree\":%d,\"level\":%d,\"checked\":%s,\"half\":%s,\"expanded\":%s,\"rect\":%s}\n",

@@ -25,7 +25,7 @@ TEST_F(MainWindowTest, AYieldShowsWhatHasChanged) {
   EXPECT_EQ(TextOf(kIdSum), L"Sum: 3");
 }
 
-TEST_F(MainWindowTest, StandsWhereTheLayoutPutsIt) {
+TEST_F(MainWindowTest, IsWhereTheLayoutPutsIt) {
   RECT area;
   GetWindowRect(mainWindow, &area);
   EXPECT_NEAR(static_cast<int>(area.left), frmPubMain.Left / 15, 1);
@@ -141,7 +141,7 @@ TEST_F(MainWindowTest, ARowOfTheFunctionListIsClickedOnce) {
   Click(list, area.left + 8, y);
   EXPECT_EQ(checked, std::vector<int>{1});
   EXPECT_TRUE(model.Selected(1));
-  EXPECT_EQ(clicked, (std::vector<int>{1, 1, 1})) << "a click on the box is one on the row";
+  EXPECT_EQ(clicked, (std::vector<int>{1, 1, 1})) << "a click on the box also clicks the row";
   area = {};
   area.left = LVIR_BOUNDS;
   Send(list, LVM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&area));
@@ -159,7 +159,7 @@ TEST_F(MainWindowTest, TheTimerTicksWhileItHasAnInterval) {
   frmPubMain.timLoader.Tick = [&] { ++ticks; };
   frmPubMain.timLoader.Interval = 20;
   Flush();
-  // As long as it takes on a busy machine.
+  // A busy machine may take long.
   for (const ULONGLONG start = GetTickCount64(); ticks < 2 && GetTickCount64() - start < 600'000;) {
     Sleep(10);
     platform::Yield();
@@ -191,7 +191,7 @@ struct Job {
   }
 };
 
-TEST_F(MainWindowTest, ClosingInTheMidstOfAJobEndsBoth) {
+TEST_F(MainWindowTest, ClosingDuringAJobEndsBoth) {
   Job job;
   frmPubMain.sbtScan.Click = [&] { job.Run(); };
   SetTimer(mainWindow, 99, 50, [](HWND owner, UINT, UINT_PTR id, DWORD) {
@@ -210,7 +210,7 @@ TEST_F(MainWindowTest, ClosingInTheMidstOfAJobEndsBoth) {
   EXPECT_EQ(frmPubMain.peer, nullptr);
 }
 
-TEST_F(MainWindowTest, ClosingByAControlLeavesItsHandlerAWayBack) {
+TEST_F(MainWindowTest, AHandlerMayCloseTheWindowAndGoOn) {
   bool back = false;
   frmPubMain.sbtScan.Click = [&] {
     frmPubMain.Unload();
@@ -222,7 +222,7 @@ TEST_F(MainWindowTest, ClosingByAControlLeavesItsHandlerAWayBack) {
   EXPECT_TRUE(back);
 }
 
-TEST_F(MainWindowTest, CancelIsPressedInTheMidstOfAJob) {
+TEST_F(MainWindowTest, CancelCanBePressedDuringAJob) {
   Job job;
   frmPubMain.sbtScan.Click = [&] { job.Run(); };
   frmPubMain.KeyDown = [](int key, int) {

@@ -21,7 +21,7 @@ class TextRoom : public testing::TestWithParam<bool> {
     frmPubMain.BigInterface = false;
     mdlPubSelf::ClearSettings();
   }
-  // The pixels that a text takes below each other in the status line.
+  // The height in pixels of a text that wraps at the width of the status line.
   long HeightInStatusLine(TextView text) const {
     RECT area{0, 0, context.Pixels(frmPubMain.lblProgS.Width), 0};
     const windows::ScreenContext screen(GetDC(nullptr));

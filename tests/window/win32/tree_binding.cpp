@@ -33,7 +33,7 @@ class TreeBindingTest : public WindowTest {
     return (State(item) & TVIS_STATEIMAGEMASK) == INDEXTOSTATEIMAGEMASK(2);
   }
   bool Open(HTREEITEM item) const { return (State(item) & TVIS_EXPANDED) != 0; }
-  // Left end of the label; the box stands left of it.
+  // The left end of the label. The box is left of it.
   POINT LabelOf(HTREEITEM item) const {
     union {
       HTREEITEM item;
@@ -78,7 +78,7 @@ TEST_F(TreeBindingTest, ShowsNodesWithTheirTicks) {
 TEST_F(TreeBindingTest, RowsThatAllFitHaveNoScrollBarAlthoughTextsAreCut) {
   const auto scrolls = [this] { return (GetWindowLongPtrW(tree, GWL_STYLE) & WS_VSCROLL) != 0; };
   Model().AddNode(root, u"long", Text(500, u'x'));
-  // As many as the tree has room for, at the least distance.
+  // As many nodes as fit without scrolling, at the smallest row height.
   RECT area;
   GetClientRect(tree, &area);
   const int text = TextHeightOfTree();
@@ -116,7 +116,7 @@ TEST_F(TreeBindingTest, AnArrowKeyIsAClickOnTheNodeThatItBringsTheFocusTo) {
   EXPECT_TRUE(checks.empty());
 }
 
-// A click there would expand or collapse a node that the key only passes.
+// In this tree a click expands or collapses a node. A key that only passes it must not.
 TEST_F(TreeBindingTest, AnArrowKeyInATreeThatFoldsOnlyMovesTheFocus) {
   TreeView& scope = frmPubMain.trvRes;
   Model().Visible = false;
@@ -154,18 +154,18 @@ TEST_F(TreeBindingTest, SpaceTurnsTheTickAndEnterClicks) {
 TEST_F(TreeBindingTest, OpeningAndClosingReachesTheModel) {
   Send(tree, TVM_EXPAND, TVE_COLLAPSE, reinterpret_cast<LPARAM>(RootItem()));
   // A change by the program raises no event; one by the user does.
-  NMTREEVIEWW told{};
-  told.hdr = {tree, kIdPrivacyTree, static_cast<UINT>(TVN_ITEMEXPANDEDW)};
-  told.action = TVE_COLLAPSE;
-  told.itemNew.hItem = RootItem();
-  Send(mainWindow, WM_NOTIFY, kIdPrivacyTree, reinterpret_cast<LPARAM>(&told));
+  NMTREEVIEWW notice{};
+  notice.hdr = {tree, kIdPrivacyTree, static_cast<UINT>(TVN_ITEMEXPANDEDW)};
+  notice.action = TVE_COLLAPSE;
+  notice.itemNew.hItem = RootItem();
+  Send(mainWindow, WM_NOTIFY, kIdPrivacyTree, reinterpret_cast<LPARAM>(&notice));
   EXPECT_FALSE(root->Expanded);
   root->Expanded = true;
   Flush();
   EXPECT_TRUE(Open(RootItem()));
 }
 
-TEST_F(TreeBindingTest, NodesAddedLaterStandBelowTheirParent) {
+TEST_F(TreeBindingTest, NodesAddedLaterAreBelowTheirParent) {
   Model().AddNode(first, u"deep", u"Deep");
   first->Expanded = true;
   Flush();

@@ -38,7 +38,7 @@ TEST_F(WindowState, ADisabledFormIsOutOfReachAndGetsItsFocusBack) {
   EXPECT_EQ(keys, 1);
 }
 
-TEST_F(WindowState, TheFocusIsWhereTheProgramPutsItAndTheProgramSeesWhereTheUserDoes) {
+TEST_F(WindowState, TheFocusFollowsTheProgramAndTheModelFollowsTheUser) {
   frmPubMain.ActiveControl = &frmPubMain.cbxAll;
   Flush();
   EXPECT_EQ(GetFocus(), Control(kIdCheckAll));
@@ -58,7 +58,7 @@ TEST_F(WindowState, AControlUnderAnotherIsOutOfReach) {
   EXPECT_EQ(IsWindowVisible(Control(kIdScopeTree)), FALSE);
 }
 
-TEST_F(WindowState, MovesOverTheBackgroundReachWhatLiesThere) {
+TEST_F(WindowState, MovesOverTheBackgroundReachTheControlThere) {
   std::string moves;
   const auto note = [&](const char* name) { return [&moves, name](int) { moves += name; }; };
   frmPubMain.lblBorder.MouseMove = note("border ");
@@ -68,7 +68,7 @@ TEST_F(WindowState, MovesOverTheBackgroundReachWhatLiesThere) {
   Send(mainWindow, WM_MOUSEMOVE, 0, PointIn(frmPubMain.lblFrame));
   Send(mainWindow, WM_MOUSEMOVE, 0, MAKELPARAM(3, frmPubMain.Height / 15 - 5));
   EXPECT_EQ(moves, "title frame border ");
-  // WM_MOUSEMOVE also arrives while the mouse rests.
+  // WM_MOUSEMOVE also arrives while the mouse rests. It must not raise a second event.
   Send(mainWindow, WM_MOUSEMOVE, 0, MAKELPARAM(3, frmPubMain.Height / 15 - 5));
   EXPECT_EQ(moves, "title frame border ");
 }

@@ -15,7 +15,7 @@
 
 namespace tavix::win32 {
 
-// The real window over the models, laid out and open, with no handlers but those that a test sets.
+// The real window over the models, laid out and open. Only the handlers that a test sets are there.
 class WindowTest : public testing::Test {
  protected:
   void SetUp() override {
