@@ -242,7 +242,7 @@ bool WaitUntil(const std::function<bool()>& condition) {
 }
 
 std::string ContentWhenThere(TextView path) {
-  WaitUntil([path] { return ContentOf(path) != "(none)" && !ContentOf(path).empty(); });
+  WaitUntil([path] { return ContentOf(path).ends_with("\r\n"); });
   return ContentOf(path);
 }
 
