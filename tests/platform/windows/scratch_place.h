@@ -50,8 +50,8 @@ void ClearBin();
 // Waits until a condition holds, for minutes if need be: other programs, and Windows itself, take their time
 // on a busy machine. False if it never did.
 bool WaitUntil(const std::function<bool()>& condition);
-// The content of a file that a started program writes, once it ends with a line break: the program may write a
-// line in pieces.
+// The content of a file that a started program writes, once it ends with a line break: the program may write
+// a line in pieces.
 std::string ContentWhenThere(TextView path);
 // The attributes or the content of a file, read without the code under test.
 DWORD AttributesOf(TextView path);
