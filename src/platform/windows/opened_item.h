@@ -64,8 +64,8 @@ bool AreTheSame(HANDLE one, HANDLE other);
 // The calls that get and set information by handle. Tests replace them to imitate drives that they don't
 // have.
 struct HandleCalls {
-  decltype(&GetFileInformationByHandleEx) ask = GetFileInformationByHandleEx;
-  decltype(&SetFileInformationByHandle) tell = SetFileInformationByHandle;
+  decltype(&GetFileInformationByHandleEx) getInformation = GetFileInformationByHandleEx;
+  decltype(&SetFileInformationByHandle) setInformation = SetFileInformationByHandle;
 };
 inline HandleCalls handleCalls;
 

@@ -32,7 +32,7 @@ struct Request {
 class Transfer {
  public:
   // A longer answer fails.
-  static constexpr size_t kMostBytes = size_t{1} << 20;
+  static constexpr size_t kMaxBytes = size_t{1} << 20;
 
   // Sends an unsent request that follows no redirections. Returns at once. Null when it can't be sent.
   static std::shared_ptr<Transfer> Start(Request request);
@@ -57,22 +57,22 @@ class Transfer {
   void Proceed(HINTERNET request, DWORD status, DWORD length);
   void TakeHeaders(HINTERNET request);
   void Read(HINTERNET request);
-  void Take(HINTERNET request, DWORD length);
-  void Finish(bool well);
+  void TakeBytes(HINTERNET request, DWORD length);
+  void Finish(bool succeeded);
 
   // A closed handle's value may be reused for another request, so the handle is closed only when no call is
   // working with it. The mutex guards only short checks: it isn't held during WinHTTP calls, which can take
   // as long as the server likes. Calls are counted because they nest: WinHTTP may call back from inside our
   // call.
   std::mutex guard_;
-  int atWork_ = 0;
+  int activeCalls_ = 0;
   bool ended_ = false;
   Request handles_;
   ObjectHandle done_{CreateEventW(nullptr, TRUE, FALSE, nullptr)};
   std::string bytes_;
   std::optional<Text> location_;
-  char piece_[16384] = {};
-  bool well_ = false;
+  char readBuffer_[16384] = {};
+  bool succeeded_ = false;
 };
 
 }  // namespace tavix::windows

@@ -14,7 +14,7 @@ class WindowsInstance : public platform::Instance {
 
  private:
   // The system deletes the mutex when the last copy closes it.
-  ObjectHandle mark_;
+  ObjectHandle mutex_;
   bool asked_ = false;
   bool previousRuns_ = false;
 };
