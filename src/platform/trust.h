@@ -6,9 +6,9 @@ namespace tavix::platform {
 
 // What became of an access list.
 enum class Protection {
-  Failed,  // the file or folder is missing or a link, its volume keeps no lists, or we have no right to it
-  Stood,   // nobody else could change it before, so its list was left as it was
-  Set,     // it has a new list
+  Failed,     // the file or folder is missing or a link, its volume keeps no lists, or we have no right to it
+  Unchanged,  // nobody else could change it already, so its list was left as it was
+  Set,        // it has a new list
 };
 
 // Whose rights the program has, and who else could influence it through files. Paths are those of

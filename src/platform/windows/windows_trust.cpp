@@ -120,7 +120,7 @@ platform::Protection WindowsTrust::Protect(TextView path) {
   if (!security || !security->owner) return Protection::Failed;
   std::vector<Identity> full = TrustedOwners();
   if (std::ranges::find(full, *security->owner) == full.end()) full.push_back(*security->owner);
-  if (!security->OthersMayChange(full)) return Protection::Stood;
+  if (!security->OthersMayChange(full)) return Protection::Unchanged;
   const bool folder = (facts.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
   return SetAccessList(file.Get(), folder, full) ? Protection::Set : Protection::Failed;
 }
