@@ -115,7 +115,7 @@ struct NoTrust : Trust {
   bool Rename(TextView, TextView) override { return false; }
 };
 
-// constinit: they exist before any code runs, and after all other objects are destroyed.
+// constinit: they exist before any code runs and are destroyed last.
 constinit NoClock theClock;
 constinit NoDesktop theDesktop;
 constinit NoDialogs theDialogs;

@@ -108,7 +108,7 @@ std::optional<Place> PathFinder::FindFrom(const MachinePath& asked, Last last, b
   std::vector<Text> names = RootNames(asked.drive);
   const size_t roots = names.size();
   names.insert(names.end(), asked.names.begin(), asked.names.end());
-  // Mostly the names stand as they are written, and no link is among them.
+  // Fast way: usually all names are spelled as stored, and none is a link.
   Text lastName = std::move(names.back());
   names.pop_back();
   walk.folder = store_.Open(names);
