@@ -197,7 +197,7 @@ class FileSystem {
   virtual bool IsDriveReady(char16_t letter) = 0;
 };
 
-// Never null. noFileSystem stands for one that isn't there (platform/nothing.h).
+// Never null. Without a host it is noFileSystem (platform/nothing.h).
 extern FileSystem* fileSystem;
 extern FileSystem* const noFileSystem;
 

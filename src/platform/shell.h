@@ -71,7 +71,7 @@ class Shell {
   virtual std::optional<Shortcut> OpenShortcut(TextView path) = 0;
 };
 
-// Never null. noShell stands for one that isn't there (platform/nothing.h).
+// Never null. Without a host it is noShell (platform/nothing.h).
 extern Shell* shell;
 extern Shell* const noShell;
 

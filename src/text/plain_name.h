@@ -6,8 +6,8 @@
 
 namespace tavix {
 
-// Whether Windows takes a name unchanged. It drops blanks and dots at the end, so other names would mean
-// another item, or the folder itself.
+// Whether Windows takes a name unchanged. From other names it drops the blanks and dots at the end, so they
+// would mean another item, or the folder itself.
 inline bool IsPlainName(TextView name) {
   return name.empty() || (name.back() != u' ' && name.back() != u'.');
 }

@@ -41,8 +41,8 @@ struct Security {
 };
 
 // Gives an open file or folder an access list of its own, which inherits nothing: those in `full` may do
-// everything, all users may read. The handle needs the right WRITE_DAC. A folder hands the list on to what is
-// made in it later; its present content keeps its own lists. False when the list can't be set.
+// everything, all users may read. The handle needs the right WRITE_DAC. A folder passes the list on to what
+// is made in it later. Items already in it keep their own lists. False when the list can't be set.
 bool SetAccessList(HANDLE file, bool folder, const std::vector<Identity>& full);
 
 }  // namespace tavix::windows

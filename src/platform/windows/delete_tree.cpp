@@ -23,11 +23,11 @@ bool EnterFolder(OpenedItem folder, std::vector<Level>& levels) {
 template <class Rule>
 bool DeleteTree(OpenedItem top, bool force, DWORD share, const Rule& shouldDelete) {
   std::vector<Level> levels;
-  bool whole = EnterFolder(std::move(top), levels);
+  bool complete = EnterFolder(std::move(top), levels);
   while (!levels.empty()) {
     Level& level = levels.back();
     if (level.rest.empty()) {
-      whole = DeleteItem(level.folder, force) && whole;
+      complete = DeleteItem(level.folder, force) && complete;
       levels.pop_back();
       continue;
     }
@@ -35,15 +35,15 @@ bool DeleteTree(OpenedItem top, bool force, DWORD share, const Rule& shouldDelet
     level.rest.pop_back();
     std::optional<OpenedItem> opened = OpenItemIn(level.folder.handle.Get(), listed, share);
     if (!opened) {
-      whole = false;
+      complete = false;
     } else if (opened->IsRealFolder()) {
       // Try without listing: this deletes an empty folder, and the system refuses any other.
-      if (!DeleteItem(*opened, force)) whole = EnterFolder(*std::move(opened), levels) && whole;
+      if (!DeleteItem(*opened, force)) complete = EnterFolder(*std::move(opened), levels) && complete;
     } else {
-      whole = shouldDelete(*opened) && DeleteItem(*opened, force) && whole;
+      complete = shouldDelete(*opened) && DeleteItem(*opened, force) && complete;
     }
   }
-  return whole;
+  return complete;
 }
 
 bool IsEmptyFile(const OpenedItem& item) {

@@ -6,9 +6,9 @@
 
 namespace tavix::windows {
 
-// Watches the shell move one item to the recycle bin. Before each deletion the shell says whether it will
-// recycle the item "if possible". If it doesn't say so, it would delete for good: then we refuse, and the
-// whole operation ends. Afterwards it says where in the bin the item is, or that it isn't there.
+// Watches the shell move one item to the recycle bin. Before each deletion the shell passes a flag that says
+// whether it recycles the item "if possible". Without the flag it would delete for good: then we refuse, and
+// the whole operation ends. Afterwards the shell says where in the bin the item is, or that it isn't there.
 //
 // It lives on its user's stack and outlives the operation, so references to it aren't counted.
 class DeleteWatch final : public IFileOperationProgressSink {

@@ -93,12 +93,12 @@ bool CopyOpenFile(HANDLE source, const Text& path) {
                               nullptr, CREATE_NEW, encrypted != 0 ? encrypted : FILE_ATTRIBUTE_NORMAL,
                               nullptr));
   if (!copy) return false;
-  const bool whole = GetFileInformationByHandle(copy.Get(), &made) &&
-                     (encrypted == 0 || (made.dwFileAttributes & encrypted) != 0) &&
-                     CopyAll(source, copy.Get(), path, facts);
+  const bool complete = GetFileInformationByHandle(copy.Get(), &made) &&
+                        (encrypted == 0 || (made.dwFileAttributes & encrypted) != 0) &&
+                        CopyAll(source, copy.Get(), path, facts);
   copy.Reset();
-  if (!whole) DeleteFileW(Wide(path));
-  return whole;
+  if (!complete) DeleteFileW(Wide(path));
+  return complete;
 }
 
 }  // namespace tavix::windows

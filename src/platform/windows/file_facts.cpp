@@ -54,9 +54,9 @@ Text DiskPath(TextView path) {
     WIN32_FIND_DATAW data;
     names.push_back(FindFirst(path, data) ? FromWide(data.cFileName) : Text(NameOf(path)));
   }
-  Text whole(path);
-  for (auto name = names.rbegin(); name != names.rend(); ++name) whole = PathIn(whole, *name);
-  return whole;
+  Text result(path);
+  for (auto name = names.rbegin(); name != names.rend(); ++name) result = PathIn(result, *name);
+  return result;
 }
 
 // An entry of a listing. All names share one text.
@@ -163,7 +163,7 @@ bool IsNotFound(DWORD error) {
     case ERROR_INVALID_NAME:
     case ERROR_BAD_PATHNAME:
     case ERROR_FILENAME_EXCED_RANGE:
-    case ERROR_DIRECTORY:  // a file stands where a folder should
+    case ERROR_DIRECTORY:  // a file where a folder should be
     case ERROR_INVALID_DRIVE:
     case ERROR_NOT_READY:
     case ERROR_NO_MEDIA_IN_DRIVE:

@@ -43,8 +43,8 @@ struct Entry {
 // Nothing when it is missing or can't be read.
 std::optional<Entry> LookUp(TextView path);
 
-// The attributes of a file or folder, or of a link's target. Nothing when it is missing. When that can't be
-// told, nothing too, and `sure` is set to false.
+// The attributes of a file or folder, or of a link's target. Nothing when it is missing. Also nothing when
+// that can't be told; `sure` is then set to false.
 std::optional<DWORD> FollowedAttributes(TextView path, bool& sure);
 
 // Whether the error of a file call means that the item is known to be missing: no such file, folder or drive,

@@ -53,10 +53,10 @@ std::optional<Text> ReadFolderIdentity(TextView path) {
 
 std::vector<Text> ReadLineage(TextView path) {
   const FileHandle folder = OpenToAsk(path);
-  const std::optional<Text> whole = folder ? PathOfFolder(path, folder.Get()) : std::nullopt;
-  if (!whole) return {};
+  const std::optional<Text> realPath = folder ? PathOfFolder(path, folder.Get()) : std::nullopt;
+  if (!realPath) return {};
   std::vector<Text> lineage;
-  for (TextView rest = *whole;; rest = FolderOf(rest)) {
+  for (TextView rest = *realPath;; rest = FolderOf(rest)) {
     std::optional<Text> identity = ReadFolderIdentity(rest);
     if (!identity) return {};
     lineage.push_back(*std::move(identity));

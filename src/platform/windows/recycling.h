@@ -8,10 +8,10 @@ namespace tavix::windows {
 // item, short enough for the shell (less than MAX_PATH characters). Uses COM: the thread needs a
 // ComApartment.
 //
-// False when the item did not get into the bin; what the bin can't take stays. Most such items are known in
-// advance from the settings (bin_settings.h). For the rest, the shell says before each deletion that it would
-// be for good, and is refused. The shell may still ask the user, as for a folder that turns out to be too
-// large. A Yes is refused too.
+// False when the item did not get into the bin; what the bin can't take stays. The settings (bin_settings.h)
+// show most such items in advance. For the rest, the shell announces each permanent deletion before it
+// happens, and we refuse it. The shell may still ask the user, for example about a folder that turns out to
+// be too large. Even after a Yes the deletion is refused.
 bool SendToBin(const Text& path);
 
 }  // namespace tavix::windows

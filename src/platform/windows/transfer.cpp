@@ -9,10 +9,10 @@ namespace {
 std::optional<DWORD> HeaderNumber(HINTERNET request, DWORD header) {
   DWORD number = 0;
   DWORD size = sizeof number;
-  const BOOL there =
+  const BOOL found =
       WinHttpQueryHeaders(request, header | WINHTTP_QUERY_FLAG_NUMBER, WINHTTP_HEADER_NAME_BY_INDEX, &number,
                           &size, WINHTTP_NO_HEADER_INDEX);
-  return there != FALSE ? std::optional(number) : std::nullopt;
+  return found != FALSE ? std::optional(number) : std::nullopt;
 }
 
 // The Location header. Nothing when it is missing or too long.
@@ -82,7 +82,7 @@ bool Transfer::Enter() {
 }
 
 void Transfer::Leave() {
-  Request handles;  // as in End
+  Request handles;  // closed after the unlock, as in End
   const std::lock_guard lock(guard_);
   --activeCalls_;
   if (ended_ && activeCalls_ == 0) std::swap(handles, handles_);

@@ -44,7 +44,7 @@ class StoreFolder {
   virtual ~StoreFolder() = default;
 
   // The entry of a name, ignoring letter case. If two names differ only in case: the exact one, otherwise the
-  // first in order. Nothing when it is missing. When that can't be told, nothing too, and `sure` is set to
+  // first in order. Nothing when it is missing. Also nothing when that can't be told; `sure` is then set to
   // false.
   virtual std::optional<StoreEntry> Find(TextView name, bool& sure) = 0;
   std::optional<StoreEntry> Find(TextView name) {

@@ -47,7 +47,7 @@ struct HostNameTable {
 class HostNames {
  public:
   // The name in an open folder that equals `name` ignoring letter case; of several, the first in order.
-  // Nothing when there is none. When the folder can't be read, nothing too, and `sure` is set to false.
+  // Nothing when there is none. Also nothing when the folder can't be read; `sure` is then set to false.
   std::optional<std::string> Find(int folder, TextView name, bool& sure);
   // Call these after each change of our own to the names in an open folder.
   void Added(int folder, std::string_view name);

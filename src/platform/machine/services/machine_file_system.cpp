@@ -123,15 +123,15 @@ std::unique_ptr<platform::OpenFolder> MachineFileSystem::Open(TextView folder) {
 }
 
 // Don't inherit attributes of a same-named file deleted outside the program.
-bool MachineFileSystem::Made(const Place& place, bool made) {
-  if (made && !place.entry) attributes_.Erase(place.realPath);
-  return made;
+bool MachineFileSystem::ResetIfNew(const Place& place, bool succeeded) {
+  if (succeeded && !place.entry) attributes_.Erase(place.realPath);
+  return succeeded;
 }
 
 bool MachineFileSystem::CreateFolder(TextView path) {
   const std::optional<Place> place = finder_.Find(path, Last::Itself, true);
   if (!place || place->entry) return false;
-  return Made(*place, place->parent->MakeFolder(place->storeName));
+  return ResetIfNew(*place, place->parent->MakeFolder(place->storeName));
 }
 
 std::optional<Place> MachineFileSystem::FindForWriting(TextView path) {
@@ -144,7 +144,7 @@ bool MachineFileSystem::CreateTextFile(TextView path, bool overwrite) {
   const std::optional<Place> place = FindForWriting(path);
   if (!place || (place->entry && !overwrite)) return false;
   if (place->entry) return place->parent->WriteFile(place->storeName, {});
-  return Made(*place, place->parent->MakeFile(place->storeName));
+  return ResetIfNew(*place, place->parent->MakeFile(place->storeName));
 }
 
 std::optional<std::string> MachineFileSystem::ReadFile(TextView path) {
@@ -155,12 +155,12 @@ std::optional<std::string> MachineFileSystem::ReadFile(TextView path) {
 
 bool MachineFileSystem::WriteFile(TextView path, std::string_view content) {
   const std::optional<Place> place = FindForWriting(path);
-  return place && Made(*place, place->parent->WriteFile(place->storeName, content));
+  return place && ResetIfNew(*place, place->parent->WriteFile(place->storeName, content));
 }
 
 bool MachineFileSystem::AppendToFile(TextView path, std::string_view content) {
   const std::optional<Place> place = FindForWriting(path);
-  return place && Made(*place, place->parent->Append(place->storeName, content));
+  return place && ResetIfNew(*place, place->parent->Append(place->storeName, content));
 }
 
 bool MachineFileSystem::DeleteFile(TextView path, bool force) {

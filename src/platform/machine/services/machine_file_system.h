@@ -68,7 +68,7 @@ class MachineFileSystem : public platform::FileSystem {
   bool DeleteFile(const Place& place, bool force);
   bool MoveFile(const Place& from, TextView destination);
   // Call it after making something, with the result. Resets the attributes of a new file.
-  bool Made(const Place& place, bool made);
+  bool ResetIfNew(const Place& place, bool succeeded);
 
   FileStore& store_;
   const MachineFacts& facts_;

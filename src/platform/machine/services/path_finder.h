@@ -64,7 +64,7 @@ class PathFinder {
   };
   struct Walk;
 
-  // When it can't be told, these give nothing and set `sure` to false.
+  // These give nothing and set `sure` to false when it can't be told.
   std::optional<Place> Find(TextView path, Last last, bool make, bool& sure);
   std::optional<Place> FindFrom(const MachinePath& asked, Last last, bool& sure);
   std::unique_ptr<StoreFolder> OpenDrives();
