@@ -10,7 +10,7 @@ namespace tavix::machine {
 
 // An open folder of the host, for the few files that make up a machine folder itself. It stays the same
 // folder whatever happens to its path. Names are those of direct entries. No operation follows a link or
-// touches a link's target. A failed call changes nothing, except RemoveTree.
+// touches a link's target. A failed call changes nothing, except RemoveTree and WriteNewFile.
 //
 // On a Windows host the folder is looked up by its path at each call.
 class HostDirectory {

@@ -83,7 +83,7 @@ class WindowsDirectory : public HostDirectory {
 
   bool Exchange(const fs::path&, const fs::path&) override { return false; }
 
-  // Nothing to do: the file system journals changes of names.
+  // Nothing to do: the file system itself writes changes of names in their order.
   void Flush() override {}
 
  private:
