@@ -66,8 +66,7 @@ class FileSystemObject {
   // Visits the files and subfolders of a folder in one reading, as platform::FileSystem::List.
   bool List(TextView path, const platform::FileSystem::EntryVisitor& visit,
             const platform::FileSystem::NameFilter& wanted = {}) const;
-  // As the calls of platform::FileSystem with these names. Changes report nothing: a failed one has no
-  // effect.
+  // As the calls of platform::FileSystem with these names. Calls that change something don't report failure.
   std::unique_ptr<platform::OpenFolder> Open(TextView path) const;
   std::optional<Text> FolderIdentity(TextView path) const;
   std::vector<Text> Lineage(TextView path) const;

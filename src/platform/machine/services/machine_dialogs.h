@@ -9,8 +9,8 @@
 namespace tavix::machine {
 
 // Dialogs that nobody sees. Message boxes and input boxes are recorded in the journal. The lists below hold
-// the answers, in order. When a list is empty, a question is answered with Yes, and everything else that can
-// be cancelled is cancelled.
+// the answers, in order. When a list is empty, a question is answered with Yes, everything else that can be
+// cancelled is cancelled, and a plain message is answered with OK.
 class MachineDialogs : public platform::Dialogs {
  public:
   explicit MachineDialogs(Journal& journal) : journal_(journal) {}

@@ -43,7 +43,8 @@ struct MachineHost::Parts {
 
 std::unique_ptr<MachineHost> MachineHost::Open(const std::filesystem::path& folder,
                                                std::optional<platform::DateTime> now, std::string& error) {
-  // First of all: another copy may be writing the files that we would read, or overwrite ours.
+  // Check before reading anything: another copy may be writing the files that we would read, or later
+  // overwrite ours.
   std::error_code failure;
   auto instance = std::make_unique<FolderInstance>(std::filesystem::canonical(folder, failure));
   if (!failure && instance->PreviousRuns()) {
