@@ -28,8 +28,8 @@ bool IsHive(platform::Hive hive);
 // Opens the root key of a hive. Null when it is no hive or can't be opened.
 RegistryKeyHandle OpenHive(platform::Hive hive);
 
-// Opens the key at `path` below `base`; an empty path is `base` itself. Links on the way are followed.
-// Whether the last part is followed, if it is a link, `last` says.
+// Opens the key at `path` below `base`; an empty path is `base` itself. Links on the path are followed.
+// `last` says whether the last name is followed if it is a link.
 Opened Open(HKEY base, TextView path, ACCESS_MASK access, LastPart last = LastPart::kFollowLink);
 
 struct Created {

@@ -15,7 +15,7 @@ namespace {
 constexpr DWORD kChangeable =
     platform::kReadOnly | platform::kHidden | platform::kSystem | platform::kArchive;
 
-// Whether the item at the path, or the target of a link current, is a folder (`folder`) or a file.
+// Whether a folder (`folder`) or a file exists at the path. A link counts as its target.
 platform::Existence Exists(TextView path, bool folder) {
   const std::optional<Text> normal = NormalPath(path);
   if (!normal) return false;
