@@ -4,8 +4,8 @@
 
 namespace tavix::platform {
 
-// The folder in which the program lies, with its catalogues and res\; a path of the machine, without a
-// backslash at the end.
+// The folder of the program, with its catalogues and res\; a path of the machine, without a backslash at the
+// end.
 inline Text applicationFolder;
 
 }  // namespace tavix::platform

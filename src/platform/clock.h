@@ -18,7 +18,7 @@ class Clock {
   virtual DateTime Now() = 0;
 };
 
-// Never null. noClock stands for one that isn't there (platform/nothing.h).
+// Never null. Without a host it is noClock (platform/nothing.h).
 extern Clock* clock;
 extern Clock* const noClock;
 

@@ -21,7 +21,7 @@ class Desktop {
   virtual void SetTreeBackColor(WindowHandle tree, uint32_t color) = 0;
 };
 
-// Never null. noDesktop stands for one that isn't there (platform/nothing.h).
+// Never null. Without a host it is noDesktop (platform/nothing.h).
 extern Desktop* desktop;
 extern Desktop* const noDesktop;
 

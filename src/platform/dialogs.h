@@ -21,7 +21,7 @@ constexpr int kCancel = 2;
 constexpr int kYes = 6;
 constexpr int kNo = 7;
 
-// What is asked of the user.
+// Dialogs that ask the user.
 class Dialogs {
  public:
   virtual ~Dialogs() = default;
@@ -34,7 +34,7 @@ class Dialogs {
   virtual std::optional<Text> BrowseForFolder(WindowHandle owner, TextView title) = 0;
 };
 
-// Never null. noDialogs stands for one that isn't there (platform/nothing.h).
+// Never null. Without a host it is noDialogs (platform/nothing.h).
 extern Dialogs* dialogs;
 extern Dialogs* const noDialogs;
 

@@ -22,7 +22,7 @@ class EventLogs {
   virtual void Close(Handle log) = 0;
 };
 
-// Never null. noEventLogs stands for one that isn't there (platform/nothing.h).
+// Never null. Without a host it is noEventLogs (platform/nothing.h).
 extern EventLogs* eventLogs;
 extern EventLogs* const noEventLogs;
 

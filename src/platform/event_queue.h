@@ -10,7 +10,7 @@ class EventQueue {
   virtual void Yield() = 0;
 };
 
-// Never null. noEventQueue stands for one that isn't there (platform/nothing.h).
+// Never null. Without a host it is noEventQueue (platform/nothing.h).
 extern EventQueue* eventQueue;
 extern EventQueue* const noEventQueue;
 

@@ -130,13 +130,12 @@ class FileSystem {
 
   // The facts about a file, folder or link. Nothing when it is missing or can't be looked at.
   virtual std::optional<FileFacts> Look(TextView path) = 0;
-  // Whether a file that is no folder, or a folder, exists. A link counts as its target.
+  // Whether a file (no folder) or a folder exists. A link counts as its target.
   // - True: it exists.
-  // - False, known to be missing: no such name or folder, a name that nothing can have, no absolute path, a
-  //   link to nothing, a drive that doesn't exist or isn't ready. A folder is no file, a file no folder.
-  // - Nothing, can't tell: no right to a folder on the way, links in circles, a network that doesn't answer,
-  // a
-  //   device or system that fails (a bad disk, no handles left).
+  // - False, known to be missing: no such name or folder, an impossible name, no absolute path, a link to
+  //   nothing, a drive that doesn't exist or isn't ready. A folder is no file, and a file is no folder.
+  // - Nothing, can't tell: no right to a folder on the path, links in circles, a network that doesn't answer,
+  //   a failing device or system (a bad disk, no handles left).
   virtual Existence FileExists(TextView path) = 0;
   virtual Existence FolderExists(TextView path) = 0;
   // Opens a folder. A missing one gives null, or an open folder whose List fails.
@@ -198,7 +197,7 @@ class FileSystem {
   virtual bool IsDriveReady(char16_t letter) = 0;
 };
 
-// Never null. noFileSystem stands for one that isn't there (platform/nothing.h).
+// Never null. Without a host it is noFileSystem (platform/nothing.h).
 extern FileSystem* fileSystem;
 extern FileSystem* const noFileSystem;
 

@@ -11,7 +11,7 @@ class Instance {
   virtual bool PreviousRuns() = 0;
 };
 
-// Never null. noInstance stands for one that isn't there (platform/nothing.h).
+// Never null. Without a host it is noInstance (platform/nothing.h).
 extern Instance* instance;
 extern Instance* const noInstance;
 

@@ -20,7 +20,7 @@ bool MergedRegistry::VisitSubKeys(Hive hive, TextView key, const NameVisitor& vi
   std::vector<Text> users;
   const bool allOfUser =
       plain_.VisitSubKeys(Hive::CurrentUser, path, [&users](TextView name) { users.emplace_back(name); });
-  // Both come in order, so one pass over the two gives the whole in order.
+  // Both lists are sorted, so one pass merges them.
   size_t next = 0;
   const bool allOfMachine = plain_.VisitSubKeys(Hive::LocalMachine, path, [&](TextView name) {
     while (next < users.size() && CompareIgnoringCase(users[next], name) < 0) visit(users[next++]);
@@ -77,7 +77,7 @@ bool MergedRegistry::DeleteKey(Hive hive, TextView key) {
   if (hive != Hive::ClassesRoot) return plain_.DeleteKey(hive, key);
   if (key.empty()) return false;
   const Text path = BelowClasses(key);
-  // Not the machine's in place of a user's that can't be seen just now.
+  // If the user's key can't be seen just now, don't delete the machine's instead.
   const Existence users = plain_.KeyExists(Hive::CurrentUser, path);
   if (users == std::nullopt) return false;
   return plain_.DeleteKey(users == true ? Hive::CurrentUser : Hive::LocalMachine, path);

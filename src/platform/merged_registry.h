@@ -4,11 +4,11 @@
 
 namespace tavix::platform {
 
-// A registry whose HKEY_CLASSES_ROOT shows `Software\Classes` of HKEY_CURRENT_USER and of
-// HKEY_LOCAL_MACHINE as one: the user's spelling of a key and the user's value where both have it, the
-// user's values first. Writing and deleting there go to the user's hive where the key or value stands
-// there, otherwise to the machine's; DeleteKey takes the key of one of the two. The other hives are those
-// of `plain`, which must outlive this and need not know HKEY_CLASSES_ROOT.
+// A registry whose HKEY_CLASSES_ROOT merges `Software\Classes` of HKEY_CURRENT_USER and HKEY_LOCAL_MACHINE.
+// If both have a key, the user's spelling is shown; if both have a value, the user's value. The user's values
+// come first. Writing and deleting affect the user's hive if the key or value exists there, otherwise the
+// machine's. DeleteKey deletes one of the two keys, not both. The other hives are those of `plain`, which
+// must outlive this and needn't have HKEY_CLASSES_ROOT.
 class MergedRegistry : public Registry {
  public:
   explicit MergedRegistry(Registry& plain) : plain_(plain) {}

@@ -18,7 +18,7 @@ class Network {
   virtual std::optional<std::string> Fetch(TextView url, int timeoutSeconds) = 0;
 };
 
-// Never null. noNetwork stands for one that isn't there (platform/nothing.h).
+// Never null. Without a host it is noNetwork (platform/nothing.h).
 extern Network* network;
 extern Network* const noNetwork;
 

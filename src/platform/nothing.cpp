@@ -115,7 +115,7 @@ struct NoTrust : Trust {
   bool Rename(TextView, TextView) override { return false; }
 };
 
-// Made when the program is compiled: nothing runs before they are there, and nothing after they have gone.
+// constinit: they exist before any code runs and are destroyed last.
 constinit NoClock theClock;
 constinit NoDesktop theDesktop;
 constinit NoDialogs theDialogs;

@@ -2,13 +2,12 @@
 
 namespace tavix::platform {
 
-// The platform where nothing is there. Every interface pointer (fileSystem, shell, clock...) always points at
-// an object. Until a host puts its own there, and after it has gone, that is one of those in nothing.cpp,
-// `noFileSystem`, `noShell` and so on: nothing is found, what should change something fails, a question is
-// answered with Cancel, and what can't be told isn't known.
+// The empty platform. Every interface pointer (fileSystem, shell, clock...) always points at an object.
+// Without a host, that is one of those in nothing.cpp: `noFileSystem`, `noShell` and so on. With them nothing
+// is found, every change fails, questions are answered with Cancel, and existence can't be told.
 
-// Puts back the objects where nothing is there, and the plain facts: screen, application folder, separators.
-// The event queue belongs to the window and stays.
+// Resets the interfaces to these objects, and the plain facts: screen, application folder, separators. The
+// event queue belongs to the window and stays.
 void ClearPlatform();
 
 }  // namespace tavix::platform

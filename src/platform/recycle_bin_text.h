@@ -6,8 +6,8 @@
 
 namespace tavix::platform {
 
-// What Shell::RecycleBinInfo answers. Readers take the bytes for a number of 32 bits with a sign; where they
-// are more, a word stands in their place.
+// The answer of Shell::RecycleBinInfo. Its readers parse the size as a signed 32-bit number, so a larger size
+// is written as "over".
 inline Text RecycleBinText(uint64_t items, uint64_t bytes) {
   return Concat(ToText(static_cast<long long>(items)), u"|",
                 bytes > INT32_MAX ? Text(u"over") : ToText(static_cast<long long>(bytes)));

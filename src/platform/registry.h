@@ -55,7 +55,7 @@ class Registry {
   virtual bool DeleteValue(Hive hive, TextView key, TextView name) = 0;
 };
 
-// Never null. noRegistry stands for one that isn't there (platform/nothing.h).
+// Never null. Without a host it is noRegistry (platform/nothing.h).
 extern Registry* registry;
 extern Registry* const noRegistry;
 

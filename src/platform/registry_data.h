@@ -8,7 +8,7 @@
 
 namespace tavix::platform {
 
-// Type numbers of registry values that have a meaning here; any other number may stand in a registry.
+// The types of registry values that are treated specially. A registry may hold any other number.
 enum class DataType : uint32_t {
   None = 0,
   String = 1,
@@ -19,13 +19,11 @@ enum class DataType : uint32_t {
   Number64 = 11,
 };
 
-// The data of a registry value as text, `bytes` as the registry holds them (numbers and UTF-16 with the
-// low byte first): strings without their trailing NULs and without an odd last byte, not expanded; several
-// strings joined by a blank; numbers of 4 and 8 bytes in unsigned decimal digits; anything else, a number
-// of another length among it, as upper-case pairs of hex digits joined by a blank.
+// Converts a registry value to text, as platform/registry.h describes. `bytes` are the data as stored,
+// numbers and UTF-16 little-endian. Trailing NULs and an odd last byte of a string are dropped.
 Text RenderData(uint32_t type, std::string_view bytes);
 
-// The bytes of a string as the registry holds it, one NUL at its end.
+// The stored bytes of a string, with one NUL at its end.
 std::string StringData(TextView text);
 
 }  // namespace tavix::platform

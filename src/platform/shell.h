@@ -22,8 +22,8 @@ class Shell {
   virtual ~Shell() = default;
 
   // Starts a web or mail address, a program, or a command line with arguments. `style` is the show style of
-  // the window. A program of the system named without a folder is always the one in the
-  // system folder. When this program is elevated, an address is opened with the user's ordinary rights.
+  // the window. A system program named without a folder is always started from where Windows keeps it. When
+  // this program is elevated, an address is opened with the user's ordinary rights.
   virtual bool RunTarget(TextView target, int style) = 0;
   // Opens a file or folder with its default action. When this program is elevated, with the user's ordinary
   // rights.
@@ -71,7 +71,7 @@ class Shell {
   virtual std::optional<Shortcut> OpenShortcut(TextView path) = 0;
 };
 
-// Never null. noShell stands for one that isn't there (platform/nothing.h).
+// Never null. Without a host it is noShell (platform/nothing.h).
 extern Shell* shell;
 extern Shell* const noShell;
 

@@ -28,7 +28,7 @@ constexpr uint32_t kAdvertised = 0x1000;
 constexpr uint32_t kVariablePathBlock = 0xA0000001;
 constexpr uint32_t kAdvertisedBlock = 0xA0000006;
 
-// Goes through a shortcut part by part. Each Take gives the next part; nothing when the file ends in it.
+// Reads a shortcut part by part. Each Take returns the next part. Nothing when the file ends within it.
 class Parts {
  public:
   explicit Parts(std::string_view bytes) : bytes_(bytes) {}

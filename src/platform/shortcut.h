@@ -9,24 +9,23 @@
 
 namespace tavix::platform {
 
-// What a shortcut file names as its target. It may do so in up to four places: a path with environment
-// variables, the location's path on a volume and its path on a share, and the list of items. The shell itself
-// tells the first of these that it can read; all of them are here.
+// The targets that a shortcut file names. It has up to four places for a target: a path with environment
+// variables, a path on a volume, a path on a share, and a list of shell items. The shell uses the first that
+// it can read; here are all of them.
 struct Shortcut {
-  // The paths of those places, each once, as they are stored: variables are not expanded, and a path on a
-  // share begins with two backslashes.
+  // The paths in these places, each once, as stored: variables are not expanded, and a path on a share begins
+  // with two backslashes.
   std::vector<Text> paths;
-  // Whether it also names something that has no path here: an object of the shell (control panel, store app,
-  // a folder that only the shell can place), a share without a name, an advertised program.
+  // Whether it also names a target without a path: an object of the shell (control panel, store app, a folder
+  // that only the shell can place), a share without a name, an advertised program.
   bool others = false;
 };
 
-// Reads the bytes of a shortcut (.lnk) file. Nothing when they are no shortcut, or when the file ends in the
-// middle of its item list, its location or its strings. Takes any bytes without harm, and looks at nothing
-// that it names.
+// Reads a shortcut (.lnk) file. Nothing when the bytes are no shortcut, or end within the item list, the
+// location or the strings. Safe for any bytes. Doesn't look at the targets.
 //
-// This reader serves every platform. That of the system's shell gives one place of several, at most 259
-// characters of it, and which one it is differs from system to system.
+// The system's own reader isn't used: it returns only one of the places, cut to 259 characters, and which one
+// differs between systems.
 std::optional<Shortcut> ReadShortcut(std::string_view bytes, NarrowDecoder decode = FromWindows1252);
 
 }  // namespace tavix::platform

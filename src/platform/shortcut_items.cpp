@@ -30,14 +30,15 @@ constexpr size_t kDriveField = 3;
 constexpr size_t kFileNameField = 14;
 constexpr size_t kNetworkNameField = 5;
 
-// The folders of the shell under which drives and servers stand.
+// The shell folders that hold drives and servers.
 constexpr std::string_view kComputer = "\xE0\x4F\xD0\x20\xEA\x3A\x69\x10\xA2\xD8\x08\x00\x2B\x30\x30\x9D"sv;
 constexpr std::string_view kNetworkPlaces =
     "\x60\x2C\x8D\x20\xEA\x3A\x69\x10\xA2\xD7\x08\x00\x2B\x30\x30\x9D"sv;
 
 constexpr uint32_t kNameExtension = 0xBEEF0004;
 
-// Where the long name begins in the extension of a file item; it moved as the extension grew.
+// The offset of the long name in the extension of a file item. It depends on the extension's version; 0 when
+// there is none.
 size_t LongNameField(uint16_t version) {
   if (version >= 9) return 46;
   if (version >= 8) return 42;
@@ -60,8 +61,8 @@ Text LongName(const ByteReader& item, size_t at) {
 Text FileName(const ByteReader& item) {
   const bool wide = (item.U8(kKindField) & kWideFileName) != 0;
   Text name = wide ? item.WideText(kFileNameField) : item.NarrowText(kFileNameField);
-  // The item's last two bytes say where the extensions begin. Older items have none, and a second name,
-  // the short one, in that place.
+  // The item's last two bytes are the offset of the extensions. Older items have a second, short name there
+  // instead.
   const size_t extensions = item.U16(item.Size() - 2);
   if (extensions > kFileNameField) {
     Text longName = LongName(item.Part(0, item.Size() - 2), extensions);
@@ -70,7 +71,7 @@ Text FileName(const ByteReader& item) {
   return name;
 }
 
-// Adds what an item stands for to the path. False when it has no place in a path.
+// Adds an item to the path. False when it can't be part of a path.
 bool AddItem(const ByteReader& item, Text& path) {
   const uint8_t kind = item.U8(kKindField);
   switch (kind & kKindMask) {
@@ -91,7 +92,7 @@ bool AddItem(const ByteReader& item, Text& path) {
       return true;
     }
     case kNetwork: {
-      // A group of machines is no part of a path; a server or a share bears its whole name.
+      // A workgroup isn't part of a path. A server or a share holds its whole name.
       const int network = kind & kNetworkKindMask;
       if (network != kServer && network != kShare) return true;
       path = item.NarrowText(kNetworkNameField);

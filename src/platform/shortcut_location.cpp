@@ -22,7 +22,7 @@ constexpr size_t kShareField = 8;
 constexpr size_t kWideShareField = 20;
 constexpr uint32_t kNetworkHeader = 20;
 
-// An offset of zero stands for no text.
+// An offset of 0 means no text.
 Text NarrowAt(const ByteReader& block, size_t field) {
   const uint32_t offset = block.U32(field);
   return offset == 0 ? Text() : block.NarrowText(offset);

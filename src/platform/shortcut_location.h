@@ -5,11 +5,11 @@
 
 namespace tavix::platform {
 
-// The paths that the location block of a shortcut tells; empty what it doesn't.
+// The paths in the location block of a shortcut. A missing one is empty.
 struct LocationPaths {
   Text onVolume;
   Text onShare;
-  bool named = true;  // false when it says that there is a share and doesn't name it
+  bool named = true;  // false when the block has a share without a name
 };
 LocationPaths ShortcutLocation(const ByteReader& block);
 

@@ -3,7 +3,7 @@
 namespace tavix::platform {
 namespace {
 
-// A whole number from 1 on, as ToText writes it.
+// Reads a positive number in the form that ToText writes.
 std::optional<uint32_t> ReadNumber(TextView digits) {
   uint64_t number = 0;
   if (digits.empty() || digits.front() == u'0') return std::nullopt;

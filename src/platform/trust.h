@@ -4,11 +4,11 @@
 
 namespace tavix::platform {
 
-// What became of an access list.
+// The result of Trust::Protect.
 enum class Protection {
-  Failed,  // the file or folder is missing or a link, its volume keeps no lists, or we have no right to it
-  Stood,   // nobody else could change it before, so its list was left as it was
-  Set,     // it has a new list
+  Failed,     // the file or folder is missing or a link, its volume keeps no lists, or we have no right to it
+  Unchanged,  // nobody else could change it already, so its list was left as it was
+  Set,        // it has a new list
 };
 
 // Whose rights the program has, and who else could influence it through files. Paths are those of
@@ -23,8 +23,8 @@ class Trust {
   // when it is missing, or the volume keeps no owners. True when it exists and its owner can't be told.
   virtual bool OwnedByOthers(TextView path) = 0;
   // Gives a file or folder an access list: only this user, the owner, the administrators and the system may
-  // change it, other users may read it. A folder hands the list on to what is made in it later. What already
-  // lies in the folder keeps its own list.
+  // change it; other users may read it. A folder passes the list on to what is made in it later. Items
+  // already in the folder keep their own lists.
   virtual Protection Protect(TextView path) = 0;
   // Whether a folder is, or lies in, the Windows folder or a folder of programs. Links are followed, and
   // names compared as the disk has them. A missing folder counts as its nearest folder above that exists.
@@ -35,7 +35,7 @@ class Trust {
   virtual bool Rename(TextView path, TextView name) = 0;
 };
 
-// Never null. noTrust stands for one that isn't there (platform/nothing.h).
+// Never null. Without a host it is noTrust (platform/nothing.h).
 extern Trust* trust;
 extern Trust* const noTrust;
 

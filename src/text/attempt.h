@@ -5,7 +5,7 @@
 
 namespace tavix {
 
-// A statement that may be skipped: assigns when there is a value, and does nothing otherwise.
+// Assigns the value if there is one; otherwise does nothing.
 template <class Target, class Value>
 void Set(Target& target, std::optional<Value> attempt) {
   if (attempt) target = std::move(*attempt);

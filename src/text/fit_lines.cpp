@@ -6,7 +6,7 @@ namespace tavix {
 
 Text FitLines(TextView text, size_t lines, size_t width) {
   size_t at = 0;
-  size_t cut = 0;  // before the last line that there is room for
+  size_t cut = 0;  // the start of the last line that fits
   for (size_t line = 1; line <= lines; ++line) {
     cut = at;
     const size_t end = std::min(text.find(u'\n', at), text.size());
@@ -19,8 +19,8 @@ Text FitLines(TextView text, size_t lines, size_t width) {
     }
   }
   const TextView head = text.substr(0, cut);
-  const bool inMidLine = !head.empty() && head.back() != u'\n';
-  return Concat(head, inMidLine ? TextView(u"\r\n") : TextView(), u"...");
+  const bool endsInLine = !head.empty() && head.back() != u'\n';
+  return Concat(head, endsInLine ? TextView(u"\r\n") : TextView(), u"...");
 }
 
 }  // namespace tavix

@@ -4,8 +4,8 @@
 
 namespace tavix {
 
-// As much of a text as fits into as many lines as given, at least one, of as many characters each as given: a
-// line that is longer goes on in the next. Where something is left out, the last line says so by three dots.
+// Shortens a text to `lines` lines (at least 1) of `width` characters. A longer line continues on the next.
+// If anything is cut off, the last line is three dots.
 Text FitLines(TextView text, size_t lines, size_t width);
 
 }  // namespace tavix

@@ -20,7 +20,7 @@ bool IsQuoted(TextView value) {
   return pair && (value.front() == u'"' || value.front() == u'\'');
 }
 
-// Goes through the lines of a text. Names and values are pieces of it, without the blanks around them.
+// Reads a text line by line. Names and values point into it, without the blanks around them.
 class IniLines {
  public:
   explicit IniLines(TextView content) : content_(content) {}
@@ -55,7 +55,7 @@ class IniLines {
   TextView Key() const { return key_; }
   TextView Value() const { return IsQuoted(value_) ? value_.substr(1, value_.size() - 2) : value_; }
 
-  // Where the value stands in the text, with its quotes.
+  // The range of the value in the text, quotes included.
   size_t ValueBegin() const { return static_cast<size_t>(value_.data() - content_.data()); }
   size_t ValueEnd() const { return ValueBegin() + value_.size(); }
   // Where the next line begins.
@@ -82,7 +82,7 @@ bool CanBeKey(TextView name) {
   return CanBeName(name) && name.find(u'=') == TextView::npos && name.front() != u'[' && name.front() != u';';
 }
 
-// The form in which a value is read back as it is.
+// The form in which a value is written, so that reading returns the same value.
 Text Stored(TextView value) {
   Text line;
   for (size_t i = 0; i < value.size(); ++i) {
@@ -98,8 +98,9 @@ TextView LineEnd(TextView content) {
   return end == TextView::npos || (end > 0 && content[end - 1] == u'\r') ? u"\r\n" : u"\n";
 }
 
-// The text with lines, which have no line ends around them, put in where a line begins or the text ends.
-Text PutIn(TextView content, size_t at, TextView lines) {
+// Inserts lines at the start of a line or at the end of the text. `lines` has no line end at its start or
+// end.
+Text InsertLines(TextView content, size_t at, TextView lines) {
   const TextView lineEnd = LineEnd(content);
   const TextView before = content.substr(0, at);
   const bool open = !before.empty() && before.back() != u'\n';
@@ -125,21 +126,21 @@ void VisitIniSection(TextView content, TextView section,
 Text WriteIniValue(TextView content, TextView section, TextView key, TextView value) {
   if (!CanBeSection(section) || !CanBeKey(key)) return Text(content);
   const Text stored = Stored(value);
-  // Behind the last line of the first section of this name; an earlier run of its lines is its first.
+  // After the last line of the section. If the section appears several times, its first part counts.
   std::optional<size_t> sectionEnd;
-  bool behindFirst = false;
+  bool leftFirstPart = false;
   for (IniLines lines(content); lines.Next();) {
     if (!lines.InSection(section)) {
-      behindFirst = sectionEnd.has_value();
+      leftFirstPart = sectionEnd.has_value();
     } else if (lines.IsKey(key)) {
       return Concat(content.substr(0, lines.ValueBegin()), stored, content.substr(lines.ValueEnd()));
-    } else if (!lines.IsBlank() && !behindFirst) {
+    } else if (!lines.IsBlank() && !leftFirstPart) {
       sectionEnd = lines.End();
     }
   }
   const Text entry = Concat(key, u"=", stored);
-  if (sectionEnd) return PutIn(content, *sectionEnd, entry);
-  return PutIn(content, content.size(), Concat(u"[", section, u"]", LineEnd(content), entry));
+  if (sectionEnd) return InsertLines(content, *sectionEnd, entry);
+  return InsertLines(content, content.size(), Concat(u"[", section, u"]", LineEnd(content), entry));
 }
 
 }  // namespace tavix

@@ -6,7 +6,7 @@
 
 namespace tavix {
 
-// Appends a text as a JSON string, quotes included, in UTF-8; half of a surrogate pair is escaped.
+// Appends a text as a quoted JSON string in UTF-8. An unpaired surrogate is escaped.
 void AppendJson(std::string& out, TextView text);
 
 }  // namespace tavix

@@ -6,7 +6,7 @@
 namespace tavix {
 namespace {
 
-// Every `stride`-th letter from `first` to `last` has its capital `delta` further on.
+// For every `stride`-th letter from `first` to `last`, the capital is the letter plus `delta`.
 struct Run {
   char16_t first;
   char16_t last;
@@ -14,9 +14,9 @@ struct Run {
   int delta;
 };
 
-// Pairs of small letter and capital of the basic plane, outside ASCII, whose capital leads back to the
-// same small letter, and the final sigma. Small letters that only have a look-alike for a capital (micro
-// sign, dotless i, long s) stay as they are, and so do Georgian and Cherokee, as file and key names have it.
+// The small letters of the basic plane, outside ASCII, whose capital has them as its small letter, and the
+// final sigma. Letters without such a capital (micro sign, dotless i, long s) have none here. Nor have
+// Georgian and Cherokee letters: Windows doesn't convert them in file and key names either.
 constexpr Run kRuns[] = {
     {0x00E0, 0x00F6, 1, -32},    {0x00F8, 0x00FE, 1, -32},    {0x00FF, 0x00FF, 1, 121},
     {0x0101, 0x012F, 2, -1},     {0x0133, 0x0137, 2, -1},     {0x013A, 0x0148, 2, -1},

@@ -4,14 +4,16 @@
 
 namespace tavix {
 
-// The capital of a letter, one code unit for one, the same on every platform; anything else as it is.
+// The capital of a letter, always a single code unit and the same on every platform. Any other character is
+// returned unchanged.
 char16_t ToUpper(char16_t c);
 Text ToUpper(TextView text);
-// The small letter of a capital, likewise; of two small forms, the one used inside a word.
+// The small letter of a capital, in the same way. Of two small forms, the one used inside a word.
 Text ToLower(TextView text);
 
-// Order of the capitals' code units, shorter first: below zero, zero or above zero as `left` stands
-// before, equal to or after `right`. The order in which keys, folders and rows are listed.
+// Compares the code units of the upper-cased texts; a shorter text comes before a longer one that begins with
+// it. Below zero, zero or above zero when `left` is before, equal to or after `right`. Keys, folders and rows
+// are listed in this order.
 int CompareIgnoringCase(TextView left, TextView right);
 bool EqualIgnoringCase(TextView left, TextView right);
 

@@ -7,15 +7,15 @@
 namespace tavix {
 namespace {
 
-// The digits of a number's magnitude. The decimal point follows the first `point` digits.
+// The digits of a number without its sign. The decimal point is after the first `point` digits.
 struct Digits {
   std::string text;
   size_t point = 0;
 };
 
-// 15 significant digits, as many as a double holds for sure, so that 0.15 is seen as 0.15 and not as the
-// binary fraction next to it; times ten to the power of `shift`; then cut to `decimals`, halves away from
-// zero.
+// Multiplies by ten to the power of `shift` and rounds to `decimals`, halves away from zero. Starts from 15
+// significant digits, which a double always holds, so that 0.15 is rounded as 0.15 and not as the binary
+// fraction next to it.
 Digits RoundedDigits(double magnitude, size_t decimals, int shift = 0) {
   char buffer[32];
   const auto end =
@@ -80,16 +80,16 @@ Text FormatPadded(double number, const Locale& locale) {
 
 Text FormatPercent(double number) {
   if (!std::isfinite(number)) return {};
-  // The product with 100 may be more than a double holds.
+  // Shift the digits: multiplying by 100 could overflow the double.
   const Digits digits = RoundedDigits(std::fabs(number), 0, 2);
   if (IsZero(digits)) return u"%";
   return Concat(number < 0 ? u"-" : u"", Widen(digits.text), u"%");
 }
 
 double RoundToTenth(double number) {
-  // From here on a double has no decimals.
-  constexpr double kWhole = 0x1p53;
-  return std::fabs(number) < kWhole ? std::nearbyint(number * 10) / 10 : number;
+  // From this value on, doubles are whole numbers.
+  constexpr double kWholeFrom = 0x1p53;
+  return std::fabs(number) < kWholeFrom ? std::nearbyint(number * 10) / 10 : number;
 }
 
 std::optional<double> ParseNumber(TextView text, const Locale& locale) {

@@ -17,13 +17,13 @@ bool InList(char16_t c, TextView list) {
   return false;
 }
 
-// One element of a pattern that stands for a single character or, as `[]`, for none.
+// An element of a pattern. It matches one character, or none if `empty` (`[]`).
 struct Element {
   size_t length;
   bool empty;
 };
 
-// The element at the start of the pattern; nothing for an open bracket.
+// The element at the start of a pattern. Nothing for a bracket that isn't closed.
 std::optional<Element> ReadElement(TextView pattern) {
   if (pattern[0] != u'[') return Element{1, false};
   const size_t close = pattern.find(u']', 1);
@@ -31,7 +31,7 @@ std::optional<Element> ReadElement(TextView pattern) {
   return Element{close + 1, close == 1};
 }
 
-bool Fits(char16_t c, TextView element) {
+bool ElementMatches(char16_t c, TextView element) {
   switch (element[0]) {
     case u'?':
       return true;
@@ -60,15 +60,15 @@ bool BracketsClose(TextView pattern) {
 
 bool MatchesPattern(TextView text, TextView pattern) {
   if (!BracketsClose(pattern)) return false;
-  // On a mismatch the last `*` takes one character more; what stood before it never needs another try.
+  // On a mismatch the last `*` takes one more character. Earlier stars never need another try.
   size_t at = 0;
   size_t in = 0;
   size_t star = TextView::npos;
-  size_t taken = 0;
+  size_t starEnd = 0;
   while (true) {
     if (in < pattern.size() && pattern[in] == u'*') {
       star = ++in;
-      taken = at;
+      starEnd = at;
       continue;
     }
     if (in < pattern.size()) {
@@ -77,7 +77,7 @@ bool MatchesPattern(TextView text, TextView pattern) {
         in += element.length;
         continue;
       }
-      if (at < text.size() && Fits(text[at], pattern.substr(in, element.length))) {
+      if (at < text.size() && ElementMatches(text[at], pattern.substr(in, element.length))) {
         in += element.length;
         ++at;
         continue;
@@ -85,9 +85,9 @@ bool MatchesPattern(TextView text, TextView pattern) {
     } else if (at == text.size()) {
       return true;
     }
-    if (star == TextView::npos || taken >= text.size()) return false;
+    if (star == TextView::npos || starEnd >= text.size()) return false;
     in = star;
-    at = ++taken;
+    at = ++starEnd;
   }
 }
 

@@ -4,10 +4,11 @@
 
 namespace tavix {
 
-// Whether the whole text fits the wildcard pattern, letter case included: `?` is any one character, `*`
-// any run, `#` one decimal digit, `[list]` one character of the list and `[!list]` one outside it, both
-// with ranges such as `a-z`; `[]` stands for nothing. A pattern with an open `[` matches nothing. Time is
-// at most the product of the two lengths.
+// Whether the whole text matches the wildcard pattern. Letter case counts.
+// - `?` matches any one character, `*` any characters or none, `#` a decimal digit.
+// - `[list]` matches one character of the list, `[!list]` one outside it. A list may have ranges such as
+//   `a-z`. `[]` matches the empty text.
+// A pattern with an unclosed `[` matches nothing. The time is at most the product of both lengths.
 bool MatchesPattern(TextView text, TextView pattern);
 
 }  // namespace tavix

@@ -6,13 +6,13 @@
 
 namespace tavix {
 
-// Whether the system takes a name as it stands. It drops blanks and dots at the end of one, so that something
-// of another name, or the folder around it, would be meant.
+// Whether Windows takes a name unchanged. From other names it drops the blanks and dots at the end, so they
+// would mean another item, or the folder itself.
 inline bool IsPlainName(TextView name) {
   return name.empty() || (name.back() != u' ' && name.back() != u'.');
 }
 
-// The same of every name in a path.
+// The same for every name in a path.
 inline bool HasPlainNames(TextView path) {
   for (size_t start = 0; start < path.size();) {
     const size_t end = std::min(path.find_first_of(u"\\/", start), path.size());

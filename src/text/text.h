@@ -7,11 +7,11 @@
 
 namespace tavix {
 
-// Text of the system: UTF-16, one code unit is one character.
+// All text is UTF-16. One code unit counts as one character.
 using Text = std::u16string;
 using TextView = std::u16string_view;
 
-// The parts joined.
+// Joins the parts.
 template <class... Parts>
 Text Concat(const Parts&... parts) {
   Text joined;
@@ -20,19 +20,19 @@ Text Concat(const Parts&... parts) {
   return joined;
 }
 
-// Without the blanks (U+0020, nothing else) at both ends.
+// The text without blanks (only U+0020) at its ends.
 TextView Trim(TextView text);
 
-// The pieces of `text` between the occurrences of `separator`; one piece, the whole text, where there is
-// none. An empty text has no pieces at all. The pieces point into `text`; `separator` is not empty.
+// Splits `text` at each `separator`, which must not be empty. Without a separator the result is the whole
+// text; an empty text gives no pieces. The pieces point into `text`.
 std::vector<TextView> Split(TextView text, TextView separator);
 
-// The element at an index, from 0; nothing if there are fewer.
+// The element at an index, counted from 0. Nothing if there are fewer.
 inline std::optional<TextView> ElementAt(const std::vector<TextView>& elements, size_t index) {
   return index < elements.size() ? std::optional(elements[index]) : std::nullopt;
 }
 
-// Decimal digits of a whole number, with a minus sign where it is negative; no grouping.
+// A whole number in decimal digits, with a minus sign if it is negative, without grouping.
 Text ToText(long long number);
 
 }  // namespace tavix

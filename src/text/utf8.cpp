@@ -5,12 +5,12 @@
 namespace tavix {
 namespace {
 
-// The length of the sequence that a lead byte opens, the bits it carries and the least code point that
-// needs so many bytes.
+// The length of the sequence that a lead byte starts, the bits in that byte, and the smallest code point that
+// needs this length.
 struct Lead {
   size_t length;
   char32_t bits;
-  char32_t least;
+  char32_t smallest;
 };
 
 Lead ReadLead(unsigned char byte) {
@@ -24,9 +24,9 @@ Lead ReadLead(unsigned char byte) {
 }  // namespace
 
 std::optional<Text> FromUtf8(std::string_view bytes) {
-  // Most texts are plain ones, and most others begin so.
-  const auto* const plain = std::find_if(bytes.begin(), bytes.end(), [](char c) { return (c & 0x80) != 0; });
-  Text text(bytes.begin(), plain);
+  // Fast way: most texts are ASCII, or begin with it.
+  const auto* const ascii = std::find_if(bytes.begin(), bytes.end(), [](char c) { return (c & 0x80) != 0; });
+  Text text(bytes.begin(), ascii);
   text.reserve(bytes.size());
   for (size_t at = text.size(); at < bytes.size();) {
     Lead lead = ReadLead(static_cast<unsigned char>(bytes[at]));
@@ -37,7 +37,7 @@ std::optional<Text> FromUtf8(std::string_view bytes) {
       if ((next & 0xC0U) != 0x80) return std::nullopt;
       point = point << 6U | (next & 0x3FU);
     }
-    if (point < lead.least || point > 0x10FFFF) return std::nullopt;
+    if (point < lead.smallest || point > 0x10FFFF) return std::nullopt;
     if (point < 0x10000) {
       text.push_back(static_cast<char16_t>(point));
     } else {

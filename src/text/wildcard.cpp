@@ -7,13 +7,13 @@
 namespace tavix {
 namespace {
 
-// A question mark takes a character or it doesn't, with no choice, so the run of a star never needs to be
-// tried again once a later star is reached.
+// On a mismatch the last star takes one more character. Earlier stars never need another try, because `?` has
+// no choice in what it takes.
 bool Fits(TextView capitals, TextView pattern) {
   size_t at = 0;
   size_t next = 0;
-  size_t star = TextView::npos;  // after the last star met
-  size_t start = 0;              // where in the name the pattern after that star is being tried
+  size_t star = TextView::npos;  // the position after the last star
+  size_t start = 0;              // where in the name the rest after that star is tried
   for (;;) {
     const bool atEnd = at == capitals.size();
     if (next < pattern.size() && pattern[next] == u'*') {

@@ -6,7 +6,7 @@
 namespace tavix {
 namespace {
 
-// The characters of the bytes 0x80 to 0x9F; all other bytes are their own number.
+// The characters of the bytes 0x80 to 0x9F. Every other byte is the character with the same number.
 constexpr unsigned kFirst = 0x80;
 constexpr std::array<char16_t, 32> kSpecial{
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,  //

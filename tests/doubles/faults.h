@@ -8,23 +8,23 @@
 
 namespace tavix::machine {
 
-// Which calls on a machine in memory are to fail. Operations have the names of the routines.
+// Chooses calls on a machine in memory that fail. Operations have the names of the routines.
 class Faults {
  public:
-  // Lets every call of an operation on this path fail, letter case aside; on any path when it is empty.
+  // Makes every call of an operation on this path fail, ignoring letter case. An empty path means any path.
   void Fail(TextView operation, TextView path = {}) { failing_.emplace(operation, path); }
-  // Lets the call with this number fail, counted from 1 from here on over all operations.
+  // Makes one call fail: the `number`th from now on, counted over all operations.
   void FailCall(int number) { failAt_ = calls_ + number; }
   void Clear() {
     failing_.clear();
     failAt_ = 0;
   }
-  // Calls so far.
+  // The number of calls so far.
   int Calls() const { return calls_; }
 
-  // Counts a call; whether it is to fail.
+  // Counts a call and returns whether it fails.
   bool Hit(TextView operation, TextView path) { return ++calls_ == failAt_ || Fails(operation, path); }
-  // Whether calls of this operation on this path fail, without a call.
+  // Whether calls of this operation on this path fail. Doesn't count a call.
   bool Fails(TextView operation, TextView path) const {
     if (failing_.empty()) return false;
     return failing_.contains({Text(operation), Text(path)}) || failing_.contains({Text(operation), Text()});

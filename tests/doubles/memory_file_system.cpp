@@ -12,7 +12,7 @@ std::vector<Text> StoreNames(const MachinePath& path) {
   return names;
 }
 
-// The names of a relative link; `..` stays for the walk.
+// The names of a relative link's target. `..` stays in it.
 std::vector<Text> RelativeNames(TextView target) {
   std::vector<Text> names;
   for (const TextView name : Split(target, u"\\")) {
@@ -30,7 +30,7 @@ class FaultyFolder : public platform::OpenFolder {
   FaultyFolder(Faults& faults, Text path, std::unique_ptr<platform::OpenFolder> folder)
       : faults_(faults), path_(std::move(path)), folder_(std::move(folder)) {}
 
-  // A file that can't be looked at has its name in the listing all the same.
+  // A file that can't be examined is still listed by its name.
   bool List(const platform::EntryVisitor& visit, const platform::NameFilter& wanted) override {
     if (faults_.Hit(u"List", path_)) return false;
     const auto visitKnown = [&](const platform::DirectoryEntry& entry) {

@@ -5,11 +5,10 @@
 
 namespace tavix::machine {
 
-// What a file of a machine in memory is seeded with.
+// The content and facts of a seeded file.
 struct FileSeed {
   std::string content = {};
-  std::optional<uint64_t> size =
-      {};  // where it is more than the content, the rest is NULs and takes no memory
+  std::optional<uint64_t> size = {};  // default: of the content; the rest reads as NULs and takes no memory
   platform::DateTime modified = 0;
   platform::DateTime accessed = 0;  // long ago
   uint32_t attributes = 0;
@@ -21,16 +20,15 @@ class MemoryFileSystem : public MachineFileSystem {
   MemoryFileSystem(MemoryStore& store, const MachineFacts& facts)
       : MachineFileSystem(store, facts), store_(store) {}
 
-  // Seeding makes the folders on the way and replaces what stands there. Paths are whole.
+  // Seeding makes missing folders above and replaces an existing item. Paths are absolute.
   void AddFile(TextView path, const FileSeed& seed = {});
   void AddFolder(TextView path);
-  // A link to a whole path, or to one relative to the link's folder; the target needs not exist.
+  // Adds a link to an absolute path, or to a path relative to the link's folder. The target needn't exist.
   void AddLink(TextView path, TextView target);
 
-  // Which of the calls below fail, by their names and paths ("DeleteFile", u"C:\\a.txt"); a moved file by
-  // its source. What is done to a found item counts as DeleteFile, DeleteFolder and MoveFile. An
-  // existence test that fails can't tell. Faults of the store, half-way through a call, are those of
-  // MemoryStore.
+  // Makes the calls below fail, by their names and paths ("DeleteFile", u"C:\\a.txt"); a move by its source.
+  // Calls on a found item count as DeleteFile, DeleteFolder and MoveFile. A failing existence test can't
+  // tell. For failures in the middle of a call, use the faults of MemoryStore.
   Faults faults;
 
   std::optional<platform::FileFacts> Look(TextView path) override;

@@ -16,9 +16,9 @@
 
 namespace tavix::machine {
 
-// A machine in memory, behind the platform interfaces for as long as it lives. It starts with an empty
-// registry and no drives; a drive is there as soon as something is seeded on it. One at a time; afterwards
-// the interfaces are as at the start of the process.
+// A machine in memory. Connects the platform interfaces to it for as long as it lives. It starts with an
+// empty registry and no drives; seeding a file adds its drive. Only one may exist at a time. Its end restores
+// the state at the start of the process.
 struct MemoryHost {
   MemoryHost();
   ~MemoryHost();
@@ -29,7 +29,7 @@ struct MemoryHost {
   MachineRegistry registry;
   platform::MergedRegistry mergedRegistry{registry};
   MemoryStore store;
-  MachineFacts facts;  // as the sections of machine.ini: facts.Set(u"Folders", u"32", u"C:\\Cache")
+  MachineFacts facts;  // has the sections of machine.ini: facts.Set(u"Folders", u"32", u"C:\\Cache")
   MemoryFileSystem files{store, facts};
   Journal journal;
   MemoryShell shell{store, files, facts, journal};

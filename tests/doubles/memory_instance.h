@@ -4,7 +4,7 @@
 
 namespace tavix::machine {
 
-// A machine in memory has one program, unless it is told otherwise.
+// No other copy runs, unless a test says so.
 class MemoryInstance : public platform::Instance {
  public:
   bool PreviousRuns() override { return previousRuns; }

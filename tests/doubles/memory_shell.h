@@ -5,12 +5,12 @@
 
 namespace tavix::machine {
 
-// The shell of a machine in memory, with calls that fail on demand.
+// The shell of a machine in memory, with calls that can be made to fail.
 class MemoryShell : public MachineShell {
  public:
   using MachineShell::MachineShell;
 
-  // Operations have the names of the routines; the path is the call's argument, as text.
+  // Operations have the names of the routines. The path is the call's argument as text.
   Faults faults;
 
  protected:

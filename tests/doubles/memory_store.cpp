@@ -5,8 +5,8 @@ namespace {
 
 using Node = MemoryStore::Node;
 
-// A file whose size was only said is not made bigger than this to read it.
-constexpr uint64_t kMostRead = uint64_t{64} << 20U;
+// Larger seeded sizes can't be read: the content would have to be filled up to them.
+constexpr uint64_t kMaxRead = uint64_t{64} << 20U;
 
 platform::DateTime Now() {
   const platform::DateTime now = platform::clock->Now();
@@ -25,9 +25,9 @@ StoreEntry Entry(const Node& node) {
   return {node.name, node.kind, node.kind == EntryKind::File ? node.size : 0, node.modified, node.accessed};
 }
 
-// The letter of the drive that a node is or lies on; 0 beside the drives.
+// The letter of the drive that a node is or lies on. 0 outside the drives.
 char16_t Volume(const std::shared_ptr<Node>& start) {
-  std::shared_ptr<Node> below;  // of the last two nodes the lower one
+  std::shared_ptr<Node> below;  // two levels under `node`; `above` is one level under it
   std::shared_ptr<Node> above;
   for (std::shared_ptr<Node> node = start; node != nullptr; node = node->parent.lock()) {
     if (node->parent.expired())
@@ -74,7 +74,7 @@ class MemoryFolder : public StoreFolder {
   std::optional<std::string> ReadFile(TextView name) override {
     const Node* found = Child(name);
     if (faults_.Hit(u"ReadFile", name) || found == nullptr || found->kind != EntryKind::File ||
-        found->size > kMostRead) {
+        found->size > kMaxRead) {
       return std::nullopt;
     }
     std::string content = found->content;
@@ -144,8 +144,8 @@ class MemoryFolder : public StoreFolder {
     const auto found = node_->children.find(name);
     if (found == node_->children.end() || target.Child(newName) != nullptr) return MoveResult::Failed;
     const char16_t from = Volume(node_);
-    const char16_t there = Volume(target.node_);
-    if (from != there && from != 0 && there != 0) return MoveResult::OtherVolume;
+    const char16_t toDrive = Volume(target.node_);
+    if (from != toDrive && from != 0 && toDrive != 0) return MoveResult::OtherVolume;
     const std::shared_ptr<Node> node = found->second;
     node_->children.erase(found);
     node->name = newName;
@@ -169,7 +169,7 @@ class MemoryFolder : public StoreFolder {
     return found == node_->children.end() ? nullptr : found->second.get();
   }
 
-  // What is made in a folder takes its access list over.
+  // A new item inherits the folder's access list.
   std::shared_ptr<Node> NewChild(TextView name, EntryKind kind) const {
     auto node = NewNode(name, kind);
     node->isProtected = node_->isProtected;
@@ -183,7 +183,7 @@ class MemoryFolder : public StoreFolder {
     return true;
   }
 
-  // Takes out of a folder what is empty. Whether nothing is left in it.
+  // Removes empty files and empty folders. True when nothing is left in the folder.
   static bool RemoveEmpty(Node& folder) {
     std::erase_if(folder.children, [](const auto& child) {
       const Node& node = *child.second;
@@ -218,7 +218,7 @@ class MemoryFolder : public StoreFolder {
 
 }  // namespace
 
-// Not one within the other: a chain of folders may be long.
+// Without recursion: folders may be nested very deeply.
 MemoryStore::Node::~Node() {
   std::vector<std::shared_ptr<Node>> pending;
   const auto take = [&pending](Node& node) {

@@ -9,14 +9,14 @@
 
 namespace tavix::machine {
 
-// A store in memory. Of names that differ only in case there is one. Each drive is a volume of its own.
+// A store in memory. Names in a folder differ in more than letter case. Each drive is its own volume.
 class MemoryStore : public FileStore {
  public:
   struct Node {
     Text name;
     EntryKind kind = EntryKind::Folder;
     std::string content;
-    uint64_t size = 0;  // of a file; more than the content has stands for NULs
+    uint64_t size = 0;  // of a file; bytes after the content read as NULs
     LinkTarget target;
     platform::DateTime modified = 0;
     platform::DateTime accessed = 0;
@@ -32,15 +32,15 @@ class MemoryStore : public FileStore {
   std::unique_ptr<StoreFolder> Root() override;
   std::unique_ptr<StoreFolder> Open(const std::vector<Text>& names) override;
 
-  // The node below the root, made with all on the way where it is missing; what stands there as something
-  // else is replaced. A new node has the time of the clock.
+  // Makes the node at a path below the root, with all folders above it. An existing node of another kind, and
+  // an existing file or link, is replaced. A new node has the clock's time.
   Node& Make(const std::vector<Text>& names, EntryKind kind);
 
-  // The node below the root, links not followed; null where there is none.
+  // The node at a path below the root, links not followed. Null when it is missing.
   Node* Find(const std::vector<Text>& names);
 
-  // Operations have the names of StoreFolder's routines; the path is the name in the folder. A Find that
-  // fails can't tell; it isn't counted as a call.
+  // Operations have the names of StoreFolder's routines; the path is the name in the folder. A failing Find
+  // can't tell and isn't counted as a call.
   Faults faults;
 
  private:

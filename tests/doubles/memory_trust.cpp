@@ -23,7 +23,7 @@ bool MemoryTrust::OwnedByOthers(TextView path) {
 platform::Protection MemoryTrust::Protect(TextView path) {
   MemoryStore::Node* node = NodeOf(path);
   if (!keepsLists || node == nullptr || node->kind == EntryKind::Link) return platform::Protection::Failed;
-  return std::exchange(node->isProtected, true) ? platform::Protection::Stood : platform::Protection::Set;
+  return std::exchange(node->isProtected, true) ? platform::Protection::Unchanged : platform::Protection::Set;
 }
 
 bool MemoryTrust::Rename(TextView path, TextView name) {

@@ -5,8 +5,8 @@
 
 namespace tavix::machine {
 
-// Tests set who owns what and who is elevated. Owners and access lists belong to the file or folder: a rename
-// keeps them.
+// Owners, access lists and rights as tests set them. Owners and lists belong to the file or folder itself: a
+// rename keeps them.
 class MemoryTrust : public MachineTrust {
  public:
   MemoryTrust(MemoryStore& store, MachineFileSystem& files, const MachineFacts& facts)
@@ -18,16 +18,16 @@ class MemoryTrust : public MachineTrust {
   bool Rename(TextView path, TextView name) override;
 
   bool elevated = false;
-  // Whether there are access lists; others can change what has none.
+  // Whether files have access lists. Without one, other users can change a file.
   bool keepsLists = false;
   bool refusesRename = false;
-  // Gives what stands at a path to somebody else.
+  // Makes another user the owner of an existing item.
   void GiveToOthers(TextView path);
-  // Whether Protect gave a list to what stands there.
+  // Whether Protect gave the item at a path a list.
   bool IsProtected(TextView path);
 
  private:
-  // Null where nothing stands.
+  // Null when it is missing.
   MemoryStore::Node* NodeOf(TextView path);
 
   MemoryStore& store_;

@@ -5,7 +5,7 @@ namespace {
 
 platform::FileSystem* Disk() { return platform::fileSystem; }
 
-// A property of the facts, or nothing of none.
+// A member of the facts. Nothing without facts.
 template <class Member>
 auto Of(const std::optional<platform::FileFacts>& facts, Member member) {
   return facts.transform([member](const platform::FileFacts& known) { return known.*member; });

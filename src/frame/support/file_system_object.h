@@ -9,7 +9,7 @@ namespace tavix {
 
 class Folder;
 
-// A file, or nothing when the look-up failed: then every property fails.
+// A file, or the result of a failed look-up: then every property gives nothing.
 class File {
  public:
   File() = default;
@@ -27,7 +27,7 @@ class File {
   std::optional<platform::FileFacts> facts_;
 };
 
-// A folder, or nothing, likewise.
+// A folder, or the result of a failed look-up: then every property gives nothing.
 class Folder {
  public:
   Folder() = default;
@@ -36,7 +36,8 @@ class Folder {
 
   std::optional<Text> Path() const;
   std::optional<Text> Name() const;
-  // Bytes of all files in it and below, links not followed. Nothing when a folder below can't be read.
+  // The size in bytes of all files in it and below it, links not followed. Nothing when a folder below can't
+  // be read.
   std::optional<double> Size() const;
   // In the order of the upper-cased names. Nothing when the folder can't be read.
   std::optional<std::vector<File>> Files() const;
@@ -48,38 +49,34 @@ class Folder {
   std::optional<platform::FileFacts> facts_;
 };
 
-// The file-system object of the scripting runtime, as far as the program needs it. Paths are those of
-// platform/file_system.h. One made without a file system fails at everything.
+// The file-system object of the scripting runtime, reduced to what the program needs. Paths are those of
+// platform/file_system.h. Without a file system every call fails.
 class FileSystemObject {
  public:
   FileSystemObject() = default;
   explicit FileSystemObject(platform::FileSystem* files) : files_(files) {}
   explicit operator bool() const { return files_ != platform::noFileSystem; }
 
-  // As platform::FileSystem has them. Without a file system it can't be told.
+  // As platform::FileSystem::FileExists and FolderExists. Nothing (can't tell) without a file system.
   platform::Existence FileExists(TextView path) const;
   platform::Existence FolderExists(TextView path) const;
-  // Nothing when there is no such file, or it is a folder.
+  // Nothing when it is missing or of the other kind.
   std::optional<File> GetFile(TextView path) const;
   std::optional<Folder> GetFolder(TextView path) const;
-  // What Files and SubFolders of a folder would give, in one reading of it, as
-  // platform::FileSystem::List does.
+  // Visits the files and subfolders of a folder in one reading, as platform::FileSystem::List.
   bool List(TextView path, const platform::FileSystem::EntryVisitor& visit,
             const platform::FileSystem::NameFilter& wanted = {}) const;
-  // As the calls of platform::FileSystem of these names.
+  // As the calls of platform::FileSystem with these names. Calls that change something don't report failure.
   std::unique_ptr<platform::OpenFolder> Open(TextView path) const;
   std::optional<Text> FolderIdentity(TextView path) const;
   std::vector<Text> Lineage(TextView path) const;
   std::unique_ptr<platform::FoundItem> OpenFound(TextView start, TextView below) const;
   void CreateFolder(TextView path) const;
-  // An empty file, its handle dropped at once.
   void CreateTextFile(TextView path, bool overwrite) const;
   void DeleteFile(TextView path, bool force) const;
   void DeleteFolder(TextView path, bool force) const;
   void MoveFile(TextView source, TextView destination) const;
-  // As platform::FileSystem has it: exactly these of read-only, hidden, system and archive.
   void SetAttributes(TextView path, uint32_t attributes) const;
-  // As platform::FileSystem::RemoveTemporaries.
   void RemoveTemporaries(TextView folder) const;
   std::vector<platform::Drive> Drives() const;
 

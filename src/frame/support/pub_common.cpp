@@ -13,7 +13,7 @@ namespace {
 
 bool IsSeparator(char16_t c) { return c == u'\\' || c == u'/'; }
 
-// Two percent signs: the name of a variable that isn't set may stand between them.
+// Two percent signs may still enclose the name of a variable that isn't set.
 bool MayHoldVariable(TextView path) { return std::count(path.begin(), path.end(), u'%') >= 2; }
 
 // Whether a text is an absolute path on a drive ("C:\..."), without characters that no path can have.
@@ -70,12 +70,12 @@ void clsPubCommon::IsShortcutValid(TextView path, bool& valid) {
           });
 }
 
-// Only a fixed drive is touched at all; another kind may keep everybody waiting.
+// Only fixed drives are accessed; others could take long to answer.
 bool clsPubCommon::IsKnownToBeMissing(TextView path) {
   if (!IsPathOnDrive(path) || MayHoldVariable(path)) return false;
   const char16_t letter = ToUpper(path[0]);
   Drive& drive = DriveOf(letter);
-  // A link as the target counts as there, whatever it leads to.
+  // A link counts as existing, whatever its target.
   if (!drive.fixed || files_->Look(path)) return false;
   if (files_->FileExists(path) != false || files_->FolderExists(path) != false) return false;
   if (!drive.ready) drive.ready = files_->IsDriveReady(letter);

@@ -11,44 +11,45 @@
 
 namespace tavix {
 
-// A value that is a number or a text; a text never equals a number.
+// A number or a text. A text never equals a number.
 using Variant = std::variant<double, TextView>;
 
-// Texts of forms, and small tests. Results come in the last argument; an operation that fails leaves it as it
-// was. Without the file system or shell that it needs, an operation fails.
+// Texts of forms, and small tests. Results are returned in the last argument. A failed operation leaves it
+// unchanged. An operation fails without the file system or shell that it needs.
 class clsPubCommon {
  public:
   clsPubCommon() = default;
   clsPubCommon(platform::FileSystem* files, platform::Shell* shell) : files_(files), shell_(shell) {}
 
-  // Replaces the captions of a form's menus by those that the INI-style file holds in the section of the
-  // form's name. What is missing or empty there keeps its caption.
+  // Replaces the captions of a form's menus by those in an INI file, in the section with the form's name. A
+  // caption stays when its entry is missing or empty.
   void LoadFormMenus(Form& form, TextView file) const;
   // The same for all other texts of the form.
   void LoadFormTexts(Form& form, TextView file) const;
 
-  // Whether the value equals one of the array, letter case regarded.
+  // Whether the value is in the array. Letter case counts.
   void InArray(const Variant& value, std::initializer_list<Variant> array, bool& found) const;
-  // The number of files that lie directly in a folder. A folder that can't be listed is a failure.
+  // The number of files directly in a folder. Fails when the folder can't be listed.
   void CountFolderFiles(TextView folder, int& count) const;
-  // False only where every place that the shortcut names is known to be missing: a path, variables expanded,
-  // on a fixed drive that is ready, where nothing stands. True for all else: a shortcut that can't be read,
-  // that names no path or also something that is none (an object of the shell), a variable that isn't set or
-  // whose text makes no path, a network path, a drive of another kind, not ready or not there, and what
-  // can't be looked at.
+  // False only when the shortcut's target is known to be missing: every place that it names is a path, with
+  // variables expanded, on a fixed, ready drive, and doesn't exist there. True in all other cases:
+  // - The shortcut can't be read, names no path, or also names something without a path (an object of the
+  //   shell).
+  // - A path has a variable that isn't set, or isn't a valid path after expanding.
+  // - A path is on a network, on a drive of another kind, or on a drive that is missing or not ready.
+  // - A path can't be examined.
   //
-  // A drive is asked at most once, and only when something on it seems to be missing, until ForgetDrives.
+  // Each drive is asked at most once until ForgetDrives, and only when something on it seems to be missing.
   void IsShortcutValid(TextView path, bool& valid);
-  // Drives are asked anew from here on; for the start of each walk.
+  // Forgets what is known of drives. Call it at the start of each scan.
   void ForgetDrives() { drives_.clear(); }
   void GetSystemTempFolder(Text& path) const;
 
  private:
   void LoadTexts(const std::vector<NamedText>& texts, TextView section, TextView file) const;
-  // What is known of a drive.
   struct Drive {
     bool fixed = false;
-    std::optional<bool> ready = {};  // once it was asked
+    std::optional<bool> ready = {};  // nothing until it was asked
   };
 
   bool IsKnownToBeMissing(TextView path);

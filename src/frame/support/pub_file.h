@@ -6,8 +6,8 @@
 
 namespace tavix {
 
-// Line-based editing of text files. An operation that fails leaves the file and the result unchanged. One
-// made without a file system fails at everything.
+// Line-based editing of text files. A failed operation leaves the file and the result unchanged. Without a
+// file system every operation fails.
 class clsPubFile {
  public:
   clsPubFile() = default;
@@ -16,16 +16,16 @@ class clsPubFile {
   // Appends the text and a line end to the file. Makes the file if it is missing. Doesn't end a last line
   // that has no line end yet.
   void AppendLine(TextView file, TextView text) const;
-  // The number of line ends and one more; 0 for a missing file.
+  // The number of line ends plus one. 0 for a file that is missing or can't be read.
   void CountLines(TextView file, int& count) const;
-  // Removes each line whose field `field`, counted from 0 under `separator`, equals the text.
+  // Removes each line that, split at `separator`, has `text` as its field number `field`, counted from 0.
   void RemoveLine(TextView file, TextView text, TextView separator, int field) const;
 
  private:
   platform::FileSystem* files_ = platform::noFileSystem;
 };
 
-// The lines of a text file (text/text_file.h has what a line is). None when the file can't be read.
+// The lines of a text file, as TextLines (text/text_file.h) splits them. None when the file can't be read.
 std::vector<Text> ReadTextLines(TextView file);
 
 namespace mdlPubSelf {

@@ -9,7 +9,7 @@
 
 namespace tavix {
 
-// What a clsPubSystem stands on; each may be missing, and the operations that need it then fail.
+// The interfaces that clsPubSystem uses. Each may be missing; operations that need it then fail.
 struct SystemServices {
   platform::Shell* shell = platform::noShell;
   platform::FileSystem* files = platform::noFileSystem;
@@ -17,51 +17,52 @@ struct SystemServices {
   platform::Desktop* desktop = platform::noDesktop;
 };
 
-// The services of the system's shell and desktop. Results come in the last argument; an operation that
-// fails leaves it as it was. None shows a dialog but BrowseForFolder.
+// The services of the system's shell and desktop. Results are returned in the last argument. A failed
+// operation leaves it unchanged. Only BrowseForFolder shows a dialog.
 class clsPubSystem {
  public:
   clsPubSystem() = default;
-  explicit clsPubSystem(const SystemServices& services) : on_(services) {}
+  explicit clsPubSystem(const SystemServices& services) : services_(services) {}
 
   // Sends a message to a window and returns when it has been handled.
   void SendWindowMessage(platform::WindowHandle window, uint32_t message, intptr_t wParam,
                          intptr_t lParam) const;
-  // Posts a message without waiting.
+  // Posts a message and returns at once.
   void PostWindowMessage(platform::WindowHandle window, uint32_t message, intptr_t wParam,
                          intptr_t lParam) const;
-  // Opens a file or folder with its default action.
+  // Opens a file or folder with its default action. `style` is the show style of the window.
   void OpenPath(TextView path, int style) const;
-  // Starts a web or mail address, a program or a whole command line, and returns at once.
+  // Starts a web or mail address, a program or a command line. `style` is the show style of the window.
+  // Returns at once.
   void RunTarget(TextView target, int style) const;
-  // One key of an INI-style text file; the empty text where file, section or key are missing.
+  // One value of an INI file. The empty text when the key is missing or the file can't be read.
   void ReadProfileString(TextView file, TextView section, TextView key, Text& value) const;
-  // Writes one key, making section, key and file if needed; all else in the file stays. A crash leaves the
-  // old or the new file.
+  // Writes one value of an INI file. Makes file, section and key if needed. Everything else in the file
+  // stays. A crash leaves the old file or the new one.
   void WriteProfileString(TextView file, TextView section, TextView key, TextView value) const;
-  // A top-level window by its exact title; 0 where there is none.
+  // A top-level window by its exact title. 0 when there is none.
   void FindWindowByTitle(TextView title, platform::WindowHandle& window) const;
-  // The empty text when the user cancels.
+  // Asks the user for a folder. The empty text when the user cancels.
   void BrowseForFolder(platform::WindowHandle owner, TextView title, Text& path) const;
   // A shell folder by its CSIDL number; 9966 is the system folder.
   void GetSpecialFolder(int number, Text& path) const;
-  // Number of items in all bins, a bar, their size in bytes. The first argument is 0 for all drives.
+  // The number of items in all bins, a bar, their size in bytes: "3|4096". `drives` is 0 for all drives.
   void GetRecycleBinInfo(int drives, Text& info) const;
   void GetUserTempFolder(Text& path) const;
-  // Marks a file for removal at the next start of the system.
+  // Marks a file for deletion at the next start of the system.
   void DeleteAtRestart(TextView path) const;
   void SetTreeBackColor(platform::WindowHandle tree, uint32_t color) const;
-  // Empties the bins of all drives with no question.
+  // Empties the bins of all drives without a question.
   void EmptyRecycleBin(platform::WindowHandle owner, int flags) const;
-  // A decoration of lists that this system's lists do without: their rows bear their colours themselves.
+  // Does nothing: the rows of this program's lists have their own colours.
   void AttachListColorHook(platform::WindowHandle list, bool on, platform::WindowHandle owner,
                            uint32_t color) const;
-  // Sends a file or folder to the recycle bin without a question.
+  // Moves a file or folder to the recycle bin without a question.
   void DeleteToRecycleBin(TextView path) const;
   void ShowFileProperties(platform::WindowHandle owner, TextView path) const;
 
  private:
-  SystemServices on_;
+  SystemServices services_;
 };
 
 namespace mdlPubSelf {

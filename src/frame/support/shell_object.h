@@ -6,14 +6,14 @@
 
 namespace tavix {
 
-// The scripting runtime's shell object, used only for its special folders. One made without a shell has
-// none.
+// The scripting runtime's shell object, used only for its special folders. Without a shell it has none.
 class ShellObject {
  public:
   ShellObject() = default;
   explicit ShellObject(platform::Shell* shell) : shell_(shell) {}
 
-  // A folder by its name, or by its position in the collection in decimal digits.
+  // A folder by its name, or by its position in the collection, counted from 0, in decimal digits. Nothing
+  // for others.
   std::optional<Text> SpecialFolders(TextView item) const { return shell_->SpecialFolderByName(item); }
 
  private:

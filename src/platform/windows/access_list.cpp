@@ -7,9 +7,9 @@
 namespace tavix::windows {
 namespace {
 
-constexpr ACCESS_MASK kChanging = FILE_WRITE_DATA | FILE_APPEND_DATA | FILE_WRITE_EA | FILE_DELETE_CHILD |
-                                  FILE_WRITE_ATTRIBUTES | DELETE | WRITE_DAC | WRITE_OWNER | GENERIC_WRITE |
-                                  GENERIC_ALL;
+constexpr ACCESS_MASK kChangeRights = FILE_WRITE_DATA | FILE_APPEND_DATA | FILE_WRITE_EA | FILE_DELETE_CHILD |
+                                      FILE_WRITE_ATTRIBUTES | DELETE | WRITE_DAC | WRITE_OWNER |
+                                      GENERIC_WRITE | GENERIC_ALL;
 
 }  // namespace
 
@@ -24,16 +24,16 @@ std::optional<Identity> Identity::Of(PSID identity) {
 std::optional<Identity> Identity::ThisUser() {
   FileHandle token;
   if (!OpenProcessToken(GetCurrentProcess(), TOKEN_QUERY, token.Receive())) return std::nullopt;
-  alignas(TOKEN_USER) char room[sizeof(TOKEN_USER) + SECURITY_MAX_SID_SIZE];
+  alignas(TOKEN_USER) char buffer[sizeof(TOKEN_USER) + SECURITY_MAX_SID_SIZE];
   DWORD length = 0;
-  if (!GetTokenInformation(token.Get(), TokenUser, room, sizeof(room), &length)) return std::nullopt;
-  return Of(reinterpret_cast<const TOKEN_USER*>(room)->User.Sid);
+  if (!GetTokenInformation(token.Get(), TokenUser, buffer, sizeof(buffer), &length)) return std::nullopt;
+  return Of(reinterpret_cast<const TOKEN_USER*>(buffer)->User.Sid);
 }
 
 std::optional<Identity> Identity::WellKnown(WELL_KNOWN_SID_TYPE type) {
-  alignas(SID) char room[SECURITY_MAX_SID_SIZE];
-  DWORD length = sizeof(room);
-  return CreateWellKnownSid(type, nullptr, room, &length) ? Of(room) : std::nullopt;
+  alignas(SID) char buffer[SECURITY_MAX_SID_SIZE];
+  DWORD length = sizeof(buffer);
+  return CreateWellKnownSid(type, nullptr, buffer, &length) ? Of(buffer) : std::nullopt;
 }
 
 std::optional<Security> Security::Read(HANDLE file) {
@@ -69,9 +69,9 @@ bool Security::OthersMayChange(const std::vector<Identity>& except) const {
     if (type == ACCESS_DENIED_ACE_TYPE) continue;
     if (type != ACCESS_ALLOWED_ACE_TYPE) return true;
     auto* const allowed = static_cast<ACCESS_ALLOWED_ACE*>(entry);
-    if ((allowed->Mask & kChanging) == 0) continue;
-    const std::optional<Identity> whom = Identity::Of(&allowed->SidStart);
-    if (!whom || std::ranges::find(known, *whom) == known.end()) return true;
+    if ((allowed->Mask & kChangeRights) == 0) continue;
+    const std::optional<Identity> grantee = Identity::Of(&allowed->SidStart);
+    if (!grantee || std::ranges::find(known, *grantee) == known.end()) return true;
   }
   return false;
 }
@@ -79,15 +79,15 @@ bool Security::OthersMayChange(const std::vector<Identity>& except) const {
 bool SetAccessList(HANDLE file, bool folder, const std::vector<Identity>& full) {
   const std::optional<Identity> users = Identity::WellKnown(WinBuiltinUsersSid);
   if (!users) return false;
-  alignas(ACL) char room[1024];
-  const auto list = reinterpret_cast<PACL>(room);
-  const DWORD handedDown = folder ? OBJECT_INHERIT_ACE | CONTAINER_INHERIT_ACE : 0;
-  if (!InitializeAcl(list, sizeof(room), ACL_REVISION)) return false;
+  alignas(ACL) char buffer[1024];
+  const auto list = reinterpret_cast<PACL>(buffer);
+  const DWORD inheritance = folder ? OBJECT_INHERIT_ACE | CONTAINER_INHERIT_ACE : 0;
+  if (!InitializeAcl(list, sizeof(buffer), ACL_REVISION)) return false;
   for (const Identity& each : full) {
-    if (!AddAccessAllowedAceEx(list, ACL_REVISION, handedDown, FILE_ALL_ACCESS, each.Get())) return false;
+    if (!AddAccessAllowedAceEx(list, ACL_REVISION, inheritance, FILE_ALL_ACCESS, each.Get())) return false;
   }
-  constexpr DWORD kReading = FILE_GENERIC_READ | FILE_GENERIC_EXECUTE;
-  if (!AddAccessAllowedAceEx(list, ACL_REVISION, handedDown, kReading, users->Get())) return false;
+  constexpr DWORD kReadRights = FILE_GENERIC_READ | FILE_GENERIC_EXECUTE;
+  if (!AddAccessAllowedAceEx(list, ACL_REVISION, inheritance, kReadRights, users->Get())) return false;
   SECURITY_DESCRIPTOR descriptor;
   return InitializeSecurityDescriptor(&descriptor, SECURITY_DESCRIPTOR_REVISION) &&
          SetSecurityDescriptorDacl(&descriptor, TRUE, list, FALSE) &&

@@ -7,16 +7,16 @@
 
 namespace tavix::windows {
 
-// Who somebody is to the system.
+// A user, group or system account: a security identifier (SID).
 class Identity {
  public:
-  // Copied. Nothing of a null one.
+  // Copies a SID. Nothing for a null or an invalid one.
   static std::optional<Identity> Of(PSID identity);
-  // The user that the process runs as. Nothing where the system doesn't say.
+  // The user this process runs as. Nothing when the system can't tell.
   static std::optional<Identity> ThisUser();
   static std::optional<Identity> WellKnown(WELL_KNOWN_SID_TYPE type);
 
-  // As the system takes it; not changed.
+  // For calls of the API, which take it without const but don't change it.
   PSID Get() const { return const_cast<char*>(bytes_.data()); }
   bool operator==(const Identity& other) const { return EqualSid(Get(), other.Get()) != 0; }
 
@@ -24,24 +24,25 @@ class Identity {
   std::vector<char> bytes_;
 };
 
-// Owner and access list of something open, which needs the right READ_CONTROL.
+// The owner and the access list of an open file or folder.
 struct Security {
-  // Nothing where they can't be read.
+  // Reads both. The handle needs the right READ_CONTROL. Nothing when they can't be read.
   static std::optional<Security> Read(HANDLE file);
 
   std::optional<Identity> owner;
-  // Whether somebody who isn't among these, the owner or the creator of what is to come may change it, or
-  // what will be made in it. True without a list: then everybody may do everything.
+  // Whether the list lets anybody change the item, or what will be made in it, besides those in `except`, the
+  // owner and the future creators of its content. True when there is no list: then everybody may do
+  // everything.
   bool OthersMayChange(const std::vector<Identity>& except) const;
 
  private:
-  PACL list_ = nullptr;  // lies in bytes_
+  PACL list_ = nullptr;  // points into bytes_
   std::vector<char> bytes_;
 };
 
-// Gives something open, with the right WRITE_DAC, an access list of its own, which takes nothing from the
-// folder above: everything to `full`, reading to all users. A folder hands it down to what will be made in
-// it; nothing that is in it already is touched.
+// Gives an open file or folder an access list of its own, which inherits nothing: those in `full` may do
+// everything, all users may read. The handle needs the right WRITE_DAC. A folder passes the list on to what
+// is made in it later. Items already in it keep their own lists. False when the list can't be set.
 bool SetAccessList(HANDLE file, bool folder, const std::vector<Identity>& full);
 
 }  // namespace tavix::windows

@@ -27,13 +27,13 @@ bool IsSet(platform::Hive hive, TextView key, TextView name) {
   return ReadNumber(hive, key, name).value_or(0) != 0;
 }
 
-// The root of the volume, with its backslash; empty when it can't be told.
+// The root of the path's volume, with a backslash. Empty when it can't be told.
 Text VolumeRoot(const Text& path) {
   wchar_t root[MAX_PATH + 1] = L"";
   return GetVolumePathNameW(Wide(path), root, MAX_PATH + 1) != FALSE ? FromWide(root) : Text();
 }
 
-// "{...}" of a volume, under which its bin has its settings.
+// The "{...}" part of the volume's name, which is the key of its bin's settings.
 std::optional<Text> VolumeIdentity(const Text& root) {
   wchar_t name[MAX_PATH + 1] = L"";
   if (GetVolumeNameForVolumeMountPointW(Wide(root), name, MAX_PATH + 1) == FALSE) return std::nullopt;
@@ -43,15 +43,15 @@ std::optional<Text> VolumeIdentity(const Text& root) {
   return volume.substr(open, close - open + 1);
 }
 
-// The settings are per volume and user. A bin whose settings were never written has the usual ones.
+// The settings are per volume and user. A bin without written settings uses the system's defaults.
 bool FitsBinOf(const Text& volume, const Text& path) {
   constexpr platform::Hive kUser = platform::Hive::CurrentUser;
   constexpr uint64_t kMegabyte = 1024 * 1024;
   const Text key = Concat(kBins, volume);
   if (IsSet(kUser, key, u"NukeOnDelete")) return false;
-  const std::optional<uint64_t> most = ReadNumber(kUser, key, u"MaxCapacity");
+  const std::optional<uint64_t> limit = ReadNumber(kUser, key, u"MaxCapacity");
   const std::optional<Entry> entry = LookUp(path);
-  return !most || !entry || entry->IsFolder() || entry->size <= *most * kMegabyte;
+  return !limit || !entry || entry->IsFolder() || entry->size <= *limit * kMegabyte;
 }
 
 }  // namespace

@@ -4,9 +4,9 @@
 
 namespace tavix::windows {
 
-// Whether the settings of the recycle bin let it take the file or folder at a normal path: false on a share,
-// for a user and on a volume whose bin is turned off, and for a file larger than the bin may become. What the
-// settings don't tell counts as taken and is left to the shell.
+// Whether the settings of the recycle bin let it take the file or folder at a normal path. False on a network
+// share, when the bin is turned off for the user or the volume, and when the file is larger than the bin's
+// limit. True when the settings can't be read: then the shell decides.
 bool BinTakes(const Text& path);
 
 }  // namespace tavix::windows

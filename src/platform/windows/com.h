@@ -6,7 +6,7 @@
 
 namespace tavix::windows {
 
-// The owner of one reference to an object of the system.
+// Owns one reference to a COM object.
 template <class Interface>
 struct ComTraits {
   using Handle = Interface*;
@@ -16,7 +16,7 @@ struct ComTraits {
 template <class Interface>
 using ComPointer = Owned<ComTraits<Interface>>;
 
-// Another interface of an object; null when it has none of that kind.
+// Another interface of a COM object. Null when the object doesn't have it.
 template <class Interface>
 ComPointer<Interface> Ask(IUnknown* object, REFIID id) {
   ComPointer<Interface> found;
@@ -24,7 +24,7 @@ ComPointer<Interface> Ask(IUnknown* object, REFIID id) {
   return found;
 }
 
-// Memory that an object handed out.
+// Owns memory that a COM object allocated for us.
 template <class Type>
 struct TaskMemoryTraits {
   using Handle = Type*;
@@ -34,7 +34,7 @@ struct TaskMemoryTraits {
 template <class Type>
 using TaskMemory = Owned<TaskMemoryTraits<Type>>;
 
-// The thread's right to use such objects, for as long as it lives.
+// Initializes COM on this thread for as long as the object lives.
 class ComApartment {
  public:
   ComApartment() : entered_(SUCCEEDED(CoInitializeEx(nullptr, kKind))) {}

@@ -8,7 +8,7 @@ namespace {
 
 bool IsLetter(char16_t c) { return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z'); }
 
-Command At(TextView text, size_t cut) {
+Command SplitAt(TextView text, size_t cut) {
   return {Text(text.substr(0, cut)), Text(cut < text.size() ? Trim(text.substr(cut)) : TextView())};
 }
 
@@ -32,9 +32,9 @@ Command SplitCommand(TextView text, const std::function<bool(TextView path)>& is
   if (IsAddress(text) || isThere(text)) return {Text(text), {}};
   for (size_t cut = text.find(u' '); cut != TextView::npos; cut = text.find(u' ', cut + 1)) {
     const TextView program = text.substr(0, cut);
-    if (isThere(program) || isThere(Concat(program, u".exe"))) return At(text, cut);
+    if (isThere(program) || isThere(Concat(program, u".exe"))) return SplitAt(text, cut);
   }
-  return At(text, std::min(text.find(u' '), text.size()));
+  return SplitAt(text, std::min(text.find(u' '), text.size()));
 }
 
 }  // namespace tavix::windows

@@ -6,19 +6,21 @@
 
 namespace tavix::windows {
 
-// What is started, and its arguments as they stand.
+// A program, file or address to start, and its arguments, unchanged.
 struct Command {
   Text target;
   Text arguments;
 };
 
-// Whether a text begins with a scheme ("http:", "mailto:"). A single letter is a drive.
+// Whether a text begins with a scheme ("http:", "mailto:"). One letter and a colon is a drive, not a scheme.
 bool IsAddress(TextView text);
 
-// Takes apart what a user or a registry entry has in one text. An address ("http://...", "mailto:...") is a
-// whole, blanks included; so is what `isThere` knows as a file or folder. Quotes hold a path with blanks.
-// Without them the shortest beginning up to a blank that `isThere` knows, with or without ".exe", is the
-// program, and where it knows none, the first word is. An empty target for an empty text.
+// Splits a command line into its target and its arguments. The first rule that applies:
+// - A text in quotes: the target is the part in quotes.
+// - An address, or a text that `isThere` knows as a whole: all of it, blanks included.
+// - The shortest beginning up to a blank that `isThere` knows, with or without ".exe".
+// - The first word.
+// An empty text gives an empty target.
 Command SplitCommand(TextView text, const std::function<bool(TextView path)>& isThere);
 
 }  // namespace tavix::windows

@@ -13,21 +13,21 @@ struct Level {
   std::vector<ListedItem> rest;
 };
 
-bool Enter(OpenedItem folder, std::vector<Level>& levels) {
+bool EnterFolder(OpenedItem folder, std::vector<Level>& levels) {
   Level& level = levels.emplace_back(std::move(folder), std::vector<ListedItem>());
   return ListItems(level.folder.handle.Get(), level.rest);
 }
 
-// Files and links in the folder and below go where `goes` says so. `share` is what others may do with what
-// is being deleted.
+// Deletes a tree without recursion. `shouldDelete` chooses among its files and links. `share` is the share
+// mode of what is being deleted. True when all of it was deleted.
 template <class Rule>
-bool DeleteTree(OpenedItem top, bool force, DWORD share, const Rule& goes) {
+bool DeleteTree(OpenedItem top, bool force, DWORD share, const Rule& shouldDelete) {
   std::vector<Level> levels;
-  bool whole = Enter(std::move(top), levels);
+  bool complete = EnterFolder(std::move(top), levels);
   while (!levels.empty()) {
     Level& level = levels.back();
     if (level.rest.empty()) {
-      whole = DeleteItem(level.folder, force) && whole;
+      complete = DeleteItem(level.folder, force) && complete;
       levels.pop_back();
       continue;
     }
@@ -35,20 +35,21 @@ bool DeleteTree(OpenedItem top, bool force, DWORD share, const Rule& goes) {
     level.rest.pop_back();
     std::optional<OpenedItem> opened = OpenItemIn(level.folder.handle.Get(), listed, share);
     if (!opened) {
-      whole = false;
-    } else if (opened->IsTree()) {
-      // An empty folder goes without being listed; the system refuses any other.
-      if (!DeleteItem(*opened, force)) whole = Enter(*std::move(opened), levels) && whole;
+      complete = false;
+    } else if (opened->IsRealFolder()) {
+      // Try without listing: this deletes an empty folder, and the system refuses any other.
+      if (!DeleteItem(*opened, force)) complete = EnterFolder(*std::move(opened), levels) && complete;
     } else {
-      whole = goes(*opened) && DeleteItem(*opened, force) && whole;
+      complete = shouldDelete(*opened) && DeleteItem(*opened, force) && complete;
     }
   }
-  return whole;
+  return complete;
 }
 
 bool IsEmptyFile(const OpenedItem& item) {
   FILE_STANDARD_INFO facts;
-  return !item.link && handleCalls.ask(item.handle.Get(), FileStandardInfo, &facts, sizeof(facts)) &&
+  return !item.link &&
+         handleCalls.getInformation(item.handle.Get(), FileStandardInfo, &facts, sizeof(facts)) &&
          facts.EndOfFile.QuadPart == 0;
 }
 
@@ -68,7 +69,7 @@ bool DeleteTree(TextView path, bool force) {
 }
 
 bool DeleteEmptyTree(OpenedItem top) {
-  // Nobody may write to a file between the look at its size and its end.
+  // Nobody may write to a file between the check of its size and its deletion.
   return DeleteTree(std::move(top), true, FILE_SHARE_READ | FILE_SHARE_DELETE, IsEmptyFile);
 }
 

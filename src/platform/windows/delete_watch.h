@@ -6,14 +6,14 @@
 
 namespace tavix::windows {
 
-// Looks on while the shell deletes one thing into the recycle bin. Before each item the shell says whether it
-// recycles it "if possible"; what it is about to delete for good, and has no such word, is refused, and the
-// whole operation ends. Afterwards it says where in the bin the item is now, or that it is nowhere.
+// Watches the shell move one item to the recycle bin. Before each deletion the shell passes a flag that says
+// whether it recycles the item "if possible". Without the flag it would delete for good: then we refuse, and
+// the whole operation ends. Afterwards the shell says where in the bin the item is, or that it isn't there.
 //
-// It lives on the stack of its user, longer than the operation: references to it aren't counted.
+// It lives on its user's stack and outlives the operation, so references to it aren't counted.
 class DeleteWatch final : public IFileOperationProgressSink {
  public:
-  // Whether the item was deleted and is in the bin.
+  // Whether the item was moved to the bin.
   bool IsInBin() const { return inBin_; }
 
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {

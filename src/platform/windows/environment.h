@@ -4,7 +4,8 @@
 
 #include "text/text.h"
 
-// The variables of the running program. The contract is that of platform::Shell.
+// The environment variables of this process. The contract is that of platform::Shell::EnvironmentVariable and
+// ExpandEnvironment.
 namespace tavix::windows {
 
 std::optional<Text> Variable(TextView name);

@@ -11,7 +11,7 @@
 namespace tavix::windows {
 namespace {
 
-// More than this is no file of the program's, and no call of the system takes more at a time.
+// Larger files aren't read. Also the most bytes written at a time.
 constexpr uint64_t kLargestFile = uint64_t{1} << 30;
 
 FileHandle OpenFile(TextView path, DWORD access, DWORD share, DWORD disposition, DWORD flags = 0) {
@@ -30,18 +30,18 @@ bool Write(HANDLE file, std::string_view content) {
   return true;
 }
 
-// Asked for by itself, as some systems let a user who may do everything write to such a file.
+// Checked before opening: some systems let an administrator write to a read-only file.
 bool IsReadOnly(TextView path) {
   bool sure = true;
   const std::optional<DWORD> attributes = FollowedAttributes(path, sure);
   return attributes && (*attributes & FILE_ATTRIBUTE_READONLY) != 0;
 }
 
-bool CutAt(HANDLE file, LARGE_INTEGER size) {
+bool Truncate(HANDLE file, LARGE_INTEGER size) {
   return SetFilePointerEx(file, size, nullptr, FILE_BEGIN) && SetEndOfFile(file);
 }
 
-// What a link leads to in the end, whatever its form.
+// The path of a link's final target.
 std::optional<Text> LinkTarget(TextView path) {
   const FileHandle target =
       OpenFile(path, FILE_READ_ATTRIBUTES, kShareAll, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS);
@@ -67,7 +67,7 @@ std::optional<std::string> ReadContent(TextView path) {
   if (entry && (entry->attributes & kKeptOnline) != 0) return std::nullopt;
   const FileHandle file = OpenFile(path, GENERIC_READ, kShareAll, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN);
   BY_HANDLE_FILE_INFORMATION facts;
-  // What a link leads to shows here for the first time.
+  // Check again: `path` may be a link to an online file.
   if (!file || !GetFileInformationByHandle(file.Get(), &facts)) return std::nullopt;
   if ((facts.dwFileAttributes & kKeptOnline) != 0) return std::nullopt;
   LARGE_INTEGER size;
@@ -96,7 +96,7 @@ bool ReplaceContent(TextView path, std::string_view content) {
     return ReplacePlainFile(path, entry->attributes & kOwnAttributes, content);
   }
   const std::optional<Text> target = LinkTarget(path);
-  const std::optional<Entry> found = target.and_then([](const Text& there) { return LookUp(there); });
+  const std::optional<Entry> found = target.and_then([](const Text& real) { return LookUp(real); });
   if (!found || found->link || found->IsFolder() || found->IsReadOnly()) return false;
   return ReplacePlainFile(*target, found->attributes & kOwnAttributes, content);
 }
@@ -110,7 +110,7 @@ bool AppendContent(TextView path, std::string_view content) {
   if (!GetFileSizeEx(file.Get(), &end) || !SetFilePointerEx(file.Get(), end, nullptr, FILE_BEGIN))
     return false;
   if (Write(file.Get(), content)) return true;
-  CutAt(file.Get(), end);
+  Truncate(file.Get(), end);
   if (isNew) {
     FILE_DISPOSITION_INFO disposition = {TRUE};
     SetFileInformationByHandle(file.Get(), FileDispositionInfo, &disposition, sizeof(disposition));
@@ -123,7 +123,7 @@ bool CreateEmptyFile(TextView path, bool overwrite) {
   // Truncate: CREATE_ALWAYS fails on hidden files.
   const FileHandle file =
       OpenFile(path, GENERIC_WRITE, FILE_SHARE_READ, overwrite ? OPEN_ALWAYS : CREATE_NEW);
-  return file && CutAt(file.Get(), {});
+  return file && Truncate(file.Get(), {});
 }
 
 Text TemporaryPath(TextView folder) {

@@ -6,8 +6,8 @@
 
 #include "text/text.h"
 
-// What files hold. Paths are normal ones (windows_path.h); links are followed. The contract is that of
-// platform::FileSystem.
+// The content of files. Paths are normal ones (windows_path.h); links are followed. The contract is that of
+// platform::FileSystem's ReadFile, WriteFile, AppendToFile and CreateTextFile.
 namespace tavix::windows {
 
 std::optional<std::string> ReadContent(TextView path);
@@ -15,7 +15,7 @@ bool ReplaceContent(TextView path, std::string_view content);
 bool AppendContent(TextView path, std::string_view content);
 bool CreateEmptyFile(TextView path, bool overwrite);
 
-// The path, of any length, of a file in a folder that nothing stands at, for a moment's use.
+// An unused path in a folder for a temporary file, in the extended form (windows_path.h).
 Text TemporaryPath(TextView folder);
 
 }  // namespace tavix::windows

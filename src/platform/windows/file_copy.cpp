@@ -12,7 +12,7 @@ namespace {
 constexpr DWORD kBlock = 1 << 20;
 constexpr TextView kContentStream = u"::$DATA";
 
-// Copies from where both stand to the end of the source.
+// Copies from the current positions to the end of the source. False unless `expected` bytes were copied.
 bool CopyBytes(HANDLE from, HANDLE to, LONGLONG expected) {
   std::vector<char> block(kBlock);
   LONGLONG copied = 0;
@@ -25,10 +25,11 @@ bool CopyBytes(HANDLE from, HANDLE to, LONGLONG expected) {
   }
 }
 
-// The names of the streams besides the content. Most drives have no such thing.
+// The names of all streams but the content. Most file systems have no others.
 std::vector<Text> NamedStreams(HANDLE file) {
   std::vector<char> buffer(4096);
-  while (!handleCalls.ask(file, FileStreamInfo, buffer.data(), static_cast<DWORD>(buffer.size()))) {
+  while (
+      !handleCalls.getInformation(file, FileStreamInfo, buffer.data(), static_cast<DWORD>(buffer.size()))) {
     if (GetLastError() != ERROR_MORE_DATA) return {};
     buffer.resize(buffer.size() * 2);
   }
@@ -69,7 +70,7 @@ bool CopyStream(HANDLE source, const Text& copy, Text name) {
   return to && GetFileSizeEx(from.Get(), &size) && CopyBytes(from.Get(), to.Get(), size.QuadPart);
 }
 
-bool Fill(HANDLE source, HANDLE copy, const Text& path, const BY_HANDLE_FILE_INFORMATION& facts) {
+bool CopyAll(HANDLE source, HANDLE copy, const Text& path, const BY_HANDLE_FILE_INFORMATION& facts) {
   LARGE_INTEGER expected, size;
   if (!GetFileSizeEx(source, &expected) || !CopyBytes(source, copy, expected.QuadPart)) return false;
   if (HasNamedStreams(copy)) {
@@ -87,17 +88,17 @@ bool CopyOpenFile(HANDLE source, const Text& path) {
   BY_HANDLE_FILE_INFORMATION facts, made;
   if (!GetFileInformationByHandle(source, &facts)) return false;
   const DWORD encrypted = facts.dwFileAttributes & FILE_ATTRIBUTE_ENCRYPTED;
-  // Its streams are written through handles of their own.
+  // Shared for writing: the named streams are written through other handles.
   FileHandle copy(CreateFileW(Wide(path), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
                               nullptr, CREATE_NEW, encrypted != 0 ? encrypted : FILE_ATTRIBUTE_NORMAL,
                               nullptr));
   if (!copy) return false;
-  const bool whole = GetFileInformationByHandle(copy.Get(), &made) &&
-                     (encrypted == 0 || (made.dwFileAttributes & encrypted) != 0) &&
-                     Fill(source, copy.Get(), path, facts);
+  const bool complete = GetFileInformationByHandle(copy.Get(), &made) &&
+                        (encrypted == 0 || (made.dwFileAttributes & encrypted) != 0) &&
+                        CopyAll(source, copy.Get(), path, facts);
   copy.Reset();
-  if (!whole) DeleteFileW(Wide(path));
-  return whole;
+  if (!complete) DeleteFileW(Wide(path));
+  return complete;
 }
 
 }  // namespace tavix::windows

@@ -5,9 +5,9 @@
 
 namespace tavix::windows {
 
-// Copies an open file to a path in the system's form (any length) at which nothing stands: content, named
-// streams where the drive there can have them, and times; encrypted if the file is. True once the copy is
-// whole on its disk; nothing is left of it otherwise.
+// Copies an open file to an unused path in the extended form (windows_path.h): content, times, and named
+// streams where the target volume supports them. The copy is encrypted if the source is. True when the copy
+// is complete and flushed to disk. On failure no copy is left.
 bool CopyOpenFile(HANDLE source, const Text& path);
 
 }  // namespace tavix::windows

@@ -27,11 +27,11 @@ FindHandle FindFirst(TextView path, WIN32_FIND_DATAW& data, DWORD flags = 0) {
       FindFirstFileExW(Wide(extended), FindExInfoBasic, &data, FindExSearchNameMatch, nullptr, flags));
 }
 
-// The tag stands in a field of its own where the entry is a reparse point; otherwise it holds anything.
+// dwReserved0 is the reparse tag of a reparse point. For other entries it is undefined.
 bool FoundLink(const WIN32_FIND_DATAW& data) { return IsLink(data.dwFileAttributes, data.dwReserved0); }
 
-// What can be told without looking into the folder above: roots, and what lies where listing is denied.
-std::optional<Entry> LookUpAlone(TextView path) {
+// Looks at the item without listing its folder: for roots, and where listing is denied.
+std::optional<Entry> LookUpDirectly(TextView path) {
   const Text extended = ExtendedPath(path);
   WIN32_FILE_ATTRIBUTE_DATA data;
   if (!GetFileAttributesExW(Wide(extended), GetFileExInfoStandard, &data)) return std::nullopt;
@@ -46,7 +46,7 @@ std::optional<Entry> LookUpAlone(TextView path) {
   return entry;
 }
 
-// The path with the names as the disk has them; a name that can't be looked up stays as it is.
+// The path with its names as on the disk. A name that can't be looked up stays as given.
 Text DiskPath(TextView path) {
   if (IsRoot(path)) return Text(path);
   std::vector<Text> names;
@@ -54,12 +54,12 @@ Text DiskPath(TextView path) {
     WIN32_FIND_DATAW data;
     names.push_back(FindFirst(path, data) ? FromWide(data.cFileName) : Text(NameOf(path)));
   }
-  Text whole(path);
-  for (auto name = names.rbegin(); name != names.rend(); ++name) whole = PathIn(whole, *name);
-  return whole;
+  Text result(path);
+  for (auto name = names.rbegin(); name != names.rend(); ++name) result = PathIn(result, *name);
+  return result;
 }
 
-// An entry of a listing; its name stands in the text that all names share.
+// An entry of a listing. All names share one text.
 struct Listed {
   size_t nameStart;
   size_t nameLength;
@@ -72,11 +72,11 @@ struct Listed {
 
 class Listing {
  public:
-  // False when the listing breaks off.
+  // False when the listing fails part of the way.
   bool Read(TextView folder, const platform::FileSystem::NameFilter& wanted) {
     WIN32_FIND_DATAW data;
     const FindHandle found = FindFirst(PathIn(folder, u"*"), data, FIND_FIRST_EX_LARGE_FETCH);
-    // The root of an empty drive has not even the two entries of every folder.
+    // Every folder has the entries "." and "..", except the root of an empty drive.
     if (!found) return GetLastError() == ERROR_FILE_NOT_FOUND && LookUp(folder).has_value();
     do {
       Add(data, wanted);
@@ -115,7 +115,7 @@ class Listing {
     names_.append(name);
   }
 
-  // Most disks list in this order already.
+  // Most file systems list in this order already.
   void Sort() {
     const auto before = [this](const Listed& left, const Listed& right) {
       return CompareIgnoringCase(Name(left), Name(right)) < 0;
@@ -142,10 +142,10 @@ bool IsLink(DWORD attributes, DWORD reparseTag) {
 }
 
 std::optional<Entry> LookUp(TextView path) {
-  if (IsRoot(path)) return LookUpAlone(path);
+  if (IsRoot(path)) return LookUpDirectly(path);
   WIN32_FIND_DATAW data;
   if (!FindFirst(path, data)) {
-    return GetLastError() == ERROR_ACCESS_DENIED ? LookUpAlone(path) : std::nullopt;
+    return GetLastError() == ERROR_ACCESS_DENIED ? LookUpDirectly(path) : std::nullopt;
   }
   return Entry{data.dwFileAttributes,
                FoundLink(data),
@@ -163,7 +163,7 @@ bool IsNotFound(DWORD error) {
     case ERROR_INVALID_NAME:
     case ERROR_BAD_PATHNAME:
     case ERROR_FILENAME_EXCED_RANGE:
-    case ERROR_DIRECTORY:  // a file stands where a folder should
+    case ERROR_DIRECTORY:  // a file where a folder should be
     case ERROR_INVALID_DRIVE:
     case ERROR_NOT_READY:
     case ERROR_NO_MEDIA_IN_DRIVE:
@@ -178,7 +178,7 @@ std::optional<DWORD> FollowedAttributes(TextView path, bool& sure) {
   const DWORD attributes = GetFileAttributesW(Wide(extended));
   if (attributes == INVALID_FILE_ATTRIBUTES) {
     const DWORD error = GetLastError();
-    // A file that the system holds for itself shows its attributes in the listing only.
+    // A file that the system has locked shows its attributes only in the listing.
     if (error == ERROR_SHARING_VIOLATION || error == ERROR_ACCESS_DENIED) {
       if (const std::optional<Entry> entry = LookUp(path)) return entry->attributes;
       sure = false;
@@ -189,7 +189,7 @@ std::optional<DWORD> FollowedAttributes(TextView path, bool& sure) {
   }
   if ((attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) return attributes;
   const std::optional<Entry> entry = LookUp(path);
-  // No call that opens a file gets through an alias.
+  // An alias can't be opened as a file.
   if (entry && (!entry->link || entry->alias)) return attributes;
   const FileHandle target(CreateFileW(Wide(extended), FILE_READ_ATTRIBUTES, kShareAll, nullptr, OPEN_EXISTING,
                                       FILE_FLAG_BACKUP_SEMANTICS, nullptr));

@@ -20,7 +20,7 @@ struct FindHandleTraits {
 };
 using FindHandle = Owned<FindHandleTraits>;
 
-// What others may do with a file while it is open here.
+// The share mode that lets others do anything with a file while we have it open.
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
 }  // namespace tavix::windows

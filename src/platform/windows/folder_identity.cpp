@@ -8,7 +8,7 @@
 namespace tavix::windows {
 namespace {
 
-// What newer systems answer.
+// FILE_ID_INFO, which older systems don't know.
 struct IdInformation {
   uint64_t volume;
   uint64_t id[2];
@@ -20,17 +20,18 @@ FileHandle OpenToAsk(TextView path) {
                                 OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
 }
 
-// Ids of 128 bits where the drive has them: on ReFS, those of 64 may be the same for several folders.
+// Uses 128-bit ids where the file system has them: on ReFS, several folders may share one 64-bit id.
 Text IdentityOf(HANDLE folder, const BY_HANDLE_FILE_INFORMATION& facts) {
   uint64_t id[2] = {static_cast<uint64_t>(facts.nFileIndexHigh) << 32 | facts.nFileIndexLow, 0};
-  IdInformation whole;
-  if (handleCalls.ask(folder, kIdInformation, &whole, sizeof(whole))) std::copy_n(whole.id, 2, id);
+  IdInformation information;
+  if (handleCalls.getInformation(folder, kIdInformation, &information, sizeof(information)))
+    std::copy_n(information.id, 2, id);
   return Concat(ToText(facts.dwVolumeSerialNumber), u":", ToText(static_cast<long long>(id[0])), u":",
                 ToText(static_cast<long long>(id[1])));
 }
 
-// Some drives (in memory, made by a program) have no path that the system could tell. Then the path that was
-// asked for will do, if none of its names is a link.
+// Some drives (RAM disks, drives made by a program) can't report a final path. The path asked for serves
+// then, if none of its names is a link.
 std::optional<Text> PathOfFolder(TextView asked, HANDLE folder) {
   if (std::optional<Text> found = FinalPath(folder)) return found;
   for (TextView path = asked; !IsRoot(path); path = FolderOf(path)) {
@@ -52,10 +53,10 @@ std::optional<Text> ReadFolderIdentity(TextView path) {
 
 std::vector<Text> ReadLineage(TextView path) {
   const FileHandle folder = OpenToAsk(path);
-  const std::optional<Text> whole = folder ? PathOfFolder(path, folder.Get()) : std::nullopt;
-  if (!whole) return {};
+  const std::optional<Text> realPath = folder ? PathOfFolder(path, folder.Get()) : std::nullopt;
+  if (!realPath) return {};
   std::vector<Text> lineage;
-  for (TextView rest = *whole;; rest = FolderOf(rest)) {
+  for (TextView rest = *realPath;; rest = FolderOf(rest)) {
     std::optional<Text> identity = ReadFolderIdentity(rest);
     if (!identity) return {};
     lineage.push_back(*std::move(identity));

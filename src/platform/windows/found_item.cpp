@@ -14,17 +14,17 @@ namespace {
 
 class Found : public platform::FoundItem {
  public:
-  // `folders` are those above the item; the last one is its own.
+  // `folders` are all folders above the item; the last is its parent.
   Found(std::vector<FileHandle> folders, Text name, OpenedItem item)
       : folders_(std::move(folders)), name_(std::move(name)), item_(std::move(item)) {}
 
-  bool IsFolder() const override { return item_.IsTree(); }
+  bool IsFolder() const override { return item_.IsRealFolder(); }
 
   bool DeleteFile() override { return item_.handle && !item_.IsFolder() && DeleteItself(); }
 
   bool DeleteEmptyFolder() override {
     if (!item_.handle || !item_.IsFolder()) return false;
-    return item_.link ? DeleteItself() : DeleteEmptyTree(std::exchange(item_, OpenedItem())) && Gone();
+    return item_.link ? DeleteItself() : DeleteEmptyTree(std::exchange(item_, OpenedItem())) && IsGone();
   }
 
   bool MoveFileTo(TextView destination) override {
@@ -41,12 +41,12 @@ class Found : public platform::FoundItem {
   bool DeleteItself() {
     if (!DeleteItem(item_, true)) return false;
     item_.handle.Reset();
-    return Gone();
+    return IsGone();
   }
 
-  // To be called after a deletion: one of the older kind waits until nobody has the file open. What has gone
-  // holds its folders no longer.
-  bool Gone() {
+  // Call after a deletion. The older kind of deletion takes effect only when nobody has the file open. Frees
+  // the folders once the item is gone.
+  bool IsGone() {
     if (StandsIn(folders_.back().Get(), name_)) return false;
     folders_.clear();
     return true;

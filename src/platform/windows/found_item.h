@@ -6,7 +6,7 @@
 
 namespace tavix::windows {
 
-// As platform::FileSystem::OpenFound. The start is a normal path (windows_path.h).
+// As platform::FileSystem::OpenFound. `start` is a normal path (windows_path.h).
 std::unique_ptr<platform::FoundItem> OpenFoundItem(TextView start, TextView below);
 
 }  // namespace tavix::windows

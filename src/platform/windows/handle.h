@@ -6,10 +6,10 @@
 
 namespace tavix::windows {
 
-// The one owner of a handle of the system, whatever its kind. The traits of a kind have
+// Owns one handle of the system, of any kind. The traits of a kind are:
 //   using Handle = ...;
-//   static Handle Null();              what an owner of nothing holds
-//   static void Close(Handle handle);  gives the handle back; never called with Null()
+//   static Handle Null();              the value that means no handle
+//   static void Close(Handle handle);  never called with Null()
 template <class Traits>
 class Owned {
  public:
@@ -28,14 +28,14 @@ class Owned {
 
   Handle Get() const { return handle_; }
   explicit operator bool() const { return handle_ != Traits::Null(); }
-  // Hands the handle out; this owns nothing afterwards.
+  // Gives up ownership and returns the handle.
   [[nodiscard]] Handle Release() { return std::exchange(handle_, Traits::Null()); }
-  // Closes what is owned and owns `handle` from now on.
+  // Closes the owned handle and takes over `handle`.
   void Reset(Handle handle = Traits::Null()) {
     const Handle old = std::exchange(handle_, handle);
     if (old != Traits::Null()) Traits::Close(old);
   }
-  // Where a call of the API puts the handle that it makes. Closes what is owned.
+  // For an API call that writes a handle. Closes the owned handle first.
   Handle* Receive() {
     Reset();
     return &handle_;
@@ -45,7 +45,7 @@ class Owned {
   Handle handle_ = Traits::Null();
 };
 
-// An object that the system keeps for its processes: a mutex, an event, a token.
+// A kernel object: a mutex, an event, a token.
 struct ObjectTraits {
   using Handle = HANDLE;
   static Handle Null() { return nullptr; }
@@ -60,7 +60,7 @@ struct RegistryKeyTraits {
 };
 using RegistryKeyHandle = Owned<RegistryKeyTraits>;
 
-// A device context that belongs to the whole screen.
+// A device context of the whole screen.
 struct ScreenContextTraits {
   using Handle = HDC;
   static Handle Null() { return nullptr; }

@@ -11,12 +11,12 @@ namespace {
 constexpr WORD kPromptId = 100;
 constexpr WORD kFieldId = 101;
 
-// The classes of controls that have a number in a template.
+// The numbers of control classes in a dialog template.
 constexpr WORD kButton = 0x80;
 constexpr WORD kEdit = 0x81;
 constexpr WORD kStatic = 0x82;
 
-// In the units of a dialog, which grow with its font.
+// In dialog units, which grow with the font.
 struct Area {
   short x, y, width, height;
 };
@@ -26,7 +26,7 @@ constexpr Area kField = {7, 54, 246, 14};
 constexpr Area kOkButton = {149, 75, 50, 14};
 constexpr Area kCancelButton = {203, 75, 50, 14};
 
-// The description of a dialog as the system reads it, put together in memory.
+// A dialog template built in memory.
 class Template {
  public:
   Template(TextView caption, WORD controls) {
@@ -40,9 +40,9 @@ class Template {
                               kDialog.height};
     Put(&head, sizeof(head));
     PutWord(0);  // no menu
-    PutWord(0);  // the usual class
+    PutWord(0);  // the default window class
     PutText(caption);
-    PutWord(8);  // points
+    PutWord(8);  // font size in points
     PutText(u"MS Shell Dlg");
   }
 
@@ -54,7 +54,7 @@ class Template {
     PutWord(0xFFFF);
     PutWord(controlClass);
     PutText(text);
-    PutWord(0);  // no data of its own
+    PutWord(0);  // no creation data
   }
 
   const DLGTEMPLATE* Get() const { return reinterpret_cast<const DLGTEMPLATE*>(words_.data()); }
@@ -78,7 +78,7 @@ class Template {
   std::vector<WORD> words_;
 };
 
-void Take(HWND dialog, Text& answer) {
+void ReadField(HWND dialog, Text& answer) {
   const HWND field = GetDlgItem(dialog, kFieldId);
   answer.resize(static_cast<size_t>(GetWindowTextLengthW(field)) + 1);
   const int length = GetWindowTextW(field, WideBuffer(answer.data()), static_cast<int>(answer.size()));
@@ -91,7 +91,8 @@ INT_PTR CALLBACK Handle(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
     return TRUE;
   }
   if (message != WM_COMMAND) return FALSE;
-  if (LOWORD(wParam) == IDOK) Take(dialog, *reinterpret_cast<Text*>(GetWindowLongPtrW(dialog, DWLP_USER)));
+  if (LOWORD(wParam) == IDOK)
+    ReadField(dialog, *reinterpret_cast<Text*>(GetWindowLongPtrW(dialog, DWLP_USER)));
   if (LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL) EndDialog(dialog, LOWORD(wParam));
   return TRUE;
 }

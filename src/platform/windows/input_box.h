@@ -7,8 +7,8 @@
 
 namespace tavix::windows {
 
-// A dialog with a prompt, a field for one line of text, OK and Cancel. The field begins with `offered`, all
-// of it selected. Nothing when it is cancelled or can't be shown.
+// Shows a dialog with a prompt, one line of text to edit, OK and Cancel. The field begins with `offered`, all
+// of it selected. Returns the text after OK. Nothing when it is cancelled or can't be shown.
 std::optional<Text> ShowInputBox(HWND owner, TextView caption, TextView prompt, TextView offered);
 
 }  // namespace tavix::windows

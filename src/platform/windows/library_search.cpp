@@ -14,9 +14,9 @@ HMODULE LoadFromSystemFolder(TextView name) {
   return LoadLibraryExW(Wide(path), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
 }
 
-// Called before a library is loaded late; what it returns is the library. For nothing it is loaded by its
-// name: so the manifest tells the place of the controls, which is not the system folder.
-FARPROC WINAPI OnLateLibrary(unsigned moment, DelayLoadInfo* info) {
+// Called before a library is delay-loaded; the result is the library. After a null result it is loaded by its
+// name, so that the manifest chooses the version of comctl32.dll, which is not in the system folder.
+FARPROC WINAPI OnDelayLoad(unsigned moment, DelayLoadInfo* info) {
   const std::string_view name = info->szDll;
   if (moment != dliNotePreLoadLibrary || name == "comctl32.dll") return nullptr;
   return reinterpret_cast<FARPROC>(
@@ -26,20 +26,20 @@ FARPROC WINAPI OnLateLibrary(unsigned moment, DelayLoadInfo* info) {
 }  // namespace
 
 void SearchSystemFolderOnly() {
-  // The current folder is left out.
+  // Leaves out the current folder.
   SetDllDirectoryW(L"");
-  // Windows 7 has this routine only with an update.
+  // Missing on Windows 7 without an update.
   using SetDirectories = BOOL(WINAPI*)(DWORD);
   const auto setDirectories = reinterpret_cast<SetDirectories>(
       reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "SetDefaultDllDirectories")));
   if (setDirectories != nullptr) setDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
-  // The system's controls load this one by its name alone, and under Wine without regard to the above. Once
-  // it is loaded, its name means the one that is.
+  // comctl32 loads this one by its name alone, and under Wine the settings above don't affect that. Once it
+  // is loaded, the name means the loaded one.
   LoadFromSystemFolder(u"uxtheme.dll");
 }
 
 }  // namespace tavix::windows
 
-// The hook that the compiler's library for late loading looks for. It is in place without being set, since it
-// is linked in together with the routine above.
-PfnDliHook __pfnDliNotifyHook2 = tavix::windows::OnLateLibrary;
+// The hook of the compiler's delay-load library. Linking it in installs it; SearchSystemFolderOnly is in the
+// same file, so it is always linked.
+PfnDliHook __pfnDliNotifyHook2 = tavix::windows::OnDelayLoad;

@@ -2,14 +2,13 @@
 
 namespace tavix::windows {
 
-// From here on the system's libraries come from the system folder alone, and not from the folder of the
-// program or the current one, where others may have put a library of such a name. It is called first of all
-// in a program.
+// From this call on, the system's libraries are loaded only from the system folder, never from the program's
+// folder or the current one, where somebody could have put a library of the same name. main calls it first.
 //
-// Libraries of the import table are loaded before this call. So the table names only libraries that Windows
-// finds without a search, its known ones: KERNEL32, USER32, GDI32, ADVAPI32, ole32, msvcrt and ntdll. Every
-// other library is loaded at its first call (CMakeLists.txt, late/), by its full path or, where the manifest
-// names it, from the place that the manifest gives.
+// Libraries in the import table are loaded before this call. So the table names only known DLLs, which
+// Windows finds without a search: KERNEL32, USER32, GDI32, ADVAPI32, ole32, msvcrt and ntdll. Every other
+// library is delay-loaded at its first call (CMakeLists.txt, late/): by its full path or, for the one that
+// the manifest names, from the place the manifest gives.
 void SearchSystemFolderOnly();
 
 }  // namespace tavix::windows

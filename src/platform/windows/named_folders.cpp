@@ -25,7 +25,8 @@ void Add(Folders& folders, std::optional<Text> path) {
   if (normal) folders.insert(*normal);
 }
 
-// Whether a folder has a path, made or not; the shell's own places (the control panel) have none.
+// The path of a known folder, whether or not the folder exists. Nothing for virtual folders (the control
+// panel).
 std::optional<Text> PathOf(IKnownFolderManager* manager, const KNOWNFOLDERID& id) {
   ComPointer<IKnownFolder> folder;
   TaskMemory<wchar_t> path;
@@ -46,8 +47,8 @@ void AddKnownFolders(Folders& folders) {
   for (UINT i = 0; i < count; ++i) Add(folders, PathOf(manager.Get(), ids.Get()[i]));
 }
 
-// The folders that users' profiles lie in, the templates of new profiles, and the profiles themselves, those
-// of the system's services among them. Their paths stand there with variables.
+// Adds the folders of all profiles, of new profiles' templates and of common data. Returns the paths of the
+// profiles, those of services included. The registry holds the paths with variables.
 std::vector<Text> Profiles(Folders& folders) {
   WindowsRegistry registry;
   constexpr platform::Hive kMachine = platform::Hive::LocalMachine;
@@ -68,7 +69,7 @@ std::vector<Text> Profiles(Folders& folders) {
   return profiles;
 }
 
-// What a path has below a folder, with the backslash; nothing for what doesn't lie in it.
+// The rest of a path below a folder, with its leading backslash. Nothing when the path isn't below it.
 std::optional<TextView> Below(TextView path, TextView folder) {
   if (path.size() <= folder.size() || path[folder.size()] != u'\\' ||
       !EqualIgnoringCase(path.substr(0, folder.size()), folder))
@@ -76,7 +77,7 @@ std::optional<TextView> Below(TextView path, TextView folder) {
   return path.substr(folder.size());
 }
 
-// Each of the profiles, with the folders that the current user has in theirs.
+// Adds each profile, and in it the same folders that the current user's profile has.
 void AddProfiles(Folders& folders, const std::vector<Text>& profiles) {
   const std::optional<Text> own = FolderByNumber(CSIDL_PROFILE);
   std::vector<Text> inProfile;

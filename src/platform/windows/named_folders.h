@@ -6,11 +6,10 @@
 
 namespace tavix::windows {
 
-// The contract is that of platform::Shell's NamedFolders. Objects of the system are used: the thread has a
-// ComApartment.
+// As platform::Shell::NamedFolders. Uses COM: the thread needs a ComApartment.
 //
-// The folders of other users are told by where their profiles lie and where the current user's folders lie in
-// theirs; a folder that another user has put elsewhere can't be told.
+// Other users' folders are computed: their profile, plus the place of each of the current user's folders in
+// the current profile. A folder that another user has moved elsewhere is left out.
 std::vector<Text> AllNamedFolders();
 
 }  // namespace tavix::windows

@@ -22,7 +22,7 @@ NTSTATUS NTAPI RtlOpenCurrentUser(ACCESS_MASK access, PHANDLE key);
 namespace tavix::windows::native {
 namespace {
 
-// What the system writes in front of names and data.
+// The system's structures for names and data.
 struct KeyBasicInformation {
   LARGE_INTEGER lastWriteTime;
   ULONG titleIndex;
@@ -53,17 +53,18 @@ constexpr auto kNoMoreEntries = static_cast<NTSTATUS>(0x8000001A);
 constexpr auto kNameNotFound = static_cast<NTSTATUS>(0xC0000034);
 constexpr auto kPathNotFound = static_cast<NTSTATUS>(0xC000003A);
 constexpr auto kKeyDeleted = static_cast<NTSTATUS>(0xC000017C);
-constexpr auto kNoRoom = static_cast<NTSTATUS>(0xC0000017);
+constexpr auto kNoMemory = static_cast<NTSTATUS>(0xC0000017);
 
 constexpr ULONG kCaseInsensitive = 0x40;
 constexpr ULONG kOpenLinkItself = 0x100;
 
-// Names on a way are opened in pieces of at most this many characters, which a counted string can hold.
-constexpr size_t kMostCharacters = 32'000;
+// Longer paths are opened in pieces of at most this length, because a counted string holds at most 32767
+// characters.
+constexpr size_t kMaxCharacters = 32'000;
 constexpr size_t kFirstBuffer = 1024;
 constexpr size_t kLargestBuffer = size_t{1} << 30;
 
-// A counted view of the text; `text` fits a counted string.
+// A counted view of the text, which must be at most kMaxCharacters long.
 UNICODE_STRING Counted(TextView text) {
   UNICODE_STRING counted;
   counted.Length = counted.MaximumLength = static_cast<USHORT>(text.size() * sizeof(char16_t));
@@ -80,7 +81,7 @@ struct Attributes : OBJECT_ATTRIBUTES {
   }
 };
 
-// Where the system keeps a hive that is the same for every user; empty for any other.
+// The native path of a hive that all users share. Empty for any other.
 TextView HivePath(platform::Hive hive) {
   switch (hive) {
     case platform::Hive::LocalMachine:
@@ -105,7 +106,7 @@ Opened OpenPiece(HKEY base, TextView path, ACCESS_MASK access, LastPart last) {
   return result;
 }
 
-// Runs a query that says how much room it needs until it has it.
+// Repeats a query with a larger buffer until the result fits.
 template <class Query>
 NTSTATUS Fetch(Buffer& buffer, Query query) {
   if (buffer.empty()) buffer.resize(kFirstBuffer);
@@ -114,7 +115,7 @@ NTSTATUS Fetch(Buffer& buffer, Query query) {
     const NTSTATUS status = query(buffer.data(), static_cast<ULONG>(buffer.size()), &needed);
     if (status != kBufferOverflow && status != kBufferTooSmall) return status;
     const size_t size = std::max<size_t>(needed, buffer.size() * 2);
-    if (size > kLargestBuffer) return kNoRoom;
+    if (size > kLargestBuffer) return kNoMemory;
     buffer.resize(size);
   }
 }
@@ -140,8 +141,8 @@ RegistryKeyHandle OpenHive(platform::Hive hive) {
 
 Opened Open(HKEY base, TextView path, ACCESS_MASK access, LastPart last) {
   RegistryKeyHandle reached;
-  while (path.size() > kMostCharacters) {
-    const size_t cut = path.substr(0, kMostCharacters).rfind(u'\\');
+  while (path.size() > kMaxCharacters) {
+    const size_t cut = path.substr(0, kMaxCharacters).rfind(u'\\');
     if (cut == TextView::npos) return {{}, kNameNotFound};
     Opened next = OpenPiece(base, path.substr(0, cut), KEY_READ, LastPart::kFollowLink);
     if (!next.key) return next;
@@ -154,7 +155,7 @@ Opened Open(HKEY base, TextView path, ACCESS_MASK access, LastPart last) {
 
 Created Create(HKEY base, TextView name, ACCESS_MASK access) {
   Created result{};
-  if (name.size() > kMostCharacters) return {{{}, kNameNotFound}, false};
+  if (name.size() > kMaxCharacters) return {{{}, kNameNotFound}, false};
   UNICODE_STRING counted = Counted(name);
   Attributes attributes(base, counted, LastPart::kFollowLink);
   ULONG disposition = 0;
@@ -166,8 +167,8 @@ Created Create(HKEY base, TextView name, ACCESS_MASK access) {
 }
 
 std::optional<TextView> SubKeyAt(HKEY key, uint32_t position, Buffer& buffer, bool& atEnd) {
-  const NTSTATUS status = Fetch(buffer, [&](void* room, ULONG size, ULONG* needed) {
-    return NtEnumerateKey(key, position, kKeyBasicInformation, room, size, needed);
+  const NTSTATUS status = Fetch(buffer, [&](void* output, ULONG size, ULONG* needed) {
+    return NtEnumerateKey(key, position, kKeyBasicInformation, output, size, needed);
   });
   atEnd = status == kNoMoreEntries;
   if (!NT_SUCCESS(status)) return std::nullopt;
@@ -176,8 +177,8 @@ std::optional<TextView> SubKeyAt(HKEY key, uint32_t position, Buffer& buffer, bo
 }
 
 std::optional<Value> ValueAt(HKEY key, uint32_t position, Buffer& buffer, bool& atEnd) {
-  const NTSTATUS status = Fetch(buffer, [&](void* room, ULONG size, ULONG* needed) {
-    return NtEnumerateValueKey(key, position, kKeyValueFullInformation, room, size, needed);
+  const NTSTATUS status = Fetch(buffer, [&](void* output, ULONG size, ULONG* needed) {
+    return NtEnumerateValueKey(key, position, kKeyValueFullInformation, output, size, needed);
   });
   atEnd = status == kNoMoreEntries;
   if (!NT_SUCCESS(status)) return std::nullopt;
@@ -187,10 +188,10 @@ std::optional<Value> ValueAt(HKEY key, uint32_t position, Buffer& buffer, bool& 
 }
 
 std::optional<Value> Query(HKEY key, TextView name, Buffer& buffer) {
-  if (name.size() > kMostCharacters) return std::nullopt;
+  if (name.size() > kMaxCharacters) return std::nullopt;
   UNICODE_STRING counted = Counted(name);
-  const NTSTATUS status = Fetch(buffer, [&](void* room, ULONG size, ULONG* needed) {
-    return NtQueryValueKey(key, &counted, kKeyValuePartialInformation, room, size, needed);
+  const NTSTATUS status = Fetch(buffer, [&](void* output, ULONG size, ULONG* needed) {
+    return NtQueryValueKey(key, &counted, kKeyValuePartialInformation, output, size, needed);
   });
   if (!NT_SUCCESS(status)) return std::nullopt;
   const auto* found = reinterpret_cast<const KeyValuePartialInformation*>(buffer.data());
@@ -198,14 +199,14 @@ std::optional<Value> Query(HKEY key, TextView name, Buffer& buffer) {
 }
 
 bool SetValue(HKEY key, TextView name, uint32_t type, std::string_view data) {
-  if (name.size() > kMostCharacters || data.size() > kLargestBuffer) return false;
+  if (name.size() > kMaxCharacters || data.size() > kLargestBuffer) return false;
   UNICODE_STRING counted = Counted(name);
   return NT_SUCCESS(
       NtSetValueKey(key, &counted, 0, type, const_cast<char*>(data.data()), static_cast<ULONG>(data.size())));
 }
 
 bool DeleteValue(HKEY key, TextView name) {
-  if (name.size() > kMostCharacters) return false;
+  if (name.size() > kMaxCharacters) return false;
   UNICODE_STRING counted = Counted(name);
   return NT_SUCCESS(NtDeleteValueKey(key, &counted));
 }

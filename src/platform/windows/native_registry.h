@@ -9,8 +9,8 @@
 #include "platform/windows/handle.h"
 #include "text/text.h"
 
-// The system's own calls on registry keys. They take counted names, so they reach keys and values whose
-// names hold NULs, which the calls of the Windows API above them can neither show nor open.
+// Registry keys through the native API. It takes counted names, so it reaches keys and values with NULs in
+// their names. The Win32 calls can neither show nor open those.
 namespace tavix::windows::native {
 
 enum class LastPart { kFollowLink, kOpenLink };
@@ -20,16 +20,16 @@ struct Opened {
   NTSTATUS status;
 };
 
-// Whether a failure says that there is no such key.
+// Whether a failure means that the key doesn't exist.
 bool IsMissing(NTSTATUS status);
 
-// Whether this is a hive of the system. HKEY_CLASSES_ROOT is a view on two others and none of its own.
+// Whether the system has this hive. False for HKEY_CLASSES_ROOT, which is a merged view of two others.
 bool IsHive(platform::Hive hive);
-// What every hive has as its handle; none for what is no hive, and where it can't be opened.
+// Opens the root key of a hive. Null when it is no hive or can't be opened.
 RegistryKeyHandle OpenHive(platform::Hive hive);
 
-// Opens a key below another, which is the other itself for an empty path. Links on the way are followed;
-// the last part's, if it is one, as said.
+// Opens the key at `path` below `base`; an empty path is `base` itself. Links on the path are followed.
+// `last` says whether the last name is followed if it is a link.
 Opened Open(HKEY base, TextView path, ACCESS_MASK access, LastPart last = LastPart::kFollowLink);
 
 struct Created {
@@ -37,10 +37,10 @@ struct Created {
   bool isNew;
 };
 
-// Opens a direct subkey, making it where it is missing.
+// Opens a direct subkey. Makes it if it is missing.
 Created Create(HKEY base, TextView name, ACCESS_MASK access);
 
-// A key or value as the system hands it out; what it views is valid until the next call on the buffer.
+// Holds a key or value as the system returns it. Views into it are valid until the next call with it.
 using Buffer = std::vector<char>;
 struct Value {
   TextView name;
@@ -48,16 +48,16 @@ struct Value {
   std::string_view data;
 };
 
-// The subkey or value at a position, counted from 0. Nothing after the last one, and nothing when the key
-// can't be read; only after the last one does `atEnd` become true.
+// The subkey or value at a position, counted from 0. Nothing after the last one and when the key can't be
+// read. `atEnd` is true only after the last one.
 std::optional<TextView> SubKeyAt(HKEY key, uint32_t position, Buffer& buffer, bool& atEnd);
 std::optional<Value> ValueAt(HKEY key, uint32_t position, Buffer& buffer, bool& atEnd);
-// One value by its name, which is left out of the result.
+// One value by its name. The result has no name. Nothing when it is missing or can't be read.
 std::optional<Value> Query(HKEY key, TextView name, Buffer& buffer);
 
 bool SetValue(HKEY key, TextView name, uint32_t type, std::string_view data);
 bool DeleteValue(HKEY key, TextView name);
-// Deletes the key of a handle, which must have been opened with the right to; one with subkeys stays.
+// Deletes an open key. The handle needs the right DELETE. False for a key with subkeys; it stays.
 bool Delete(HKEY key);
 
 }  // namespace tavix::windows::native

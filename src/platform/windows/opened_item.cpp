@@ -16,8 +16,7 @@ extern "C" NTSTATUS NTAPI NtQueryDirectoryFile(HANDLE folder, HANDLE event, PVOI
 namespace tavix::windows {
 namespace {
 
-// A folder entry as NtQueryDirectoryFile writes it: in the second form, the id of the entry follows these
-// fields. The name comes last.
+// A folder entry as NtQueryDirectoryFile writes it. In the second form an id comes before the name.
 struct FullDirectoryInformation {
   ULONG nextOffset;
   ULONG index;
@@ -36,13 +35,14 @@ struct IdDirectoryInformation {
 };
 constexpr size_t kListingBuffer = 64 * 1024;
 
-// The deletion that newer systems know: the name goes at once, though others may have the file open.
+// FILE_DISPOSITION_INFO_EX of newer systems. With POSIX semantics the name disappears at once, even while
+// others have the file open.
 struct DispositionFlags {
   DWORD flags;
 };
 constexpr auto kDispositionFlags = static_cast<FILE_INFO_BY_HANDLE_CLASS>(21);
 constexpr DWORD kFlagDelete = 0x01;
-constexpr DWORD kFlagAtOnce = 0x02;
+constexpr DWORD kFlagPosixSemantics = 0x02;
 constexpr DWORD kFlagIgnoreReadOnly = 0x10;
 
 constexpr auto kNoMoreFiles = static_cast<NTSTATUS>(0x80000006);
@@ -51,15 +51,17 @@ constexpr auto kSharingViolation = static_cast<NTSTATUS>(0xC0000043);
 constexpr auto kNameCollision = static_cast<NTSTATUS>(0xC0000035);
 constexpr auto kNotSameDevice = static_cast<NTSTATUS>(0xC00000D4);
 
-// Wine opens what a link leads to whatever it is asked for. It shows a link to a folder in the listing alone,
-// and a link to a file nowhere. It deletes by handle what stands at the path, after a look whether that is
-// the file that was opened; a swap between the two can't be kept from doing harm. It renames without a look.
+// Differences of Wine:
+// - It always opens a link's target. Links to folders show only in listings, links to files not at all.
+// - Deleting by handle deletes the item at the path, after checking that it is the opened file. A swap after
+//   that check can't be prevented.
+// - Renaming doesn't even check.
 bool UnderWine() {
   static const bool wine = GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
   return wine;
 }
 
-// A name in an open folder, as the system's own calls take it.
+// A name in an open folder, for native calls.
 class NameIn {
  public:
   NameIn(HANDLE folder, TextView name) : text_(name) {
@@ -99,24 +101,24 @@ ACCESS_MASK AccessForDeletion(DWORD attributes, bool link) {
   return access;
 }
 
-// `listed` is what the listing said: a handle that isn't of a link then is of what the link leads to, and
-// nothing is to be done through it.
+// Checks an opened item against its listing; `listed` are the attributes there. If the listing said link and
+// the handle isn't one, it is the link's target: then the item isn't touched.
 std::optional<OpenedItem> Examine(FileHandle handle, DWORD listed, bool listedAsLink) {
   if (!handle) return std::nullopt;
   FILE_ATTRIBUTE_TAG_INFO found = {};
-  if (!handleCalls.ask(handle.Get(), FileAttributeTagInfo, &found, sizeof(found))) {
-    // FAT has no reparse points and doesn't answer this question.
+  if (!handleCalls.getInformation(handle.Get(), FileAttributeTagInfo, &found, sizeof(found))) {
+    // FAT has no reparse points and fails this query.
     const auto facts = FactsOf(handle.Get());
     if (!facts) return std::nullopt;
     found = {facts->dwFileAttributes, 0};
   }
   const bool link = IsLink(found.FileAttributes, found.ReparseTag);
   if (listedAsLink && !link) return std::nullopt;
-  // Some of what the listing tells of a file that is kept online doesn't show when it is open.
+  // Some attributes of an online file show only in the listing, not by handle.
   return OpenedItem{std::move(handle), found.FileAttributes | (listed & kKeptOnline), link};
 }
 
-NTSTATUS OpenRaw(HANDLE folder, TextView listed, ACCESS_MASK access, DWORD share, FileHandle& handle) {
+NTSTATUS OpenByName(HANDLE folder, TextView listed, ACCESS_MASK access, DWORD share, FileHandle& handle) {
   NameIn name(folder, listed);
   IO_STATUS_BLOCK status;
   const NTSTATUS result =
@@ -129,27 +131,27 @@ NTSTATUS OpenRaw(HANDLE folder, TextView listed, ACCESS_MASK access, DWORD share
 std::optional<OpenedItem> OpenIn(HANDLE folder, const ListedItem& listed, ACCESS_MASK access, DWORD share,
                                  NTSTATUS* why = nullptr) {
   FileHandle handle;
-  const NTSTATUS result = OpenRaw(folder, listed.name, access, share, handle);
+  const NTSTATUS result = OpenByName(folder, listed.name, access, share, handle);
   if (why != nullptr) *why = result;
   if (!handle) return std::nullopt;
   if (UnderWine()) {
-    // A link that has come since the listing leads to something else than what was listed.
+    // If a link took the name after the listing, the handle is its target and has another id.
     const auto facts = FactsOf(handle.Get());
     if (!facts || IdOf(*facts) != listed.id) return std::nullopt;
   }
   return Examine(std::move(handle), listed.attributes, listed.link);
 }
 
-// Calls `visit` with the entries, those that match the name if there is one.
+// Calls `visit` with each entry. With a name, only with the entry of that name.
 template <class Visit>
 bool ReadFolder(HANDLE folder, UNICODE_STRING* name, const Visit& visit) {
-  // Only Wine needs the ids, and not every drive has them in a listing.
+  // Only Wine needs the ids, and not every file system lists them.
   const bool ids = UnderWine();
   const ULONG kind = ids ? FileIdFullDirectoryInformation : FileFullDirectoryInformation;
-  alignas(8) char few[1024];
-  std::vector<char> many(name == nullptr ? kListingBuffer : 0);
-  char* buffer = name == nullptr ? many.data() : few;
-  const size_t size = name == nullptr ? many.size() : sizeof(few);
+  alignas(8) char nameBuffer[1024];
+  std::vector<char> listingBuffer(name == nullptr ? kListingBuffer : 0);
+  char* buffer = name == nullptr ? listingBuffer.data() : nameBuffer;
+  const size_t size = name == nullptr ? listingBuffer.size() : sizeof(nameBuffer);
   for (BOOLEAN restart = TRUE;; restart = FALSE) {
     IO_STATUS_BLOCK block;
     const NTSTATUS status =
@@ -175,10 +177,10 @@ bool ReadFolder(HANDLE folder, UNICODE_STRING* name, const Visit& visit) {
 bool SetFileAttributes(HANDLE file, DWORD attributes) {
   FILE_BASIC_INFO info = {};
   info.FileAttributes = attributes == 0 ? FILE_ATTRIBUTE_NORMAL : attributes;
-  return handleCalls.tell(file, FileBasicInfo, &info, sizeof(info)) != 0;
+  return handleCalls.setInformation(file, FileBasicInfo, &info, sizeof(info)) != 0;
 }
 
-// Gives what is open a path, as its only one or besides those that it has. Nothing that stands there goes.
+// Gives an open file a path: its only one (rename) or one more (hard link). Fails when the path is taken.
 NTSTATUS SetPath(HANDLE file, FILE_INFORMATION_CLASS how, TextView path) {
   struct PathInformation {
     ULONG flags;
@@ -196,7 +198,7 @@ NTSTATUS SetPath(HANDLE file, FILE_INFORMATION_CLASS how, TextView path) {
   return NtSetInformationFile(file, &status, buffer.data(), static_cast<ULONG>(buffer.size()), how);
 }
 
-// What Wine can do instead of renaming: a second path, a look at what got it, and the first one goes.
+// Moves a file safely under Wine: makes a hard link, checks that it is the opened file, deletes the old name.
 Renamed LinkAndDelete(OpenedItem& item, TextView destination) {
   const auto before = FactsOf(item.handle.Get());
   const NTSTATUS status = before ? SetPath(item.handle.Get(), FileLinkInformation, destination) : kNoSuchFile;
@@ -214,11 +216,12 @@ Renamed LinkAndDelete(OpenedItem& item, TextView destination) {
   }
   linked.reset();
   item.handle.Reset();
-  // It has gone if it has as many paths as before. If not, it may go later, so the second one stays.
+  // The old name is gone if the file has as many names as before. If not, it may disappear later, so
+  // the new name stays.
   linked = OpenItem(destination);
   const auto after = linked ? FactsOf(linked->handle.Get()) : std::nullopt;
   if (!after || after->nNumberOfLinks != before->nNumberOfLinks) return Renamed::Failed;
-  // A read-only file had to lose that to go.
+  // Deleting the old name removed the read-only attribute.
   SetFileAttributesW(Wide(ExtendedPath(destination)), item.attributes);
   return Renamed::Done;
 }
@@ -246,7 +249,7 @@ std::optional<FileHandle> OpenFolderIn(HANDLE folder, const ListedItem& listed) 
   std::optional<OpenedItem> opened =
       OpenIn(folder, listed, kAccess, FILE_SHARE_READ | FILE_SHARE_WRITE, &why);
   if (!opened && why == kSharingViolation) opened = OpenIn(folder, listed, kAccess, kShareAll);
-  if (!opened || !opened->IsTree()) return std::nullopt;
+  if (!opened || !opened->IsRealFolder()) return std::nullopt;
   return std::move(opened->handle);
 }
 
@@ -270,7 +273,7 @@ std::optional<ListedItem> FindIn(HANDLE folder, TextView name) {
 
 bool StandsIn(HANDLE folder, TextView name) {
   FileHandle item;
-  OpenRaw(folder, name, FILE_READ_ATTRIBUTES | SYNCHRONIZE, kShareAll, item);
+  OpenByName(folder, name, FILE_READ_ATTRIBUTES | SYNCHRONIZE, kShareAll, item);
   return static_cast<bool>(item);
 }
 
@@ -282,11 +285,11 @@ bool DeleteItem(const OpenedItem& item, bool force) {
   const HANDLE file = item.handle.Get();
   const bool readOnly = (item.attributes & FILE_ATTRIBUTE_READONLY) != 0;
   if (readOnly && !force) return false;
-  DispositionFlags flags = {kFlagDelete | kFlagAtOnce | (readOnly ? kFlagIgnoreReadOnly : 0)};
-  if (handleCalls.tell(file, kDispositionFlags, &flags, sizeof(flags))) return true;
+  DispositionFlags flags = {kFlagDelete | kFlagPosixSemantics | (readOnly ? kFlagIgnoreReadOnly : 0)};
+  if (handleCalls.setInformation(file, kDispositionFlags, &flags, sizeof(flags))) return true;
   if (readOnly && !SetFileAttributes(file, item.attributes & ~DWORD{FILE_ATTRIBUTE_READONLY})) return false;
   FILE_DISPOSITION_INFO disposition = {TRUE};
-  if (handleCalls.tell(file, FileDispositionInfo, &disposition, sizeof(disposition))) return true;
+  if (handleCalls.setInformation(file, FileDispositionInfo, &disposition, sizeof(disposition))) return true;
   if (readOnly) SetFileAttributes(file, item.attributes);
   return false;
 }

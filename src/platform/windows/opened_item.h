@@ -7,8 +7,8 @@
 #include "platform/windows/file_handle.h"
 #include "text/text.h"
 
-// Files, folders and links that are open, and what is done to them by their handles. It is done to what was
-// opened, whatever stands at its path by then. Paths are normal ones (windows_path.h).
+// Open files, folders and links. Operations by handle act on what was opened, whatever is at its path by
+// then. Paths are normal ones (windows_path.h).
 namespace tavix::windows {
 
 struct OpenedItem {
@@ -16,55 +16,56 @@ struct OpenedItem {
   DWORD attributes = 0;
   bool link = false;
 
-  // Also of a link to a folder.
+  // Also true for a link to a folder.
   bool IsFolder() const { return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0; }
-  bool IsTree() const { return IsFolder() && !link; }
+  bool IsRealFolder() const { return IsFolder() && !link; }
 };
 
-// What the listing of a folder says of something in it.
+// An entry of a folder's listing.
 struct ListedItem {
   Text name;
   DWORD attributes = 0;
   bool link = false;
-  uint64_t id = 0;  // 0 where the listing isn't asked for it
+  uint64_t id = 0;  // 0 unless the listing was asked for ids
 };
 
-// Opens what stands at a path for deletion; of a link, the link itself. Nothing when it is missing or can't
-// be opened so.
+// Opens the item at a path for deletion; of a link, the link itself. Nothing when it is missing or can't be
+// opened for deletion.
 std::optional<OpenedItem> OpenItem(TextView path);
 
-// The same of something in an open folder. Nothing also when it is not what was listed any more. `share` is
-// what others may do with it meanwhile.
+// Opens a listed item of an open folder in the same way. Nothing also when the name now belongs to something
+// else. `share` is the share mode.
 std::optional<OpenedItem> OpenItemIn(HANDLE folder, const ListedItem& listed, DWORD share = kShareAll);
-// Opens a folder in an open folder, to look into it. Until it is closed it can't get another name nor be
-// deleted, unless somebody has it open for that already. Nothing for a file and for a link.
+// Opens a listed subfolder for listing. While it is open it can't be renamed or deleted, unless somebody
+// already has it open for that. Nothing for a file or link, and when it can't be opened.
 std::optional<FileHandle> OpenFolderIn(HANDLE folder, const ListedItem& listed);
-// The folder at a path, to look into it, links followed.
+// Opens the folder at a path for listing, following links. Null on failure.
 FileHandle OpenFolderAt(TextView path);
 
-// The entry of a name in an open folder, letter case aside. Of one handle, only one name is to be asked for:
-// the system goes on with the first one.
+// Finds an entry of an open folder by its name, ignoring letter case. Nothing when it is missing. Ask each
+// handle for one name only: the system keeps using the first one.
 std::optional<ListedItem> FindIn(HANDLE folder, TextView name);
-// Whether something can be reached by a name in an open folder.
+// Whether an item of this name in an open folder can be opened.
 bool StandsIn(HANDLE folder, TextView name);
-// What lies in an open folder; false when the listing breaks off.
+// Adds the entries of an open folder to `items`. False when the listing fails part of the way.
 bool ListItems(HANDLE folder, std::vector<ListedItem>& items);
 
-// Deletes a file, a link or an empty folder, a read-only one with `force`. It is gone when the handle is
-// closed. False for a folder with something in it and where the system refuses; the item is as it was then.
+// Deletes a file, a link or an empty folder; a read-only one only with `force`. It disappears when the handle
+// is closed. False for a folder with content and when the system refuses; the item is unchanged then.
 bool DeleteItem(const OpenedItem& item, bool force);
 
 enum class Renamed { Done, OtherVolume, Failed };
-// Gives a file or link another path, at which nothing stands. The handle may be closed afterwards.
+// Moves a file or link to an unused path. The handle may be closed afterwards.
 Renamed RenameItem(OpenedItem& item, TextView destination);
 
-// Whether two handles are of one file or folder.
+// Whether two handles refer to the same file or folder.
 bool AreTheSame(HANDLE one, HANDLE other);
 
-// How the system is asked and told by handle. Tests put the answers of drives here that they can't have.
+// The calls that get and set information by handle. Tests replace them to imitate drives that they don't
+// have.
 struct HandleCalls {
-  decltype(&GetFileInformationByHandleEx) ask = GetFileInformationByHandleEx;
-  decltype(&SetFileInformationByHandle) tell = SetFileInformationByHandle;
+  decltype(&GetFileInformationByHandleEx) getInformation = GetFileInformationByHandleEx;
+  decltype(&SetFileInformationByHandle) setInformation = SetFileInformationByHandle;
 };
 inline HandleCalls handleCalls;
 

@@ -29,7 +29,7 @@ VARIANT Number(LONG value) {
   return variant;
 }
 
-// The desktop's window among those of the signed-in user's shell.
+// The desktop's window of the signed-in user's shell. Null when there is none.
 ComPointer<IDispatch> FindDesktop() {
   ComPointer<IDispatch> desktop;
   ComPointer<IShellWindows> windows;
@@ -38,15 +38,16 @@ ComPointer<IDispatch> FindDesktop() {
     return desktop;
   VARIANT place = Number(CSIDL_DESKTOP), none = {};
   long window = 0;
-  // S_FALSE says that there is none.
+  // S_FALSE means that there is none.
   if (windows.Get()->FindWindowSW(&place, &none, SWC_DESKTOP, &window, SWFO_NEEDDISPATCH,
                                   desktop.Receive()) != S_OK)
     desktop.Reset();
   return desktop;
 }
 
-// What scripts in that window would call the shell: it runs in the shell's own process.
-ComPointer<IShellDispatch2> ShellBehind(IDispatch* desktop) {
+// The shell's automation object, reached through the desktop's window. It runs in the shell's process, with
+// the shell's rights.
+ComPointer<IShellDispatch2> ShellOfDesktop(IDispatch* desktop) {
   ComPointer<IShellDispatch2> shell;
   const auto services = Ask<IServiceProvider>(desktop, IID_IServiceProvider);
   ComPointer<IShellBrowser> browser;
@@ -78,10 +79,10 @@ bool HasRaisedRights() {
 bool OpenByDesktop(const Text& target, int style) {
   const ComPointer<IDispatch> desktop = FindDesktop();
   if (!desktop) return false;
-  const ComPointer<IShellDispatch2> shell = ShellBehind(desktop.Get());
+  const ComPointer<IShellDispatch2> shell = ShellOfDesktop(desktop.Get());
   const OwnedString file = MakeString(target);
   if (!shell || !file) return false;
-  // What the shell opens may come to the front.
+  // Lets the opened program come to the front.
   AllowSetForegroundWindow(ASFW_ANY);
   const VARIANT none = {};
   return shell.Get()->ShellExecute(file.Get(), none, none, none, Number(style)) == S_OK;

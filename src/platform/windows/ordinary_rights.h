@@ -4,14 +4,14 @@
 
 namespace tavix::windows {
 
-// Whether this program has more rights than the same user's others: it was started as administrator under the
-// control of user accounts. False where the user has no lesser rights (the control is off).
+// Whether this process is elevated: the user has a token with fewer rights, and UAC gave this process the
+// full one. False when UAC is off, because then there is no lesser token.
 bool HasRaisedRights();
 
-// Has the desktop of the signed-in user open an address or a file, so that what opens it gets that user's
-// ordinary rights and not ours. False when the desktop can't be asked, as when there is none, or says at once
-// that it can't open it. True says that it was asked; whether it opened anything it doesn't tell. `style` is
-// the show style.
+// Asks the signed-in user's desktop (Explorer) to open an address or a file, so that the opened program gets
+// that user's ordinary rights and not ours. `style` is the show style. False when there is no desktop, when
+// it can't be asked, or when it fails at once. True when it was asked; it doesn't report whether anything
+// opened.
 bool OpenByDesktop(const Text& target, int style);
 
 }  // namespace tavix::windows

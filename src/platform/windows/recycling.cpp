@@ -13,20 +13,20 @@
 namespace tavix::windows {
 namespace {
 
-// FOF_NO_CONNECTED_ELEMENTS: without it "page_files" goes along with "page.htm".
-// FOF_WANTNUKEWARNING: without it FOF_NOCONFIRMATION answers Yes when the shell asks whether it may delete
-// what does not fit into the bin.
+// FOF_NO_CONNECTED_ELEMENTS: without it, deleting "page.htm" also deletes "page_files". FOF_WANTNUKEWARNING:
+// without it, FOF_NOCONFIRMATION answers Yes when the shell asks whether to delete for good what does not fit
+// into the bin.
 constexpr FILEOP_FLAGS kFlags = FOF_ALLOWUNDO | FOF_NO_CONNECTED_ELEMENTS | FOF_NOCONFIRMATION | FOF_SILENT |
                                 FOF_NOERRORUI | FOF_WANTNUKEWARNING;
 
-// Windows 7 recycles by FOF_ALLOWUNDO and does not know FOFX_RECYCLEONDELETE, which later ones go by.
+// Later systems need FOFX_RECYCLEONDELETE. Windows 7 rejects it and recycles because of FOF_ALLOWUNDO.
 HRESULT SetFlags(IFileOperation* operation) {
   constexpr DWORD kStopAtErrors = FOFX_EARLYFAILURE;
   const HRESULT result = operation->SetOperationFlags(kFlags | kStopAtErrors | FOFX_RECYCLEONDELETE);
   return result == E_INVALIDARG ? operation->SetOperationFlags(kFlags | kStopAtErrors) : result;
 }
 
-// Nothing where the system has no such operation: Wine has the object, and its calls do nothing.
+// Nothing when the system lacks IFileOperation: Wine has the object, but its calls do nothing.
 std::optional<bool> RecycleWatched(const Text& path) {
   ComPointer<IFileOperation> operation;
   if (FAILED(CoCreateInstance(CLSID_FileOperation, nullptr, CLSCTX_INPROC_SERVER, IID_IFileOperation,
@@ -47,7 +47,7 @@ std::optional<bool> RecycleWatched(const Text& path) {
 }
 
 bool RecycleUnwatched(Text path) {
-  // The shell reads a list of paths that ends with an empty one.
+  // The shell expects a list of paths with an empty path at its end.
   path.push_back(u'\0');
   SHFILEOPSTRUCTW operation = {};
   operation.wFunc = FO_DELETE;

@@ -4,14 +4,14 @@
 
 namespace tavix::windows {
 
-// Sends one file or folder to the recycle bin, and nothing along with it. `path` is a normal one that is
-// there and that the shell takes (fewer than MAX_PATH characters). Objects of the system are used: the thread
-// has a ComApartment.
+// Sends one file or folder to the recycle bin, and nothing with it. `path` is a normal path of an existing
+// item, short enough for the shell (less than MAX_PATH characters). Uses COM: the thread needs a
+// ComApartment.
 //
-// False when it did not come into the bin; what the bin can't take stays. The settings tell most of that
-// beforehand (bin_settings.h), the shell tells the rest before each thing that it is about to delete for
-// good, and is refused. Where the shell would ask the user whether it may (a folder that turns out to be too
-// large), it does ask; a Yes is refused as well.
+// False when the item did not get into the bin; what the bin can't take stays. The settings (bin_settings.h)
+// show most such items in advance. For the rest, the shell announces each permanent deletion before it
+// happens, and we refuse it. The shell may still ask the user, for example about a folder that turns out to
+// be too large. Even after a Yes the deletion is refused.
 bool SendToBin(const Text& path);
 
 }  // namespace tavix::windows

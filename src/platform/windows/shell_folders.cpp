@@ -11,7 +11,7 @@ namespace {
 
 constexpr int kSystemFolder = 9966;
 
-// The scripting shell's list, in its order. The desktop stands there twice.
+// The scripting shell's list, in its order. It has the desktop twice.
 struct NamedFolder {
   TextView name;
   int number;
@@ -37,16 +37,16 @@ constexpr NamedFolder kNamedFolders[] = {
     {u"Programs", CSIDL_PROGRAMS},
 };
 
-// Without the backslash at the end, but for a drive's root; nothing for an empty path.
-std::optional<Text> Found(Text path) {
+// Drops a backslash at the end, except a drive root's. Nothing for an empty path.
+std::optional<Text> FolderPath(Text path) {
   constexpr size_t kDriveRootLength = 3;
   while (path.size() > kDriveRootLength && path.back() == u'\\') path.pop_back();
   if (path.empty()) return std::nullopt;
   return path;
 }
 
-// What a call gives that takes room and its size, and tells the length: without the terminator when there was
-// room enough, with it otherwise, 0 for a failure.
+// Returns the text of an API call that takes a buffer and its size. The call returns the length: without the
+// terminator when the buffer was large enough, with it otherwise, 0 for failure.
 template <class Call>
 Text Fetch(Call call) {
   Text text(MAX_PATH, u'\0');
@@ -59,7 +59,8 @@ Text Fetch(Call call) {
 }
 
 Text LongForm(const Text& path) {
-  Text found = Fetch([&path](wchar_t* room, DWORD size) { return GetLongPathNameW(Wide(path), room, size); });
+  Text found =
+      Fetch([&path](wchar_t* buffer, DWORD size) { return GetLongPathNameW(Wide(path), buffer, size); });
   return found.empty() ? path : found;
 }
 
@@ -67,16 +68,16 @@ Text LongForm(const Text& path) {
 
 std::optional<Text> FolderByNumber(int number) {
   if (number == kSystemFolder) {
-    return Found(Fetch([](wchar_t* room, DWORD size) { return GetSystemDirectoryW(room, size); }));
+    return FolderPath(Fetch([](wchar_t* buffer, DWORD size) { return GetSystemDirectoryW(buffer, size); }));
   }
   constexpr int kLargest = 0xFF;
   if (number < 0 || number > kLargest) return std::nullopt;
   wchar_t path[MAX_PATH] = L"";
-  // A folder that was never made has its path all the same.
+  // Also gives the path of a folder that doesn't exist.
   const HRESULT result =
       SHGetFolderPathW(nullptr, number | CSIDL_FLAG_DONT_VERIFY, nullptr, SHGFP_TYPE_CURRENT, path);
   if (FAILED(result)) return std::nullopt;
-  return Found(FromWide(path));
+  return FolderPath(FromWide(path));
 }
 
 std::optional<Text> FolderByName(TextView name) {
@@ -90,13 +91,13 @@ std::optional<Text> FolderByName(TextView name) {
 }
 
 std::optional<Text> UserTemp() {
-  const Text path = Fetch([](wchar_t* room, DWORD size) { return GetTempPathW(size, room); });
-  return Found(LongForm(path));
+  const Text path = Fetch([](wchar_t* buffer, DWORD size) { return GetTempPathW(size, buffer); });
+  return FolderPath(LongForm(path));
 }
 
 std::optional<Text> SystemTemp() {
   const std::optional<Text> windows =
-      Found(Fetch([](wchar_t* room, DWORD size) { return GetSystemWindowsDirectoryW(room, size); }));
+      FolderPath(Fetch([](wchar_t* buffer, DWORD size) { return GetSystemWindowsDirectoryW(buffer, size); }));
   return windows.transform([](const Text& path) { return Concat(path, u"\\Temp"); });
 }
 

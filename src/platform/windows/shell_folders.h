@@ -4,7 +4,8 @@
 
 #include "text/text.h"
 
-// Where the system keeps its folders. The contract is that of platform::Shell.
+// Folders of the system. The contract is that of platform::Shell::SpecialFolderByNumber, SpecialFolderByName,
+// UserTempFolder and SystemTempFolder.
 namespace tavix::windows {
 
 std::optional<Text> FolderByNumber(int number);

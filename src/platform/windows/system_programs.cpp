@@ -10,7 +10,7 @@
 namespace tavix::windows {
 namespace {
 
-// These lie in the Windows folder, all others in the system folder.
+// These are in the Windows folder, all others in the system folder.
 constexpr TextView kInWindowsFolder[] = {u"hh.exe", u"regedit.exe"};
 
 using FolderCall = UINT(WINAPI*)(LPWSTR, UINT);

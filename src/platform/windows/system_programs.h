@@ -6,11 +6,12 @@
 
 namespace tavix::windows {
 
-// The folder of the system's programs and libraries, the 64-bit ones, whatever the environment says.
+// The system folder, always the 64-bit one, whatever the environment variables say.
 Text SystemFolder();
 
-// The full path of a program that is named without a folder, with or without ".exe": where the system keeps
-// it and nowhere else. Nothing when it isn't there, or the name is a path or no name of a file.
+// The full path of a system program named without a folder, with or without ".exe". Only the place where the
+// system keeps it is looked at. Nothing when it isn't there, or when `name` has a folder or can't be a file's
+// name.
 std::optional<Text> SystemProgram(TextView name);
 
 }  // namespace tavix::windows

@@ -18,14 +18,14 @@ struct ProcessTraits {
 };
 using ProcessHandle = Owned<ProcessTraits>;
 
-// A listing of a folder on such a drive may let the caller wait for long.
-bool IsNear(TextView folder) {
+// Network and optical drives may take long to answer.
+bool IsOnFastDrive(TextView folder) {
   if (folder.starts_with(u"\\\\")) return false;
   const UINT type = GetDriveTypeW(Wide(Text(folder.substr(0, 3))));
   return type == DRIVE_FIXED || type == DRIVE_REMOVABLE || type == DRIVE_RAMDISK;
 }
 
-// The name of the program's file, without its folder. Empty when it can't be told.
+// The file name of a process's program, without its folder. Empty when it can't be told.
 Text ProgramOf(HANDLE process) {
   Text path(32768, u'\0');
   auto size = static_cast<DWORD>(path.size());
@@ -34,28 +34,28 @@ Text ProgramOf(HANDLE process) {
   return Text(NameOf(path));
 }
 
-// Whether a process runs that may be a copy of this program. What can't be told may be.
+// Whether a process may be a running copy of this program. True when that can't be told.
 bool MayBeCopy(DWORD id) {
   if (id == GetCurrentProcessId()) return false;
   const ProcessHandle process(OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, id));
   if (!process) return GetLastError() != ERROR_INVALID_PARAMETER;
   DWORD status = STILL_ACTIVE;
   if (GetExitCodeProcess(process.Get(), &status) && status != STILL_ACTIVE) return false;
-  // The programs of this house have names that begin alike.
+  // All our programs have names with this beginning.
   constexpr TextView kOurs = u"tavix";
   const Text program = ProgramOf(process.Get());
   return program.empty() || EqualIgnoringCase(TextView(program).substr(0, kOurs.size()), kOurs);
 }
 
-// A file that nobody has open, by the handle that showed it to be one.
+// Deletes an ordinary file that nobody has open. The handle that shows it to be ordinary also deletes it.
 void DeleteUnused(TextView path) {
   const Text extended = ExtendedPath(path);
   const FileHandle file(CreateFileW(Wide(extended), DELETE | FILE_READ_ATTRIBUTES | FILE_WRITE_ATTRIBUTES, 0,
                                     nullptr, OPEN_EXISTING, FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
   BY_HANDLE_FILE_INFORMATION facts;
   if (!file || !GetFileInformationByHandle(file.Get(), &facts)) return;
-  constexpr DWORD kNoFile = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_REPARSE_POINT;
-  if ((facts.dwFileAttributes & kNoFile) != 0) return;
+  constexpr DWORD kNotOrdinary = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_REPARSE_POINT;
+  if ((facts.dwFileAttributes & kNotOrdinary) != 0) return;
   if ((facts.dwFileAttributes & FILE_ATTRIBUTE_READONLY) != 0) {
     FILE_BASIC_INFO plain = {};
     plain.FileAttributes = FILE_ATTRIBUTE_NORMAL;
@@ -68,7 +68,7 @@ void DeleteUnused(TextView path) {
 }  // namespace
 
 void RemoveTemporaryFiles(TextView folder) {
-  if (!IsNear(folder)) return;
+  if (!IsOnFastDrive(folder)) return;
   const platform::TemporaryNames& form = platform::kTemporaryFiles;
   const Text pattern = ExtendedPath(PathIn(folder, Concat(form.start, u"*", form.end)));
   WIN32_FIND_DATAW found;

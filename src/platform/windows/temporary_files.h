@@ -4,9 +4,9 @@
 
 namespace tavix::windows {
 
-// As platform::FileSystem::RemoveTemporaries; `folder` is a normal path (windows_path.h). A file goes only if
-// its name tells a process that doesn't run, runs another program or is this one, and if nobody has it open.
-// Links and folders stay. A folder on a network or optical drive is left alone.
+// As platform::FileSystem::RemoveTemporaries; `folder` is a normal path (windows_path.h). A file is deleted
+// only if nobody has it open and the process whose id is in its name has ended, runs another program, or is
+// this one. Links and folders stay. Does nothing for a folder on a network or optical drive.
 void RemoveTemporaryFiles(TextView folder);
 
 }  // namespace tavix::windows

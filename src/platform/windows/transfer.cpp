@@ -5,20 +5,20 @@
 namespace tavix::windows {
 namespace {
 
-// A number among the headers of the answer.
+// A numeric header of the answer. Nothing when it is missing.
 std::optional<DWORD> HeaderNumber(HINTERNET request, DWORD header) {
   DWORD number = 0;
   DWORD size = sizeof number;
-  const BOOL there =
+  const BOOL found =
       WinHttpQueryHeaders(request, header | WINHTTP_QUERY_FLAG_NUMBER, WINHTTP_HEADER_NAME_BY_INDEX, &number,
                           &size, WINHTTP_NO_HEADER_INDEX);
-  return there != FALSE ? std::optional(number) : std::nullopt;
+  return found != FALSE ? std::optional(number) : std::nullopt;
 }
 
-// Where the answer is said to be; nothing when it isn't said.
+// The Location header. Nothing when it is missing or too long.
 std::optional<Text> LocationOf(HINTERNET request) {
-  constexpr size_t kMost = 2048;
-  wchar_t text[kMost] = L"";
+  constexpr size_t kMaxLength = 2048;
+  wchar_t text[kMaxLength] = L"";
   DWORD bytes = sizeof text;
   if (WinHttpQueryHeaders(request, WINHTTP_QUERY_LOCATION, WINHTTP_HEADER_NAME_BY_INDEX, text, &bytes,
                           WINHTTP_NO_HEADER_INDEX) == FALSE)
@@ -39,16 +39,16 @@ std::shared_ptr<Transfer> Transfer::Start(Request request) {
   auto transfer = std::make_shared<Transfer>();
   transfer->handles_ = std::move(request);
   if (!transfer->done_) return nullptr;
-  // The share of the system's threads; it goes with the request.
-  auto share = std::make_unique<std::shared_ptr<Transfer>>(transfer);
+  // WinHTTP's own reference. OnStatus deletes it when the request's handle closes.
+  auto reference = std::make_unique<std::shared_ptr<Transfer>>(transfer);
   const HINTERNET handle = transfer->handles_.request.Get();
-  auto context = reinterpret_cast<DWORD_PTR>(share.get());
+  auto context = reinterpret_cast<DWORD_PTR>(reference.get());
   constexpr DWORD kNotifications = WINHTTP_CALLBACK_FLAG_ALL_COMPLETIONS | WINHTTP_CALLBACK_FLAG_HANDLES;
   if (WinHttpSetStatusCallback(handle, OnStatus, kNotifications, 0) == WINHTTP_INVALID_STATUS_CALLBACK ||
       WinHttpSetOption(handle, WINHTTP_OPTION_CONTEXT_VALUE, &context, sizeof context) == FALSE) {
     return nullptr;
   }
-  static_cast<void>(share.release());
+  static_cast<void>(reference.release());
   if (!transfer->Send(context)) {
     transfer->End();
     return nullptr;
@@ -56,13 +56,15 @@ std::shared_ptr<Transfer> Transfer::Start(Request request) {
   return transfer;
 }
 
-std::optional<std::string> Transfer::Answer() const { return well_ ? std::optional(bytes_) : std::nullopt; }
+std::optional<std::string> Transfer::Answer() const {
+  return succeeded_ ? std::optional(bytes_) : std::nullopt;
+}
 
 void Transfer::End() {
-  Request handles;  // closed when the guard is free again: closing calls OnStatus
+  Request handles;  // closed after the unlock: closing calls OnStatus
   const std::lock_guard lock(guard_);
   ended_ = true;
-  if (atWork_ == 0) std::swap(handles, handles_);
+  if (activeCalls_ == 0) std::swap(handles, handles_);
 }
 
 bool Transfer::Send(DWORD_PTR context) {
@@ -75,26 +77,26 @@ bool Transfer::Send(DWORD_PTR context) {
 
 bool Transfer::Enter() {
   const std::lock_guard lock(guard_);
-  if (!ended_) ++atWork_;
+  if (!ended_) ++activeCalls_;
   return !ended_;
 }
 
 void Transfer::Leave() {
-  Request handles;  // as in End
+  Request handles;  // closed after the unlock, as in End
   const std::lock_guard lock(guard_);
-  --atWork_;
-  if (ended_ && atWork_ == 0) std::swap(handles, handles_);
+  --activeCalls_;
+  if (ended_ && activeCalls_ == 0) std::swap(handles, handles_);
 }
 
 void CALLBACK Transfer::OnStatus(HINTERNET request, DWORD_PTR context, DWORD status, void*, DWORD length) {
   if (context == 0) return;
-  auto* const share = reinterpret_cast<std::shared_ptr<Transfer>*>(context);
+  auto* const reference = reinterpret_cast<std::shared_ptr<Transfer>*>(context);
   if (status == WINHTTP_CALLBACK_STATUS_HANDLE_CLOSING) {
-    delete share;
+    delete reference;
     return;
   }
-  // The request may be closed at the end of this, and the system's share go with it.
-  const std::shared_ptr<Transfer> transfer = *share;
+  // Leave may close the request, and that deletes WinHTTP's reference.
+  const std::shared_ptr<Transfer> transfer = *reference;
   if (!transfer->Enter()) return;
   transfer->Proceed(request, status, length);
   transfer->Leave();
@@ -109,7 +111,7 @@ void Transfer::Proceed(HINTERNET request, DWORD status, DWORD length) {
       TakeHeaders(request);
       break;
     case WINHTTP_CALLBACK_STATUS_READ_COMPLETE:
-      Take(request, length);
+      TakeBytes(request, length);
       break;
     case WINHTTP_CALLBACK_STATUS_REQUEST_ERROR:
       Finish(false);
@@ -127,22 +129,22 @@ void Transfer::TakeHeaders(HINTERNET request) {
 }
 
 void Transfer::Read(HINTERNET request) {
-  if (WinHttpReadData(request, piece_, sizeof piece_, nullptr) == FALSE) Finish(false);
+  if (WinHttpReadData(request, readBuffer_, sizeof readBuffer_, nullptr) == FALSE) Finish(false);
 }
 
-void Transfer::Take(HINTERNET request, DWORD length) {
+void Transfer::TakeBytes(HINTERNET request, DWORD length) {
   if (length == 0) {
-    // A connection that broke off leaves less than was promised.
+    // A broken connection delivers less than Content-Length.
     const auto promised = HeaderNumber(request, WINHTTP_QUERY_CONTENT_LENGTH);
     return Finish(!promised || *promised == bytes_.size());
   }
-  if (length > sizeof piece_ || bytes_.size() + length > kMostBytes) return Finish(false);
-  bytes_.append(piece_, length);
+  if (length > sizeof readBuffer_ || bytes_.size() + length > kMaxBytes) return Finish(false);
+  bytes_.append(readBuffer_, length);
   Read(request);
 }
 
-void Transfer::Finish(bool well) {
-  well_ = well;
+void Transfer::Finish(bool succeeded) {
+  succeeded_ = succeeded;
   SetEvent(done_.Get());
 }
 

@@ -20,60 +20,59 @@ struct InternetTraits {
 };
 using InternetHandle = Owned<InternetTraits>;
 
-// A request of an asynchronous session, with what it depends on.
+// An asynchronous request with the handles it depends on.
 struct Request {
   InternetHandle session;
   InternetHandle connection;
   InternetHandle request;
 };
 
-// What a request brings in. The system's threads carry it forward; they keep it for as long as they know the
-// request, which may be longer than anybody waits for it.
+// The download of one answer. WinHTTP's threads run it. They keep it alive until the request's handle is
+// closed, which may be after its starter stops waiting.
 class Transfer {
  public:
-  // The most bytes that an answer may have.
-  static constexpr size_t kMostBytes = size_t{1} << 20;
+  // A longer answer fails.
+  static constexpr size_t kMaxBytes = size_t{1} << 20;
 
-  // Sends the request, which must not have been sent and follows no redirection, and returns at once. Null
-  // when it can't be sent.
+  // Sends an unsent request that follows no redirections. Returns at once. Null when it can't be sent.
   static std::shared_ptr<Transfer> Start(Request request);
 
-  // Signalled when the transfer has come to its end, good or bad. What follows may be asked for from then on.
+  // Signalled when the transfer has succeeded or failed. From then on Answer and Location may be called.
   HANDLE Done() const { return done_.Get(); }
-  // The whole answer of a request that went well.
+  // The whole answer. Nothing when the transfer failed.
   std::optional<std::string> Answer() const;
-  // Where the server says that the answer is to be found, as it says it; nothing when it doesn't.
+  // The address that a redirection names, unchanged. Nothing without a redirection.
   std::optional<Text> Location() const { return location_; }
-  // Ends the transfer, wherever it stands; called once, by whoever started it. It returns at once: the
-  // request is closed here, or by a thread of the system that is busy with it, as soon as it isn't any more.
+  // Ends the transfer at any point. The starter calls it, once. Returns at once: closes the request, or
+  // leaves that to a WinHTTP thread that is still working with it.
   void End();
 
  private:
   static void CALLBACK OnStatus(HINTERNET request, DWORD_PTR context, DWORD status, void* information,
                                 DWORD length);
   bool Send(DWORD_PTR context);
-  // Around each piece of work of the system's threads. Enter is false, and nothing to be done, after the end.
+  // Enclose all work with the request. Enter returns false after the end; then nothing may be done.
   bool Enter();
   void Leave();
   void Proceed(HINTERNET request, DWORD status, DWORD length);
   void TakeHeaders(HINTERNET request);
   void Read(HINTERNET request);
-  void Take(HINTERNET request, DWORD length);
-  void Finish(bool well);
+  void TakeBytes(HINTERNET request, DWORD length);
+  void Finish(bool succeeded);
 
-  // The value of a handle may come back for another request as soon as it is closed, so it is closed when
-  // nobody is at work with it. The guard is held for looking and noting alone: a call of the system can take
-  // as long as the server likes. Work can be within work, since what is there already is told from within the
-  // call that asks for it.
+  // A closed handle's value may be reused for another request, so the handle is closed only when no call is
+  // working with it. The mutex guards only short checks: it isn't held during WinHTTP calls, which can take
+  // as long as the server likes. Calls are counted because they nest: WinHTTP may call back from inside our
+  // call.
   std::mutex guard_;
-  int atWork_ = 0;
+  int activeCalls_ = 0;
   bool ended_ = false;
   Request handles_;
   ObjectHandle done_{CreateEventW(nullptr, TRUE, FALSE, nullptr)};
   std::string bytes_;
   std::optional<Text> location_;
-  char piece_[16384] = {};
-  bool well_ = false;
+  char readBuffer_[16384] = {};
+  bool succeeded_ = false;
 };
 
 }  // namespace tavix::windows

@@ -1,7 +1,7 @@
 #pragma once
 
-// The Windows API. Its macros that would rename our routines are taken back, so a call of the API names the
-// wide form itself: DeleteFileW, MessageBoxW.
+// The Windows API. Macros that would rename our routines are undefined, so an API call names the wide form
+// itself: DeleteFileW, MessageBoxW.
 
 // clang-format off
 #include <windows.h>

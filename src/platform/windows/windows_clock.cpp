@@ -5,7 +5,7 @@
 namespace tavix::windows {
 namespace {
 
-// Ticks of 100 nanoseconds since 1601 and milliseconds since 1970.
+// FILETIME counts 100 ns ticks since 1601.
 constexpr int64_t kTicksPerMillisecond = 10'000;
 constexpr int64_t kTicksTo1970 = 116'444'736'000'000'000;
 

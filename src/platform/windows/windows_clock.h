@@ -10,8 +10,8 @@ class WindowsClock : public platform::Clock {
   platform::DateTime Now() override;
 };
 
-// The date and time that a calendar entry of the system stands for, whatever its time zone; the start of
-// 1970 when it is no date.
+// Converts a date and time to DateTime, without regard to time zones. 0 (the start of 1970) for an invalid
+// date.
 platform::DateTime ToDateTime(unsigned year, unsigned month, unsigned day, unsigned hour, unsigned minute,
                               unsigned second, unsigned millisecond);
 

@@ -30,7 +30,7 @@ void WindowsDesktop::PostWindowMessage(platform::WindowHandle window, uint32_t m
 
 platform::WindowHandle WindowsDesktop::FindWindowByTitle(TextView title) {
   if (title.empty()) return 0;
-  // The system finds without regard to letter case.
+  // FindWindowEx ignores letter case.
   const Text wanted(title);
   HWND window = nullptr;
   do {

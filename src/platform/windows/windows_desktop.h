@@ -4,7 +4,7 @@
 
 namespace tavix::windows {
 
-// The desktop of the running session. A window 0 gets no messages.
+// The desktop of the running session. Messages to window 0 are dropped.
 class WindowsDesktop : public platform::Desktop {
  public:
   void SendWindowMessage(platform::WindowHandle window, uint32_t message, intptr_t wParam,

@@ -16,27 +16,28 @@ namespace {
 constexpr TextView kCaption = u"Tavix";
 constexpr int kButtons = 0xF;
 
-BOOL CALLBACK TakeVisible(HWND window, LPARAM found) {
+BOOL CALLBACK FindVisible(HWND window, LPARAM found) {
   const bool taken = IsWindowVisible(window) != FALSE && GetWindow(window, GW_OWNER) == nullptr;
   if (taken) *reinterpret_cast<HWND*>(found) = window;
   return taken ? FALSE : TRUE;
 }
 
-// The window that a dialog belongs to: the active one; while another program is in front, and none of ours is
-// active, the one that was active last. None before the first window is shown.
+// The owner of a dialog: the active window. If another program is in front and no window of ours is active,
+// the one that was active last. Null before the first window is shown.
 HWND Owner() {
   if (const HWND active = GetActiveWindow()) return active;
   HWND visible = nullptr;
-  EnumThreadWindows(GetCurrentThreadId(), TakeVisible, reinterpret_cast<LPARAM>(&visible));
+  EnumThreadWindows(GetCurrentThreadId(), FindVisible, reinterpret_cast<LPARAM>(&visible));
   return visible == nullptr ? nullptr : GetLastActivePopup(visible);
 }
 
-// What a message box on this screen has room for: a longer one would have its buttons outside.
+// Shortens a text to what a message box can show on this screen. A longer one would push the buttons off the
+// screen.
 Text FitOnScreen(TextView text) {
-  constexpr int kAround = 200;
+  constexpr int kBorders = 200;
   constexpr int kLineHeight = 18;
   constexpr size_t kLineLength = 70;
-  const int lines = std::max((platform::screen.Height - kAround) / kLineHeight, 5);
+  const int lines = std::max((platform::screen.Height - kBorders) / kLineHeight, 5);
   return FitLines(text, static_cast<size_t>(lines), kLineLength);
 }
 
@@ -46,7 +47,7 @@ int WindowsDialogs::MsgBox(TextView text, int style) {
   const int answer =
       MessageBoxW(Owner(), Wide(FitOnScreen(text)), Wide(Text(kCaption)), static_cast<UINT>(style));
   if (answer != 0) return answer;
-  // The box could not be shown, so nobody has agreed to anything.
+  // The box couldn't be shown, so nobody agreed: answer No or Cancel where there is one.
   const int buttons = style & kButtons;
   if (buttons == platform::kYesNo || buttons == platform::kYesNoCancel) return platform::kNo;
   return buttons == platform::kOkCancel ? platform::kCancel : platform::kOk;

@@ -4,7 +4,7 @@
 
 namespace tavix::windows {
 
-// Dialogs before the user, in front of the program's window, also while another program's is active.
+// Dialogs on the screen. They belong to the program's window, even while another program is active.
 class WindowsDialogs : public platform::Dialogs {
  public:
   int MsgBox(TextView text, int style) override;

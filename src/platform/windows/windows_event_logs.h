@@ -4,8 +4,8 @@
 
 namespace tavix::windows {
 
-// The event logs of the running system. Of a log that it doesn't know, the system opens another one
-// instead; here only the three names of the interface can be opened.
+// The event logs of the running system. For an unknown name the system would open the Application log, so
+// Open accepts only the three names of the interface.
 class WindowsEventLogs : public platform::EventLogs {
  public:
   Handle Open(TextView log) override;

@@ -15,7 +15,7 @@ namespace {
 constexpr DWORD kChangeable =
     platform::kReadOnly | platform::kHidden | platform::kSystem | platform::kArchive;
 
-// What stands at the path, or at the end of a link, is a file or a folder, as asked.
+// Whether a folder (`folder`) or a file exists at the path. A link counts as its target.
 platform::Existence Exists(TextView path, bool folder) {
   const std::optional<Text> normal = NormalPath(path);
   if (!normal) return false;
@@ -25,7 +25,7 @@ platform::Existence Exists(TextView path, bool folder) {
   return attributes && ((*attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) == folder;
 }
 
-// Each call finds the folder by its path; the names in it are as the disk has them.
+// Finds the folder by its path at each call. Names below it come from listings.
 class Opened : public platform::OpenFolder {
  public:
   explicit Opened(Text normal) : normal_(std::move(normal)) {}
@@ -40,9 +40,9 @@ class Opened : public platform::OpenFolder {
   const Text normal_;
 };
 
-// Files that are kept online show themselves as such. They may look like any others otherwise, where the
-// system takes this program for one that wouldn't know what to do with them.
-void ShowWhatIsKeptOnline() {
+// Makes online files visible as such to this process. By default the system may show them as ordinary files,
+// if it assumes that a program can't handle them.
+void ExposeOnlineFiles() {
   constexpr char kShown = 2;
   using Setter = char(NTAPI*)(char mode);
   const auto set = reinterpret_cast<Setter>(reinterpret_cast<void*>(
@@ -66,7 +66,7 @@ platform::Drive ReadDrive(char16_t letter) {
 
 WindowsFileSystem::WindowsFileSystem() {
   SetThreadErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX, &errorMode_);
-  ShowWhatIsKeptOnline();
+  ExposeOnlineFiles();
 }
 
 WindowsFileSystem::~WindowsFileSystem() { SetThreadErrorMode(errorMode_, nullptr); }
@@ -141,10 +141,10 @@ bool WindowsFileSystem::SetAttributes(TextView path, uint32_t attributes) {
   const std::optional<Text> normal = NormalPath(path);
   if (!normal) return false;
   const Text extended = ExtendedPath(*normal);
-  const DWORD there = GetFileAttributesW(Wide(extended));
-  if (there == INVALID_FILE_ATTRIBUTES) return false;
-  const DWORD wanted = (there & ~(kChangeable | FILE_ATTRIBUTE_NORMAL)) | (attributes & kChangeable);
-  if (wanted == there) return true;
+  const DWORD current = GetFileAttributesW(Wide(extended));
+  if (current == INVALID_FILE_ATTRIBUTES) return false;
+  const DWORD wanted = (current & ~(kChangeable | FILE_ATTRIBUTE_NORMAL)) | (attributes & kChangeable);
+  if (wanted == current) return true;
   return SetFileAttributesW(Wide(extended), wanted == 0 ? FILE_ATTRIBUTE_NORMAL : wanted) != 0;
 }
 

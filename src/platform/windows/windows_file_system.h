@@ -5,8 +5,8 @@
 
 namespace tavix::windows {
 
-// The files of the running system. While it lives, its thread gets no dialogs of the system about a drive
-// with nothing in it or a file that can't be opened; programs started from it are not concerned.
+// The files of the running system. While it lives, the system shows no dialogs on its thread about an empty
+// drive or a file that can't be opened. Programs started from the thread aren't affected.
 class WindowsFileSystem : public platform::FileSystem {
  public:
   WindowsFileSystem();
@@ -39,7 +39,7 @@ class WindowsFileSystem : public platform::FileSystem {
   DWORD errorMode_ = 0;
 };
 
-// A drive's type as platform::Drive numbers it, of the system's number.
+// Converts a drive type of GetDriveType to one of platform::Drive.
 int DriveTypeOf(UINT systemType);
 
 }  // namespace tavix::windows

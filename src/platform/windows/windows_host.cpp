@@ -10,7 +10,7 @@
 namespace tavix::windows {
 namespace {
 
-// The primary screen, which a machine without one shows as a screen of the usual size.
+// The primary screen. The default size when there is none.
 platform::Screen ReadPrimaryScreen() {
   constexpr int kUnitsPerInch = 96;
   platform::Screen screen;

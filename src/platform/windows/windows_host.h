@@ -15,10 +15,10 @@
 
 namespace tavix::windows {
 
-// Puts the running system behind the platform interfaces for as long as it lives: the registry with
-// HKEY_CLASSES_ROOT merged, files, shell, event logs, dialogs, desktop, network, other copies of the program,
-// owners and rights, the clock, the user's separators, the primary screen, the folder of the program. The
-// event queue comes with the window. One at a time, on the thread that uses it.
+// Connects the platform interfaces to the running system for as long as it lives: registry (HKEY_CLASSES_ROOT
+// merged), files, shell, event logs, dialogs, desktop, network, other running copies, owners and rights,
+// clock. Also sets the user's separators, the primary screen and the program's folder. The event queue
+// belongs to the window. Only one may exist at a time, on the thread that uses it.
 class WindowsHost {
  public:
   WindowsHost();
@@ -41,7 +41,7 @@ class WindowsHost {
   WindowsTrust trust_;
 };
 
-// The folder in which the running program lies.
+// The folder of the running program. Empty when it can't be told.
 Text ProgramFolder();
 
 }  // namespace tavix::windows

@@ -5,10 +5,10 @@
 namespace tavix::windows {
 namespace {
 
-// All sessions of the machine see a name that begins so.
-constexpr const wchar_t* kMark = L"Global\\TavixPub.Running";
+// "Global\" makes the mutex visible in all sessions.
+constexpr const wchar_t* kMutexName = L"Global\\TavixPub.Running";
 
-// Everybody may open the mark: other users' copies look for it, and so do those with lesser rights.
+// Everybody may open the mutex: other users' copies look for it, and so do copies that aren't elevated.
 constexpr const wchar_t* kForEverybody = L"D:(A;;GA;;;WD)";
 
 struct LocalMemoryTraits {
@@ -26,9 +26,9 @@ bool WindowsInstance::PreviousRuns() {
   ConvertStringSecurityDescriptorToSecurityDescriptorW(kForEverybody, SDDL_REVISION_1, rights.Receive(),
                                                        nullptr);
   SECURITY_ATTRIBUTES attributes = {sizeof attributes, rights.Get(), FALSE};
-  mark_.Reset(CreateMutexExW(&attributes, kMark, 0, SYNCHRONIZE));
-  // A mark that can't be opened is somebody's all the same.
-  previousRuns_ = !mark_ || GetLastError() == ERROR_ALREADY_EXISTS;
+  mutex_.Reset(CreateMutexExW(&attributes, kMutexName, 0, SYNCHRONIZE));
+  // If the mutex can't be opened, another copy owns it.
+  previousRuns_ = !mutex_ || GetLastError() == ERROR_ALREADY_EXISTS;
   return previousRuns_;
 }
 

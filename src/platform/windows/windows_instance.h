@@ -5,16 +5,16 @@
 
 namespace tavix::windows {
 
-// Copies of the program on one machine, in whatever session and of whatever user: they share the data folder
-// and empty its scratch folders at their start. A copy whose mark this one may not open counts as well. The
-// answer is that of the first question.
+// Looks for other running copies on this machine, of any session and user: all copies share the data folder
+// and empty its scratch folders when they start. A mutex marks a running copy. If it exists and can't be
+// opened, another copy runs. The first answer is kept.
 class WindowsInstance : public platform::Instance {
  public:
   bool PreviousRuns() override;
 
  private:
-  // There as long as a copy has it.
-  ObjectHandle mark_;
+  // The system deletes the mutex when the last copy closes it.
+  ObjectHandle mutex_;
   bool asked_ = false;
   bool previousRuns_ = false;
 };

@@ -4,7 +4,7 @@
 
 namespace tavix::windows {
 
-// The user's separators, as the control panel has them; `.` and `,` for one that can't be had.
+// The user's decimal and grouping separators from the control panel. `.` and `,` when they can't be read.
 Locale ReadUserLocale();
 
 }  // namespace tavix::windows

@@ -34,21 +34,21 @@ std::optional<Target> ReadUrl(TextView url) {
                 parts.nPort, parts.nScheme == INTERNET_SCHEME_HTTPS};
 }
 
-// Names that no network knows. An address with such a host isn't even taken apart, which spares the library
-// that would be loaded for it.
-bool LeadsNowhere(TextView url) {
-  constexpr TextView kNowhere = u".invalid";
+// Whether the host ends in .invalid, which exists on no network. Checked before ReadUrl, so that WinHTTP
+// isn't loaded for such an address.
+bool HasInvalidHost(TextView url) {
+  constexpr TextView kInvalidEnding = u".invalid";
   constexpr TextView kBeforeHost = u"://";
   const size_t start = url.find(kBeforeHost);
   if (start == TextView::npos) return false;
   const TextView rest = url.substr(start + kBeforeHost.size());
   const TextView host = rest.substr(0, rest.find_first_of(u":/?#"));
-  return host.size() >= kNowhere.size() &&
-         CompareIgnoringCase(host.substr(host.size() - kNowhere.size()), kNowhere) == 0;
+  return host.size() >= kInvalidEnding.size() &&
+         CompareIgnoringCase(host.substr(host.size() - kInvalidEnding.size()), kInvalidEnding) == 0;
 }
 
-// A server's word that the answer is to be found elsewhere, read at the address that was asked for. Nothing
-// for another host or a scheme that is less safe: what stands there is not the site's own.
+// The target of a redirection from `from`. Nothing for another host, or for http after https: that content
+// isn't the site's own.
 std::optional<Target> FollowRedirection(const Target& from, TextView location) {
   if (location.empty()) return std::nullopt;
   if (location.starts_with(u"/") && !location.starts_with(u"//")) {
@@ -61,8 +61,8 @@ std::optional<Target> FollowRedirection(const Target& from, TextView location) {
   return same ? target : std::nullopt;
 }
 
-// The protocols before TLS 1.2 are broken, and older systems offer nothing else unless they are told. Those
-// that don't know TLS 1.3 refuse a set with it whole.
+// Protocols before TLS 1.2 are broken, but older systems use them unless told otherwise. A system without TLS
+// 1.3 rejects the whole set if it has TLS 1.3 in it.
 void AskForSafeProtocols(HINTERNET session) {
   constexpr DWORD kTls12 = 0x800;
   constexpr DWORD kTls13 = 0x2000;
@@ -72,7 +72,7 @@ void AskForSafeProtocols(HINTERNET session) {
   }
 }
 
-// The settings of the user where the system can look them up by itself, else those of the system.
+// Uses the user's proxy settings where the system can find them automatically, otherwise the system's.
 InternetHandle OpenSession() {
   constexpr DWORD kAutomaticProxy = 4;
   for (const DWORD proxy : {kAutomaticProxy, static_cast<DWORD>(WINHTTP_ACCESS_TYPE_DEFAULT_PROXY)}) {
@@ -97,31 +97,33 @@ InternetHandle OpenRequest(HINTERNET connection, const Target& target) {
 }
 
 void PaintWindows() {
-  constexpr int kMost = 100;  // a window that never has enough
+  constexpr int kMaxMessages = 100;  // for a window that asks for paint without end
   MSG message;
-  for (int i = 0; i < kMost && PeekMessageW(&message, nullptr, WM_PAINT, WM_PAINT, PM_REMOVE) != FALSE; ++i) {
-    // The end of the program comes whatever is asked for; it stays for whom it is meant for.
+  for (int i = 0; i < kMaxMessages && PeekMessageW(&message, nullptr, WM_PAINT, WM_PAINT, PM_REMOVE) != FALSE;
+       ++i) {
+    // PeekMessage returns WM_QUIT whatever the filter. Post it again for the main loop.
     if (message.message == WM_QUIT) return PostQuitMessage(static_cast<int>(message.wParam));
     DispatchMessageW(&message);
   }
 }
 
-bool Wait(HANDLE done, ULONGLONG until) {
-  constexpr ULONGLONG kMostAtOnce = 250;  // for the system to see that the thread is alive
+bool Wait(HANDLE done, ULONGLONG deadline) {
+  constexpr ULONGLONG kMaxWait = 250;  // shorter than the time after which the system calls a thread hung
   for (;;) {
     const ULONGLONG now = GetTickCount64();
-    if (now >= until) return WaitForSingleObject(done, 0) == WAIT_OBJECT_0;
-    const auto wait = static_cast<DWORD>(std::min(until - now, kMostAtOnce));
+    if (now >= deadline) return WaitForSingleObject(done, 0) == WAIT_OBJECT_0;
+    const auto wait = static_cast<DWORD>(std::min(deadline - now, kMaxWait));
     if (MsgWaitForMultipleObjects(1, &done, FALSE, wait, QS_PAINT) == WAIT_OBJECT_0) return true;
     PaintWindows();
   }
 }
 
-// Sends a request and waits for its end; null when it can't be sent or has not ended at `until`.
-std::shared_ptr<Transfer> Transact(const Target& target, ULONGLONG until) {
+// Sends a request and waits for its end. Null when it can't be sent or hasn't ended at `deadline` (by
+// GetTickCount64).
+std::shared_ptr<Transfer> Transact(const Target& target, ULONGLONG deadline) {
   const ULONGLONG now = GetTickCount64();
-  // Each of the steps for itself, so that what is given up below doesn't live on for long.
-  const auto step = static_cast<int>(std::min<ULONGLONG>(now < until ? until - now : 0, INT32_MAX));
+  // Each step has this time limit, so that an abandoned request ends soon too.
+  const auto step = static_cast<int>(std::min<ULONGLONG>(now < deadline ? deadline - now : 0, INT32_MAX));
   Request request;
   request.session = OpenSession();
   if (!request.session) return nullptr;
@@ -132,7 +134,7 @@ std::shared_ptr<Transfer> Transact(const Target& target, ULONGLONG until) {
   if (!request.request) return nullptr;
   std::shared_ptr<Transfer> transfer = Transfer::Start(std::move(request));
   if (transfer == nullptr) return nullptr;
-  const bool done = Wait(transfer->Done(), until);
+  const bool done = Wait(transfer->Done(), deadline);
   transfer->End();
   return done ? transfer : nullptr;
 }
@@ -140,12 +142,12 @@ std::shared_ptr<Transfer> Transact(const Target& target, ULONGLONG until) {
 }  // namespace
 
 std::optional<std::string> WindowsNetwork::Fetch(TextView url, int timeoutSeconds) {
-  constexpr int kMostRedirections = 10;
-  const ULONGLONG until = GetTickCount64() + static_cast<ULONGLONG>(std::max(timeoutSeconds, 0)) * 1000;
-  if (LeadsNowhere(url)) return std::nullopt;
+  constexpr int kMaxRedirections = 10;
+  const ULONGLONG deadline = GetTickCount64() + static_cast<ULONGLONG>(std::max(timeoutSeconds, 0)) * 1000;
+  if (HasInvalidHost(url)) return std::nullopt;
   std::optional<Target> target = ReadUrl(url);
-  for (int i = 0; target && i <= kMostRedirections; ++i) {
-    const std::shared_ptr<Transfer> transfer = Transact(*target, until);
+  for (int i = 0; target && i <= kMaxRedirections; ++i) {
+    const std::shared_ptr<Transfer> transfer = Transact(*target, deadline);
     if (transfer == nullptr) return std::nullopt;
     const std::optional<Text> location = transfer->Location();
     if (!location) return transfer->Answer();

@@ -4,9 +4,9 @@
 
 namespace tavix::windows {
 
-// The web by way of the system, through the proxy that the user has set, and by TLS 1.2 or later. Nobody's
-// password is sent and no cookie is kept. Windows of the calling thread are painted meanwhile; their other
-// messages wait. A name under .invalid, which no server has, is not asked for.
+// HTTP through WinHTTP, with the user's proxy and TLS 1.2 or later. Sends no passwords and keeps no cookies.
+// While it waits, the thread's windows are painted; their other messages wait. A host under .invalid, which
+// can't exist, isn't asked for.
 class WindowsNetwork : public platform::Network {
  public:
   std::optional<std::string> Fetch(TextView url, int timeoutSeconds) override;

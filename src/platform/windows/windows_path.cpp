@@ -23,7 +23,7 @@ bool IsNameCharacter(char16_t c) {
   return c >= u' ' && kRefused.find(c) == TextView::npos;
 }
 
-// The next name of `rest`, which loses it with the separators before it; empty at the end.
+// Removes the next name, with the separators before it, from `rest`. Empty at the end.
 TextView TakeName(TextView& rest) {
   const auto start = std::find_if_not(rest.begin(), rest.end(), IsSeparator);
   const auto end = std::find_if(start, rest.end(), IsSeparator);
@@ -32,7 +32,7 @@ TextView TakeName(TextView& rest) {
   return name;
 }
 
-// Appends the names of `rest` to `path`, a root. False when one of them can't be a name.
+// Appends the names in `rest` to `path`, which is a root. False when one of them can't be a name.
 bool AppendNames(Text& path, TextView rest) {
   const size_t root = path.size();
   for (TextView name = TakeName(rest); !name.empty(); name = TakeName(rest)) {

@@ -31,7 +31,7 @@ class SubKeyNames {
     }
   }
 
-  // Whether all could be read.
+  // Whether all names could be read.
   bool Complete() const { return complete_; }
   std::vector<TextView> List() const {
     std::vector<TextView> names;
@@ -50,7 +50,7 @@ class SubKeyNames {
   bool complete_ = false;
 };
 
-// Keys made on the way to a place. Unless they are kept, they go again.
+// Newly made keys. Deletes them again unless Keep is called.
 class MadeKeys {
  public:
   MadeKeys() = default;
@@ -66,21 +66,21 @@ class MadeKeys {
   std::vector<RegistryKeyHandle> keys_;
 };
 
-// Makes the parts of `path` that are missing and writes into the last one.
+// Makes the missing keys of `path` and writes the value into the last one. Leaves no new keys on failure.
 bool WriteBelowNewKeys(HKEY hive, TextView path, TextView name, TextView data) {
-  size_t there = path.size();
+  size_t existing = path.size();
   native::Opened parent;
   do {
-    const size_t cut = path.substr(0, there).rfind(u'\\');
-    there = cut == TextView::npos ? 0 : cut;
-    parent = native::Open(hive, path.substr(0, there), KEY_CREATE_SUB_KEY);
-  } while (parent.status == kNameNotFound && there > 0);
+    const size_t cut = path.substr(0, existing).rfind(u'\\');
+    existing = cut == TextView::npos ? 0 : cut;
+    parent = native::Open(hive, path.substr(0, existing), KEY_CREATE_SUB_KEY);
+  } while (parent.status == kNameNotFound && existing > 0);
   if (!parent.key) return false;
 
   constexpr REGSAM kAccess = KEY_CREATE_SUB_KEY | KEY_SET_VALUE | DELETE;
   MadeKeys made;
   HKEY last = parent.key.Get();
-  for (const TextView part : Split(path.substr(there == 0 ? 0 : there + 1), kSeparator)) {
+  for (const TextView part : Split(path.substr(existing == 0 ? 0 : existing + 1), kSeparator)) {
     native::Created next = native::Create(last, part, kAccess);
     if (!next.isNew) return false;
     last = next.opened.key.Get();
@@ -91,8 +91,8 @@ bool WriteBelowNewKeys(HKEY hive, TextView path, TextView name, TextView data) {
   return true;
 }
 
-// Whether a path has the form that the interface asks for. The system itself would pass over an empty part,
-// and so take a key with a lost name at its end for the key above.
+// Whether a path has the form that platform::Registry defines. The system would skip an empty part: it would
+// take a path whose last name is missing for the key above.
 bool IsPath(TextView key) {
   return key.empty() || (key.front() != u'\\' && key.back() != u'\\' && key.find(u"\\\\") == TextView::npos);
 }
@@ -169,7 +169,7 @@ bool WindowsRegistry::WriteString(Hive hive, TextView key, TextView name, TextVi
 bool WindowsRegistry::DeleteKey(Hive hive, TextView key) {
   const HKEY base = Base(hive, key);
   if (base == nullptr || key.empty()) return false;
-  // A link is opened as the key that it is. It has no subkeys, so nothing of its target comes along.
+  // A link is opened as itself. It has no subkeys, so nothing of its target is deleted.
   constexpr REGSAM kAccess = DELETE | KEY_ENUMERATE_SUB_KEYS;
   constexpr auto kItself = native::LastPart::kOpenLink;
   std::vector<RegistryKeyHandle> keys;

@@ -7,11 +7,11 @@
 
 namespace tavix::windows {
 
-// The registry of the running system. HKEY_CLASSES_ROOT is left to platform::MergedRegistry, so that its
-// order and its deletes are the same everywhere; here it has no keys.
+// The registry of the running system. HKEY_CLASSES_ROOT has no keys here: platform::MergedRegistry shows it,
+// so that its order and its deletions are the same on every platform.
 //
-// DeleteKey opens everything it is to delete before it deletes the first key: where a right is missing,
-// nothing goes.
+// DeleteKey opens all keys to be deleted before it deletes the first. If one can't be opened, nothing is
+// deleted.
 class WindowsRegistry : public platform::Registry {
  public:
   using Hive = platform::Hive;
@@ -25,15 +25,15 @@ class WindowsRegistry : public platform::Registry {
   bool DeleteValue(Hive hive, TextView key, TextView name) override;
 
  private:
-  // What opening a key for reading gives: the key, one of the two, or none of them.
+  // The result of opening a key: the key, or why there is none. Neither flag is set for any other failure.
   struct Reached {
     RegistryKeyHandle key;
     bool missing = false;
     bool denied = false;
   };
 
-  // The handle of a hive, opened at its first use; null for what is none and for a path of another form
-  // than the interface asks for.
+  // The root key of a hive, opened at its first use. Null for an unknown hive, and when `key` isn't a path as
+  // the interface defines it.
   HKEY Base(Hive hive, TextView key);
   RegistryKeyHandle Open(Hive hive, TextView key, REGSAM access);
   Reached Reach(Hive hive, TextView key, REGSAM access);

@@ -26,19 +26,19 @@ bool IsThere(TextView path) {
   return normal && FollowedAttributes(*normal, sure);
 }
 
-// A path that the shell takes, of something that is there.
+// The path of an existing item in a form short enough for the shell. Nothing when it is missing or too long.
 std::optional<Text> ShellPath(TextView path) {
   std::optional<Text> normal = NormalPath(path);
   if (!normal || !LookUp(*normal)) return std::nullopt;
   if (normal->size() < MAX_PATH) return normal;
-  wchar_t room[MAX_PATH + 8];
-  const DWORD length = GetShortPathNameW(Wide(ExtendedPath(*normal)), room, MAX_PATH + 8);
+  wchar_t shortPath[MAX_PATH + 8];
+  const DWORD length = GetShortPathNameW(Wide(ExtendedPath(*normal)), shortPath, MAX_PATH + 8);
   if (length == 0 || length >= MAX_PATH + 8) return std::nullopt;
-  normal = NormalPath(FromWide(room));
+  normal = NormalPath(FromWide(shortPath));
   return normal && normal->size() < MAX_PATH ? normal : std::nullopt;
 }
 
-// Text in the code page of the system, as its programs wrote it.
+// Decodes text in the system's ANSI code page.
 Text FromCodePage(std::string_view bytes) {
   const int size = static_cast<int>(bytes.size());
   Text text(bytes.size(), u'\0');
@@ -50,7 +50,7 @@ Text FromCodePage(std::string_view bytes) {
 bool Execute(const Command& command, int style, const wchar_t* verb = nullptr, ULONG flags = 0,
              platform::WindowHandle owner = 0) {
   if (command.target.empty() || HasNul(command.target) || HasNul(command.arguments)) return false;
-  // What is started has its libraries looked for there, too.
+  // The working folder of a started program is also searched for its libraries, so it is the system folder.
   const Text folder = SystemFolder();
   SHELLEXECUTEINFOW info = {};
   info.cbSize = sizeof(info);
@@ -64,7 +64,8 @@ bool Execute(const Command& command, int style, const wchar_t* verb = nullptr, U
   return ShellExecuteExW(&info) != 0;
 }
 
-// What people look at is opened with their ordinary rights, where they have given this program more.
+// Opens something for the user to look at. If this program is elevated, it is opened with the user's ordinary
+// rights where possible.
 bool OpenForUser(const Text& target, int style) {
   if (HasRaisedRights() && !HasNul(target) && OpenByDesktop(target, style)) return true;
   return Execute({target, {}}, style);
@@ -82,7 +83,7 @@ std::optional<SHQUERYRBINFO> QueryBins() {
 bool WindowsShell::RunTarget(TextView target, int style) {
   Command command = SplitCommand(target, IsThere);
   if (IsAddress(command.target)) return OpenForUser(command.target, style);
-  // The system itself would look for a name in the current folder and in this program's first.
+  // A name without a folder: the system would look in the current folder and this program's folder first.
   if (!NormalPath(command.target)) {
     std::optional<Text> program = SystemProgram(command.target);
     if (!program) return false;
@@ -92,26 +93,26 @@ bool WindowsShell::RunTarget(TextView target, int style) {
 }
 
 bool WindowsShell::OpenPath(TextView path, int style) {
-  const std::optional<Text> there = ShellPath(path);
-  return there && OpenForUser(*there, style);
+  const std::optional<Text> existing = ShellPath(path);
+  return existing && OpenForUser(*existing, style);
 }
 
 bool WindowsShell::RunHidden(TextView target) { return RunTarget(target, SW_HIDE); }
 
 bool WindowsShell::ShowFileProperties(platform::WindowHandle owner, TextView path) {
-  const std::optional<Text> there = ShellPath(path);
-  return there && Execute({*there, {}}, SW_SHOW, L"properties", SEE_MASK_INVOKEIDLIST, owner);
+  const std::optional<Text> existing = ShellPath(path);
+  return existing && Execute({*existing, {}}, SW_SHOW, L"properties", SEE_MASK_INVOKEIDLIST, owner);
 }
 
 bool WindowsShell::DeleteToRecycleBin(TextView path) {
-  const std::optional<Text> there = ShellPath(path);
-  return there && !IsRoot(*there) && SendToBin(*there);
+  const std::optional<Text> existing = ShellPath(path);
+  return existing && !IsRoot(*existing) && SendToBin(*existing);
 }
 
 bool WindowsShell::EmptyRecycleBin(platform::WindowHandle owner) {
   constexpr DWORD kQuietly = SHERB_NOCONFIRMATION | SHERB_NOPROGRESSUI | SHERB_NOSOUND;
   const HRESULT result = SHEmptyRecycleBinW(reinterpret_cast<HWND>(owner), nullptr, kQuietly);
-  // It is an error to the system when there is nothing to do, and none when something stays.
+  // The call fails for bins that are already empty and succeeds when something stays, so count.
   const std::optional<SHQUERYRBINFO> left = QueryBins();
   return left ? left->i64NumItems == 0 : SUCCEEDED(result);
 }

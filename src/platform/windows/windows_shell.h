@@ -4,21 +4,21 @@
 
 namespace tavix::windows {
 
-// The shell of the running system. Objects of the system are used: the thread has a ComApartment. It takes no
-// paths over 259 characters: for one that is longer the short form is tried where the disk keeps one;
-// otherwise OpenPath, ShowFileProperties and DeleteToRecycleBin fail and nothing happens.
+// The shell of the running system. Uses COM: the thread needs a ComApartment. The shell takes no paths over
+// 259 characters. For a longer one its short form (8.3) is tried, where the disk keeps one; otherwise
+// OpenPath, ShowFileProperties and DeleteToRecycleBin fail and nothing happens.
 class WindowsShell : public platform::Shell {
  public:
   bool RunTarget(TextView target, int style) override;
   bool OpenPath(TextView path, int style) override;
   bool RunHidden(TextView target) override;
   bool ShowFileProperties(platform::WindowHandle owner, TextView path) override;
-  // As recycling.h has it: the shell may ask in the end, and what it was refused stays whatever is answered.
+  // The shell may ask the user (recycling.h). Whatever the answer, an item that the bin can't take stays.
   bool DeleteToRecycleBin(TextView path) override;
-  // True as well when there is nothing in them; false when something stays.
+  // True also when the bins are empty already. False when something stays.
   bool EmptyRecycleBin(platform::WindowHandle owner) override;
   std::optional<Text> RecycleBinInfo() override;
-  // Needs the rights of an administrator.
+  // Needs administrator rights.
   bool DeleteAtRestart(TextView path) override;
 
   std::optional<Text> SpecialFolderByNumber(int number) override;

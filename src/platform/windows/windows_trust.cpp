@@ -13,11 +13,11 @@
 namespace tavix::windows {
 namespace {
 
-constexpr int kWindows = 0x24;  // as CSIDL numbers folders
+constexpr int kWindows = 0x24;  // CSIDL numbers
 constexpr int kPrograms = 0x26;
 constexpr int kPrograms32 = 0x2A;
 
-// What stands at the path, a link as itself.
+// Opens the item at the path; a link as itself.
 FileHandle OpenItself(TextView normal, DWORD access) {
   return FileHandle(CreateFileW(Wide(ExtendedPath(normal)), access, kShareAll, nullptr, OPEN_EXISTING,
                                 FILE_FLAG_OPEN_REPARSE_POINT | FILE_FLAG_BACKUP_SEMANTICS, nullptr));
@@ -31,17 +31,17 @@ bool KeepsOwners(HANDLE file) {
          (flags & FILE_PERSISTENT_ACLS) != 0;
 }
 
-// Whom the program's data may belong to.
-std::vector<Identity> Ours() {
-  std::vector<Identity> ours;
+// The trusted owners of the program's data: this user, the administrators, the system.
+std::vector<Identity> TrustedOwners() {
+  std::vector<Identity> trusted;
   for (const auto& each : {Identity::ThisUser(), Identity::WellKnown(WinBuiltinAdministratorsSid),
                            Identity::WellKnown(WinLocalSystemSid)}) {
-    if (each && std::ranges::find(ours, *each) == ours.end()) ours.push_back(*each);
+    if (each && std::ranges::find(trusted, *each) == trusted.end()) trusted.push_back(*each);
   }
-  return ours;
+  return trusted;
 }
 
-// Where a folder really lies. `error` tells why nothing is known.
+// The path of a folder with all links resolved. Nothing when it can't be told; `error` says why.
 std::optional<Text> FinalPath(TextView normal, DWORD& error) {
   const FileHandle folder(CreateFileW(Wide(ExtendedPath(normal)), FILE_READ_ATTRIBUTES, kShareAll, nullptr,
                                       OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
@@ -56,7 +56,7 @@ std::optional<Text> FinalPath(TextView normal, DWORD& error) {
   return NormalPath(found);
 }
 
-// The same of the next folder above it where it is missing.
+// The same, but for a missing folder that of its nearest existing parent.
 std::optional<Text> FinalPathOfNearest(Text normal, DWORD& error) {
   std::optional<Text> found = FinalPath(normal, error);
   while (!found && IsMissing(error) && !IsRoot(normal)) {
@@ -87,7 +87,7 @@ bool WindowsTrust::Elevated() {
   DWORD length = 0;
   if (!GetTokenInformation(token.Get(), TokenElevation, &elevation, sizeof(elevation), &length)) return true;
   if (elevation.TokenIsElevated != 0) return true;
-  // Where nobody is asked before a program gets more rights, an administrator has them all the time.
+  // With UAC off, nobody is asked, and an administrator has full rights all the time.
   const std::optional<Identity> administrators = Identity::WellKnown(WinBuiltinAdministratorsSid);
   BOOL member = FALSE;
   return !administrators || !CheckTokenMembership(nullptr, administrators->Get(), &member) || member != FALSE;
@@ -101,32 +101,32 @@ bool WindowsTrust::OwnedByOthers(TextView path) {
   if (!KeepsOwners(file.Get())) return false;
   const std::optional<Security> security = Security::Read(file.Get());
   if (!security || !security->owner) return true;
-  const std::vector<Identity> ours = Ours();
-  return std::ranges::find(ours, *security->owner) == ours.end();
+  const std::vector<Identity> trusted = TrustedOwners();
+  return std::ranges::find(trusted, *security->owner) == trusted.end();
 }
 
 platform::Protection WindowsTrust::Protect(TextView path) {
   using platform::Protection;
   const std::optional<Text> normal = NormalPath(path);
-  const std::optional<Entry> entry = normal.and_then([](const Text& there) { return LookUp(there); });
+  const std::optional<Entry> entry = normal.and_then([](const Text& existing) { return LookUp(existing); });
   if (!entry || entry->link) return Protection::Failed;
   const FileHandle file = OpenItself(*normal, READ_CONTROL | WRITE_DAC | FILE_READ_ATTRIBUTES);
   BY_HANDLE_FILE_INFORMATION facts;
   if (!file || !GetFileInformationByHandle(file.Get(), &facts)) return Protection::Failed;
-  // One that has just been swapped in.
+  // A link that was swapped in after the check above.
   if ((facts.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0) return Protection::Failed;
   const std::optional<Security> security =
       KeepsOwners(file.Get()) ? Security::Read(file.Get()) : std::nullopt;
   if (!security || !security->owner) return Protection::Failed;
-  std::vector<Identity> full = Ours();
+  std::vector<Identity> full = TrustedOwners();
   if (std::ranges::find(full, *security->owner) == full.end()) full.push_back(*security->owner);
-  if (!security->OthersMayChange(full)) return Protection::Stood;
+  if (!security->OthersMayChange(full)) return Protection::Unchanged;
   const bool folder = (facts.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
   return SetAccessList(file.Get(), folder, full) ? Protection::Set : Protection::Failed;
 }
 
-// By the identities of the folders on the real path: short names, letter case, links and other ways to the
-// same disk make no difference.
+// Compares the identities of all folders on the resolved path, so short names, letter case, links and other
+// paths to the same disk make no difference.
 bool WindowsTrust::LiesAmongPrograms(TextView folder) {
   std::optional<Text> normal = NormalPath(folder);
   if (!normal) return false;
@@ -150,15 +150,15 @@ bool WindowsTrust::Rename(TextView path, TextView name) {
   const FileHandle file = OpenItself(*from, DELETE | FILE_READ_ATTRIBUTES | SYNCHRONIZE);
   BY_HANDLE_FILE_INFORMATION facts;
   if (!file || !GetFileInformationByHandle(file.Get(), &facts)) return false;
-  // Some systems open what a link leads to, whatever they are asked for.
+  // Wine opens a link's target even with FILE_FLAG_OPEN_REPARSE_POINT.
   if (entry->link && (facts.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) return false;
   const Text target = ExtendedPath(to);
-  std::vector<char> room(sizeof(FILE_RENAME_INFO) + target.size() * sizeof(char16_t));
-  const auto info = reinterpret_cast<FILE_RENAME_INFO*>(room.data());
+  std::vector<char> buffer(sizeof(FILE_RENAME_INFO) + target.size() * sizeof(char16_t));
+  const auto info = reinterpret_cast<FILE_RENAME_INFO*>(buffer.data());
   info->ReplaceIfExists = FALSE;
   info->FileNameLength = static_cast<DWORD>(target.size() * sizeof(char16_t));
   std::copy(target.begin(), target.end(), reinterpret_cast<char16_t*>(info->FileName));
-  return SetFileInformationByHandle(file.Get(), FileRenameInfo, info, static_cast<DWORD>(room.size())) != 0;
+  return SetFileInformationByHandle(file.Get(), FileRenameInfo, info, static_cast<DWORD>(buffer.size())) != 0;
 }
 
 }  // namespace tavix::windows

@@ -4,8 +4,8 @@
 
 namespace tavix::windows {
 
-// Owners, access lists and rights of the running system. A link is looked at and changed by a handle of its
-// own, so that nothing happens to what it leads to.
+// Owners, access lists and rights of the running system. A link is opened as itself, so its target is never
+// changed.
 class WindowsTrust : public platform::Trust {
  public:
   bool Elevated() override;

@@ -114,7 +114,7 @@ TEST_F(NetworkOfWindows, AnAnswerThatBreaksOffIsNone) {
 }
 
 TEST_F(NetworkOfWindows, AMegabyteIsTakenAndNotAByteMore) {
-  const std::string most(Transfer::kMostBytes, 'x');
+  const std::string most(Transfer::kMaxBytes, 'x');
   EXPECT_EQ(Fetch({{Ok(most)}}), most);
   EXPECT_EQ(Fetch({{Ok(most + "x")}}), std::nullopt);
 }

@@ -56,7 +56,7 @@ TEST_F(TrustOfWindows, ProtectTakesTheRightToChangeFromAllOthers) {
     LayOpen(path);
     EXPECT_EQ(trust.Protect(path), Protection::Set);
     EXPECT_FALSE(OthersMayChange(path));
-    EXPECT_EQ(trust.Protect(path), Protection::Stood);
+    EXPECT_EQ(trust.Protect(path), Protection::Unchanged);
   }
   EXPECT_EQ(ContentOf(file), "content");
 }

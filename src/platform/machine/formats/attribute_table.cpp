@@ -12,7 +12,7 @@ namespace {
 
 constexpr TextView kFile = u"attributes.ini";
 
-// A line `path=number`; a path may hold `=`, so the last one counts.
+// Reads a line `path=number`. A path may contain `=`, so the last one separates.
 std::optional<std::pair<Text, uint32_t>> ReadLine(TextView line) {
   const size_t equals = line.rfind(u'=');
   if (equals == TextView::npos) return std::nullopt;
@@ -28,7 +28,7 @@ std::optional<std::pair<Text, uint32_t>> ReadLine(TextView line) {
 
 }  // namespace
 
-// Sections, comments and lines of another form have no part in it.
+// Ignores section headers, comments and lines of any other form.
 AttributeTable::AttributeTable(FileStore* store) : store_(store) {
   const auto root = store != nullptr ? store->Root() : nullptr;
   const std::optional<std::string> bytes = root != nullptr ? root->ReadFile(kFile) : std::nullopt;

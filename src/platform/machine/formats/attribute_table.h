@@ -9,22 +9,23 @@
 
 namespace tavix::machine {
 
-// The attributes of files that differ from 0, by their paths. Over a store they are those of
-// attributes.ini; what changed is written back by Save.
+// The file attributes that differ from 0, by path. With a store they are read from attributes.ini at its
+// root, and Save writes changes back.
 class AttributeTable {
  public:
   explicit AttributeTable(FileStore* store = nullptr);
 
-  // False when attributes.ini is there and can't be read. Then Save fails, so that it stays as it is.
+  // False when attributes.ini exists and can't be read. Then Save fails, so that the file isn't overwritten.
   bool Readable() const { return readable_; }
   bool Empty() const { return attributes_.empty(); }
   uint32_t Get(TextView path) const;
   void Set(TextView path, uint32_t attributes);
-  // Forgets a path and all below it.
+  // Removes the entries of a path and everything below it.
   void Erase(TextView path);
-  // Gives what a path and all below it have to another path, which has only that then.
+  // Moves the entries of a path and everything below it to another path. Entries that were there are removed.
   void Move(TextView from, TextView to);
-  // Calls with each path at or below `path` and its attributes until a call says false.
+  // Calls `visit` with each path at or below `path` and its attributes, until a call returns false. Returns
+  // whether all calls returned true.
   template <class Visitor>
   bool VisitTree(TextView path, const Visitor& visit) const {
     for (auto at = attributes_.lower_bound(path); at != attributes_.end() && StartsAt(at->first, path);
@@ -36,12 +37,13 @@ class AttributeTable {
 
   // Whether Save has anything to write.
   bool Changed() const { return changed_; }
-  // Through a temporary file and a rename. False on failure; the changes are kept for another try.
+  // Writes the changes. A crash leaves the old file or the new one. False on failure; the changes stay for
+  // another try.
   bool Save();
 
  private:
   static bool StartsAt(TextView path, TextView start);
-  // The path itself counts.
+  // Whether a path is `folder` or lies below it.
   static bool IsBelow(TextView path, TextView folder);
 
   FileStore* store_;

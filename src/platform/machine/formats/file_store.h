@@ -13,22 +13,22 @@
 
 namespace tavix::machine {
 
-// Where the files of a machine lie, whatever keeps them: memory or a folder of the host. A store knows
-// folders, files and links; drives, attributes and paths are the business of MachineFileSystem.
+// Storage for the files of a machine: memory or a folder of the host. A store knows folders, files and links.
+// Drives, attributes and Windows paths are added by MachineFileSystem.
 
 enum class EntryKind { File, Folder, Link };
 
 struct StoreEntry {
-  Text name;  // as it was made
+  Text name;  // as stored
   EntryKind kind = EntryKind::File;
   uint64_t size = 0;  // 0 for folders and links
   platform::DateTime modified = platform::kUnknownTime;
   platform::DateTime accessed = platform::kUnknownTime;
-  bool known = true;  // false where a listing has the name and the kind only
+  bool known = true;  // false when only the name and the kind could be read
 };
 
-// Where a link leads: names one below the other, from the folder of the link on or from the root of the
-// store. `..` may stand among them.
+// The target of a link: a path of names, relative to the link's folder or to the root of the store. It may
+// contain `..`.
 struct LinkTarget {
   bool fromRoot = false;
   std::vector<Text> names;
@@ -36,62 +36,64 @@ struct LinkTarget {
 
 enum class MoveResult { Done, Failed, OtherVolume };
 
-// An open folder. It stays the same folder when a folder above gets another name. Names are matched exactly
-// but in Find; no operation follows a link. What fails changes nothing, but for RemoveTree
-// and RemoveEmptyTree.
+// An open folder. It stays the same folder when a folder above it is renamed. Names match exactly, except in
+// Find. No operation follows a link. Booleans are false on failure. A failed call changes nothing, except
+// RemoveTree and RemoveEmptyTree, which may have deleted a part.
 class StoreFolder {
  public:
   virtual ~StoreFolder() = default;
 
-  // What stands under a name, letter case aside; of two that differ only in case the exact one, else the
-  // first in order. Nothing where nothing does. Where it can't be told, nothing as well, and `sure` becomes
+  // The entry of a name, ignoring letter case. If two names differ only in case: the exact one, otherwise the
+  // first in order. Nothing when it is missing. Also nothing when that can't be told; `sure` is then set to
   // false.
   virtual std::optional<StoreEntry> Find(TextView name, bool& sure) = 0;
   std::optional<StoreEntry> Find(TextView name) {
     bool sure = true;
     return Find(name, sure);
   }
-  // Everything in the folder, in any order. What can be no name on Windows is left out. With `wanted`, files
-  // whose names it doesn't want may be left out.
+  // Adds all entries of the folder in any order, except those whose name is impossible on Windows. Files
+  // whose names `wanted` refuses may be left out. False when the folder can't be read.
   using NameFilter = std::function<bool(TextView name)>;
   virtual bool Read(std::vector<StoreEntry>& entries, const NameFilter& wanted) = 0;
   bool Read(std::vector<StoreEntry>& entries) { return Read(entries, {}); }
-  // Null when it is missing or no folder, or can't be opened.
+  // Opens a subfolder. Null when it is missing, no folder, or can't be opened.
   virtual std::unique_ptr<StoreFolder> Open(TextView name) = 0;
-  // Nothing for a link that leads out of the store.
+  // The target of a link. Nothing when it isn't a link, can't be read or leads out of the store.
   virtual std::optional<LinkTarget> ReadLink(TextView name) = 0;
   virtual std::optional<std::string> ReadFile(TextView name) = 0;
 
   virtual bool MakeFolder(TextView name) = 0;
-  // A new empty file.
+  // Makes an empty file. False when the name is taken.
   virtual bool MakeFile(TextView name) = 0;
-  // The whole content of a new file or one that stands there; a crash leaves the old or the new content.
+  // Makes a file or replaces its whole content. A crash leaves the old or the new content.
   virtual bool WriteFile(TextView name, std::string_view content) = 0;
-  // Puts the bytes at the end of a file, or makes it.
+  // Adds the bytes at the end of a file, or makes the file.
   virtual bool Append(TextView name, std::string_view content) = 0;
-  // A file or link.
+  // Removes a file or link.
   virtual bool Remove(TextView name) = 0;
-  // A folder with all that lies in it, links in it as such. False when something of it stays.
+  // Removes a folder with all its content. Of links in it, only the link is removed. False when anything
+  // stays.
   virtual bool RemoveTree(TextView name) = 0;
-  // The same, but a file with content and a link stay.
+  // The same, but files with content and links stay.
   virtual bool RemoveEmptyTree(TextView name) = 0;
-  // The bytes of a file, or of all files in a folder and below.
+  // The size of a file, or of all files in a folder and below it, in bytes. Nothing when it is missing or
+  // can't be read.
   virtual std::optional<uint64_t> TreeSize(TextView name) = 0;
-  // Gives a file, link or folder another name or place where nothing stands. `to` is of the same store.
+  // Moves or renames a file, link or folder. The new name must be free. `to` belongs to the same store.
   virtual MoveResult Move(TextView name, StoreFolder& to, TextView newName) = 0;
-  // Copies a file with its time of change to a name where nothing stands. On failure no half file stays.
+  // Copies a file and its time of modification. The new name must be free. A failure leaves no partial copy.
   virtual bool Copy(TextView name, StoreFolder& to, TextView newName) = 0;
-  // Takes away what WriteFile and Copy left in this folder when they were killed. Only for a store that
-  // nobody else is at work on. A store whose files come whole has nothing to do.
+  // Removes temporary files that WriteFile and Copy left in this folder when they were killed. Call it only
+  // when nobody else uses the store. Does nothing for a store that has no temporary files.
   virtual void RemoveTemporaries() {}
 };
 
 class FileStore {
  public:
   virtual ~FileStore() = default;
-  // The folder of the whole machine. Null when it has gone or can't be opened.
+  // The root folder of the machine. Null when it is gone or can't be opened.
   virtual std::unique_ptr<StoreFolder> Root() = 0;
-  // The folder below the root with exactly these names and no link among them; null when there is none
+  // Opens the folder at a path of exact names below the root. Null when it is missing, a link is on the path,
   // or it can't be opened.
   virtual std::unique_ptr<StoreFolder> Open(const std::vector<Text>& names) = 0;
 };

@@ -23,7 +23,7 @@ platform::Drive ReadDrive(char16_t letter, TextView value) {
   return drive;
 }
 
-// The letter of a key of [Drives], as a capital; 0 for a key that is none.
+// The upper-case letter of a key in [Drives] ("c" or "C:"). 0 for any other key.
 char16_t DriveLetter(TextView key) {
   if (key.size() != 1 && !(key.size() == 2 && key[1] == u':')) return 0;
   const char16_t letter = ToUpper(key[0]);
@@ -50,10 +50,10 @@ std::vector<platform::Drive> MachineFacts::ReadDrives(const MachineIni& ini) {
   for (const MachineIni::Entry& entry : ini.Entries(kDrives)) {
     const char16_t letter = DriveLetter(entry.first);
     if (letter == 0) continue;
-    const bool again = std::any_of(drives.begin(), drives.end(), [letter](const platform::Drive& drive) {
+    const bool isKnown = std::any_of(drives.begin(), drives.end(), [letter](const platform::Drive& drive) {
       return drive.path.front() == letter;
     });
-    if (!again) drives.push_back(ReadDrive(letter, entry.second));
+    if (!isKnown) drives.push_back(ReadDrive(letter, entry.second));
   }
   std::sort(drives.begin(), drives.end(),
             [](const platform::Drive& left, const platform::Drive& right) { return left.path < right.path; });

@@ -12,22 +12,23 @@
 
 namespace tavix::machine {
 
-// The content of an INI file. Names of sections and keys are matched without regard to letter case.
+// The content of an INI file. Names of sections and keys ignore letter case.
 class MachineIni {
  public:
   using Entry = std::pair<Text, Text>;  // key, value
 
-  // Reads UTF-8 with or without its mark. Lines that start with `;` or `#` are comments; a line that is
-  // neither section nor `key=value` is skipped. Blanks and tabs around names and values fall away, then one
-  // pair of quotes around a value. Sections of one name are one; of two keys of one name the first holds.
-  // Nothing when the bytes are no text; `error` then tells where.
+  // Reads UTF-8 with or without a byte order mark, or UTF-16 with one. Lines that begin with `;` or `#` are
+  // comments. A line that is neither a section nor `key=value` is skipped. Blanks and tabs around names and
+  // values are dropped, then one pair of double quotes around a value. Sections with the same name are one
+  // section. Of two keys with the same name, the first counts. Nothing when the bytes can't be decoded;
+  // `error` then says where.
   static std::optional<MachineIni> Read(std::string_view bytes, TextError& error);
 
-  // Nothing when section or key are missing; an empty value is a value.
+  // The value of a key. Nothing when the section or the key is missing. A value may be empty.
   std::optional<Text> Value(TextView section, TextView key) const;
   // The entries of a section in the order of the file; none when it is missing.
   const std::vector<Entry>& Entries(TextView section) const;
-  // Sets a value: replaces the one that Value gives, or adds one at the end of the section.
+  // Replaces the value that Value returns, or adds one at the end of the section.
   void Set(TextView section, TextView key, TextView value);
 
  private:

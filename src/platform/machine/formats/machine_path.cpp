@@ -17,7 +17,8 @@ constexpr std::array<bool, 128> kForbidden = [] {
   return forbidden;
 }();
 
-// Takes the start of the path that tells its root off. False when there is no root to know.
+// Removes the root from the start of the path and sets `drive` (0 for the application folder). False when the
+// path has no known root.
 bool TakeRoot(TextView& path, char16_t& drive) {
   const TextView start = path.substr(0, kApplicationFolder.size());
   if (EqualIgnoringCase(start, kApplicationFolder)) {

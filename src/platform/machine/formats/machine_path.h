@@ -7,26 +7,26 @@
 
 namespace tavix::machine {
 
-// The path under which a machine that isn't a running system has its application folder.
+// The application folder of a machine that isn't the running Windows.
 inline constexpr TextView kApplicationFolder = u"\\\\tavix\\app";
 
-// A path of the machine, read as Windows reads it.
+// An absolute path of the machine, split into names.
 struct MachinePath {
-  char16_t drive = 0;       // a capital, or 0 for the application folder
-  std::vector<Text> names;  // below its root; no `.` and `..`, no blanks and dots at the ends
+  char16_t drive = 0;       // upper-case, or 0 for the application folder
+  std::vector<Text> names;  // below the root; `.` and `..` resolved, no blanks or dots at their ends
 
   // "C:\" or "C:\a\b"; "\\tavix\app\a".
   Text ToText() const;
 };
 
-// Nothing for a path that is empty or relative, that leads to another computer, or that has a name in it
-// which no file can have.
+// Reads a path as Windows does. Nothing for an empty or relative path, a path on another computer, and a path
+// with an impossible name.
 std::optional<MachinePath> ReadMachinePath(TextView path);
 
-// Whether a path names a share of another computer: two separators, then the names of computer and share.
+// Whether a path is on another computer: two separators, then the names of the computer and the share.
 bool LeadsToAnotherComputer(TextView path);
 
-// "C:\" or "C:\a\b" of a drive, or 0 for the application folder, and names below it.
+// The text of a path: "C:\" or "C:\a\b". A drive of 0 is the application folder.
 Text MachinePathText(char16_t drive, const std::vector<Text>& names);
 
 // Whether a file or folder can have this name on Windows: none of `<>:"|?*/\`, no control characters, no

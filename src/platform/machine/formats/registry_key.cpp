@@ -10,7 +10,7 @@ RegistryKey* RegistryKey::FindKey(TextView name) const {
 }
 
 RegistryKey& RegistryKey::MakeKey(TextView name, bool& made) {
-  // Names mostly come in order: then the last one is all there is to compare with.
+  // Names mostly arrive in order, so compare with the last one first.
   auto place = keys_.end();
   if (!keys_.empty()) {
     const auto last = std::prev(place);
@@ -42,7 +42,7 @@ RegistryKey::Values::iterator RegistryKey::Locate(TextView name) {
 }
 
 const RegistryValue* RegistryKey::FindValue(TextView name) const {
-  // Locate only finds.
+  // Locate changes nothing.
   auto& self = const_cast<RegistryKey&>(*this);  // NOLINT(cppcoreguidelines-pro-type-const-cast)
   const auto found = self.Locate(name);
   return found == self.values_.end() ? nullptr : &*found;

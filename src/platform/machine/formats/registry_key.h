@@ -11,7 +11,7 @@
 
 namespace tavix::machine {
 
-// A value: any type number, data as the bytes that a registry would hold.
+// A value: any type number, and the data as the bytes that Windows stores.
 struct RegistryValue {
   Text Name;
   uint32_t Type = 0;
@@ -20,8 +20,8 @@ struct RegistryValue {
   bool operator==(const RegistryValue&) const = default;
 };
 
-// A key in memory. Names are matched without regard to letter case and keep the case they were made with.
-// Each operation costs at most the logarithm of what the key holds; making names in order costs less.
+// A key in memory. Names ignore letter case but keep their spelling. Each operation takes logarithmic time;
+// adding names in order takes less.
 class RegistryKey {
  public:
   using SubKeys = std::map<Text, std::unique_ptr<RegistryKey>, LessIgnoringCase>;
@@ -29,28 +29,28 @@ class RegistryKey {
 
   // In the order of the upper-cased names.
   const SubKeys& Keys() const { return keys_; }
-  // In the order made; a value that was replaced keeps its place.
+  // In the order of creation. A replaced value keeps its place.
   const Values& AllValues() const { return values_; }
 
-  // Null when there is none of the name.
+  // Null when there is none with the name.
   RegistryKey* FindKey(TextView name) const;
   const RegistryValue* FindValue(TextView name) const;
 
-  // The subkey of the name, made where it is missing; `made` is set to true then.
+  // Finds or makes a subkey. Sets `made` to true when it was made.
   RegistryKey& MakeKey(TextView name, bool& made);
-  // Makes or replaces a value; one that is replaced keeps the spelling of its name. False when type and
-  // data stood there before.
+  // Makes or replaces a value. A replaced value keeps the spelling of its name. False when type and data are
+  // unchanged.
   bool SetValue(TextView name, uint32_t type, std::string data);
 
-  // Delete a subkey with all below it, or a value. False when there is none.
+  // Delete a subkey with everything below it, or a value. False when there is none.
   bool DeleteKey(TextView name);
   bool DeleteValue(TextView name);
 
-  // Spelling, order and data of everything in and below the key.
+  // Compares spelling, order and data of everything in and below the key.
   bool operator==(const RegistryKey& other) const;
 
  private:
-  // A few values are looked through one by one; more have an index.
+  // Up to this many values are searched one by one. More have an index.
   static constexpr size_t kFewValues = 12;
   using Index = std::map<TextView, Values::iterator, LessIgnoringCase>;
 

@@ -5,7 +5,7 @@
 namespace tavix::machine {
 namespace {
 
-// The first part of a path, taken off it.
+// Removes the first name from a path and returns it.
 TextView TakePart(TextView& path) {
   const size_t end = std::min(path.find(u'\\'), path.size());
   const TextView part = path.substr(0, end);

@@ -11,14 +11,14 @@ namespace tavix::machine {
 
 // The registry in the registry editor's text form, "Windows Registry Editor Version 5.00".
 
-// Carries out what the text says on top of what the store holds. `bytes` are a whole file: UTF-16 with its
-// mark, or UTF-8 with or without one. Keys under HKEY_CLASSES_ROOT go to HKEY_LOCAL_MACHINE\Software\Classes.
-// Nothing when all of it was read; else the first error, and the store has what stands before it.
+// Applies a file to the store. `bytes` are a whole file: UTF-16 with a byte order mark, or UTF-8 with or
+// without one. Keys under HKEY_CLASSES_ROOT go to HKEY_LOCAL_MACHINE\Software\Classes. Returns nothing on
+// success. Otherwise the first error; everything before it has been applied.
 std::optional<TextError> ReadRegistryText(std::string_view bytes, RegistryStore& store);
 
-// All of a hive in one form: UTF-16 with its mark, lines ended by CR LF, a line for every key in the order
-// of upper-cased names, so that two equal hives give equal bytes. Reading it into an empty store gives the
-// hive back.
+// The file of a whole hive: UTF-16 with a byte order mark, CR LF at line ends, a line for every key, in the
+// order of the upper-cased names. Equal hives give equal bytes. Reading the file into an empty store restores
+// the hive.
 std::string WriteRegistryText(const RegistryStore& store, platform::Hive hive);
 
 }  // namespace tavix::machine

@@ -41,7 +41,7 @@ class Reader {
   TextError Error() const { return {LineAt(text_, errorAt_), error_}; }
 
  private:
-  // A key on the way to the one that the last line named, and where its name ends in that line's path.
+  // A key on the path of the last key line. `end` is where its name ends in that path.
   struct Level {
     size_t end;
     size_t depth;
@@ -64,7 +64,7 @@ class Reader {
   bool ReadValueLine();
   bool ReadQuoted(Text& text);
   bool ReadData();
-  bool ReadHexNumber(size_t most, uint32_t& number);
+  bool ReadHexNumber(size_t maxDigits, uint32_t& number);
   bool ReadBytes();
   bool SkipContinuation();
 
@@ -104,7 +104,7 @@ bool Reader::AtLineEnd() const {
   return text_[at_] == u'\r' && (at_ + 1 == text_.size() || text_[at_ + 1] == u'\n');
 }
 
-// The rest of a line after a header, a key or a value: blanks and a comment.
+// Skips the rest of a line, which may hold only blanks and a comment.
 bool Reader::EndLine(const char* what) {
   SkipBlanks();
   if (!AtLineEnd() && Peek() != u';') return Fail(at_, std::string("text behind the ") + what);
@@ -161,7 +161,7 @@ bool Reader::ReadRoot(TextView path, size_t pathAt, Hive& hive) {
 }
 
 bool Reader::OpenKey(TextView path, size_t pathAt) {
-  // What the path has in common with the last one is open already.
+  // The keys that this path shares with the last one are open already.
   const auto differ = std::mismatch(path.begin(), path.end(), path_.begin(), path_.end()).first;
   const auto common = static_cast<size_t>(differ - path.begin());
   const auto stays = [&](const Level& level) {
@@ -241,7 +241,7 @@ bool Reader::ReadValueLine() {
   return true;
 }
 
-// A text in quotes may run over line ends.
+// Text in quotes may contain line ends.
 bool Reader::ReadQuoted(Text& text) {
   const size_t open = at_++;
   text.clear();
@@ -295,11 +295,11 @@ bool Reader::ReadData() {
   return Fail(at_, "unknown kind of data");
 }
 
-bool Reader::ReadHexNumber(size_t most, uint32_t& number) {
+bool Reader::ReadHexNumber(size_t maxDigits, uint32_t& number) {
   const size_t start = at_;
   number = 0;
   for (; HexDigit(Peek()) != kNoDigit; ++at_) {
-    if (at_ - start == most) return Fail(start, "a number of more than 8 digits");
+    if (at_ - start == maxDigits) return Fail(start, "a number of more than 8 digits");
     number = number << 4U | HexDigit(Peek());
   }
   if (at_ > start) return true;
@@ -324,7 +324,7 @@ bool Reader::SkipContinuation() {
 }
 
 bool Reader::ReadBytes() {
-  bool more = false;  // a comma stands before
+  bool more = false;  // a comma came before
   for (;;) {
     for (; at_ + 2 < text_.size() && text_[at_ + 2] == u','; at_ += 3) {
       const unsigned high = HexDigit(text_[at_]);

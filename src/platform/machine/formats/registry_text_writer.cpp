@@ -10,7 +10,7 @@ namespace {
 using platform::DataType;
 
 constexpr TextView kLineEnd = u"\r\n";
-// Behind this column no further byte goes on a line.
+// After this column a line ends before the next byte.
 constexpr size_t kFullLine = 76;
 
 void PutQuoted(Text& out, TextView text) {
@@ -26,7 +26,7 @@ void PutHex(Text& out, uint32_t number, unsigned digits) {
   for (unsigned i = digits; i-- > 0;) out.push_back(u"0123456789abcdef"[number >> (i * 4) & 15U]);
 }
 
-// The string, if the data is one that can stand between quotes: one terminator, no NUL and no line end.
+// The string, if the data is one that can be written in quotes: one terminator, no other NUL, no line end.
 std::optional<Text> PlainString(const RegistryValue& value) {
   if (value.Type != static_cast<uint32_t>(DataType::String) || value.Data.size() % 2 != 0)
     return std::nullopt;
@@ -81,7 +81,7 @@ void PutValue(Text& out, const RegistryValue& value) {
   out.append(kLineEnd);
 }
 
-// `path` is the key's, and the same again on return.
+// `path` is the key's path; unchanged on return.
 void PutKey(Text& out, Text& path, const RegistryKey& key) {
   out.append(kLineEnd).append(u"[").append(path).append(u"]").append(kLineEnd);
   for (const RegistryValue& value : key.AllValues()) PutValue(out, value);

@@ -18,7 +18,7 @@ Text ReadUtf16(std::string_view bytes) {
   return text;
 }
 
-// A line end is never part of a longer UTF-8 sequence, so the first wrong line is wrong by itself.
+// Checks each line by itself: a line feed is never part of a longer UTF-8 sequence.
 size_t FirstWrongLine(std::string_view bytes) {
   for (size_t line = 1;; ++line) {
     const size_t end = bytes.find('\n');
@@ -53,9 +53,9 @@ size_t LineAt(TextView text, size_t position) {
 }
 
 std::string Quoted(TextView text) {
-  constexpr size_t kMost = 80;
-  const bool cut = text.size() > kMost;
-  Text shown(text.substr(0, kMost));
+  constexpr size_t kMaxLength = 80;
+  const bool cut = text.size() > kMaxLength;
+  Text shown(text.substr(0, kMaxLength));
   for (size_t i = 0; i < shown.size(); ++i) {
     const auto isHalf = [&shown](size_t at, char16_t kind) {
       return at < shown.size() && (shown[at] & 0xFC00U) == kind;

@@ -13,8 +13,8 @@
 namespace tavix::machine {
 namespace {
 
-// Bigger files are never wanted whole.
-constexpr off_t kMostRead = off_t{1} << 30U;
+// Larger files aren't read.
+constexpr off_t kMaxRead = off_t{1} << 30U;
 constexpr size_t kBlock = size_t{256} << 10U;
 
 std::optional<struct stat> FileFacts(int file) {
@@ -23,7 +23,7 @@ std::optional<struct stat> FileFacts(int file) {
   return facts;
 }
 
-// Up to `size` bytes, less at the end of the file. Negative on failure.
+// Reads up to `size` bytes; fewer only at the end of the file. Negative on failure.
 ssize_t ReadBlock(int file, char* bytes, size_t size) {
   size_t done = 0;
   while (done < size) {
@@ -38,7 +38,7 @@ ssize_t ReadBlock(int file, char* bytes, size_t size) {
 }  // namespace
 
 HostHandle OpenHostFile(int folder, const std::string& name, int flags) {
-  // Opening a pipe would wait for its other end.
+  // O_NONBLOCK: opening a pipe would otherwise wait for its other end.
   flags |= O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY;
   constexpr mode_t kRights = 0666;
   HostHandle file;
@@ -49,8 +49,8 @@ HostHandle OpenHostFile(int folder, const std::string& name, int flags) {
 
 std::optional<std::string> ReadHostContent(int file) {
   const std::optional<struct stat> facts = FileFacts(file);
-  if (!facts || facts->st_size > kMostRead) return std::nullopt;
-  // One byte more shows whether it has grown meanwhile.
+  if (!facts || facts->st_size > kMaxRead) return std::nullopt;
+  // One more byte shows whether the file has grown meanwhile.
   std::string content(static_cast<size_t>(facts->st_size) + 1, '\0');
   size_t size = 0;
   for (;;) {
@@ -58,7 +58,7 @@ std::optional<std::string> ReadHostContent(int file) {
     if (read < 0) return std::nullopt;
     size += static_cast<size_t>(read);
     if (size < content.size()) break;
-    if (size > static_cast<size_t>(kMostRead)) return std::nullopt;
+    if (size > static_cast<size_t>(kMaxRead)) return std::nullopt;
     content.resize(content.size() + kBlock);
   }
   content.resize(size);
@@ -142,8 +142,8 @@ bool NewHostFile::Name(const std::string& name) {
 int RenameHostEntry(int fromFolder, const std::string& from, int toFolder, const std::string& to) {
   if (::renameat2(fromFolder, from.c_str(), toFolder, to.c_str(), RENAME_NOREPLACE) == 0) return 0;
   if (errno != EINVAL && errno != ENOSYS) return errno;
-  // A file system without that step. A second name for a file, or an empty folder to rename a folder over,
-  // are never made where something stands either.
+  // This file system lacks RENAME_NOREPLACE. A hard link for a file, and a new empty folder to rename a
+  // folder onto, also fail when the name is taken.
   struct stat facts {};
   if (::fstatat(fromFolder, from.c_str(), &facts, AT_SYMLINK_NOFOLLOW) != 0) return errno;
   if (S_ISDIR(facts.st_mode)) {

@@ -9,26 +9,25 @@
 
 namespace tavix::machine {
 
-// Contents of ordinary files of the host, by open handles.
+// The content of ordinary files of the host, by open handles.
 
-// Opens an ordinary file by its name in an open folder; an empty handle where there is none, or something
-// else: a link, a pipe. Reading leaves the time of access alone where the host allows that.
+// Opens an ordinary file in an open folder. An empty handle on failure and for anything else (a link, a
+// pipe). Reading doesn't change the access time where the host allows that.
 HostHandle OpenHostFile(int folder, const std::string& name, int flags);
 
-// All that is in it. Nothing on failure, or when it is too big to be held.
+// The whole content. Nothing on failure or when the file is larger than 1 GiB.
 std::optional<std::string> ReadHostContent(int file);
 bool WriteHostContent(int file, std::string_view bytes);
-// Puts all that is in a file, with its times and rights, into an empty one, and compares the sizes.
+// Copies content, times and rights to an empty file, and compares the sizes. False on failure.
 bool CopyHostContent(int from, int to);
 
-// The names of new files that have none yet. The colon keeps them out of every listing.
+// Names of temporary files. The colon, impossible on Windows, keeps them out of every listing.
 inline constexpr platform::TemporaryNames kHostTemporaries{u".tavix:", u""};
 
-// Takes away the ordinary files in an open folder that have such names. Nobody else may be at work there.
+// Removes the ordinary files with such names from an open folder. Call it only when nobody else works there.
 void RemoveHostTemporaries(int folder);
 
-// A new file in an open folder that has no name yet which a file of the machine could have. It goes with
-// this unless it was given its name.
+// A new file under a temporary name. Deleted with this object unless Replace or Name gave it its name.
 class NewHostFile {
  public:
   explicit NewHostFile(int folder);
@@ -37,9 +36,9 @@ class NewHostFile {
   NewHostFile& operator=(const NewHostFile&) = delete;
 
   int Get() const { return file_.Get(); }
-  // Gives it its name once its content lies on the disk, in place of a file that has the name already.
+  // Flushes the file to disk and gives it its name, replacing a file of that name.
   bool Replace(const std::string& name);
-  // The same where nothing has the name; false otherwise.
+  // The same, but fails when the name is taken.
   bool Name(const std::string& name);
 
  private:
@@ -48,7 +47,7 @@ class NewHostFile {
   HostHandle file_;
 };
 
-// Renames where nothing stands under the new name. 0, or the number of the error.
+// Renames; fails when the new name is taken. Returns 0 or the error number.
 int RenameHostEntry(int fromFolder, const std::string& from, int toFolder, const std::string& to);
 
 }  // namespace tavix::machine

@@ -8,44 +8,44 @@
 
 namespace tavix::machine {
 
-// An open folder of the host for the few files that a machine folder itself consists of. It stays that
-// folder whatever happens to its path meanwhile. Names are of what lies right in it, and no operation follows
-// a link: what a link leads to is never read or changed. What fails changes nothing, but for RemoveTree.
+// An open folder of the host, for the few files that make up a machine folder itself. It stays the same
+// folder whatever happens to its path. Names are those of direct entries. No operation follows a link or
+// touches a link's target. A failed call changes nothing, except RemoveTree and WriteNewFile.
 //
-// On a Windows host a folder is found by its path again each time.
+// On a Windows host the folder is looked up by its path at each call.
 class HostDirectory {
  public:
-  // `path` is absolute, without links and relative parts. Null where no folder is, or a link is on the way.
+  // `path` is absolute, without relative parts. Null when it isn't a folder or a link is on it.
   static std::unique_ptr<HostDirectory> Open(const std::filesystem::path& path);
   virtual ~HostDirectory() = default;
 
   // Null when it is missing, a link or no folder.
   virtual std::unique_ptr<HostDirectory> OpenFolder(const std::filesystem::path& name) const = 0;
-  // Whether anything has the name, a link included.
+  // Whether the name is taken; a link counts.
   virtual bool Exists(const std::filesystem::path& name) const = 0;
-  // Nothing when the folder can't be read.
+  // The names of all entries. Nothing when the folder can't be read.
   virtual std::optional<std::vector<std::filesystem::path>> Names() const = 0;
-  // Whether the two are one folder. True as well where the host can't tell.
+  // Whether both are the same folder. True when the host can't tell.
   virtual bool IsSame(const HostDirectory& other) const = 0;
 
-  // Where nothing has the name.
+  // Fails when the name is taken.
   virtual bool MakeFolder(const std::filesystem::path& name) = 0;
-  // The whole content of a file where nothing has the name; returns when it lies on the disk. On failure a
-  // part of it may be there.
+  // Writes a new file and flushes it to disk. Fails when the name is taken. A failure may leave part of the
+  // file.
   virtual bool WriteNewFile(const std::filesystem::path& name, std::string_view bytes) = 0;
-  // The rights of another folder, and all rights for its owner.
+  // Sets this folder's rights to those of `other`, plus all rights for the owner.
   virtual void TakeRightsOf(const HostDirectory& other) = 0;
-  // A file or link. True as well when nothing has the name.
+  // Removes a file or link. True also when there is none of the name.
   virtual bool Remove(const std::filesystem::path& name) = 0;
   virtual bool RemoveEmptyFolder(const std::filesystem::path& name) = 0;
-  // A file, a link, or a folder with all that lies in it. False when something of it stays.
+  // Removes a file, a link, or a folder with all its content. False when anything stays.
   virtual bool RemoveTree(const std::filesystem::path& name) = 0;
-  // Gives something another name in this folder or another one, where nothing has that name.
+  // Moves an entry to a name in `to`, which may be this folder. Fails when the name is taken.
   virtual bool Rename(const std::filesystem::path& name, HostDirectory& to,
                       const std::filesystem::path& newName) = 0;
-  // Lets two names change places in one step. False where the host has no such step.
+  // Exchanges two names in one step. False when the host can't do that.
   virtual bool Exchange(const std::filesystem::path& left, const std::filesystem::path& right) = 0;
-  // Returns when the names lie on the disk, as far as the host can tell.
+  // Flushes the folder's names to disk, as far as the host can.
   virtual void Flush() = 0;
 };
 

@@ -12,9 +12,9 @@ namespace {
 namespace fs = std::filesystem;
 
 bool WriteAll(int file, std::string_view bytes) {
-  constexpr size_t kMost = size_t{1} << 20U;
+  constexpr size_t kMaxBlock = size_t{1} << 20U;
   while (!bytes.empty()) {
-    const int written = _write(file, bytes.data(), static_cast<unsigned>(std::min(bytes.size(), kMost)));
+    const int written = _write(file, bytes.data(), static_cast<unsigned>(std::min(bytes.size(), kMaxBlock)));
     if (written <= 0) return false;
     bytes.remove_prefix(static_cast<size_t>(written));
   }
@@ -59,7 +59,7 @@ class WindowsDirectory : public HostDirectory {
     return _close(out) == 0 && written;
   }
 
-  // A new folder has those of the one it lies in.
+  // Nothing to do: a new folder inherits its parent's rights.
   void TakeRightsOf(const HostDirectory&) override {}
 
   bool Remove(const fs::path& name) override {
@@ -83,7 +83,7 @@ class WindowsDirectory : public HostDirectory {
 
   bool Exchange(const fs::path&, const fs::path&) override { return false; }
 
-  // The file system keeps the order of its names itself.
+  // Nothing to do: the file system itself writes changes of names in their order.
   void Flush() override {}
 
  private:

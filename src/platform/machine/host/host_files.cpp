@@ -11,7 +11,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// Of a host whose names are bytes, and of one whose names are UTF-16.
+// One for hosts whose names are bytes, one for hosts whose names are UTF-16.
 [[maybe_unused]] Text Decoded(std::string_view name) {
   if (std::optional<Text> text = FromUtf8(name)) return *std::move(text);
   Text text;
@@ -30,14 +30,14 @@ std::string HostNameUtf8(const fs::path& path) {
   return name;
 }
 
-std::optional<std::string> ReadHostFile(const fs::path& file, uint64_t most, std::string& reason) {
+std::optional<std::string> ReadHostFile(const fs::path& file, uint64_t maxBytes, std::string& reason) {
   reason = "can't be read";
   std::error_code failure;
   if (!fs::is_regular_file(file, failure)) return std::nullopt;
   const uintmax_t size = fs::file_size(file, failure);
   if (failure) return std::nullopt;
-  if (size > most) {
-    reason = "is bigger than " + std::to_string(most >> 20U) + " MiB";
+  if (size > maxBytes) {
+    reason = "is bigger than " + std::to_string(maxBytes >> 20U) + " MiB";
     return std::nullopt;
   }
   std::ifstream in(file, std::ios::binary);

@@ -10,16 +10,16 @@
 
 namespace tavix::machine {
 
-// Files of the host, as far as the standard library's own calls don't suffice. Nothing throws.
+// Files of the host, where the standard library doesn't suffice. Nothing throws.
 
-// A path as text; bytes of a name that are no UTF-8 are taken as one character each.
+// A path as text. In a name that isn't valid UTF-8, each byte becomes one character.
 Text HostName(const std::filesystem::path& path);
 // The same in UTF-8, with slashes.
 std::string HostNameUtf8(const std::filesystem::path& path);
 
-// The content of a file of `most` bytes at most. Nothing where it is missing, is no ordinary file, is bigger
-// or can't be read; `reason` then says why in plain words.
-std::optional<std::string> ReadHostFile(const std::filesystem::path& file, uint64_t most,
+// The content of an ordinary file. Nothing when it is missing, not ordinary, larger than `maxBytes` or can't
+// be read; `reason` then says why in plain words.
+std::optional<std::string> ReadHostFile(const std::filesystem::path& file, uint64_t maxBytes,
                                         std::string& reason);
 
 }  // namespace tavix::machine

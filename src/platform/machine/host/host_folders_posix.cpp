@@ -15,10 +15,10 @@ namespace tavix::machine {
 namespace {
 
 constexpr int kFolder = O_PATH | O_DIRECTORY | O_CLOEXEC | O_NOFOLLOW;
-constexpr size_t kMostKnown = 4;
-constexpr int kMostWatched = 64;
+constexpr size_t kMaxKnown = 4;
+constexpr int kMaxWatched = 64;
 
-// The longest part of a path, whole names, that the host takes at once.
+// Removes and returns the longest beginning of a path, cut between names, that one host call accepts.
 std::string TakePart(std::string_view& path) {
   size_t length = path.size();
   if (length >= PATH_MAX) length = std::min(path.rfind('/', PATH_MAX - 1), length);
@@ -50,7 +50,7 @@ HostHandle OpenHostFolder(int from, const std::string& path) {
     const int above = folder ? folder.Get() : from;
     const long opened = ::syscall(SYS_openat2, above, part.c_str(), &how, sizeof(how));
     if (opened < 0) {
-      // Where it isn't simply missing, the host may not know this call.
+      // For any other error the host may lack openat2.
       if (errno == ENOENT || errno == ENOTDIR || errno == ELOOP) return HostHandle();
       return OpenByStep(from, path);
     }
@@ -63,7 +63,7 @@ std::shared_ptr<HostOpenFolder> HostFolders::Open(const std::string& path) {
   auto known = std::ranges::find(known_, path, &Known::path);
   if (known == known_.end()) {
     known_.push_front({path});
-    if (known_.size() > kMostKnown) known_.pop_back();
+    if (known_.size() > kMaxKnown) known_.pop_back();
   } else {
     known_.splice(known_.begin(), known_, known);
   }
@@ -71,17 +71,17 @@ std::shared_ptr<HostOpenFolder> HostFolders::Open(const std::string& path) {
   const bool watched = asked.kept != nullptr && asked.generation == watch_.Generation();
   if (watched && watch_.Quiet()) return asked.kept;
   asked.kept = nullptr;
-  if (++asked.asked >= asked.wanted && Keep(asked)) return asked.kept;
+  if (++asked.requests >= asked.threshold && Keep(asked)) return asked.kept;
   HostHandle opened = OpenHostFolder(root_.Get(), path);
   return opened ? std::make_shared<HostOpenFolder>(std::move(opened), false) : nullptr;
 }
 
-// Watched before it is opened, so that no change is missed. A folder in which much happens is tried ever more
-// seldom.
+// Starts the watch before opening the folder, so that no change is missed. The threshold doubles at each try,
+// so a folder that changes often is tried ever more rarely.
 bool HostFolders::Keep(Known& folder) {
-  folder.asked = 0;
-  folder.wanted *= 2;
-  if (watch_.Count() >= kMostWatched) watch_.Clear();
+  folder.requests = 0;
+  folder.threshold *= 2;
+  if (watch_.Count() >= kMaxWatched) watch_.Clear();
   if (!watch_.Add(root_.Get(), folder.path)) return false;
   HostHandle opened = OpenHostFolder(root_.Get(), folder.path);
   if (!opened || !watch_.Quiet()) return false;
@@ -102,7 +102,7 @@ void HostOpenFolder::Added(std::string_view name) {
 
 void HostOpenFolder::Removed(TextView name) {
   if (!names_) return;
-  if (names_->twins) {
+  if (names_->hasCaseDuplicates) {
     names_.reset();
   } else {
     names_->names.erase(ToUpper(name));

@@ -12,25 +12,25 @@
 
 namespace tavix::machine {
 
-// The folder below an open one at a path of names joined by slashes, of any length, the empty path for the
-// folder itself; opened by name only, which needs no right to read it. No link is followed. An empty handle
-// where there is none.
+// Opens the folder at a path below an open one. The path has names joined by slashes and may be of any
+// length; the empty path is the folder itself. The handle is O_PATH, which needs no right to read the folder.
+// No link is followed. An empty handle when it is missing.
 HostHandle OpenHostFolder(int from, const std::string& path);
 
-// A folder of the host, opened by name only, which needs no right to read it.
+// A folder of the host, opened with O_PATH, which needs no right to read it.
 class HostOpenFolder {
  public:
-  // `watched` says that no name comes into the folder while this is in use.
+  // `watched` promises that nobody else adds a name to the folder while this is in use.
   HostOpenFolder(HostHandle handle, bool watched) : handle_(std::move(handle)), watched_(watched) {}
 
   int Get() const { return handle_.Get(); }
   bool Watched() const { return watched_; }
-  // Of a watched folder: the name that equals `name` letter case aside, or null; reads all names at the
-  // first call. Where they can't be read, `sure` becomes false.
+  // For a watched folder: its name that equals `name` ignoring letter case, or null. Reads all names at the
+  // first call. When they can't be read, `sure` is set to false.
   const std::string* FindName(TextView name, bool& sure);
-  // Whether a name is known to be missing, without a look at the folder.
+  // Whether a name is known to be missing, without reading the folder.
   bool Lacks(TextView name) const { return names_ && names_->Find(name) == nullptr; }
-  // Call this after a change of our own.
+  // Call these after our own changes.
   void Added(std::string_view name);
   void Removed(TextView name);
 
@@ -40,30 +40,30 @@ class HostOpenFolder {
   std::optional<HostNameTable> names_;
 };
 
-// Opens folders below one. A folder that is asked for again and again stays open, and is handed out for as
-// long as its path is sure to lead to it still.
+// Opens folders below a root. A folder requested often stays open and is reused while its watch shows that
+// its path still leads to it.
 class HostFolders {
  public:
   explicit HostFolders(HostHandle root) : root_(std::move(root)) {}
 
-  // The folder at a path of names joined by slashes, the empty path for the root; no link is followed. Null
-  // where there is none.
+  // The folder at a path of names joined by slashes; the empty path is the root. No link is followed. Null
+  // when it is missing.
   std::shared_ptr<HostOpenFolder> Open(const std::string& path);
 
  private:
   struct Known {
     std::string path;
-    int asked = 0;                              // times since it was last tried to keep it open
-    std::shared_ptr<HostOpenFolder> kept = {};  // once it was asked for often
-    int wanted = 4;                             // times after which it is tried
-    unsigned generation = 0;                    // of the watch over it
+    int requests = 0;                           // since the last try to keep it open
+    std::shared_ptr<HostOpenFolder> kept = {};  // null unless it is kept open
+    int threshold = 4;                          // requests before the next try to keep it open
+    unsigned generation = 0;                    // of the watch when it was opened
   };
 
   bool Keep(Known& folder);
 
   HostHandle root_;
   HostWatch watch_;
-  std::list<Known> known_;  // the one asked for last first
+  std::list<Known> known_;  // the most recently requested first
 };
 
 }  // namespace tavix::machine

@@ -12,7 +12,7 @@
 namespace tavix::machine {
 namespace {
 
-constexpr size_t kMostFolders = 64;
+constexpr size_t kMaxFolders = 64;
 
 int64_t Nanoseconds(const struct statx_timestamp& time) {
   return time.tv_sec * 1'000'000'000 + static_cast<int64_t>(time.tv_nsec);
@@ -45,7 +45,7 @@ void HostNameTable::Add(std::string_view name) {
   if (!text) return;
   const auto [at, isNew] = names.emplace(ToUpper(*text), name);
   if (isNew || at->second == name) return;
-  twins = true;
+  hasCaseDuplicates = true;
   if (name < at->second) at->second = name;
 }
 
@@ -55,7 +55,7 @@ std::list<HostNames::Folder>::iterator HostNames::Known(const HostFolderId& id) 
 }
 
 std::optional<std::string> HostNames::Find(int folder, TextView name, bool& sure) {
-  // The state from before the reading: what changes meanwhile makes it old.
+  // Take the state before reading: a change meanwhile makes the table outdated.
   const std::optional<HostFolderState> state = ReadFolderState(folder);
   sure = state.has_value();
   if (!sure) return std::nullopt;
@@ -66,7 +66,7 @@ std::optional<std::string> HostNames::Find(int folder, TextView name, bool& sure
     sure = read.has_value();
     if (!sure) return std::nullopt;
     folders_.push_front({*state, *std::move(read)});
-    if (folders_.size() > kMostFolders) folders_.pop_back();
+    if (folders_.size() > kMaxFolders) folders_.pop_back();
     known = folders_.begin();
   }
   folders_.splice(folders_.begin(), folders_, known);
@@ -79,7 +79,7 @@ HostNames::Folder* HostNames::Changed(int folder) {
   const std::optional<HostFolderState> state = ReadFolderState(folder);
   const auto known = state ? Known(state->id) : folders_.end();
   if (known == folders_.end()) return nullptr;
-  if (known->table.twins) {
+  if (known->table.hasCaseDuplicates) {
     folders_.erase(known);
     return nullptr;
   }

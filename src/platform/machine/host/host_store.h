@@ -7,11 +7,11 @@
 
 namespace tavix::machine {
 
-// The store that is a folder of the host; null when it can't be opened. `root` without links. Times are the
-// host's, in the time zone of TZ (UTC when unset). Names that are no UTF-8, or that no file can have on
-// Windows, are left out. Nothing outside the folder is reached, whatever links lie in it.
+// Opens a folder of the host as a store. Null when it can't be opened. `root` contains no links. Times are
+// the host's, in the time zone of TZ (UTC when unset). Names that aren't UTF-8, or are impossible on Windows,
+// are left out. Nothing outside the folder is reached, whatever links are in it.
 //
-// On a Windows host reparse points are seen and never followed: they lead to nothing.
+// On a Windows host, reparse points are listed as links and never followed: they have no target.
 std::unique_ptr<FileStore> OpenHostStore(const std::filesystem::path& root);
 
 }  // namespace tavix::machine

@@ -17,7 +17,7 @@
 namespace tavix::machine {
 namespace {
 
-// Opened by name only, which needs no right to read it.
+// O_PATH needs no right to read the folder.
 constexpr int kFolder = O_PATH | O_DIRECTORY | O_CLOEXEC | O_NOFOLLOW;
 constexpr unsigned kFacts = STATX_TYPE | STATX_SIZE | STATX_MTIME | STATX_ATIME;
 
@@ -25,7 +25,7 @@ platform::DateTime ToLocal(const struct statx_timestamp& time, bool hasZone) {
   return ToLocalTime(time.tv_sec * 1000 + time.tv_nsec / 1'000'000, hasZone);
 }
 
-// Nothing for what a machine can't have: pipes, sockets, devices.
+// Nothing for pipes, sockets and devices, which a machine can't have.
 std::optional<StoreEntry> ToEntry(const struct statx& facts, Text name, bool hasZone) {
   StoreEntry entry;
   const unsigned type = facts.stx_mode & static_cast<unsigned>(S_IFMT);
@@ -34,12 +34,12 @@ std::optional<StoreEntry> ToEntry(const struct statx& facts, Text name, bool has
   entry.kind = type == S_IFREG ? EntryKind::File : type == S_IFDIR ? EntryKind::Folder : EntryKind::Link;
   if (type == S_IFREG) entry.size = facts.stx_size;
   entry.modified = ToLocal(facts.stx_mtime, hasZone);
-  // Some disks keep no such time.
+  // Some file systems keep no access time.
   if ((facts.stx_mask & STATX_ATIME) != 0) entry.accessed = ToLocal(facts.stx_atime, hasZone);
   return entry;
 }
 
-// The system says that there is no such name, or that none can be so long.
+// A name that is too long can't exist.
 bool IsNotFound(int failure) { return failure == ENOENT || failure == ENAMETOOLONG; }
 
 bool ReadFacts(int folder, const char* raw, struct statx& facts) {
@@ -52,7 +52,8 @@ std::optional<StoreEntry> ReadEntry(int folder, const char* raw, Text name) {
   return ToEntry(facts, std::move(name), HasZone());
 }
 
-// Of what a listing names but what can't be looked at, or went meanwhile. Nothing where the type isn't told.
+// The entry of an item that can't be examined or has disappeared since the listing. Nothing when the listing
+// has no type.
 std::optional<StoreEntry> BareEntry(unsigned char type, Text name) {
   if (type != DT_REG && type != DT_DIR && type != DT_LNK) return std::nullopt;
   StoreEntry entry;
@@ -62,7 +63,7 @@ std::optional<StoreEntry> BareEntry(unsigned char type, Text name) {
   return entry;
 }
 
-// What the folders of a store share.
+// Data shared by all folders of a store.
 struct Shared {
   std::string root;  // the path of the store
   HostNames names;
@@ -222,10 +223,10 @@ class HostFolder : public StoreFolder {
  private:
   int Get() const { return folder_->Get(); }
 
-  // `file` removes what is no folder, or leaves it.
+  // `file` removes an entry that is no folder, or leaves it.
   bool RemoveTree(TextView name, const HostAction& file) {
     const std::string raw = ToUtf8(name);
-    // What no listing shows is not to go unseen.
+    // Refuse when the folder holds names that listings leave out: the user can't know of them.
     const auto isShown = [](int, const std::string& entry) {
       const std::optional<Text> text = FromUtf8(entry);
       return text && IsFileName(*text);
@@ -234,13 +235,14 @@ class HostFolder : public StoreFolder {
     const bool gone = WalkHostTree(Get(), raw, file, [](int folder, const std::string& entry) {
       return ::unlinkat(folder, entry.c_str(), AT_REMOVEDIR) == 0;
     });
-    // The host may give the number of a folder that has gone to a new one.
+    // The host may reuse a removed folder's inode number.
     shared_->names.Forget();
     if (gone) folder_->Removed(name);
     return gone;
   }
 
-  // Where the folder can't be read, `sure` becomes false.
+  // The stored name that equals `name` ignoring letter case. `sure` is set to false when the folder can't be
+  // read.
   std::optional<std::string> OtherCase(TextView name, bool& sure) {
     if (!folder_->Watched()) return shared_->names.Find(Get(), name, sure);
     const std::string* other = folder_->FindName(name, sure);
@@ -254,11 +256,11 @@ class HostFolder : public StoreFolder {
 
   void Removed(const std::string& raw, TextView name) {
     folder_->Removed(name);
-    // A name too many in the other table does no harm: what stands under it is looked up.
+    // A leftover name in the shared table is harmless: its entry is always looked up.
     if (!folder_->Watched()) shared_->names.Removed(Get(), raw);
   }
 
-  // The names of a link's target; a whole path must begin with that of the store.
+  // The names of a link's target. Nothing when an absolute path doesn't begin with that of the store.
   std::optional<LinkTarget> ToTarget(std::string_view path) const {
     LinkTarget target;
     if (path.starts_with('/')) {

@@ -21,11 +21,11 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr size_t kBlock = size_t{256} << 10U;
-constexpr int64_t kMostRead = int64_t{1} << 30U;
-// Of the attributes that a listing gives.
+constexpr int64_t kMaxRead = int64_t{1} << 30U;
+// A file attribute as listings give it.
 constexpr unsigned kReparsePoint = 0x400;
 
-// The listing tells everything, so a reparse point is seen as one and not as what it leads to.
+// Built from the listing, so a reparse point shows as itself and not as its target.
 std::optional<StoreEntry> ToEntry(const _wfinddata64_t& found) {
   StoreEntry entry;
   const std::wstring_view name = found.name;
@@ -36,12 +36,12 @@ std::optional<StoreEntry> ToEntry(const _wfinddata64_t& found) {
   entry.kind = link ? EntryKind::Link : folder ? EntryKind::Folder : EntryKind::File;
   if (entry.kind == EntryKind::File) entry.size = static_cast<uint64_t>(found.size);
   entry.modified = ToLocalTime(found.time_write * 1000);
-  // Some disks keep no such time.
+  // Some file systems keep no access time.
   if (found.time_access != -1) entry.accessed = ToLocalTime(found.time_access * 1000);
   return entry;
 }
 
-// An open file; closed at the end.
+// Owns an open file.
 class HostFile {
  public:
   explicit HostFile(const std::wstring& path, int flags)
@@ -72,7 +72,7 @@ bool WriteAll(int file, std::string_view bytes) {
 
 class HostFolder : public StoreFolder {
  public:
-  // `path` as the system takes it at any length.
+  // `path` has the prefix `\\?\`, which allows any length.
   explicit HostFolder(std::wstring path) : path_(std::move(path)) {}
 
   using StoreFolder::Find;
@@ -110,11 +110,11 @@ class HostFolder : public StoreFolder {
     if (!Is(name, EntryKind::File)) return std::nullopt;
     const HostFile file(Path(name), _O_RDONLY);
     const int64_t size = file ? _filelengthi64(file.Get()) : -1;
-    if (size < 0 || size > kMostRead) return std::nullopt;
+    if (size < 0 || size > kMaxRead) return std::nullopt;
     std::string content(static_cast<size_t>(size), '\0');
     for (size_t done = 0; done < content.size();) {
-      const auto most = static_cast<unsigned>(std::min(content.size() - done, kBlock));
-      const int read = _read(file.Get(), content.data() + done, most);
+      const auto chunk = static_cast<unsigned>(std::min(content.size() - done, kBlock));
+      const int read = _read(file.Get(), content.data() + done, chunk);
       if (read <= 0) return std::nullopt;
       done += static_cast<size_t>(read);
     }
@@ -153,7 +153,7 @@ class HostFolder : public StoreFolder {
   bool Remove(TextView name) override {
     const std::optional<StoreEntry> entry = Find(name);
     if (!entry || entry->kind == EntryKind::Folder) return false;
-    // A reparse point may be of either kind; both calls take it away itself.
+    // A link is a file or a folder to these calls; both delete only the link.
     return RemoveFile(Path(name)) || (entry->kind == EntryKind::Link && _wrmdir(Path(name).c_str()) == 0);
   }
 
@@ -184,7 +184,7 @@ class HostFolder : public StoreFolder {
     return size;
   }
 
-  // The system copies a file to another volume by itself.
+  // _wrename itself copies a file to another volume.
   MoveResult Move(TextView name, StoreFolder& to, TextView newName) override {
     const auto& target = static_cast<HostFolder&>(to);
     const bool moved = _wrename(Path(name).c_str(), target.Path(newName).c_str()) == 0;
@@ -221,8 +221,8 @@ class HostFolder : public StoreFolder {
 
  private:
   std::wstring Path(TextView name) const { return path_ + L'\\' + std::wstring(name.begin(), name.end()); }
-  // Of what is no folder, only what `goes` says is removed.
-  bool RemoveTree(TextView name, const std::function<bool(const StoreEntry& entry)>& goes) {
+  // Removes a folder. `shouldRemove` chooses among its files and links.
+  bool RemoveTree(TextView name, const std::function<bool(const StoreEntry& entry)>& shouldRemove) {
     bool gone = true;
     std::vector<std::wstring> pending{Path(name)};
     std::vector<std::wstring> folders;
@@ -236,7 +236,7 @@ class HostFolder : public StoreFolder {
         if (entry.kind == EntryKind::Folder) {
           pending.push_back(folder.Path(entry.name));
         } else {
-          gone = goes(entry) && folder.Remove(entry.name) && gone;
+          gone = shouldRemove(entry) && folder.Remove(entry.name) && gone;
         }
       }
       folders.push_back(path);
@@ -252,12 +252,12 @@ class HostFolder : public StoreFolder {
     const std::optional<StoreEntry> entry = Find(name);
     return entry && entry->kind == kind;
   }
-  // The host's own mark for read-only has no meaning here.
+  // The host's read-only attribute doesn't count here.
   static bool RemoveFile(const std::wstring& path) {
     return _wunlink(path.c_str()) == 0 ||
            (_wchmod(path.c_str(), _S_IREAD | _S_IWRITE) == 0 && _wunlink(path.c_str()) == 0);
   }
-  // Writes a file under a name of its own and gives it its name when it lies on the disk.
+  // Writes a file under a temporary name, flushes it and renames it with `name`.
   bool WriteNew(const std::function<bool(int file)>& write,
                 const std::function<bool(const std::wstring& temporary)>& name) {
     static uint32_t count = 0;
@@ -305,7 +305,7 @@ std::unique_ptr<FileStore> OpenHostStore(const fs::path& root) {
   fs::path whole = fs::absolute(root, failure);
   if (failure) return nullptr;
   std::wstring path = whole.make_preferred().native();
-  // Without the prefix the system takes 260 characters.
+  // Without the prefix a path is limited to 260 characters.
   if (!path.starts_with(L"\\\\")) path.insert(0, L"\\\\?\\");
   while (path.ends_with(L'\\')) path.pop_back();
   return std::make_unique<HostStore>(std::move(path));

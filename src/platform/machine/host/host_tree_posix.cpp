@@ -15,11 +15,11 @@ namespace {
 
 constexpr int kReadFolder = O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NOFOLLOW;
 
-// A folder on the way down.
+// A folder on the current path.
 struct Level {
   std::string name;  // in the folder above
   HostFolderId id;
-  std::vector<std::string> folders;  // still to go into
+  std::vector<std::string> folders;  // not yet visited
 };
 
 bool IsFolder(int folder, const char* name, unsigned char type) {
@@ -65,7 +65,7 @@ class TreeWalk {
     return true;
   }
 
-  // The folder above must still be the one that we came from: somebody may have moved this one elsewhere.
+  // Checks that ".." is still the folder we came from: somebody may have moved this one elsewhere.
   bool GoUp() {
     HostHandle above(::openat(current_.Get(), "..", kReadFolder));
     const auto state = above ? ReadFolderState(above.Get()) : std::nullopt;
@@ -79,14 +79,14 @@ class TreeWalk {
   const HostAction& file_;
   const HostAction& leave_;
   std::vector<Level> levels_;
-  HostHandle current_;  // the last of them
+  HostHandle current_;  // of the last level
   bool complete_ = true;
 };
 
 }  // namespace
 
 bool ReadHostNames(int folder, const std::function<void(const char* name, unsigned char type)>& visit) {
-  // A handle of its own: the reading moves a position that all copies of a handle share.
+  // Uses its own handle: reading moves a position that duplicated handles share.
   HostHandle opened(::openat(folder, ".", kReadFolder));
   DIR* listing = opened ? ::fdopendir(opened.Get()) : nullptr;
   if (listing == nullptr) return false;

@@ -26,7 +26,7 @@ bool HostWatch::Start() {
   return changes_ && mounts_;
 }
 
-// A folder that is removed while it is open says so to the folder above only.
+// Watches the parents with IN_DELETE: the removal of an open folder is reported only there.
 bool HostWatch::Add(int root, const std::string& path) {
   bool watched = Start() && Watch(changes_.Get(), root, IN_DELETE);
   HostHandle above;

@@ -6,18 +6,18 @@
 
 namespace tavix::machine {
 
-// Watches over paths of folders: whether each still leads to the folder that it led to, and no name has come
-// into that.
+// Watches paths of folders: whether each still leads to the same folder, and no name was added to that
+// folder.
 class HostWatch {
  public:
-  // Watches each folder on a path below an open one, from now on. False where the host can't.
+  // Starts to watch each folder on a path below an open folder. False when the host can't.
   bool Add(int root, const std::string& path);
-  // Whether no folder on a watched path was renamed or removed, no name came into the last one and nothing
-  // was mounted since it was added. After a false answer nothing is watched any more.
+  // True when, since the paths were added, no folder on them was renamed or removed, no name was added to the
+  // last one, and nothing was mounted. A false answer drops all watches.
   bool Quiet();
-  // Paths watched.
+  // The number of watched paths.
   int Count() const { return count_; }
-  // Another number whenever what was watched is watched no more.
+  // Changes whenever watches are dropped.
   unsigned Generation() const { return generation_; }
   void Clear();
 

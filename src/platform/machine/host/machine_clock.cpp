@@ -16,7 +16,7 @@ platform::DateTime ToLocalTime(int64_t milliseconds, bool hasZone) {
   if (!hasZone) return milliseconds;
   const auto whole = floor<seconds>(std::chrono::milliseconds(milliseconds));
   const auto moment = static_cast<std::time_t>(whole.count());
-  // The C library's own buffer: everything runs on one thread.
+  // localtime uses a static buffer; the program runs on one thread.
   const std::tm* local = std::localtime(&moment);
   if (local == nullptr) return milliseconds;
   const sys_days day =

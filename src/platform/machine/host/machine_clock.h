@@ -4,15 +4,15 @@
 
 namespace tavix::machine {
 
-// A moment of the host, in milliseconds since 1970 UTC, in the time zone of the environment variable TZ, in
-// UTC when that is unset.
+// Converts a host time, in milliseconds since 1970 UTC, to local time in the zone of the environment variable
+// TZ; UTC when that is unset.
 platform::DateTime ToLocalTime(int64_t milliseconds);
-// The same for many moments in a row, with the answer of HasZone asked for once.
+// The same with the answer of HasZone, for many conversions in a row.
 platform::DateTime ToLocalTime(int64_t milliseconds, bool hasZone);
 // Whether TZ is set.
 bool HasZone();
 
-// A clock that stands still until it is set.
+// A clock that shows one time until it is set.
 class StandingClock : public platform::Clock {
  public:
   explicit StandingClock(platform::DateTime now = 0) : now_(now) {}
@@ -23,7 +23,7 @@ class StandingClock : public platform::Clock {
   platform::DateTime now_;
 };
 
-// The host's clock, as local as ToLocalTime.
+// The host's clock, as local time by ToLocalTime.
 class HostClock : public platform::Clock {
  public:
   platform::DateTime Now() override;

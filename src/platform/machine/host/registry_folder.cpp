@@ -12,15 +12,15 @@ namespace fs = std::filesystem;
 constexpr const char* kMark = "~saving";
 
 fs::path WithSuffix(const fs::path& name, const char* suffix) {
-  fs::path longer = name;
-  longer += suffix;
-  return longer;
+  fs::path suffixed = name;
+  suffixed += suffix;
+  return suffixed;
 }
 
 using Opened = std::unique_ptr<HostDirectory>;
 
-// One run over the folder. Each change on the disk asks the hook first. Each folder is opened once and is
-// worked on by its handle, so that a link that is put in its place meanwhile leads nowhere.
+// One run of recovery or replacement. Every change on disk asks the hook first. Each folder is opened once
+// and used by its handle, so a link put in its place meanwhile has no effect.
 class Replacement {
  public:
   Replacement(const fs::path& folder, std::string& reason, const StepHook& step)
@@ -51,12 +51,12 @@ class Replacement {
   const Opened parent_;
   const fs::path name_;
   const fs::path stage_;
-  const fs::path aside_;  // the old folder, for the moment between two renames
+  const fs::path aside_;  // the old folder between two renames
   std::string& reason_;
   const StepHook step_;
 };
 
-// The mark goes last, so that a stage half removed is still known as one.
+// Removes the mark last, so that a half-removed stage is still recognised.
 bool Replacement::RemoveStage(HostDirectory& stage) {
   const auto names = stage.Names();
   if (!names) return Fail(stage_, "can't be read");
@@ -70,7 +70,7 @@ bool Replacement::RemoveStage(HostDirectory& stage) {
   return true;
 }
 
-// Somebody may have put another folder in the place of the new one before it was opened.
+// Checks that the new folder is empty: somebody may have swapped it before it was opened.
 Opened Replacement::MakeStage() {
   if (!Step()) return nullptr;
   Opened stage = parent_->MakeFolder(stage_) ? parent_->OpenFolder(stage_) : nullptr;
@@ -153,7 +153,7 @@ bool Replacement::Recover() {
   if (stage != nullptr && stage->Exists(kMark)) return RemoveStage(*stage);
   const Opened current = parent_->OpenFolder(name_);
   if (current != nullptr && current->Exists(kMark)) return Finish(*current);
-  // An empty one never came to its mark; any other is none of ours.
+  // An empty stage is from a crash before the mark was written. Any other isn't ours.
   if (stage != nullptr && stage->Names() == std::vector<fs::path>() && Step()) {
     parent_->RemoveEmptyFolder(stage_);
   }
@@ -173,7 +173,7 @@ bool Replacement::Replace(const std::vector<NewFile>& files) {
   }
   if (!PutInPlace()) return false;
   parent_->Flush();
-  // What has the name now must be what was filled.
+  // Check that the folder now under the name is the one that was filled.
   const Opened current = parent_->OpenFolder(name_);
   if (current == nullptr || !current->IsSame(*stage)) {
     parent_->Exchange(stage_, name_);

@@ -7,27 +7,29 @@
 
 namespace tavix::machine {
 
-// The folder that holds the registry's files. Its files are replaced as one: the new folder is made ready
-// beside the old as "<folder>~saving", with the file "~saving" in it for a mark, and the two change places.
-// Whichever of them bears the mark is the new one, so what a crash left can be told and put right. Then
-// everything in the old folder that is no .reg file moves over, the old folder goes, and last the mark.
+// The folder of the registry's files. Its .reg files are replaced together:
+// - The new folder is prepared beside the old one as "<folder>~saving", with a file "~saving" in it as a
+//   mark.
+// - The two folders exchange names. The marked folder is always the new one, so recovery can tell them apart.
+// - Everything in the old folder except .reg files moves to the new one. Then the old folder is removed, and
+//   last the mark.
 struct NewFile {
   std::filesystem::path Name;
   std::string Bytes;
 };
 
-// Whether a file of this name is one of the registry's; letter case aside.
+// Whether a name is that of a registry file (.reg), ignoring letter case.
 bool IsRegistryFile(const std::filesystem::path& name);
 
-// Puts right what a crash of ReplaceRegistryFiles left, either all old or all new. False, with a reason,
-// when that can't be done; trying again later is safe.
+// Recovers from a crash of ReplaceRegistryFiles: leaves all old files or all new ones. False with a reason on
+// failure; trying again is safe.
 bool RecoverRegistryFolder(const std::filesystem::path& folder, std::string& reason);
 
-// Called before every step that changes something on the disk. False stops there, as a crash would.
+// Called before every change on disk. Returning false stops there, as a crash would.
 using StepHook = std::function<bool()>;
 
-// Replaces all .reg files of a folder, which is made where it is missing. After a failure, or a crash at
-// any moment, RecoverRegistryFolder leaves the old files or the new ones.
+// Replaces all .reg files of a folder. Makes the folder if it is missing. False with a reason on failure.
+// After a failure or a crash at any point, RecoverRegistryFolder leaves all old files or all new ones.
 bool ReplaceRegistryFiles(const std::filesystem::path& folder, const std::vector<NewFile>& files,
                           std::string& reason, const StepHook& step = {});
 

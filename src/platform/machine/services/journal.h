@@ -9,22 +9,22 @@
 
 namespace tavix::machine {
 
-// A call on the shell: its name and its arguments by name, in order.
+// A recorded call: its name and its named arguments, in order.
 struct JournalEntry {
   using Argument = std::pair<Text, std::variant<Text, int>>;
 
   Text op;
   std::vector<Argument> arguments;
 
-  // The text of an argument, a number in decimal digits; empty when there is none of the name.
+  // The value of an argument as text; a number in decimal digits. Empty when there is none of the name.
   Text Get(TextView name) const;
-  // {"op":"RunTarget","target":"regedit.exe","style":3}
+  // The entry as one JSON object: {"op":"RunTarget","target":"regedit.exe","style":3}
   std::string Json() const;
 
   bool operator==(const JournalEntry&) const = default;
 };
 
-// The calls on the shell in their order. Over a store each is written as a line of journal.jsonl at once.
+// Records calls on the shell, in order. With a store, each is also appended to journal.jsonl at once.
 class Journal {
  public:
   explicit Journal(FileStore* store = nullptr) : store_(store) {}

@@ -7,14 +7,14 @@
 
 namespace tavix::machine {
 
-// A desktop whose windows are only titles. It keeps what was done to them.
+// A desktop whose windows are only titles. It records what is done to them.
 class MachineDesktop : public platform::Desktop {
  public:
   struct Message {
     platform::WindowHandle window = 0;
     uint32_t message = 0;
-    intptr_t first = 0;
-    intptr_t second = 0;
+    intptr_t wParam = 0;
+    intptr_t lParam = 0;
     bool posted = false;
     bool operator==(const Message&) const = default;
   };
@@ -34,7 +34,7 @@ class MachineDesktop : public platform::Desktop {
   void ReleaseCapture() override { ++captureReleases; }
   void SetTreeBackColor(platform::WindowHandle tree, uint32_t color) override { treeColors[tree] = color; }
 
-  std::map<Text, platform::WindowHandle> windows;  // by their titles
+  std::map<Text, platform::WindowHandle> windows;  // by title
   std::vector<Message> messages;
   std::map<platform::WindowHandle, uint32_t> treeColors;
   int captureReleases = 0;

@@ -7,7 +7,7 @@ namespace {
 
 constexpr TextView kSection = u"Event Logs";
 
-// Digits only, up to what 32 bits hold.
+// Reads decimal digits. Nothing for any other character or more than 32 bits.
 std::optional<uint32_t> ReadCount(TextView text) {
   uint64_t count = 0;
   for (const char16_t c : text) {
@@ -36,7 +36,7 @@ std::optional<uint32_t> MachineEventLogs::Count(Handle log) {
 bool MachineEventLogs::Clear(Handle log) {
   const auto found = open_.find(log);
   if (found == open_.end()) {
-    // Asked for all the same, of the log that couldn't be opened.
+    // Record the call for the log that couldn't be opened, too.
     if (log == 0 && refused_) journal_.Note(u"ClearEventLog", {{u"log", *refused_}});
     return false;
   }

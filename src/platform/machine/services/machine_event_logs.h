@@ -10,8 +10,9 @@
 
 namespace tavix::machine {
 
-// The event logs of the section [Event Logs]. Clearing one is noted in the journal and sets its number of
-// records to 0; one that could not be opened is noted, too.
+// The event logs of the section [Event Logs] in machine.ini: each key is a log, its value the number of
+// records. Clear is recorded in the journal and sets the number to 0. It is also recorded for a log that
+// could not be opened.
 class MachineEventLogs : public platform::EventLogs {
  public:
   MachineEventLogs(MachineFacts& facts, Journal& journal) : facts_(facts), journal_(journal) {}
@@ -21,7 +22,7 @@ class MachineEventLogs : public platform::EventLogs {
   bool Clear(Handle log) override;
   void Close(Handle log) override;
 
-  // How many are open.
+  // The number of open logs.
   size_t OpenLogs() const { return open_.size(); }
   // Logs that can be opened and counted but not cleared.
   std::set<Text, LessIgnoringCase> locked;
@@ -30,7 +31,7 @@ class MachineEventLogs : public platform::EventLogs {
   MachineFacts& facts_;
   Journal& journal_;
   std::map<Handle, Text> open_;
-  std::optional<Text> refused_;  // the log that was asked for last, when it could not be opened
+  std::optional<Text> refused_;  // the log of the last Open, if that failed
   Handle last_ = 0;
 };
 

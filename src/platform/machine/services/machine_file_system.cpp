@@ -10,8 +10,8 @@ namespace {
 constexpr uint32_t kSettable =
     platform::kReadOnly | platform::kHidden | platform::kSystem | platform::kArchive;
 
-// The order in which a folder is listed: that of the capitals, of two alike that of the names. Most hosts
-// list a folder in the order in which it was filled, or the other way round.
+// Sorts by upper-cased names; equal ones by the names themselves. Many hosts list a folder in order of
+// creation or its reverse, so these orders are checked first.
 void SortByCapitals(std::vector<StoreEntry>& entries) {
   const auto before = [](const StoreEntry& left, const StoreEntry& right) {
     const int capitals = CompareIgnoringCase(left.name, right.name);
@@ -51,11 +51,11 @@ std::optional<platform::FileFacts> MachineFileSystem::Look(TextView path) {
 }
 
 platform::Existence MachineFileSystem::FileExists(TextView path) {
-  return finder_.Stands(path, EntryKind::File);
+  return finder_.Exists(path, EntryKind::File);
 }
 
 platform::Existence MachineFileSystem::FolderExists(TextView path) {
-  return finder_.Stands(path, EntryKind::Folder);
+  return finder_.Exists(path, EntryKind::Folder);
 }
 
 std::optional<Text> MachineFileSystem::FolderIdentity(TextView path) {
@@ -122,16 +122,16 @@ std::unique_ptr<platform::OpenFolder> MachineFileSystem::Open(TextView folder) {
   return place ? std::make_unique<Opened>(*this, *std::move(place)) : nullptr;
 }
 
-// What a file of the same name had that went without our doing is not for the new one.
-bool MachineFileSystem::Made(const Place& place, bool made) {
-  if (made && !place.entry) attributes_.Erase(place.realPath);
-  return made;
+// Don't inherit attributes of a same-named file deleted outside the program.
+bool MachineFileSystem::ResetIfNew(const Place& place, bool succeeded) {
+  if (succeeded && !place.entry) attributes_.Erase(place.realPath);
+  return succeeded;
 }
 
 bool MachineFileSystem::CreateFolder(TextView path) {
   const std::optional<Place> place = finder_.Find(path, Last::Itself, true);
   if (!place || place->entry) return false;
-  return Made(*place, place->parent->MakeFolder(place->storeName));
+  return ResetIfNew(*place, place->parent->MakeFolder(place->storeName));
 }
 
 std::optional<Place> MachineFileSystem::FindForWriting(TextView path) {
@@ -144,7 +144,7 @@ bool MachineFileSystem::CreateTextFile(TextView path, bool overwrite) {
   const std::optional<Place> place = FindForWriting(path);
   if (!place || (place->entry && !overwrite)) return false;
   if (place->entry) return place->parent->WriteFile(place->storeName, {});
-  return Made(*place, place->parent->MakeFile(place->storeName));
+  return ResetIfNew(*place, place->parent->MakeFile(place->storeName));
 }
 
 std::optional<std::string> MachineFileSystem::ReadFile(TextView path) {
@@ -155,12 +155,12 @@ std::optional<std::string> MachineFileSystem::ReadFile(TextView path) {
 
 bool MachineFileSystem::WriteFile(TextView path, std::string_view content) {
   const std::optional<Place> place = FindForWriting(path);
-  return place && Made(*place, place->parent->WriteFile(place->storeName, content));
+  return place && ResetIfNew(*place, place->parent->WriteFile(place->storeName, content));
 }
 
 bool MachineFileSystem::AppendToFile(TextView path, std::string_view content) {
   const std::optional<Place> place = FindForWriting(path);
-  return place && Made(*place, place->parent->Append(place->storeName, content));
+  return place && ResetIfNew(*place, place->parent->Append(place->storeName, content));
 }
 
 bool MachineFileSystem::DeleteFile(TextView path, bool force) {
@@ -177,7 +177,7 @@ bool MachineFileSystem::DeleteFile(const Place& place, bool force) {
   return true;
 }
 
-// What the table still knows of files that went without our doing doesn't count.
+// Ignore attributes of files deleted outside the program.
 bool MachineFileSystem::HoldsReadOnly(const Place& folder) {
   return !attributes_.VisitTree(folder.realPath, [this](const Text& path, uint32_t attributes) {
     if ((attributes & platform::kReadOnly) == 0) return true;

@@ -7,15 +7,15 @@
 
 namespace tavix::machine {
 
-// The files of a machine over a store: drives/<letter>/ are its drives, app/ is its application folder.
-// A link that leads out of these two is one to nothing. What lies on another computer, or after links in
+// The files of a machine in a store: drives/<letter>/ are its drives, app/ is its application folder. A link
+// out of these two leads to nothing. The existence of a path on another computer, or through links in
 // circles, can't be told.
 class MachineFileSystem : public platform::FileSystem {
  public:
   // Store and facts must outlive this.
   MachineFileSystem(FileStore& store, const MachineFacts& facts)
       : store_(store), facts_(facts), finder_(store, facts), attributes_(&store) {}
-  // Saves what Save would.
+  // Calls Save.
   ~MachineFileSystem() override;
   MachineFileSystem(const MachineFileSystem&) = delete;
   MachineFileSystem& operator=(const MachineFileSystem&) = delete;
@@ -41,17 +41,17 @@ class MachineFileSystem : public platform::FileSystem {
   std::optional<int> DriveType(char16_t letter) override;
   bool IsDriveReady(char16_t letter) override;
 
-  // Gives a file, folder or link another name in its folder where nothing of that name stands.
+  // Renames a file, folder or link in its folder. False when the name is taken or on failure.
   bool Rename(TextView path, TextView name);
-  // Moves a file, folder or link into the bin. Not the root of a drive.
+  // Moves a file, folder or link into the bin. False for a root and on failure.
   bool Recycle(TextView path, RecycleBin& bin);
-  // Whether the attributes in the store, where it has any, could be read.
+  // Whether attributes.ini could be read or is missing.
   bool Readable() const { return attributes_.Readable(); }
-  // Writes the attributes to the store if they changed.
+  // Writes the attributes to the store if they changed. False on failure.
   bool Save() { return !attributes_.Changed() || attributes_.Save(); }
 
  protected:
-  // Gives a path its attributes, whatever stands there.
+  // Sets the attributes of a path without looking at it.
   void Seed(TextView path, uint32_t attributes) { attributes_.Set(path, attributes); }
 
  private:
@@ -60,14 +60,15 @@ class MachineFileSystem : public platform::FileSystem {
   using Last = PathFinder::Last;
 
   bool IsReadOnly(const Place& place) const;
-  // Whether a folder has something read-only in it, or is so itself.
+  // Whether a folder or anything in it is read-only.
   bool HoldsReadOnly(const Place& folder);
-  // The place of a file to write or of a new one; nothing where anything else stands.
+  // The place of an existing or new file to write. Nothing when the path is taken by something else or by a
+  // read-only file.
   std::optional<Place> FindForWriting(TextView path);
   bool DeleteFile(const Place& place, bool force);
   bool MoveFile(const Place& from, TextView destination);
-  // A new file has no attributes.
-  bool Made(const Place& place, bool made);
+  // Call it after making something, with the result. Resets the attributes of a new file.
+  bool ResetIfNew(const Place& place, bool succeeded);
 
   FileStore& store_;
   const MachineFacts& facts_;

@@ -15,9 +15,9 @@ namespace fs = std::filesystem;
 
 constexpr const char* kFacts = "machine.ini";
 constexpr const char* kRegistry = "registry";
-// More than this is neither facts nor a registry.
-constexpr uint64_t kMostFacts = uint64_t{16} << 20U;
-constexpr uint64_t kMostRegistry = uint64_t{1} << 30U;
+// Larger files are refused.
+constexpr uint64_t kMaxFactsBytes = uint64_t{16} << 20U;
+constexpr uint64_t kMaxRegistryBytes = uint64_t{1} << 30U;
 constexpr const char* kLeadsOut = "a link that leads out of the machine folder";
 
 bool Fail(std::string& error, const std::string& where, std::string_view what) {
@@ -30,7 +30,8 @@ bool Exists(const fs::path& path) {
   return fs::exists(fs::symlink_status(path, failure));
 }
 
-// A number of pixels; false when there is something else.
+// Reads a number of pixels, from 1 to 99999. A missing value leaves `pixels` unchanged. False for any other
+// text.
 bool ReadPixels(const std::optional<Text>& value, int& pixels) {
   if (!value) return true;
   if (value->empty() || value->size() > 5) return false;
@@ -43,7 +44,7 @@ bool ReadPixels(const std::optional<Text>& value, int& pixels) {
   return number > 0;
 }
 
-// The names of the registry's files, in the order of their capitals.
+// The names of the registry's files, ordered by their upper-cased form.
 std::optional<std::vector<fs::path>> RegistryFiles(const fs::path& folder) {
   std::vector<fs::path> names;
   std::error_code failure;
@@ -107,7 +108,7 @@ bool MachineFolder::ReadFacts(std::string& error) {
   if (!Exists(file)) return true;
   if (!LiesInside(file)) return Fail(error, kFacts, kLeadsOut);
   std::string reason;
-  const std::optional<std::string> bytes = ReadHostFile(file, kMostFacts, reason);
+  const std::optional<std::string> bytes = ReadHostFile(file, kMaxFactsBytes, reason);
   if (!bytes) return Fail(error, kFacts, reason);
   TextError wrong;
   std::optional<MachineIni> ini = MachineIni::Read(*bytes, wrong);
@@ -134,7 +135,7 @@ bool MachineFolder::ReadRegistry(std::string& error) {
     const std::string shown = std::string(kRegistry) + "/" + HostNameUtf8(name);
     if (!LiesInside(file)) return Fail(error, shown, kLeadsOut);
     std::string reason;
-    const std::optional<std::string> bytes = ReadHostFile(file, kMostRegistry, reason);
+    const std::optional<std::string> bytes = ReadHostFile(file, kMaxRegistryBytes, reason);
     if (!bytes) return Fail(error, shown, reason);
     if (const auto wrong = ReadRegistryText(*bytes, registry_.Store())) {
       return Fail(error, shown + ":" + std::to_string(wrong->Line), wrong->Reason);

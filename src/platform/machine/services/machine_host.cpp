@@ -43,7 +43,8 @@ struct MachineHost::Parts {
 
 std::unique_ptr<MachineHost> MachineHost::Open(const std::filesystem::path& folder,
                                                std::optional<platform::DateTime> now, std::string& error) {
-  // Before anything is read: what another copy is about to write would be read half, or be lost.
+  // Check before reading anything: another copy may be writing the files that we would read, or later
+  // overwrite ours.
   std::error_code failure;
   auto instance = std::make_unique<FolderInstance>(std::filesystem::canonical(folder, failure));
   if (!failure && instance->PreviousRuns()) {
@@ -57,7 +58,7 @@ std::unique_ptr<MachineHost> MachineHost::Open(const std::filesystem::path& fold
     error = "the machine folder can't be read";
     return nullptr;
   }
-  // What a killed run left where only the machine itself writes.
+  // Remove what a killed run left in the folders that only the program itself writes.
   if (const auto root = store->Root()) {
     root->RemoveTemporaries();
     if (const auto bin = root->Open(kRecycleFolder)) bin->RemoveTemporaries();

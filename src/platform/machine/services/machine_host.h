@@ -11,14 +11,14 @@
 
 namespace tavix::machine {
 
-// Puts a machine folder behind the platform interfaces for as long as it lives: registry with
+// Connects the platform interfaces to a machine folder for as long as it lives: registry with
 // HKEY_CLASSES_ROOT merged, files, shell, event logs, dialogs, desktop, instance, network, trust, clock,
-// screen, the user's separators, the application folder. One at a time; afterwards they are as at the start
-// of the process.
+// screen, the user's separators, the application folder. Only one may exist at a time. Its end restores the
+// state at the start of the process.
 class MachineHost {
  public:
-  // Opens the folder. `now` is where the machine's clock stands still; without it the clock is the host's.
-  // Null on failure, another copy at work on the folder among them; `error` is then one line of UTF-8.
+  // Opens the folder. With `now`, the machine's clock always shows that time; otherwise it is the host's.
+  // Null on failure, also when another copy works on the folder; `error` is then one line of UTF-8.
   static std::unique_ptr<MachineHost> Open(const std::filesystem::path& folder,
                                            std::optional<platform::DateTime> now, std::string& error);
   ~MachineHost();
@@ -27,8 +27,8 @@ class MachineHost {
 
   MachineFolder& Folder();
   const class Journal& Journal() const;
-  // Writes registry and attributes back if they changed. Files, journal, restart.txt and machine.ini are
-  // always up to date. False on failure; `error` is then one line of UTF-8.
+  // Writes registry and attributes back if they changed. Everything else (files, journal, restart.txt,
+  // machine.ini) is written at once. False on failure; `error` is then one line of UTF-8.
   bool Save(std::string& error);
 
  private:

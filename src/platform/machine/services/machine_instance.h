@@ -6,11 +6,11 @@
 
 namespace tavix::machine {
 
-// Copies of the program over one machine folder. The folder itself is locked where the host can lock
-// folders, otherwise a file .lock in it that is there only as long as the lock.
+// Detects other copies on the same machine folder by a lock: on the folder itself where the host can lock
+// folders, otherwise on a file .lock in it, which exists only while it is locked.
 class FolderInstance : public platform::Instance {
  public:
-  // `root` without links.
+  // `root` contains no links.
   explicit FolderInstance(std::filesystem::path root) : root_(std::move(root)) {}
   ~FolderInstance() override;
   FolderInstance(const FolderInstance&) = delete;

@@ -16,7 +16,7 @@ FolderInstance::~FolderInstance() {
 bool FolderInstance::PreviousRuns() {
   if (lock_ >= 0) return false;
   const std::filesystem::path file = root_ / ".lock";
-  // The system takes the file away when it is closed, also by a crash.
+  // The system deletes the file when it is closed, even by a crash.
   lock_ = _wsopen(file.c_str(), _O_RDWR | _O_CREAT | _O_EXCL | _O_TEMPORARY | _O_NOINHERIT, _SH_DENYRW,
                   _S_IREAD | _S_IWRITE);
   return lock_ < 0 && (errno == EEXIST || errno == EACCES);

@@ -8,15 +8,15 @@
 
 namespace tavix::machine {
 
-// A network on which nobody answers but with what stands below. Every call is noted in the journal.
+// A network that answers only with the contents below. Every call is recorded in the journal.
 class MachineNetwork : public platform::Network {
  public:
   explicit MachineNetwork(Journal& journal) : journal_(journal) {}
 
   std::optional<std::string> Fetch(TextView url, int timeoutSeconds) override;
 
-  std::map<Text, std::string> answers;  // by their addresses
-  std::vector<int> timeouts;            // of the calls so far, in order
+  std::map<Text, std::string> answers;  // by address
+  std::vector<int> timeouts;            // seconds, of the calls so far, in order
 
  private:
   Journal& journal_;

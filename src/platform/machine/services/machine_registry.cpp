@@ -9,7 +9,7 @@ namespace {
 
 using platform::Hive;
 
-// A path without its last part, and that part.
+// Splits a path into its parent and its last name.
 std::pair<TextView, TextView> SplitPath(TextView path) {
   const size_t at = path.rfind(u'\\');
   if (at == TextView::npos) return {TextView(), path};
@@ -28,7 +28,7 @@ RegistryKey* MachineRegistry::Open(Hive hive, TextView key) {
 
 RegistryKey* MachineRegistry::OpenOrMake(Hive hive, TextView key) {
   if (IsDenied(hive, key)) return nullptr;
-  // The key that the first missing one would be made in.
+  // The nearest existing key above; new keys would be made in it.
   TextView above = key;
   while (!above.empty() && store_.Find(hive, above) == nullptr) above = SplitPath(above).first;
   if (above.size() < key.size() && IsDenied(hive, above)) return nullptr;

@@ -8,7 +8,7 @@
 
 namespace tavix::machine {
 
-// A registry in memory. It has the plain hives; wrap it in MergedRegistry for HKEY_CLASSES_ROOT.
+// A registry in memory, without HKEY_CLASSES_ROOT. Wrap it in MergedRegistry to get that.
 class MachineRegistry : public platform::Registry {
  public:
   bool VisitSubKeys(platform::Hive hive, TextView key, const NameVisitor& visit) override;
@@ -19,13 +19,14 @@ class MachineRegistry : public platform::Registry {
   bool DeleteKey(platform::Hive hive, TextView key) override;
   bool DeleteValue(platform::Hive hive, TextView key, TextView name) override;
 
-  // Makes a key with those on the way. False, and nothing changed, on failure.
+  // Makes a key and all keys above it. False on failure; nothing is changed then.
   bool MakeKey(platform::Hive hive, TextView key);
-  // Writes a value of any type, making the key where it is missing. The same on failure.
+  // Writes a value of any type. Makes the key if it is missing. False on failure; nothing is changed then.
   bool SetValue(platform::Hive hive, TextView key, TextView name, uint32_t type, std::string data);
 
-  // From now on the key, itself and not those below it, can't be opened: it exists and stands in the list
-  // of its parent, but reading it gives nothing, and writing in it, making keys in it and deleting it fail.
+  // Deny makes a key, but not those below it, impossible to open. It still exists and is listed by its
+  // parent. Reading it gives nothing; writing in it, making keys in it and deleting it fail. Allow undoes
+  // that.
   void Deny(platform::Hive hive, TextView key);
   void Allow(platform::Hive hive, TextView key);
 
@@ -33,16 +34,17 @@ class MachineRegistry : public platform::Registry {
   bool Changed() const { return changed_; }
   void MarkUnchanged() { changed_ = false; }
 
-  // What it holds, for those that load and save it; past Deny and without a mark of the change.
+  // The content, for loading and saving. Access here ignores Deny and doesn't set Changed.
   RegistryStore& Store() { return store_; }
   const RegistryStore& Store() const { return store_; }
 
  private:
   bool IsDenied(platform::Hive hive, TextView key) const;
-  // The key where it exists and may be opened, else null.
+  // The key. Null when it is missing or denied.
   RegistryKey* Open(platform::Hive hive, TextView key);
   RegistryKey* OpenOrMake(platform::Hive hive, TextView key);
-  // Deletes what may be deleted in and below the subkey `name` of `parent`. Whether nothing of it stays.
+  // Deletes the subkey `name` of `parent` with everything below it, except denied keys and the keys above
+  // them. True when nothing of it stays.
   bool DeleteTree(platform::Hive hive, const Text& path, RegistryKey& parent, TextView name);
 
   RegistryStore store_;

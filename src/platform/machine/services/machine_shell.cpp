@@ -9,8 +9,8 @@
 namespace tavix::machine {
 namespace {
 
-// Without the backslash at the end, but for a drive's root.
-Text WithoutEnd(Text folder) {
+// Drops a backslash at the end, except a drive root's.
+Text WithoutBackslash(Text folder) {
   constexpr size_t kDriveRootLength = 3;
   if (folder.size() > kDriveRootLength && folder.back() == u'\\') folder.pop_back();
   return folder;
@@ -47,7 +47,7 @@ bool MachineShell::DeleteToRecycleBin(TextView path) {
   return !Refuses(u"DeleteToRecycleBin", path) && files_.Recycle(path, bin_);
 }
 
-// A fixed answer of RecycleBinInfo is that of an empty bin from here on.
+// If machine.ini fixes the answer of RecycleBinInfo, sets it to that of an empty bin.
 bool MachineShell::EmptyRecycleBin(platform::WindowHandle) {
   journal_.Note(u"EmptyRecycleBin");
   if (Refuses(u"EmptyRecycleBin", {}) || !bin_.Empty()) return false;
@@ -73,7 +73,7 @@ bool MachineShell::DeleteAtRestart(TextView path) {
 }
 
 std::optional<Text> MachineShell::Folder(TextView section, TextView key) const {
-  return facts_.Value(section, key).transform(WithoutEnd);
+  return facts_.Value(section, key).transform(WithoutBackslash);
 }
 
 std::optional<Text> MachineShell::SpecialFolderByNumber(int number) {
@@ -96,7 +96,7 @@ std::optional<Text> MachineShell::SystemTempFolder() {
 std::vector<Text> MachineShell::NamedFolders() {
   std::set<Text, LessIgnoringCase> folders;
   const auto add = [&folders](const Text& folder) {
-    if (!folder.empty()) folders.insert(WithoutEnd(folder));
+    if (!folder.empty()) folders.insert(WithoutBackslash(folder));
   };
   if (const auto windows = facts_.Value(u"Environment", u"WinDir")) add(*windows);
   for (const TextView section : {u"Folders", u"Special Folders", u"Temporary Folders"}) {
@@ -120,7 +120,7 @@ Text MachineShell::ExpandEnvironment(TextView text) {
       expanded.append(*value);
       text.remove_prefix(close + 1);
     } else {
-      // The second sign may be the first of another variable.
+      // The second percent sign may begin another variable.
       expanded.append(text.substr(open, close - open));
       text.remove_prefix(close);
     }

@@ -7,8 +7,8 @@
 
 namespace tavix::machine {
 
-// The shell of a machine that isn't the running system. Nothing is started; the calls are noted in the
-// journal and have their effect on files and facts.
+// The shell of a machine that isn't the running Windows. Nothing is started. Calls are recorded in the
+// journal and take effect on files and machine.ini.
 class MachineShell : public platform::Shell {
  public:
   // All must outlive this.
@@ -33,8 +33,8 @@ class MachineShell : public platform::Shell {
   std::optional<platform::Shortcut> OpenShortcut(TextView path) override;
 
  protected:
-  // Whether a call fails before it has any effect; the journal has it all the same. Never here; a double in
-  // tests can make calls fail. `operation` is the routine's name.
+  // Whether a call fails before it has any effect; it is recorded all the same. Always false here. A test
+  // double overrides it. `operation` is the routine's name.
   virtual bool Refuses([[maybe_unused]] TextView operation, [[maybe_unused]] TextView argument) {
     return false;
   }

@@ -5,7 +5,7 @@
 
 namespace tavix::machine {
 
-// A machine in a folder has one user, who isn't elevated; it keeps no owners and no access lists.
+// A machine in a folder has one user, who isn't elevated. It has no owners and no access lists.
 class MachineTrust : public platform::Trust {
  public:
   // Files and facts must outlive this.
@@ -14,7 +14,7 @@ class MachineTrust : public platform::Trust {
   bool Elevated() override { return false; }
   bool OwnedByOthers(TextView) override { return false; }
   platform::Protection Protect(TextView) override { return platform::Protection::Failed; }
-  // Among `WinDir` and the answers 36, 38 and 42 of the shell: Windows, programs, programs of 32 bits.
+  // The program folders are `WinDir` and the shell folders 36, 38 and 42: Windows, programs, 32-bit programs.
   bool LiesAmongPrograms(TextView folder) override;
   bool Rename(TextView path, TextView name) override { return files_.Rename(path, name); }
 

@@ -9,8 +9,8 @@ namespace {
 
 constexpr TextView kDrives = u"drives";
 constexpr TextView kApplication = u"app";
-// A path with more links than this is taken for one whose links lead in circles.
-constexpr int kMostLinks = 40;
+// A path through more links than this counts as a circle.
+constexpr int kMaxLinks = 40;
 
 std::vector<Text> RootNames(char16_t drive) {
   if (drive == 0) return {Text(kApplication)};
@@ -19,10 +19,10 @@ std::vector<Text> RootNames(char16_t drive) {
 
 }  // namespace
 
-// On the way to a place. `real` are the names of `folder` in the store.
+// The state of a search. `real` are the names of `folder` in the store, `shown` those of the resulting path.
 struct PathFinder::Walk {
   MachinePath asked;
-  std::vector<Step> pending;  // the next one last
+  std::vector<Step> pending;  // the next step is the last element
   std::vector<Text> shown;
   std::vector<Text> real;
   std::unique_ptr<StoreFolder> folder;
@@ -34,7 +34,7 @@ std::optional<Place> PathFinder::Find(TextView path, Last last, bool make) {
   return Find(path, last, make, sure);
 }
 
-platform::Existence PathFinder::Stands(TextView path, EntryKind kind) {
+platform::Existence PathFinder::Exists(TextView path, EntryKind kind) {
   bool sure = true;
   const std::optional<Place> place = Find(path, Last::Followed, false, sure);
   if (!sure) return std::nullopt;
@@ -101,14 +101,14 @@ bool PathFinder::MakeFolder(char16_t drive) {
   return drives != nullptr && drives->MakeFolder(TextView(&drive, 1));
 }
 
-// A folder that was seen a moment ago and can't be opened is one of which nothing can be told.
+// When a folder just seen can't be opened, `sure` is set to false.
 std::optional<Place> PathFinder::FindFrom(const MachinePath& asked, Last last, bool& sure) {
   Walk walk;
   walk.asked = asked;
   std::vector<Text> names = RootNames(asked.drive);
   const size_t roots = names.size();
   names.insert(names.end(), asked.names.begin(), asked.names.end());
-  // Mostly the names stand as they are written, and no link is among them.
+  // Fast way: usually all names are spelled as stored, and none is a link.
   Text lastName = std::move(names.back());
   names.pop_back();
   walk.folder = store_.Open(names);
@@ -143,7 +143,7 @@ std::optional<Place> PathFinder::FindFrom(const MachinePath& asked, Last last, b
     walk.folder = walk.folder->Open(entry->name);
     walk.real.push_back(std::move(entry->name));
   }
-  // A link whose target ends in `..` or is a root has brought us into the place itself.
+  // A link's target ended in `..` or is a root: the walk is in the place itself, not in its parent.
   if (walk.folder != nullptr && walk.real.empty()) return std::nullopt;
   Text name;
   if (walk.folder != nullptr) {
@@ -158,7 +158,7 @@ std::optional<Place> PathFinder::FindFrom(const MachinePath& asked, Last last, b
 }
 
 bool PathFinder::FollowLink(Walk& walk, TextView name, bool& sure) {
-  if (++walk.links > kMostLinks) {
+  if (++walk.links > kMaxLinks) {
     sure = false;
     return false;
   }
@@ -174,7 +174,7 @@ bool PathFinder::FollowLink(Walk& walk, TextView name, bool& sure) {
   return true;
 }
 
-// Only what lies on a ready drive or in the application folder is a place.
+// A place must be on a ready drive or in the application folder.
 std::optional<Place> PathFinder::Finish(Walk& walk, const Text& name, std::optional<StoreEntry> entry) {
   std::vector<Text> all = walk.real;
   all.push_back(entry ? entry->name : name);
@@ -211,7 +211,7 @@ std::optional<Place> PathFinder::FindBelow(TextView start, TextView below) {
   const auto first = whole->names.begin() + static_cast<std::ptrdiff_t>(above->names.size());
   Place place;
   place.name = whole->names.back();
-  // Mostly the names stand as they are written.
+  // Fast way: usually all names are spelled as stored.
   std::vector<Text> names = RootNames(whole->drive);
   names.insert(names.end(), whole->names.begin(), whole->names.end() - 1);
   place.parent = store_.Open(names);

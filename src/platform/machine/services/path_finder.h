@@ -10,50 +10,49 @@
 
 namespace tavix::machine {
 
-// A place of a machine, where something stands or could be made.
+// A place of a machine, where something exists or could be made.
 struct Place {
-  Text path;                            // with the names that were asked for, as the store has them
-  Text realPath;                        // the same with links on the way replaced by what they lead to
-  Text name;                            // the last of the path's names; empty for a root
-  std::unique_ptr<StoreFolder> parent;  // the folder in the store
-  Text storeName;                       // the name in it
-  std::optional<StoreEntry> entry;      // what stands there; nothing when it is missing
-  bool root = false;                    // of a drive or of the application folder
+  Text path;                            // as requested, names spelled as in the store
+  Text realPath;                        // the same with the links on it resolved
+  Text name;                            // the last name of `path`; empty for a root
+  std::unique_ptr<StoreFolder> parent;  // the store's folder that holds it
+  Text storeName;                       // the name in `parent`
+  std::optional<StoreEntry> entry;      // nothing when it is missing
+  bool root = false;                    // the root of a drive or of the application folder
 
   bool IsFile() const { return entry && entry->kind == EntryKind::File; }
   bool IsFolder() const { return entry && entry->kind == EntryKind::Folder; }
   bool IsLink() const { return entry && entry->kind == EntryKind::Link; }
 };
 
-// A folder, with no look at where it lies.
+// An open folder, without its parent.
 struct FolderPlace {
   Text path;  // as in Place
   Text realPath;
-  std::unique_ptr<StoreFolder> folder;  // null for a drive with nothing on it
+  std::unique_ptr<StoreFolder> folder;  // null for an empty drive without a folder in the store
 };
 
-// Finds the places of paths. It goes from open folder to open folder and follows links by itself, so
-// nothing outside the drives and the application folder is ever reached.
+// Finds the places of paths. It walks from open folder to open folder and resolves links itself, so nothing
+// outside the drives and the application folder is reached.
 class PathFinder {
  public:
   PathFinder(FileStore& store, const MachineFacts& facts) : store_(store), facts_(facts) {}
 
   enum class Last {
-    Itself,    // a link as the last name is the place
-    Followed,  // what it leads to is
+    Itself,    // a link as the last name is not followed
+    Followed,  // it is followed
   };
 
-  // Nothing when the folder of the last name is missing, a link leads out or in circles, the drive isn't
-  // ready, or it can't be told what stands there. A ready drive is there without a folder of its own in the
-  // store, which `make` makes.
+  // The place of a path. Nothing when its parent folder is missing, a link leads out or in circles, the drive
+  // isn't ready, or it can't be told. A ready drive may have no folder in the store; `make` makes one.
   std::optional<Place> Find(TextView path, Last last, bool make = false);
-  // Whether what stands at a path, links followed, is of this kind, as platform::FileSystem's FileExists and
-  // FolderExists have it.
-  platform::Existence Stands(TextView path, EntryKind kind);
-  // The folder that a path leads to. Nothing when it leads to none.
+  // Whether the item at a path, links followed, is of this kind; the same answers as FileExists and
+  // FolderExists of platform::FileSystem.
+  platform::Existence Exists(TextView path, EntryKind kind);
+  // The folder at a path, links followed. Nothing when there is none.
   std::optional<FolderPlace> FindFolder(TextView path);
-  // What stands at the names `below` under a folder. That folder is found as FindFolder does it; below it no
-  // link is followed. Nothing when a name before the last is no folder, or the last one is missing.
+  // The item at the path `below` under a folder. That folder is found as by FindFolder; below it no link is
+  // followed. Nothing when a name before the last isn't a folder, or the last is missing.
   std::optional<Place> FindBelow(TextView start, TextView below);
   // Whether a link leads to a folder of the machine.
   bool LeadsToFolder(TextView link);
@@ -61,15 +60,15 @@ class PathFinder {
  private:
   struct Step {
     Text name;
-    bool shown = false;  // stands in the path that was asked for
+    bool shown = false;  // part of the requested path, not of a link's target
   };
   struct Walk;
 
-  // Where it can't be told what stands there, `sure` becomes false and nothing is given.
+  // These give nothing and set `sure` to false when it can't be told.
   std::optional<Place> Find(TextView path, Last last, bool make, bool& sure);
   std::optional<Place> FindFrom(const MachinePath& asked, Last last, bool& sure);
   std::unique_ptr<StoreFolder> OpenDrives();
-  // The folder of a drive in the store.
+  // Whether a drive has a folder in the store, and making it.
   bool HasFolder(char16_t drive);
   bool MakeFolder(char16_t drive);
   bool FollowLink(Walk& walk, TextView name, bool& sure);

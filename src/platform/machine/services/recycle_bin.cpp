@@ -7,7 +7,7 @@ namespace {
 
 constexpr size_t kLongestName = 255;
 
-// The name itself, else with a number before it.
+// A free name: the name itself or, if it is taken, with a number before it.
 Text FreeName(StoreFolder& folder, TextView name) {
   Text free(name);
   for (int number = 2; folder.Find(free); ++number) {

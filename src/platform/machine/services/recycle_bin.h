@@ -8,7 +8,7 @@ namespace tavix::machine {
 
 inline constexpr TextView kRecycleFolder = u"recycle";
 
-// The folder recycle/ of a machine.
+// The recycle bin of a machine: its folder recycle/.
 class RecycleBin {
  public:
   struct Content {
@@ -18,11 +18,11 @@ class RecycleBin {
 
   explicit RecycleBin(FileStore& store) : store_(store) {}
 
-  // Moves what stands under a name of a folder into the bin, under a name that is free there.
+  // Moves an entry of a folder into the bin, under a free name. False on failure; the entry stays then.
   bool Take(StoreFolder& folder, const StoreEntry& entry);
-  // True as well for an empty bin; false when something stays.
+  // Deletes everything in the bin. True also for an empty bin. False when anything stays.
   bool Empty();
-  // What lies in it, a folder as one item; nothing when it can't be read.
+  // The number of items and their size; a folder counts as one item. Nothing when the bin can't be read.
   std::optional<Content> Count();
 
  private:
