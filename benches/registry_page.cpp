@@ -7,9 +7,11 @@
 #include <filesystem>
 #include <fstream>
 
+#include "doubles/memory_files.h"
 #include "doubles/memory_host.h"
 #include "forms/main_form.h"
 #include "frame/start_up.h"
+#include "platform/file_system.h"
 #include "platform/machine/formats/registry_text.h"
 #include "platform/machine/services/machine_host.h"
 #include "scan/result_items.h"

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/clock.h"
+#include "platform/drive.h"
 #include "platform/existence.h"
 #include "text/text.h"
 
@@ -45,21 +46,6 @@ struct FileFacts {
   bool folder = false;
   bool link = false;
   bool known = true;  // as in DirectoryEntry
-};
-
-// Types of drives.
-constexpr int kUnknownDrive = 0;
-constexpr int kRemovableDrive = 1;
-constexpr int kFixedDrive = 2;
-constexpr int kNetworkDrive = 3;
-constexpr int kCdDrive = 4;
-constexpr int kMemoryDrive = 5;
-
-struct Drive {
-  Text path;  // "C:"
-  int type = kUnknownDrive;
-  bool ready = false;
-  Text volumeName;  // empty when the drive isn't ready
 };
 
 using EntryVisitor = std::function<void(const DirectoryEntry& entry)>;

@@ -6,6 +6,7 @@
 #include "catalogue/scope_tree.h"
 #include "forms/main_form.h"
 #include "platform/event_queue.h"
+#include "platform/machine/host/machine_clock.h"
 #include "scan/scan_driver.h"
 
 namespace tavix::mdlPubSelf {

@@ -181,10 +181,10 @@ TEST_F(AdvancedWalker, PaintingIsSuspendedAroundEachSubfolderAndNotNested) {
 TEST_F(AdvancedWalker, AFolderThatGoesDuringTheWalkAddsNothing) {
   AddFiles({u"C:\\t\\a\\1.log", u"C:\\t\\b\\2.log", u"C:\\t\\c\\3.log"});
   struct Remover : platform::EventQueue {
-    explicit Remover(platform::FileSystem& disk) : files(disk) { platform::eventQueue = this; }
+    explicit Remover(machine::MemoryFiles& disk) : files(disk) { platform::eventQueue = this; }
     ~Remover() override { platform::eventQueue = platform::noEventQueue; }
     void Yield() override { files.DeleteFolder(u"C:\\t\\b", true); }
-    platform::FileSystem& files;
+    machine::MemoryFiles& files;
   } remover(machine.files);
   EXPECT_EQ(Paths(Walk(u"C:\\t", kJunk)), (std::vector<Text>{u"C:\\t\\a\\1.log", u"C:\\t\\c\\3.log"}));
 }

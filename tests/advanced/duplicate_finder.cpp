@@ -12,7 +12,7 @@ namespace {
 
 // Reads the store while duplicates are being compared, and lets the timer tick if asked to.
 struct StoreWatch : platform::EventQueue {
-  explicit StoreWatch(platform::FileSystem& disk) : files(disk) { platform::eventQueue = this; }
+  explicit StoreWatch(machine::MemoryFiles& disk) : files(disk) { platform::eventQueue = this; }
   ~StoreWatch() override { platform::eventQueue = platform::noEventQueue; }
   void Yield() override {
     ++yields;
@@ -24,7 +24,7 @@ struct StoreWatch : platform::EventQueue {
     if (watched.empty()) return;
     if (const auto content = files.ReadFile(watched)) seen = *content;
   }
-  platform::FileSystem& files;
+  machine::MemoryFiles& files;
   Text watched;
   std::string seen;
   std::vector<int> intervals;

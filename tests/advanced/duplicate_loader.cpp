@@ -4,6 +4,7 @@
 #include "clean/clean_driver.h"
 #include "forms/main_form.h"
 #include "platform/event_queue.h"
+#include "platform/file_system.h"
 #include "scan/scan_driver.h"
 
 namespace tavix::mdlPubSelf {

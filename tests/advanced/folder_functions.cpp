@@ -4,6 +4,7 @@
 #include "frame/data_paths.h"
 #include "frame/support/file_system_object.h"
 #include "junk/junk_definitions.h"
+#include "platform/machine/host/machine_clock.h"
 #include "platform/shortcut_bytes.h"
 #include "support/case.h"
 

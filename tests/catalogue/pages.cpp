@@ -4,6 +4,7 @@
 #include "forms/main_form.h"
 #include "frame/settings.h"
 #include "platform/event_queue.h"
+#include "platform/registry.h"
 #include "scan/result_items.h"
 #include "support/case.h"
 #include "support/program_test.h"

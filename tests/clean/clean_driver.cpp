@@ -1,11 +1,18 @@
 #include "clean/clean_driver.h"
 
 #include "clean/clean_test.h"
+#include "doubles/memory_file_system.h"
+#include "doubles/memory_shell.h"
+#include "doubles/memory_store.h"
 #include "forms/main_form.h"
 #include "frame/start_up.h"
 #include "frame/support/pub_system.h"
 #include "platform/event_logs.h"
 #include "platform/event_queue.h"
+#include "platform/machine/formats/machine_facts.h"
+#include "platform/machine/host/machine_clock.h"
+#include "platform/machine/services/machine_registry.h"
+#include "platform/registry.h"
 #include "scan/scan_driver.h"
 #include "support/case.h"
 
@@ -235,7 +242,7 @@ TEST_F(CleanDriver, TheBinsAreEmptiedOnBehalfOfTheMainWindow) {
       return MachineShell::EmptyRecycleBin(owner);
     }
     std::vector<platform::WindowHandle> owners;
-  } shell(machine.store, machine.files, machine.facts, machine.journal);
+  } shell(machine.store, machine.fileSystem, machine.facts, machine.journal);
   pubSystem = clsPubSystem({.shell = &shell});
   frmPubMain.hWnd = 4711;
   Add(u"RE", u"Each Recycle Bin", u"bin", u"4.");

@@ -3,6 +3,7 @@
 #include "clean/clean_driver.h"
 #include "forms/main_form.h"
 #include "frame/settings.h"
+#include "platform/machine/services/journal.h"
 #include "scan/result_items.h"
 #include "support/program_test.h"
 

@@ -8,6 +8,7 @@
 #include <set>
 
 #include "clean/failing_store.h"
+#include "doubles/memory_shell.h"
 #include "forms/main_form.h"
 #include "frame/settings.h"
 #include "platform/machine/host/host_store.h"

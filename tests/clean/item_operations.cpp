@@ -3,10 +3,14 @@
 #include <utility>
 
 #include "clean/clean_test.h"
+#include "doubles/memory_file_system.h"
+#include "doubles/memory_shell.h"
+#include "doubles/memory_store.h"
 #include "forms/main_form.h"
 #include "forms/type_form.h"
 #include "frame/support/pub_registry.h"
 #include "frame/support/pub_system.h"
+#include "platform/machine/services/machine_registry.h"
 #include "support/case.h"
 
 namespace tavix::mdlPubSelf {
@@ -364,7 +368,7 @@ class ClearingShell : public machine::MachineShell {
 };
 
 TEST_F(ItemOperations, RowsThatGoDuringACommandAreNotReached) {
-  ClearingShell shell(machine.store, machine.files, machine.facts, machine.journal);
+  ClearingShell shell(machine.store, machine.fileSystem, machine.facts, machine.journal);
   pubSystem = clsPubSystem({.shell = &shell});
   for (int i = 1; i <= 3; ++i) AddSelected(u"F", u"C:\\Work", ToText(i));
   Press(kExecute);

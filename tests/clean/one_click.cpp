@@ -5,7 +5,13 @@
 #include "clean/clean_test.h"
 #include "forms/main_form.h"
 #include "frame/start_up.h"
+#include "platform/dialogs.h"
 #include "platform/event_queue.h"
+#include "platform/machine/formats/machine_path.h"
+#include "platform/machine/host/machine_clock.h"
+#include "platform/machine/services/machine_dialogs.h"
+#include "platform/machine/services/machine_registry.h"
+#include "platform/registry.h"
 #include "scan/scan_driver.h"
 #include "support/case.h"
 

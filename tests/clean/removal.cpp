@@ -2,6 +2,8 @@
 
 #include "advanced/advanced_walker.h"
 #include "clean/clean_test.h"
+#include "doubles/memory_file_system.h"
+#include "doubles/memory_trust.h"
 #include "forms/main_form.h"
 #include "scan/walkers.h"
 #include "support/case.h"
@@ -152,8 +154,8 @@ TEST_F(Removal, AFolderThatGotALinkStaysAndOfALinkTheLinkAloneGoes) {
   machine.files.AddLink(u"C:\\Work\\place", u"C:\\Precious");
   Add(u"P", u"C:\\Work", u"place", u"0.");
   frmPubMain.sbtClean.Click();
-  EXPECT_TRUE(machine.files.Look(u"C:\\Work\\full\\link").has_value());
-  EXPECT_FALSE(machine.files.Look(u"C:\\Work\\place").has_value());
+  EXPECT_TRUE(machine.fileSystem.Look(u"C:\\Work\\full\\link").has_value());
+  EXPECT_FALSE(machine.fileSystem.Look(u"C:\\Work\\place").has_value());
   EXPECT_TRUE(FileThere(u"C:\\Precious\\keep.txt"));
 }
 

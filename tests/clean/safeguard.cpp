@@ -4,6 +4,7 @@
 
 #include "clean/clean_test.h"
 #include "forms/main_form.h"
+#include "platform/machine/formats/machine_facts.h"
 #include "support/case.h"
 
 namespace tavix::mdlPubSelf {

@@ -1,8 +1,11 @@
 #include <filesystem>
 
 #include "contract/shell_contract.h"
+#include "doubles/memory_file_system.h"
 #include "doubles/memory_host.h"
+#include "doubles/memory_shell.h"
 #include "platform/machine/scratch_folder.h"
+#include "platform/machine/services/machine_event_logs.h"
 #include "platform/machine/services/machine_host.h"
 
 namespace tavix::contract {
@@ -25,7 +28,7 @@ class MemoryStage : public ShellStage {
   }
   platform::Shell& Use() override { return host_.shell; }
   platform::EventLogs& Logs() override { return host_.eventLogs; }
-  platform::FileSystem& Files() override { return host_.files; }
+  platform::FileSystem& Files() override { return host_.fileSystem; }
   Text Place() override { return u"C:\\Contract\\Place"; }
 
  private:

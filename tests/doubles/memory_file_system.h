@@ -1,35 +1,20 @@
 #pragma once
 
+#include "doubles/memory_files.h"
 #include "doubles/memory_store.h"
 #include "platform/machine/services/machine_file_system.h"
 
 namespace tavix::machine {
 
-// The content and facts of a seeded file.
-struct FileSeed {
-  std::string content = {};
-  std::optional<uint64_t> size = {};  // default: of the content; the rest reads as NULs and takes no memory
-  platform::DateTime modified = 0;
-  platform::DateTime accessed = 0;  // long ago
-  uint32_t attributes = 0;
-};
-
-// The files of a machine in memory, with calls that fail on demand.
-class MemoryFileSystem : public MachineFileSystem {
+// The files of a machine in memory, as the program sees them and as tests use them.
+class MemoryFileSystem : public MachineFileSystem, public MemoryFiles {
  public:
   MemoryFileSystem(MemoryStore& store, const MachineFacts& facts)
       : MachineFileSystem(store, facts), store_(store) {}
 
-  // Seeding makes missing folders above and replaces an existing item. Paths are absolute.
-  void AddFile(TextView path, const FileSeed& seed = {});
-  void AddFolder(TextView path);
-  // Adds a link to an absolute path, or to a path relative to the link's folder. The target needn't exist.
-  void AddLink(TextView path, TextView target);
-
-  // Makes the calls below fail, by their names and paths ("DeleteFile", u"C:\\a.txt"); a move by its source.
-  // Calls on a found item count as DeleteFile, DeleteFolder and MoveFile. A failing existence test can't
-  // tell. For failures in the middle of a call, use the faults of MemoryStore.
-  Faults faults;
+  void AddFile(TextView path, const FileSeed& seed = {}) override;
+  void AddFolder(TextView path) override;
+  void AddLink(TextView path, TextView target) override;
 
   std::optional<platform::FileFacts> Look(TextView path) override;
   platform::Existence FileExists(TextView path) override;

@@ -1,5 +1,6 @@
 #include "frame/data_folders.h"
 
+#include "doubles/memory_file_system.h"
 #include "frame/data_paths.h"
 #include "frame/settings.h"
 #include "frame/start_up.h"
@@ -14,7 +15,7 @@ class DataFolders : public ProgramTest {
  protected:
   DataFolders() { machine.files.AddFolder(u"C:\\"); }
   uint32_t Attributes(TextView path) {
-    const auto facts = machine.files.Look(path);
+    const auto facts = machine.fileSystem.Look(path);
     return facts ? facts->attributes : 99;
   }
   void AddHidden(TextView folder) {
@@ -23,8 +24,8 @@ class DataFolders : public ProgramTest {
   }
   std::vector<Text> NamesIn(TextView folder) {
     std::vector<Text> names;
-    machine.files.List(folder,
-                       [&names](const platform::DirectoryEntry& entry) { names.emplace_back(entry.name); });
+    machine.fileSystem.List(
+        folder, [&names](const platform::DirectoryEntry& entry) { names.emplace_back(entry.name); });
     return names;
   }
 };

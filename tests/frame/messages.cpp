@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "doubles/memory_file_system.h"
 #include "doubles/memory_host.h"
 #include "frame/support/pub_system.h"
 #include "platform/application.h"
@@ -21,7 +22,7 @@ class Messages : public testing::Test {
  protected:
   Messages() {
     platform::applicationFolder = u"C:\\Program Files\\Tavix";
-    mdlPubSelf::pubSystem = clsPubSystem({.files = &host.files});
+    mdlPubSelf::pubSystem = clsPubSystem({.files = &host.fileSystem});
   }
   ~Messages() override {
     mdlPubSelf::pubSystem = {};

@@ -3,12 +3,20 @@
 #include <fstream>
 #include <iterator>
 
+#include "doubles/memory_file_system.h"
+#include "doubles/memory_store.h"
+#include "doubles/memory_trust.h"
 #include "frame/data_paths.h"
 #include "frame/settings.h"
 #include "frame/start_up.h"
 #include "frame/support/file_system_object.h"
 #include "junk/junk_definitions.h"
 #include "platform/application.h"
+#include "platform/dialogs.h"
+#include "platform/machine/formats/machine_facts.h"
+#include "platform/machine/services/journal.h"
+#include "platform/machine/services/machine_dialogs.h"
+#include "platform/trust.h"
 #include "support/program_test.h"
 #include "support/source_folder.h"
 #include "text/ini_text.h"
@@ -39,7 +47,7 @@ class TrustedData : public ProgramTest {
   // Everything below a folder, with attributes and contents. Links are not followed.
   std::vector<std::string> Everything(TextView folder) {
     std::vector<std::string> found;
-    machine.files.List(folder, [&](const platform::DirectoryEntry& entry) {
+    machine.fileSystem.List(folder, [&](const platform::DirectoryEntry& entry) {
       const Text path = Concat(folder, u"\\", entry.name);
       std::string line =
           Narrow(path) + " " + std::to_string(entry.attributes) + (entry.link ? " link " : " ");
@@ -52,7 +60,7 @@ class TrustedData : public ProgramTest {
     return found;
   }
   bool IsLink(TextView path) {
-    const auto facts = machine.files.Look(path);
+    const auto facts = machine.fileSystem.Look(path);
     return facts && facts->link;
   }
   // The texts of the message boxes, in order.
@@ -266,13 +274,13 @@ struct PlantingTrust : machine::MemoryTrust {
       files->AddLink(kSettingsFile, u"C:\\Victim\\tvx.dll");
     return result;
   }
-  machine::MemoryFileSystem* files = nullptr;
+  machine::MemoryFiles* files = nullptr;
   bool plant = true;
 };
 
 TEST_F(TrustedData, ALinkPlantedBeforeTheFolderIsClosedIsNoticed) {
   machine.files.AddFile(u"C:\\Victim\\tvx.dll", {.content = Narrow(kPlantedSettings)});
-  PlantingTrust planting(machine.store, machine.files, machine.facts);
+  PlantingTrust planting(machine.store, machine.fileSystem, machine.facts);
   planting.files = &machine.files;
   planting.keepsLists = true;
   platform::trust = &planting;

@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "doubles/memory_file_system.h"
 #include "doubles/memory_host.h"
 #include "frame/support/file_system_object.h"
 
@@ -36,7 +37,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     return true;
   }();
   if (!seeded) std::abort();
-  mdlPubSelf::fileSystemObject = FileSystemObject(&host.files);
+  mdlPubSelf::fileSystemObject = FileSystemObject(&host.fileSystem);
   for (const Text& command : {wide, narrow}) Check(command);
   mdlPubSelf::fileSystemObject = {};
   return 0;

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "doubles/memory_files.h"
 #include "doubles/memory_host.h"
 #include "frame/data_paths.h"
 #include "frame/start_up.h"

@@ -5,7 +5,9 @@
 #include <functional>
 #include <map>
 
+#include "doubles/memory_file_system.h"
 #include "doubles/memory_host.h"
+#include "doubles/memory_store.h"
 #include "frame/data_paths.h"
 #include "frame/start_up.h"
 #include "frame/support/file_system_object.h"

@@ -1,8 +1,10 @@
 #include "junk/junk_editor.h"
 
+#include "doubles/memory_file_system.h"
 #include "junk/junk_definitions.h"
 #include "junk/junk_list.h"
 #include "options/options_test.h"
+#include "platform/machine/services/machine_dialogs.h"
 #include "support/case.h"
 
 namespace tavix::mdlPubSelf {
@@ -101,7 +103,7 @@ TEST_F(JunkEditor, ReadOnlyFileStillGetsWhatTheUserEntered) {
   machine.dialogs.answers = {platform::kYes};
   frmPubOptions.sbtJF[2].Click();
   EXPECT_EQ(File(kUserJunkFile), asSeeded);
-  EXPECT_EQ(machine.files.Look(kUserJunkFile).value().attributes, kHidden | kSystem);
+  EXPECT_EQ(machine.fileSystem.Look(kUserJunkFile).value().attributes, kHidden | kSystem);
 }
 
 TEST_F(JunkEditor, TwoPatternsInOneAreRefusedAndTheTextStays) {

@@ -1,5 +1,6 @@
 #include "junk/junk_list.h"
 
+#include "doubles/memory_file_system.h"
 #include "junk/junk_definitions.h"
 #include "options/options_test.h"
 
@@ -13,7 +14,7 @@ class JunkList : public OptionsTest {
     JunkTypes = std::move(types);
     ShowJunkTypes();
   }
-  uint32_t AttributesOf(TextView file) { return machine.files.Look(file).value().attributes; }
+  uint32_t AttributesOf(TextView file) { return machine.fileSystem.Look(file).value().attributes; }
   // Text, pattern, tag, tick and colour of a row.
   static std::string Row(int row) {
     const ListView::Item item = frmPubOptions.lsvJF.Row(row);

@@ -1,6 +1,7 @@
 #include "options/common_types.h"
 
 #include "options/options_test.h"
+#include "platform/machine/services/machine_dialogs.h"
 
 namespace tavix::mdlPubSelf {
 namespace {

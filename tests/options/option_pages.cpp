@@ -2,6 +2,7 @@
 
 #include "forms/main_form.h"
 #include "options/options_test.h"
+#include "platform/machine/services/machine_dialogs.h"
 #include "support/case.h"
 
 namespace tavix::mdlPubSelf {

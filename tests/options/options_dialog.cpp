@@ -5,6 +5,7 @@
 #include "forms/main_form.h"
 #include "junk/junk_definitions.h"
 #include "options/options_test.h"
+#include "platform/file_system.h"
 
 namespace tavix::mdlPubSelf {
 namespace {

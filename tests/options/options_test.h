@@ -15,6 +15,7 @@
 #include "frame/messages.h"
 #include "frame/settings.h"
 #include "platform/dialogs.h"
+#include "platform/machine/services/journal.h"
 #include "support/program_test.h"
 #include "support/source_folder.h"
 

@@ -1,6 +1,8 @@
 #include "scan/privacy_files.h"
 
+#include "doubles/memory_shell.h"
 #include "forms/main_form.h"
+#include "platform/machine/formats/machine_facts.h"
 #include "scan/painting_watch.h"
 #include "scan/scan_driver.h"
 #include "scan/scan_test.h"

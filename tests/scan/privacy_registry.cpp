@@ -1,6 +1,8 @@
 #include "scan/privacy_registry.h"
 
 #include "forms/main_form.h"
+#include "platform/machine/services/machine_registry.h"
+#include "platform/registry.h"
 #include "scan/result_items.h"
 #include "support/program_test.h"
 

@@ -1,5 +1,6 @@
 #include "scan/registry_list.h"
 
+#include "platform/machine/services/machine_registry.h"
 #include "scan/registry_test.h"
 #include "scan/scan_watch.h"
 

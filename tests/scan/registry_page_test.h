@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/machine/services/machine_registry.h"
+#include "platform/registry.h"
 #include "scan/registry_test.h"
 
 namespace tavix::mdlPubSelf {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/registry.h"
 #include "scan/scan_test.h"
 
 namespace tavix::mdlPubSelf {

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <map>
 
+#include "doubles/memory_store.h"
+#include "platform/machine/services/machine_registry.h"
 #include "scan/registry_test.h"
 
 namespace tavix::mdlPubSelf {

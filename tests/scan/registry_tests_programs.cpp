@@ -1,5 +1,6 @@
 #include "scan/registry_tests.h"
 
+#include "platform/machine/services/machine_registry.h"
 #include "scan/registry_test.h"
 #include "support/case.h"
 

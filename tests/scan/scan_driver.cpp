@@ -4,6 +4,7 @@
 #include "frame/settings.h"
 #include "frame/support/pub_registry.h"
 #include "platform/event_queue.h"
+#include "platform/machine/host/machine_clock.h"
 #include "scan/result_items.h"
 #include "scan/scan_function.h"
 #include "support/case.h"

@@ -1,6 +1,11 @@
 #include "scan/system_rows.h"
 
+#include "doubles/memory_shell.h"
 #include "forms/main_form.h"
+#include "platform/event_logs.h"
+#include "platform/machine/formats/machine_facts.h"
+#include "platform/machine/services/journal.h"
+#include "platform/machine/services/machine_event_logs.h"
 #include "scan/scan_test.h"
 
 namespace tavix::mdlPubSelf {

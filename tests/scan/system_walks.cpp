@@ -1,8 +1,11 @@
 #include "scan/system_walks.h"
 
+#include "doubles/memory_shell.h"
 #include "forms/main_form.h"
 #include "frame/settings.h"
 #include "platform/event_queue.h"
+#include "platform/machine/formats/machine_facts.h"
+#include "platform/machine/host/machine_clock.h"
 #include "platform/shortcut_bytes.h"
 #include "scan/painting_watch.h"
 #include "scan/scan_driver.h"

@@ -9,6 +9,7 @@
 #include <chrono>
 
 #include "frame/start_up.h"
+#include "platform/file_system.h"
 #include "platform/machine/quick_place.h"
 #include "platform/machine/scratch_folder.h"
 #include "platform/machine/services/machine_host.h"

@@ -2,7 +2,9 @@
 
 #include <functional>
 
+#include "forms/main_form.h"
 #include "platform/event_queue.h"
+#include "platform/machine/host/machine_clock.h"
 #include "platform/shortcut_bytes.h"
 #include "scan/scan_test.h"
 #include "scan/walkers.h"
@@ -47,7 +49,7 @@ struct YieldCount : platform::EventQueue {
 class Walkers : public ScanTest {
  protected:
   Walkers() {
-    machine.facts.Set(u"Drives", u"C", u"2");
+    SetDrive(u"C");
     clock.Set(1000 * kDay + kDay / 2);
   }
   void AddDead(TextView path) {

@@ -17,6 +17,8 @@
 #include "frame/support/shell_object.h"
 #include "junk/junk_definitions.h"
 #include "platform/event_queue.h"
+#include "platform/machine/formats/machine_facts.h"
+#include "platform/machine/services/machine_registry.h"
 #include "scan/result_items.h"
 #include "scan/scan_driver.h"
 #include "scan/scan_function.h"

@@ -2,10 +2,17 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <iosfwd>
 #include <vector>
 
+#include "doubles/memory_files.h"
 #include "doubles/memory_host.h"
-#include "forms/main_form.h"
+#include "text/text.h"
+
+namespace tavix::platform {
+enum class Hive : uint32_t;
+}
 
 namespace tavix {
 

@@ -2,6 +2,7 @@
 
 #include "forms/main_form.h"
 #include "platform/application.h"
+#include "platform/machine/services/machine_desktop.h"
 #include "support/case.h"
 #include "support/program_test.h"
 

@@ -1,6 +1,7 @@
 #include "window/help.h"
 
 #include "controls/control.h"
+#include "doubles/memory_shell.h"
 #include "forms/about_form.h"
 #include "forms/main_form.h"
 #include "forms/product.h"
@@ -8,6 +9,8 @@
 #include "frame/messages.h"
 #include "frame/start_up.h"
 #include "platform/application.h"
+#include "platform/machine/services/journal.h"
+#include "platform/machine/services/machine_desktop.h"
 #include "support/program_test.h"
 #include "window/addresses.h"
 #include "window/input.h"

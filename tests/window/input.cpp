@@ -8,6 +8,7 @@
 #include "forms/main_form.h"
 #include "forms/options_form.h"
 #include "forms/type_form.h"
+#include "platform/machine/services/machine_desktop.h"
 #include "support/program_test.h"
 
 namespace tavix {

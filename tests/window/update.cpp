@@ -6,6 +6,10 @@
 #include "frame/messages.h"
 #include "frame/start_up.h"
 #include "platform/dialogs.h"
+#include "platform/machine/services/journal.h"
+#include "platform/machine/services/machine_dialogs.h"
+#include "platform/machine/services/machine_network.h"
+#include "platform/network.h"
 #include "support/program_test.h"
 #include "window/addresses.h"
 

@@ -3,7 +3,11 @@
 #include <gtest/gtest.h>
 
 #include "controls/menu.h"
+#include "doubles/memory_file_system.h"
 #include "doubles/memory_host.h"
+#include "doubles/memory_shell.h"
+#include "doubles/memory_store.h"
+#include "platform/machine/formats/machine_facts.h"
 #include "platform/shortcut_bytes.h"
 #include "support/case.h"
 
@@ -52,7 +56,7 @@ class PubCommon : public testing::Test {
   }
 
   machine::MemoryHost host;
-  clsPubCommon common{&host.files, &host.shell};
+  clsPubCommon common{&host.fileSystem, &host.shell};
 };
 
 TEST_F(PubCommon, LoadsTheTextsOfAFormFromItsSection) {

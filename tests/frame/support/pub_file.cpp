@@ -1,5 +1,6 @@
 #include "frame/support/pub_file.h"
 
+#include "doubles/memory_file_system.h"
 #include "support/program_test.h"
 
 namespace tavix {
@@ -11,7 +12,7 @@ class PubFile : public ProgramTest {
   PubFile() { machine.files.AddFolder(u"C:\\"); }
   void Write(std::string_view content) { machine.files.AddFile(kFile, {.content = std::string(content)}); }
   std::string Read() { return machine.files.ReadFile(kFile).value_or("missing"); }
-  clsPubFile file{&machine.files};
+  clsPubFile file{&machine.fileSystem};
 };
 
 TEST_F(PubFile, AppendCreatesTheFileAndEndsEachTextWithALineEnd) {

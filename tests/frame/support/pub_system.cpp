@@ -1,5 +1,11 @@
 #include "frame/support/pub_system.h"
 
+#include "doubles/memory_file_system.h"
+#include "doubles/memory_shell.h"
+#include "platform/machine/formats/machine_facts.h"
+#include "platform/machine/services/journal.h"
+#include "platform/machine/services/machine_desktop.h"
+#include "platform/machine/services/machine_dialogs.h"
 #include "support/program_test.h"
 
 namespace tavix {
@@ -16,7 +22,7 @@ class PubSystem : public ProgramTest {
     system.ReadProfileString(kFile, section, key, value);
     return value;
   }
-  clsPubSystem system{{&machine.shell, &machine.files, &machine.dialogs, &machine.desktop}};
+  clsPubSystem system{{&machine.shell, &machine.fileSystem, &machine.dialogs, &machine.desktop}};
 };
 
 TEST_F(PubSystem, MissingFileSectionOrKeyGivesTheEmptyText) {

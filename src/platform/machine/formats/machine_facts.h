@@ -3,7 +3,7 @@
 #include <optional>
 #include <vector>
 
-#include "platform/file_system.h"
+#include "platform/drive.h"
 #include "platform/machine/formats/file_store.h"
 #include "platform/machine/formats/machine_ini.h"
 

@@ -2,6 +2,9 @@
 
 #include <set>
 
+#include "platform/machine/formats/machine_facts.h"
+#include "platform/machine/services/journal.h"
+#include "platform/machine/services/machine_file_system.h"
 #include "platform/recycle_bin_text.h"
 #include "text/letter_case.h"
 #include "text/utf8.h"

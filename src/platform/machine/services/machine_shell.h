@@ -1,11 +1,13 @@
 #pragma once
 
-#include "platform/machine/formats/machine_facts.h"
-#include "platform/machine/services/journal.h"
-#include "platform/machine/services/machine_file_system.h"
+#include "platform/machine/services/recycle_bin.h"
 #include "platform/shell.h"
 
 namespace tavix::machine {
+
+class Journal;
+class MachineFacts;
+class MachineFileSystem;
 
 // The shell of a machine that isn't the running Windows. Nothing is started. Calls are recorded in the
 // journal and take effect on files and machine.ini.

@@ -1,5 +1,7 @@
 #include "platform/machine/services/machine_trust.h"
 
+#include "platform/machine/formats/machine_facts.h"
+#include "platform/machine/services/machine_file_system.h"
 #include "text/letter_case.h"
 
 namespace tavix::machine {
@@ -31,5 +33,7 @@ bool MachineTrust::LiesAmongPrograms(TextView folder) {
   return holdsIt(facts_.Value(u"Environment", u"WinDir")) || holdsIt(facts_.Value(u"Folders", u"36")) ||
          holdsIt(facts_.Value(u"Folders", u"38")) || holdsIt(facts_.Value(u"Folders", u"42"));
 }
+
+bool MachineTrust::Rename(TextView path, TextView name) { return files_.Rename(path, name); }
 
 }  // namespace tavix::machine

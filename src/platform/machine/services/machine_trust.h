@@ -1,9 +1,11 @@
 #pragma once
 
-#include "platform/machine/services/machine_file_system.h"
 #include "platform/trust.h"
 
 namespace tavix::machine {
+
+class MachineFacts;
+class MachineFileSystem;
 
 // A machine in a folder has one user, who isn't elevated. It has no owners and no access lists.
 class MachineTrust : public platform::Trust {
@@ -16,7 +18,7 @@ class MachineTrust : public platform::Trust {
   platform::Protection Protect(TextView) override { return platform::Protection::Failed; }
   // The program folders are `WinDir` and the shell folders 36, 38 and 42: Windows, programs, 32-bit programs.
   bool LiesAmongPrograms(TextView folder) override;
-  bool Rename(TextView path, TextView name) override { return files_.Rename(path, name); }
+  bool Rename(TextView path, TextView name) override;
 
  private:
   // The folder's path with all links resolved. For a missing folder, that of the nearest folder above it that

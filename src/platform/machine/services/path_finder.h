@@ -4,6 +4,7 @@
 #include <optional>
 #include <vector>
 
+#include "platform/existence.h"
 #include "platform/machine/formats/file_store.h"
 #include "platform/machine/formats/machine_facts.h"
 #include "platform/machine/formats/machine_path.h"

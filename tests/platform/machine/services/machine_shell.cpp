@@ -3,7 +3,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "doubles/memory_files.h"
 #include "doubles/memory_host.h"
+#include "doubles/memory_shell.h"
+#include "doubles/memory_store.h"
+#include "platform/machine/formats/machine_facts.h"
+#include "platform/machine/services/journal.h"
 
 namespace tavix::machine {
 namespace {
