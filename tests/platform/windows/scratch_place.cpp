@@ -73,7 +73,8 @@ std::string HostPath(const Text& path) {
 }
 
 // Runs a host program by Wine. It has no Windows process to wait for, so this waits until the path exists or
-// is gone.
+// is gone. Wine leaves arbitrary values in the handles of `process`: to close them would close handles that
+// belong to others, such as the one that Wine keeps for HKEY_LOCAL_MACHINE.
 bool RunOnHost(TextView program, TextView arguments, const Text& path, bool comes) {
   STARTUPINFOW start = {};
   start.cb = sizeof(start);
@@ -83,8 +84,6 @@ bool RunOnHost(TextView program, TextView arguments, const Text& path, bool come
   if (!CreateProcessW(Wide(file), WideBuffer(line.data()), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
                       &start, &process))
     return false;
-  CloseHandle(process.hThread);
-  CloseHandle(process.hProcess);
   return WaitUntil([&] { return (AttributesOf(path) != INVALID_FILE_ATTRIBUTES) == comes; });
 }
 
