@@ -1,7 +1,5 @@
 #include "options/options_dialog.h"
 
-#include <ranges>
-
 #include "forms/main_form.h"
 #include "forms/options_form.h"
 #include "frame/data_paths.h"
@@ -26,7 +24,8 @@ constexpr Color kWhite = 0xFFFFFF;
 // Puts the controls back to their state before any earlier opening.
 void Renew(OptionsForm& form) {
   form.ActiveControl = nullptr;
-  for (CheckBox& box : form.cbxDF | std::views::drop(1)) box.Value = 0;  // the first is a fixed rule
+  // The first box is a fixed rule and stays ticked.
+  for (size_t i = 1; i < form.cbxDF.size(); ++i) form.cbxDF[i].Value = 0;
   for (OptionButton& button : form.optDF) button.Value = false;
   for (OptionButton& button : form.optCM) button.Value = false;
   for (OptionButton& button : form.optOO) button.Value = false;
