@@ -40,7 +40,7 @@ class ForeignData(update_program.UpdateTest):
 
     def refuse(self, place):
         before = state(self.victim)
-        process, _ = self.start(TAVIX)
+        process = self.start(TAVIX)
         said = next(text for text in self.box() if text.startswith(SAID))
         self.screenshot("foreign-data")
         windows = "C:\\" + "\\".join(place.relative_to(self.machine.drive_c).parts)
@@ -66,7 +66,7 @@ class ForeignData(update_program.UpdateTest):
         self.data.parent.mkdir()
         self.data.symlink_to("../Victim")
         before = state(self.victim)
-        process, _ = self.start(TAVIX)
+        process = self.start(TAVIX)
         self.press("OK")
         driver.wait_for("the second box", lambda: any("could not be given another name" in text for text in self.box()))
         self.press("OK")
@@ -80,7 +80,7 @@ class ForeignData(update_program.UpdateTest):
             folder.mkdir(parents=True, exist_ok=True)
             folder.chmod(0o777)
         self.data.parent.chmod(0o777)
-        process, _ = self.start(TAVIX)
+        process = self.start(TAVIX)
         self.wait_for_the_window_alone(process)
         for folder in (self.data.parent, self.data, backup):
             self.assertEqual(folder.stat().st_mode & 0o002, 0, folder)
