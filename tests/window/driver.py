@@ -63,7 +63,9 @@ def wait_for(what, condition):
 
 
 def environment(prefix, display):
-    return {**os.environ, "WINEPREFIX": str(prefix), "DISPLAY": display}
+    """The environment of the prefix's programs. Wine's errors are shown: now and then one of its processes ends at once
+    with status 1, and nobody knows why yet."""
+    return {"WINEDEBUG": "-all,err+all", **os.environ, "WINEPREFIX": str(prefix), "DISPLAY": display}
 
 
 def stand_in():
