@@ -12,7 +12,7 @@ constexpr Color kWindowBackground = 0x80000005;
 constexpr Color kWindowText = 0x80000008;
 constexpr Color kButtonFace = 0x8000000F;
 
-// The object whose properties these are. It is told of their changes.
+// Owns properties and is called when one of them changes.
 class PropertyOwner {
  public:
   virtual ~PropertyOwner() = default;

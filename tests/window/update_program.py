@@ -193,7 +193,9 @@ class AtStart(UpdateTest):
         process = self.start()
         # The site never answers: only the end of the six seconds lets the window come.
         self.wait_for_the_window_alone(process)
-        self.assertGreater(time.monotonic() - begin, 5.9)
+        took = time.monotonic() - begin
+        self.assertGreater(took, 5.9)
+        self.assertLess(took, 60)  # a busy machine takes its time; a site that isn't given up holds the start for good
         self.assertEqual(site.requests, ["/latestver.txt"])
 
     def test_a_site_that_sends_a_byte_now_and_then_holds_the_start_up_for_six_seconds(self):
@@ -211,7 +213,9 @@ class AtStart(UpdateTest):
         process = self.start()
         # The site sends until the test ends.
         self.wait_for_the_window_alone(process)
-        self.assertGreater(time.monotonic() - begin, 5.9)
+        took = time.monotonic() - begin
+        self.assertGreater(took, 5.9)
+        self.assertLess(took, 60)  # a busy machine takes its time; a site that isn't given up holds the start for good
         self.assertEqual(site.requests, ["/latestver.txt"])
 
     def test_a_login_page_of_the_network_is_silent(self):

@@ -4,8 +4,8 @@
 
 namespace tavix::win32 {
 
-// What lies behind the controls of the main window and has no window of its own: its outline, the title strip
-// with two logos that can be clicked, and the lower panel.
+// Paints the parts of the main window that are no controls: the outline, the title strip with its two
+// clickable logos, and the lower panel.
 class Background {
  public:
   explicit Background(WindowContext& context) : context_(context) {}

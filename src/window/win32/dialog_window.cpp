@@ -151,7 +151,7 @@ bool DialogWindow::PressKey(const MSG& message) {
   return Press(dialog_.enter), true;
 }
 
-// The box in focus keeps the focus, but its form is told as if it had lost it.
+// Runs the LostFocus handler of the focused box. The focus itself stays.
 void DialogWindow::Press(Button* button) {
   TextBoxBinding* const box = BoxInFocus();
   Control* const active = form_.ActiveControl;
@@ -247,7 +247,8 @@ void DialogWindow::OnPaint(HDC canvas, const RECT& area) {
   FillArea(canvas, area, context_->colors.background);
 }
 
-// A button pressed by its letter has taken the focus already. The form of the box before it is told first.
+// A button pressed by its letter already has the focus. The text box that lost it runs its LostFocus handler
+// first.
 void DialogWindow::OnCommand(WindowBinding& control, int code) {
   const bool option = dynamic_cast<OptionButtonBinding*>(&control) != nullptr;
   if (code == BN_CLICKED && !option && !ReportLeftBox()) return;
