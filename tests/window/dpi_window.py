@@ -1,7 +1,6 @@
 """The main window on screens of other resolutions and with the longest words. Run by CTest, or:
 TAVIX_BUILD=build/windows python3 -m unittest dpi_window"""
 import shutil
-import subprocess
 import unittest
 
 import driver
@@ -16,11 +15,7 @@ SMALL, BIG = (11529, 8650), (14895, 11175)  # twips
 class Resolution(SeededMachine):
     def open_at(self, dpi, catalogue=None):
         if dpi != 96:
-            self.machine.run("reg", "add", r"HKCU\Control Panel\Desktop", "/v", "LogPixels", "/t", "REG_DWORD", "/d",
-                             str(dpi), "/f")
-            # Windows reads it when it starts.
-            subprocess.run(["wineserver", "-k"], env=self.machine.environment, check=False)
-            subprocess.run(["wineserver", "-w"], env=self.machine.environment, check=False)
+            self.machine.set_resolution(dpi)
         self.machine.set_interface_size("Auto")
         if catalogue is None:
             return self.start()

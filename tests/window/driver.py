@@ -8,6 +8,7 @@ import json
 import os
 import pathlib
 import re
+import select
 import shutil
 import subprocess
 import sys
@@ -100,6 +101,45 @@ class Display:
         self._server.wait()
 
 
+class Reader:
+    """The program that reads windows. It runs until it is closed."""
+
+    def __init__(self, machine):
+        self._errors = tempfile.TemporaryFile()
+        self._process = subprocess.Popen([WINE, machine.tool(READER)], env=machine.environment, stdin=subprocess.PIPE,
+                                         stdout=subprocess.PIPE, stderr=self._errors)
+
+    def read(self, window_class):
+        """The lines about the visible window of a class, "" for the main window. None if there is no such window."""
+        self._process.stdin.write(window_class.encode() + b"\n")
+        self._process.stdin.flush()
+        answer = b""
+        while not answer.endswith((b"\nend\n", b"none\n")):
+            answer += self._more(window_class)
+        return None if answer.endswith(b"none\n") else answer.decode().splitlines()[:-1]
+
+    def _more(self, window_class):
+        # Services that Wine starts with the reader keep its pipe open, so its end isn't seen in the pipe.
+        end = time.monotonic() + PATIENCE
+        while not select.select([self._process.stdout], [], [], 0.5)[0]:
+            if self._process.poll() is not None:
+                self._errors.seek(0)
+                raise AssertionError(f"the reader ended with {self._process.returncode} when it was asked for "
+                                     f"'{window_class}':\n{self._errors.read().decode(errors='replace')}")
+            if time.monotonic() > end:
+                raise Timeout(f"waited {PATIENCE} seconds for the reader")
+        return os.read(self._process.stdout.fileno(), 1 << 20)
+
+    def is_running(self):
+        return self._process.poll() is None
+
+    def close(self):
+        self._process.stdin.close()
+        self._process.wait(timeout=PATIENCE)
+        self._process.stdout.close()
+        self._errors.close()
+
+
 class Machine:
     """A Windows machine: a private prefix on a display."""
 
@@ -122,8 +162,27 @@ class Machine:
         self.environment = environment(prefix, self.display.name)
         self.drive_c = prefix / "drive_c"
         self._tools = {}
+        self._reader = None
+
+    def look(self, window_class=""):
+        """What a visible window shows, by its class; "" is the main window. None if there is no such window."""
+        if self._reader is None:
+            self._reader = Reader(self)
+        return self._reader.read(window_class)
+
+    def close_reader(self):
+        if self._reader is not None:
+            self._reader.close()
+        self._reader = None
+
+    def set_resolution(self, dpi):
+        """For the programs that start next. Windows reads it when it starts, so all programs end."""
+        self.run("reg", "add", r"HKCU\Control Panel\Desktop", "/v", "LogPixels", "/t", "REG_DWORD", "/d", str(dpi), "/f")
+        self.close_reader()
+        wine_prefix.stop(self.prefix)
 
     def leave(self):
+        self.close_reader()
         wine_prefix.stop(self.prefix)
         self.display.close()
 
@@ -202,9 +261,8 @@ class Program:
     def _opened(self):
         if self._process.poll() is not None:
             raise AssertionError(f"tavix.exe ended with {self._process.returncode}")
-        # The reader ends with 1 while there is no window.
-        output = self.machine.run(READER, allowed=(0, 1))
-        scan = Shown.of(output).controls.get(SCAN) if output is not None else None
+        lines = self.machine.look()
+        scan = Shown.of(lines).controls.get(SCAN) if lines is not None else None
         return scan is not None and scan["visible"]
 
     def _tool(self, *command):
@@ -276,7 +334,7 @@ class Program:
 
     def shows(self, window_class):
         """Whether there is a window of a class on the screen."""
-        return self.machine.run(READER, window_class, allowed=(0, 1)) is not None
+        return self.machine.look(window_class) is not None
 
     def wait_for_menu(self):
         return self.wait_until("the menu", lambda s: s.menu)
@@ -297,7 +355,7 @@ class Program:
 
     def read(self):
         """What the window shows."""
-        return Shown.of(self.machine.run(READER))
+        return Shown.of(self.machine.look())
 
     def wait_until(self, what, condition):
         """Waits until `condition` of the window's content is true, and returns the content."""
@@ -353,8 +411,8 @@ class Shown:
         self.nodes = [line for line in lines if "node" in line]
 
     @classmethod
-    def of(cls, output):
-        return cls([json.loads(line) for line in output.splitlines()])
+    def of(cls, lines):
+        return cls([json.loads(line) for line in lines])
 
     def control(self, number):
         return self.controls[number]

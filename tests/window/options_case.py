@@ -6,7 +6,7 @@ import subprocess
 
 import driver
 from control_ids import ids
-from driver import BUILD, READER, messages
+from driver import BUILD, messages
 from seeded import SeededMachine
 
 PAGE_TREE, PICTURE, TITLE, REMARK, RECOMMEND, SAVE, CLOSE = ids(
@@ -34,8 +34,8 @@ DATA = pathlib.Path("MORVDataPath") / "TVX"
 class Dialog:
     """One reading of a modal window."""
 
-    def __init__(self, output):
-        lines = [json.loads(line) for line in output.splitlines()]
+    def __init__(self, lines):
+        lines = [json.loads(line) for line in lines]
         last = lines.pop()
         self.title, self.enabled, self.rect, self.inside = (last[k] for k in ("title", "enabled", "rect", "inside"))
         self.controls, self.content = {}, {}
@@ -85,11 +85,7 @@ class OptionsCase(SeededMachine):
         super().setUp()
         self.data = self.machine.drive_c / DATA
         if self.dpi != 96:
-            self.machine.run("reg", "add", r"HKCU\Control Panel\Desktop", "/v", "LogPixels", "/t", "REG_DWORD", "/d",
-                             str(self.dpi), "/f")
-            # Windows reads it when it starts.
-            subprocess.run(["wineserver", "-k"], env=self.machine.environment, check=False)
-            subprocess.run(["wineserver", "-w"], env=self.machine.environment, check=False)
+            self.machine.set_resolution(self.dpi)
         self.folder = self.machine.drive_c / "Tavix"
         self.folder.mkdir()
         shutil.copy(BUILD / "tavix.exe", self.folder)
@@ -106,8 +102,8 @@ class OptionsCase(SeededMachine):
 
     def window(self, name=OPTIONS_WINDOW):
         """What a window shows, or None if it isn't on the screen."""
-        output = self.machine.run(READER, name, allowed=(0, 1))
-        return None if output is None else Dialog(output)
+        lines = self.machine.look(name)
+        return None if lines is None else Dialog(lines)
 
     def wait_for_window(self, what, condition=lambda w: True, name=OPTIONS_WINDOW):
         def look():

@@ -110,7 +110,7 @@ class UpdateTest(unittest.TestCase):
         self.click(place)
 
     def try_window(self):
-        shown = self.machine.run(driver.READER, allowed=(0, 1))
+        shown = self.machine.look()
         shown = shown and driver.Shown.of(shown)
         scan = shown and shown.controls.get(driver.SCAN)
         return shown if scan and scan["visible"] else None

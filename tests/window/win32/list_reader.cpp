@@ -1,10 +1,14 @@
-// Prints what the main window shows: one JSON object a line, in UTF-8. It reads the window from another
-// process, by messages. First comes the window itself, then each control as {"control":id,"text":...}, then
-// the columns and rows of the result list, the rows of the function list and the nodes of the trees. Only the
-// first thousand rows of a list are printed. Rectangles are left, top, right, bottom on the screen.
+// Reads windows of another process, by messages. Each line of the input asks for one window, and the answer
+// ends with the line "end", or "none" if the window isn't there. The program stays, because its start takes
+// much longer than an answer.
 //
-// With the class of another window as its argument it prints that one: each list and tree after its control,
-// and the title last.
+// An empty line asks for the main window. The answer has one JSON object a line, in UTF-8: first the window
+// itself, then each control as {"control":id,"text":...}, then the columns and rows of the result list, the
+// rows of the function list and the nodes of the trees. Only the first thousand rows of a list are printed.
+// Rectangles are left, top, right, bottom on the screen.
+//
+// Any other line is the class of a window. Each list and tree of it comes after its control, and the title
+// last.
 
 // clang-format off
 #include "platform/windows/windows_api.h"
@@ -16,6 +20,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <iostream>
 #include <string>
 
 #include "platform/windows/wide.h"
@@ -242,12 +247,13 @@ BOOL CALLBACK PrintContent(HWND control, LPARAM window) {
   return TRUE;
 }
 
-int PrintWindow(const wchar_t* className) {
+// False if there is no such window.
+bool PrintWindow(const wchar_t* className) {
   // A class may have several windows, such as tool tips; at most one is visible.
   HWND window = nullptr;
   do {
     window = FindWindowExW(nullptr, window, className, nullptr);
-    if (window == nullptr) return 1;
+    if (window == nullptr) return false;
   } while (IsWindowVisible(window) == FALSE);
   lettersAreMarked = true;
   EnumChildWindows(window, PrintContent, reinterpret_cast<LPARAM>(window));
@@ -259,18 +265,16 @@ int PrintWindow(const wchar_t* className) {
   std::printf("{\"title\":%s,\"enabled\":%s,\"rect\":%s,\"inside\":%s}\n",
               Quoted(windows::FromWide(title.data())).c_str(), Flag(IsWindowEnabled(window) != FALSE),
               Rectangle(nullptr, place).c_str(), Rectangle(window, inside).c_str());
-  return 0;
+  return true;
 }
 
-}  // namespace
-
-int main(int count, char** values) {
-  _setmode(_fileno(stdout), _O_BINARY);
-  if (count == 2) return PrintWindow(windows::ToWide(FromUtf8(values[1]).value_or(Text())).c_str());
+// False if there is no window, or its program ends just now.
+bool PrintMainWindow() {
   const HWND window = FindWindowW(kMainWindowClass, nullptr);
-  if (window == nullptr) return 1;
+  if (window == nullptr) return false;
   const RemoteRoom room(window);
-  if (!room.IsThere()) return 2;
+  if (!room.IsThere()) return false;
+  lettersAreMarked = false;
   RECT place;
   GetWindowRect(window, &place);
   const DWORD state = ThreadState(window).flags;
@@ -285,6 +289,20 @@ int main(int count, char** values) {
   for (const int id : {kIdPrivacyTree, kIdScopeTree}) {
     const HWND tree = GetDlgItem(window, id);
     PrintNodes(room, tree, Next(tree, TVGN_ROOT, nullptr), 0);
+  }
+  return true;
+}
+
+}  // namespace
+
+int main() {
+  _setmode(_fileno(stdin), _O_BINARY);
+  _setmode(_fileno(stdout), _O_BINARY);
+  for (std::string asked; std::getline(std::cin, asked);) {
+    const bool found = asked.empty() ? PrintMainWindow()
+                                     : PrintWindow(windows::ToWide(FromUtf8(asked).value_or(Text())).c_str());
+    std::puts(found ? "end" : "none");
+    std::fflush(stdout);
   }
   return 0;
 }
