@@ -1,12 +1,10 @@
 #!/usr/bin/env python3
-"""Takes screenshots of tavix.exe: show_window.py BUILD SCREENSHOTS, in the prefix that WINEPREFIX names. Opens it on
+"""Takes pictures of the window of tavix.exe: show_window.py BUILD SCREENSHOTS, in the prefix that WINEPREFIX names. Opens it on
 virtual displays, goes through its pages by keys and scans. Prints the paths of the screenshots and what was found.
 Takes both sizes of the window at 96 DPI, and the big one at 192 DPI."""
 import os
 import pathlib
-import shutil
 import sys
-import time
 
 TOP = pathlib.Path(__file__).resolve().parents[1]
 PAGES = (("s", "system"), ("r", "registry"), ("a", "advanced"), ("p", "privacy"))
@@ -17,13 +15,17 @@ SCREENS = (("small", "800x600", 96), ("big-192", "2048x1536", 192), ("big", "102
 def tour(driver, program, take):
     """Takes screenshots of each page, a scan, and an icon under the mouse. Returns what was found."""
     for key, page in PAGES:
+        window = program.read().rect
+        before = program.pixels(window)
         program.key(key)
-        time.sleep(0.5)
+        driver.wait_for("the page", lambda window=window, before=before: program.pixels(window) != before)
         take(page)
     shown = program.scan()
     take("scanned")
-    program.move_onto(shown.control(driver.SYSTEM)["rect"])
-    time.sleep(0.3)
+    icon = shown.control(driver.SYSTEM)["rect"]
+    dark = program.pixels(icon)
+    program.move_onto(icon)
+    driver.wait_for("the light", lambda: program.pixels(icon) != dark)
     take("lit")
     return shown
 
@@ -45,7 +47,7 @@ def main(build, screenshots):
             if (machine.drive_c / "MORVDataPath" / "TVX" / "tvx.dll").exists():
                 machine.set_interface_size("Auto")
             program = driver.Program(machine)
-            shown = tour(driver, program, lambda what: shutil.copy(program.screenshot(f"{name}-{what}"), screenshots))
+            shown = tour(driver, program, lambda what: program.painted(screenshots / f"{name}-{what}.png"))
             # Alt+F4 closes the window as a user would.
             program.key("alt+F4")
             status = program.exit_status() or status

@@ -353,6 +353,17 @@ class Program:
         self._tool("import", "-window", "root", str(folder / f"{name}.png"))
         return folder / f"{name}.png"
 
+    def painted(self, file):
+        """Takes a picture of the window alone, when all of it has been painted: the picture before was the same."""
+        before = None
+        while True:
+            left, top, right, bottom = self.read().rect
+            self._tool("import", "-window", "root", "-crop", f"{right - left}x{bottom - top}+{left}+{top}", "+repage",
+                       str(file))
+            if (now := file.read_bytes()) == before:
+                return
+            before = now
+
     def read(self):
         """What the window shows."""
         return Shown.of(self.machine.look())
