@@ -201,7 +201,7 @@ class Trial {
     judge_.settings = CurrentSettings();
     const RegistryPicture registryBefore = PictureOf(host_.registry);
     CleanOracle oracle(judge_.before, registryBefore, CurrentSettings());
-    judge_.AddWhatMayGo(rows, oracle, judge_.before);
+    judge_.AddWhatMayGo(rows, oracle);
     host_.journal.Clear();
 
     if (trouble_ == Trouble::Kill) {
@@ -407,8 +407,7 @@ class Trial {
       judge_.swapped = from;
       testDisk_.Rename(from, kMovedAside);
       Put(from, {EntryKind::Link, {}, Concat(u"\\", to)});
-      const DiskPicture picture = Picture();
-      judge_.AddWhatMayGo(rows, CleanOracle(picture, {}, CurrentSettings()), picture);
+      judge_.AddWhatMayGo(rows, CleanOracle(Picture(), {}, CurrentSettings()));
     };
   }
 
