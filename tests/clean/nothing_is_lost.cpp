@@ -116,12 +116,17 @@ TEST(NothingIsLost, OnMachinesInMemory) {
   }
   RecordProperty("machines", tally.machines);
   std::cout << tally.machines << " machines, " << tally.removed << " items removed, " << tally.refused
-            << " ticked rows refused, " << tally.registry << " registries cleaned\n";
+            << " ticked rows refused, " << tally.registry << " registries cleaned, " << tally.denied
+            << " with denied keys, " << tally.exact << " machines as predicted\n";
   if (seeds.count < 50) return;
   // The test proves nothing unless the machines have enough to clean and to refuse.
   EXPECT_GT(tally.removed, tally.machines);
   EXPECT_GT(tally.refused, tally.machines);
   EXPECT_GT(tally.registry, tally.machines / 20);
+  EXPECT_GT(tally.exact, tally.machines / 4);
+  if (tally.machines > 150) {
+    EXPECT_GT(tally.denied, 0);
+  }
 }
 
 }  // namespace
