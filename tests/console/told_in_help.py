@@ -109,6 +109,51 @@ class NamesThatAreCut(Machine):
         self.assertEqual(self.registry()[self.RUN.upper()], {"Tool: old": "C:\\gone.exe"})
 
 
+class ThereAndListed(Machine):
+    """Entries that are listed although their targets exist."""
+    WINDOWS = "HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows\\"
+
+    def setUp(self):
+        super().setUp()
+        self.write("machine.ini", "[Environment]\nWinDir=C:\\Windows\n[Drives]\nC=2,System\n")
+        for name in ("Windows/Help/a.chm", "Windows/System32/a.dll", "Tools/My Tool.exe", "Tools/tool.exe",
+                     "My Files/a", "A - B/a"):
+            self.write("drives/C/" + name, "x")
+
+    def listed(self, function, key, **values):
+        """The value names that the function lists of a key with these values."""
+        quoted = lambda text: '"' + text.replace("\\", "\\\\").replace('"', '\\"') + '"'
+        lines = [quoted(name) + "=" + quoted(data) for name, data in values.items()]
+        self.write("registry/all.reg", f"Windows Registry Editor Version 5.00\n\n[{key}]\n" + "\n".join(lines) + "\n")
+        rows, _ = self.scan("--page", "registry", "--function", function)
+        return [row["Tag"].rsplit(", ", 1)[1] for row in rows]
+
+    def names_listed(self, function, key, *names):
+        return self.listed(function, key, **dict.fromkeys(names, ""))
+
+    def test_names_of_programs(self):
+        blank = ["C:\\Tools\\My Tool.exe,-101", "C:\\Tools\\My Tool.exe.FriendlyAppName"]
+        key = "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\ShellNoRoam\\MUICache"
+        self.assertEqual(self.names_listed("MUI Cache Issues", key, "C:\\Tools\\My Tool.exe", "C:\\Tools\\tool.exe,-101",
+                                           *blank), blank)
+
+    def test_folders_of_installers(self):
+        blank = ["C:\\A - B\\", "C:\\My Files"]
+        key = self.WINDOWS + "CurrentVersion\\Installer\\Folders"
+        self.assertEqual(self.names_listed("Redundant Installers", key, "C:\\My Files\\", "C:\\Tools", *blank), blank)
+
+    def test_help_files(self):
+        self.assertEqual(self.listed("Help Files Issues", self.WINDOWS + "Html Help", **{
+            "a.chm": "%windir%\\Help", "C:\\Windows\\Help\\a.chm": ""}), ["a.chm", "C:\\Windows\\Help\\a.chm"])
+        self.assertEqual(self.listed("Help Files Issues", self.WINDOWS + "Html Help", **{"a.chm": "C:\\Windows\\Help"}),
+                         [])
+
+    def test_shared_libraries(self):
+        key = self.WINDOWS + "CurrentVersion\\SharedDlls"
+        self.assertEqual(self.names_listed("Missing Shared DLLs", key, "a.dll", '"C:\\Windows\\System32\\a.dll"',
+                                           "C:\\Windows\\System32\\a.dll"), ["a.dll", '"C:\\Windows\\System32\\a.dll"'])
+
+
 class JunkTypes(Machine):
     OWN = "First\t*.abc\tY\tY\r\nSecond\t*.def\tY\tN\r\nSign\t*.#12\tY\tY\r\nSet\t*.[x]\tY\tY\r\n"
 
