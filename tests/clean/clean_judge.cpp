@@ -18,11 +18,6 @@ namespace {
 
 bool IsLostFile(const DiskItem& item) { return item.kind == EntryKind::File && !item.content.empty(); }
 
-void AddTree(Keys& keys, const DiskPicture& disk, const Text& key) {
-  keys.insert(key);
-  for (const Text& child : disk.Children(key)) AddTree(keys, disk, child);
-}
-
 // Whether the item is in its old place, or where the method puts it: under its name, or the name with a
 // suffix.
 bool IsSafe(const Text& key, const Text& place, const CleanOracle& oracle) {
@@ -42,13 +37,12 @@ Text CleanJudge::KeyAfterSwap(const Text& key) const {
   return Concat(ParentOf(*swapped), u"\\", kMovedAside, TextView(key).substr(swapped->size()));
 }
 
-void CleanJudge::AddWhatMayGo(const std::vector<Row>& rows, const CleanOracle& oracle,
-                              const DiskPicture& disk) {
+void CleanJudge::AddWhatMayGo(const std::vector<Row>& rows, CleanOracle oracle) {
   for (const Row& row : rows) {
-    if (!row.fields.checked) continue;
-    if (const auto key = oracle.Target(row)) AddTree(mayGo, disk, *key);
-    if (const auto key = oracle.LinkTarget(row)) mayGo.insert(*key);
+    if (row.fields.checked) oracle.AddWhatMayGo(row);
   }
+  oracle.Clean(rows);
+  mayGo.insert(oracle.MayGo().begin(), oracle.MayGo().end());
 }
 
 void CleanJudge::CheckNothingIsLost(const std::vector<Row>& rows, const CleanOracle& oracle,
@@ -116,7 +110,7 @@ void CleanJudge::CheckRowsLeft(const std::vector<Row>& rows, const DiskPicture& 
   std::map<Text, int> targets;
   for (const Row& row : rows) {
     Keys keys;
-    if (const auto key = row.fields.checked ? oracle.Target(row) : std::nullopt) AddTree(keys, before, *key);
+    if (const auto key = row.fields.checked ? oracle.Target(row) : std::nullopt) before.AddTree(keys, *key);
     for (const Text& key : keys) ++targets[key];
   }
   const std::vector<RowFields> left = ResultRows();

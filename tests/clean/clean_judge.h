@@ -10,8 +10,6 @@
 
 namespace tavix::lost {
 
-using Keys = std::set<Text, LessIgnoringCase>;
-
 // The name that a folder gets when a link takes its place during a clean.
 constexpr TextView kMovedAside = u"moved aside";
 
@@ -26,8 +24,9 @@ struct CleanJudge {
   std::optional<Text> swapped;  // the folder that became a link during the clean
   bool namedFaults = false;     // whether calls fail again and again
 
-  // Adds to `mayGo` what the ticked rows stand for on this disk.
-  void AddWhatMayGo(const std::vector<Row>& rows, const CleanOracle& oracle, const DiskPicture& disk);
+  // Adds to `mayGo` what the ticked rows stand for on the oracle's disk: as it is now, because calls may
+  // fail, and at the turn of each row.
+  void AddWhatMayGo(const std::vector<Row>& rows, CleanOracle oracle);
   // Whatever failed: each content is in its old place, in the bin or in the backup folder, and items that no
   // ticked row may remove are unchanged.
   void CheckNothingIsLost(const std::vector<Row>& rows, const CleanOracle& oracle,

@@ -138,6 +138,11 @@ std::optional<Text> CleanOracle::LinkTarget(const Row& row) const {
   return key && disk_.Find(*key)->kind == EntryKind::Link ? key : std::nullopt;
 }
 
+void CleanOracle::AddWhatMayGo(const Row& row) {
+  if (const auto key = Target(row)) disk_.AddTree(mayGo_, *key);
+  if (const auto key = LinkTarget(row)) mayGo_.insert(*key);
+}
+
 void CleanOracle::Recycle(const Text& key, const Text& path) {
   calls_.emplace_back(u"DeleteToRecycleBin", path);
   if (settings_.everyFolderIsAVolume && disk_.Find(key)->kind != EntryKind::File) return;
@@ -269,6 +274,7 @@ void CleanOracle::Clean(const std::vector<Row>& rows) {
   int cleaned = 0;
   float kilobytes = 0;
   for (size_t i = rows.size(); i-- > 0;) {
+    if (rows[i].fields.checked) AddWhatMayGo(rows[i]);
     if (!rows[i].fields.checked || !Execute(rows[i])) {
       left_.push_back(i);
       continue;

@@ -51,6 +51,11 @@ class CleanOracle {
   // may remove that folder.
   std::optional<Text> LinkTarget(const Row& row) const;
 
+  // What ticked rows stand for, each with all below it: at the turn of each row, if it has been cleaned. A
+  // row may stand for more at its turn than before the clean: a folder that others have emptied.
+  void AddWhatMayGo(const Row& row);
+  const Keys& MayGo() const { return mayGo_; }
+
   const DiskPicture& Disk() const { return disk_; }
   const RegistryPicture& Registry() const { return registry_; }
   // Indexes of the rows that stay, from 0.
@@ -92,6 +97,7 @@ class CleanOracle {
   std::optional<Text> system_;
   std::set<Text> own_;      // folders that stay with all their content
   std::set<Text> holding_;  // folders that stay; their content may go
+  Keys mayGo_;
   std::vector<size_t> left_;
   Text sum_;
   std::vector<std::pair<Text, Text>> calls_;

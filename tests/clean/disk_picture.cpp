@@ -130,6 +130,11 @@ void DiskPicture::Remove(const Text& key) {
   items.erase(own);
 }
 
+void DiskPicture::AddTree(Keys& keys, const Text& key) const {
+  keys.insert(key);
+  for (const Text& child : Children(key)) AddTree(keys, child);
+}
+
 void DiskPicture::Move(const Text& key, const Text& newKey) {
   for (const Text& child : Children(key)) Move(child, Concat(newKey, child.substr(key.size())));
   auto node = items.extract(key);

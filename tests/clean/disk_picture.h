@@ -24,6 +24,8 @@ struct DiskItem {
   bool operator==(const DiskItem&) const = default;
 };
 
+using Keys = std::set<Text, LessIgnoringCase>;
+
 // All files of a machine at one moment. It resolves paths by code of its own, so that it shares no error with
 // the program. The key of an item is its names from the machine's root ("drives\C\Users"), without regard to
 // case.
@@ -43,6 +45,8 @@ class DiskPicture {
 
   // The keys of the items directly in a folder.
   std::vector<Text> Children(TextView key) const;
+  // Adds the keys of an item and of all below it.
+  void AddTree(Keys& keys, const Text& key) const;
   // Removes an item with all below it.
   void Remove(const Text& key);
   void Move(const Text& key, const Text& newKey);

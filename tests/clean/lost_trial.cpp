@@ -10,6 +10,7 @@
 #include "forms/main_form.h"
 #include "frame/settings.h"
 #include "frame/start_up.h"
+#include "platform/hive_name.h"
 #include "platform/machine/host/machine_clock.h"
 #include "platform/machine/services/machine_file_system.h"
 #include "scan/result_items.h"
@@ -201,7 +202,7 @@ class Trial {
     judge_.settings = CurrentSettings();
     const RegistryPicture registryBefore = PictureOf(host_.registry);
     CleanOracle oracle(judge_.before, registryBefore, CurrentSettings());
-    judge_.AddWhatMayGo(rows, oracle, judge_.before);
+    judge_.AddWhatMayGo(rows, oracle);
     host_.journal.Clear();
 
     if (trouble_ == Trouble::Kill) {
@@ -210,7 +211,10 @@ class Trial {
       ++tally_.machines;
       return;
     }
-    if (trouble_ == Trouble::FailingCall) LetCallsFail(rows);
+    if (trouble_ == Trouble::FailingCall) {
+      LetCallsFail(rows);
+      DenyRegistryKeys(registryBefore);
+    }
     if (trouble_ == Trouble::FilledFolders) FillBeforeRemovals(rows);
     if (trouble_ == Trouble::SwappedFolder) SwapAtACall(rows);
     clean();
@@ -226,6 +230,7 @@ class Trial {
     oracle.Clean(rows);
     if (trouble_ == Trouble::None && judge_.CanTellWhatStays(rows, Facts())) {
       judge_.CheckExactly(rows, oracle, after, host_.journal);
+      ++tally_.exact;
     }
     CheckRegistry(oracle, registryBefore);
     Count(after);
@@ -370,6 +375,16 @@ class Trial {
     if (dice_.Percent(30)) shell_.faults.Fail(u"DeleteToRecycleBin", dice_.Of(rows).fields.name);
   }
 
+  void DenyRegistryKeys(const RegistryPicture& registry) {
+    if (dice_.Percent(30)) return;
+    for (const auto& [path, values] : registry) {
+      const size_t cut = path.find(u'\\');
+      if (cut == Text::npos || !dice_.Percent(30)) continue;
+      denied_.emplace_back(*platform::FindHive(TextView(path).substr(0, cut)), path.substr(cut + 1));
+      host_.registry.Deny(denied_.back().first, denied_.back().second);
+    }
+  }
+
   // Fills some folders right before they are removed. The new files must not be lost either.
   void FillBeforeRemovals(const std::vector<Row>& rows) {
     const CleanOracle oracle(judge_.before, {}, CurrentSettings());
@@ -407,8 +422,7 @@ class Trial {
       judge_.swapped = from;
       testDisk_.Rename(from, kMovedAside);
       Put(from, {EntryKind::Link, {}, Concat(u"\\", to)});
-      const DiskPicture picture = Picture();
-      judge_.AddWhatMayGo(rows, CleanOracle(picture, {}, CurrentSettings()), picture);
+      judge_.AddWhatMayGo(rows, CleanOracle(Picture(), {}, CurrentSettings()));
     };
   }
 
@@ -419,9 +433,32 @@ class Trial {
   }
 
   void CheckRegistry(const CleanOracle& oracle, const RegistryPicture& before) {
+    for (const auto& [hive, key] : denied_) host_.registry.Allow(hive, key);
     const RegistryPicture after = PictureOf(host_.registry);
-    EXPECT_TRUE(after == oracle.Registry()) << "the registry is another one than the ticked rows make it";
+    if (denied_.empty()) {
+      EXPECT_TRUE(after == oracle.Registry()) << "the registry is another one than the ticked rows make it";
+    } else {
+      ExpectNoMoreGone(before, after, oracle.Registry());
+      tally_.denied += after != oracle.Registry() ? 1 : 0;
+    }
     tally_.registry += after != before ? 1 : 0;
+  }
+
+  // Checks that nothing is new, and that nothing has gone but what the oracle's registry lacks, too.
+  static void ExpectNoMoreGone(const RegistryPicture& before, const RegistryPicture& after,
+                               const RegistryPicture& predicted) {
+    for (const auto& [key, values] : after) EXPECT_TRUE(Holds(before, key, values)) << "new: " << Narrow(key);
+    for (const auto& [key, values] : predicted)
+      EXPECT_TRUE(Holds(after, key, values)) << "lost: " << Narrow(key);
+  }
+  // Whether a registry has the key with all these values.
+  static bool Holds(const RegistryPicture& registry, const Text& key,
+                    const RegistryPicture::mapped_type& values) {
+    const auto found = registry.find(key);
+    return found != registry.end() && std::ranges::all_of(values, [&found](const auto& value) {
+             const auto same = found->second.find(value.first);
+             return same != found->second.end() && same->second == value.second;
+           });
   }
 
   void Count(const DiskPicture& after) {
@@ -455,7 +492,8 @@ class Trial {
   DiskPicture made_;
   CleanJudge judge_;
   Text page_;
-  Keys filled_;  // folders to be filled before they are removed
+  std::vector<std::pair<platform::Hive, Text>> denied_;  // keys of the registry
+  Keys filled_;                                          // folders to be filled before they are removed
   bool reviewed_ = false;
 };
 

@@ -31,7 +31,7 @@ class TestDisk {
 // How a clean is disturbed.
 enum class Trouble {
   None,
-  FailingCall,    // a call of the store fails, and calls on the names of some rows
+  FailingCall,    // a call of the store fails, and calls on the names of some rows and on some registry keys
   FilledFolders,  // folders get new files right before they are removed
   SwappedFolder,  // a folder becomes a link at a random call of the store
   Kill,
@@ -46,6 +46,8 @@ struct Tally {
   int removed = 0;   // items that a clean removed
   int refused = 0;   // ticked rows that stayed
   int registry = 0;  // machines whose registry a clean changed
+  int denied = 0;    // machines whose registry kept what a ticked row would have removed
+  int exact = 0;     // machines that were compared with all that the oracle predicts
   int killed = 0;    // cleans that were killed before their end
 };
 

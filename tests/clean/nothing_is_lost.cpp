@@ -93,24 +93,40 @@ class MemoryDisk : public TestDisk {
   MemoryStore store_;
 };
 
+void TrySeed(uint64_t seed, Tally& tally) {
+  SCOPED_TRACE("TAVIX_SEED=" + std::to_string(seed) +
+               " tavix-tests --gtest_filter=NothingIsLost.OnMachinesInMemory");
+  MemoryDisk testDisk;
+  RunTrial(seed, testDisk, kTroubles[seed % std::size(kTroubles)], {}, tally);
+}
+
+// A ticked link leads to a folder that other ticked rows empty first.
+TEST(NothingIsLost, OnAMachineWithALinkToAFolderThatBecomesEmpty) {
+  Tally tally;
+  TrySeed(501255, tally);
+  EXPECT_EQ(tally.machines, 1);
+}
+
 TEST(NothingIsLost, OnMachinesInMemory) {
   Tally tally;
   const Seeds seeds = SeedsToTry(70);
   for (uint64_t seed = seeds.first; seed < seeds.first + static_cast<uint64_t>(seeds.count); ++seed) {
-    SCOPED_TRACE("TAVIX_SEED=" + std::to_string(seed) +
-                 " tavix-tests --gtest_filter=NothingIsLost.OnMachinesInMemory");
-    MemoryDisk testDisk;
-    RunTrial(seed, testDisk, kTroubles[seed % std::size(kTroubles)], {}, tally);
+    TrySeed(seed, tally);
     if (testing::Test::HasFatalFailure()) return;
   }
   RecordProperty("machines", tally.machines);
   std::cout << tally.machines << " machines, " << tally.removed << " items removed, " << tally.refused
-            << " ticked rows refused, " << tally.registry << " registries cleaned\n";
+            << " ticked rows refused, " << tally.registry << " registries cleaned, " << tally.denied
+            << " with denied keys, " << tally.exact << " machines as predicted\n";
   if (seeds.count < 50) return;
   // The test proves nothing unless the machines have enough to clean and to refuse.
   EXPECT_GT(tally.removed, tally.machines);
   EXPECT_GT(tally.refused, tally.machines);
   EXPECT_GT(tally.registry, tally.machines / 20);
+  EXPECT_GT(tally.exact, tally.machines / 4);
+  if (tally.machines > 150) {
+    EXPECT_GT(tally.denied, 0);
+  }
 }
 
 }  // namespace

@@ -50,12 +50,17 @@ class OneClickAtFirst(Machine):
         self.assertTrue((self.folder / "drives/C/Windows/Logs/CBS/CBS.log").exists())
 
 
-class NamesWithAComma(Machine):
+class NamesThatAreCut(Machine):
+    """Rows whose action reads a shorter name than the one of the entry."""
+    RUN = USER + "Microsoft\\Windows\\CurrentVersion\\Run"
+    UNINSTALL = "HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\"
+
     def setUp(self):
         super().setUp()
-        self.write("machine.ini", "[Environment]\nWinDir=C:\\Windows\n")
+        self.write("machine.ini", "[Environment]\nWinDir=C:\\Windows\n[Drives]\nC=2,System\n")
+        self.write("drives/C/Windows/there.exe", "x")
 
-    def test_the_key_of_the_shorter_name_goes_with_all_below(self):
+    def test_the_key_before_a_comma_goes_with_all_below(self):
         self.write("registry/user.reg", "Windows Registry Editor Version 5.00\n\n"
                    f"[{USER}Games, Inc]\n\n[{USER}Games\\Scores]\n\"Ann\"=dword:00000001\n")
         rows, _, _ = self.clean("--page", "registry", "--function", "Obsolete Software")
@@ -64,13 +69,89 @@ class NamesWithAComma(Machine):
         self.assertIn((USER + "Games, Inc").upper(), left)
         self.assertNotIn((USER + "Games").upper(), left)
 
-    def test_the_value_of_the_shorter_name_goes(self):
-        run = USER + "Microsoft\\Windows\\CurrentVersion\\Run"
+    def test_the_key_before_a_colon_goes_with_all_below(self):
+        self.write("registry/machine.reg", "Windows Registry Editor Version 5.00\n\n"
+                   f"[{self.UNINSTALL}Empire: Gold]\n\"UninstallString\"=\"C:\\\\gone.exe\"\n\n"
+                   f"[{self.UNINSTALL}Empire]\n\"UninstallString\"=\"C:\\\\Windows\\\\there.exe\"\n\n"
+                   f"[{self.UNINSTALL}Empire\\Parts]\n")
+        rows, _, _ = self.clean("--page", "registry", "--function", "Uninstaller Issues")
+        self.assertEqual([row["Tag"] for row in rows], [f"RK: {self.UNINSTALL[:-1]}\\Empire: Gold".replace(
+            "MACHINE\\", "MACHINE, ", 1)])
+        left = self.registry()
+        self.assertIn((self.UNINSTALL + "Empire: Gold").upper(), left)
+        self.assertNotIn((self.UNINSTALL + "Empire").upper(), left)
+        self.assertNotIn((self.UNINSTALL + "Empire\\Parts").upper(), left)
+
+    def test_the_key_without_the_blank_at_its_end_goes(self):
         self.write("registry/user.reg", "Windows Registry Editor Version 5.00\n\n"
-                   f"[{run}]\n\"Tool\"=\"C:\\\\Windows\"\n\"Tool, old\"=\"C:\\\\gone.exe\"\n")
-        self.write("drives/C/Windows/x", "x")
-        self.clean("--page", "registry", "--function", "Run at Startup Issues", "--untick", "1")
-        self.assertEqual(self.registry()[run.upper()], {"Tool, old": "C:\\gone.exe"})
+                   f"[{USER}Games ]\n\n[{USER}Games]\n\"Ann\"=dword:00000001\n")
+        rows, _, _ = self.clean("--page", "registry", "--function", "Obsolete Software")
+        self.assertEqual([row["Name"] for row in rows], ["Games "])
+        left = self.registry()
+        self.assertIn((USER + "Games ").upper(), left)
+        self.assertNotIn((USER + "Games").upper(), left)
+
+    def test_the_value_of_the_shorter_name_goes(self):
+        for name in ("Tool, old", "Tool: old", "Tool "):
+            with self.subTest(name):
+                self.setUp()
+                self.write("registry/user.reg", "Windows Registry Editor Version 5.00\n\n"
+                           f"[{self.RUN}]\n\"Tool\"=\"C:\\\\Windows\\\\there.exe\"\n\"{name}\"=\"C:\\\\gone.exe\"\n")
+                rows, _, _ = self.clean("--page", "registry", "--function", "Run at Startup Issues")
+                self.assertEqual([row["Name"] for row in rows], ["C:\\gone.exe"])
+                self.assertEqual(self.registry()[self.RUN.upper()], {name: "C:\\gone.exe"})
+
+    def test_the_entry_stays_where_there_is_none_of_the_shorter_name(self):
+        self.write("registry/user.reg", "Windows Registry Editor Version 5.00\n\n"
+                   f"[{self.RUN}]\n\"Tool: old\"=\"C:\\\\gone.exe\"\n")
+        _, kept, _ = self.clean("--page", "registry", "--function", "Run at Startup Issues")
+        self.assertEqual(kept, [])
+        self.assertEqual(self.registry()[self.RUN.upper()], {"Tool: old": "C:\\gone.exe"})
+
+
+class ThereAndListed(Machine):
+    """Entries that are listed although their targets exist."""
+    WINDOWS = "HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows\\"
+
+    def setUp(self):
+        super().setUp()
+        self.write("machine.ini", "[Environment]\nWinDir=C:\\Windows\n[Drives]\nC=2,System\n")
+        for name in ("Windows/Help/a.chm", "Windows/System32/a.dll", "Tools/My Tool.exe", "Tools/tool.exe",
+                     "My Files/a", "A - B/a"):
+            self.write("drives/C/" + name, "x")
+
+    def listed(self, function, key, **values):
+        """The value names that the function lists of a key with these values."""
+        quoted = lambda text: '"' + text.replace("\\", "\\\\").replace('"', '\\"') + '"'
+        lines = [quoted(name) + "=" + quoted(data) for name, data in values.items()]
+        self.write("registry/all.reg", f"Windows Registry Editor Version 5.00\n\n[{key}]\n" + "\n".join(lines) + "\n")
+        rows, _ = self.scan("--page", "registry", "--function", function)
+        return [row["Tag"].rsplit(", ", 1)[1] for row in rows]
+
+    def names_listed(self, function, key, *names):
+        return self.listed(function, key, **dict.fromkeys(names, ""))
+
+    def test_names_of_programs(self):
+        blank = ["C:\\Tools\\My Tool.exe,-101", "C:\\Tools\\My Tool.exe.FriendlyAppName"]
+        key = "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\ShellNoRoam\\MUICache"
+        self.assertEqual(self.names_listed("MUI Cache Issues", key, "C:\\Tools\\My Tool.exe", "C:\\Tools\\tool.exe,-101",
+                                           *blank), blank)
+
+    def test_folders_of_installers(self):
+        blank = ["C:\\A - B\\", "C:\\My Files"]
+        key = self.WINDOWS + "CurrentVersion\\Installer\\Folders"
+        self.assertEqual(self.names_listed("Redundant Installers", key, "C:\\My Files\\", "C:\\Tools", *blank), blank)
+
+    def test_help_files(self):
+        self.assertEqual(self.listed("Help Files Issues", self.WINDOWS + "Html Help", **{
+            "a.chm": "%windir%\\Help", "C:\\Windows\\Help\\a.chm": ""}), ["a.chm", "C:\\Windows\\Help\\a.chm"])
+        self.assertEqual(self.listed("Help Files Issues", self.WINDOWS + "Html Help", **{"a.chm": "C:\\Windows\\Help"}),
+                         [])
+
+    def test_shared_libraries(self):
+        key = self.WINDOWS + "CurrentVersion\\SharedDlls"
+        self.assertEqual(self.names_listed("Missing Shared DLLs", key, "a.dll", '"C:\\Windows\\System32\\a.dll"',
+                                           "C:\\Windows\\System32\\a.dll"), ["a.dll", '"C:\\Windows\\System32\\a.dll"'])
 
 
 class JunkTypes(Machine):

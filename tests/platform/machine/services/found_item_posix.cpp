@@ -5,10 +5,14 @@
 #include <unistd.h>
 
 #include <atomic>
+#include <cstdlib>
 #include <filesystem>
+#include <fstream>
+#include <iostream>
 #include <thread>
 
 #include "platform/machine/host/host_store.h"
+#include "platform/machine/quick_place.h"
 #include "platform/machine/scratch_folder.h"
 #include "platform/machine/services/machine_file_system.h"
 #include "text/utf8.h"
@@ -18,101 +22,138 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kRounds = 100;
-
-std::string NameOfRound(int round) { return "file " + std::to_string(round); }
+// TAVIX_ROUNDS, or 100.
+int RoundsWanted() {
+  const char* rounds = std::getenv("TAVIX_ROUNDS");
+  return rounds != nullptr ? std::atoi(rounds) : 100;
+}
 
 // Deletes and moves files of a folder while a thread exchanges the folder with a link, as fast as it can.
 class FoundItemInARace : public testing::Test {
  protected:
   FoundItemInARace() {
-    for (int i = 0; i < kRounds; ++i) {
-      scratch_.Write(kMine + NameOfRound(i), "mine");
-      scratch_.Write(kVictims + NameOfRound(i), "the victim's");
-      scratch_.Write(kMine + "folder " + NameOfRound(i) + "/none", "");
-      scratch_.Write(kVictims + "folder " + NameOfRound(i) + "/none", "");
-    }
-    fs::create_directory(scratch_.Root() / "machine/drives/C/backup");
-    fs::create_directory_symlink("../victim", scratch_.Root() / "machine/drives/C/t/link");
+    for (const char* folder : {"t/swapped", "victim", "backup"}) fs::create_directories(root_ / folder);
+    fs::create_directory_symlink("../victim", root_ / "t/link");
+    // This path leads to the folder whatever its name is.
+    mine_ = "/proc/self/fd/" + std::to_string(folder_ = open((root_ / "t/swapped").c_str(), O_DIRECTORY));
     store_ = OpenHostStore(fs::canonical(scratch_.Root() / "machine"));
     files_.emplace(*store_, facts_);
   }
+  ~FoundItemInARace() override { close(folder_); }
 
-  // Opens the items of all rounds by name and calls `take` with each, while their paths alternate between the
-  // folder and the link's target. Returns how many could be opened.
-  template <class Take>
-  int Race(const std::string& prefix, const Take& take) {
+  // In each round `seed` makes an item of this name in the folder and in the victim's. Then it is opened by
+  // its path, which alternates between the two, and given to `take`; `check` is called in any case. The
+  // rounds go on until enough items could be opened, enough could not, and enough exchanges have come
+  // between.
+  template <class Seed, class Take, class Check>
+  void Race(const Seed& seed, const Take& take, const Check& check) {
+    const int wanted = RoundsWanted();
+    const int most = 1000 * wanted;
+    std::atomic<int> exchanges = 0;
     std::atomic<bool> over = false;
-    const std::string one = scratch_.Root() / "machine/drives/C/t/swapped";
-    const std::string other = scratch_.Root() / "machine/drives/C/t/link";
     std::thread exchanger([&] {
+      const std::string one = root_ / "t/swapped";
+      const std::string other = root_ / "t/link";
       constexpr unsigned kExchange = 2;
-      for (bool swapped = false; swapped || !over;) {
+      while (exchanges % 2 == 1 || !over) {
         if (syscall(SYS_renameat2, AT_FDCWD, one.c_str(), AT_FDCWD, other.c_str(), kExchange) == 0)
-          swapped = !swapped;
+          ++exchanges;
       }
     });
-    int opened = 0;
-    for (int i = 0; i < kRounds; ++i) {
-      const auto item = Open(prefix + NameOfRound(i));
-      if (item == nullptr) continue;
-      ++opened;
-      take(*item, i);
+    int rounds = 0, opened = 0, exchanged = 0;
+    const auto enough = [&] {
+      return rounds >= wanted && opened >= wanted / 10 && rounds - opened >= wanted / 10 &&
+             exchanged >= wanted / 10;
+    };
+    for (; !enough() && rounds < most && !HasFailure(); ++rounds) {
+      const std::string name = "item " + std::to_string(rounds);
+      seed(fs::path(mine_) / name, root_ / "victim" / name);
+      const int before = exchanges;
+      const auto item = Open(name);
+      if (item != nullptr) {
+        ++opened;
+        take(*item, name);
+        exchanged += exchanges != before ? 1 : 0;
+      }
+      check(name, item != nullptr);
     }
     over = true;
     exchanger.join();
-    return opened;
+    std::cout << rounds << " rounds, " << opened << " items opened, " << exchanged
+              << " of them with exchanges meanwhile\n";
+    EXPECT_TRUE(enough()) << "the exchanges have to hit for the test to mean anything";
   }
 
   std::unique_ptr<platform::FoundItem> Open(const std::string& name) {
     return files_->OpenFound(u"C:\\t", Concat(u"swapped\\", *FromUtf8(name)));
   }
-  bool Exists(const std::string& file) const { return fs::exists(scratch_.Root() / file); }
-
-  void ExpectVictimUntouched() {
-    for (int i = 0; i < kRounds; ++i) {
-      EXPECT_EQ(scratch_.Read(kVictims + NameOfRound(i)), "the victim's") << i;
-      EXPECT_TRUE(Exists(kVictims + "folder " + NameOfRound(i) + "/none")) << i;
-    }
+  static void SeedFiles(const fs::path& mine, const fs::path& victims) {
+    std::ofstream(mine) << "mine";
+    std::ofstream(victims) << "the victim's";
+  }
+  static std::string Content(const fs::path& file) {
+    std::ifstream in(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+  }
+  void ExpectVictimsFile(const std::string& name) {
+    EXPECT_EQ(Content(root_ / "victim" / name), "the victim's") << name;
+    fs::remove(root_ / "victim" / name);
   }
 
-  const std::string kMine = "machine/drives/C/t/swapped/", kVictims = "machine/drives/C/victim/",
-                    kBackup = "machine/drives/C/backup/";
-  ScratchFolder scratch_;
+  const QuickPlace quick_;
+  const ScratchFolder scratch_;
+  const fs::path root_ = scratch_.Root() / "machine/drives/C";
+  int folder_ = -1;
+  std::string mine_;
   MachineFacts facts_;
   std::unique_ptr<FileStore> store_;
   std::optional<MachineFileSystem> files_;
 };
 
 TEST_F(FoundItemInARace, DeletesNothingOfTheVictim) {
-  RecordProperty("opened", Race("", [](platform::FoundItem& item, int) { item.DeleteFile(); }));
-  ExpectVictimUntouched();
-  // Items that weren't deleted in the race still exist and can be deleted now.
-  for (int i = 0; i < kRounds; ++i) {
-    const auto item = Open(NameOfRound(i));
-    ASSERT_EQ(item != nullptr, Exists(kMine + NameOfRound(i))) << i;
-    if (item != nullptr) {
-      EXPECT_TRUE(item->DeleteFile()) << i;
-    }
-  }
-  ExpectVictimUntouched();
+  Race(
+      SeedFiles,
+      [](platform::FoundItem& item, const std::string& name) { EXPECT_TRUE(item.DeleteFile()) << name; },
+      [this](const std::string& name, bool opened) {
+        ExpectVictimsFile(name);
+        EXPECT_EQ(fs::exists(fs::path(mine_) / name), !opened) << name;
+        fs::remove(fs::path(mine_) / name);
+      });
 }
 
 TEST_F(FoundItemInARace, DeletesNoEmptyFolderOfTheVictim) {
-  RecordProperty("opened", Race("folder ", [](platform::FoundItem& item, int) { item.DeleteEmptyFolder(); }));
-  ExpectVictimUntouched();
+  Race(
+      [](const fs::path& mine, const fs::path& victims) {
+        for (const fs::path& folder : {mine, victims}) {
+          fs::create_directory(folder);
+          std::ofstream(folder / "none").flush();
+        }
+      },
+      [](platform::FoundItem& item, const std::string& name) {
+        EXPECT_TRUE(item.DeleteEmptyFolder()) << name;
+      },
+      [this](const std::string& name, bool opened) {
+        EXPECT_TRUE(fs::exists(root_ / "victim" / name / "none")) << name;
+        EXPECT_EQ(fs::exists(fs::path(mine_) / name), !opened) << name;
+        for (const fs::path& folder : {fs::path(mine_), root_ / "victim"}) fs::remove_all(folder / name);
+      });
 }
 
 TEST_F(FoundItemInARace, MovesNothingOfTheVictim) {
-  RecordProperty("opened", Race("", [](platform::FoundItem& item, int round) {
-                   item.MoveFileTo(Concat(u"C:\\backup\\", *FromUtf8(NameOfRound(round))));
-                 }));
-  ExpectVictimUntouched();
-  for (int i = 0; i < kRounds; ++i) {
-    const bool moved = Exists(kBackup + NameOfRound(i));
-    EXPECT_NE(Exists(kMine + NameOfRound(i)), moved) << i;
-    EXPECT_EQ(scratch_.Read((moved ? kBackup : kMine) + NameOfRound(i)), "mine") << i;
-  }
+  Race(
+      SeedFiles,
+      [](platform::FoundItem& item, const std::string& name) {
+        item.MoveFileTo(Concat(u"C:\\backup\\", *FromUtf8(name)));
+      },
+      [this](const std::string& name, bool opened) {
+        ExpectVictimsFile(name);
+        const fs::path moved = root_ / "backup" / name;
+        EXPECT_EQ(fs::exists(moved), opened) << name;
+        EXPECT_NE(fs::exists(fs::path(mine_) / name), fs::exists(moved)) << name;
+        const fs::path place = fs::exists(moved) ? moved : fs::path(mine_) / name;
+        EXPECT_EQ(Content(place), "mine") << name;
+        fs::remove(place);
+      });
 }
 
 }  // namespace
