@@ -212,8 +212,8 @@ class Letters(Trees):
     def test_lead_to_the_node_and_show_its_description(self):
         self.program.key("u")
         self.wait_for_selected(TREE, "User Ran Applications History")
-        before = self.program.read().text(STATUS)
-        self.assertIn("applications", before.lower())
+        said = self.program.read().text(STATUS)
+        self.assertIn("most used programs", said)
 
     def test_a_word_goes_on_through_letters_that_are_commands_elsewhere(self):
         # "o" opens the options and "r" the Registry page, but not within a word.

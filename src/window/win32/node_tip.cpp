@@ -19,7 +19,7 @@ TOOLINFOW ToolOf(HWND tree) {
 
 }  // namespace
 
-void NodeTip::Offer(HWND tree, const RECT& row, POINT corner, HFONT font, TextView text) {
+void NodeTip::Offer(HWND tree, const RECT& row, const RECT& text, HFONT font, TextView words) {
   Withdraw();
   if (window_ == nullptr) {
     window_ = CreateWindowExW(WS_EX_TOPMOST | WS_EX_TRANSPARENT, TOOLTIPS_CLASSW, nullptr,
@@ -27,11 +27,11 @@ void NodeTip::Offer(HWND tree, const RECT& row, POINT corner, HFONT font, TextVi
                               GetModuleHandleW(nullptr), nullptr);
   }
   tree_ = tree;
-  corner_ = corner;
-  Text words(text);
+  text_ = text;
+  Text shown(words);
   TOOLINFOW tool = ToolOf(tree);
   tool.rect = row;
-  tool.lpszText = windows::WideBuffer(words.data());
+  tool.lpszText = windows::WideBuffer(shown.data());
   SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
   SendMessageW(window_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
 }
@@ -55,20 +55,19 @@ void NodeTip::Relay(HWND tree, UINT message, WPARAM wParam, LPARAM lParam) const
   SendMessageW(window_, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&relayed));
 }
 
-// A text that would leave the screen moves to the left.
+// The tip has the same room on each side of its words. One that would leave the screen moves to the left.
 void NodeTip::Place() const {
-  POINT corner = corner_;
-  ClientToScreen(tree_, &corner);
-  RECT room{corner.x, corner.y, corner.x, corner.y};
-  SendMessageW(window_, TTM_ADJUSTRECT, TRUE, reinterpret_cast<LPARAM>(&room));
-  RECT tip;
+  RECT text = text_, tip{};
+  MapWindowPoints(tree_, nullptr, reinterpret_cast<POINT*>(&text), 2);
   GetWindowRect(window_, &tip);
+  const LONG width = tip.right - tip.left, height = tip.bottom - tip.top;
   MONITORINFO screen{};
   screen.cbSize = sizeof screen;
-  GetMonitorInfoW(MonitorFromPoint(corner, MONITOR_DEFAULTTONEAREST), &screen);
-  const LONG rightmost = screen.rcWork.right - (tip.right - tip.left);
-  const LONG left = std::max(screen.rcWork.left, std::min(room.left, rightmost));
-  SetWindowPos(window_, nullptr, left, room.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+  GetMonitorInfoW(MonitorFromRect(&text, MONITOR_DEFAULTTONEAREST), &screen);
+  const LONG rightmost = std::max(screen.rcWork.left, screen.rcWork.right - width);
+  const LONG left = std::min((text.left + text.right - width) / 2, rightmost);
+  SetWindowPos(window_, nullptr, left, (text.top + text.bottom - height) / 2, 0, 0,
+               SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void NodeTip::Close() {

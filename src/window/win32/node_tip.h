@@ -11,9 +11,9 @@ class NodeTip {
   NodeTip(const NodeTip&) = delete;
   ~NodeTip() { Close(); }
 
-  // Has the tip show a text for the row at `row`, when the mouse rests there. `text` begins at `corner`. Both
-  // are in the tree's coordinates.
-  void Offer(HWND tree, const RECT& row, POINT corner, HFONT font, TextView text);
+  // Has the tip show the words of the row at `row`, when the mouse rests there. The tree has them at `text`,
+  // or would have with room for all. Both are in the tree's coordinates.
+  void Offer(HWND tree, const RECT& row, const RECT& text, HFONT font, TextView words);
   void Withdraw();
   // A mouse message of the tree.
   void Relay(HWND tree, UINT message, WPARAM wParam, LPARAM lParam) const;
@@ -25,7 +25,7 @@ class NodeTip {
  private:
   HWND tree_ = nullptr;
   HWND window_ = nullptr;
-  POINT corner_{};
+  RECT text_{};
 };
 
 }  // namespace tavix::win32

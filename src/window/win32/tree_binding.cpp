@@ -289,12 +289,14 @@ void TreeBinding::OfferTip(POINT mouse) {
   if (node == nullptr || !LabelArea(item, label)) return;
   const HFONT font = (node->Bold ? context_.boldFont : context_.font).Get();
   GetClientRect(Window(), &row);
-  const int left = static_cast<int>(label.left) + kTextMargin;
-  if (left >= 0 && left + WidthIn(font, node->Caption.Get()) <= row.right) return;
+  RECT text = label;
+  text.left += kTextMargin;
+  text.right = text.left + WidthIn(font, node->Caption.Get());
+  if (text.left >= 0 && text.right <= row.right) return;
+  OffsetRect(&text, static_cast<int>(std::max<LONG>(-text.left, 0)), 0);
   row.top = label.top;
   row.bottom = label.bottom;
-  const POINT corner{std::max(left, 0), (label.top + label.bottom - TextHeight(context_)) / 2};
-  tip_.Offer(Window(), row, corner, font, node->Caption.Get());
+  tip_.Offer(Window(), row, text, font, node->Caption.Get());
 }
 
 void TreeBinding::OnClick() {

@@ -134,6 +134,34 @@ TEST_F(Highlights, AMillionRowsAreHighlightedAndLeft) {
   EXPECT_LE(notices, 10);
 }
 
+// Ranges of the same length follow each other.
+TEST_F(Highlights, ARangeThatTurnsAroundItsEndReachesTheModel) {
+  AddRows(7);
+  ClickRow(3);
+  ClickRow(1, MK_SHIFT);
+  EXPECT_EQ(OfModel(), "-xxx---");
+  ClickRow(5, MK_SHIFT);
+  EXPECT_EQ(OfModel(), "---xxx-");
+  EXPECT_EQ(OfList(), OfModel());
+}
+
+// The model hears of a range once, however long it is. The report has the time.
+TEST_F(Highlights, ARangeOfManyRowsIsOneChange) {
+  constexpr int kRows = 200'000;
+  AddRows(kRows);
+  ClickRow(1);
+  notices = 0;
+  const uint32_t before = Model().HighlightChanges();
+  const ULONGLONG start = GetTickCount64();
+  PressWith({VK_SHIFT}, VK_END);
+  RecordProperty("highlighting_ms", static_cast<int>(GetTickCount64() - start));
+  EXPECT_EQ(Model().SelectedCount(), kRows - 1);
+  EXPECT_FALSE(Model().Row(1).Selected());
+  EXPECT_EQ(Send(list, LVM_GETSELECTEDCOUNT), kRows - 1);
+  EXPECT_LE(Model().HighlightChanges() - before, 6U);
+  EXPECT_LE(notices, 6);
+}
+
 TEST_F(Highlights, FollowTheirRowsThroughSortingAndRemoval) {
   for (const TextView name : {u"d", u"b", u"c", u"a"}) Model().Add(name);
   Model().Row(1).SetSelected(true);

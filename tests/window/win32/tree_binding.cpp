@@ -151,6 +151,49 @@ TEST_F(TreeBindingTest, SpaceTurnsTheTickAndEnterClicks) {
   EXPECT_EQ(clicks, std::vector<Text>{u"first"});
 }
 
+// The tree scrolls no further sideways than to its last column, so the points stand at its right edge.
+TEST_F(TreeBindingTest, ACaptionThatIsCutEndsInAnEllipsis) {
+  Model().AddNode(nullptr, u"wide", Text(200, u'M'));
+  Flush();
+  UpdateWindow(tree);
+  RECT area;
+  GetClientRect(tree, &area);
+  const POINT label = LabelOf(Next(TVGN_NEXT, RootItem()));
+  const int half = TextHeightOfTree() / 2;
+  const HDC context = GetDC(tree);
+  const auto inks = [&](int top, int bottom) {
+    int count = 0;
+    for (int x = area.right - 12; x < area.right - 2; ++x)
+      for (int y = top; y < bottom; ++y) count += GetPixel(context, x, y) != GetPixel(context, 0, 0) ? 1 : 0;
+    return count;
+  };
+  EXPECT_EQ(inks(label.y - half, label.y), 0);
+  EXPECT_GT(inks(label.y, label.y + half), 0);
+  ReleaseDC(tree, context);
+}
+
+TEST_F(TreeBindingTest, ALetterIsAClickOnTheNodeThatItLeadsTo) {
+  SetFocus(tree);
+  Send(tree, TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(RootItem()));
+  Send(tree, WM_CHAR, 's', 1);
+  EXPECT_EQ(clicks, std::vector<Text>{u"second"});
+  EXPECT_EQ(Next(TVGN_CARET), Next(TVGN_NEXT, FirstItem()));
+}
+
+TEST_F(TreeBindingTest, OpeningAnUnopenedNodeIsAClickOnIt) {
+  first->Unopened = true;
+  Flush();
+  Send(tree, TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(FirstItem()));
+  SetFocus(tree);
+  Press(tree, VK_RIGHT);
+  EXPECT_EQ(clicks, std::vector<Text>{u"first"});
+  // Once it is known to have nothing below, there is nothing to open.
+  first->Unopened = false;
+  Flush();
+  Press(tree, VK_RIGHT);
+  EXPECT_EQ(clicks.size(), 1U);
+}
+
 TEST_F(TreeBindingTest, OpeningAndClosingReachesTheModel) {
   Send(tree, TVM_EXPAND, TVE_COLLAPSE, reinterpret_cast<LPARAM>(RootItem()));
   // A change by the program raises no event; one by the user does.
