@@ -152,8 +152,11 @@ LRESULT ListViewBinding::Select(UINT message, WPARAM wParam, LPARAM lParam) {
   const bool shift = mouse ? (wParam & MK_SHIFT) != 0 : GetKeyState(VK_SHIFT) < 0;
   const bool ctrl = mouse ? (wParam & MK_CONTROL) != 0 : GetKeyState(VK_CONTROL) < 0;
   if (!shift && !ctrl && Send(LVM_GETSELECTEDCOUNT) > 1) SetState(-1, LVIS_SELECTED, 0);
-  const LRESULT result = PassOn(message, wParam, lParam);
-  if (shift) ReadRange(ctrl);
+  const auto select = [&] { return PassOn(message, wParam, lParam); };
+  const LRESULT result = shift ? ForManyRows(select) : select();
+  if (!shift) return result;
+  Send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(ShownFocus()), FALSE);
+  ReadRange(ctrl);
   return result;
 }
 

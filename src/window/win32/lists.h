@@ -55,6 +55,8 @@ class VirtualList : public OutlinedBinding {
   void ShowRows();
   // Sets a state (LVIS_...) of one row, or of all rows for -1.
   void SetState(int row, UINT mask, UINT state) const;
+  // Runs what changes the states of many rows, without painting meanwhile.
+  LRESULT ForManyRows(const std::function<LRESULT()>& change) const;
   // The list's own row in focus, -1 for none.
   int ShownFocus() const;
   bool Has(int row) { return row >= 0 && row < RowCount(); }

@@ -56,16 +56,22 @@ void VirtualList::SetState(int row, UINT mask, UINT state) const {
   LVITEMW item{};
   item.stateMask = mask;
   item.state = state;
-  // Otherwise the list would repaint and ask for a tick row by row.
-  if (row < 0) {
-    Send(WM_SETREDRAW, FALSE);
-    Send(LVM_SETCALLBACKMASK, 0);
-  }
-  Send(LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
-  if (row >= 0) return;
-  Send(LVM_SETCALLBACKMASK, LVIS_STATEIMAGEMASK);
+  const auto set = [&] {
+    return Send(LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+  };
+  row < 0 ? ForManyRows(set) : set();
+}
+
+// Otherwise the list would repaint and ask for a tick row by row.
+LRESULT VirtualList::ForManyRows(const std::function<LRESULT()>& change) const {
+  const auto callbacks = Send(LVM_GETCALLBACKMASK);
+  Send(WM_SETREDRAW, FALSE);
+  Send(LVM_SETCALLBACKMASK, 0);
+  const LRESULT result = change();
+  Send(LVM_SETCALLBACKMASK, static_cast<WPARAM>(callbacks));
   Send(WM_SETREDRAW, TRUE);
   Redraw();
+  return result;
 }
 
 int VirtualList::ShownFocus() const {

@@ -213,7 +213,6 @@ TEST_F(ListViewBindingTest, HeadersShowTheSortMarkAndRaiseTheirNumber) {
     Send(header, HDM_GETITEMW, column, reinterpret_cast<LPARAM>(&item));
     return item.fmt & (HDF_SORTUP | HDF_SORTDOWN);
   };
-  Model().SortOrder = 0;
   Model().SortByClick(0);
   Flush();
   EXPECT_EQ(format(0), HDF_SORTDOWN);

@@ -153,7 +153,7 @@ TEST_F(TreeBindingTest, SpaceTurnsTheTickAndEnterClicks) {
 
 // The tree scrolls no further sideways than to its last column, so the points stand at its right edge.
 TEST_F(TreeBindingTest, ACaptionThatIsCutEndsInAnEllipsis) {
-  Model().AddNode(nullptr, u"wide", Text(200, u'M'));
+  Model().AddNode(nullptr, u"wide", Text(300, u'l'));
   Flush();
   UpdateWindow(tree);
   RECT area;
