@@ -25,6 +25,11 @@ int FindRow(const SearchedRows& rows, int start, TextView word, bool whole, bool
   return -1;
 }
 
+void LetterSearch::KeyPressed(WPARAM key, DWORD time) {
+  keyTime_ = time;
+  if (key >= VK_PRIOR && key <= VK_DOWN) word_.clear();
+}
+
 bool LetterSearch::IsRunning(HWND control, DWORD time) const {
   return control == control_ && !word_.empty() && time - letterTime_ < kPause;
 }

@@ -19,11 +19,12 @@ struct SearchedRows {
 int FindRow(const SearchedRows& rows, int start, TextView word, bool whole, bool wraps);
 
 // The letters that the user types in a list or tree lead to the row that begins with them. Letters that
-// follow one another quickly are one word. The same letter again goes to the next row that begins with it.
+// follow one another quickly are one word, which a key that moves the focus ends. The same letter again goes
+// to the next row that begins with it.
 class LetterSearch {
  public:
   // A key was pressed at this message time, in milliseconds since the system started.
-  void KeyPressed(DWORD time) { keyTime_ = time; }
+  void KeyPressed(WPARAM key, DWORD time);
   // Whether a letter typed now in this control goes on with a word.
   bool IsRunning(HWND control, DWORD time) const;
   // Adds a letter typed in a control. The row found, or -1.

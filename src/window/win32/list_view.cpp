@@ -122,7 +122,7 @@ void ListViewBinding::ShowHighlights() {
 
 // A range highlighted with Shift. Windows reports it, Wine doesn't. It reaches from the mark to the focus.
 void ListViewBinding::ReadRange(bool adds) {
-  const auto [first, last] = std::minmax(static_cast<int>(Send(LVM_GETSELECTIONMARK)), ShownFocus());
+  const auto [first, last] = std::minmax({static_cast<int>(Send(LVM_GETSELECTIONMARK)), ShownFocus()});
   if (first >= 0) {
     if (!adds) model_.SelectAll(false);
     model_.SelectRows(first + 1, last + 1, true);
@@ -136,11 +136,12 @@ void ListViewBinding::ReadHighlights() {
   const auto next = [this](int row) {
     return static_cast<int>(Send(LVM_GETNEXTITEM, static_cast<WPARAM>(row), LVNI_SELECTED));
   };
-  int last = -1;
-  for (int first = next(-1); first >= 0; first = next(last)) {
-    last = first;
-    while (next(last) == last + 1) ++last;
+  for (int first = next(-1); first >= 0;) {
+    int last = first;
+    int following = next(last);
+    for (; following == last + 1; following = next(last)) last = following;
     model_.SelectRows(first + 1, last + 1, true);
+    first = following;
   }
   highlights_ = model_.HighlightChanges();
 }

@@ -4,6 +4,8 @@
 
 #include <vector>
 
+#include "text/letter_case.h"
+
 namespace tavix::win32 {
 namespace {
 
@@ -12,7 +14,7 @@ class LetterSearchTest : public testing::Test {
   // Types a letter so many milliseconds after the last one. The row that it leads to has the focus then.
   int Type(char16_t letter, DWORD after = 100) {
     time_ += after;
-    search.KeyPressed(time_);
+    search.KeyPressed(ToUpper(letter), time_);
     const int row = search.Type(control, letter, {static_cast<int>(rows.size()), focused, [this](int at) {
                                                     return TextView(rows[static_cast<size_t>(at)]);
                                                   }});
@@ -46,6 +48,12 @@ TEST_F(LetterSearchTest, QuickLettersAreOneWordAndSlowOnesAreNot) {
   EXPECT_EQ(Type(u'o'), 0) << "the row still fits";
   EXPECT_TRUE(search.IsRunning(control, 0xFFFFFF00 + 1000));
   EXPECT_EQ(Type(u'o', 2000), 4);
+}
+
+TEST_F(LetterSearchTest, AKeyThatMovesTheFocusEndsTheWord) {
+  EXPECT_EQ(Type(u'c'), 0);
+  search.KeyPressed(VK_HOME, 0xFFFFFF00 + 110);
+  EXPECT_EQ(Type(u'o'), 4);
 }
 
 TEST_F(LetterSearchTest, AnotherControlBeginsAnew) {
