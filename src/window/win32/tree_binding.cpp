@@ -3,6 +3,7 @@
 #include <uxtheme.h>
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "platform/windows/wide.h"
@@ -390,16 +391,23 @@ std::optional<LRESULT> TreeBinding::OnKey(WPARAM key) {
   return 0;
 }
 
-std::optional<LRESULT> TreeBinding::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message == WM_PAINT || message == WM_PRINTCLIENT) return PaintAll(message, wParam, lParam);
+// Keeps the tip at the row under the mouse. The result is what the tip is told.
+std::optional<LRESULT> TreeBinding::TipMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_DESTROY) tip_.Close();
   if (message == WM_MOUSEMOVE) OfferTip(PointOf(lParam));
-  const bool scrolls = message == WM_MOUSEWHEEL || message == WM_MOUSEHWHEEL || message == WM_KEYDOWN ||
-                       message == WM_HSCROLL || message == WM_VSCROLL;
-  if (scrolls || message == WM_MOUSELEAVE) WithdrawTip();
+  // The rows have moved under the mouse, or the mouse has left them.
+  constexpr UINT kEnds[] = {WM_MOUSEWHEEL, WM_MOUSEHWHEEL, WM_HSCROLL, WM_VSCROLL, WM_KEYDOWN, WM_MOUSELEAVE};
+  if (std::ranges::find(kEnds, message) != std::end(kEnds)) WithdrawTip();
   if (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST) tip_.Relay(Window(), message, wParam, lParam);
-  if (message == WM_NOTIFY && reinterpret_cast<const NMHDR*>(lParam)->code == TTN_SHOW)
-    return tip_.Place(), TRUE;
+  if (message != WM_NOTIFY) return std::nullopt;
+  const auto& header = *reinterpret_cast<const NMHDR*>(lParam);
+  if (header.code != TTN_SHOW || header.hwndFrom != tip_.Window()) return std::nullopt;
+  return tip_.Place(), TRUE;
+}
+
+std::optional<LRESULT> TreeBinding::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_PAINT || message == WM_PRINTCLIENT) return PaintAll(message, wParam, lParam);
+  if (const auto done = TipMessage(message, wParam, lParam)) return done;
   const int wheel = GET_WHEEL_DELTA_WPARAM(wParam);
   if (message == WM_MOUSEHWHEEL) return ScrollSideways(wheel), 0;
   if (message == WM_MOUSEWHEEL && (GET_KEYSTATE_WPARAM(wParam) & MK_SHIFT) != 0)

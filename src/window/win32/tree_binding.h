@@ -70,6 +70,7 @@ class TreeBinding : public OutlinedBinding, private TreePeer {
   int ImageSize() const { return style_.pictures ? FolderImageSize(context_) : 0; }
   void OfferTip(POINT mouse);
   void WithdrawTip();
+  std::optional<LRESULT> TipMessage(UINT message, WPARAM wParam, LPARAM lParam);
   void OnClick();
   bool OnOpening(const NMTREEVIEWW& change);
   void OnExpanded(const NMTREEVIEWW& change);
