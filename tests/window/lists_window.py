@@ -5,19 +5,19 @@ import unittest
 import driver
 from driver import FUNCTIONS, RESULT
 from options_case import COMMON, DUPLICATES, EXCEPT_LIST, JUNK, JUNK_LIST, ONLY_COMMON, OTHERS, OptionsCase
-from seeded import RealWindow
+from seeded import RealWindow, SeededMachine
 
 NONE, UP, DOWN = 0, 1, 2
 
 
-def color_count(program, rectangle):
-    data = program.pixels(rectangle)
-    return len({data[at:at + 3] for at in range(0, len(data), 3)})
+class SortMarks(SeededMachine):
+    screen = "1280x1024"
 
-
-class SortMarks(RealWindow):
     def setUp(self):
         super().setUp()
+        # The small window has no room for the third column.
+        self.machine.set_interface_size("Big")
+        self.program = self.start()
         self.shown = self.program.scan()
 
     def marks(self, shown):

@@ -138,6 +138,7 @@ TEST_F(TreeBindingTest, AnArrowKeyInATreeThatFoldsOnlyMovesTheFocus) {
   scope.NodeClick = nullptr;
   scope.Clear();
   scope.Visible = false;
+  Model().Visible = true;
 }
 
 TEST_F(TreeBindingTest, SpaceTurnsTheTickAndEnterClicks) {
@@ -151,7 +152,7 @@ TEST_F(TreeBindingTest, SpaceTurnsTheTickAndEnterClicks) {
   EXPECT_EQ(clicks, std::vector<Text>{u"first"});
 }
 
-// The tree scrolls no further sideways than to its last column, so the points stand at its right edge.
+// The letters are narrow, so the points stand at the right edge of the tree.
 TEST_F(TreeBindingTest, ACaptionThatIsCutEndsInAnEllipsis) {
   Model().AddNode(nullptr, u"wide", Text(300, u'l'));
   Flush();
