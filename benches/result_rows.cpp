@@ -137,6 +137,23 @@ void MemoryOfRows(benchmark::State& state) {
 }
 BENCHMARK(MemoryOfRows)->Iterations(1);
 
+// What Ctrl+A and Space cost the list's model.
+void HighlightAllRowsAndTickThem(benchmark::State& state) {
+  ClearResults();
+  AddAll();
+  ListView& list = frmPubMain.lsvResult;
+  for (auto _ : state) {
+    list.SelectRows(1, kRows, true);
+    list.CheckSelected(false);
+    benchmark::DoNotOptimize(list.HighlightChanges());
+    state.PauseTiming();
+    list.SelectAll(false);
+    state.ResumeTiming();
+  }
+  ClearResults();
+}
+BENCHMARK(HighlightAllRowsAndTickThem)->Unit(benchmark::kMillisecond)->Iterations(10);
+
 // Removes every second row from the last to the first, as a clean does.
 void RemoveEverySecondRow(benchmark::State& state) {
   const int rows = static_cast<int>(state.range(0));

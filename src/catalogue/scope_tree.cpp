@@ -7,14 +7,21 @@
 namespace tavix::mdlPubSelf {
 namespace {
 
-// Indexes of the tree's pictures.
-constexpr int kComputerImage = 4;
-constexpr int kDriveImage = 1;
-constexpr int kFolderImage = 2;
-constexpr int kOpenFolderImage = 3;
-
 bool CanBeScanned(const platform::Drive& drive) {
   return drive.ready && drive.type != platform::kCdDrive && drive.type != platform::kNetworkDrive;
+}
+
+int ImageOf(const platform::Drive& drive) {
+  switch (drive.type) {
+    case platform::kRemovableDrive:
+      return kRemovableDriveImage;
+    case platform::kFixedDrive:
+      return kFixedDriveImage;
+    case platform::kMemoryDrive:
+      return kMemoryDriveImage;
+    default:
+      return kUnknownDriveImage;
+  }
 }
 
 // Null, and no new node, if a node has the key already.
@@ -39,8 +46,11 @@ void BuildScopeTree() {
   for (const platform::Drive& drive : fileSystemObject.Drives()) {
     if (!CanBeScanned(drive)) continue;
     const Text text = Concat(drive.volumeName, u" (", drive.path, u")");
-    Node* node = AddScopeNode(root, drive.path, text, kDriveImage, kDriveImage);
-    if (node != nullptr) node->Checked = true;
+    const int image = ImageOf(drive);
+    Node* node = AddScopeNode(root, drive.path, text, image, image);
+    if (node == nullptr) continue;
+    node->Checked = true;
+    node->Unopened = true;
   }
 }
 
@@ -48,6 +58,7 @@ void LoadChildFolders(TextView key) {
   constexpr size_t kDriveLength = 2;
   Node* parent = frmPubMain.trvRes.NodeByKey(key);
   if (parent == nullptr) return;
+  parent->Unopened = false;
   const Text path = key.size() == kDriveLength ? Concat(key, u"\\") : Text(key);
   const auto folder = fileSystemObject.GetFolder(path);
   if (!folder) return;
@@ -56,7 +67,9 @@ void LoadChildFolders(TextView key) {
   for (const Folder& subFolder : *subFolders) {
     const auto subPath = subFolder.Path();
     const auto name = subFolder.Name();
-    if (subPath && name) AddScopeNode(parent, *subPath, *name, kFolderImage, kOpenFolderImage);
+    if (!subPath || !name) continue;
+    Node* node = AddScopeNode(parent, *subPath, *name, kFolderImage, kOpenFolderImage);
+    if (node != nullptr) node->Unopened = true;
   }
 }
 

@@ -5,11 +5,22 @@
 
 namespace tavix::mdlPubSelf {
 
+// The pictures of the nodes of trvRes, by their numbers.
+enum ScopeImage : int {
+  kFixedDriveImage = 1,
+  kFolderImage,
+  kOpenFolderImage,
+  kComputerImage,
+  kRemovableDriveImage,
+  kMemoryDriveImage,
+  kUnknownDriveImage,
+};
+
 // Refills trvRes with the root and the drives that can be scanned, all ticked. Network drives, optical drives
 // and drives that aren't ready are left out.
 void BuildScopeTree();
 // Adds the subfolders of a drive or folder below the node with this key, unticked. Adds nothing if the folder
-// can't be listed or no node has the key.
+// can't be listed or no node has the key. The node is no longer unopened.
 void LoadChildFolders(TextView key);
 // Copies the tick of the node to every node below it.
 void PropagateCheckDown(const Node& node);

@@ -26,9 +26,8 @@ void ListView::Item::SetChecked(bool checked) {
 bool ListView::Item::Selected() const { return list_->Data(row_).selected; }
 
 void ListView::Item::SetSelected(bool selected) {
-  RowData& data = list_->Data(row_);
-  if (data.selected == selected) return;
-  data.selected = selected;
+  if (Selected() == selected) return;
+  list_->Select(row_, selected);
   ++list_->highlightChanges_;
   list_->PropertyChanged();
 }
@@ -61,6 +60,7 @@ ListView::Item ListView::Row(int position) {
 void ListView::Remove(int position) {
   SortNewRows();
   if (order_[position - 1] == focused_) focused_ = kNone;
+  Select(order_[position - 1], false);
   order_.Remove(position - 1);
   ++highlightChanges_;
   if (position <= sortedCount_) --sortedCount_;
@@ -76,14 +76,22 @@ void ListView::Clear() {
   sortedCount_ = 0;
   sortedBelow_ = 0;
   focused_ = kNone;
+  selectedCount_ = 0;
   ++highlightChanges_;
   PropertyChanged();
 }
 
-void ListView::SortByClick(int column) {
+void ListView::SortByClick(int header) {
   Sorted = true;
-  SortKey = column;
+  SortKey = KeyOf(header);
   SortOrder = SortOrder == 0 ? 1 : 0;
+}
+
+int ListView::SortedHeader() const {
+  for (int header = 0; Sorted && header < kColumns; ++header) {
+    if (KeyOf(header) == SortKey) return header;
+  }
+  return -1;
 }
 
 int ListView::SelectedRow() {
@@ -100,17 +108,33 @@ uint32_t ListView::HighlightChanges() {
   return highlightChanges_;
 }
 
-void ListView::SelectAll(bool selected) {
+void ListView::Select(uint32_t row, bool selected) {
+  RowData& data = Data(row);
+  selectedCount_ += static_cast<int>(selected) - static_cast<int>(data.selected);
+  data.selected = selected;
+}
+
+void ListView::SelectAll(bool selected) { SelectRows(1, Count(), selected); }
+
+void ListView::SelectRows(int first, int last, bool selected) {
+  SortNewRows();
   ++highlightChanges_;
-  for (uint32_t row = 0; row < rows_; ++row) Data(row).selected = selected;
+  for (int i = std::max(first, 1) - 1; i < std::min(last, Count()); ++i) Select(order_[i], selected);
+  PropertyChanged();
+}
+
+void ListView::CheckSelected(bool checked) {
+  for (int i = 0; i < Count(); ++i) {
+    RowData& data = Data(order_[i]);
+    if (data.selected) data.checked = checked;
+  }
   PropertyChanged();
 }
 
 void ListView::SelectRow(int position) {
-  ++highlightChanges_;
-  for (uint32_t row = 0; row < rows_; ++row) Data(row).selected = false;
+  SelectAll(false);
   FocusRow(position);
-  if (focused_ != kNone) Data(focused_).selected = true;
+  if (focused_ != kNone) Select(focused_, true);
 }
 
 void ListView::FocusRow(int position) {

@@ -20,7 +20,9 @@ class ListView : public Control {
   struct ColumnHeader {
     Text Caption;
     int Width = 0;  // twips
-    int Icon = 0;   // of the sort direction: 0 none, 1 up, 2 down
+    int Icon = 0;   // beside the caption; 0 for none
+    // The column whose texts a click on this header sorts by; none for its own.
+    std::optional<int> Key = std::nullopt;
   };
 
   // A row. Valid until the row is removed or the list cleared.
@@ -75,14 +77,22 @@ class ListView : public Control {
   void Remove(int position);
   void Clear();
 
-  // The user clicks on the header of a column, counted from 0: sorts by that column and reverses the
-  // direction. A new list is ascending, so the first click sorts descending.
-  void SortByClick(int column);
+  // The user clicks on a header, counted from 0: sorts by its key and reverses the direction. A new list is
+  // ascending, so the first click sorts descending.
+  void SortByClick(int header);
+  // The header, counted from 0, by whose key the list is sorted; -1 if it isn't sorted.
+  int SortedHeader() const;
 
   // Grows whenever a highlight, or the position of a highlighted row, may have changed.
   uint32_t HighlightChanges();
-  // Highlights all rows, or takes all highlights away.
+  // How many rows are highlighted.
+  int SelectedCount() const { return selectedCount_; }
+  // Highlights all rows, or takes all highlights away. One change, as are the next two.
   void SelectAll(bool selected);
+  // The same for the rows from one position to another. Positions out of range are left out.
+  void SelectRows(int first, int last, bool selected);
+  // Ticks all highlighted rows, or unticks them.
+  void CheckSelected(bool checked);
   // The position of the row with the focus; 0 for none.
   int SelectedRow();
   // Puts the focus on a row and highlights only that row. A position out of range: no focus, no highlight.
@@ -114,6 +124,8 @@ class ListView : public Control {
   const RowData& Data(uint32_t row) const { return blocks_[row / kRowsInBlock][row % kRowsInBlock]; }
   TextView Field(uint32_t row, int field) const { return texts_.Get(Data(row).fields[field]); }
   void SetField(uint32_t row, int field, TextView text);
+  int KeyOf(int header) const { return ColumnHeaders[static_cast<size_t>(header)].Key.value_or(header); }
+  void Select(uint32_t row, bool selected);
   void ApplySortSettings();
   void SortNewRows();
 
@@ -131,6 +143,7 @@ class ListView : public Control {
   int direction_ = 0;
   uint32_t focused_ = kNone;  // the row with the focus
   uint32_t highlightChanges_ = 0;
+  int selectedCount_ = 0;
 };
 
 }  // namespace tavix

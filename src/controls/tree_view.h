@@ -21,9 +21,12 @@ class Node : public PropertyOwner {
   Property<Text> Caption;
   Property<bool> Checked{this, false};
   Property<bool> Expanded{this, false};
+  // Nobody has looked yet what is below the node. It has the mark of a branch, although it has no children.
+  Property<bool> Unopened{this, false};
   Property<bool> Bold{this, false};
   Property<Color> BackColor{this, kWindowBackground};
   Property<Color> ForeColor{this, kWindowText};
+  // Pictures before the caption, counted from 1; the second one while the node is selected. 0 for none.
   int Image = 0;
   int SelectedImage = 0;
 

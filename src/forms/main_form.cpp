@@ -37,6 +37,7 @@ MainForm::MainForm() : Form(u"frmPubMain") {
   // The fifth column is hidden: it holds the key by which sizes are sorted.
   SayColumns(u"lsvResult", lsvResult,
              {{u"      Type", 3528}, {u"Name", 3528}, {u"Size (KB)", 1764}, {u"Location", 9878}});
+  lsvResult.ColumnHeaders[2].Key = 4;
 
   for (Control* hidden : std::initializer_list<Control*>{&lst, &trvRes, &lblOpt, &lblOptPrompt, &sbtCancel,
                                                          &sbtRepair, &webGIF, &lblProgMI})

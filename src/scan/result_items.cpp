@@ -60,9 +60,6 @@ float SumResultSizes() {
   return sum;
 }
 
-void lsvResult_ColumnClick(int header) {
-  constexpr int kSizeHeader = 3;
-  frmPubMain.lsvResult.SortByClick(header == kSizeHeader ? kSizeKeyColumn : header - 1);
-}
+void lsvResult_ColumnClick(int header) { frmPubMain.lsvResult.SortByClick(header - 1); }
 
 }  // namespace tavix::mdlPubSelf

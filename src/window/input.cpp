@@ -61,14 +61,21 @@ constexpr KeyCommand kCommands[] = {
     {'I', kCtrl, PressTool<3>},
 };
 
-}  // namespace
-
-void Form_KeyDown(int keyCode, int shift) {
+// Null if there is none.
+const KeyCommand* CommandOf(int keyCode, int shift) {
   const auto* const found =
       std::find_if(std::begin(kCommands), std::end(kCommands),
                    [&](const KeyCommand& c) { return c.keyCode == keyCode && c.shift == shift; });
-  if (found != std::end(kCommands)) found->run();
+  return found != std::end(kCommands) ? found : nullptr;
 }
+
+}  // namespace
+
+void Form_KeyDown(int keyCode, int shift) {
+  if (const KeyCommand* const command = CommandOf(keyCode, shift)) command->run();
+}
+
+bool IsCommandKey(int keyCode, int shift) { return CommandOf(keyCode, shift) != nullptr; }
 
 void MoveWindowByMouse(int buttons) {
   if ((buttons & kLeftButton) == 0) return;

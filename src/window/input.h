@@ -7,6 +7,8 @@ namespace tavix::mdlPubSelf {
 // command key does what its button or picture does, whether or not that is enabled. Escape cancels only while
 // Cancel is visible. Any other key or shift state does nothing.
 void Form_KeyDown(int keyCode, int shift);
+// Whether that key is a command.
+bool IsCommandKey(int keyCode, int shift);
 
 // Drags the window while the left button is held: hands it over to the window system.
 void MoveWindowByMouse(int buttons);

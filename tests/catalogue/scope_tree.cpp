@@ -74,6 +74,31 @@ TEST_F(ScopeTree, OffersDrivesByTypeAndReadiness) {
   }
 }
 
+TEST_F(ScopeTree, EachTypeOfDriveHasAPictureOfItsOwn) {
+  SetDrive(u"F", u"5,Memory");
+  SetDrive(u"G", u"0,Unknown");
+  for (const TextView folder : {u"F:\\x", u"G:\\x"}) machine.files.AddFolder(folder);
+  Open();
+  EXPECT_EQ(At(u"Root").Image, kComputerImage);
+  EXPECT_EQ(At(u"D:").Image, kFixedDriveImage);
+  EXPECT_EQ(At(u"E:").Image, kRemovableDriveImage);
+  EXPECT_EQ(At(u"F:").Image, kMemoryDriveImage);
+  EXPECT_EQ(At(u"G:").Image, kUnknownDriveImage);
+}
+
+TEST_F(ScopeTree, WhatNobodyHasLookedIntoIsUnopened) {
+  Open();
+  EXPECT_FALSE(At(u"Root").Unopened);
+  EXPECT_TRUE(At(u"D:").Unopened);
+  Click(u"D:");
+  EXPECT_FALSE(At(u"D:").Unopened);
+  EXPECT_TRUE(At(u"D:\\apps").Unopened);
+  Click(u"D:\\apps");
+  EXPECT_FALSE(At(u"D:\\apps").Unopened) << "there is nothing in it";
+  Check(u"D:\\Users", false);
+  EXPECT_FALSE(At(u"D:\\Users").Unopened) << "the tick has loaded its folders";
+}
+
 TEST_F(ScopeTree, IsRebuiltAtEachOpening) {
   Open();
   Click(u"D:");

@@ -238,5 +238,71 @@ TEST(ListView, CountsWhateverMovesAHighlight) {
   EXPECT_TRUE(grown());
 }
 
+// Counts the changes that a real list would be told.
+class ListPeer : public ControlPeer {
+ public:
+  explicit ListPeer(ListView& list) : list_(list) { list.peer = this; }
+  ~ListPeer() override { list_.peer = nullptr; }
+  void ModelChanged() override { ++changes; }
+  int changes = 0;
+
+ private:
+  ListView& list_;
+};
+
+TEST(ListView, ManyRowsAreHighlightedAndTickedInOneChange) {
+  ListView list;
+  Fill(list, std::vector<Text>(1000, u"row"));
+  ListPeer peer(list);
+  list.SelectRows(11, 900, true);
+  EXPECT_EQ(peer.changes, 1);
+  EXPECT_EQ(list.SelectedCount(), 890);
+  EXPECT_FALSE(list.Row(10).Selected());
+  EXPECT_TRUE(list.Row(11).Selected());
+  EXPECT_TRUE(list.Row(900).Selected());
+  EXPECT_FALSE(list.Row(901).Selected());
+  list.CheckSelected(true);
+  EXPECT_EQ(peer.changes, 2);
+  EXPECT_FALSE(list.Row(10).Checked());
+  EXPECT_TRUE(list.Row(11).Checked());
+  EXPECT_FALSE(list.Row(901).Checked());
+  list.SelectAll(false);
+  EXPECT_EQ(peer.changes, 3);
+  EXPECT_EQ(list.SelectedCount(), 0);
+  list.SelectRows(-5, 5000, true);
+  EXPECT_EQ(list.SelectedCount(), 1000) << "positions out of range are left out";
+}
+
+TEST(ListView, CountsHighlightedRows) {
+  ListView list;
+  Fill(list, {u"a", u"b", u"c"});
+  list.Row(1).SetSelected(true);
+  list.Row(1).SetSelected(true);
+  list.Row(2).SetSelected(true);
+  EXPECT_EQ(list.SelectedCount(), 2);
+  list.Remove(1);
+  EXPECT_EQ(list.SelectedCount(), 1);
+  list.SelectRow(2);
+  EXPECT_EQ(list.SelectedCount(), 1);
+  EXPECT_TRUE(list.Row(2).Selected());
+  list.Clear();
+  EXPECT_EQ(list.SelectedCount(), 0);
+}
+
+TEST(ListView, KnowsTheHeaderByWhoseKeyItIsSorted) {
+  ListView list;
+  list.ColumnHeaders[2].Key = 4;
+  Fill(list, {u"a", u"b"});
+  EXPECT_EQ(list.SortedHeader(), -1);
+  list.SortByClick(1);
+  EXPECT_EQ(list.SortedHeader(), 1);
+  EXPECT_EQ(list.SortKey, 1);
+  list.SortByClick(2);
+  EXPECT_EQ(list.SortedHeader(), 2);
+  EXPECT_EQ(list.SortKey, 4);
+  list.Sorted = false;
+  EXPECT_EQ(list.SortedHeader(), -1);
+}
+
 }  // namespace
 }  // namespace tavix

@@ -30,11 +30,11 @@ class Advanced(SeededMachine):
         shown = self.program.wait_until("the page", lambda s: s.control(FUNCTIONS)["visible"])
         self.assertTrue(shown.control(SCOPE)["visible"])
         # Untick the drive, open it, and tick the one folder.
-        self.program.click(shown.node("My Computer")["rect"], x=-8)
+        self.program.click(shown.node("My Computer")["box"])
         shown = self.program.wait_until("the ticks to go", lambda s: not s.node(" (C:)")["checked"])
         self.program.click(shown.node(" (C:)")["rect"])
         shown = self.program.wait_until("the folders", lambda s: any(node["node"] == "Archive" and node["rect"] for node in s.nodes))
-        self.program.click(shown.node("Archive")["rect"], x=-8)
+        self.program.click(shown.node("Archive")["box"])
         self.program.wait_until("the tick", lambda s: s.node("Archive")["checked"])
 
     def test_a_folder_is_scanned_and_cleaned(self):

@@ -56,6 +56,17 @@ class FormKeyDown : public testing::Test {
   Calls calls;
 };
 
+TEST_F(FormKeyDown, AKeyIsACommandInItsShiftStateAlone) {
+  using mdlPubSelf::IsCommandKey;
+  for (const char key : {'P', 'S', 'R', 'A', 'O', '1'}) {
+    EXPECT_TRUE(IsCommandKey(key, 0)) << key;
+    EXPECT_FALSE(IsCommandKey(key, kShift)) << key;
+  }
+  EXPECT_FALSE(IsCommandKey('C', 0));
+  EXPECT_FALSE(IsCommandKey('2', 0));
+  EXPECT_TRUE(IsCommandKey('I', kCtrl));
+}
+
 TEST_F(FormKeyDown, RunsTheCommandOfEachKeyAndNothingForAnyOtherShiftState) {
   const struct {
     int key, shift;

@@ -129,7 +129,7 @@ class Drags(MouseCase):
 
 class Ticks(MouseCase):
     def box(self, node):
-        self.program.click(self.program.read().node(node)["rect"], x=-8)
+        self.program.click(self.program.read().node(node)["box"])
 
     def test_a_branch_shows_that_it_is_half_ticked(self):
         self.box("Cookies")

@@ -1,5 +1,6 @@
 #include "window/win32/lists.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/windows/wide.h"
@@ -80,6 +81,20 @@ void ListBoxBinding::ShowRows() {
   Redraw(true);
 }
 
+void ListBoxBinding::GoToLetter(char16_t letter) {
+  const auto textOf = [this](int row) {
+    const TextView text = model_.List(row);
+    return text.substr(std::min(text.find_first_not_of(u"*?."), text.size()));
+  };
+  const auto row = context_.letters.Type(
+      Window(), letter, {model_.ListCount(), static_cast<int>(Send(LB_GETCARETINDEX)), textOf});
+  if (row < 0) return;
+  Send(LB_SETSEL, FALSE, -1);
+  Send(LB_SETSEL, TRUE, row);
+  Send(LB_SETCARETINDEX, static_cast<WPARAM>(row), FALSE);
+  OnCommand(LBN_SELCHANGE);
+}
+
 void ListBoxBinding::OnCommand(int code) {
   if (code != LBN_SELCHANGE) return;
   for (int row = 0; row < model_.ListCount(); ++row) model_.SetSelected(row, IsSelected(row));
@@ -95,6 +110,7 @@ HBRUSH ListBoxBinding::OnColors(HDC context) {
 
 std::optional<LRESULT> ListBoxBinding::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_KEYUP) model_.KeyUp(static_cast<int>(wParam), HeldShiftKeys());
+  if (message == WM_CHAR && wParam > VK_SPACE) return GoToLetter(static_cast<char16_t>(wParam)), 0;
   return OutlinedBinding::OnMessage(message, wParam, lParam);
 }
 

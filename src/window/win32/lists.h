@@ -15,7 +15,7 @@ namespace tavix::win32 {
 //--- Virtual list
 
 // A report list that keeps no rows: it asks for what it paints. A click on a box or the space bar changes the
-// tick in the model only; the shown tick follows it.
+// tick in the model only; the shown tick follows it. Letters lead to the row that begins with them.
 class VirtualList : public OutlinedBinding {
  public:
   LRESULT OnNotify(NMHDR& header) override;
@@ -29,6 +29,8 @@ class VirtualList : public OutlinedBinding {
   virtual TextView TextAt(int row, int column) = 0;
   virtual bool CheckedAt(int row) = 0;
   virtual void Toggle(int row) = 0;
+  // The space bar was pressed on a row.
+  virtual void OnSpace(int row) { Toggle(row); }
   // The model's row in focus, -1 for none.
   virtual int FocusedRow() = 0;
   // The user has moved the focus to this row.
@@ -53,6 +55,8 @@ class VirtualList : public OutlinedBinding {
   void ShowRows();
   // Sets a state (LVIS_...) of one row, or of all rows for -1.
   void SetState(int row, UINT mask, UINT state) const;
+  // Runs what changes the states of many rows, without painting meanwhile.
+  LRESULT ForManyRows(const std::function<LRESULT()>& change) const;
   // The list's own row in focus, -1 for none.
   int ShownFocus() const;
   bool Has(int row) { return row >= 0 && row < RowCount(); }
@@ -60,6 +64,9 @@ class VirtualList : public OutlinedBinding {
  private:
   LRESULT Fill(LVITEMW& item);
   LRESULT PaintRow(NMLVCUSTOMDRAW& draw);
+  SearchedRows Searched();
+  LRESULT FindAsked(const NMLVFINDITEMW& asked);
+  void GoToLetter(char16_t letter);
   void RowChanged(const NMLISTVIEW& change);
   void RowsChanged(const NMLVODSTATECHANGE& change);
   void ShowFocus();
@@ -119,6 +126,7 @@ class ListViewBinding : public VirtualList {
   TextView TextAt(int row, int column) override;
   bool CheckedAt(int row) override { return model_.Row(row + 1).Checked(); }
   void Toggle(int row) override;
+  void OnSpace(int row) override;
   int FocusedRow() override { return model_.SelectedRow() - 1; }
   void OnRowFocused(int row) override;
   void OnRowsHighlighted(int first, int last, bool highlighted) override;
@@ -133,14 +141,17 @@ class ListViewBinding : public VirtualList {
   void RemoveCheckBoxes();
   void ShowColumns();
   void ShowColors();
+  int SortMark(int header) const;
   LRESULT Select(UINT message, WPARAM wParam, LPARAM lParam);
+  void ReadRange(bool adds);
   void ReadHighlights();
   void AskForMenu(LPARAM position);
-  int HighlightedRows();
 
   ListView& model_;
   ListStyle style_;
-  std::array<ListView::ColumnHeader, ListView::kColumns> columns_;  // as they were shown last
+  // As they were shown last.
+  std::array<ListView::ColumnHeader, ListView::kColumns> columns_;
+  std::array<int, ListView::kColumns> sortMarks_{};
   COLORREF back_ = CLR_NONE;
   uint32_t highlights_ = 0;  // the model's count of changes when they were last shown
   ImageList spacers_;        // keep rows without boxes apart
@@ -148,7 +159,8 @@ class ListViewBinding : public VirtualList {
 
 //--- List box
 
-// A list of lines, any number of which can be selected.
+// A list of lines, any number of which can be selected. Letters lead to the next line that begins with them;
+// the signs of a pattern before its first letter don't count.
 class ListBoxBinding : public OutlinedBinding {
  public:
   ListBoxBinding(ListBox& model, WindowContext& context, int id, ControlName name);
@@ -161,6 +173,7 @@ class ListBoxBinding : public OutlinedBinding {
 
  private:
   void ShowRows();
+  void GoToLetter(char16_t letter);
   bool IsSelected(int row) const { return Send(LB_GETSEL, static_cast<WPARAM>(row)) > 0; }
 
   ListBox& model_;

@@ -7,6 +7,7 @@
 #include "forms/type_form.h"
 #include "frame/start_up.h"
 #include "scan/scan_driver.h"
+#include "window/input.h"
 #include "window/layout.h"
 #include "window/win32/control_ids.h"
 #include "window/win32/input.h"
@@ -18,7 +19,6 @@ namespace {
 // A long job's changes are shown at most once in as many milliseconds.
 constexpr ULONGLONG kFlushInterval = 16;
 
-// Letters and digits never reach a control: in a list they would search.
 bool IsLetterOrDigit(WPARAM key) { return (key >= 'A' && key <= 'Z') || (key >= '0' && key <= '9'); }
 
 }  // namespace
@@ -108,12 +108,22 @@ void MainWindow::Handle(MSG& message) {
   DispatchMessageW(&message);
 }
 
-// The form gets every key first, whichever control has the focus. True if the key goes no further.
+// Whether a letter or digit searches in the list or tree in focus. One that is a command does so with Shift,
+// or in the middle of a word.
+bool MainWindow::IsForList(const MSG& message, int shift) const {
+  if ((shift & ~kShift) != 0 || (SendMessageW(message.hwnd, WM_GETDLGCODE, 0, 0) & DLGC_WANTCHARS) == 0)
+    return false;
+  return !mdlPubSelf::IsCommandKey(static_cast<int>(message.wParam), shift) ||
+         context_.letters.IsRunning(message.hwnd, message.time);
+}
+
+// The form gets every other key first, whichever control has the focus. True if the key goes no further.
 bool MainWindow::PressKey(const MSG& message) {
   if (message.message != WM_KEYDOWN && message.message != WM_SYSKEYDOWN) return false;
   if (message.hwnd != context_.window && IsChild(context_.window, message.hwnd) == FALSE) return false;
   if (IsWindowEnabled(context_.window) == FALSE) return true;
   const int shift = HeldShiftKeys();
+  if (IsLetterOrDigit(message.wParam) && IsForList(message, shift)) return false;
   frmPubMain.KeyDown(static_cast<int>(message.wParam), shift);
   const bool closes = message.wParam == VK_F4 && shift == kAlt;
   const bool selectsAll = message.wParam == 'A' && shift == kCtrl;

@@ -58,6 +58,7 @@ class MainWindow : private WindowOwner {
   void MakeControls();
   void Handle(MSG& message);
   bool PressKey(const MSG& message);
+  bool IsForList(const MSG& message, int shift) const;
   void Flush();
   void Refresh();
   void Unload();

@@ -179,13 +179,17 @@ void DrawRing(HDC screen, const WindowContext& context, const RECT& area, bool m
   rings.Show(screen, {area.left + (TickWidth(context) - size) / 2, (area.top + area.bottom - size) / 2});
 }
 
-ImageList MakeBlankImages(int width, int height) {
+void AddBlankImage(const ImageList& images, int width, int height) {
   const size_t line = static_cast<size_t>(width + 15) / 16 * 2;
   const size_t bytes = line * static_cast<size_t>(height);
   const Bitmap picture(CreateBitmap(width, height, 1, 1, std::vector<BYTE>(bytes, 0).data()));
   const Bitmap mask(CreateBitmap(width, height, 1, 1, std::vector<BYTE>(bytes, 0xFF).data()));
-  ImageList images(ImageList_Create(width, height, ILC_COLOR | ILC_MASK, 1, 0));
   ImageList_Add(images.Get(), picture.Get(), mask.Get());
+}
+
+ImageList MakeBlankImages(int width, int height) {
+  ImageList images(ImageList_Create(width, height, ILC_COLOR | ILC_MASK, 1, 0));
+  AddBlankImage(images, width, height);
   return images;
 }
 

@@ -26,6 +26,7 @@ ImageList MakeTickImages(const WindowContext& context, int height, bool leading)
 void DrawTick(HDC context, const WindowContext& window, const RECT& area, Tick tick, bool enabled);
 // The ring of an option button, placed as a box is.
 void DrawRing(HDC screen, const WindowContext& context, const RECT& area, bool marked, bool enabled);
+void AddBlankImage(const ImageList& images, int width, int height);
 // One transparent image of this size in pixels.
 ImageList MakeBlankImages(int width, int height);
 

@@ -56,16 +56,22 @@ void VirtualList::SetState(int row, UINT mask, UINT state) const {
   LVITEMW item{};
   item.stateMask = mask;
   item.state = state;
-  // Otherwise the list would repaint and ask for a tick row by row.
-  if (row < 0) {
-    Send(WM_SETREDRAW, FALSE);
-    Send(LVM_SETCALLBACKMASK, 0);
-  }
-  Send(LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
-  if (row >= 0) return;
-  Send(LVM_SETCALLBACKMASK, LVIS_STATEIMAGEMASK);
+  const auto set = [&] {
+    return Send(LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+  };
+  row < 0 ? ForManyRows(set) : set();
+}
+
+// Otherwise the list would repaint and ask for a tick row by row.
+LRESULT VirtualList::ForManyRows(const std::function<LRESULT()>& change) const {
+  const auto callbacks = Send(LVM_GETCALLBACKMASK);
+  Send(WM_SETREDRAW, FALSE);
+  Send(LVM_SETCALLBACKMASK, 0);
+  const LRESULT result = change();
+  Send(LVM_SETCALLBACKMASK, static_cast<WPARAM>(callbacks));
   Send(WM_SETREDRAW, TRUE);
   Redraw();
+  return result;
 }
 
 int VirtualList::ShownFocus() const {
@@ -98,7 +104,7 @@ LRESULT VirtualList::OnNotify(NMHDR& header) {
     case LVN_COLUMNCLICK:
       return OnColumnClick(reinterpret_cast<NMLISTVIEW&>(header).iSubItem), 0;
     case LVN_ODFINDITEMW:
-      return -1;
+      return FindAsked(reinterpret_cast<NMLVFINDITEMW&>(header));
     default:
       return 0;
   }
@@ -124,6 +130,27 @@ LRESULT VirtualList::PaintRow(NMLVCUSTOMDRAW& draw) {
   const int row = static_cast<int>(draw.nmcd.dwItemSpec);
   if (draw.nmcd.dwDrawStage == CDDS_ITEMPREPAINT && Has(row)) draw.clrText = TextColorAt(row);
   return CDRF_DODEFAULT;
+}
+
+SearchedRows VirtualList::Searched() {
+  return {RowCount(), ShownFocus(), [this](int row) { return TextAt(row, 0); }};
+}
+
+// Other programs, such as screen readers, ask the list for a row by its text.
+LRESULT VirtualList::FindAsked(const NMLVFINDITEMW& asked) {
+  const LVFINDINFOW& by = asked.lvfi;
+  if ((by.flags & (LVFI_STRING | LVFI_PARTIAL)) == 0 || by.psz == nullptr) return -1;
+  return FindRow(Searched(), asked.iStart, windows::FromWide(by.psz), (by.flags & LVFI_PARTIAL) == 0,
+                 (by.flags & LVFI_WRAP) != 0);
+}
+
+void VirtualList::GoToLetter(char16_t letter) {
+  const int row = context_.letters.Type(Window(), letter, Searched());
+  if (row < 0) return;
+  if (!SelectsOne()) SetState(-1, LVIS_SELECTED, 0);
+  SetState(row, LVIS_FOCUSED | LVIS_SELECTED, LVIS_FOCUSED | LVIS_SELECTED);
+  Send(LVM_SETSELECTIONMARK, 0, row);
+  Send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
 }
 
 void VirtualList::RowChanged(const NMLISTVIEW& change) {
@@ -156,9 +183,10 @@ std::optional<LRESULT> VirtualList::OnMessage(UINT message, WPARAM wParam, LPARA
   }
   if ((message == WM_KEYDOWN || message == WM_CHAR) && wParam == VK_SPACE) {
     const int row = ShownFocus();
-    if (message == WM_KEYDOWN && Has(row)) Toggle(row);
+    if (message == WM_KEYDOWN && Has(row)) OnSpace(row);
     return 0;
   }
+  if (message == WM_CHAR && wParam > VK_SPACE) return GoToLetter(static_cast<char16_t>(wParam)), 0;
   return OutlinedBinding::OnMessage(message, wParam, lParam);
 }
 

@@ -77,6 +77,7 @@ std::optional<LRESULT> WindowBinding::OnMessage(UINT message, WPARAM wParam, LPA
   if (message == WM_DESTROY && !name_.isWindowText && !shownName_.empty()) ClearAccessibleName(window_);
   if (message == WM_MOUSEMOVE && context_.HasMoved(window_, PointOf(lParam)))
     OnMouseMove(HeldButtons(wParam));
+  if (message == WM_KEYDOWN) context_.letters.KeyPressed(wParam, static_cast<DWORD>(GetMessageTime()));
   if (message == WM_SETFOCUS && context_.form != nullptr) context_.form->ActiveControl = &model_;
   return std::nullopt;
 }

@@ -6,6 +6,7 @@
 #include "controls/form.h"
 #include "window/win32/change_queue.h"
 #include "window/win32/gdi.h"
+#include "window/win32/letter_search.h"
 #include "window/win32/palette.h"
 #include "window/win32/skin.h"
 
@@ -27,6 +28,7 @@ struct WindowContext {
   HWND lostFocus = nullptr;         // the control that had the focus when it was hidden or disabled
   POINT mouse{-1, -1};              // where the mouse was last, on the screen
   std::optional<POINT> menuCorner;  // where a menu pops up on the screen; at the mouse without one
+  LetterSearch letters;             // typed in the lists and trees of the window
   std::function<void(TextBoxBinding&)> boxLeft;  // the focus has moved from a box to another control
 
   // Whether the mouse, now at a point of window `at`, has moved since the last call. WM_MOUSEMOVE also

@@ -185,6 +185,24 @@ void PrintRows(const RemoteRoom& room, HWND list, const char* kind, int columns)
   }
 }
 
+// The box of a node, found by asking what lies left of its label; "null" if the box isn't in sight.
+std::string BoxOf(const RemoteRoom& room, HWND tree, const RECT& label) {
+  const LONG middle = (label.top + label.bottom) / 2;
+  RECT box{0, label.top, -1, label.bottom}, area;
+  GetClientRect(tree, &area);
+  if (middle < area.top || middle >= area.bottom) return "null";
+  for (LONG x = label.left - 1; x >= 0; --x) {
+    TVHITTESTINFO hit{};
+    hit.pt = {x, middle};
+    room.Send(tree, TVM_HITTEST, 0, hit);
+    const bool onBox = (hit.flags & TVHT_ONITEMSTATEICON) != 0;
+    if (onBox && box.right < 0) box.right = x + 1;
+    if (onBox) box.left = x;
+    if (!onBox && box.right >= 0) break;
+  }
+  return box.right < 0 ? "null" : Rectangle(tree, box);
+}
+
 HTREEITEM Next(HWND tree, WPARAM which, HTREEITEM item) {
   return reinterpret_cast<HTREEITEM>(
       SendMessageW(tree, TVM_GETNEXTITEM, which, reinterpret_cast<LPARAM>(item)));
@@ -195,7 +213,7 @@ void PrintNodes(const RemoteRoom& room, HWND tree, HTREEITEM first, int level) {
     TVITEMW item{};
     item.mask = TVIF_HANDLE | TVIF_TEXT | TVIF_STATE;
     item.hItem = node;
-    item.stateMask = TVIS_STATEIMAGEMASK | TVIS_EXPANDED;
+    item.stateMask = TVIS_STATEIMAGEMASK | TVIS_EXPANDED | TVIS_SELECTED;
     item.pszText = room.TextAddress();
     item.cchTextMax = kTextRoom;
     room.Send(tree, TVM_GETITEMW, 0, item);
@@ -210,11 +228,13 @@ void PrintNodes(const RemoteRoom& room, HWND tree, HTREEITEM first, int level) {
     // State images: a ticked box and a half-ticked one.
     const UINT box = item.state & TVIS_STATEIMAGEMASK;
     std::printf(
-        "{\"node\":%s,\"tree\":%d,\"level\":%d,\"checked\":%s,\"half\":%s,\"expanded\":%s,\"rect\":%s}\n",
+        "{\"node\":%s,\"tree\":%d,\"level\":%d,\"checked\":%s,\"half\":%s,\"expanded\":%s,\"selected\":%s,"
+        "\"rect\":%s,\"box\":%s}\n",
         Quoted(text).c_str(), GetDlgCtrlID(tree), level,
         Flag(box == INDEXTOSTATEIMAGEMASK(2) || box == INDEXTOSTATEIMAGEMASK(3)),
         Flag(box == INDEXTOSTATEIMAGEMASK(3)), Flag((item.state & TVIS_EXPANDED) != 0),
-        seen ? Rectangle(tree, place.area).c_str() : "null");
+        Flag((item.state & TVIS_SELECTED) != 0), seen ? Rectangle(tree, place.area).c_str() : "null",
+        seen && IsWindowVisible(tree) != FALSE ? BoxOf(room, tree, place.area).c_str() : "null");
     PrintNodes(room, tree, Next(tree, TVGN_CHILD, node), level + 1);
   }
 }

@@ -130,6 +130,46 @@ TEST_F(ListViewBindingTest, SpaceTurnsTheTickOfTheRowInFocus) {
   EXPECT_EQ(Model().SelectedRow(), 2);
 }
 
+TEST_F(ListViewBindingTest, SpaceGivesHighlightedRowsTheNewStateOfTheOneInFocus) {
+  AddRows(4);
+  Model().Row(3).SetChecked(false);
+  Model().SelectRows(2, 4, true);
+  Model().FocusRow(2);
+  Flush();
+  SetFocus(list);
+  const auto ticks = [this] {
+    std::string marks;
+    for (int row = 1; row <= Model().Count(); ++row) marks += Model().Row(row).Checked() ? 'x' : '-';
+    return marks;
+  };
+  Press(list, VK_SPACE);
+  EXPECT_EQ(ticks(), "x---");
+  Press(list, VK_SPACE);
+  EXPECT_EQ(ticks(), "xxxx");
+  // A row in focus that isn't highlighted turns alone.
+  Model().FocusRow(1);
+  Flush();
+  Press(list, VK_SPACE);
+  EXPECT_EQ(ticks(), "-xxx");
+}
+
+TEST_F(ListViewBindingTest, AnotherProgramFindsARowByItsText) {
+  for (const TextView text : {u"Junk File", u"Empty File", u"Empty Folder"}) Model().Add(text);
+  Flush();
+  const auto find = [this](int start, UINT flags, const wchar_t* text) {
+    LVFINDINFOW by{};
+    by.flags = flags;
+    by.psz = text;
+    return static_cast<int>(
+        Send(list, LVM_FINDITEMW, static_cast<WPARAM>(start), reinterpret_cast<LPARAM>(&by)));
+  };
+  EXPECT_EQ(find(-1, LVFI_STRING, L"empty folder"), 2);
+  EXPECT_EQ(find(-1, LVFI_STRING, L"empty"), -1);
+  EXPECT_EQ(find(-1, LVFI_PARTIAL, L"empty"), 1);
+  EXPECT_EQ(find(2, LVFI_PARTIAL, L"junk"), -1);
+  EXPECT_EQ(find(2, LVFI_PARTIAL | LVFI_WRAP, L"junk"), 0);
+}
+
 TEST_F(ListViewBindingTest, TheFocusFollowsItsRowThroughSorting) {
   Model().Add(u"b");
   Model().Add(u"a");
@@ -173,14 +213,17 @@ TEST_F(ListViewBindingTest, HeadersShowTheSortMarkAndRaiseTheirNumber) {
     Send(header, HDM_GETITEMW, column, reinterpret_cast<LPARAM>(&item));
     return item.fmt & (HDF_SORTUP | HDF_SORTDOWN);
   };
-  Model().ColumnHeaders[0].Icon = 2;
-  Model().PropertyChanged();
+  Model().SortByClick(0);
   Flush();
   EXPECT_EQ(format(0), HDF_SORTDOWN);
-  Model().ColumnHeaders[0].Icon = 0;
-  Model().PropertyChanged();
+  Model().SortByClick(2);
   Flush();
   EXPECT_EQ(format(0), 0);
+  EXPECT_EQ(format(2), HDF_SORTUP) << "sorted by the hidden column";
+  EXPECT_EQ(format(4), 0);
+  Model().Sorted = false;
+  Flush();
+  EXPECT_EQ(format(2), 0);
 }
 
 TEST_F(ListViewBindingTest, TheHiddenColumnCannotBePulledOpen) {

@@ -138,6 +138,7 @@ TEST_F(TreeBindingTest, AnArrowKeyInATreeThatFoldsOnlyMovesTheFocus) {
   scope.NodeClick = nullptr;
   scope.Clear();
   scope.Visible = false;
+  Model().Visible = true;
 }
 
 TEST_F(TreeBindingTest, SpaceTurnsTheTickAndEnterClicks) {
@@ -149,6 +150,49 @@ TEST_F(TreeBindingTest, SpaceTurnsTheTickAndEnterClicks) {
   EXPECT_TRUE(Ticked(FirstItem()));
   Press(tree, VK_RETURN);
   EXPECT_EQ(clicks, std::vector<Text>{u"first"});
+}
+
+// The letters are narrow, so the points stand at the right edge of the tree.
+TEST_F(TreeBindingTest, ACaptionThatIsCutEndsInAnEllipsis) {
+  Model().AddNode(nullptr, u"wide", Text(300, u'l'));
+  Flush();
+  UpdateWindow(tree);
+  RECT area;
+  GetClientRect(tree, &area);
+  const POINT label = LabelOf(Next(TVGN_NEXT, RootItem()));
+  const int half = TextHeightOfTree() / 2;
+  const HDC context = GetDC(tree);
+  const auto inks = [&](int top, int bottom) {
+    int count = 0;
+    for (int x = area.right - 12; x < area.right - 2; ++x)
+      for (int y = top; y < bottom; ++y) count += GetPixel(context, x, y) != GetPixel(context, 0, 0) ? 1 : 0;
+    return count;
+  };
+  EXPECT_EQ(inks(label.y - half, label.y), 0);
+  EXPECT_GT(inks(label.y, label.y + half), 0);
+  ReleaseDC(tree, context);
+}
+
+TEST_F(TreeBindingTest, ALetterIsAClickOnTheNodeThatItLeadsTo) {
+  SetFocus(tree);
+  Send(tree, TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(RootItem()));
+  Send(tree, WM_CHAR, 's', 1);
+  EXPECT_EQ(clicks, std::vector<Text>{u"second"});
+  EXPECT_EQ(Next(TVGN_CARET), Next(TVGN_NEXT, FirstItem()));
+}
+
+TEST_F(TreeBindingTest, OpeningAnUnopenedNodeIsAClickOnIt) {
+  first->Unopened = true;
+  Flush();
+  Send(tree, TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(FirstItem()));
+  SetFocus(tree);
+  Press(tree, VK_RIGHT);
+  EXPECT_EQ(clicks, std::vector<Text>{u"first"});
+  // Once it is known to have nothing below, there is nothing to open.
+  first->Unopened = false;
+  Flush();
+  Press(tree, VK_RIGHT);
+  EXPECT_EQ(clicks.size(), 1U);
 }
 
 TEST_F(TreeBindingTest, OpeningAndClosingReachesTheModel) {

@@ -21,6 +21,8 @@ class WindowTest : public testing::Test {
   void SetUp() override {
     // The models are process-wide, and the window shows what they hold: reset them.
     frmPubMain.lsvResult.Sorted = false;
+    frmPubMain.lsvResult.SortKey = 0;
+    frmPubMain.lsvResult.SortOrder = 0;
     frmPubMain.lsvResult.Clear();
     frmPubMain.lst.Clear();
     frmPubMain.trvPrivacy.Clear();
