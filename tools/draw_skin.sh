@@ -50,7 +50,7 @@ draw_bitmaps() {
     bitmap "${key}_ACTV" $button lit 17 19
   done
   for option in opt junk dup del one; do
-    bitmap "$(echo $option | tr '[:lower:]' '[:upper:]')32" ${option}32 at_rest 32 32
+    bitmap "$(echo $option | tr '[:lower:]' '[:upper:]')32" ${option}32 on_ground 32 32
   done
   bitmap TITLE_BIG title_big at_rest 992 76
   bitmap TITLE_SM title_sm at_rest 768 76
@@ -102,7 +102,7 @@ draw_sheet() {
       PRIVACY_ACTV SYS_ACTV REG_ACTV ADV_ACTV OPT_ACTV ONE_ACTV
     row "$suffix" 8 '#0F2F45' HELP_STTC COMMEND_STTC MINI_STTC CLOSE_STTC \
       HELP_ACTV COMMEND_ACTV MINI_ACTV CLOSE_ACTV
-    row "$suffix" 5 '#FFFFFF' ONE32 JUNK32 DUP32 DEL32 OPT32
+    row "$suffix" 5 '#EDF2F6' ONE32 JUNK32 DUP32 DEL32 OPT32
   done
   set --
   for size in 16 20 24 32 40 48 64 128 256; do set -- "$@" "$work/icon_$size.png"; done

@@ -144,6 +144,11 @@ void SetProgressStep(int rows) {
   Set(ProgressStep, ToInteger16(width / updates));
 }
 
+void SetJobButtonsEnabled(bool enabled) {
+  SetResultControlsEnabled(enabled);
+  frmPubMain.sbtScan.Enabled = enabled;
+}
+
 }  // namespace
 
 void sbtClean_Click() {
@@ -171,13 +176,19 @@ void sbtClean_Click() {
     return;
   }
   form.lsvResult.Enabled = false;
+  // No button is served until the end, and it looks so.
+  SetJobButtonsEnabled(false);
   SetProgressStep(rows);
+  form.Refresh();
 
   Clean clean;
   int32_t cleaned = 0;
   float cleanedSize = 0;
   for (int row = rows; row >= 1; --row) {
     if ((rows - row) % kRowsForAStep == 0) AdvanceProgressBar();
+    form.KeepPainted();
+    // The end of the Windows session closes the program.
+    if (!form.Loaded) break;
     // Another clean may have removed rows during the wait.
     if (row > ResultCount() || !form.lsvResult.Row(row).Checked()) continue;
     const Finding finding = ReadRow(row);
@@ -192,6 +203,7 @@ void sbtClean_Click() {
   // If another clean's wait started this one, that clean continues.
   form.CleanBusy = within;
   form.lsvResult.Enabled = true;
+  SetJobButtonsEnabled(true);
   form.webGIF.Visible = false;
   form.lblProgS.Caption = u"Finished.";
   ShowElapsedTime();

@@ -17,9 +17,12 @@ bool UserAgrees() {
 void ScanAndClean() {
   MainForm& form = frmPubMain;
   form.Enabled = false;
+  // It can't be pressed in a disabled window, and it looks so.
+  form.sbtCancel.Enabled = false;
   form.sbtScan.Click();
   // The user may have closed the program during the scan.
   if (form.Loaded) form.sbtClean.Click();
+  form.sbtCancel.Enabled = true;
   form.Enabled = true;
 }
 
@@ -30,6 +33,8 @@ void RunOneClick() {
   if (form.picOne.BorderStyle == 1) return;
   for (PictureBox* picture : form.PagePictures()) picture->BorderStyle = picture == &form.picOne ? 1 : 0;
   form.picOne.Picture = u"ONE_STTC";
+  // The marks are seen while the question stands.
+  form.Refresh();
   if (!form.sbtCancel.Visible && !form.CleanBusy && UserAgrees()) ScanAndClean();
   form.picOne.BorderStyle = 0;
 }

@@ -30,6 +30,8 @@ class OptionButton : public Control {
 
   // Makes the buttons one group. They must stay at their addresses.
   static void Group(std::span<OptionButton> buttons);
+  // Its group, this button included.
+  std::span<const OptionButton> Members() const { return group_; }
 
  private:
   void Mark(bool value);

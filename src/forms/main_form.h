@@ -43,8 +43,9 @@ class MainForm : public Form {
   InternetTransfer net;
   Timer timLoader;
 
-  Event<> Refresh;   // command: paints what has changed at once
-  Event<> Minimize;  // command: sends the window to the task bar
+  Event<> Refresh;      // command: paints what has changed at once
+  Event<> KeepPainted;  // command of a job that serves no input: paints what has changed every now and then
+  Event<> Minimize;     // command: sends the window to the task bar
 
   bool BigInterface = false;
   bool IconsLit = false;

@@ -7,7 +7,10 @@ OptionsForm::OptionsForm() : Form(u"frmPubOptions") {
   for (Frame* page : {&fraJF, &fraDF, &fraCM, &fraOO}) page->Visible = false;
   Say(u"Caption", Caption, u"Options");
   Say(u"sbtSave", sbtSave.Caption, u"Sa&ve");
-  Say(u"sbtRecommend", sbtRecommend.Caption, u"Recomme&nd");
+  Say(u"sbtRecommend", sbtRecommend.Caption, u"Recomme&nded");
+  SayToolTip(
+      u"sbtRecommend", sbtRecommend,
+      u"Sets all options on all pages back to the recommended ones, at once. Your own junk types stay.");
   Say(u"sbtClose", sbtClose.Caption, u"&Close");
 
   SayColumns(u"lsvJF", lsvJF, {{u"Description", 3600}, {u"Pattern", 2000}});

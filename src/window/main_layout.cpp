@@ -113,8 +113,10 @@ void PutJobPanel(const Geometry& geometry) {
   const int width = form.lblFrame.Width - 2 * kPanelMargin;
   const int optionTop = top + kPanelMargin + kStatusHeight;
   Put(form.lblProgS, {left, top + kPanelMargin, width, kStatusHeight});
-  Put(form.lblOpt, {left, optionTop, 1050, kTextLine});
-  Put(form.lblOptPrompt, {BoundsOf(form.lblOpt).Right(), optionTop, width - form.lblOpt.Width, kTextLine});
+  // The words of the link are in line with the others.
+  Put(form.lblOpt, {left - kLinkPadding, optionTop, 1050 + 2 * kLinkPadding, kTextLine});
+  const int promptLeft = BoundsOf(form.lblOpt).Right();
+  Put(form.lblOptPrompt, {promptLeft, optionTop, left + width - promptLeft, kTextLine});
   const int barTop = optionTop + kTextLine + kGap;
   Put(form.lblProgMO, {left, barTop, width, kBarHeight});
   Put(form.lblProgMI, BoundsOf(form.lblProgMO));
@@ -168,11 +170,12 @@ void FitToolbar(const WidthOf& widthOf) {
   }
 }
 
-// Makes the first label as wide as its text and starts the second one after it; that one keeps its right end.
-void FitPair(Label& first, Label& second, const WidthOf& widthOf) {
+// Makes the first label as wide as its text with the padding at its sides, and starts the second one after
+// it; that one keeps its right end.
+void FitPair(Label& first, int padding, Label& second, const WidthOf& widthOf) {
   const int right = BoundsOf(second).Right();
-  first.Width = widthOf(first.Caption.Get());
-  second.Left = BoundsOf(first).Right() + kWordGap;
+  first.Width = widthOf(first.Caption.Get()) + 2 * padding;
+  second.Left = BoundsOf(first).Right() - padding + kWordGap;
   second.Width = right - second.Left;
 }
 
@@ -197,8 +200,8 @@ void LayOutMainForm() {
 void FitTexts(const WidthOf& widthOf) {
   MainForm& form = frmPubMain;
   FitToolbar(widthOf);
-  FitPair(form.lblOpt, form.lblOptPrompt, widthOf);
-  FitPair(form.lblTimeP, form.lblTime, widthOf);
+  FitPair(form.lblOpt, kLinkPadding, form.lblOptPrompt, widthOf);
+  FitPair(form.lblTimeP, 0, form.lblTime, widthOf);
 }
 
 }  // namespace tavix

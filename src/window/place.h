@@ -25,6 +25,9 @@ inline Bounds BoundsOf(const Control& control) {
   return {control.Left, control.Top, control.Width, control.Height};
 }
 
+// Between the words of a link and the outline that it has with the focus, at each side, in twips.
+constexpr int kLinkPadding = 45;
+
 // The width of a control's caption as it is shown, in twips.
 template <class Captioned>
 int CaptionWidth(const Captioned& control, const WidthOf& widthOf) {

@@ -63,6 +63,40 @@ TEST_F(CleanDriver, OneCleanedItemReadsItemAndTwoReadItems) {
   EXPECT_EQ(Sum(), u"Sum: 2 items, 4. KB cleaned.");
 }
 
+TEST_F(CleanDriver, NoButtonCanBePressedWhileRowsAreCleaned) {
+  for (int i = 0; i < 3; ++i) AddFileRow(Concat(ToText(i), u".txt"));
+  const auto buttons = [] {
+    MainForm& form = frmPubMain;
+    std::vector<bool> enabled{form.sbtScan.Enabled, form.sbtClean.Enabled, form.sbtRepair.Enabled,
+                              form.cbxAll.Enabled};
+    for (const Button& button : form.sbtToolbar) enabled.push_back(button.Enabled);
+    return enabled;
+  };
+  int paints = 0;
+  const auto look = [&] {
+    ++paints;
+    EXPECT_EQ(buttons(), std::vector<bool>(8, false));
+  };
+  frmPubMain.Refresh = look;
+  frmPubMain.KeepPainted = look;
+  frmPubMain.sbtClean.Click();
+  EXPECT_EQ(paints, 4) << "before the first row, and at each row";
+  EXPECT_EQ(buttons(), std::vector<bool>(8, true));
+}
+
+TEST_F(CleanDriver, TheEndOfTheSessionEndsIt) {
+  for (int i = 0; i < 3; ++i) AddFileRow(Concat(ToText(i), u".txt"));
+  int paints = 0;
+  frmPubMain.KeepPainted = [&] {
+    if (++paints == 2) Form_Unload();
+  };
+  frmPubMain.sbtClean.Click();
+  EXPECT_FALSE(FileThere(u"C:\\Work\\2.txt"));
+  EXPECT_TRUE(FileThere(u"C:\\Work\\1.txt"));
+  EXPECT_TRUE(FileThere(u"C:\\Work\\0.txt"));
+  EXPECT_FALSE(frmPubMain.CleanBusy);
+}
+
 TEST_F(CleanDriver, RepairIsCleanUnderItsOtherName) {
   AddFileRow(u"a.txt");
   frmPubMain.sbtRepair.Click();

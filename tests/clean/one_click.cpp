@@ -72,6 +72,30 @@ TEST_F(OneClick, AsksWithTheMessageOfTheCatalogue) {
   EXPECT_EQ(machine.journal.Entries()[0].Get(u"style"), u"68");
 }
 
+TEST_F(OneClick, ItsMarkIsPaintedBeforeTheQuestion) {
+  std::vector<const PictureBox*> marked;
+  size_t questions = 1;
+  frmPubMain.picOne.Picture = u"ONE_ACTV";
+  frmPubMain.Refresh = [&] {
+    if (!marked.empty()) return;
+    questions = Questions();
+    for (const PictureBox* picture : frmPubMain.PagePictures())
+      if (picture->BorderStyle == 1) marked.push_back(picture);
+    EXPECT_EQ(frmPubMain.picOne.Picture, Text(u"ONE_STTC"));
+  };
+  Press();
+  EXPECT_EQ(marked, std::vector<const PictureBox*>{&frmPubMain.picOne});
+  EXPECT_EQ(questions, 0U);
+  EXPECT_EQ(Questions(), 1U);
+}
+
+TEST_F(OneClick, CancelLooksDisabledWhileTheWindowIs) {
+  const Onlooker onlooker([] { EXPECT_EQ(frmPubMain.sbtCancel.Enabled, frmPubMain.Enabled); });
+  Press();
+  EXPECT_TRUE(Cleaned());
+  EXPECT_TRUE(frmPubMain.sbtCancel.Enabled);
+}
+
 TEST_F(OneClick, NoEndsIt) {
   for (const int answer : {platform::kNo, platform::kCancel, 0}) {
     SCOPED_TRACE(Case(answer));

@@ -5,7 +5,7 @@ import unittest
 
 import driver
 import registry_text
-from driver import BUILD, CHECK_ALL, CLEAN, CLOSE, PROGRESS, RESULT, SCAN, STATUS, SUM, TIME, TOOLBAR
+from driver import BUILD, CHECK_ALL, CLEAN, CLOSE, FUNCTIONS, PROGRESS, RESULT, SCAN, STATUS, SUM, TIME, TOOLBAR
 from seeded import RUN_HISTORY, SEARCHES, SEED, STANDING, SeededMachine, TYPED_URLS
 
 SOFTWARE = "HKEY_CURRENT_USER\\Software"
@@ -108,6 +108,57 @@ class Cleaning(SeededMachine):
         self.assertEqual(self.rows(after), self.rows(shown))
         self.assertEqual(after.text(SUM), "Sum: 0 item, 0. KB cleaned.")
         self.assertEqual(self.registry(), self.before)
+
+
+class LongClean(SeededMachine):
+    """Enough rows to look at the window while they are cleaned. It is looked at by its pixels alone: a message to it
+    would wait for the clean."""
+    ROWS = 40000
+    ACCENT, FILL = bytes((11, 110, 143)), bytes((124, 199, 222))  # as src/window/win32/palette.h has them
+    seed = (f"[{TYPED_URLS_KEY}]\n" + "".join(f'"url{i}"="http://example.org/{i:06d}"\n' for i in range(ROWS)))
+
+    def setUp(self):
+        super().setUp()
+        self.machine.note_rundll32_calls()
+        self.program = self.start()
+        self.untick_file_functions(self.program)
+
+    def count(self, color, rectangle):
+        pixels = self.program.pixels(rectangle)
+        return sum(pixels[i:i + 3] == color for i in range(0, len(pixels), 3))
+
+    def test_it_is_seen(self):
+        scanned = self.program.scan()
+        self.assertGreaterEqual(scanned.row_count, self.ROWS)
+        left, top, right, _ = scanned.control(PROGRESS)["rect"]
+        line = (left + 1, top + 2, right - 1, top + 3)
+        whole = self.count(self.FILL, line)
+        status, clean = (scanned.control(number)["rect"] for number in (STATUS, CLEAN))
+        before = self.program.pixels(status)
+        self.assertEqual(whole, line[2] - line[0])
+        self.assertGreater(self.count(self.ACCENT, clean), 1000)
+        fills = set()
+
+        def partly_filled():
+            filled = self.count(self.FILL, line)
+            if not 0 < filled < whole:
+                return False
+            fills.add(filled)
+            return len(fills) >= 3
+
+        self.program.key("F5")
+        driver.wait_for("a bar that grows", partly_filled)
+        # Both are looked at before the bar is: it isn't full yet.
+        disabled, said = self.count(self.ACCENT, clean), self.program.pixels(status)
+        self.program.screenshot("cleaning")
+        self.assertLess(self.count(self.FILL, line), whole, "the clean was over before it was looked at")
+        self.assertEqual(disabled, 0)
+        self.assertNotEqual(said, before)
+        # This key waits for the end.
+        self.program.key("s")
+        self.program.wait_for_clean()
+        self.program.wait_until("the page", lambda s: s.control(FUNCTIONS)["visible"])
+        self.assertGreater(self.count(self.ACCENT, clean), 1000)
 
 
 class DataTree(SeededMachine):

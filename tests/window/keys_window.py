@@ -3,10 +3,11 @@ TAVIX_BUILD=build/windows python3 -m unittest keys_window"""
 import unittest
 
 import driver
-from driver import CANCEL, CLEAN, FUNCTIONS, OPTIONS, PAGES, PRIVACY, REPAIR, RESULT, SCAN, SCOPE, STATUS, SUM, TREE
+from driver import CANCEL, CLEAN, FUNCTIONS, ONE_CLICK, OPTIONS, PAGES, PRIVACY, REPAIR, RESULT, SCAN, SCOPE, STATUS, SUM, TREE
 from seeded import RealWindow, SeededMachine, TYPED_URLS
 
 ACCENT = bytes((11, 110, 143))  # as src/window/win32/palette.h has it
+WHITE = bytes((255, 255, 255))
 WHOLE_PAGES = {
     "p": ({TREE: True, FUNCTIONS: False, SCOPE: False, CLEAN: True, REPAIR: False}, 0),
     "s": ({TREE: False, FUNCTIONS: True, SCOPE: False, CLEAN: True, REPAIR: False}, 14),
@@ -105,6 +106,20 @@ class OneClick(KeysCase):
         self.program.key("1")
         self.program.wait_until("the question", lambda s: not s.enabled)
 
+    def test_its_mark_stands_while_the_question_does(self):
+        shown = self.program.read()
+        self.program.move_onto(shown.control(ONE_CLICK)["rect"])
+        left, top, _, _ = shown.control(ONE_CLICK)["rect"]
+        card = (left + 12, top + 12, left + 13, top + 13)
+        driver.wait_for("the lit picture", lambda: self.program.pixels(card) == ACCENT)
+        self.program.click(shown.control(ONE_CLICK)["rect"])
+        self.program.wait_until("the question", lambda s: not s.enabled)
+        self.assertEqual(self.current(), [ONE_CLICK])
+        self.assertEqual(self.program.pixels(card), WHITE, "its picture is the one at rest")
+        self.program.key("Escape", "Tab", "Return")
+        self.program.wait_until("the question to go", lambda s: s.enabled)
+        driver.wait_for("the page's mark", lambda: self.current() == [PRIVACY])
+
     def test_no_leaves_all_as_it_was(self):
         before = self.program.read()
         self.ask()
@@ -127,7 +142,7 @@ class OneClick(KeysCase):
         self.assertNotIn("zebra", str(self.machine.registry(typed)))
 
 
-class DuringAScan(SeededMachine):
+class ScanCase(SeededMachine):
     """The temporary folder has enough folders to press keys during the scan."""
     FOLDERS = 40000
 
@@ -138,12 +153,17 @@ class DuringAScan(SeededMachine):
         self.program = self.start()
         self.program.key("s")
         self.program.wait_until("the page", lambda s: s.control(FUNCTIONS)["visible"])
-        self.program.key("F3")
+        self.begin()
         self.program.wait_until("the scan", lambda s: s.control(CANCEL)["visible"])
+
+    def begin(self):
+        self.program.key("F3")
 
     def finish(self):
         return self.program.wait_until("the end", lambda s: s.control(SCAN)["visible"])
 
+
+class DuringAScan(ScanCase):
     def test_a_page_is_opened(self):
         self.program.key("r")
         shown = self.program.wait_until("the page", lambda s: s.control(REPAIR)["visible"])
@@ -168,6 +188,18 @@ class DuringAScan(SeededMachine):
         self.assertTrue(self.program.read().control(CANCEL)["visible"])
         self.program.key("Escape")
         self.assertTrue(self.finish().text(STATUS).startswith("Canceled, "))
+
+
+class DuringAScanBegunByMouse(ScanCase):
+    def begin(self):
+        self.program.click(self.program.read().control(SCAN)["rect"])
+
+    def test_space_presses_cancel(self):
+        self.program.wait_until("the focus on Cancel", lambda s: s.focus() == CANCEL)
+        self.program.key("space")
+        shown = self.finish()
+        self.assertTrue(shown.text(STATUS).startswith("Canceled, "))
+        self.program.wait_until("the focus on Scan", lambda s: s.focus() == SCAN)
 
 
 if __name__ == "__main__":

@@ -285,8 +285,10 @@ TEST_P(FitTexts, WordsFollowTheLinkAndTheTimeItsWord) {
   const int promptEnd = Right(f.lblOptPrompt), timeEnd = Right(f.lblTime);
   f.lblOpt.Caption = Text(u"Hier klicken,");
   tavix::FitTexts(WidthOf);
-  EXPECT_EQ(f.lblOpt.Width, 1300);
-  EXPECT_EQ(f.lblOptPrompt.Left, f.lblOpt.Left + 1300 + 60);
+  // The outline of the link needs room at both sides of its words, which stand in line with the other texts.
+  EXPECT_EQ(f.lblOpt.Left, f.lblProgS.Left - 45);
+  EXPECT_EQ(f.lblOpt.Width, 45 + 1300 + 45);
+  EXPECT_EQ(f.lblOptPrompt.Left, f.lblProgS.Left + 1300 + 60);
   EXPECT_EQ(Right(f.lblOptPrompt), promptEnd);
   EXPECT_EQ(f.lblTime.Left, f.lblTimeP.Left + WidthOf(u"Expended") + 60);
   EXPECT_EQ(Right(f.lblTime), timeEnd);

@@ -29,6 +29,7 @@ ONE_CLICK, JUNK, DUPLICATES, METHOD, OTHERS = range(5)
 PAGE_TITLES = ("One-click Clean/Repair", "Junk Files", "Duplicate Files", "Cleaning Method", "Other Options")
 PAGE_CONTROLS = (ONE_CLICK_TREE, JUNK_LIST, EQUAL_NAME, DELETE, AUTO)
 DATA = pathlib.Path("MORVDataPath") / "TVX"
+ACCENT = bytes((11, 110, 143))
 
 
 class Dialog:
@@ -137,6 +138,22 @@ class OptionsCase(SeededMachine):
 
     def click(self, rectangle, x=None, **more):
         self.program.click(rectangle, x, **more)
+
+    def dots(self, numbers):
+        """Which option buttons have a filled ring on the screen."""
+        shown = self.window()
+        return [number for number in numbers if self.accented(shown.control(number)["rect"]) > 40 * (self.dpi / 96) ** 2]
+
+    def accented(self, rectangle):
+        """How many pixels have the accent colour where the mark of a box or option button is."""
+        left, top, _, bottom = rectangle
+        pixels = self.program.pixels((left, top, left + 16 * self.dpi // 96, bottom))
+        return sum(pixels[i:i + 3] == ACCENT for i in range(0, len(pixels), 3))
+
+    def wait_for_dot(self, numbers, chosen):
+        """Waits until one option of a group is shown as chosen. Its button must have the only tick of the group, too."""
+        driver.wait_for(f"the dot of {chosen}", lambda: self.dots(numbers) == [chosen])
+        self.wait_for_window("the tick", lambda w: [n for n in numbers if w.control(n)["ticked"]] == [chosen])
 
     def press(self, number, name=OPTIONS_WINDOW):
         self.click(self.window(name).control(number)["rect"])

@@ -4,11 +4,11 @@ import unittest
 
 import driver
 from driver import OPTION_LINK
-from options_case import ALL_FILES, BROWSE, CLOSE, COMMON, DELETE, DESCRIPTION, DUPLICATES, EQUAL_SIZE, EXCEPT_ADD
-from options_case import EXCEPT_DELETE, EXCEPT_LIST, FILE_DAYS, FOLDER, JUNK, JUNK_ADD, LEAST_SIZE, METHOD, MOVE
-from options_case import NEED_LEAST, ONE_CLICK, ONE_CLICK_TREE, ONLY_COMMON, OPTIONS_WINDOW, OTHERS, PAGE_TITLES
-from options_case import PAGE_TREE, PREFETCH_DAYS, RECOMMEND, RECYCLE, REMARK, SAVE, TITLE, TYPE_ADD, TYPE_DELETE
-from options_case import TYPE_WINDOW, OptionsCase
+from options_case import ALL_FILES, AUTO, BIG, BROWSE, CLOSE, COMMON, DELETE, DESCRIPTION, DUPLICATES, EQUAL_SIZE
+from options_case import EXCEPT_ADD, EXCEPT_DELETE, EXCEPT_LIST, FILE_DAYS, FOLDER, JUNK, JUNK_ADD, LEAST_SIZE, METHOD
+from options_case import MOVE, NEED_LEAST, ONE_CLICK, ONE_CLICK_TREE, ONLY_COMMON, OPTIONS_WINDOW, OTHERS, PAGE_TITLES
+from options_case import PAGE_TREE, PICTURE, PREFETCH_DAYS, RECOMMEND, RECYCLE, REMARK, SAVE, SMALL, TITLE, TYPE_ADD
+from options_case import TYPE_DELETE, TYPE_WINDOW, OptionsCase
 
 REMARKS = ("OC_REMARK", "JF_REMARK", "DF_REMARK", "CM_REMARK", "OO_REMARK")
 
@@ -63,6 +63,27 @@ class Pages(OptionsCase):
             self.check(self.wait_for_window("the options", lambda w: w.focus() == PAGE_TREE), page)
             self.key("Escape")
             self.wait_for_close(OPTIONS_WINDOW)
+
+
+class Looks(OptionsCase):
+    def test_the_picture_of_a_page_stands_on_the_ground_of_the_window(self):
+        shown = self.open()
+        for page in range(5):
+            shown = self.turn_to(page) if page else shown
+            left, top, right, bottom = shown.control(PICTURE)["rect"]
+            ground = self.program.pixels((left - 2, top, left - 1, top + 1))
+            for x, y in ((left, top), (right - 1, top), (left, bottom - 1), (right - 1, bottom - 1)):
+                self.assertEqual(self.program.pixels((x, y, x + 1, y + 1)), ground, page)
+
+    def test_recommended_tells_what_it_does(self):
+        shown = self.open()
+        self.assertEqual(shown.text(RECOMMEND).replace("&", ""), "Recommended")
+        self.program.move_onto(shown.control(RECOMMEND)["rect"])
+        driver.wait_for("the tool tip", lambda: self.program.shows("tooltips_class32"))
+        tip = self.window("tooltips_class32")
+        self.assertIn("recommended ones", tip.title)
+        self.assertLess(tip.rect[2], 1024)
+        self.program.screenshot("recommended")
 
 
 class Ending(OptionsCase):
@@ -240,6 +261,94 @@ class Method(OptionsCase):
         self.press(BROWSE)
         folder = self.choose_documents()
         self.wait_for_window("the folder", lambda w: w.enabled and w.text(FOLDER) == folder)
+
+
+class Choices(OptionsCase):
+    """What the pictures of option buttons and boxes show, after the mouse and after keys."""
+
+    def reopen(self, page):
+        """Saves, closes the window and opens it again."""
+        self.press(SAVE)
+        self.press(CLOSE)
+        self.wait_for_close(OPTIONS_WINDOW)
+        self.program.wait_until("the main window", lambda s: s.enabled)
+        self.open(page)
+
+    def check_tab_stop(self, before, numbers, chosen):
+        """Tab from the control before a group goes to the chosen option, and Tab from there leaves the group."""
+        self.press(before)
+        self.wait_for_window("the focus before", lambda w: w.focus() == before)
+        self.key("Tab")
+        self.wait_for_window("the chosen option", lambda w: w.focus() == chosen)
+        self.wait_for_dot(numbers, chosen)
+        self.key("Tab")
+        self.wait_for_window("the next control", lambda w: w.focus() not in (*numbers, None))
+        self.wait_for_dot(numbers, chosen)
+
+    def walk(self, page, numbers, letters):
+        for chosen in reversed(numbers):
+            self.press(chosen)
+            self.wait_for_dot(numbers, chosen)
+        around = (*numbers, numbers[0])
+        for key, order in (("Down", around[1:]), ("Up", around[::-1][1:])):
+            for chosen in order:
+                self.key(key)
+                self.wait_for_window("the focus", lambda w, c=chosen: w.focus() == c)
+                self.wait_for_dot(numbers, chosen)
+        for letter, chosen in reversed([*zip(letters, numbers)]):
+            self.key(f"alt+{letter}")
+            self.wait_for_dot(numbers, chosen)
+        # Space chooses an option that has the focus, which stays on it.
+        self.key("space")
+        self.wait_for_dot(numbers, numbers[0])
+        self.press(numbers[-1])
+        self.reopen(page)
+        self.wait_for_dot(numbers, numbers[-1])
+
+    def test_the_dot_follows_on_cleaning_method(self):
+        methods = (DELETE, RECYCLE, MOVE)
+        self.open(METHOD)
+        self.wait_for_dot(methods, DELETE)
+        self.walk(METHOD, methods, "dbm")
+        self.press(RECYCLE)
+        self.check_tab_stop(PAGE_TREE, methods, RECYCLE)
+
+    def test_the_dot_follows_on_other_options(self):
+        sizes = (AUTO, BIG, SMALL)
+        self.open(OTHERS)
+        self.wait_for_dot(sizes, SMALL)
+        self.walk(OTHERS, sizes, "abs")
+        self.check_tab_stop(PAGE_TREE, sizes, SMALL)
+
+    def test_the_dot_follows_on_duplicate_files(self):
+        scopes = (ALL_FILES, ONLY_COMMON)
+        self.open(DUPLICATES)
+        self.wait_for_dot(scopes, ONLY_COMMON)
+        self.walk(DUPLICATES, scopes, "ao")
+        self.press(ALL_FILES)
+        self.check_tab_stop(LEAST_SIZE, scopes, ALL_FILES)
+
+    def test_an_option_chosen_from_a_box_and_by_recommend_is_shown(self):
+        methods = (DELETE, RECYCLE, MOVE)
+        self.open(METHOD)
+        self.press(MOVE)
+        self.wait_for_dot(methods, MOVE)
+        self.press(FOLDER)
+        self.wait_for_window("the box", lambda w: w.focus() == FOLDER)
+        self.press(RECYCLE)
+        self.wait_for_dot(methods, RECYCLE)
+        self.press(RECOMMEND)
+        self.wait_for_dot(methods, DELETE)
+
+    def test_a_tick_follows_mouse_and_keys(self):
+        self.open(DUPLICATES)
+        ticked = self.window().control(EQUAL_SIZE)["ticked"]
+        self.assertTrue(ticked)
+        for turn in (lambda: self.press(EQUAL_SIZE), lambda: self.key("space"), lambda: self.key("alt+s")):
+            turn()
+            ticked = not ticked
+            driver.wait_for("the tick", lambda: (self.accented(self.window().control(EQUAL_SIZE)["rect"]) > 60) == ticked)
+            self.assertEqual(self.window().control(EQUAL_SIZE)["ticked"], ticked)
 
 
 class Folders(OptionsCase):

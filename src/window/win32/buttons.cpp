@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "window/place.h"
+#include "window/win32/input.h"
 #include "window/win32/paint.h"
 
 namespace tavix::win32 {
@@ -35,7 +37,8 @@ std::optional<LRESULT> PushBinding::OnMessage(UINT message, WPARAM wParam, LPARA
   if (message == WM_MOUSEMOVE || message == WM_MOUSELEAVE) SetHot(message == WM_MOUSEMOVE);
   if (message == WM_GETDLGCODE && IsEnter(lParam)) return DLGC_BUTTON | DLGC_WANTMESSAGE;
   if (message == WM_KEYDOWN && wParam == VK_RETURN) {
-    OnPress();
+    // A key held down presses once: the press may have moved the focus to this button.
+    if (!IsRepeated(lParam)) OnPress();
     return 0;
   }
   return WindowBinding::OnMessage(message, wParam, lParam);
@@ -49,8 +52,10 @@ void ButtonBinding::Paint(HDC canvas, const RECT& area, UINT state) {
 }
 
 void LinkBinding::Paint(HDC canvas, const RECT& area, UINT state) {
+  RECT words = area;
+  InflateRect(&words, -context_.Pixels(kLinkPadding), 0);
   FillArea(canvas, area, context_.colors.panel);
-  WriteText(canvas, model_.Caption.Get(), area, context_.linkFont.Get(), context_.colors.link,
+  WriteText(canvas, model_.Caption.Get(), words, context_.linkFont.Get(), context_.colors.link,
             DT_LEFT | DT_TOP | DT_SINGLELINE);
   if ((state & ODS_FOCUS) != 0) DrawOutline(canvas, area, context_.colors.link);
 }

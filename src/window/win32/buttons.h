@@ -99,7 +99,8 @@ class CheckBoxBinding : public PaintedBinding {
 
 //--- Option buttons
 
-// One button of a group. Arrow keys move the choice; the focus alone doesn't.
+// One button of a group. Arrow keys move the choice; the focus alone doesn't. Clicks change the model only,
+// and the check state follows it.
 class OptionButtonBinding : public PaintedBinding {
  public:
   // The first button of a group begins it.

@@ -12,15 +12,28 @@
 namespace tavix::win32 {
 namespace {
 
+WPARAM MarkOf(bool marked) { return marked ? BST_CHECKED : BST_UNCHECKED; }
+
 void ShowMark(HWND button, bool marked) {
-  const WPARAM mark = marked ? BST_CHECKED : BST_UNCHECKED;
-  if (static_cast<WPARAM>(SendMessageW(button, BM_GETCHECK, 0, 0)) != mark)
-    SendMessageW(button, BM_SETCHECK, mark, 0);
+  if (static_cast<WPARAM>(SendMessageW(button, BM_GETCHECK, 0, 0)) != MarkOf(marked))
+    SendMessageW(button, BM_SETCHECK, MarkOf(marked), 0);
 }
 
 RECT CaptionArea(const WindowContext& context, RECT area) {
   area.left += TickWidth(context) + context.Pixels(60);
   return area;
+}
+
+// Tab goes to the chosen button of a group, or to the first one while none is chosen.
+void ShowTabStops(std::span<const OptionButton> group) {
+  const bool none = std::ranges::none_of(group, &OptionButton::GetValue);
+  for (const OptionButton& option : group) {
+    const auto button = reinterpret_cast<HWND>(option.hWnd);
+    if (button == nullptr) continue;
+    const bool stops = option.GetValue() || (none && &option == &group.front());
+    const LONG_PTR style = GetWindowLongPtrW(button, GWL_STYLE) & ~LONG_PTR{WS_TABSTOP};
+    SetWindowLongPtrW(button, GWL_STYLE, stops ? style | WS_TABSTOP : style);
+  }
 }
 
 COLORREF CaptionColor(const WindowContext& context, bool enabled) {
@@ -78,16 +91,23 @@ void CheckBoxBinding::Paint(HDC canvas, const RECT& area, UINT) {
 
 OptionButtonBinding::OptionButtonBinding(OptionButton& model, WindowContext& context, int id, bool first)
     : PaintedBinding(model, context, CaptionName(model.Caption)), model_(model) {
-  Create(id, L"BUTTON", BS_AUTORADIOBUTTON | (first ? WS_TABSTOP | WS_GROUP : 0U));
+  // Arrow keys press only buttons of this style.
+  Create(id, L"BUTTON", BS_AUTORADIOBUTTON | (first ? WS_GROUP : 0U));
 }
 
 void OptionButtonBinding::OnCommand(int code) {
   if (code == BN_CLICKED) Press();
 }
 
-void OptionButtonBinding::Show() { ShowMark(Window(), model_.GetValue()); }
+void OptionButtonBinding::Show() {
+  ShowMark(Window(), model_.GetValue());
+  ShowTabStops(model_.Members());
+}
 
 std::optional<LRESULT> OptionButtonBinding::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  // At a click the system's buttons check themselves before they tell of it. The model alone decides, so that
+  // the check state changes with the picture.
+  if (message == BM_SETCHECK) wParam = MarkOf(model_.GetValue());
   if (message != WM_SETFOCUS) return PaintedBinding::OnMessage(message, wParam, lParam);
   // Not passed on: the system's button would check itself.
   WindowBinding::OnMessage(message, wParam, lParam);

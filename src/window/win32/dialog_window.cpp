@@ -75,6 +75,7 @@ bool DialogWindow::Create() {
   if (CreateWindowExW(WS_EX_CONTROLPARENT | dialog_.extendedStyle, dialog_.windowClass, L"", kStyle, 0, 0, 0,
                       0, WindowOf(owner_), nullptr, GetModuleHandleW(nullptr), Parameter()) == nullptr)
     return false;
+  MakeToolTips(*context_);
   form_.hWnd = reinterpret_cast<intptr_t>(context_->window);
   formBinding_.emplace(form_, context_->changes, [this] { ShowState(); });
   AddControls(controls_.emplace(*context_));
@@ -139,9 +140,8 @@ void DialogWindow::Handle(MSG& message) {
 // True if the key goes no further.
 bool DialogWindow::PressKey(const MSG& message) {
   if (message.message != WM_KEYDOWN) return false;
-  constexpr LPARAM kRepeated = 1 << 30;
   const bool enters = message.wParam == VK_RETURN;
-  if (enters && (message.lParam & kRepeated) != 0) return true;
+  if (enters && IsRepeated(message.lParam)) return true;
   form_.KeyDown(static_cast<int>(message.wParam), HeldShiftKeys());
   if (!IsOpen() || (enters && dialog_.enter == nullptr)) return true;
   if (message.wParam == VK_ESCAPE) return dialog_.escape.Click(), true;

@@ -16,6 +16,9 @@ inline POINT PointOf(LPARAM lParam) {
   return {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
 }
 
+// Whether a key message comes from a key that is held down.
+inline bool IsRepeated(LPARAM lParam) { return (lParam & (1 << 30)) != 0; }
+
 // The shift keys held down when the message in work was posted.
 inline int HeldShiftKeys() {
   const auto held = [](int key, int mask) { return GetKeyState(key) < 0 ? mask : 0; };

@@ -72,8 +72,12 @@ void GroupBinding::Paint(HDC canvas, const RECT& area, UINT) {
 
 //--- Progress bar
 
+namespace {
+bool IsSeen(const Label& fill) { return fill.Visible && fill.Width > 0; }
+}  // namespace
+
 ProgressBinding::ProgressBinding(Label& bar, WindowContext& context, int id, Label& fill)
-    : WindowBinding(bar, context, {[&fill] { return fill.Visible ? fill.Caption.Get() : Text(); }}),
+    : WindowBinding(bar, context, {[&fill] { return IsSeen(fill) ? fill.Caption.Get() : Text(); }}),
       bar_(bar),
       fill_(fill),
       fillChanges_(fill, context.changes, [this] { Apply(); }) {
@@ -88,16 +92,15 @@ void ProgressBinding::Detach() {
 void ProgressBinding::Paint(HDC canvas, const RECT& area, UINT) {
   const Palette& colors = context_.colors;
   FillArea(canvas, area, colors.background);
-  if (fill_.Visible) {
-    RECT filled = area;
-    filled.right = std::min<LONG>(area.right, context_.Pixels(fill_.Width));
-    FillArea(canvas, filled, colors.fill);
-  }
+  RECT filled = area;
+  filled.right = IsSeen(fill_) ? std::min<LONG>(area.right, context_.Pixels(fill_.Width)) : area.left;
+  FillArea(canvas, filled, colors.fill);
   DrawOutline(canvas, area, bar_.BorderStyle == 1 ? colors.buttonLine : colors.line);
-  if (fill_.Visible) {
-    WriteText(canvas, fill_.Caption.Get(), area, context_.font.Get(), colors.text,
-              DT_CENTER | DT_VCENTER | DT_SINGLELINE);
-  }
+  const Text& caption = fill_.Caption.Get();
+  if (context_.Pixels(TextWidth(context_, caption)) + 4 * context_.Line() > filled.right - filled.left)
+    return;
+  WriteText(canvas, caption, filled, context_.font.Get(), colors.text,
+            DT_CENTER | DT_VCENTER | DT_SINGLELINE);
 }
 
 }  // namespace tavix::win32

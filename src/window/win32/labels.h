@@ -71,7 +71,8 @@ class GroupBinding : public PaintedBinding {
 
 //--- Progress bar
 
-// One label is the bar; the other is its fill and the percentage. Both are shown by the bar's window.
+// One label is the bar; the other is its fill and the percentage. Both are shown by the bar's window. The
+// percentage stands in the fill, once that is wide enough for it.
 class ProgressBinding : public WindowBinding {
  public:
   ProgressBinding(Label& bar, WindowContext& context, int id, Label& fill);

@@ -18,6 +18,12 @@ namespace {
 
 // A long job's changes are shown at most once in as many milliseconds.
 constexpr ULONGLONG kFlushInterval = 16;
+// Likewise for a job that serves no input: painting costs it some of its time.
+constexpr ULONGLONG kPaintInterval = 100;
+
+bool CanTakeFocus(HWND control) {
+  return control != nullptr && IsWindowEnabled(control) != FALSE && IsWindowVisible(control) != FALSE;
+}
 
 bool IsLetterOrDigit(WPARAM key) { return (key >= 'A' && key <= 'Z') || (key >= '0' && key <= '9'); }
 
@@ -35,6 +41,7 @@ void TimerBinding::Apply() {
 
 MainWindow::~MainWindow() {
   frmPubMain.Refresh = nullptr;
+  frmPubMain.KeepPainted = nullptr;
   frmPubMain.Minimize = nullptr;
   frmPubMain.Unload = nullptr;
   mdlPubSelf::frameSteps.MakeControls = nullptr;
@@ -54,14 +61,12 @@ bool MainWindow::Create() {
                                     WS_POPUP | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN, 0, 0, 0, 0,
                                     nullptr, nullptr, GetModuleHandleW(nullptr), Parameter());
   if (context_.window == nullptr) return false;
-  context_.toolTips =
-      CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0,
-                      0, 0, context_.window, nullptr, GetModuleHandleW(nullptr), nullptr);
-  SendMessageW(context_.toolTips, TTM_SETMAXTIPWIDTH, 0, context_.Pixels(6000));
+  MakeToolTips(context_);
   frmPubMain.hWnd = reinterpret_cast<intptr_t>(context_.window);
   formBinding_.emplace(frmPubMain, context_.changes, [this] { ShowForm(); });
   loader_.emplace(frmPubMain.timLoader, context_, kLoaderTimer);
   frmPubMain.Refresh = [this] { Refresh(); };
+  frmPubMain.KeepPainted = [this] { KeepPainted(); };
   frmPubMain.Minimize = [this] { ShowWindow(context_.window, SW_MINIMIZE); };
   frmPubMain.Unload = [this] { Unload(); };
   mdlPubSelf::frameSteps.MakeControls = [this] { MakeControls(); };
@@ -136,18 +141,59 @@ void MainWindow::Flush() {
   lastFlush_ = GetTickCount64();
 }
 
-// A control that had to give up the focus gets it back once it is enabled and visible.
+// A control that had to give up the focus gets it back once it is enabled and visible. During a scan Cancel
+// has it until then, so that Space presses it.
 void MainWindow::GiveFocusBack() {
   const HWND control = context_.lostFocus;
-  if (control == nullptr || IsWindowEnabled(control) == FALSE || IsWindowVisible(control) == FALSE) return;
-  context_.lostFocus = nullptr;
-  if (GetFocus() == context_.window) SetFocus(control);
+  if (control == nullptr) return;
+  const HWND focus = GetFocus();
+  if (focus != context_.window && (context_.standIn == nullptr || focus != context_.standIn)) return;
+  if (CanTakeFocus(control)) {
+    context_.lostFocus = context_.standIn = nullptr;
+    SetFocus(control);
+  } else if (const HWND standIn = StandIn(); standIn != nullptr && standIn != focus) {
+    context_.standIn = standIn;
+    SetFocus(standIn);
+  }
+}
+
+// The button that has the focus for the control that lost it. Null while none can take it.
+HWND MainWindow::StandIn() const {
+  if (IsWindowEnabled(context_.window) == FALSE) return nullptr;
+  const auto cancel = reinterpret_cast<HWND>(frmPubMain.sbtCancel.hWnd);
+  if (CanTakeFocus(cancel)) return cancel;
+  // Scan is in the same place.
+  const auto scan = reinterpret_cast<HWND>(frmPubMain.sbtScan.hWnd);
+  return context_.lostFocus == cancel && CanTakeFocus(scan) ? scan : nullptr;
 }
 
 void MainWindow::Refresh() {
   if (context_.window == nullptr) return;
   Flush();
   RedrawWindow(context_.window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+}
+
+// The system puts a grey picture in the place of a window whose thread hasn't looked for messages for five
+// seconds. The thread looks for one that it doesn't take. Keys, clicks and whatever else was posted stay in
+// the queue.
+void MainWindow::KeepPainted() {
+  if (context_.window == nullptr || GetTickCount64() - lastFlush_ < kPaintInterval) return;
+  peeking_ = true;
+  MSG message;
+  PeekMessageW(&message, context_.window, WM_PAINT, WM_PAINT, PM_NOREMOVE | PM_QS_PAINT);
+  peeking_ = false;
+  Refresh();
+}
+
+// A look for messages delivers those that other programs send. Those that would run a handler wait in the
+// queue.
+bool MainWindow::Postpone(UINT message, WPARAM wParam, LPARAM lParam) const {
+  return peeking_ && PostMessageW(context_.window, message, wParam, lParam) != FALSE;
+}
+
+void MainWindow::OnCommand(WindowBinding& control, int code) {
+  const WPARAM command = MAKEWPARAM(GetDlgCtrlID(control.Window()), code);
+  if (!Postpone(WM_COMMAND, command, reinterpret_cast<LPARAM>(control.Window()))) control.OnCommand(code);
 }
 
 void MainWindow::ShowForm() {
@@ -160,9 +206,14 @@ void MainWindow::ShowForm() {
 void MainWindow::ShowState() {
   const bool enabled = frmPubMain.Enabled;
   if ((IsWindowEnabled(context_.window) != FALSE) == enabled) return;
-  if (!enabled && IsChild(context_.window, GetFocus()) != FALSE) context_.lostFocus = GetFocus();
+  if (!enabled) RememberFocus();
   EnableWindow(context_.window, enabled ? TRUE : FALSE);
   if (enabled && GetActiveWindow() == context_.window) SetFocus(context_.window);
+}
+
+void MainWindow::RememberFocus() {
+  const HWND focus = GetFocus();
+  if (IsChild(context_.window, focus) != FALSE && focus != context_.standIn) context_.lostFocus = focus;
 }
 
 // Moves the focus where the program has put it.
@@ -211,7 +262,8 @@ std::optional<LRESULT> MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM
     case WM_TIMER:
       return loader_->OnTimer(wParam), 0;
     case WM_CLOSE:
-      return frmPubMain.Unload(), 0;
+      if (!Postpone(message, wParam, lParam)) frmPubMain.Unload();
+      return 0;
     case WM_ENDSESSION:
       if (wParam != FALSE) frmPubMain.Unload();
       return 0;
@@ -225,8 +277,7 @@ std::optional<LRESULT> MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM
 // While another program is in front, the control in focus is remembered.
 void MainWindow::OnActivate(WPARAM wParam) {
   if (LOWORD(wParam) == WA_INACTIVE) {
-    const HWND focus = GetFocus();
-    if (IsChild(context_.window, focus) != FALSE) context_.lostFocus = focus;
+    RememberFocus();
   } else if (HIWORD(wParam) == 0) {
     SetFocus(context_.window);
     GiveFocusBack();

@@ -53,6 +53,7 @@ class MainWindow : private WindowOwner {
   WindowContext& Context() override { return context_; }
   std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
   void OnPaint(HDC canvas, const RECT&) override { background_.Paint(canvas); }
+  void OnCommand(WindowBinding& control, int code) override;
   void OnActivate(WPARAM wParam);
 
   void MakeControls();
@@ -61,12 +62,16 @@ class MainWindow : private WindowOwner {
   bool IsForList(const MSG& message, int shift) const;
   void Flush();
   void Refresh();
+  void KeepPainted();
+  bool Postpone(UINT message, WPARAM wParam, LPARAM lParam) const;
   void Unload();
   void ShowForm();
   void ShowBounds();
   void ShowState();
   void ShowFocus();
   void GiveFocusBack();
+  HWND StandIn() const;
+  void RememberFocus();
 
   WindowContext context_;
   Background background_{context_};
@@ -75,6 +80,7 @@ class MainWindow : private WindowOwner {
   std::optional<TimerBinding> loader_;
   RECT bounds_{};  // of the form, in twips, as they were shown last
   bool unloading_ = false;
+  bool peeking_ = false;     // looks for messages on behalf of a job that serves no input
   ULONGLONG lastFlush_ = 0;  // in milliseconds since the system started
 };
 

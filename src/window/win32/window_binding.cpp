@@ -78,7 +78,7 @@ std::optional<LRESULT> WindowBinding::OnMessage(UINT message, WPARAM wParam, LPA
   if (message == WM_MOUSEMOVE && context_.HasMoved(window_, PointOf(lParam)))
     OnMouseMove(HeldButtons(wParam));
   if (message == WM_KEYDOWN) context_.letters.KeyPressed(wParam, static_cast<DWORD>(GetMessageTime()));
-  if (message == WM_SETFOCUS && context_.form != nullptr) context_.form->ActiveControl = &model_;
+  if (message == WM_SETFOCUS) TakeFocus();
   return std::nullopt;
 }
 
@@ -149,10 +149,17 @@ void WindowBinding::ShowState() {
   if (covered_ != nullptr) covered_->ModelChanged();
 }
 
+// The user's choice of another control ends the wait of the one that lost the focus.
+void WindowBinding::TakeFocus() {
+  if (context_.form != nullptr) context_.form->ActiveControl = &model_;
+  if (window_ != context_.standIn) context_.lostFocus = context_.standIn = nullptr;
+}
+
 // Keys sent to a hidden or disabled control would be lost.
 void WindowBinding::GiveUpFocus() {
   if (GetFocus() != window_) return;
-  context_.lostFocus = window_;
+  if (window_ != context_.standIn) context_.lostFocus = window_;
+  context_.standIn = nullptr;
   SetFocus(context_.window);
 }
 

@@ -82,6 +82,7 @@ class WindowBinding : public Binding {
   void ShowName();
   void ShowState();
   void ShowToolTip();
+  void TakeFocus();
   void GiveUpFocus();
 
   Control& model_;

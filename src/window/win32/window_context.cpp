@@ -1,4 +1,7 @@
+// clang-format off
 #include "window/win32/window_context.h"
+#include <commctrl.h>
+// clang-format on
 
 namespace tavix::win32 {
 
@@ -19,6 +22,13 @@ void MakeDrawingTools(WindowContext& context) {
   font.lfHeight = MulDiv(font.lfHeight, 5, 4);
   context.titleFont.Reset(CreateFontIndirectW(&font));
   context.background.Reset(CreateSolidBrush(context.colors.background));
+}
+
+void MakeToolTips(WindowContext& context) {
+  context.toolTips =
+      CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0,
+                      0, 0, context.window, nullptr, GetModuleHandleW(nullptr), nullptr);
+  SendMessageW(context.toolTips, TTM_SETMAXTIPWIDTH, 0, context.Pixels(6000));
 }
 
 int TextWidth(const WindowContext& context, TextView text) {

@@ -26,6 +26,7 @@ struct WindowContext {
   std::optional<Skin> skin;
   ChangeQueue changes;
   HWND lostFocus = nullptr;         // the control that had the focus when it was hidden or disabled
+  HWND standIn = nullptr;           // has the focus until that control can take it
   POINT mouse{-1, -1};              // where the mouse was last, on the screen
   std::optional<POINT> menuCorner;  // where a menu pops up on the screen; at the mouse without one
   LetterSearch letters;             // typed in the lists and trees of the window
@@ -52,6 +53,8 @@ struct WindowContext {
 
 // Sets resolution, colours, fonts and pictures. The fonts are made from the system's message font.
 void MakeDrawingTools(WindowContext& context);
+// Makes the window of the tool tips.
+void MakeToolTips(WindowContext& context);
 // The width of a text on one line, in twips.
 int TextWidth(const WindowContext& context, TextView text);
 // The height of a line of text, in pixels.

@@ -83,6 +83,31 @@ TEST_F(MainWindowTest, EnterAndSpacePressTheButtonInFocus) {
   EXPECT_EQ(presses, 2);
 }
 
+TEST_F(MainWindowTest, TheOutlineOfTheLinkKeepsAwayFromItsWords) {
+  frmPubMain.lblOpt.Visible = true;
+  FitTexts([](TextView text) { return static_cast<int>(text.size()) * 150; });
+  Flush();
+  const HWND link = Control(kIdOptionLink);
+  SetFocus(link);
+  RedrawWindow(link, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+  RECT area;
+  GetClientRect(link, &area);
+  const HDC context = GetDC(link);
+  const COLORREF panel = GetPixel(context, 1, 1);
+  EXPECT_NE(GetPixel(context, 0, area.bottom / 2), panel) << "the outline";
+  int words = 0;
+  for (int x = 1; x < area.right - 1; ++x) {
+    for (int y = 1; y < area.bottom - 1; ++y) {
+      if (GetPixel(context, x, y) == panel) continue;
+      ++words;
+      EXPECT_GE(x, 3);
+    }
+  }
+  EXPECT_GT(words, 50);
+  ReleaseDC(link, context);
+  frmPubMain.lblOpt.Visible = false;
+}
+
 TEST_F(MainWindowTest, APictureRaisesTheButtonReleased) {
   std::vector<int> buttons;
   frmPubMain.picPrivacy.MouseUp = [&](int button) { buttons.push_back(button); };
