@@ -57,8 +57,18 @@ void ListViewBinding::RemoveCheckBoxes() {
   Send(LVM_SETCALLBACKMASK, 0);
   Send(LVM_SETIMAGELIST, LVSIL_STATE, 0);
   Send(LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_CHECKBOXES, 0);
-  spacers_ = MakeBlankImages(1, context_.Pixels(kRowHeight));
-  Send(LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(spacers_.Get()));
+  ShowSpacers();
+}
+
+void ListViewBinding::ShowSpacers() {
+  ImageList spacers = MakeBlankImages(1, context_.Pixels(kRowHeight));
+  Send(LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(spacers.Get()));
+  spacers_ = std::move(spacers);
+}
+
+void ListViewBinding::ShowLook() {
+  VirtualList::ShowLook();
+  if (!style_.checkBoxes) ShowSpacers();
 }
 
 // While painting is suspended the window stays as it is; the end of that shows all changes.

@@ -44,6 +44,7 @@ class VirtualList : public OutlinedBinding {
   // one.
   virtual void ShowHighlights() {}
   virtual COLORREF TextColorAt(int row) { return (void)row, GetSysColor(COLOR_WINDOWTEXT); }
+  void ShowLook() override;
   // Whether the list scrolls to a row that the program puts the focus on.
   virtual bool ScrollsToFocus() const { return false; }
   std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -58,6 +59,7 @@ class VirtualList : public OutlinedBinding {
   bool Has(int row) { return row >= 0 && row < RowCount(); }
 
  private:
+  void ShowTicks();
   LRESULT Fill(LVITEMW& item);
   LRESULT PaintRow(NMLVCUSTOMDRAW& draw);
   void RowChanged(const NMLISTVIEW& change);
@@ -67,6 +69,7 @@ class VirtualList : public OutlinedBinding {
   bool SelectsOne() const { return (GetWindowLongPtrW(Window(), GWL_STYLE) & LVS_SINGLESEL) != 0; }
 
   ImageList ticks_;
+  int dpi_;               // that the columns have their widths from
   bool showing_ = false;  // changes are the program's, not the user's
 };
 
@@ -114,6 +117,7 @@ class ListViewBinding : public VirtualList {
 
  protected:
   void Show() override;
+  void ShowLook() override;
   std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
   int RowCount() override { return model_.Count(); }
   TextView TextAt(int row, int column) override;
@@ -131,6 +135,7 @@ class ListViewBinding : public VirtualList {
 
  private:
   void RemoveCheckBoxes();
+  void ShowSpacers();
   void ShowColumns();
   void ShowColors();
   LRESULT Select(UINT message, WPARAM wParam, LPARAM lParam);
@@ -157,6 +162,7 @@ class ListBoxBinding : public OutlinedBinding {
 
  protected:
   void Show() override;
+  void ShowLook() override;
   std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:

@@ -34,6 +34,7 @@ class TreeBinding : public OutlinedBinding, private TreePeer {
 
  protected:
   void Show() override;
+  void ShowLook() override;
   std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
   void OnMouseMove(int buttons) override { model_.MouseMove(buttons); }
 
@@ -43,7 +44,7 @@ class TreeBinding : public OutlinedBinding, private TreePeer {
   void NodesCleared() override;
 
   void AddCheckBoxes();
-  void AddSpacers();
+  void ShowImages();
   void SetRowHeight(int pixels) const { Send(TVM_SETITEMHEIGHT, static_cast<WPARAM>(pixels)); }
   void FitRows() const;
   void InsertFrom(int first);

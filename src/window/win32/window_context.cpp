@@ -1,15 +1,19 @@
 #include "window/win32/window_context.h"
 
+#include <algorithm>
+
+#include "platform/windows/resolution.h"
+
 namespace tavix::win32 {
 
-void MakeDrawingTools(WindowContext& context) {
-  context.dpi = GetDeviceCaps(windows::ScreenContext(GetDC(nullptr)).Get(), LOGPIXELSX);
+void MakeDrawingTools(WindowContext& context, int monitorDpi, int mostDpi) {
   context.colors = ReadPalette();
-  context.skin.emplace(context.dpi);
-  NONCLIENTMETRICSW metrics{};
-  metrics.cbSize = sizeof metrics;
-  SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
-  LOGFONTW font = metrics.lfMessageFont;
+  const int wanted = windows::LayoutDpi(monitorDpi);
+  const int dpi = std::min(wanted, mostDpi);
+  LOGFONTW font = windows::MessageFont(monitorDpi);
+  font.lfHeight = MulDiv(font.lfHeight, dpi, wanted);
+  context.dpi = dpi;
+  context.skin.emplace(dpi);
   context.font.Reset(CreateFontIndirectW(&font));
   font.lfUnderline = TRUE;
   context.linkFont.Reset(CreateFontIndirectW(&font));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <climits>
 #include <functional>
 #include <optional>
 
@@ -18,13 +19,14 @@ struct WindowContext {
   HWND window = nullptr;
   Form* form = nullptr;
   HWND toolTips = nullptr;
-  int dpi = 96;
+  int dpi = 96;  // pixels of an inch of the layout
   Palette colors;
   Font font, boldFont, linkFont, titleFont;
   Brush background;
   std::optional<Skin> skin;
   ChangeQueue changes;
   HWND lostFocus = nullptr;         // the control that had the focus when it was hidden or disabled
+  POINT scrolled{0, 0};             // by how many pixels the window shows its form further right and down
   POINT mouse{-1, -1};              // where the mouse was last, on the screen
   std::optional<POINT> menuCorner;  // where a menu pops up on the screen; at the mouse without one
   std::function<void(TextBoxBinding&)> boxLeft;  // the focus has moved from a box to another control
@@ -43,13 +45,17 @@ struct WindowContext {
   int Line() const { return Pixels(15); }
   // The bounds of a control, in pixels of the window.
   RECT Area(const Control& control) const {
-    return {Pixels(control.Left), Pixels(control.Top), Pixels(control.Left + control.Width),
-            Pixels(control.Top + control.Height)};
+    RECT area{Pixels(control.Left), Pixels(control.Top), Pixels(control.Left + control.Width),
+              Pixels(control.Top + control.Height)};
+    OffsetRect(&area, -scrolled.x, -scrolled.y);
+    return area;
   }
 };
 
-// Sets resolution, colours, fonts and pictures. The fonts are made from the system's message font.
-void MakeDrawingTools(WindowContext& context);
+// Sets resolution, colours, fonts and pictures for a monitor. The fonts are made from the system's message
+// font, and the layout is as much larger than usual as that. With fewer pixels for an inch, `mostDpi`, all is
+// made smaller.
+void MakeDrawingTools(WindowContext& context, int monitorDpi, int mostDpi = INT_MAX);
 // The width of a text on one line, in twips.
 int TextWidth(const WindowContext& context, TextView text);
 // The height of a line of text, in pixels.
