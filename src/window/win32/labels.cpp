@@ -87,17 +87,23 @@ void ProgressBinding::Detach() {
 
 void ProgressBinding::Paint(HDC canvas, const RECT& area, UINT) {
   const Palette& colors = context_.colors;
-  FillArea(canvas, area, colors.background);
-  if (fill_.Visible) {
-    RECT filled = area;
-    filled.right = std::min<LONG>(area.right, context_.Pixels(fill_.Width));
-    FillArea(canvas, filled, colors.fill);
-  }
+  RECT filled = area, empty = area;
+  filled.right = empty.left =
+      fill_.Visible ? std::min<LONG>(area.right, context_.Pixels(fill_.Width)) : area.left;
+  FillArea(canvas, empty, colors.background);
+  FillArea(canvas, filled, colors.fill);
   DrawOutline(canvas, area, bar_.BorderStyle == 1 ? colors.buttonLine : colors.line);
-  if (fill_.Visible) {
-    WriteText(canvas, fill_.Caption.Get(), area, context_.font.Get(), colors.text,
+  if (!fill_.Visible) return;
+  // A letter that lies on both has two colours.
+  const auto write = [&](const RECT& part, COLORREF color) {
+    const int before = SaveDC(canvas);
+    IntersectClipRect(canvas, part.left, part.top, part.right, part.bottom);
+    WriteText(canvas, fill_.Caption.Get(), area, context_.font.Get(), color,
               DT_CENTER | DT_VCENTER | DT_SINGLELINE);
-  }
+    RestoreDC(canvas, before);
+  };
+  write(filled, colors.fillText);
+  write(empty, colors.text);
 }
 
 }  // namespace tavix::win32

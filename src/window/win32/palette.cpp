@@ -43,7 +43,7 @@ Palette ReadPalette() {
   const COLORREF text = Readable(COLOR_WINDOWTEXT, back, BlackOrWhite(back));
   const COLORREF strong = GetSysColor(COLOR_HIGHLIGHT);
   palette.background = palette.panel = palette.hot = palette.pressed = back;
-  palette.text = palette.noteText = palette.line = palette.buttonLine = text;
+  palette.text = palette.noteText = palette.line = palette.buttonLine = palette.border = text;
   palette.faintText = Readable(COLOR_GRAYTEXT, back, text);
   palette.link = Readable(COLOR_HOTLIGHT, back, text);
   palette.accent = palette.accentDark = palette.fill = strong;

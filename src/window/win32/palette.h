@@ -11,6 +11,7 @@ struct Palette {
   COLORREF line = RGB(194, 205, 215);
   COLORREF buttonLine = RGB(122, 141, 160);
   COLORREF title = RGB(15, 47, 69);  // of the title strip
+  COLORREF border = title;           // of the main window
   COLORREF titleText = RGB(255, 255, 255);
   COLORREF text = RGB(22, 36, 47);
   COLORREF noteText = RGB(90, 106, 120);

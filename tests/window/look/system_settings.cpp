@@ -1,6 +1,11 @@
 // The settings of the system that a program under Wine knows only from its start, or not at all: this reads
 // them anew from where Windows keeps them, each time the program asks for high contrast.
 
+// clang-format off
+#include "platform/windows/windows_api.h"
+#include <uxtheme.h>
+// clang-format on
+
 #include <array>
 #include <cstdio>
 #include <cwchar>
@@ -59,16 +64,28 @@ void TakeFont() {
   SystemParametersInfoW(SPI_SETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
 }
 
-}  // namespace
-
-bool IsHighContrast() {
-  TakeColors();
-  TakeFont();
+// The setting of high contrast itself.
+bool IsContrastChosen() {
   std::array<wchar_t, 16> flags{};
   DWORD size = sizeof flags;
   return RegGetValueW(HKEY_CURRENT_USER, L"Control Panel\\Accessibility\\HighContrast", L"Flags",
                       RRF_RT_REG_SZ, nullptr, flags.data(), &size) == ERROR_SUCCESS &&
          (std::wcstoul(flags.data(), nullptr, 10) & HCF_HIGHCONTRASTON) != 0;
+}
+
+// With high contrast, Windows draws its controls in the colours of the system, too.
+void TakeTheme(bool contrast) {
+  if ((IsThemeActive() != FALSE) == contrast) EnableTheming(contrast ? FALSE : TRUE);
+}
+
+}  // namespace
+
+bool IsHighContrast() {
+  TakeColors();
+  TakeFont();
+  const bool contrast = IsContrastChosen();
+  TakeTheme(contrast);
+  return contrast;
 }
 
 }  // namespace tavix::win32
