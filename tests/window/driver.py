@@ -169,6 +169,17 @@ class Machine:
         self.run("regedit", "/E", "C:\\export.reg", key)
         return registry_text.read(file.read_bytes())
 
+    def set_resolution(self, dpi):
+        """Dots per inch, for the next start."""
+        self.run("reg", "add", r"HKCU\Control Panel\Desktop", "/v", "LogPixels", "/t", "REG_DWORD", "/d", str(dpi), "/f")
+        # Windows reads it when it starts.
+        subprocess.run(["wineserver", "-k"], env=self.environment, check=False)
+        subprocess.run(["wineserver", "-w"], env=self.environment, check=False)
+
+    def set_message_font(self, pixels):
+        """The height of the system's message font at 96 DPI, for the next start. It is 11 in a new prefix."""
+        self.run(BUILD / "tavix-change-look.exe", "font", str(pixels))
+
     def set_interface_size(self, size):
         """Auto, Big or Small, for the next start."""
         file = self.drive_c / "MORVDataPath" / "TVX" / "tvx.dll"

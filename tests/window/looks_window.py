@@ -3,11 +3,10 @@ TAVIX_BUILD=build/windows python3 -m unittest looks_window"""
 import unittest
 
 import driver
-from options_case import DESCRIPTION, DUPLICATES, FILE_DAYS, FOLDER, JUNK, JUNK_ADD, LEAST_SIZE, METHOD, MOVE
+from options_case import ABOUT_WINDOW, DESCRIPTION, DUPLICATES, FILE_DAYS, FOLDER, JUNK, JUNK_ADD, LEAST_SIZE, METHOD, MOVE
 from options_case import NEED_LEAST, OPTIONS_WINDOW, OTHERS, PAGE_TREE, PATTERN, PREFETCH_DAYS, TYPE_WINDOW, OptionsCase
 from pictures import Picture, contrast
 
-ABOUT_WINDOW = "TavixAboutWindow"
 LABEL_OF = {FILE_DAYS: 370, PREFETCH_DAYS: 371, LEAST_SIZE: 337, DESCRIPTION: 401, PATTERN: 402}
 
 
@@ -103,6 +102,14 @@ class Again(Opened):
                 self.wait_for_picture("the editor", before, TYPE_WINDOW)
             self.leave(TYPE_WINDOW)
         self.leave()
+        for turn in range(2):
+            self.open_about()
+            if turn == 0:
+                before = self.rest(ABOUT_WINDOW)
+            else:
+                self.program.move(1, 1)
+                self.wait_for_picture("the about window", before, ABOUT_WINDOW)
+            self.leave(ABOUT_WINDOW)
 
 
 class Words(Opened):

@@ -24,6 +24,17 @@ class Picture:
 
     __hash__ = None
 
+    def difference(self, other):
+        """The rectangle, from the upper left corner, in which two pictures of one size differ; None without any."""
+        lines = [y for y in range(self.height) if self._line(y) != other._line(y)]
+        if not lines:
+            return None
+        at = [i // 3 for y in lines for i, (a, b) in enumerate(zip(self._line(y), other._line(y))) if a != b]
+        return min(at), lines[0], max(at) + 1, lines[-1] + 1
+
+    def _line(self, y):
+        return self._pixels[3 * y * self.width:3 * (y + 1) * self.width]
+
     def at(self, x, y):
         """The colour of a point of the screen."""
         start = 3 * ((y - self.top) * self.width + x - self.left)

@@ -40,7 +40,8 @@ ListViewBinding::ListViewBinding(ListView& model, WindowContext& context, int id
     : VirtualList(model, context, id, 0, std::move(name)),
       model_(model),
       style_(style),
-      columns_(model.ColumnHeaders) {
+      columns_(model.ColumnHeaders),
+      dpi_(context.dpi) {
   for (int i = 0; i < ListView::kColumns; ++i) {
     ListView::ColumnHeader& column = columns_[i];
     AddColumn(i, column.Caption, context.Pixels(column.Width));
@@ -68,6 +69,7 @@ void ListViewBinding::ShowSpacers() {
 
 void ListViewBinding::ShowLook() {
   VirtualList::ShowLook();
+  ScaleColumns();
   if (!style_.checkBoxes) ShowSpacers();
 }
 
@@ -103,6 +105,19 @@ void ListViewBinding::ShowColumns() {
       SendMessageW(header, HDM_SETITEMW, i, reinterpret_cast<LPARAM>(&item));
     }
     shown = wanted;
+  }
+}
+
+// A column that the user has made wider or narrower stays so.
+void ListViewBinding::ScaleColumns() {
+  const int before = std::exchange(dpi_, context_.dpi);
+  if (before == dpi_) return;
+  for (int i = 0; i < ListView::kColumns; ++i) {
+    const auto shown = static_cast<int>(Send(LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(i)));
+    const int twips = columns_[i].Width;
+    const bool usual = shown == MulDiv(twips, before, 1440);
+    Send(LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(i),
+         usual ? context_.Pixels(twips) : MulDiv(shown, dpi_, before));
   }
 }
 

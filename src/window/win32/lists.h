@@ -69,7 +69,6 @@ class VirtualList : public OutlinedBinding {
   bool SelectsOne() const { return (GetWindowLongPtrW(Window(), GWL_STYLE) & LVS_SINGLESEL) != 0; }
 
   ImageList ticks_;
-  int dpi_;               // that the columns have their widths from
   bool showing_ = false;  // changes are the program's, not the user's
 };
 
@@ -137,6 +136,7 @@ class ListViewBinding : public VirtualList {
   void RemoveCheckBoxes();
   void ShowSpacers();
   void ShowColumns();
+  void ScaleColumns();
   void ShowColors();
   LRESULT Select(UINT message, WPARAM wParam, LPARAM lParam);
   void ReadHighlights();
@@ -146,6 +146,7 @@ class ListViewBinding : public VirtualList {
   ListView& model_;
   ListStyle style_;
   std::array<ListView::ColumnHeader, ListView::kColumns> columns_;  // as they were shown last
+  int dpi_;                                                         // for which they have their widths
   COLORREF back_ = CLR_NONE;
   uint32_t highlights_ = 0;  // the model's count of changes when they were last shown
   ImageList spacers_;        // keep rows without boxes apart

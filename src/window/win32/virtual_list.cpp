@@ -16,7 +16,7 @@ constexpr UINT kTicked = 2;
 }  // namespace
 
 VirtualList::VirtualList(Control& model, WindowContext& context, int id, DWORD style, ControlName name)
-    : OutlinedBinding(model, context, std::move(name)), dpi_(context.dpi) {
+    : OutlinedBinding(model, context, std::move(name)) {
   CreateOutlined(id, WC_LISTVIEWW,
                  LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS | LVS_SHAREIMAGELISTS | style);
   SetWindowTheme(Window(), L"Explorer", nullptr);
@@ -35,16 +35,8 @@ void VirtualList::ShowTicks() {
   ticks_ = std::move(ticks);
 }
 
-// Columns that the user has made wider or narrower stay so.
 void VirtualList::ShowLook() {
   if ((Send(LVM_GETEXTENDEDLISTVIEWSTYLE) & LVS_EX_CHECKBOXES) != 0) ShowTicks();
-  const auto columns =
-      static_cast<int>(SendMessageW(reinterpret_cast<HWND>(Send(LVM_GETHEADER)), HDM_GETITEMCOUNT, 0, 0));
-  for (int i = 0; i < columns && dpi_ != context_.dpi; ++i) {
-    const auto width = static_cast<int>(Send(LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(i)));
-    Send(LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(i), MulDiv(width, context_.dpi, dpi_));
-  }
-  dpi_ = context_.dpi;
 }
 
 void VirtualList::AddColumn(int column, TextView caption, int pixels) {
