@@ -1,3 +1,6 @@
+#include <algorithm>
+#include <array>
+
 #include "forms/about_form.h"
 #include "window/layout.h"
 #include "window/place.h"
@@ -5,27 +8,35 @@
 namespace tavix {
 
 // The picture at the top with the words beside it, the buttons in a row at the lower right.
-void LayOutAboutForm(const WidthOf&) {
+void LayOutAboutForm(const WidthOf& widthOf) {
   constexpr int kMargin = 240;
   constexpr int kGap = 90;
   constexpr int kLogo = 960;
   constexpr int kLine = 285;
-  constexpr int kButtonWidth = 1590;
+  constexpr int kLeastWidth = 5700;
+  constexpr int kHeight = 2250;
+  constexpr int kLeastButton = 1590;
   constexpr int kButtonHeight = 420;
 
   AboutForm& form = frmPubAbout;
-  form.Width = 5700;
-  form.Height = 2250;
-  const int words = kMargin + kLogo + kMargin;
-  const int width = form.Width - words - kMargin;
+  const std::array<Button*, 3> buttons = {&form.sbtMailer, &form.sbtWeb, &form.sbtClose};
+  int button = kLeastButton;
+  for (const Button* each : buttons)
+    button = std::max(button, dialog::ButtonWidth(*each, each == &form.sbtClose, widthOf));
+  const int left = kMargin + kLogo + kMargin;
+  const int words =
+      std::max(CaptionWidth(form.lblProduct, widthOf), CaptionWidth(form.lblCopyright, widthOf));
+  form.Width = std::max({kLeastWidth, left + words + kMargin, 2 * kMargin + 3 * button + 2 * kGap});
+  form.Height = kHeight;
+  const int width = form.Width - left - kMargin;
   const int top = kMargin + 150;
   Put(form.picLogo, {kMargin, kMargin, kLogo, kLogo});
-  Put(form.lblProduct, {words, top, width, kLine});
-  Put(form.lblCopyright, {words, top + kLine + kGap, width, kLine});
-  int left = form.Width - kMargin - 3 * kButtonWidth - 2 * kGap;
-  for (Button* button : {&form.sbtMailer, &form.sbtWeb, &form.sbtClose}) {
-    Put(*button, {left, form.Height - kMargin - kButtonHeight, kButtonWidth, kButtonHeight});
-    left += kButtonWidth + kGap;
+  Put(form.lblProduct, {left, top, width, kLine});
+  Put(form.lblCopyright, {left, top + kLine + kGap, width, kLine});
+  int next = form.Width - kMargin - 3 * button - 2 * kGap;
+  for (Button* each : buttons) {
+    Put(*each, {next, form.Height - kMargin - kButtonHeight, button, kButtonHeight});
+    next += button + kGap;
   }
 }
 

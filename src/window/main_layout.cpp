@@ -147,7 +147,7 @@ int Sum(const Widths& widths) { return std::accumulate(widths.begin(), widths.en
 Widths ToolbarWidths(const Widths& captions, int room) {
   const int widest = *std::ranges::max_element(captions) + 2 * kButtonPadding;
   Widths widths;
-  widths.fill(std::max(widest, frmPubMain.sbtToolbar[0].Width.Get()));
+  widths.fill(std::max(widest, kToolbarButton));
   if (Sum(widths) <= room) return widths;
   const int padding = std::clamp((room - Sum(captions)) / 8, kLeastPadding, kButtonPadding);
   std::ranges::transform(captions, widths.begin(), [&](int caption) { return caption + 2 * padding; });
@@ -184,8 +184,9 @@ void FitPair(Label& first, int padding, Label& second, const WidthOf& widthOf) {
 void ChooseInterfaceSize() {
   constexpr int kWidestSmallScreen = 1023;
   const Text& setting = mdlPubSelf::InterfaceSize;
-  frmPubMain.BigInterface =
-      setting == u"Big" || (setting == u"Auto" && platform::screen.Width > kWidestSmallScreen);
+  const bool bigFits = platform::screen.Width > kWidestSmallScreen &&
+                       platform::screen.WorkHeight * kTwipsPerPixel >= kBig.windowHeight;
+  frmPubMain.BigInterface = setting == u"Big" || (setting == u"Auto" && bigFits);
 }
 
 void LayOutMainForm() {

@@ -216,14 +216,17 @@ TEST(LayOutOnAnotherScreen, IsCentered) {
 TEST(InterfaceSize, FollowsTheSettingAndTheScreen) {
   const struct {
     TextView setting;
-    int screen;
+    int width, height;
     bool big;
-  } table[] = {{u"Auto", 1024, true}, {u"Auto", 1023, false},  {u"Auto", 800, false},
-               {u"Big", 800, true},   {u"Small", 4000, false}, {u"", 4000, false},
-               {u"big", 4000, false}, {u"AUTO", 4000, false}};
+  } table[] = {{u"Auto", 1024, 768, true},    {u"Auto", 1023, 768, false},  {u"Auto", 800, 600, false},
+               {u"Big", 800, 600, true},      {u"Small", 4000, 768, false}, {u"", 4000, 768, false},
+               {u"big", 4000, 768, false},    {u"AUTO", 4000, 768, false},  {u"Auto", 1280, 720, false},
+               {u"Auto", 1024, 744, false},   {u"Auto", 1024, 745, true},   {u"Big", 1280, 720, true},
+               {u"Auto", 1920, 1040, true}};
   for (const auto& row : table) {
     mdlPubSelf::InterfaceSize = Text(row.setting);
-    platform::screen.Width = row.screen;
+    // The task bar's height doesn't count.
+    platform::screen = {.Width = row.width, .Height = 2000, .WorkHeight = row.height};
     ChooseInterfaceSize();
     EXPECT_EQ(frmPubMain.BigInterface, row.big) << "row " << &row - table;
   }

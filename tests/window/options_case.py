@@ -6,7 +6,7 @@ import subprocess
 
 import driver
 from control_ids import ids
-from driver import BUILD, messages
+from driver import BUILD, HELP, messages
 from seeded import SeededMachine
 
 PAGE_TREE, PICTURE, TITLE, REMARK, RECOMMEND, SAVE, CLOSE = ids(
@@ -25,6 +25,7 @@ DESCRIPTION, PATTERN = ids("TypeBoxes", "TypeBoxes+1")
 SAVE_ADD, SAVE_CLOSE, CLOSE_TYPE = ids("TypeButtons", "TypeButtons+1", "TypeButtons+2")
 
 OPTIONS_WINDOW, TYPE_WINDOW, BOX = "TavixOptionsWindow", "TavixTypeWindow", "#32770"
+ABOUT_WINDOW = "TavixAboutWindow"
 ONE_CLICK, JUNK, DUPLICATES, METHOD, OTHERS = range(5)
 PAGE_TITLES = ("One-click Clean/Repair", "Junk Files", "Duplicate Files", "Cleaning Method", "Other Options")
 PAGE_CONTROLS = (ONE_CLICK_TREE, JUNK_LIST, EQUAL_NAME, DELETE, AUTO)
@@ -80,6 +81,7 @@ class OptionsCase(SeededMachine):
 "Managed"="N"
 """
     dpi = 96
+    font = None  # the height of the message font, if another one
     catalogue = "en"
 
     def setUp(self):
@@ -87,6 +89,8 @@ class OptionsCase(SeededMachine):
         self.data = self.machine.drive_c / DATA
         if self.dpi != 96:
             self.machine.set_resolution(self.dpi)
+        if self.font is not None:
+            self.machine.set_message_font(self.font)
         self.folder = self.machine.drive_c / "Tavix"
         self.folder.mkdir()
         shutil.copy(BUILD / "tavix.exe", self.folder)
@@ -154,6 +158,31 @@ class OptionsCase(SeededMachine):
         """Waits until one option of a group is shown as chosen. Its button must have the only tick of the group, too."""
         driver.wait_for(f"the dot of {chosen}", lambda: self.dots(numbers) == [chosen])
         self.wait_for_window("the tick", lambda w: [n for n in numbers if w.control(n)["ticked"]] == [chosen])
+
+    def open_about(self):
+        """By the last entry of the help menu."""
+        self.click(self.program.read().control(HELP)["rect"])
+        self.program.wait_for_menu()
+        self.key("Up", "Return")
+        return self.wait_for_window("the about window", name=ABOUT_WINDOW)
+
+    def check_reach(self, shown, width, height):
+        """A dialog is on the screen, and shows each of its controls that gets the focus, as much of it as it has room
+        for."""
+        left, top, right, bottom = shown.rect
+        self.assertTrue(left >= 0 and top >= 0 and right <= width and bottom <= height, shown.rect)
+        first, reached = shown.focus(), set()
+        while shown.focus() not in reached:
+            reached.add(shown.focus())
+            place, inside = shown.control(shown.focus())["frame"], shown.inside
+            for start, end in ((0, 2), (1, 3)):  # across and down
+                larger = place[end] - place[start] > inside[end] - inside[start]
+                self.assertTrue(inside[start] <= place[start] and (place[end] <= inside[end] or larger),
+                                f"control {shown.focus()} at {place} in {inside}")
+            self.key("Tab")
+            shown = self.wait_for_window("the focus to go on", lambda w, f=shown.focus(): w.focus() not in (f, None))
+        self.assertEqual(shown.focus(), first)
+        return reached
 
     def press(self, number, name=OPTIONS_WINDOW):
         self.click(self.window(name).control(number)["rect"])

@@ -1,16 +1,17 @@
-"""The options window and the junk type editor on fine screens and with the longest words. Run by CTest, or:
+"""The dialogs on fine and small screens, with large text and the longest words. Run by CTest, or:
 TAVIX_BUILD=build/windows python3 -m unittest options_looks"""
 import unittest
 
-from options_case import DESCRIPTION, JUNK, JUNK_ADD, PAGE_TREE, REMARK, TITLE, TYPE_WINDOW, OptionsCase
+from options_case import ABOUT_WINDOW, DESCRIPTION, DUPLICATES, JUNK, JUNK_ADD, METHOD, OPTIONS_WINDOW, OTHERS, PAGE_TREE
+from options_case import REMARK, TITLE, TYPE_WINDOW, OptionsCase
 
 BOLD = 1.25  # bold words are at most this many times as wide
 TITLES = {TITLE, 330, 331, 360, 361, 362}
 MARKED = {332, 333, 334, 335, 338, 339, 350, 351, 352, 363, 364, 365}
-LABELS = {337, 366, 367, 368, 369, 370, 371, 401, 402}
-BUTTONS = {305, 306, 307, 321, 322, 323, 324, 341, 342, 354, 375, 376, 405, 406, 407}
+LABELS = {100, 101, 337, 366, 367, 368, 369, 370, 371, 401, 402}
+BUTTONS = {2, 102, 103, 305, 306, 307, 321, 322, 323, 324, 341, 342, 354, 375, 376, 405, 406, 407}
 
-ACCENTED = {306, 406}
+ACCENTED = {2, 306, 406}
 
 
 class Looks(OptionsCase):
@@ -27,7 +28,7 @@ class Looks(OptionsCase):
 
     def check_words(self, number, control, place):
         wide, high = control["room"]
-        pixel = self.dpi / 96
+        pixel = self.dpi / 96 * (1 if self.font is None else self.font / 12)
         if number in TITLES:
             wide *= BOLD
         elif number in MARKED:
@@ -41,7 +42,7 @@ class Looks(OptionsCase):
 
     def look(self):
         screen = [int(length) for length in self.screen.split("x")]
-        name = f"options-{self.catalogue}-{self.dpi}"
+        name = f"options-{self.catalogue}-{self.dpi if self.font is None else 'large-text'}"
         for page in range(5):
             shown = self.open() if page == 0 else self.turn_to(page)
             self.check(shown, screen)
@@ -51,6 +52,11 @@ class Looks(OptionsCase):
         self.check(self.wait_for_window("the editor", lambda w: w.focus() == DESCRIPTION, TYPE_WINDOW), screen)
         self.program.screenshot(f"{name}-type")
         self.assertEqual(len(self.window().nodes(PAGE_TREE)), 5)
+        for window in (TYPE_WINDOW, OPTIONS_WINDOW):
+            self.key("Escape")
+            self.wait_for_close(window)
+        self.check(self.open_about(), screen)
+        self.program.screenshot(f"{name}-about")
 
 
 class Smallest(Looks):
@@ -74,6 +80,60 @@ class Finer(Looks):
 
     def test_at_144(self):
         self.look()
+
+
+class FinerInGerman(Looks):
+    screen = "1280x1024"
+    dpi = 120
+    catalogue = "de"
+
+    def test_at_120_in_german(self):
+        self.look()
+
+
+class BetweenInGerman(Looks):
+    screen = "1600x1200"
+    dpi = 168
+    catalogue = "de"
+
+    def test_at_168_in_german(self):
+        self.look()
+
+
+class LargeText(Looks):
+    """A font of 18 pixels instead of 12."""
+    screen = "1280x1024"
+    font = 18
+
+    def test_in_english(self):
+        self.look()
+
+
+class LargeTextInGerman(Looks):
+    screen = "1280x1024"
+    font = 18
+    catalogue = "de"
+
+    def test_in_german(self):
+        self.look()
+
+
+class TooLarge(OptionsCase):
+    """Dialogs larger than the screen scroll."""
+    screen = "800x600"
+    dpi = 144
+    catalogue = "de"
+
+    def test_each_control_comes_into_sight_with_the_focus(self):
+        self.open()
+        for page in (JUNK, DUPLICATES, METHOD, OTHERS):
+            # The tree of pages scrolls into sight with the focus.
+            shown = self.wait_for_window("the tree", lambda w: w.focus() == PAGE_TREE)
+            self.key("Down")
+            shown = self.wait_for_window("the page", lambda w, p=page: w.page() == [p])
+            with self.subTest(page=page):
+                self.assertGreater(len(self.check_reach(shown, 800, 600)), 4)
+                self.program.screenshot(f"too-large-{page + 1}")
 
 
 class Finest(Looks):

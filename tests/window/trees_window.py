@@ -5,7 +5,7 @@ import struct
 import unittest
 
 import driver
-from driver import FUNCTIONS, READER, SCOPE, STATUS, TREE
+from driver import FUNCTIONS, SCOPE, STATUS, TREE
 from seeded import SeededMachine
 
 TIP = "tooltips_class32"
@@ -23,8 +23,8 @@ class Trees(SeededMachine):
 
     def tip(self):
         """The text of the tool tip that is shown; None without one."""
-        said = self.machine.run(READER, TIP, allowed=(0, 1))
-        return None if said is None else json.loads(said.splitlines()[-1])["title"]
+        lines = self.machine.look(TIP)
+        return None if lines is None else json.loads(lines[-1])["title"]
 
     def colors(self, rectangle):
         data = self.program.pixels(rectangle)

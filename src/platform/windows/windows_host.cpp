@@ -2,27 +2,12 @@
 
 #include "platform/application.h"
 #include "platform/nothing.h"
-#include "platform/screen.h"
+#include "platform/windows/resolution.h"
 #include "platform/windows/wide.h"
 #include "platform/windows/windows_locale.h"
 #include "platform/windows/windows_path.h"
 
 namespace tavix::windows {
-namespace {
-
-// The primary screen. The default size when there is none.
-platform::Screen ReadPrimaryScreen() {
-  constexpr int kUnitsPerInch = 96;
-  platform::Screen screen;
-  const int width = GetSystemMetrics(SM_CXSCREEN);
-  const int height = GetSystemMetrics(SM_CYSCREEN);
-  const ScreenContext context(GetDC(nullptr));
-  const int dotsPerInch = context ? GetDeviceCaps(context.Get(), LOGPIXELSX) : 0;
-  if (width <= 0 || height <= 0 || dotsPerInch <= 0) return screen;
-  return {MulDiv(width, kUnitsPerInch, dotsPerInch), MulDiv(height, kUnitsPerInch, dotsPerInch)};
-}
-
-}  // namespace
 
 WindowsHost::WindowsHost() {
   platform::registry = &merged_;
@@ -37,7 +22,7 @@ WindowsHost::WindowsHost() {
   platform::trust = &trust_;
   platform::applicationFolder = ProgramFolder();
   userLocale = ReadUserLocale();
-  platform::screen = ReadPrimaryScreen();
+  platform::screen = ScreenOf(nullptr);
 }
 
 WindowsHost::~WindowsHost() { platform::ClearPlatform(); }

@@ -19,7 +19,7 @@ void Background::Paint(HDC canvas) const {
   FillArea(canvas, window, colors.background);
   FillArea(canvas, title, colors.title);
   context_.skin->Draw(canvas, {title.left, title.top}, frmPubMain.picTitle.Picture.Get());
-  DrawOutline(canvas, window, colors.title);
+  DrawOutline(canvas, window, colors.border);
   FillArea(canvas, panel, colors.panel);
   DrawOutline(canvas, panel, colors.line);
 }

@@ -54,6 +54,12 @@ class BindingList {
   void Detach() {
     for (const auto& binding : bindings_) binding->Detach();
   }
+  void Move() {
+    for (const auto& binding : bindings_) binding->Move();
+  }
+  void ChangeLook() {
+    for (const auto& binding : bindings_) binding->ChangeLook();
+  }
 
  private:
   WindowContext& context_;

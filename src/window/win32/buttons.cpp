@@ -68,7 +68,7 @@ std::optional<LRESULT> LinkBinding::OnMessage(UINT message, WPARAM wParam, LPARA
   return PushBinding::OnMessage(message, wParam, lParam);
 }
 
-PictureBinding::PictureBinding(PictureBox& model, WindowContext& context, int id, COLORREF back)
+PictureBinding::PictureBinding(PictureBox& model, WindowContext& context, int id, COLORREF Palette::*back)
     : PushBinding(model, context, id, PictureName(model)), model_(model), back_(back) {}
 
 void PictureBinding::Show() {
@@ -87,7 +87,8 @@ std::optional<LRESULT> PictureBinding::OnMessage(UINT message, WPARAM wParam, LP
 }
 
 void PictureBinding::Paint(HDC canvas, const RECT& area, UINT state) {
-  FillArea(canvas, area, back_);
+  const COLORREF back = context_.colors.*back_;
+  FillArea(canvas, area, back);
   context_.skin->Draw(canvas, {area.left, area.top}, picture_);
   RECT outline = area;
   const int line = context_.Line();
@@ -102,7 +103,7 @@ void PictureBinding::Paint(HDC canvas, const RECT& area, UINT state) {
   if ((state & ODS_FOCUS) == 0) return;
   InflateRect(&outline, -line, -line);
   SetTextColor(canvas, context_.colors.text);
-  SetBkColor(canvas, back_);
+  SetBkColor(canvas, back);
   DrawFocusRect(canvas, &outline);
 }
 

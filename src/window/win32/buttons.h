@@ -61,7 +61,7 @@ class LinkBinding : public PushBinding {
 class PictureBinding : public PushBinding {
  public:
   // `back` is the colour around a picture smaller than its control.
-  PictureBinding(PictureBox& model, WindowContext& context, int id, COLORREF back);
+  PictureBinding(PictureBox& model, WindowContext& context, int id, COLORREF Palette::*back);
 
  protected:
   void Show() override;
@@ -72,7 +72,7 @@ class PictureBinding : public PushBinding {
 
  private:
   PictureBox& model_;
-  COLORREF back_;
+  COLORREF Palette::*back_;
   Text picture_;  // the last key that had a picture
 };
 

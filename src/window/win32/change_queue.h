@@ -35,6 +35,10 @@ class Binding : public ControlPeer {
   virtual void Detach();
   // Brings what is shown to the model's state.
   virtual void Apply() = 0;
+  // Brings it to the bounds in its window, after that has scrolled.
+  virtual void Move() {}
+  // Takes over fonts, colours and lengths of its window, which have changed.
+  virtual void ChangeLook() {}
 
  private:
   friend class ChangeQueue;

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "forms/main_form.h"
+#include "platform/windows/resolution.h"
 #include "platform/windows/wide.h"
 #include "window/win32/buttons.h"
 #include "window/win32/input.h"
@@ -13,27 +14,19 @@ namespace tavix::win32 {
 namespace {
 
 constexpr DWORD kStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
+constexpr int kScrollStep = 330;  // twips: a row
 
 HWND WindowOf(const Control* control) {
   return control == nullptr ? nullptr : reinterpret_cast<HWND>(control->hWnd);
 }
 
-// Bounds in the middle of the owner and inside the screen.
-RECT CenteredOver(HWND owner, SIZE size) {
-  MONITORINFO screen{};
-  screen.cbSize = sizeof screen;
-  GetMonitorInfoW(MonitorFromWindow(owner, MONITOR_DEFAULTTOPRIMARY), &screen);
-  const RECT& work = screen.rcWork;
+// The corner of a window in the middle of its owner and inside the screen.
+POINT CenteredOver(HWND owner, SIZE size) {
+  const RECT work = windows::MonitorOf(owner).rcWork;
   RECT around = work;
   if (owner != nullptr && IsIconic(owner) == FALSE) GetWindowRect(owner, &around);
-  const LONG left = (around.left + around.right - size.cx) / 2;
-  const LONG top = (around.top + around.bottom - size.cy) / 2;
-  RECT bounds{};
-  bounds.left = std::max(work.left, std::min(left, work.right - size.cx));
-  bounds.top = std::max(work.top, std::min(top, work.bottom - size.cy));
-  bounds.right = bounds.left + size.cx;
-  bounds.bottom = bounds.top + size.cy;
-  return bounds;
+  return windows::Within(
+      work, {(around.left + around.right - size.cx) / 2, (around.top + around.bottom - size.cy) / 2}, size);
 }
 
 }  // namespace
@@ -66,21 +59,24 @@ void DialogWindow::ShowModal() {
 bool DialogWindow::Create() {
   owner_ = shown_.empty() ? static_cast<Form*>(&frmPubMain) : &shown_.back()->form_;
   context_ = std::make_unique<WindowContext>();
-  MakeDrawingTools(*context_);
   context_->form = &form_;
   context_->boxLeft = [this](TextBoxBinding& box) {
     if (!reportingLeftBox_) leftBox_ = &box;
   };
   RegisterWindowClass(dialog_.windowClass);
-  if (CreateWindowExW(WS_EX_CONTROLPARENT | dialog_.extendedStyle, dialog_.windowClass, L"", kStyle, 0, 0, 0,
-                      0, WindowOf(owner_), nullptr, GetModuleHandleW(nullptr), Parameter()) == nullptr)
+  // It gets the resolution of the monitor that it is made on.
+  const RECT work = windows::MonitorOf(WindowOf(owner_)).rcWork;
+  if (CreateWindowExW(WS_EX_CONTROLPARENT | dialog_.extendedStyle, dialog_.windowClass, L"", kStyle,
+                      work.left, work.top, 0, 0, WindowOf(owner_), nullptr, GetModuleHandleW(nullptr),
+                      Parameter()) == nullptr)
     return false;
   MakeToolTips(*context_);
+  MakeDrawingTools(*context_, windows::DpiOf(context_->window));
   form_.hWnd = reinterpret_cast<intptr_t>(context_->window);
   formBinding_.emplace(form_, context_->changes, [this] { ShowState(); });
   AddControls(controls_.emplace(*context_));
   form_.LoadOnce();
-  dialog_.layOut([this](TextView text) { return TextWidth(*context_, text); });
+  LayOut();
   form_.Resize();
   form_.ActiveControl = &dialog_.first;
   CenterOverOwner();
@@ -89,12 +85,64 @@ bool DialogWindow::Create() {
   return true;
 }
 
+void DialogWindow::LayOut() {
+  dialog_.layOut([this](TextView text) { return TextWidth(*context_, text); });
+}
+
 void DialogWindow::CenterOverOwner() {
-  RECT whole{0, 0, context_->Pixels(form_.Width), context_->Pixels(form_.Height)};
-  AdjustWindowRectEx(&whole, kStyle, FALSE, WS_EX_CONTROLPARENT | dialog_.extendedStyle);
-  const RECT bounds = CenteredOver(WindowOf(owner_), {whole.right - whole.left, whole.bottom - whole.top});
-  SetWindowPos(context_->window, nullptr, bounds.left, bounds.top, bounds.right - bounds.left,
-               bounds.bottom - bounds.top, SWP_NOZORDER | SWP_NOACTIVATE);
+  const SIZE size = FitScreen();
+  const POINT corner = CenteredOver(WindowOf(owner_), size);
+  SetWindowPos(context_->window, nullptr, corner.x, corner.y, size.cx, size.cy,
+               SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+// Gives the window scroll bars where the work area has no room for it. Returns the size that it has then.
+SIZE DialogWindow::FitScreen() {
+  const HWND window = context_->window;
+  const int dpi = windows::DpiOf(window);
+  const SIZE inside{context_->Pixels(form_.Width), context_->Pixels(form_.Height)};
+  const RECT around = windows::WindowAround({0, 0, inside.cx, inside.cy}, kStyle,
+                                            WS_EX_CONTROLPARENT | dialog_.extendedStyle, dpi);
+  const SIZE frame{around.right - around.left - inside.cx, around.bottom - around.top - inside.cy};
+  const RECT work = windows::MonitorOf(window).rcWork;
+  const SIZE room{work.right - work.left - frame.cx, work.bottom - work.top - frame.cy};
+  const int barWidth = windows::SystemLength(SM_CXVSCROLL, dpi),
+            barHeight = windows::SystemLength(SM_CYHSCROLL, dpi);
+  const bool tall = inside.cy > room.cy || (inside.cx > room.cx && inside.cy + barHeight > room.cy);
+  const bool wide = inside.cx > room.cx || (tall && inside.cx + barWidth > room.cx);
+  const SIZE shown{std::min(inside.cx + (tall ? barWidth : 0), room.cx),
+                   std::min(inside.cy + (wide ? barHeight : 0), room.cy)};
+  const auto setBar = [window](int bar, bool needed, LONG length, LONG page) {
+    SCROLLINFO info{};
+    info.cbSize = sizeof info;
+    info.fMask = SIF_RANGE | SIF_PAGE;
+    info.nMax = needed ? length - 1 : 0;
+    info.nPage = needed ? static_cast<UINT>(page) : 0;
+    SetScrollInfo(window, bar, &info, FALSE);
+    ShowScrollBar(window, bar, needed ? TRUE : FALSE);
+  };
+  setBar(SB_VERT, tall, inside.cy, shown.cy - (wide ? barHeight : 0));
+  setBar(SB_HORZ, wide, inside.cx, shown.cx - (tall ? barWidth : 0));
+  ScrollTo(SB_VERT, 0);
+  ScrollTo(SB_HORZ, 0);
+  seenFocus_ = nullptr;
+  return {shown.cx + frame.cx, shown.cy + frame.cy};
+}
+
+void DialogWindow::OnNewLook(int monitorDpi, const RECT* suggested) {
+  if (!controls_) return;
+  RECT place;
+  GetWindowRect(context_->window, &place);
+  if (suggested != nullptr) place = *suggested;
+  MakeDrawingTools(*context_, monitorDpi);
+  LayOut();
+  const SIZE size = FitScreen();
+  const POINT corner =
+      windows::Within(windows::MonitorOf(context_->window).rcWork, {place.left, place.top}, size);
+  SetWindowPos(context_->window, nullptr, corner.x, corner.y, size.cx, size.cy,
+               SWP_NOZORDER | SWP_NOACTIVATE);
+  controls_->ChangeLook();
+  ShowChanges();
 }
 
 void DialogWindow::Loop() {
@@ -207,6 +255,7 @@ void DialogWindow::ShowAllChanges() {
 void DialogWindow::ShowChanges() {
   context_->changes.Flush();
   ShowFocus();
+  ScrollToFocus();
 }
 
 void DialogWindow::ShowState() {
@@ -231,6 +280,73 @@ void DialogWindow::ShowFocus() {
   }
 }
 
+//--- Scrolling
+
+void DialogWindow::ScrollTo(int bar, int position) {
+  SCROLLINFO info{};
+  info.cbSize = sizeof info;
+  info.fMask = SIF_POS;
+  info.nPos = position;
+  const LONG now = SetScrollInfo(context_->window, bar, &info, TRUE);  // not beyond an end
+  LONG& scrolled = bar == SB_VERT ? context_->scrolled.y : context_->scrolled.x;
+  if (std::exchange(scrolled, now) == now) return;
+  controls_->Move();
+  InvalidateRect(context_->window, nullptr, FALSE);
+}
+
+void DialogWindow::OnScroll(int bar, int request) {
+  SCROLLINFO info{};
+  info.cbSize = sizeof info;
+  info.fMask = SIF_ALL;
+  GetScrollInfo(context_->window, bar, &info);
+  const int line = context_->Pixels(kScrollStep), page = static_cast<int>(info.nPage);
+  switch (request) {
+    case SB_LINEUP:
+      return ScrollTo(bar, info.nPos - line);
+    case SB_LINEDOWN:
+      return ScrollTo(bar, info.nPos + line);
+    case SB_PAGEUP:
+      return ScrollTo(bar, info.nPos - page);
+    case SB_PAGEDOWN:
+      return ScrollTo(bar, info.nPos + page);
+    case SB_TOP:
+      return ScrollTo(bar, info.nMin);
+    case SB_BOTTOM:
+      return ScrollTo(bar, info.nMax);
+    case SB_THUMBTRACK:
+      return ScrollTo(bar, info.nTrackPos);
+    default:
+      return;
+  }
+}
+
+void DialogWindow::OnWheel(int turned) {
+  wheel_ += turned;
+  const int steps = wheel_ / WHEEL_DELTA;
+  wheel_ %= WHEEL_DELTA;
+  ScrollTo(SB_VERT, context_->scrolled.y - steps * context_->Pixels(3 * kScrollStep));
+}
+
+// What has got the focus is seen. Afterwards the user may scroll it away.
+void DialogWindow::ScrollToFocus() {
+  const HWND focus = GetFocus();
+  if (focus == seenFocus_ || focus == nullptr || GetParent(focus) != context_->window) return;
+  seenFocus_ = focus;
+  RECT place, inside;
+  GetWindowRect(focus, &place);
+  MapWindowPoints(nullptr, context_->window, reinterpret_cast<POINT*>(&place), 2);
+  GetClientRect(context_->window, &inside);
+  const int gap = context_->Pixels(kScrollStep) / 2;
+  const auto distance = [gap](LONG from, LONG to, LONG end) {
+    if (to + gap > end && from > gap) return std::min(to + gap - end, from - gap);
+    return from < gap ? from - gap : 0L;
+  };
+  ScrollTo(SB_VERT, context_->scrolled.y + distance(place.top, place.bottom, inside.bottom));
+  ScrollTo(SB_HORZ, context_->scrolled.x + distance(place.left, place.right, inside.right));
+}
+
+//--- Messages
+
 std::optional<LRESULT> DialogWindow::OnMessage(UINT message, WPARAM wParam, LPARAM) {
   switch (message) {
     case WM_ACTIVATE:
@@ -238,6 +354,12 @@ std::optional<LRESULT> DialogWindow::OnMessage(UINT message, WPARAM wParam, LPAR
       return 0;
     case WM_CLOSE:
       return form_.Unload(), 0;
+    case WM_VSCROLL:
+      return OnScroll(SB_VERT, LOWORD(wParam)), 0;
+    case WM_HSCROLL:
+      return OnScroll(SB_HORZ, LOWORD(wParam)), 0;
+    case WM_MOUSEWHEEL:
+      return OnWheel(static_cast<short>(HIWORD(wParam))), 0;
     default:
       return std::nullopt;
   }

@@ -17,6 +17,8 @@ namespace tavix::win32 {
 // A text box is left only once its form has been told and lets the focus go. Until then, the click or key
 // that takes the focus from it has no other effect. An option button is pressed before that, since it may
 // disable the box.
+//
+// A window larger than the work area gets scroll bars, and scrolls to what gets the focus.
 class DialogWindow : private WindowOwner {
  public:
   DialogWindow(const DialogWindow&) = delete;
@@ -45,7 +47,10 @@ class DialogWindow : private WindowOwner {
 
   void ShowModal();
   bool Create();
+  void LayOut();
   void CenterOverOwner();
+  SIZE FitScreen();
+  void OnNewLook(int monitorDpi, const RECT* suggested) override;
   void Loop();
   void Unload();
   bool IsOpen() const { return context_ != nullptr && context_->window != nullptr; }
@@ -60,6 +65,11 @@ class DialogWindow : private WindowOwner {
   void ShowChanges();
   void ShowState();
   void ShowFocus();
+
+  void ScrollTo(int bar, int position);
+  void OnScroll(int bar, int request);
+  void OnWheel(int turned);
+  void ScrollToFocus();
   static void ShowAllChanges();
 
   static inline std::vector<DialogWindow*> shown_;  // from back to front
@@ -73,6 +83,8 @@ class DialogWindow : private WindowOwner {
   std::optional<BindingList> controls_;
   TextBoxBinding* leftBox_ = nullptr;  // the focus has left it, and the form doesn't know yet
   bool reportingLeftBox_ = false;
+  HWND seenFocus_ = nullptr;  // the control that the window has scrolled to
+  int wheel_ = 0;             // what the mouse wheel has turned and is not yet a step
 };
 
 }  // namespace tavix::win32

@@ -91,15 +91,16 @@ void ProgressBinding::Detach() {
 
 void ProgressBinding::Paint(HDC canvas, const RECT& area, UINT) {
   const Palette& colors = context_.colors;
-  FillArea(canvas, area, colors.background);
-  RECT filled = area;
-  filled.right = IsSeen(fill_) ? std::min<LONG>(area.right, context_.Pixels(fill_.Width)) : area.left;
+  RECT filled = area, empty = area;
+  filled.right = empty.left =
+      IsSeen(fill_) ? std::min<LONG>(area.right, context_.Pixels(fill_.Width)) : area.left;
+  FillArea(canvas, empty, colors.background);
   FillArea(canvas, filled, colors.fill);
   DrawOutline(canvas, area, bar_.BorderStyle == 1 ? colors.buttonLine : colors.line);
   const Text& caption = fill_.Caption.Get();
   if (context_.Pixels(TextWidth(context_, caption)) + 4 * context_.Line() > filled.right - filled.left)
     return;
-  WriteText(canvas, caption, filled, context_.font.Get(), colors.text,
+  WriteText(canvas, caption, filled, context_.font.Get(), colors.fillText,
             DT_CENTER | DT_VCENTER | DT_SINGLELINE);
 }
 

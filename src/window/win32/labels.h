@@ -20,8 +20,8 @@ constexpr LabelStyle kSumLabel{.back = &Palette::panel, .format = DT_RIGHT | DT_
 constexpr LabelStyle kTitleStripLabel{
     .back = &Palette::title, .text = &Palette::titleText, .format = DT_RIGHT | DT_SINGLELINE};
 constexpr LabelStyle kDialogLabel{.mnemonic = true};
-constexpr LabelStyle kDialogNote{.text = &Palette::faintText, .format = DT_LEFT | DT_VCENTER | DT_SINGLELINE};
-constexpr LabelStyle kDialogRemark{.text = &Palette::faintText};
+constexpr LabelStyle kDialogNote{.text = &Palette::noteText, .format = DT_LEFT | DT_VCENTER | DT_SINGLELINE};
+constexpr LabelStyle kDialogRemark{.text = &Palette::noteText};
 constexpr LabelStyle kDialogTitle{.font = &WindowContext::titleFont, .format = DT_LEFT | DT_SINGLELINE};
 
 // Mouse clicks go through it to what lies below.

@@ -35,7 +35,8 @@ ListViewBinding::ListViewBinding(ListView& model, WindowContext& context, int id
     : VirtualList(model, context, id, 0, std::move(name)),
       model_(model),
       style_(style),
-      columns_(model.ColumnHeaders) {
+      columns_(model.ColumnHeaders),
+      dpi_(context.dpi) {
   for (int i = 0; i < ListView::kColumns; ++i) {
     const ListView::ColumnHeader& column = columns_[i];
     AddColumn(i, column.Caption, context.Pixels(column.Width));
@@ -51,8 +52,19 @@ void ListViewBinding::RemoveCheckBoxes() {
   Send(LVM_SETCALLBACKMASK, 0);
   Send(LVM_SETIMAGELIST, LVSIL_STATE, 0);
   Send(LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_CHECKBOXES, 0);
-  spacers_ = MakeBlankImages(1, context_.Pixels(kRowHeight));
-  Send(LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(spacers_.Get()));
+  ShowSpacers();
+}
+
+void ListViewBinding::ShowSpacers() {
+  ImageList spacers = MakeBlankImages(1, context_.Pixels(kRowHeight));
+  Send(LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(spacers.Get()));
+  spacers_ = std::move(spacers);
+}
+
+void ListViewBinding::ShowLook() {
+  VirtualList::ShowLook();
+  ScaleColumns();
+  if (!style_.checkBoxes) ShowSpacers();
 }
 
 // While painting is suspended the window stays as it is; the end of that shows all changes.
@@ -94,6 +106,19 @@ void ListViewBinding::ShowColumns() {
     }
     shown = wanted;
     sortMarks_[i] = mark;
+  }
+}
+
+// A column that the user has made wider or narrower stays so.
+void ListViewBinding::ScaleColumns() {
+  const int before = std::exchange(dpi_, context_.dpi);
+  if (before == dpi_) return;
+  for (int i = 0; i < ListView::kColumns; ++i) {
+    const auto shown = static_cast<int>(Send(LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(i)));
+    const int twips = columns_[i].Width;
+    const bool usual = shown == MulDiv(twips, before, 1440);
+    Send(LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(i),
+         usual ? context_.Pixels(twips) : MulDiv(shown, dpi_, before));
   }
 }
 

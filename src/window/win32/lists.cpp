@@ -53,7 +53,11 @@ std::optional<LRESULT> CheckListBinding::OnMessage(UINT message, WPARAM wParam, 
 ListBoxBinding::ListBoxBinding(ListBox& model, WindowContext& context, int id, ControlName name)
     : OutlinedBinding(model, context, std::move(name)), model_(model) {
   CreateOutlined(id, L"LISTBOX", LBS_NOTIFY | LBS_EXTENDEDSEL | LBS_NOINTEGRALHEIGHT | WS_VSCROLL);
-  Send(LB_SETITEMHEIGHT, 0, TextHeight(context) + context.Pixels(kRowPadding));
+  ShowLook();
+}
+
+void ListBoxBinding::ShowLook() {
+  Send(LB_SETITEMHEIGHT, 0, TextHeight(context_) + context_.Pixels(kRowPadding));
 }
 
 void ListBoxBinding::Show() {

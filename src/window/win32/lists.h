@@ -46,6 +46,7 @@ class VirtualList : public OutlinedBinding {
   // one.
   virtual void ShowHighlights() {}
   virtual COLORREF TextColorAt(int row) { return (void)row, GetSysColor(COLOR_WINDOWTEXT); }
+  void ShowLook() override;
   // Whether the list scrolls to a row that the program puts the focus on.
   virtual bool ScrollsToFocus() const { return false; }
   std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -62,6 +63,7 @@ class VirtualList : public OutlinedBinding {
   bool Has(int row) { return row >= 0 && row < RowCount(); }
 
  private:
+  void ShowTicks();
   LRESULT Fill(LVITEMW& item);
   LRESULT PaintRow(NMLVCUSTOMDRAW& draw);
   SearchedRows Searched();
@@ -121,6 +123,7 @@ class ListViewBinding : public VirtualList {
 
  protected:
   void Show() override;
+  void ShowLook() override;
   std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
   int RowCount() override { return model_.Count(); }
   TextView TextAt(int row, int column) override;
@@ -139,7 +142,9 @@ class ListViewBinding : public VirtualList {
 
  private:
   void RemoveCheckBoxes();
+  void ShowSpacers();
   void ShowColumns();
+  void ScaleColumns();
   void ShowColors();
   int SortMark(int header) const;
   LRESULT Select(UINT message, WPARAM wParam, LPARAM lParam);
@@ -149,8 +154,9 @@ class ListViewBinding : public VirtualList {
 
   ListView& model_;
   ListStyle style_;
-  // As they were shown last.
+  // As they were shown last: the columns, the resolution for which they have their widths, the sort marks.
   std::array<ListView::ColumnHeader, ListView::kColumns> columns_;
+  int dpi_;
   std::array<int, ListView::kColumns> sortMarks_{};
   COLORREF back_ = CLR_NONE;
   uint32_t highlights_ = 0;  // the model's count of changes when they were last shown
@@ -169,6 +175,7 @@ class ListBoxBinding : public OutlinedBinding {
 
  protected:
   void Show() override;
+  void ShowLook() override;
   std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:

@@ -11,12 +11,12 @@
 
 namespace tavix::win32 {
 
-void AddMainFormControls(BindingList& controls, const Palette& colors) {
+void AddMainFormControls(BindingList& controls) {
   MainForm& form = frmPubMain;
 
   constexpr int kPageIds[] = {kIdPrivacy, kIdSystem, kIdRegistry, kIdAdvanced, kIdOptions, kIdOneClick};
   for (size_t i = 0; i < std::size(kPageIds); ++i)
-    controls.Add<PictureBinding>(*form.PagePictures()[i], kPageIds[i], colors.background);
+    controls.Add<PictureBinding>(*form.PagePictures()[i], kPageIds[i], &Palette::background);
 
   // The scope tree lies in front of the function list, and the privacy tree in front of both.
   WindowBinding& privacyTree = controls.Add<TreeBinding>(form.trvPrivacy, kIdPrivacyTree,
@@ -42,10 +42,10 @@ void AddMainFormControls(BindingList& controls, const Palette& colors) {
   controls.Add<ButtonBinding>(form.sbtClean, kIdClean, true);
   controls.Add<ButtonBinding>(form.sbtRepair, kIdRepair, true);
 
-  controls.Add<PictureBinding>(form.picHelp, kIdTitleHelp, colors.title);
-  controls.Add<PictureBinding>(form.picCommend, kIdTitleCommend, colors.title);
-  controls.Add<PictureBinding>(form.picMini, kIdMini, colors.title);
-  controls.Add<PictureBinding>(form.picClose, kIdClose, colors.title);
+  controls.Add<PictureBinding>(form.picHelp, kIdTitleHelp, &Palette::title);
+  controls.Add<PictureBinding>(form.picCommend, kIdTitleCommend, &Palette::title);
+  controls.Add<PictureBinding>(form.picMini, kIdMini, &Palette::title);
+  controls.Add<PictureBinding>(form.picClose, kIdClose, &Palette::title);
   controls.Add<LabelBinding>(form.lblVer, kIdVersion, kTitleStripLabel, &form.picTitle);
 }
 

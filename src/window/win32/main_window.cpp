@@ -3,9 +3,13 @@
 #include <commctrl.h>
 // clang-format on
 
+#include <algorithm>
+
 #include "forms/main_form.h"
 #include "forms/type_form.h"
 #include "frame/start_up.h"
+#include "platform/desktop.h"
+#include "platform/windows/resolution.h"
 #include "scan/scan_driver.h"
 #include "window/input.h"
 #include "window/layout.h"
@@ -54,13 +58,13 @@ MainWindow::~MainWindow() {
 }
 
 bool MainWindow::Create() {
-  MakeDrawingTools(context_);
   context_.form = &frmPubMain;
   RegisterWindowClass(kMainWindowClass);
   context_.window = CreateWindowExW(WS_EX_APPWINDOW | WS_EX_CONTROLPARENT, kMainWindowClass, L"Tavix",
                                     WS_POPUP | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN, 0, 0, 0, 0,
                                     nullptr, nullptr, GetModuleHandleW(nullptr), Parameter());
   if (context_.window == nullptr) return false;
+  platform::screen = windows::ScreenOf(context_.window);
   MakeToolTips(context_);
   frmPubMain.hWnd = reinterpret_cast<intptr_t>(context_.window);
   formBinding_.emplace(frmPubMain, context_.changes, [this] { ShowForm(); });
@@ -77,9 +81,35 @@ bool MainWindow::Create() {
 
 // The window and the controls have their bounds from the start, so nothing moves before it is first seen.
 void MainWindow::MakeControls() {
-  FitTexts([this](TextView text) { return TextWidth(context_, text); });
+  FitScreen(windows::DpiOf(context_.window));
   ShowBounds();
-  AddMainFormControls(controls_, context_.colors);
+  AddMainFormControls(controls_);
+}
+
+// Makes the window smaller, with all that is in it, where the work area has no room for it.
+void MainWindow::FitScreen(int monitorDpi) {
+  const RECT work = windows::MonitorOf(context_.window).rcWork;
+  const auto most = [](LONG pixels, int twips) {
+    return static_cast<int>(pixels * 1440 / std::max(twips, 1));
+  };
+  const int fitting = std::min(most(work.right - work.left, frmPubMain.Width),
+                               most(work.bottom - work.top, frmPubMain.Height));
+  MakeDrawingTools(context_, monitorDpi, std::max(fitting, 1));
+  FitTexts([this](TextView text) { return TextWidth(context_, text); });
+}
+
+void MainWindow::OnNewLook(int monitorDpi, const RECT* suggested) {
+  if (IsRectEmpty(&bounds_) != FALSE) return;  // not laid out yet
+  RECT place;
+  GetWindowRect(context_.window, &place);
+  if (suggested != nullptr) place = *suggested;
+  platform::screen = windows::ScreenOf(context_.window);
+  FitScreen(monitorDpi);
+  if (IsIconic(context_.window) == FALSE) Place({place.left, place.top});
+  for (const TreeView* tree : {&frmPubMain.trvPrivacy, &frmPubMain.trvRes})
+    platform::desktop->SetTreeBackColor(tree->hWnd, frmPubMain.lsvResult.BackColor);
+  controls_.ChangeLook();
+  Flush();
 }
 
 void MainWindow::Open() {
@@ -233,8 +263,29 @@ void MainWindow::ShowBounds() {
   const RECT bounds{form.Left, form.Top, form.Left + form.Width, form.Top + form.Height};
   if (EqualRect(&bounds, &bounds_) != FALSE) return;
   bounds_ = bounds;
-  SetWindowPos(context_.window, nullptr, context_.Pixels(form.Left), context_.Pixels(form.Top),
-               context_.Pixels(form.Width), context_.Pixels(form.Height), SWP_NOZORDER | SWP_NOACTIVATE);
+  // A window that had to be made smaller has the same middle.
+  const int dpi = windows::LayoutDpi(windows::DpiOf(context_.window));
+  const auto start = [&](int from, int length) {
+    return MulDiv(2 * from + length, dpi, 2 * 1440) - context_.Pixels(length) / 2;
+  };
+  Place({start(form.Left, form.Width), start(form.Top, form.Height)});
+}
+
+// The window has no frame to pull it back by, so all of it is put into the work area, unless the user is just
+// pulling it.
+void MainWindow::Place(POINT corner) {
+  const SIZE size{context_.Pixels(frmPubMain.Width), context_.Pixels(frmPubMain.Height)};
+  if (!moving_) corner = windows::Within(windows::MonitorOf(context_.window).rcWork, corner, size);
+  SetWindowPos(context_.window, nullptr, corner.x, corner.y, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+// While it was minimized, it may have got another size.
+void MainWindow::OnRestored() {
+  RECT place;
+  GetWindowRect(context_.window, &place);
+  const bool fits = place.right - place.left == context_.Pixels(frmPubMain.Width) &&
+                    place.bottom - place.top == context_.Pixels(frmPubMain.Height);
+  if (!fits && IsRectEmpty(&bounds_) == FALSE) Place({place.left, place.top});
 }
 
 // A job further down the stack may still change the models until it sees the cancel, so all bindings are
@@ -259,6 +310,13 @@ std::optional<LRESULT> MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM
       return background_.MouseUp(PointOf(lParam), kLeftButton), 0;
     case WM_ACTIVATE:
       return OnActivate(wParam), 0;
+    case WM_ENTERSIZEMOVE:
+    case WM_EXITSIZEMOVE:
+      moving_ = message == WM_ENTERSIZEMOVE;
+      return 0;
+    case WM_SIZE:
+      if (wParam == SIZE_RESTORED) OnRestored();
+      return 0;
     case WM_TIMER:
       return loader_->OnTimer(wParam), 0;
     case WM_CLOSE:

@@ -11,7 +11,7 @@ namespace tavix::win32 {
 
 // Makes the controls of the main window and ties each to its model, in tab order. What lies in front comes
 // first.
-void AddMainFormControls(BindingList& controls, const Palette& colors);
+void AddMainFormControls(BindingList& controls);
 
 // A timer of a window. OnTimer takes the WM_TIMER messages.
 class TimerBinding : public Binding {
@@ -55,6 +55,7 @@ class MainWindow : private WindowOwner {
   void OnPaint(HDC canvas, const RECT&) override { background_.Paint(canvas); }
   void OnCommand(WindowBinding& control, int code) override;
   void OnActivate(WPARAM wParam);
+  void OnNewLook(int monitorDpi, const RECT* suggested) override;
 
   void MakeControls();
   void Handle(MSG& message);
@@ -66,7 +67,10 @@ class MainWindow : private WindowOwner {
   bool Postpone(UINT message, WPARAM wParam, LPARAM lParam) const;
   void Unload();
   void ShowForm();
+  void FitScreen(int monitorDpi);
   void ShowBounds();
+  void Place(POINT corner);
+  void OnRestored();
   void ShowState();
   void ShowFocus();
   void GiveFocusBack();
@@ -78,7 +82,8 @@ class MainWindow : private WindowOwner {
   std::optional<FunctionBinding> formBinding_;
   BindingList controls_{context_};
   std::optional<TimerBinding> loader_;
-  RECT bounds_{};  // of the form, in twips, as they were shown last
+  RECT bounds_{};        // of the form, in twips, as they were shown last
+  bool moving_ = false;  // the user is moving it
   bool unloading_ = false;
   bool peeking_ = false;     // looks for messages on behalf of a job that serves no input
   ULONGLONG lastFlush_ = 0;  // in milliseconds since the system started

@@ -21,7 +21,15 @@ TextBoxBinding::TextBoxBinding(TextBox& model, WindowContext& context, int id, C
   // Without WS_BORDER: the system's text box would paint a border inside, too.
   Create(id, L"EDIT", ES_AUTOHSCROLL | WS_TABSTOP);
   Send(EM_SETLIMITTEXT);
+  ShowLook();
+}
+
+// The client area depends on the font. The system asks for it when the size changes; a box made in its final
+// size would never be asked.
+void TextBoxBinding::ShowLook() {
   Send(EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, MAKELPARAM(0, 0));
+  SetWindowPos(Window(), nullptr, 0, 0, 0, 0,
+               SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
 }
 
 Text TextBoxBinding::ShownText() const {
@@ -85,13 +93,13 @@ std::optional<LRESULT> TextBoxBinding::OnChar(WPARAM character, LPARAM lParam) {
   return PassOn(WM_CHAR, static_cast<WPARAM>(key), lParam);
 }
 
-// Shrinks the box to its client area: one line of text in the middle of the height.
+// Shrinks the box to its client area. A text stands at its top, and then in the middle of the box, where a
+// label beside it has its own.
 LRESULT TextBoxBinding::ShrinkToClientArea(RECT& area) const {
-  const int line = TextHeight(context_) + 2;
-  const int above = std::max<int>(1, (area.bottom - area.top - line) / 2);
+  const int above = std::max<int>(1, (area.bottom - area.top - TextHeight(context_)) / 2);
   InflateRect(&area, -std::max(1, context_.Pixels(kPadding)), 0);
   area.top += above;
-  area.bottom = std::max(area.top, area.bottom - above);
+  area.bottom = std::max(area.top, area.bottom - 1);
   return 0;
 }
 

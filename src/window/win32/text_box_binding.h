@@ -19,6 +19,7 @@ class TextBoxBinding : public OutlinedBinding {
 
  protected:
   void Show() override;
+  void ShowLook() override;
   std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:

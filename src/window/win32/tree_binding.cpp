@@ -51,32 +51,49 @@ TreeBinding::TreeBinding(TreeView& model, WindowContext& context, int id, Contro
                  TVS_SHOWSELALWAYS | TVS_NOTOOLTIPS | (style.folds ? 0U : TVS_NOHSCROLL) |
                      (style.checkBoxes ? marks : TVS_FULLROWSELECT));
   SetWindowTheme(Window(), L"Explorer", nullptr);
+  if (style.checkBoxes) AddCheckBoxes();
+  ShowImages();
   if (style.rowPadding > 0) SetRowHeight(TextHeight(context) + context.Pixels(style.rowPadding));
-  style.checkBoxes ? AddCheckBoxes() : AddSpacers();
   model_.treePeer = this;
 }
 
 void TreeBinding::AddCheckBoxes() {
-  Send(TVM_SETINDENT, static_cast<WPARAM>(context_.Pixels(kIndent)));
   Send(TVM_SETEXTENDEDSTYLE, TVS_EX_DOUBLEBUFFER, TVS_EX_DOUBLEBUFFER);
   // The system makes its boxes when an existing tree gets this style; ours replace them.
   SetWindowLongPtrW(Window(), GWL_STYLE, GetWindowLongPtrW(Window(), GWL_STYLE) | TVS_CHECKBOXES);
-  images_ = MakeTickImages(context_, context_.Pixels(kTickHeight), true);
-  const auto made = reinterpret_cast<HIMAGELIST>(
-      Send(TVM_SETIMAGELIST, TVSIL_STATE, reinterpret_cast<LPARAM>(images_.Get())));
-  ImageList(made).Reset();
 }
 
-void TreeBinding::AddSpacers() {
-  images_ = MakeBlankImages(context_.Pixels(kTextSpacer), 1);
-  Send(TVM_SETIMAGELIST, TVSIL_NORMAL, reinterpret_cast<LPARAM>(images_.Get()));
+// The images of the check boxes, or the spacers before texts.
+void TreeBinding::ShowImages() {
+  ImageList images = style_.checkBoxes ? MakeTickImages(context_, context_.Pixels(kTickHeight), true)
+                                       : MakeBlankImages(context_.Pixels(kTextSpacer), 1);
+  if (style_.checkBoxes) Send(TVM_SETINDENT, static_cast<WPARAM>(context_.Pixels(kIndent)));
+  const auto before =
+      reinterpret_cast<HIMAGELIST>(Send(TVM_SETIMAGELIST, style_.checkBoxes ? TVSIL_STATE : TVSIL_NORMAL,
+                                        reinterpret_cast<LPARAM>(images.Get())));
+  if (before != images_.Get()) ImageList(before).Reset();
+  images_ = std::move(images);
+}
+
+void TreeBinding::ShowLook() {
+  ShowImages();
+  if (pictures_) ShowPictures();
+  if (style_.rowPadding > 0) {
+    SetRowHeight(TextHeight(context_) + context_.Pixels(style_.rowPadding));
+  } else if (model_.NodeCount() > 0) {
+    FitRows();
+  }
 }
 
 // The pictures are read when they are first needed.
 void TreeBinding::AddPictures() {
-  if (!style_.pictures || pictures_) return;
-  pictures_ = MakeFolderImages(context_);
-  Send(TVM_SETIMAGELIST, TVSIL_NORMAL, reinterpret_cast<LPARAM>(pictures_.Get()));
+  if (style_.pictures && !pictures_) ShowPictures();
+}
+
+void TreeBinding::ShowPictures() {
+  ImageList pictures = MakeFolderImages(context_);
+  Send(TVM_SETIMAGELIST, TVSIL_NORMAL, reinterpret_cast<LPARAM>(pictures.Get()));
+  pictures_ = std::move(pictures);
 }
 
 void TreeBinding::Detach() {

@@ -40,6 +40,7 @@ class TreeBinding : public OutlinedBinding, private TreePeer {
 
  protected:
   void Show() override;
+  void ShowLook() override;
   std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
   void OnMouseMove(int buttons) override { model_.MouseMove(buttons); }
 
@@ -49,8 +50,9 @@ class TreeBinding : public OutlinedBinding, private TreePeer {
   void NodesCleared() override;
 
   void AddCheckBoxes();
-  void AddSpacers();
+  void ShowImages();
   void AddPictures();
+  void ShowPictures();
   void SetRowHeight(int pixels) const { Send(TVM_SETITEMHEIGHT, static_cast<WPARAM>(pixels)); }
   void FitRows() const;
   void InsertFrom(int first);

@@ -16,18 +16,27 @@ constexpr UINT kTicked = 2;
 }  // namespace
 
 VirtualList::VirtualList(Control& model, WindowContext& context, int id, DWORD style, ControlName name)
-    : OutlinedBinding(model, context, std::move(name)),
-      ticks_(MakeTickImages(context, context.Pixels(kRowHeight), false)) {
+    : OutlinedBinding(model, context, std::move(name)) {
   CreateOutlined(id, WC_LISTVIEWW,
                  LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS | LVS_SHAREIMAGELISTS | style);
   SetWindowTheme(Window(), L"Explorer", nullptr);
   constexpr DWORD kStyle = LVS_EX_CHECKBOXES | LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP;
   Send(LVM_SETEXTENDEDLISTVIEWSTYLE, kStyle, kStyle);
-  // Our own boxes replace those that the style has made.
-  const auto made = reinterpret_cast<HIMAGELIST>(
-      Send(LVM_SETIMAGELIST, LVSIL_STATE, reinterpret_cast<LPARAM>(ticks_.Get())));
-  ImageList(made).Reset();
+  ShowTicks();
   Send(LVM_SETCALLBACKMASK, LVIS_STATEIMAGEMASK);
+}
+
+// Our own boxes replace those that the list has: at first those that its style has made.
+void VirtualList::ShowTicks() {
+  ImageList ticks = MakeTickImages(context_, context_.Pixels(kRowHeight), false);
+  const auto before = reinterpret_cast<HIMAGELIST>(
+      Send(LVM_SETIMAGELIST, LVSIL_STATE, reinterpret_cast<LPARAM>(ticks.Get())));
+  if (before != ticks_.Get()) ImageList(before).Reset();
+  ticks_ = std::move(ticks);
+}
+
+void VirtualList::ShowLook() {
+  if ((Send(LVM_GETEXTENDEDLISTVIEWSTYLE) & LVS_EX_CHECKBOXES) != 0) ShowTicks();
 }
 
 void VirtualList::AddColumn(int column, TextView caption, int pixels) {

@@ -100,6 +100,13 @@ void WindowBinding::Apply() {
   ShowState();
 }
 
+void WindowBinding::ChangeLook() {
+  Send(WM_SETFONT, reinterpret_cast<WPARAM>(context_.font.Get()));
+  ShowBounds();
+  ShowLook();
+  ModelChanged();
+}
+
 void WindowBinding::ShowName() {
   const Text name = Name();
   if (name == shownName_) return;

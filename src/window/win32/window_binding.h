@@ -32,6 +32,8 @@ class WindowBinding : public Binding {
 
   void Detach() override;
   void Apply() final;
+  void Move() override { ShowBounds(); }
+  void ChangeLook() final;
   // Hides this control while the model of `cover` is visible.
   void HideBelow(WindowBinding& cover);
   // Ends a group of controls before this one: arrow keys move from option to option within a group.
@@ -58,6 +60,8 @@ class WindowBinding : public Binding {
   bool HidesMnemonics() const { return (Send(WM_QUERYUISTATE) & UISF_HIDEACCEL) != 0; }
   // Brings the rest of the model to the control.
   virtual void Show() {}
+  // Takes over those of the window's fonts, colours and lengths that the control keeps.
+  virtual void ShowLook() {}
   // Paints a control that is ours to paint, in a state (ODS_...).
   virtual void Paint(HDC canvas, const RECT& area, UINT state) { (void)canvas, (void)area, (void)state; }
   // Handles a message of the control itself. Without a result, the control's own class handles it.

@@ -3,16 +3,20 @@
 #include <commctrl.h>
 // clang-format on
 
+#include <algorithm>
+
+#include "platform/windows/resolution.h"
+
 namespace tavix::win32 {
 
-void MakeDrawingTools(WindowContext& context) {
-  context.dpi = GetDeviceCaps(windows::ScreenContext(GetDC(nullptr)).Get(), LOGPIXELSX);
+void MakeDrawingTools(WindowContext& context, int monitorDpi, int mostDpi) {
   context.colors = ReadPalette();
-  context.skin.emplace(context.dpi);
-  NONCLIENTMETRICSW metrics{};
-  metrics.cbSize = sizeof metrics;
-  SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
-  LOGFONTW font = metrics.lfMessageFont;
+  const int wanted = windows::LayoutDpi(monitorDpi);
+  const int dpi = std::min(wanted, mostDpi);
+  LOGFONTW font = windows::MessageFont(monitorDpi);
+  font.lfHeight = MulDiv(font.lfHeight, dpi, wanted);
+  context.dpi = dpi;
+  context.skin.emplace(dpi);
   context.font.Reset(CreateFontIndirectW(&font));
   font.lfUnderline = TRUE;
   context.linkFont.Reset(CreateFontIndirectW(&font));
@@ -22,13 +26,13 @@ void MakeDrawingTools(WindowContext& context) {
   font.lfHeight = MulDiv(font.lfHeight, 5, 4);
   context.titleFont.Reset(CreateFontIndirectW(&font));
   context.background.Reset(CreateSolidBrush(context.colors.background));
+  SendMessageW(context.toolTips, TTM_SETMAXTIPWIDTH, 0, context.Pixels(6000));
 }
 
 void MakeToolTips(WindowContext& context) {
   context.toolTips =
       CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0,
                       0, 0, context.window, nullptr, GetModuleHandleW(nullptr), nullptr);
-  SendMessageW(context.toolTips, TTM_SETMAXTIPWIDTH, 0, context.Pixels(6000));
 }
 
 int TextWidth(const WindowContext& context, TextView text) {

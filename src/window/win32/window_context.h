@@ -1,5 +1,6 @@
 #pragma once
 
+#include <climits>
 #include <functional>
 #include <optional>
 
@@ -19,7 +20,7 @@ struct WindowContext {
   HWND window = nullptr;
   Form* form = nullptr;
   HWND toolTips = nullptr;
-  int dpi = 96;
+  int dpi = 96;  // pixels of an inch of the layout
   Palette colors;
   Font font, boldFont, linkFont, titleFont;
   Brush background;
@@ -27,6 +28,7 @@ struct WindowContext {
   ChangeQueue changes;
   HWND lostFocus = nullptr;         // the control that had the focus when it was hidden or disabled
   HWND standIn = nullptr;           // has the focus until that control can take it
+  POINT scrolled{0, 0};             // by how many pixels the window shows its form further right and down
   POINT mouse{-1, -1};              // where the mouse was last, on the screen
   std::optional<POINT> menuCorner;  // where a menu pops up on the screen; at the mouse without one
   LetterSearch letters;             // typed in the lists and trees of the window
@@ -46,14 +48,18 @@ struct WindowContext {
   int Line() const { return Pixels(15); }
   // The bounds of a control, in pixels of the window.
   RECT Area(const Control& control) const {
-    return {Pixels(control.Left), Pixels(control.Top), Pixels(control.Left + control.Width),
-            Pixels(control.Top + control.Height)};
+    RECT area{Pixels(control.Left), Pixels(control.Top), Pixels(control.Left + control.Width),
+              Pixels(control.Top + control.Height)};
+    OffsetRect(&area, -scrolled.x, -scrolled.y);
+    return area;
   }
 };
 
-// Sets resolution, colours, fonts and pictures. The fonts are made from the system's message font.
-void MakeDrawingTools(WindowContext& context);
-// Makes the window of the tool tips.
+// Sets resolution, colours, fonts, pictures and the width of tool tips for a monitor. The fonts are made from
+// the system's message font, and the layout is as much larger than usual as that. With fewer pixels for an
+// inch, `mostDpi`, all is made smaller.
+void MakeDrawingTools(WindowContext& context, int monitorDpi, int mostDpi = INT_MAX);
+// Makes the window of the tool tips. MakeDrawingTools comes after it.
 void MakeToolTips(WindowContext& context);
 // The width of a text on one line, in twips.
 int TextWidth(const WindowContext& context, TextView text);

@@ -1,5 +1,6 @@
 #include "window/win32/window_owner.h"
 
+#include "platform/windows/resolution.h"
 #include "window/win32/paint.h"
 
 namespace tavix::win32 {
@@ -60,6 +61,28 @@ LRESULT CALLBACK WindowOwner::Procedure(HWND window, UINT message, WPARAM wParam
   return DefWindowProcW(window, message, wParam, lParam);
 }
 
+// The system tells this to top-level windows alone. Its controls keep colours and lengths of the system, too.
+void WindowOwner::TellControls(UINT message, WPARAM wParam, LPARAM lParam) {
+  struct News {
+    UINT message;
+    WPARAM wParam;
+    LPARAM lParam;
+  } news{message, wParam, lParam};
+  const auto tell = [](HWND control, LPARAM told) -> BOOL {
+    const News& what = *reinterpret_cast<const News*>(told);
+    SendMessageW(control, what.message, what.wParam, what.lParam);
+    return TRUE;
+  };
+  EnumChildWindows(Context().window, tell, reinterpret_cast<LPARAM>(&news));
+}
+
+void WindowOwner::ChangeLook(int monitorDpi, const RECT* suggested) {
+  OnNewLook(monitorDpi, suggested);
+  if (Context().window != nullptr)
+    RedrawWindow(Context().window, nullptr, nullptr,
+                 RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
+}
+
 std::optional<LRESULT> WindowOwner::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_PAINT:
@@ -79,6 +102,18 @@ std::optional<LRESULT> WindowOwner::HandleMessage(UINT message, WPARAM wParam, L
     case WM_CTLCOLOREDIT:
     case WM_CTLCOLORLISTBOX:
       return PassToControl(message, wParam, lParam);
+    case WM_SYSCOLORCHANGE:
+    case WM_SETTINGCHANGE:
+    case WM_THEMECHANGED:
+      TellControls(message, wParam, lParam);
+      ChangeLook(windows::DpiOf(Context().window), nullptr);
+      return 0;
+    case WM_DISPLAYCHANGE:
+      ChangeLook(windows::DpiOf(Context().window), nullptr);
+      return 0;
+    case WM_DPICHANGED:
+      ChangeLook(HIWORD(wParam), reinterpret_cast<const RECT*>(lParam));
+      return 0;
     default:
       return OnMessage(message, wParam, lParam);
   }

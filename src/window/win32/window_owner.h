@@ -23,8 +23,13 @@ class WindowOwner {
   // Paints what no control covers.
   virtual void OnPaint(HDC canvas, const RECT& area) = 0;
   virtual void OnCommand(WindowBinding& control, int code) { control.OnCommand(code); }
+  // Colours, fonts, lengths or screens of the system may have changed, and the monitor has this resolution.
+  // `suggested` is where the system would put the window; null without a wish.
+  virtual void OnNewLook(int monitorDpi, const RECT* suggested) = 0;
 
   std::optional<LRESULT> HandleMessage(UINT message, WPARAM wParam, LPARAM lParam);
+  void TellControls(UINT message, WPARAM wParam, LPARAM lParam);
+  void ChangeLook(int monitorDpi, const RECT* suggested);
 };
 
 }  // namespace tavix::win32

@@ -5,7 +5,8 @@
 // An empty line asks for the main window. The answer has one JSON object a line, in UTF-8: first the window
 // itself, then each control as {"control":id,"text":...}, then the columns and rows of the result list, the
 // rows of the function list and the nodes of the trees. Only the first thousand rows of a list are printed.
-// Rectangles are left, top, right, bottom on the screen.
+// Rectangles are left, top, right, bottom on the screen: "rect" is the client area of a control, "frame" the
+// whole.
 //
 // Any other line is the class of a window. Each list and tree of it comes after its control, and the title
 // last.
@@ -130,16 +131,17 @@ BOOL CALLBACK PrintControl(HWND control, LPARAM parent) {
   if (GetParent(control) != reinterpret_cast<HWND>(parent)) return TRUE;
   std::array<wchar_t, kTextRoom> text{};
   SendMessageW(control, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
-  RECT area;
+  RECT area, frame;
   GetClientRect(control, &area);
+  GetWindowRect(control, &frame);
   std::printf(
       "{\"control\":%d,\"text\":%s,\"visible\":%s,\"enabled\":%s,\"focus\":%s,\"ticked\":%s,\"rect\":%s,"
-      "\"room\":%s}\n",
+      "\"frame\":%s,\"room\":%s}\n",
       GetDlgCtrlID(control), Quoted(windows::FromWide(text.data())).c_str(),
       Flag(IsWindowVisible(control) != FALSE), Flag(IsWindowEnabled(control) != FALSE),
       Flag(ThreadState(control).hwndFocus == control),
       Flag(SendMessageW(control, BM_GETCHECK, 0, 0) == BST_CHECKED), Rectangle(control, area).c_str(),
-      TextRoom(control, text.data(), area).c_str());
+      Rectangle(nullptr, frame).c_str(), TextRoom(control, text.data(), area).c_str());
   return TRUE;
 }
 

@@ -122,6 +122,7 @@ bool MachineFolder::ReadFacts(std::string& error) {
       !ReadPixels(ini_.Value(u"Screen", u"Height"), screen_.Height)) {
     return Fail(error, kFacts, "Width and Height of [Screen] are numbers of pixels, from 1 to 99999");
   }
+  screen_.WorkHeight = screen_.Height;
   return true;
 }
 
