@@ -98,8 +98,7 @@ class CheckListBinding : public VirtualList {
 
 struct ListStyle {
   bool checkBoxes = true;
-  // A focus moved by keys counts as a click; one moved by the program scrolls the list.
-  bool followsFocus = false;
+  bool followsFocus = false;  // the list scrolls to a row that the program puts the focus on
 };
 constexpr ListStyle kResultList{};
 constexpr ListStyle kTickedOptionList{.followsFocus = true};
