@@ -45,6 +45,7 @@ class MainForm : public Form {
   // Pages, top to bottom. The current page has BorderStyle 1.
   PictureBox picPrivacy, picSystem, picRegistry, picAdv, picOpt, picOne;
   std::array<PictureBox*, 6> PagePictures();
+  Text sayCurrentPage;  // said after the name of the current page
 
   // Functions.
   CheckList lst;

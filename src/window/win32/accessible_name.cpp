@@ -13,6 +13,7 @@ constexpr GUID kServices = {0xb5f8350b, 0x0548, 0x48b1, {0xa6, 0xee, 0x88, 0xbd,
 constexpr GUID kServicesInterface = {
     0x6e26e776, 0x04f0, 0x495d, {0x80, 0xe4, 0x33, 0x30, 0x35, 0x2e, 0x31, 0x69}};
 constexpr GUID kName = {0x608d3df8, 0x8128, 0x4aa7, {0xa4, 0x28, 0xf5, 0x5e, 0x49, 0x26, 0x72, 0x91}};
+constexpr GUID kLiveSetting = {0xc12bcd8e, 0x2a8e, 0x4950, {0x8a, 0xe7, 0x36, 0x25, 0x11, 0x1d, 0x58, 0xeb}};
 constexpr auto kClient = static_cast<DWORD>(OBJID_CLIENT);
 
 windows::ComPointer<IAccPropServices> Services() {
@@ -20,6 +21,11 @@ windows::ComPointer<IAccPropServices> Services() {
   CoCreateInstance(kServices, nullptr, CLSCTX_INPROC_SERVER, kServicesInterface,
                    reinterpret_cast<void**>(services.Receive()));
   return services;
+}
+
+void Clear(HWND window, const GUID& property) {
+  const auto services = Services();
+  if (services) services.Get()->ClearHwndProps(window, kClient, CHILDID_SELF, &property, 1);
 }
 
 }  // namespace
@@ -30,9 +36,16 @@ void SetAccessibleName(HWND window, TextView name) {
     services.Get()->SetHwndPropStr(window, kClient, CHILDID_SELF, kName, windows::Wide(Text(name)));
 }
 
-void ClearAccessibleName(HWND window) {
+void ClearAccessibleName(HWND window) { Clear(window, kName); }
+
+void SetLive(HWND window) {
+  VARIANT polite{};
+  polite.vt = VT_I4;
+  polite.lVal = 1;
   const auto services = Services();
-  if (services) services.Get()->ClearHwndProps(window, kClient, CHILDID_SELF, &kName, 1);
+  if (services) services.Get()->SetHwndProp(window, kClient, CHILDID_SELF, kLiveSetting, polite);
 }
+
+void ClearLive(HWND window) { Clear(window, kLiveSetting); }
 
 }  // namespace tavix::win32

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "forms/main_form.h"
 #include "window/win32/paint.h"
 
 namespace tavix::win32 {
@@ -12,8 +13,12 @@ bool IsEnter(LPARAM lParam) {
   return message != nullptr && message->message == WM_KEYDOWN && message->wParam == VK_RETURN;
 }
 
+// The name says which page is the current one: it is seen by an outline alone.
 ControlName PictureName(const PictureBox& model) {
-  return {[&model] { return model.ToolTipText.Get(); }};
+  return {[&model] {
+    const Text& name = model.ToolTipText.Get();
+    return model.BorderStyle == 1 ? Concat(name, u", ", frmPubMain.sayCurrentPage) : name;
+  }};
 }
 
 }  // namespace
@@ -78,7 +83,22 @@ void PictureBinding::OnPress() {
 
 std::optional<LRESULT> PictureBinding::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_RBUTTONUP) model_.MouseUp(kRightButton);
-  return PushBinding::OnMessage(message, wParam, lParam);
+  return message == WM_KEYDOWN || message == WM_KEYUP ? OnKey(message, wParam, lParam)
+                                                      : PushBinding::OnMessage(message, wParam, lParam);
+}
+
+// A menu that a key opens pops up below the picture. The character of the key, which is on its way already,
+// is not for the menu.
+LRESULT PictureBinding::OnKey(UINT message, WPARAM wParam, LPARAM lParam) {
+  RECT place;
+  GetWindowRect(Window(), &place);
+  const auto before = std::exchange(context_.menuCorner, POINT{place.left, place.bottom});
+  MSG character;
+  if (wParam == VK_RETURN) PeekMessageW(&character, Window(), WM_CHAR, WM_CHAR, PM_REMOVE);
+  const std::optional<LRESULT> done = PushBinding::OnMessage(message, wParam, lParam);
+  const LRESULT result = done ? *done : PassOn(message, wParam, lParam);
+  context_.menuCorner = before;
+  return result;
 }
 
 void PictureBinding::Paint(HDC canvas, const RECT& area, UINT state) {

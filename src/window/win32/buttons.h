@@ -71,6 +71,8 @@ class PictureBinding : public PushBinding {
   void Paint(HDC canvas, const RECT& area, UINT state) override;
 
  private:
+  LRESULT OnKey(UINT message, WPARAM wParam, LPARAM lParam);
+
   PictureBox& model_;
   COLORREF back_;
   Text picture_;  // the last key that had a picture

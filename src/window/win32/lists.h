@@ -63,10 +63,13 @@ class VirtualList : public OutlinedBinding {
   void RowChanged(const NMLISTVIEW& change);
   void RowsChanged(const NMLVODSTATECHANGE& change);
   void ShowFocus();
+  void AnnounceTick();
   int RowOfBoxAt(LPARAM position) const;
   bool SelectsOne() const { return (GetWindowLongPtrW(Window(), GWL_STYLE) & LVS_SINGLESEL) != 0; }
 
   ImageList ticks_;
+  int saidRow_ = -1;  // the row in focus, and whether it had a tick when screen readers last heard of it
+  bool saidTick_ = false;
   bool showing_ = false;  // changes are the program's, not the user's
 };
 

@@ -49,6 +49,7 @@ class TreeBinding : public OutlinedBinding, private TreePeer {
   void InsertFrom(int first);
   void Insert(Node& node);
   void ShowNode(Node& node);
+  void AnnounceTick(HTREEITEM item) const;
   UINT StateOf(const Node& node) const;
   Node* NodeOf(HTREEITEM item) const;
   bool IsShown(const Node& node) const { return static_cast<size_t>(node.Index) <= items_.size(); }
