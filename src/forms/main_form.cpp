@@ -21,9 +21,8 @@ MainForm::MainForm() : Form(u"frmPubMain") {
   SayToolTip(u"picOne", picOne, u"One-click Clean/Repair (1)");
   picPrivacy.BorderStyle = 1;
   SaySentence(u"CurrentPage", sayCurrentPage, u"current page");
-  // Not shown: the title picture has the names.
-  Say(u"lblProdLogo", lblProdLogo.Caption, u"Tavix on the web");
-  Say(u"lblCompLogo", lblCompLogo.Caption, u"The maker of Tavix on the web");
+  Say(u"lblProdLogo", lblProdLogo.Caption, u"Website of Tavix");
+  Say(u"lblCompLogo", lblCompLogo.Caption, u"Website of the maker");
 
   Say(u"lblOpt", lblOpt.Caption, u"Click here");
   Say(u"lblOptPrompt", lblOptPrompt.Caption, u"to set related option(s).");

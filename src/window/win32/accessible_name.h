@@ -11,6 +11,10 @@ namespace tavix::win32 {
 void SetAccessibleName(HWND window, TextView name);
 void ClearAccessibleName(HWND window);
 
+// Says that a button is a link.
+void SetLinkRole(HWND window);
+void ClearLinkRole(HWND window);
+
 // A label whose changes are said when the reader has nothing else to say. Each change to be said needs the
 // event EVENT_OBJECT_LIVEREGIONCHANGED.
 void SetLive(HWND window);

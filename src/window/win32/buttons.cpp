@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "forms/main_form.h"
+#include "window/win32/accessible_name.h"
 #include "window/win32/paint.h"
 
 namespace tavix::win32 {
@@ -53,6 +54,11 @@ void ButtonBinding::Paint(HDC canvas, const RECT& area, UINT state) {
                look.text, DT_CENTER, (state & ODS_NOACCEL) != 0);
 }
 
+LinkBinding::LinkBinding(Label& model, WindowContext& context, int id)
+    : PushBinding(model, context, id, CaptionName(model.Caption)), model_(model) {
+  SetLinkRole(Window());
+}
+
 void LinkBinding::Paint(HDC canvas, const RECT& area, UINT state) {
   FillArea(canvas, area, context_.colors.panel);
   WriteText(canvas, model_.Caption.Get(), area, context_.linkFont.Get(), context_.colors.link,
@@ -65,6 +71,7 @@ std::optional<LRESULT> LinkBinding::OnMessage(UINT message, WPARAM wParam, LPARA
     SetCursor(LoadCursorW(nullptr, IDC_HAND));
     return TRUE;
   }
+  if (message == WM_DESTROY) ClearLinkRole(Window());
   return PushBinding::OnMessage(message, wParam, lParam);
 }
 

@@ -45,8 +45,7 @@ class ButtonBinding : public PushBinding {
 // A label that is clicked like a link.
 class LinkBinding : public PushBinding {
  public:
-  LinkBinding(Label& model, WindowContext& context, int id)
-      : PushBinding(model, context, id, CaptionName(model.Caption)), model_(model) {}
+  LinkBinding(Label& model, WindowContext& context, int id);
 
  protected:
   void OnPress() override { model_.Click(); }

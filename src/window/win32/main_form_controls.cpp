@@ -16,12 +16,12 @@ namespace tavix::win32 {
 void AddMainFormControls(BindingList& controls, const Palette& colors) {
   MainForm& form = frmPubMain;
 
-  controls.Add<TitleLinkBinding>(form.lblProdLogo, kIdProductLink, form.picTitle);
+  controls.Add<TitleLinkBinding>(form.lblProdLogo, kIdProductLink, form.picTitle, TitleName::kInPicture);
   controls.Add<PictureBinding>(form.picHelp, kIdTitleHelp, colors.title);
   controls.Add<PictureBinding>(form.picCommend, kIdTitleCommend, colors.title);
   controls.Add<PictureBinding>(form.picMini, kIdMini, colors.title);
   controls.Add<PictureBinding>(form.picClose, kIdClose, colors.title);
-  controls.Add<TitleLinkBinding>(form.lblCompLogo, kIdMakerLink, form.picTitle);
+  controls.Add<TitleLinkBinding>(form.lblCompLogo, kIdMakerLink, form.picTitle, TitleName::kMissing);
   controls.Add<LabelBinding>(form.lblVer, kIdVersion, kTitleStripLabel, &form.picTitle);
 
   constexpr int kPageIds[] = {kIdPrivacy, kIdSystem, kIdRegistry, kIdAdvanced, kIdOptions, kIdOneClick};

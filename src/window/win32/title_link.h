@@ -4,11 +4,14 @@
 
 namespace tavix::win32 {
 
-// A name in the title picture that leads to a site. Its caption is for screen readers only: what is seen is
-// that part of the picture.
+// Whether the picture shows the name that a link stands for.
+enum class TitleName { kInPicture, kMissing };
+
+// A place in the title picture that leads to a site. Where the picture has no name, the link shows its
+// caption while it has the focus or the mouse is over it.
 class TitleLinkBinding : public LinkBinding {
  public:
-  TitleLinkBinding(Label& model, WindowContext& context, int id, const PictureBox& title);
+  TitleLinkBinding(Label& model, WindowContext& context, int id, const PictureBox& title, TitleName name);
 
  protected:
   void OnPress() override { model_.MouseUp(kLeftButton); }
@@ -17,6 +20,7 @@ class TitleLinkBinding : public LinkBinding {
  private:
   Label& model_;
   const PictureBox& title_;
+  TitleName name_;
 };
 
 }  // namespace tavix::win32

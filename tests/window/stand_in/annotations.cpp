@@ -1,6 +1,6 @@
 // Stands in for the service that keeps what a program tells screen readers about its controls
 // (CLSID_AccPropServices), which Wine lacks. A name becomes a property of the window, where other processes
-// find it: the atom of the text. Other texts and values are kept the same way as numbers of calls.
+// find it: the atom of the text. A role and the setting of a live text become properties as they are.
 
 #include <initguid.h>
 #include <objbase.h>
@@ -10,8 +10,17 @@ namespace {
 
 constexpr GUID kName = {0x608d3df8, 0x8128, 0x4aa7, {0xa4, 0x28, 0xf5, 0x5e, 0x49, 0x26, 0x72, 0x91}};
 constexpr GUID kLiveSetting = {0xc12bcd8e, 0x2a8e, 0x4950, {0x8a, 0xe7, 0x36, 0x25, 0x11, 0x1d, 0x58, 0xeb}};
+constexpr GUID kRole = {0xcb905ff2, 0x7bd1, 0x4c05, {0xb3, 0xc8, 0xe6, 0xc2, 0x41, 0x36, 0x4d, 0x70}};
 constexpr wchar_t kNameProperty[] = L"AnnotatedName";
+constexpr wchar_t kRoleProperty[] = L"AnnotatedRole";
 constexpr wchar_t kLiveProperty[] = L"AnnotatedLive";
+
+// Null for what the program doesn't set.
+const wchar_t* PropertyFor(const GUID& property) {
+  if (IsEqualGUID(property, kName)) return kNameProperty;
+  if (IsEqualGUID(property, kRole)) return kRoleProperty;
+  return IsEqualGUID(property, kLiveSetting) ? kLiveProperty : nullptr;
+}
 
 class Services final : public IAccPropServices {
  public:
@@ -33,14 +42,16 @@ class Services final : public IAccPropServices {
   }
   HRESULT STDMETHODCALLTYPE SetHwndProp(HWND window, DWORD, DWORD, MSAAPROPID property,
                                         VARIANT value) override {
-    if (!IsEqualGUID(property, kLiveSetting) || value.vt != VT_I4) return E_INVALIDARG;
-    SetPropW(window, kLiveProperty, reinterpret_cast<HANDLE>(static_cast<UINT_PTR>(value.lVal)));
+    if (PropertyFor(property) == nullptr || value.vt != VT_I4) return E_INVALIDARG;
+    SetPropW(window, PropertyFor(property), reinterpret_cast<HANDLE>(static_cast<UINT_PTR>(value.lVal)));
     return S_OK;
   }
   HRESULT STDMETHODCALLTYPE ClearHwndProps(HWND window, DWORD, DWORD, const MSAAPROPID* properties,
                                            int count) override {
-    for (int i = 0; i < count; ++i)
-      RemovePropW(window, IsEqualGUID(properties[i], kName) ? kNameProperty : kLiveProperty);
+    for (int i = 0; i < count; ++i) {
+      const wchar_t* const name = PropertyFor(properties[i]);
+      if (name == nullptr || RemovePropW(window, name) == nullptr) return E_INVALIDARG;
+    }
     return S_OK;
   }
 

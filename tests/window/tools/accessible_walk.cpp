@@ -1,7 +1,8 @@
 // Prints what screen readers learn of a window, as JSON lines in UTF-8.
 //
 //   walk CLASS    each control in sight that can take the focus: name, role, state and value by Microsoft
-//                 Active Accessibility, and name and control type by UI Automation where the system answers
+//                 Active Accessibility, and name and control type by UI Automation where the system answers;
+//                 also what the program has set for screen readers, as the stand-in keeps it
 //   listen CLASS  "ready", and then each change of state, name or live text in the window, as it is told,
 //                 until the window goes
 
@@ -141,11 +142,14 @@ int Walk(HWND window) {
     GetWindowRect(control, &area);
     std::printf(
         "{\"control\":%d,\"class\":%s,\"live\":%s,\"tabStop\":%s,\"rect\":[%ld,%ld,%ld,%ld],"
-        "\"annotated\":%s,%s,\"uia\":%s}\n",
+        "\"annotated\":%s,\"annotatedRole\":%d,\"style\":%d,\"checked\":%s,%s,\"uia\":%s}\n",
         GetDlgCtrlID(control), Quoted(kind.data()).c_str(), live ? "true" : "false",
         (GetWindowLongPtrW(control, GWL_STYLE) & WS_TABSTOP) != 0 ? "true" : "false", area.left, area.top,
-        area.right, area.bottom, AnnotatedName(control).c_str(), ActiveAccessibility(control).c_str(),
-        ByAutomation(automation.Get(), control).c_str());
+        area.right, area.bottom, AnnotatedName(control).c_str(),
+        static_cast<int>(reinterpret_cast<INT_PTR>(GetPropW(control, L"AnnotatedRole"))),
+        static_cast<int>(GetWindowLongPtrW(control, GWL_STYLE) & 0xFFFF),
+        SendMessageW(control, BM_GETCHECK, 0, 0) == BST_CHECKED ? "true" : "false",
+        ActiveAccessibility(control).c_str(), ByAutomation(automation.Get(), control).c_str());
   }
   return 0;
 }
