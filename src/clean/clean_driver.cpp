@@ -119,6 +119,7 @@ constexpr std::array kKinds = {
     Kind{action::kRegistryValues, true, DeleteRegistryValues},
     Kind{action::kFolder, false, CleanFolder},
 };
+static_assert(kKinds.size() == action::kAll.size());
 
 // A row stays if its file or folder is still there. An unknown kind, or a kind without the payload it needs,
 // has nothing to do and its row is removed.

@@ -1,5 +1,6 @@
 #include "clean/item_operations.h"
 
+#include "clean/row_description.h"
 #include "forms/main_form.h"
 #include "forms/type_form.h"
 #include "frame/support/pub_common.h"
@@ -86,9 +87,9 @@ void InvertChecks() {
   }
 }
 
-void Serve(int index, const SelectedRow& row) {
-  // The system would read the name as another one.
-  if (!HasPlainNames(row.path)) return;
+// False if the row's name keeps the command from working: the system would read it as another one.
+bool Serve(int index, const SelectedRow& row) {
+  if (!HasPlainNames(row.path)) return false;
   if (index == kExecute) {
     pubSystem.OpenPath(row.path, platform::kMaximized);
   } else if (index == kOpen) {
@@ -96,23 +97,50 @@ void Serve(int index, const SelectedRow& row) {
   } else if (index == kProperties) {
     pubSystem.ShowFileProperties(frmPubMain.hWnd, row.path);
   }
+  return true;
+}
+
+// What a command has met among the highlighted rows.
+struct Met {
+  int highlighted = 0;
+  int opened = 0;  // rows of a kind that the command works on; each counts towards the most
+  int otherKinds = 0;
+  Text oddName;  // what is said of a row whose name kept the command from working
+};
+
+Text WhatDidNotWork(int index, const Met& met) {
+  const ToolbarSentences& say = frmPubMain.sayToolbar;
+  if (met.highlighted == 0) return say.NoneHighlighted;
+  if (met.opened == 0) return say.NoneFit[static_cast<size_t>(index)];
+  if (!met.oddName.empty()) return met.oddName;
+  return met.otherKinds > 0 ? say.SomeLeftOut : Text();
+}
+
+// A running job keeps the status line.
+void Say(const Text& words) {
+  if (!words.empty() && !frmPubMain.IsJobRunning()) frmPubMain.lblProgS.Caption = words;
 }
 
 }  // namespace
 
 void sbtToolbar_Click(int index) {
   if (index == kInvertCheck) return InvertChecks();
-  int opened = 0;
+  Met met;
   for (int position = 1; position <= ResultCount(); ++position) {
     const ListView::Item item = frmPubMain.lsvResult.Row(position);
     if (!item.Selected()) continue;
+    ++met.highlighted;
     const SelectedRow row = ReadRow(item);
     if (index == kOpen && IsInRegistry(row.tag)) return OpenRegistryEditor(KeyPath(row.tag));
-    if (!IsFileOrFolder(row.tag)) continue;
-    if (opened >= kMostOpened) return;
-    Serve(index, row);
-    ++opened;
+    if (!IsFileOrFolder(row.tag)) {
+      ++met.otherKinds;
+      continue;
+    }
+    if (met.opened >= kMostOpened) break;
+    ++met.opened;
+    if (!Serve(index, row)) met.oddName = DescribeRow(item);
   }
+  Say(WhatDidNotWork(index, met));
 }
 
 void lsvResult_MouseUp(int button) {

@@ -27,6 +27,12 @@ void Form::SayToolTip(TextView name, Control& control, TextView words) {
   Say(Concat(name, u".ToolTipText"), control.ToolTipText, words);
 }
 
+void Form::SaySentence(TextView name, Text& sentence, TextView words) {
+  sentence = words;
+  texts_.push_back(
+      {Text(name), [&sentence] { return sentence; }, [&sentence](TextView other) { sentence = other; }});
+}
+
 void Form::SayColumns(TextView name, ListView& list, std::initializer_list<Column> columns) {
   size_t number = 0;
   for (const Column& column : columns) {

@@ -18,6 +18,7 @@ class MenuItem;
 //   sbtToolbar(0)                 the caption of a member of an array, counted from 0
 //   picClose.ToolTipText          a tool tip
 //   lsvResult.ColumnHeaders(1)    the title of a column, counted from 1
+//   Row.DeletesFile               a sentence that the program says in a label; words in braces are filled in
 struct NamedText {
   Text Name;
   std::function<Text()> Get;
@@ -61,6 +62,7 @@ class Form : public Control {
   // the calls.
   void Say(TextView name, Property<Text>& text, TextView words);
   void SayToolTip(TextView name, Control& control, TextView words);
+  void SaySentence(TextView name, Text& sentence, TextView words);
   template <class C, size_t N>
   void SayAll(TextView name, std::array<C, N>& members, const TextView (&captions)[N]) {
     for (size_t i = 0; i < N; ++i) Say(Member(name, i), members[i].Caption, captions[i]);
@@ -68,10 +70,10 @@ class Form : public Control {
   // The first columns of a list. The others have no title and no width.
   void SayColumns(TextView name, ListView& list, std::initializer_list<Column> columns);
   void SayMenu(TextView name, MenuItem& entry, TextView caption);
-
- private:
+  // The name of a member of an array.
   static Text Member(TextView name, size_t index);
 
+ private:
   TextView name_;
   std::vector<NamedText> texts_, menus_;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <optional>
 #include <vector>
 
@@ -25,6 +26,11 @@ constexpr TextView kRegistryValues = u"RIs";
 constexpr TextView kCommand = u"Cmd";
 constexpr TextView kNamedFile = u"FT";
 constexpr TextView kEventLog = u"WSL";
+
+// What reads kinds has an answer for each of these.
+inline constexpr std::array kAll = {kFile,        kFolder,        kFileAtRestart,  kRecycleBins,
+                                    kRegistryKey, kRegistryValue, kRegistryValues, kCommand,
+                                    kNamedFile,   kEventLog};
 
 }  // namespace action
 

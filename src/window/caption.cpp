@@ -1,5 +1,7 @@
 #include "window/caption.h"
 
+#include "text/letter_case.h"
+
 namespace tavix {
 
 Text PlainCaption(TextView caption) {
@@ -9,6 +11,13 @@ Text PlainCaption(TextView caption) {
     plain += caption[i];
   }
   return plain;
+}
+
+char16_t MarkedLetter(TextView caption) {
+  for (size_t i = 0; i + 1 < caption.size(); ++i) {
+    if (caption[i] == u'&' && caption[++i] != u'&') return ToUpper(caption[i]);
+  }
+  return 0;
 }
 
 }  // namespace tavix

@@ -10,6 +10,7 @@
 #include "clean/clean_driver.h"
 #include "clean/item_operations.h"
 #include "clean/one_click.h"
+#include "clean/row_description.h"
 #include "forms/about_form.h"
 #include "forms/main_form.h"
 #include "forms/options_form.h"
@@ -77,6 +78,7 @@ void WireMainForm() {
   // Results.
   form.cbxAll.Click = cbxAll_Click;
   form.lsvResult.ColumnClick = lsvResult_ColumnClick;
+  form.lsvResult.ItemClick = lsvResult_ItemClick;
   form.lsvResult.MouseUp = lsvResult_MouseUp;
   WireClicks(form.sbtToolbar, sbtToolbar_Click);
 

@@ -376,5 +376,67 @@ TEST_F(ItemOperations, RowsThatGoDuringACommandAreNotReached) {
   EXPECT_EQ(ResultCount(), 1);
 }
 
+class WordsOfACommand : public ItemOperations {
+ protected:
+  static Text Status() { return frmPubMain.lblProgS.Caption; }
+};
+
+TEST_F(WordsOfACommand, SayThatNothingIsHighlighted) {
+  for (const int index : {kExecute, kOpen, kProperties}) {
+    frmPubMain.lblProgS.Caption = u"before";
+    Press(index);
+    EXPECT_EQ(Status(), u"No row of the list is highlighted, so this command has nothing to work on.")
+        << index;
+  }
+}
+
+TEST_F(WordsOfACommand, SayWhichKindsOfRowsItWorksOn) {
+  AddSelected(u"RE");
+  const Texts said = {
+      u"Only files and folders can be executed, and no highlighted row is one.",
+      u"Only files, folders and entries of the registry can be opened, and no highlighted row is one.",
+      u"Only files and folders have properties, and no highlighted row is one."};
+  for (const int index : {kExecute, kOpen, kProperties}) {
+    Press(index);
+    EXPECT_EQ(Status(), said[static_cast<size_t>(index)]);
+  }
+  EXPECT_EQ(TakeCalls(), Texts{});
+}
+
+TEST_F(WordsOfACommand, SayThatRowsWereLeftOut) {
+  AddSelected(u"F", u"C:\\Work", u"a.txt");
+  AddSelected(u"Cmd: x");
+  Press(kExecute);
+  EXPECT_EQ(Status(), u"Highlighted rows that are no files or folders were left out.");
+  EXPECT_EQ(TakeCalls(), Texts{u"OpenPath C:\\Work\\a.txt"});
+}
+
+TEST_F(WordsOfACommand, SayThatWindowsWouldReadTheNameAsAnother) {
+  AddSelected(u"F", u"C:\\Work", u"a.txt.");
+  Press(kExecute);
+  EXPECT_EQ(Status(), u"Leaves C:\\Work\\a.txt. alone: Windows would take its name for another one.");
+  EXPECT_EQ(TakeCalls(), Texts{});
+}
+
+TEST_F(WordsOfACommand, AreSparedIfItHasWorked) {
+  frmPubMain.lblProgS.Caption = u"before";
+  AddSelected(u"F");
+  for (const int index : {kExecute, kOpen, kProperties, kInvert}) Press(index);
+  for (int i = 0; i < 12; ++i) AddSelected(u"F");
+  Press(kExecute);
+  frmPubMain.lsvResult.Clear();
+  AddSelected(u"RK: HKEY_CURRENT_USER, Software\\a");
+  Press(kOpen);
+  Press(kInvert);
+  EXPECT_EQ(Status(), u"before");
+}
+
+TEST_F(WordsOfACommand, LeaveTheLineToAJob) {
+  frmPubMain.lblProgS.Caption = u"before";
+  frmPubMain.sbtCancel.Visible = true;
+  Press(kExecute);
+  EXPECT_EQ(Status(), u"before");
+}
+
 }  // namespace
 }  // namespace tavix::mdlPubSelf

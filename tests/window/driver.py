@@ -38,6 +38,7 @@ TOOLBAR = ids("Toolbar", "Toolbar+1", "Toolbar+2", "Toolbar+3")
 STATUS, OPTION_LINK, OPTION_PROMPT, PROGRESS, TIME_WORD, TIME, SUM = ids(
     "Status", "OptionLink", "OptionPrompt", "Progress", "TimePrefix", "Time", "Sum")
 SCAN, CANCEL, CLEAN, REPAIR = ids("Scan", "Cancel", "Clean", "Repair")
+PRODUCT_LINK, MAKER_LINK = ids("ProductLink", "MakerLink")
 
 
 class Timeout(AssertionError):

@@ -27,8 +27,7 @@ void Background::Paint(HDC canvas) const {
 // Labels and disabled controls let the mouse through, but still cover the background.
 bool Background::IsBare(POINT position) const {
   const HWND at = ChildWindowFromPointEx(context_.window, position, CWP_SKIPINVISIBLE);
-  return (at == context_.window || at == nullptr) && !Covers(frmPubMain.lblProdLogo, position) &&
-         !Covers(frmPubMain.lblCompLogo, position);
+  return at == context_.window || at == nullptr;
 }
 
 void Background::MouseMove(POINT position, int buttons) {
@@ -39,12 +38,6 @@ void Background::MouseMove(POINT position, int buttons) {
     frmPubMain.lblFrame.MouseMove(buttons);
   } else {
     frmPubMain.lblBorder.MouseMove(buttons);
-  }
-}
-
-void Background::MouseUp(POINT position, int button) const {
-  for (const Label* logo : {&frmPubMain.lblProdLogo, &frmPubMain.lblCompLogo}) {
-    if (Covers(*logo, position)) logo->MouseUp(button);
   }
 }
 

@@ -4,16 +4,13 @@
 
 namespace tavix::win32 {
 
-// Paints the parts of the main window that are no controls: the outline, the title strip with its two
-// clickable logos, and the lower panel.
+// Paints the parts of the main window that are no controls: the outline, the title strip and the lower panel.
 class Background {
  public:
   explicit Background(WindowContext& context) : context_(context) {}
   void Paint(HDC canvas) const;
   // The mouse has moved to this pixel, with these buttons held down.
   void MouseMove(POINT position, int buttons);
-  // A button was released at this pixel.
-  void MouseUp(POINT position, int button) const;
 
  private:
   bool Covers(const Control& control, POINT position) const;

@@ -2,7 +2,9 @@
 
 #include <utility>
 
+#include "forms/main_form.h"
 #include "window/place.h"
+#include "window/win32/accessible_name.h"
 #include "window/win32/input.h"
 #include "window/win32/paint.h"
 
@@ -14,8 +16,12 @@ bool IsEnter(LPARAM lParam) {
   return message != nullptr && message->message == WM_KEYDOWN && message->wParam == VK_RETURN;
 }
 
+// The name says which page is the current one: it is seen by an outline alone.
 ControlName PictureName(const PictureBox& model) {
-  return {[&model] { return model.ToolTipText.Get(); }};
+  return {[&model] {
+    const Text& name = model.ToolTipText.Get();
+    return model.BorderStyle == 1 ? Concat(name, u", ", frmPubMain.sayCurrentPage) : name;
+  }};
 }
 
 }  // namespace
@@ -51,6 +57,11 @@ void ButtonBinding::Paint(HDC canvas, const RECT& area, UINT state) {
                look.text, DT_CENTER, (state & ODS_NOACCEL) != 0);
 }
 
+LinkBinding::LinkBinding(Label& model, WindowContext& context, int id)
+    : PushBinding(model, context, id, CaptionName(model.Caption)), model_(model) {
+  SetLinkRole(Window());
+}
+
 void LinkBinding::Paint(HDC canvas, const RECT& area, UINT state) {
   RECT words = area;
   InflateRect(&words, -context_.Pixels(kLinkPadding), 0);
@@ -65,6 +76,7 @@ std::optional<LRESULT> LinkBinding::OnMessage(UINT message, WPARAM wParam, LPARA
     SetCursor(LoadCursorW(nullptr, IDC_HAND));
     return TRUE;
   }
+  if (message == WM_DESTROY) ClearLinkRole(Window());
   return PushBinding::OnMessage(message, wParam, lParam);
 }
 
@@ -83,7 +95,22 @@ void PictureBinding::OnPress() {
 
 std::optional<LRESULT> PictureBinding::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_RBUTTONUP) model_.MouseUp(kRightButton);
-  return PushBinding::OnMessage(message, wParam, lParam);
+  return message == WM_KEYDOWN || message == WM_KEYUP ? OnKey(message, wParam, lParam)
+                                                      : PushBinding::OnMessage(message, wParam, lParam);
+}
+
+// A menu that a key opens pops up below the picture. The character of the key, which is on its way already,
+// is not for the menu.
+LRESULT PictureBinding::OnKey(UINT message, WPARAM wParam, LPARAM lParam) {
+  RECT place;
+  GetWindowRect(Window(), &place);
+  const auto before = std::exchange(context_.menuCorner, POINT{place.left, place.bottom});
+  MSG character;
+  if (wParam == VK_RETURN) PeekMessageW(&character, Window(), WM_CHAR, WM_CHAR, PM_REMOVE);
+  const std::optional<LRESULT> done = PushBinding::OnMessage(message, wParam, lParam);
+  const LRESULT result = done ? *done : PassOn(message, wParam, lParam);
+  context_.menuCorner = before;
+  return result;
 }
 
 void PictureBinding::Paint(HDC canvas, const RECT& area, UINT state) {

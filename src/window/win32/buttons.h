@@ -45,8 +45,7 @@ class ButtonBinding : public PushBinding {
 // A label that is clicked like a link.
 class LinkBinding : public PushBinding {
  public:
-  LinkBinding(Label& model, WindowContext& context, int id)
-      : PushBinding(model, context, id, CaptionName(model.Caption)), model_(model) {}
+  LinkBinding(Label& model, WindowContext& context, int id);
 
  protected:
   void OnPress() override { model_.Click(); }
@@ -71,6 +70,8 @@ class PictureBinding : public PushBinding {
   void Paint(HDC canvas, const RECT& area, UINT state) override;
 
  private:
+  LRESULT OnKey(UINT message, WPARAM wParam, LPARAM lParam);
+
   PictureBox& model_;
   COLORREF Palette::*back_;
   Text picture_;  // the last key that had a picture

@@ -37,6 +37,8 @@ enum ControlId : int {
   kIdClean,
   kIdRepair,
   kIdBusyPage,
+  kIdProductLink,
+  kIdMakerLink,
 };
 
 constexpr int kLoaderTimer = 1;

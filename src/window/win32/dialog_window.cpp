@@ -8,6 +8,7 @@
 #include "platform/windows/wide.h"
 #include "window/win32/buttons.h"
 #include "window/win32/input.h"
+#include "window/win32/label_letters.h"
 #include "window/win32/paint.h"
 
 namespace tavix::win32 {
@@ -178,7 +179,9 @@ void DialogWindow::Unload() {
 void DialogWindow::Handle(MSG& message) {
   const bool own = IsOpen() && (message.hwnd == context_->window || IsChild(context_->window, message.hwnd));
   if (own && (!LeaveBoxByMouse(message) || PressKey(message))) return;
-  if (!IsOpen() || IsDialogMessageW(context_->window, &message) == FALSE) {
+  const bool done = IsOpen() && (FollowLabelLetter(context_->window, message) ||
+                                 IsDialogMessageW(context_->window, &message) != FALSE);
+  if (!done) {
     TranslateMessage(&message);
     DispatchMessageW(&message);
   }

@@ -12,7 +12,7 @@ namespace tavix::win32 {
 LabelBinding::LabelBinding(Label& model, WindowContext& context, int id, const LabelStyle& style,
                            const PictureBox* below)
     : WindowBinding(model, context, CaptionName(model.Caption)), model_(model), style_(style), below_(below) {
-  Create(id, L"STATIC", SS_OWNERDRAW);
+  Create(id, L"STATIC", SS_OWNERDRAW | (style.mnemonic ? 0U : SS_NOPREFIX));
 }
 
 void LabelBinding::Paint(HDC canvas, const RECT& area, UINT) {

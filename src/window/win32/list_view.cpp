@@ -241,7 +241,7 @@ void ListViewBinding::OnSpace(int row) {
 
 void ListViewBinding::OnRowFocused(int row) {
   model_.FocusRow(row + 1);
-  if (style_.followsFocus) model_.ItemClick();
+  model_.ItemClick();
 }
 
 void ListViewBinding::OnRowClick(int row) {

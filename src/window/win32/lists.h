@@ -72,10 +72,13 @@ class VirtualList : public OutlinedBinding {
   void RowChanged(const NMLISTVIEW& change);
   void RowsChanged(const NMLVODSTATECHANGE& change);
   void ShowFocus();
+  void AnnounceTick();
   int RowOfBoxAt(LPARAM position) const;
   bool SelectsOne() const { return (GetWindowLongPtrW(Window(), GWL_STYLE) & LVS_SINGLESEL) != 0; }
 
   ImageList ticks_;
+  int saidRow_ = -1;  // the row in focus, and whether it had a tick when screen readers last heard of it
+  bool saidTick_ = false;
   bool showing_ = false;  // changes are the program's, not the user's
 };
 
@@ -107,8 +110,7 @@ class CheckListBinding : public VirtualList {
 
 struct ListStyle {
   bool checkBoxes = true;
-  // A focus moved by keys counts as a click; one moved by the program scrolls the list.
-  bool followsFocus = false;
+  bool followsFocus = false;  // the list scrolls to a row that the program puts the focus on
 };
 constexpr ListStyle kResultList{};
 constexpr ListStyle kTickedOptionList{.followsFocus = true};

@@ -306,8 +306,6 @@ std::optional<LRESULT> MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM
   switch (message) {
     case WM_MOUSEMOVE:
       return background_.MouseMove(PointOf(lParam), HeldButtons(wParam)), 0;
-    case WM_LBUTTONUP:
-      return background_.MouseUp(PointOf(lParam), kLeftButton), 0;
     case WM_ACTIVATE:
       return OnActivate(wParam), 0;
     case WM_ENTERSIZEMOVE:

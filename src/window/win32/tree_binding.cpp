@@ -187,12 +187,23 @@ void TreeBinding::ShowNode(Node& node) {
   item.mask = TVIF_HANDLE;
   item.hItem = ItemOf(node);
   Describe(node, item);
+  const auto box = [&] {
+    return Send(TVM_GETITEMSTATE, reinterpret_cast<WPARAM>(item.hItem), TVIS_STATEIMAGEMASK);
+  };
+  const LRESULT before = box();
   Send(TVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+  if (box() != before) AnnounceTick(item.hItem);
   const auto state = Send(TVM_GETITEMSTATE, reinterpret_cast<WPARAM>(item.hItem), TVIS_EXPANDED);
   if (((state & TVIS_EXPANDED) != 0) != node.Expanded) {
     Send(TVM_EXPAND, node.Expanded ? TVE_EXPAND : TVE_COLLAPSE, reinterpret_cast<LPARAM>(item.hItem));
   }
   Redraw();
+}
+
+// Tells screen readers that a tick has turned.
+void TreeBinding::AnnounceTick(HTREEITEM item) const {
+  NotifyWinEvent(EVENT_OBJECT_STATECHANGE, Window(), OBJID_CLIENT,
+                 static_cast<LONG>(Send(TVM_MAPHTREEITEMTOACCID, reinterpret_cast<WPARAM>(item))));
 }
 
 UINT TreeBinding::StateOf(const Node& node) const {

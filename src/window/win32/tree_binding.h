@@ -59,6 +59,7 @@ class TreeBinding : public OutlinedBinding, private TreePeer {
   void Insert(Node& node);
   void ShowNode(Node& node);
   void Describe(const Node& node, TVITEMW& item) const;
+  void AnnounceTick(HTREEITEM item) const;
   UINT StateOf(const Node& node) const;
   Node* NodeOf(HTREEITEM item) const;
   bool IsShown(const Node& node) const { return static_cast<size_t>(node.Index) <= items_.size(); }

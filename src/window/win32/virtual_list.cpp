@@ -58,6 +58,7 @@ void VirtualList::ShowRows() {
   ShowFocus();
   ShowHighlights();
   showing_ = false;
+  AnnounceTick();
   Redraw();
 }
 
@@ -85,6 +86,16 @@ LRESULT VirtualList::ForManyRows(const std::function<LRESULT()>& change) const {
 
 int VirtualList::ShownFocus() const {
   return static_cast<int>(Send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED));
+}
+
+// Screen readers hear that the tick of the row in focus has turned.
+void VirtualList::AnnounceTick() {
+  const int row = ShownFocus();
+  const bool tick = Has(row) && CheckedAt(row);
+  const bool turned = row >= 0 && row == saidRow_ && tick != saidTick_;
+  saidRow_ = row;
+  saidTick_ = tick;
+  if (turned) NotifyWinEvent(EVENT_OBJECT_STATECHANGE, Window(), OBJID_CLIENT, row + 1);
 }
 
 void VirtualList::ShowFocus() {
@@ -163,8 +174,9 @@ void VirtualList::GoToLetter(char16_t letter) {
 }
 
 void VirtualList::RowChanged(const NMLISTVIEW& change) {
-  if (showing_ || (change.uChanged & LVIF_STATE) == 0) return;
-  const UINT changed = change.uNewState ^ change.uOldState;
+  const UINT changed = (change.uChanged & LVIF_STATE) != 0 ? change.uNewState ^ change.uOldState : 0;
+  if ((changed & change.uNewState & LVIS_FOCUSED) != 0) AnnounceTick();
+  if (showing_) return;
   if ((changed & LVIS_SELECTED) != 0)
     OnRowsHighlighted(change.iItem, change.iItem, (change.uNewState & LVIS_SELECTED) != 0);
   if ((changed & change.uNewState & LVIS_FOCUSED) != 0 && Has(change.iItem)) OnRowFocused(change.iItem);

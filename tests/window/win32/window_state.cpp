@@ -97,12 +97,21 @@ TEST_F(WindowState, LabelsAreNoBackground) {
 }
 
 TEST_F(WindowState, BothNamesInTheTitleAreClicked) {
-  int product = 0, maker = 0;
-  frmPubMain.lblProdLogo.MouseUp = [&](int) { ++product; };
-  frmPubMain.lblCompLogo.MouseUp = [&](int) { ++maker; };
-  Send(mainWindow, WM_LBUTTONUP, 0, PointIn(frmPubMain.lblCompLogo));
-  EXPECT_EQ(maker, 1);
-  EXPECT_EQ(product, 0);
+  std::string led;
+  const auto note = [&](const char* name) {
+    return [&led, name](int button) { led += name + std::to_string(button) + " "; };
+  };
+  frmPubMain.lblProdLogo.MouseUp = note("product");
+  frmPubMain.lblCompLogo.MouseUp = note("maker");
+  Click(Control(kIdMakerLink), 5, 5);
+  window->HandleWaiting();
+  EXPECT_EQ(led, "maker1 ");
+  Press(Control(kIdProductLink), VK_RETURN);
+  EXPECT_EQ(led, "maker1 product1 ");
+  Press(Control(kIdMakerLink), VK_SPACE);
+  EXPECT_EQ(led, "maker1 product1 maker1 ");
+  Send(Control(kIdProductLink), WM_RBUTTONUP, 0, MAKELPARAM(5, 5));
+  EXPECT_EQ(led, "maker1 product1 maker1 ");
   frmPubMain.lblCompLogo.MouseUp = nullptr;
 }
 
@@ -129,14 +138,6 @@ TEST_F(WindowState, APictureThatIsMissingLeavesTheOneBefore) {
   picture.Picture = u"PRIVACY_STTC";
 }
 
-TEST_F(WindowState, TheNameInTheTitleIsClicked) {
-  std::vector<int> buttons;
-  frmPubMain.lblProdLogo.MouseUp = [&](int button) { buttons.push_back(button); };
-  Send(mainWindow, WM_LBUTTONUP, 0, PointIn(frmPubMain.lblProdLogo));
-  Send(mainWindow, WM_LBUTTONUP, 0, PointIn(frmPubMain.lblFrame));
-  EXPECT_EQ(buttons, std::vector<int>{kLeftButton});
-}
-
 TEST_F(WindowState, AMenuIsAskedForByMouseAndKeyButNotByTheHeader) {
   std::vector<int> buttons;
   frmPubMain.lsvResult.MouseUp = [&](int button) { buttons.push_back(button); };
@@ -153,11 +154,22 @@ TEST_F(WindowState, AMenuIsAskedForByMouseAndKeyButNotByTheHeader) {
 }
 
 TEST_F(WindowState, APictureIsNamedByItsToolTip) {
-  EXPECT_EQ(TextOf(kIdPrivacy), L"Privacy (P)");
-  frmPubMain.picPrivacy.ToolTipText = Text(u"Privatsph\u00e4re (P)");
+  EXPECT_EQ(TextOf(kIdSystem), L"System (S)");
+  frmPubMain.picSystem.ToolTipText = Text(u"Systeme (S)");
   Flush();
-  EXPECT_EQ(TextOf(kIdPrivacy), L"Privatsph\u00e4re (P)");
-  frmPubMain.picPrivacy.ToolTipText = Text(u"Privacy (P)");
+  EXPECT_EQ(TextOf(kIdSystem), L"Systeme (S)");
+  frmPubMain.picSystem.ToolTipText = Text(u"System (S)");
+}
+
+TEST_F(WindowState, ThePictureOfTheCurrentPageIsNamedSo) {
+  EXPECT_EQ(TextOf(kIdPrivacy), L"Privacy (P), current page");
+  frmPubMain.picPrivacy.BorderStyle = 0;
+  frmPubMain.picSystem.BorderStyle = 1;
+  Flush();
+  EXPECT_EQ(TextOf(kIdPrivacy), L"Privacy (P)");
+  EXPECT_EQ(TextOf(kIdSystem), L"System (S), current page");
+  frmPubMain.picPrivacy.BorderStyle = 1;
+  frmPubMain.picSystem.BorderStyle = 0;
 }
 
 TEST_F(WindowState, AWindowThatTheUserHasMovedStaysThere) {
