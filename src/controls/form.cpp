@@ -27,6 +27,10 @@ void Form::SayToolTip(TextView name, Control& control, TextView words) {
   Say(Concat(name, u".ToolTipText"), control.ToolTipText, words);
 }
 
+void Form::SayAccessibleName(TextView name, Control& control, TextView words) {
+  Say(Concat(name, u".AccessibleName"), control.AccessibleName, words);
+}
+
 void Form::SayColumns(TextView name, ListView& list, std::initializer_list<Column> columns) {
   size_t number = 0;
   for (const Column& column : columns) {

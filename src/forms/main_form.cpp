@@ -38,6 +38,11 @@ MainForm::MainForm() : Form(u"frmPubMain") {
   SayColumns(u"lsvResult", lsvResult,
              {{u"      Type", 3528}, {u"Name", 3528}, {u"Size (KB)", 1764}, {u"Location", 9878}});
 
+  SayAccessibleName(u"trvPrivacy", trvPrivacy, u"Privacy functions");
+  SayAccessibleName(u"trvRes", trvRes, u"Drives and folders");
+  SayAccessibleName(u"lst", lst, u"Functions");
+  SayAccessibleName(u"lsvResult", lsvResult, u"Results");
+
   for (Control* hidden : std::initializer_list<Control*>{&lst, &trvRes, &lblOpt, &lblOptPrompt, &sbtCancel,
                                                          &sbtRepair, &webGIF, &lblProgMI})
     hidden->Visible = false;
