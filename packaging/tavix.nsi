@@ -1,5 +1,9 @@
 ; The installer of Tavix. ./release builds it and defines VERSION, FILES, OUTPUT, SITE and SIZE (in KB).
 ;
+; The installer asks for a language, shows itself in it and puts its catalogues beside the program.
+; /Language=en or /Language=de chooses it, and a silent installer asks nothing: it takes the language of the
+; installation that it replaces, or else that of the user.
+;
 ; /S makes installer and uninstaller silent. The uninstaller never removes the backup folder, and removes the
 ; settings only if the user says so or /RemoveSettings is given. Exit status 2: Tavix is running, nothing was done.
 Target amd64-unicode
@@ -20,12 +24,6 @@ OutFile "${OUTPUT}"
 InstallDir "$PROGRAMFILES64\Tavix"
 BrandingText "Tavix ${VERSION}"
 VIProductVersion "${VERSION}.0"
-VIAddVersionKey "ProductName" "Tavix"
-VIAddVersionKey "ProductVersion" "${VERSION}"
-VIAddVersionKey "FileVersion" "${VERSION}"
-VIAddVersionKey "FileDescription" "Installer of Tavix"
-VIAddVersionKey "CompanyName" "the makers of Tavix"
-VIAddVersionKey "LegalCopyright" "Copyright (C) 2026 the makers of Tavix"
 
 !define MUI_ICON "${FILES}\..\icon.ico"
 !define MUI_UNICON "${FILES}\..\icon.ico"
@@ -35,6 +33,27 @@ VIAddVersionKey "LegalCopyright" "Copyright (C) 2026 the makers of Tavix"
 !insertmacro MUI_UNPAGE_CONFIRM
 !insertmacro MUI_UNPAGE_INSTFILES
 !insertmacro MUI_LANGUAGE "English"
+!insertmacro MUI_LANGUAGE "German"
+!insertmacro MUI_RESERVEFILE_LANGDLL
+
+VIAddVersionKey /LANG=${LANG_ENGLISH} "ProductName" "Tavix"
+VIAddVersionKey /LANG=${LANG_ENGLISH} "ProductVersion" "${VERSION}"
+VIAddVersionKey /LANG=${LANG_ENGLISH} "FileVersion" "${VERSION}"
+VIAddVersionKey /LANG=${LANG_ENGLISH} "FileDescription" "Installer of Tavix"
+VIAddVersionKey /LANG=${LANG_ENGLISH} "CompanyName" "the makers of Tavix"
+VIAddVersionKey /LANG=${LANG_ENGLISH} "LegalCopyright" "Copyright (C) 2026 the makers of Tavix"
+
+LangString RUNS ${LANG_ENGLISH} "Tavix is running. Please close it, then press Retry."
+LangString RUNS ${LANG_GERMAN} "Tavix läuft gerade. Bitte schließen Sie es und klicken Sie dann auf Wiederholen."
+LangString NOT_WRITTEN ${LANG_ENGLISH} "Some files could not be written. Tavix is not installed."
+LangString NOT_WRITTEN ${LANG_GERMAN} \
+  "Einige Dateien konnten nicht geschrieben werden. Tavix ist nicht installiert."
+LangString HELP_NAME ${LANG_ENGLISH} "Tavix Help"
+LangString HELP_NAME ${LANG_GERMAN} "Tavix Hilfe (englisch)"
+LangString REMOVE_SETTINGS ${LANG_ENGLISH} \
+  "Remove your settings and junk types as well?$\r$\n$\r$\nThe backup folder stays in any case."
+LangString REMOVE_SETTINGS ${LANG_GERMAN} \
+  "Auch Ihre Einstellungen und Dateitypen entfernen?$\r$\n$\r$\nDer Ordner mit Sicherungen bleibt auf jeden Fall."
 
 ; Waits until Tavix isn't running: files of a running program can't be replaced.
 !macro StopWhileItRuns
@@ -48,7 +67,7 @@ VIAddVersionKey "LegalCopyright" "Copyright (C) 2026 the makers of Tavix"
     ${If} $1 < 20
       IntOp $1 $1 + 1
       Sleep 100
-    ${ElseIf} ${Cmd} `MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "Tavix is running. Please close it, then press Retry." /SD IDCANCEL IDCANCEL`
+    ${ElseIf} ${Cmd} `MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "$(RUNS)" /SD IDCANCEL IDCANCEL`
       SetErrorLevel 2
       Quit
     ${EndIf}
@@ -115,9 +134,40 @@ Function ProtectFolder
   System::Call 'kernel32::LocalFree(p r0)'
 FunctionEnd
 
+; Puts the language of the installation that is there into $LANGUAGE, if there is one.
+!macro TakeInstalledLanguage
+  ReadRegStr $0 HKLM "${UNINSTALL}" "Installer Language"
+  ${If} $0 == ${LANG_ENGLISH}
+  ${OrIf} $0 == ${LANG_GERMAN}
+    StrCpy $LANGUAGE $0
+  ${EndIf}
+!macroend
+
+; Settles $LANGUAGE. It begins as the language of the user, or English if that has no texts here.
+Function ChooseLanguage
+  !insertmacro TakeInstalledLanguage
+  ${GetParameters} $0
+  ClearErrors
+  ${GetOptions} $0 "/Language=" $1
+  ${If} $1 == "en"
+    StrCpy $LANGUAGE ${LANG_ENGLISH}
+  ${ElseIf} $1 == "de"
+    StrCpy $LANGUAGE ${LANG_GERMAN}
+  ${ElseIfNot} ${Silent}
+    LangDLL::LangDialog "Tavix" "Please choose a language.$\r$\nBitte wählen Sie eine Sprache." \
+      A "English" ${LANG_ENGLISH} "Deutsch" ${LANG_GERMAN} ""
+    Pop $0
+    ${If} $0 == "cancel"
+      Abort
+    ${EndIf}
+    StrCpy $LANGUAGE $0
+  ${EndIf}
+FunctionEnd
+
 Function .onInit
   SetRegView 64
   SetShellVarContext all
+  Call ChooseLanguage
   ; Install over an existing installation, unless /D= names another folder.
   ReadRegStr $0 HKLM "${UNINSTALL}" "InstallLocation"
   ${If} $0 != ""
@@ -127,14 +177,29 @@ Function .onInit
   !insertmacro StopWhileItRuns
 FunctionEnd
 
+; The shortcut to the help has another name in each language.
+!macro RemoveHelpShortcuts
+  Delete "$SMPROGRAMS\Tavix\Tavix Help.lnk"
+  Delete "$SMPROGRAMS\Tavix\Tavix Hilfe (englisch).lnk"
+!macroend
+
 Section
   SetOutPath "$INSTDIR"
   SetOverwrite on
   ClearErrors
   File "${FILES}\tavix.exe"
   File "${FILES}\Help.chm"
-  File "${FILES}\tips.dll"
-  File "${FILES}\menus.dll"
+  ; The catalogues beside the program are those that it shows.
+  ${If} $LANGUAGE == ${LANG_GERMAN}
+    File "${FILES}\lang\de\tips.dll"
+    File "${FILES}\lang\de\menus.dll"
+  ${Else}
+    File "${FILES}\lang\en\tips.dll"
+    File "${FILES}\lang\en\menus.dll"
+  ${EndIf}
+  SetOutPath "$INSTDIR\lang\en"
+  File "${FILES}\lang\en\tips.dll"
+  File "${FILES}\lang\en\menus.dll"
   SetOutPath "$INSTDIR\res"
   File "${FILES}\res\scan.htm"
   File "${FILES}\res\scan.gif"
@@ -143,7 +208,7 @@ Section
   File "${FILES}\lang\de\menus.dll"
   SetOutPath "$INSTDIR"
   ${If} ${Errors}
-    MessageBox MB_OK|MB_ICONSTOP "Some files could not be written. Tavix is not installed." /SD IDOK
+    MessageBox MB_OK|MB_ICONSTOP "$(NOT_WRITTEN)" /SD IDOK
     SetErrorLevel 3
     Quit
   ${EndIf}
@@ -159,13 +224,15 @@ Section
 
   CreateDirectory "$SMPROGRAMS\Tavix"
   CreateShortcut "$SMPROGRAMS\Tavix\Tavix.lnk" "$INSTDIR\tavix.exe"
-  CreateShortcut "$SMPROGRAMS\Tavix\Tavix Help.lnk" "$INSTDIR\Help.chm"
+  !insertmacro RemoveHelpShortcuts
+  CreateShortcut "$SMPROGRAMS\Tavix\$(HELP_NAME).lnk" "$INSTDIR\Help.chm"
 
   WriteRegStr HKLM "${UNINSTALL}" "DisplayName" "Tavix"
   WriteRegStr HKLM "${UNINSTALL}" "DisplayVersion" "${VERSION}"
   WriteRegStr HKLM "${UNINSTALL}" "DisplayIcon" "$INSTDIR\tavix.exe"
   WriteRegStr HKLM "${UNINSTALL}" "Publisher" "the makers of Tavix"
   WriteRegStr HKLM "${UNINSTALL}" "URLInfoAbout" "${SITE}"
+  WriteRegStr HKLM "${UNINSTALL}" "Installer Language" "$LANGUAGE"
   WriteRegStr HKLM "${UNINSTALL}" "InstallLocation" "$INSTDIR"
   WriteRegStr HKLM "${UNINSTALL}" "UninstallString" '"$INSTDIR\uninstall.exe"'
   WriteRegStr HKLM "${UNINSTALL}" "QuietUninstallString" '"$INSTDIR\uninstall.exe" /S'
@@ -177,6 +244,7 @@ SectionEnd
 Function un.onInit
   SetRegView 64
   SetShellVarContext all
+  !insertmacro TakeInstalledLanguage
   !insertmacro StopWhileItRuns
 FunctionEnd
 
@@ -210,15 +278,18 @@ Section "Uninstall"
   Delete "$INSTDIR\menus.dll"
   Delete "$INSTDIR\res\scan.htm"
   Delete "$INSTDIR\res\scan.gif"
+  Delete "$INSTDIR\lang\en\tips.dll"
+  Delete "$INSTDIR\lang\en\menus.dll"
   Delete "$INSTDIR\lang\de\tips.dll"
   Delete "$INSTDIR\lang\de\menus.dll"
   Delete "$INSTDIR\uninstall.exe"
+  RMDir "$INSTDIR\lang\en"
   RMDir "$INSTDIR\lang\de"
   RMDir "$INSTDIR\lang"
   RMDir "$INSTDIR\res"
   RMDir "$INSTDIR"
   Delete "$SMPROGRAMS\Tavix\Tavix.lnk"
-  Delete "$SMPROGRAMS\Tavix\Tavix Help.lnk"
+  !insertmacro RemoveHelpShortcuts
   RMDir "$SMPROGRAMS\Tavix"
   DeleteRegKey HKLM "${UNINSTALL}"
 
@@ -227,7 +298,7 @@ Section "Uninstall"
   ${GetOptions} $0 "/RemoveSettings" $1
   ${IfNot} ${Errors}
     Call un.RemoveSettings
-  ${ElseIf} ${Cmd} `MessageBox MB_YESNO|MB_ICONQUESTION|MB_DEFBUTTON2 "Remove your settings and junk types as well?$\r$\n$\r$\nThe backup folder stays in any case." /SD IDNO IDYES`
+  ${ElseIf} ${Cmd} `MessageBox MB_YESNO|MB_ICONQUESTION|MB_DEFBUTTON2 "$(REMOVE_SETTINGS)" /SD IDNO IDYES`
     Call un.RemoveSettings
   ${EndIf}
 SectionEnd

@@ -68,7 +68,7 @@ draw_icon() {
   $magick "$@" -type TrueColorMatte -strip -define png:exclude-chunks=date,time -compress Zip src/app/icon.ico
 }
 
-# One turn of the busy picture, twice as large as it is shown at 96 DPI.
+# One turn of the busy picture, twice as large as it is shown at 96 DPI. Its ground is transparent.
 draw_busy() {
   turn=0
   while [ $turn -lt 24 ]; do
@@ -78,7 +78,8 @@ draw_busy() {
     rsvg-convert -w 92 -h 92 "$work/turn.svg" -o "$frame"
     turn=$((turn + 1))
   done
-  $magick -delay 5 -loop 0 "$work"/turn_*.png -alpha off +dither -colors 64 -layers OptimizeFrame -strip res/scan.gif
+  $magick -delay 5 -loop 0 "$work"/turn_*.png -channel A -threshold 50% +channel +dither -colors 32 -set dispose Background \
+    -layers OptimizeFrame -strip res/scan.gif
 }
 
 # row SUFFIX WIDE GROUND KEY...: these pictures side by side on their background.

@@ -28,6 +28,8 @@ class Control : public PropertyOwner {
   Property<int> Width{this, 0};
   Property<int> Height{this, 0};
   Property<Text> ToolTipText{this};
+  // What screen readers call a control that has neither a caption nor a tool tip.
+  Property<Text> AccessibleName{this};
 
   ControlPeer* peer = nullptr;  // not owned; null without a real control
   intptr_t hWnd = 0;            // the real control's window; 0 without one

@@ -33,6 +33,10 @@ void Form::SaySentence(TextView name, Text& sentence, TextView words) {
       {Text(name), [&sentence] { return sentence; }, [&sentence](TextView other) { sentence = other; }});
 }
 
+void Form::SayAccessibleName(TextView name, Control& control, TextView words) {
+  Say(Concat(name, u".AccessibleName"), control.AccessibleName, words);
+}
+
 void Form::SayColumns(TextView name, ListView& list, std::initializer_list<Column> columns) {
   size_t number = 0;
   for (const Column& column : columns) {

@@ -17,6 +17,7 @@ class MenuItem;
 //   sbtScan                       the caption of a control
 //   sbtToolbar(0)                 the caption of a member of an array, counted from 0
 //   picClose.ToolTipText          a tool tip
+//   lsvResult.AccessibleName      a name for screen readers
 //   lsvResult.ColumnHeaders(1)    the title of a column, counted from 1
 //   Row.DeletesFile               a sentence that the program says in a label; words in braces are filled in
 struct NamedText {
@@ -63,6 +64,7 @@ class Form : public Control {
   void Say(TextView name, Property<Text>& text, TextView words);
   void SayToolTip(TextView name, Control& control, TextView words);
   void SaySentence(TextView name, Text& sentence, TextView words);
+  void SayAccessibleName(TextView name, Control& control, TextView words);
   template <class C, size_t N>
   void SayAll(TextView name, std::array<C, N>& members, const TextView (&captions)[N]) {
     for (size_t i = 0; i < N; ++i) Say(Member(name, i), members[i].Caption, captions[i]);

@@ -43,6 +43,11 @@ MainForm::MainForm() : Form(u"frmPubMain") {
   lsvResult.ColumnHeaders[2].Key = 4;
   SayRowSentences();
 
+  SayAccessibleName(u"trvPrivacy", trvPrivacy, u"Privacy functions");
+  SayAccessibleName(u"trvRes", trvRes, u"Drives and folders");
+  SayAccessibleName(u"lst", lst, u"Functions");
+  SayAccessibleName(u"lsvResult", lsvResult, u"Results");
+
   for (Control* hidden : std::initializer_list<Control*>{&lst, &trvRes, &lblOpt, &lblOptPrompt, &sbtCancel,
                                                          &sbtRepair, &webGIF, &lblProgMI})
     hidden->Visible = false;

@@ -15,6 +15,11 @@ Text GetMessageText(TextView key) {
   return text;
 }
 
+Text GetMessageText(TextView key, TextView builtIn) {
+  Text text = GetMessageText(key);
+  return Trim(text).empty() ? Text(builtIn) : text;
+}
+
 void Inform(TextView text) { platform::dialogs->MsgBox(text, platform::kInformation); }
 
 }  // namespace tavix::mdlPubSelf

@@ -8,6 +8,9 @@ namespace tavix::mdlPubSelf {
 // missing. A message is one line.
 Text GetMessageText(TextView key);
 
+// The same, or `builtIn` where file or key is missing.
+Text GetMessageText(TextView key, TextView builtIn);
+
 // Shows an information box with an OK button and waits for the answer.
 void Inform(TextView text);
 

@@ -12,6 +12,7 @@
 #include "frame/support/pub_system.h"
 #include "frame/support/shell_object.h"
 #include "frame/trusted_data.h"
+#include "platform/dialogs.h"
 #include "platform/instance.h"
 
 namespace tavix::mdlPubSelf {
@@ -20,6 +21,21 @@ namespace {
 constexpr uint32_t kWhite = 0xFFFFFF;
 constexpr uint32_t kCloseMessage = 16;
 constexpr TextView kHelpTitle = u"TVX Help";
+
+Text ButtonWord(int answer) {
+  switch (answer) {
+    case platform::kOk:
+      return GetMessageText(u"BUTTON_OK");
+    case platform::kCancel:
+      return GetMessageText(u"BUTTON_CANCEL");
+    case platform::kYes:
+      return GetMessageText(u"BUTTON_YES");
+    case platform::kNo:
+      return GetMessageText(u"BUTTON_NO");
+    default:
+      return {};
+  }
+}
 
 void Run(const std::function<void()>& step) {
   if (step) step();
@@ -32,9 +48,11 @@ void CreateServices() {
   pubCommon = clsPubCommon(platform::fileSystem, platform::shell);
   pubRegistry = clsPubRegistry(platform::registry);
   pubFile = clsPubFile(platform::fileSystem);
+  platform::buttonWord = ButtonWord;
 }
 
 void ReleaseServices() {
+  platform::buttonWord = nullptr;
   pubSystem = {};
   fileSystemObject = {};
   pubCommon = {};

@@ -45,8 +45,7 @@ bool LiesIn(TextView path, TextView folder) {
 }
 
 int Ask(TextView key, TextView fallback, const std::vector<Text>& paths, int style) {
-  Text words = GetMessageText(key);
-  if (Trim(words).empty()) words = fallback;
+  Text words = GetMessageText(key, fallback);
   words += u"\r\n";
   for (const Text& path : paths) words += Concat(u"\r\n", path);
   return platform::dialogs->MsgBox(words, style);

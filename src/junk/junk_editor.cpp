@@ -1,7 +1,5 @@
 #include "junk/junk_editor.h"
 
-#include <algorithm>
-
 #include "forms/options_form.h"
 #include "forms/type_form.h"
 #include "frame/data_paths.h"
@@ -58,7 +56,8 @@ void EditType() {
   list.SelectRow(row);
   const ListView::Item item = list.Row(row);
   frmPubType.LoadOnce();
-  frmPubType.Caption = Concat(u"Edit Junk File Type - '", item.Text(), u"'");
+  frmPubType.Caption =
+      Concat(GetMessageText(u"EDIT_JUNK", u"Edit Junk File Type"), u" - '", item.Text(), u"'");
   frmPubType.txt[0].Text = Text(item.Text());
   frmPubType.txt[1].Text = Text(item.SubItems(kPatternColumn));
   frmPubType.ShowModal();
@@ -102,12 +101,7 @@ bool RefuseEmpty(TextView key, TextBox& box) {
 
 // The text of the box with a blank for each tab, line end and bar: these separate lines and fields of the
 // file.
-Text EnteredText(const TextBox& box) {
-  Text text = box.Text;
-  std::ranges::replace_if(
-      text, [](char16_t c) { return TextView(u"\t\r\n|").contains(c); }, u' ');
-  return Text(Trim(text));
-}
+Text EnteredText(const TextBox& box) { return BlankOut(box.Text.Get(), u"\t\r\n|"); }
 
 bool DiffersFromRow(TextView description, TextView pattern, const ListView::Item& row) {
   return ToLower(Concat(description, pattern)) != Concat(Normalised(row.Text()), PatternOf(row));

@@ -26,7 +26,8 @@ Text ChooseFolder(TextView title) {
 void AddFolder() {
   const Text folder = ChooseFolder(GetMessageText(u"EXCEPT_FOLDER"));
   if (folder.empty()) return;
-  const Text description = Ask(u"INPUT_DESC", {});
+  // These characters would end the description, or its line, in the settings.
+  const Text description = BlankOut(Ask(u"INPUT_DESC", {}), u"\t\r\n/|");
   frmPubOptions.lsvOO.Add(folder).SetSubItems(1, description);
 }
 
@@ -59,7 +60,7 @@ void optCM_Click(int index) {
 }
 
 void sbtCM_Click() {
-  Text folder = ChooseFolder(u"Specify Backup Folder");
+  Text folder = ChooseFolder(GetMessageText(u"BACKUP_FOLDER", u"Specify Backup Folder"));
   if (!folder.empty()) frmPubOptions.txtDF.Text = std::move(folder);
 }
 
@@ -70,7 +71,8 @@ void txtDF_LostFocus() {
   const TextView folder = Trim(box.Text.Get());
   // Say nothing about a folder that can't be looked at.
   if (!box.Enabled || fileSystemObject.FolderExists(folder) != false) return;
-  Inform(Concat(u"'", folder, u"' does not exists, please specify another."));
+  Inform(
+      Concat(u"'", folder, u"' ", GetMessageText(u"NO_FOLDER", u"does not exists, please specify another.")));
   ShowOptionsPage(kCleaningMethodPage);
   frmPubOptions.ActiveControl = &box;
   box.SelectAll();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 
 #include "platform/shell.h"
@@ -33,6 +34,10 @@ class Dialogs {
   // Asks for a folder. Returns its path; nothing when cancelled.
   virtual std::optional<Text> BrowseForFolder(WindowHandle owner, TextView title) = 0;
 };
+
+// The program's word on the button that gives an answer; an ampersand marks its letter. Without words, or
+// where a word is empty, the buttons have those of the system.
+inline std::function<Text(int answer)> buttonWord;
 
 // Never null. Without a host it is noDialogs (platform/nothing.h).
 extern Dialogs* dialogs;

@@ -160,6 +160,7 @@ void ClearPlatform() {
   shell = noShell;
   eventLogs = noEventLogs;
   dialogs = noDialogs;
+  buttonWord = nullptr;
   desktop = noDesktop;
   instance = noInstance;
   network = noNetwork;

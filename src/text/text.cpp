@@ -1,11 +1,20 @@
 #include "text/text.h"
 
+#include <algorithm>
+
 namespace tavix {
 
 TextView Trim(TextView text) {
   const size_t first = text.find_first_not_of(u' ');
   if (first == TextView::npos) return {};
   return text.substr(first, text.find_last_not_of(u' ') - first + 1);
+}
+
+Text BlankOut(TextView text, TextView characters) {
+  Text cleaned(text);
+  std::ranges::replace_if(
+      cleaned, [characters](char16_t c) { return characters.contains(c); }, u' ');
+  return Text(Trim(cleaned));
 }
 
 std::vector<TextView> Split(TextView text, TextView separator) {

@@ -23,6 +23,9 @@ Text Concat(const Parts&... parts) {
 // The text without blanks (only U+0020) at its ends.
 TextView Trim(TextView text);
 
+// The text with a blank for each of the characters, trimmed.
+Text BlankOut(TextView text, TextView characters);
+
 // Splits `text` at each `separator`, which must not be empty. Without a separator the result is the whole
 // text; an empty text gives no pieces. The pieces point into `text`.
 std::vector<TextView> Split(TextView text, TextView separator);

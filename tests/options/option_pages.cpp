@@ -154,6 +154,42 @@ TEST_F(OptionPages, FolderIsAddedWithItsDescription) {
   EXPECT_EQ(machine.journal.Entries().back().Get(u"prompt"), GetMessageText(u"INPUT_DESC"));
 }
 
+// A slash ends the folder in the saved row, and a bar ends the row.
+TEST_F(OptionPages, WhatWouldEndADescriptionInTheSettingsBecomesABlank) {
+  Open(5);
+  AddFolder(u"D:\\Keep", u"/of\tmine/and|yours\r\n|");
+  const auto entered = Folders();
+  EXPECT_EQ(entered.back(), (std::pair<Text, Text>(u"D:\\Keep", u"of mine and yours")));
+  frmPubOptions.sbtSave.Click();
+  Close();
+  Open(5);
+  EXPECT_EQ(Folders(), entered);
+}
+
+TEST_F(OptionPages, WordsOfATranslatedCatalogueAreSaid) {
+  Open(4);
+  machine.files.AddFile(
+      TextCatalogue(),
+      {.content = "[Message & Text]\nNO_FOLDER=gibt es nicht.\nBACKUP_FOLDER=Sicherungen\n"});
+  frmPubOptions.optCM[2].Value = true;
+  frmPubOptions.txtDF.Text = u"C:\\Nowhere";
+  Leave(frmPubOptions.txtDF);
+  EXPECT_EQ(Messages(), std::vector{Information(u"'C:\\Nowhere' gibt es nicht.")});
+  frmPubOptions.sbtCM.Click();
+  EXPECT_EQ(machine.dialogs.folderTitles, std::vector<Text>{u"Sicherungen"});
+}
+
+TEST_F(OptionPages, WithoutACatalogueTheBuiltInWordsAreSaid) {
+  Open(4);
+  machine.files.DeleteFile(TextCatalogue(), true);
+  frmPubOptions.optCM[2].Value = true;
+  frmPubOptions.txtDF.Text = u"C:\\Nowhere";
+  Leave(frmPubOptions.txtDF);
+  EXPECT_EQ(Messages(), std::vector{Information(u"'C:\\Nowhere' does not exists, please specify another.")});
+  frmPubOptions.sbtCM.Click();
+  EXPECT_EQ(machine.dialogs.folderTitles, std::vector<Text>{u"Specify Backup Folder"});
+}
+
 TEST_F(OptionPages, WithoutAFolderNoDescriptionIsAskedFor) {
   Open(5);
   const size_t before = Folders().size();

@@ -157,9 +157,23 @@ class Folder(unittest.TestCase):
         with zipfile.ZipFile(DIST / f"tavix-{VERSION}-portable.zip") as portable:
             self.assertIsNone(portable.testzip())
             self.assertEqual(sorted(portable.namelist()),
-                             ["Tavix/Help.chm", "Tavix/lang/de/menus.dll", "Tavix/lang/de/tips.dll", "Tavix/menus.dll",
+                             ["Tavix/Help.chm", "Tavix/README.txt", "Tavix/lang/de/menus.dll", "Tavix/lang/de/tips.dll",
+                              "Tavix/lang/en/menus.dll", "Tavix/lang/en/tips.dll", "Tavix/menus.dll",
                               "Tavix/res/scan.gif", "Tavix/res/scan.htm", "Tavix/tavix.exe", "Tavix/tips.dll"])
             self.assertEqual(portable.read("Tavix/tips.dll"), (SOURCE / "res/lang/en/tips.dll").read_bytes())
+
+    def test_the_zip_tells_how_to_turn_it_german_and_back(self):
+        with zipfile.ZipFile(DIST / f"tavix-{VERSION}-portable.zip") as portable:
+            told = portable.read("Tavix/README.txt").decode("utf-8-sig")
+            for language in ("en", "de"):
+                self.assertIn(f"lang\\{language}", told)
+                for name in ("tips.dll", "menus.dll"):
+                    self.assertIn(name, told)
+                    self.assertEqual(portable.read(f"Tavix/lang/{language}/{name}"),
+                                     (SOURCE / "res" / "lang" / language / name).read_bytes())
+        self.assertTrue(told.startswith(f"Tavix {VERSION}\r\n"))
+        self.assertEqual(told.count("\n"), told.count("\r\n"))
+        self.assertNotIn("@", told)
 
     def test_the_installer_asks_for_the_rights_it_needs_and_shows_its_version(self):
         installer = Executable((DIST / "tavix-setup.exe").read_bytes())

@@ -1,8 +1,10 @@
 """Tests the installer under Wine: install, run, scan, uninstall, and what is left. Tests the update check of an older
 build against the files of the release."""
 import http.server
+import json
 import os
 import pathlib
+import subprocess
 import sys
 import threading
 import unittest
@@ -16,7 +18,10 @@ SETUP = DIST / "tavix-setup.exe"
 VERSION = (DIST / "latestver.txt").read_text(encoding="ascii")
 UNINSTALL = "HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows\\CurrentVersion\\Uninstall"
 INSTALLED = {"tavix.exe", "uninstall.exe", "Help.chm", "tips.dll", "menus.dll", "res", "res/scan.htm", "res/scan.gif",
-             "lang", "lang/de", "lang/de/tips.dll", "lang/de/menus.dll"}
+             "lang",
+             *(f"lang/{name}" for name in ("de", "de/tips.dll", "de/menus.dll", "en", "en/tips.dll", "en/menus.dll"))}
+CATALOGUES = ("tips.dll", "menus.dll")
+BOX = "#32770"  # the class of the installer's windows
 
 
 def content(folder):
@@ -120,6 +125,81 @@ class Installing(unittest.TestCase):
         self.assertEqual(content(self.folder), INSTALLED)
         self.scan_and_close()
         self.assertEqual((self.data / "tvx.dll").read_bytes(), settings)
+
+    def catalogues(self):
+        """The language whose catalogues lie beside the program."""
+        return [language for language in ("en", "de") if all(
+            (self.folder / name).read_bytes() == (driver.SOURCE / "res" / "lang" / language / name).read_bytes()
+            for name in CATALOGUES)]
+
+    def shown_words(self):
+        """The captions of two buttons of the installed program."""
+        program = self.run_program()
+        shown = program.read()
+        words = shown.text(driver.SCAN), shown.text(driver.CLEAN)
+        program.click(shown.control(driver.CLOSE)["rect"])
+        self.assertEqual(program.exit_status(), 0)
+        return words
+
+    def entries(self):
+        return {entry.name for entry in (self.menu / "Tavix").iterdir()}
+
+    def test_a_silent_installation_takes_the_language_that_is_asked_for_and_keeps_it(self):
+        before = content(self.programs), content(self.menu)
+        self.install("/Language=de")
+        self.assertEqual(content(self.folder), INSTALLED)
+        self.assertEqual(self.catalogues(), ["de"])
+        self.assertEqual(self.shown_words(), ("Suchen", "Bereinigen"))
+        self.assertEqual(self.entries(), {"Tavix.lnk", "Tavix Hilfe (englisch).lnk"})
+        self.install()
+        self.assertEqual(self.catalogues(), ["de"], "an update keeps the language")
+        self.install("/Language=en")
+        self.assertEqual(self.catalogues(), ["en"])
+        self.assertEqual(self.entries(), {"Tavix.lnk", "Tavix Help.lnk"})
+        self.assertEqual(self.shown_words(), ("Scan", "Clean"))
+        self.install("/Language=de")
+        self.uninstall()
+        wait_for("the folder to go", lambda: (content(self.programs), content(self.menu)) == before)
+
+    def texts(self, title):
+        """The texts of the installer's window whose title begins with `title`, or none."""
+        output = self.machine.run(driver.READER, BOX, allowed=(0, 1))
+        lines = [json.loads(line) for line in (output or "").splitlines()]
+        if not lines or not lines[-1]["title"].startswith(title):
+            return []
+        return [line["text"] for line in lines if "control" in line and line["visible"]]
+
+    def key(self, *names):
+        subprocess.run(["xdotool", "key", *names], env=self.machine.environment, check=True)
+
+    def test_it_asks_for_the_language_and_shows_itself_in_it(self):
+        setup = self.machine.tool(SETUP)
+        process = subprocess.Popen([driver.WINE, setup], env=self.machine.environment)
+        self.addCleanup(lambda: process.poll() is None and process.kill())
+        asked = wait_for("the question", lambda: self.texts("Tavix"))
+        self.assertTrue(any("Bitte wählen Sie eine Sprache." in text for text in asked), asked)
+        self.screenshot("installer-language")
+        # The list has the focus. It holds Deutsch and English.
+        self.key("d", "Return")
+        wait_for("the folder's page", lambda: "Zielverzeichnis auswählen" in self.texts("Installation von Tavix"))
+        self.screenshot("installer-german")
+        self.assertIn("&Installieren", self.texts("Installation von Tavix"))
+        self.key("alt+i")
+        wait_for("the end", lambda: "Die Installation ist vollständig" in self.texts("Installation von Tavix"))
+        self.key("Return")
+        self.assertEqual(process.wait(timeout=driver.PATIENCE), 0)
+        self.assertEqual(self.catalogues(), ["de"])
+        self.assertEqual(self.shown_words(), ("Suchen", "Bereinigen"))
+        # The uninstaller speaks it too.
+        process = subprocess.Popen([driver.WINE, self.folder / "uninstall.exe"], env=self.machine.environment)
+        self.addCleanup(lambda: process.poll() is None and process.kill())
+        wait_for("the uninstaller", lambda: "Deinstallation von Tavix" in self.texts("Deinstallation von Tavix"))
+        self.screenshot("uninstaller-german")
+
+    def screenshot(self, name):
+        folder = driver.WORK / "screenshots"
+        folder.mkdir(parents=True, exist_ok=True)
+        subprocess.run(["import", "-window", "root", folder / f"{name}.png"], env=self.machine.environment, check=True)
 
     def test_while_the_program_runs_nothing_is_done(self):
         self.install()

@@ -232,6 +232,7 @@ class Machine:
     def set_message_font(self, pixels):
         """The height of the system's message font at 96 DPI, for the next start. It is 11 in a new prefix."""
         self.run(BUILD / "tavix-change-look.exe", "font", str(pixels))
+        self.close_reader()  # it would measure texts in the former font
 
     def set_interface_size(self, size):
         """Auto, Big or Small, for the next start."""

@@ -3,6 +3,8 @@
 #include <cstring>
 #include <vector>
 
+#include "platform/dialogs.h"
+#include "platform/windows/handle.h"
 #include "platform/windows/wide.h"
 
 namespace tavix::windows {
@@ -26,10 +28,35 @@ constexpr Area kField = {7, 54, 246, 14};
 constexpr Area kOkButton = {149, 75, 50, 14};
 constexpr Area kCancelButton = {203, 75, 50, 14};
 
+// A font as a dialog template names it.
+struct DialogFont {
+  Text face = u"MS Shell Dlg";
+  WORD points = 8;
+};
+
+// The font of the system's messages.
+DialogFont MessageFont() {
+  constexpr int kPointsPerInch = 72;
+  DialogFont font;
+  NONCLIENTMETRICSW metrics{};
+  metrics.cbSize = sizeof metrics;
+  if (SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0) == FALSE) return font;
+  const LONG height = metrics.lfMessageFont.lfHeight;
+  const int dpi = GetDeviceCaps(ScreenContext(GetDC(nullptr)).Get(), LOGPIXELSY);
+  font.face = FromWide(metrics.lfMessageFont.lfFaceName);
+  font.points = static_cast<WORD>(MulDiv(height < 0 ? -height : height, kPointsPerInch, dpi));
+  return font;
+}
+
+Text ButtonWord(int answer, TextView builtIn) {
+  const Text word = platform::buttonWord ? platform::buttonWord(answer) : Text();
+  return word.empty() ? Text(builtIn) : word;
+}
+
 // A dialog template built in memory.
 class Template {
  public:
-  Template(TextView caption, WORD controls) {
+  Template(TextView caption, WORD controls, const DialogFont& font) {
     Align();
     const DLGTEMPLATE head = {DS_MODALFRAME | DS_CENTER | DS_SHELLFONT | WS_POPUP | WS_CAPTION | WS_SYSMENU,
                               0,
@@ -42,8 +69,8 @@ class Template {
     PutWord(0);  // no menu
     PutWord(0);  // the default window class
     PutText(caption);
-    PutWord(8);  // font size in points
-    PutText(u"MS Shell Dlg");
+    PutWord(font.points);
+    PutText(font.face);
   }
 
   void Add(WORD controlClass, WORD id, const Area& area, DWORD style, TextView text) {
@@ -100,11 +127,12 @@ INT_PTR CALLBACK Handle(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
 }  // namespace
 
 std::optional<Text> ShowInputBox(HWND owner, TextView caption, TextView prompt, TextView offered) {
-  Template box(caption, 4);
+  Template box(caption, 4, MessageFont());
   box.Add(kStatic, kPromptId, kPrompt, SS_LEFT | SS_NOPREFIX, prompt);
   box.Add(kEdit, kFieldId, kField, WS_BORDER | WS_TABSTOP | ES_AUTOHSCROLL, offered);
-  box.Add(kButton, IDOK, kOkButton, BS_DEFPUSHBUTTON | WS_TABSTOP, u"OK");
-  box.Add(kButton, IDCANCEL, kCancelButton, BS_PUSHBUTTON | WS_TABSTOP, u"Cancel");
+  box.Add(kButton, IDOK, kOkButton, BS_DEFPUSHBUTTON | WS_TABSTOP, ButtonWord(platform::kOk, u"OK"));
+  box.Add(kButton, IDCANCEL, kCancelButton, BS_PUSHBUTTON | WS_TABSTOP,
+          ButtonWord(platform::kCancel, u"Cancel"));
   Text answer;
   const INT_PTR pressed = DialogBoxIndirectParamW(GetModuleHandleW(nullptr), box.Get(), owner, Handle,
                                                   reinterpret_cast<LPARAM>(&answer));

@@ -5,6 +5,7 @@
 #include "platform/screen.h"
 #include "platform/windows/com.h"
 #include "platform/windows/input_box.h"
+#include "platform/windows/message_box.h"
 #include "platform/windows/wide.h"
 #include "text/fit_lines.h"
 
@@ -44,8 +45,7 @@ Text FitOnScreen(TextView text) {
 }  // namespace
 
 int WindowsDialogs::MsgBox(TextView text, int style) {
-  const int answer =
-      MessageBoxW(Owner(), Wide(FitOnScreen(text)), Wide(Text(kCaption)), static_cast<UINT>(style));
+  const int answer = ShowMessageBox(Owner(), FitOnScreen(text), Text(kCaption), static_cast<UINT>(style));
   if (answer != 0) return answer;
   // The box couldn't be shown, so nobody agreed: answer No or Cancel where there is one.
   const int buttons = style & kButtons;

@@ -29,13 +29,14 @@ void AddMainFormControls(BindingList& controls) {
     controls.Add<PictureBinding>(*form.PagePictures()[i], kPageIds[i], &Palette::background);
 
   // The privacy tree lies in front of the function list and the scope tree.
-  WindowBinding& privacyTree = controls.Add<TreeBinding>(form.trvPrivacy, kIdPrivacyTree,
-                                                         FixedName(u"Privacy functions"), kFunctionTree);
-  controls.Add<CheckListBinding>(form.lst, kIdFunctions, FixedName(u"Functions"));
-  controls.Add<TreeBinding>(form.trvRes, kIdScopeTree, FixedName(u"Drives and folders"), kFolderTree)
+  WindowBinding& privacyTree = controls.Add<TreeBinding>(
+      form.trvPrivacy, kIdPrivacyTree, PlainName(form.trvPrivacy.AccessibleName), kFunctionTree);
+  controls.Add<CheckListBinding>(form.lst, kIdFunctions, PlainName(form.lst.AccessibleName));
+  controls.Add<TreeBinding>(form.trvRes, kIdScopeTree, PlainName(form.trvRes.AccessibleName), kFolderTree)
       .HideBelow(privacyTree);
 
-  controls.Add<ListViewBinding>(form.lsvResult, kIdResult, FixedName(u"Results"), kResultList);
+  controls.Add<ListViewBinding>(form.lsvResult, kIdResult, PlainName(form.lsvResult.AccessibleName),
+                                kResultList);
   controls.Add<CheckBoxBinding>(form.cbxAll, kIdCheckAll, CheckBoxStyle::kMainWindow);
   controls.AddAll<ButtonBinding>(form.sbtToolbar, kIdToolbar);
 

@@ -29,6 +29,17 @@ VARIANT AsVariant(const SystemText& text) {
   return variant;
 }
 
+// A colour as the attributes of a page take it: "#RRGGBB".
+Text PageColor(COLORREF color) {
+  constexpr TextView kDigits = u"0123456789ABCDEF";
+  Text text = u"#";
+  for (const int part : {GetRValue(color), GetGValue(color), GetBValue(color)}) {
+    text += kDigits[static_cast<size_t>(part >> 4)];
+    text += kDigits[static_cast<size_t>(part & 0xF)];
+  }
+  return text;
+}
+
 template <class Interface, class From>
 windows::ComPointer<Interface> As(From* object) {
   windows::ComPointer<Interface> found;
@@ -113,6 +124,7 @@ void WebBinding::Detach() {
 void WebBinding::Paint(HDC canvas, const RECT& area, UINT) { FillArea(canvas, area, context_.colors.panel); }
 
 void WebBinding::Show() {
+  ShowColors();
   if (opened_ == model_.Address.Get()) return;
   if (model_.Visible) {
     Open();
@@ -137,10 +149,16 @@ void WebBinding::Open() {
   if (!page_->Open(address)) page_.reset();
 }
 
+// The page has no colours of its own: it stands on the panel, whose colours can be dark.
+void WebBinding::ShowColors() {
+  if (page_ != nullptr) page_->SetBodyAttribute(u"bgColor", PageColor(context_.colors.panel));
+}
+
 void WebBinding::PageComplete() {
   if (page_ == nullptr) return;
   model_.DocumentComplete();
   if (!document_.Scroll.Get().empty()) page_->SetBodyAttribute(u"scroll", document_.Scroll.Get());
+  ShowColors();
   page_->Appear();
 }
 

@@ -56,6 +56,7 @@ class WebBinding : public WindowBinding, private WebPageOwner {
   void PageComplete() override;
   bool AllowsMenu() override;
   void Open();
+  void ShowColors();
 
   WebBrowser& model_;
   WebDocument& document_;

@@ -24,10 +24,6 @@ bool PaintsItselfAt(UINT message) {
 
 }  // namespace
 
-ControlName FixedName(TextView name) {
-  return {[name] { return Text(name); }};
-}
-
 ControlName CaptionName(const Property<Text>& caption) {
   return {[&caption] { return caption.Get(); }};
 }

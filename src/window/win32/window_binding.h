@@ -14,7 +14,6 @@ struct ControlName {
   std::function<Text()> get;
   bool isWindowText = true;  // false where the window text is the control's value
 };
-ControlName FixedName(TextView name);
 // A caption as it is; an ampersand in it marks the letter that leads to the control.
 ControlName CaptionName(const Property<Text>& caption);
 // The words of another control's caption, without ampersands.

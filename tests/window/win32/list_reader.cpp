@@ -8,7 +8,9 @@
 // Rectangles are left, top, right, bottom on the screen: "rect" is the client area of a control, "frame" the
 // whole.
 //
-// Any other line is the class of a window. Each list and tree of it comes after its control, and the title
+// Any other line is the class of a window. After each control comes how it draws its text, as
+// {"drawn":id,"kind":...,"extent":...}: the size of the text in the font that it is drawn in. The same is
+// printed for each title of a column. Then comes the content of lists and trees. The title of the window is
 // last.
 
 // clang-format off
@@ -111,6 +113,86 @@ std::string TextRoom(HWND control, const wchar_t* text, RECT area) {
   return "[" + std::to_string(area.right - area.left) + "," + std::to_string(area.bottom - area.top) + "]";
 }
 
+//--- How a text is drawn
+
+enum class Weight { kPlain, kBold, kTitle };
+
+// The size of a text in the system's message font, or in the heavier ones that the program makes from it: on
+// one line, or wrapped to a width.
+SIZE ExtentOf(const wchar_t* text, Weight weight, LONG wrappedTo, bool marksLetters) {
+  NONCLIENTMETRICSW metrics{};
+  metrics.cbSize = sizeof metrics;
+  SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
+  LOGFONTW& face = metrics.lfMessageFont;
+  if (weight != Weight::kPlain) face.lfWeight = FW_BOLD;
+  if (weight == Weight::kTitle) face.lfHeight = MulDiv(face.lfHeight, 5, 4);
+  const HDC context = GetDC(nullptr);
+  const HFONT font = CreateFontIndirectW(&face);
+  const HGDIOBJ before = SelectObject(context, font);
+  RECT room{0, 0, wrappedTo, 0};
+  DrawTextW(context, text, -1, &room,
+            DT_CALCRECT | (wrappedTo > 0 ? DT_WORDBREAK : DT_SINGLELINE) | (marksLetters ? 0U : DT_NOPREFIX));
+  SelectObject(context, before);
+  DeleteObject(font);
+  ReleaseDC(nullptr, context);
+  return {room.right, room.bottom};
+}
+
+struct Drawing {
+  const char* kind = "other";
+  Weight weight = Weight::kPlain;
+  bool wraps = false;
+};
+
+// The pictures of the windows and the browser's place: their text is a name that isn't drawn.
+bool IsPicture(int number) {
+  return (number >= kIdTitleHelp && number <= kIdClose) || (number >= kIdPrivacy && number <= kIdOneClick) ||
+         number == kIdBusyPage || number == kIdPagePicture;
+}
+
+Drawing DrawingOf(HWND control) {
+  std::array<wchar_t, 64> name{};
+  GetClassNameW(control, name.data(), static_cast<int>(name.size()));
+  const std::wstring_view kind(name.data());
+  const auto style = static_cast<DWORD>(GetWindowLongPtrW(control, GWL_STYLE));
+  const int number = GetDlgCtrlID(control);
+  if (IsPicture(number)) return {"picture"};
+  if (kind == WC_EDITW) return {"box"};
+  if (kind == WC_STATICW) {
+    const DWORD type = style & SS_TYPEMASK;
+    if (type == SS_ICON || type == SS_BITMAP) return {"picture"};
+    if (number == kIdPageTitle) return {"label", Weight::kTitle};
+    return {"label", Weight::kPlain, type == SS_LEFT || number == kIdStatus || number == kIdPageRemark};
+  }
+  if (kind != WC_BUTTONW) return {};
+  switch (style & BS_TYPEMASK) {
+    case BS_GROUPBOX:
+      return {"group", Weight::kBold};
+    case BS_CHECKBOX:
+    case BS_AUTOCHECKBOX:
+      return {"check"};
+    case BS_RADIOBUTTON:
+    case BS_AUTORADIOBUTTON:
+      return {"option"};
+    default:
+      return {number == kIdOptionLink ? "label" : "push",
+              (number >= kIdScan && number <= kIdRepair) || number == kIdSave || number == kIdTypeButtons + 1
+                  ? Weight::kBold
+                  : Weight::kPlain};
+  }
+}
+
+void PrintDrawing(HWND control) {
+  const Drawing drawing = DrawingOf(control);
+  std::array<wchar_t, kTextRoom> text{};
+  SendMessageW(control, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
+  RECT area;
+  GetClientRect(control, &area);
+  const SIZE extent = ExtentOf(text.data(), drawing.weight, drawing.wraps ? area.right : 0, lettersAreMarked);
+  std::printf("{\"drawn\":%d,\"kind\":\"%s\",\"extent\":[%ld,%ld]}\n", GetDlgCtrlID(control), drawing.kind,
+              extent.cx, extent.cy);
+}
+
 const char* Flag(bool flag) { return flag ? "true" : "false"; }
 
 std::string Rectangle(HWND origin, RECT area) {
@@ -160,6 +242,21 @@ void PrintColumns(const RemoteRoom& room, HWND list) {
     const int icon = (item.fmt & HDF_SORTUP) != 0 ? 1 : (item.fmt & HDF_SORTDOWN) != 0 ? 2 : 0;
     std::printf("{\"column\":%d,\"text\":%s,\"width\":%d,\"icon\":%d,\"rect\":%s}\n", i + 1,
                 Quoted(caption).c_str(), item.cxy, icon, Rectangle(header, area).c_str());
+  }
+}
+
+void PrintColumnDrawings(const RemoteRoom& room, HWND list) {
+  const auto header = reinterpret_cast<HWND>(SendMessageW(list, LVM_GETHEADER, 0, 0));
+  const auto columns = static_cast<int>(SendMessageW(header, HDM_GETITEMCOUNT, 0, 0));
+  for (int i = 0; i < columns; ++i) {
+    HDITEMW item{};
+    item.mask = HDI_TEXT;
+    item.pszText = room.TextAddress();
+    item.cchTextMax = kTextRoom;
+    room.Send(header, HDM_GETITEMW, i, item);
+    const SIZE extent = ExtentOf(windows::Wide(room.ReadText()), Weight::kPlain, 0, false);
+    std::printf("{\"drawn\":%d,\"kind\":\"column\",\"column\":%d,\"extent\":[%ld,%ld]}\n", GetDlgCtrlID(list),
+                i + 1, extent.cx, extent.cy);
   }
 }
 
@@ -254,12 +351,14 @@ void PrintLines(HWND list) {
 BOOL CALLBACK PrintContent(HWND control, LPARAM window) {
   if (GetParent(control) != reinterpret_cast<HWND>(window)) return TRUE;
   PrintControl(control, window);
+  PrintDrawing(control);
   std::array<wchar_t, 64> name{};
   GetClassNameW(control, name.data(), static_cast<int>(name.size()));
   const RemoteRoom room(control);
   const std::wstring kind(name.data());
   if (kind == WC_LISTVIEWW) {
     PrintColumns(room, control);
+    PrintColumnDrawings(room, control);
     PrintRows(room, control, "row", 2);
   } else if (kind == WC_TREEVIEWW) {
     PrintNodes(room, control, Next(control, TVGN_ROOT, nullptr), 0);
