@@ -35,6 +35,7 @@ class Restyled(OptionsCase):
 
     def tell(self, *news):
         self.machine.run(LOOK, *news)
+        self.machine.close_reader()  # it keeps what it has read of the system
 
     def store_colors(self, colors, high_contrast):
         lines = "\n".join(f'"{name}"="{value}"' for name, value in colors.items())
