@@ -351,6 +351,24 @@ class Choices(OptionsCase):
             self.assertEqual(self.window().control(EQUAL_SIZE)["ticked"], ticked)
 
 
+class NoChoice(OptionsCase):
+    def before(self):
+        self.machine.set_interface_size("Small")
+        file = self.data / "tvx.dll"
+        file.write_bytes(file.read_bytes() + b"[Cleaning Method]\r\nMethod=X\r\n")
+
+    def test_tab_goes_to_the_first_option_of_a_group_without_a_choice(self):
+        methods = (DELETE, RECYCLE, MOVE)
+        shown = self.open(METHOD)
+        self.assertEqual(self.dots(methods), [])
+        self.assertFalse(any(shown.control(number)["ticked"] for number in methods))
+        self.key("Tab")
+        self.wait_for_window("the first option", lambda w: w.focus() == DELETE)
+        self.assertEqual(self.dots(methods), [])
+        self.key("space")
+        self.wait_for_dot(methods, DELETE)
+
+
 class Folders(OptionsCase):
     def folders(self, shown):
         return [row["texts"][0] for row in shown.rows(EXCEPT_LIST)]

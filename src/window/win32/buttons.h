@@ -116,6 +116,8 @@ class OptionButtonBinding : public PaintedBinding {
   void Paint(HDC canvas, const RECT& area, UINT state) override;
 
  private:
+  void ChooseNext(bool backwards);
+
   OptionButton& model_;
 };
 

@@ -12,12 +12,13 @@
 namespace tavix::win32 {
 namespace {
 
-WPARAM MarkOf(bool marked) { return marked ? BST_CHECKED : BST_UNCHECKED; }
-
 void ShowMark(HWND button, bool marked) {
-  if (static_cast<WPARAM>(SendMessageW(button, BM_GETCHECK, 0, 0)) != MarkOf(marked))
-    SendMessageW(button, BM_SETCHECK, MarkOf(marked), 0);
+  const WPARAM mark = marked ? BST_CHECKED : BST_UNCHECKED;
+  if (static_cast<WPARAM>(SendMessageW(button, BM_GETCHECK, 0, 0)) != mark)
+    SendMessageW(button, BM_SETCHECK, mark, 0);
 }
+
+bool IsArrow(WPARAM key) { return key >= VK_LEFT && key <= VK_DOWN; }
 
 RECT CaptionArea(const WindowContext& context, RECT area) {
   area.left += TickWidth(context) + context.Pixels(60);
@@ -91,8 +92,7 @@ void CheckBoxBinding::Paint(HDC canvas, const RECT& area, UINT) {
 
 OptionButtonBinding::OptionButtonBinding(OptionButton& model, WindowContext& context, int id, bool first)
     : PaintedBinding(model, context, CaptionName(model.Caption)), model_(model) {
-  // Arrow keys press only buttons of this style.
-  Create(id, L"BUTTON", BS_AUTORADIOBUTTON | (first ? WS_GROUP : 0U));
+  Create(id, L"BUTTON", BS_RADIOBUTTON | (first ? WS_GROUP : 0U));
 }
 
 void OptionButtonBinding::OnCommand(int code) {
@@ -105,14 +105,22 @@ void OptionButtonBinding::Show() {
 }
 
 std::optional<LRESULT> OptionButtonBinding::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-  // At a click the system's buttons check themselves before they tell of it. The model alone decides, so that
-  // the check state changes with the picture.
-  if (message == BM_SETCHECK) wParam = MarkOf(model_.GetValue());
+  if (message == WM_GETDLGCODE) return PassOn(message, wParam, lParam) | DLGC_WANTARROWS;
+  if (message == WM_KEYDOWN && IsArrow(wParam)) return ChooseNext(wParam == VK_LEFT || wParam == VK_UP), 0;
   if (message != WM_SETFOCUS) return PaintedBinding::OnMessage(message, wParam, lParam);
-  // Not passed on: the system's button would check itself.
+  // Not passed on: a radio button of Windows takes the focus for a click.
   WindowBinding::OnMessage(message, wParam, lParam);
   Redraw();
   return 0;
+}
+
+// Windows and Wine move the choice by arrow keys in different ways, so this doesn't ask them.
+void OptionButtonBinding::ChooseNext(bool backwards) {
+  const HWND next = GetNextDlgGroupItem(context_.window, Window(), backwards ? TRUE : FALSE);
+  auto* const option = next == nullptr ? nullptr : dynamic_cast<OptionButtonBinding*>(Of(next));
+  if (option == nullptr) return;
+  SetFocus(next);
+  option->Press();
 }
 
 void OptionButtonBinding::Paint(HDC canvas, const RECT& area, UINT) {
