@@ -146,7 +146,7 @@ class ListViewBinding : public VirtualList {
   ListView& model_;
   ListStyle style_;
   std::array<ListView::ColumnHeader, ListView::kColumns> columns_;  // as they were shown last
-  int dpi_;                                                         // for which they have their widths
+  std::array<int, ListView::kColumns> pulled_{};  // their widths in twips, if the user has changed them
   COLORREF back_ = CLR_NONE;
   uint32_t highlights_ = 0;  // the model's count of changes when they were last shown
   ImageList spacers_;        // keep rows without boxes apart
