@@ -5,7 +5,6 @@ Takes both sizes of the window at 96 DPI, and the big one at 192 DPI."""
 import os
 import pathlib
 import shutil
-import subprocess
 import sys
 import time
 
@@ -13,14 +12,6 @@ TOP = pathlib.Path(__file__).resolve().parents[1]
 PAGES = (("s", "system"), ("r", "registry"), ("a", "advanced"), ("p", "privacy"))
 # The very first start always has the small window, so that comes first. The last screen leaves the prefix at 96 DPI.
 SCREENS = (("small", "800x600", 96), ("big-192", "2048x1536", 192), ("big", "1024x768", 96))
-DESKTOP = r"HKCU\Control Panel\Desktop"
-
-
-def set_resolution(machine, dpi):
-    machine.run("reg", "add", DESKTOP, "/v", "LogPixels", "/t", "REG_DWORD", "/d", str(dpi), "/f")
-    # Windows reads it when it starts.
-    subprocess.run(["wineserver", "-k"], env=machine.environment, check=False)
-    subprocess.run(["wineserver", "-w"], env=machine.environment, check=False)
 
 
 def tour(driver, program, take):
@@ -49,7 +40,7 @@ def main(build, screenshots):
         machine = driver.Machine.on(prefix, size)
         program = None
         try:
-            set_resolution(machine, dpi)
+            machine.set_resolution(dpi)
             # The first start writes all settings by itself.
             if (machine.drive_c / "MORVDataPath" / "TVX" / "tvx.dll").exists():
                 machine.set_interface_size("Auto")

@@ -98,11 +98,7 @@ void MainWindow::OnNewLook(int monitorDpi, const RECT* suggested) {
   if (IsRectEmpty(&bounds_) != FALSE) return;  // not laid out yet
   platform::screen = windows::ScreenOf(context_.window);
   FitScreen(monitorDpi);
-  if (suggested != nullptr) {
-    Place({suggested->left, suggested->top});
-  } else if (!minimized_) {
-    PlaceAgain();
-  }
+  if (!minimized_) suggested != nullptr ? Place({suggested->left, suggested->top}) : PlaceAgain();
   for (const TreeView* tree : {&frmPubMain.trvPrivacy, &frmPubMain.trvRes})
     platform::desktop->SetTreeBackColor(tree->hWnd, frmPubMain.lsvResult.BackColor);
   controls_.ChangeLook();

@@ -142,6 +142,12 @@ void WebBinding::PageComplete() {
   model_.DocumentComplete();
   if (!document_.Scroll.Get().empty()) page_->SetBodyAttribute(u"scroll", document_.Scroll.Get());
   page_->Appear();
+  appeared_ = true;
+}
+
+// The page doesn't follow the size of the control by itself.
+void WebBinding::ShowLook() {
+  if (page_ != nullptr && appeared_) page_->Appear();
 }
 
 bool WebBinding::AllowsMenu() {
