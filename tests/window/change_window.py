@@ -151,6 +151,29 @@ class Resolution(Restyled):
         self.assert_same(self.rest(self.main_picture), before, "the main window")
 
 
+class WhatTheUserHasChanged(Restyled):
+    def width(self, shown):
+        return shown.columns[0]["width"]
+
+    def test_stays(self):
+        shown = self.program.read()
+        before, header = self.width(shown), shown.columns[0]["rect"]
+        self.program.drag_without_effect((header[2] - 1, (header[1] + header[3]) // 2), (-60, 0))
+        shown = self.program.wait_until("the narrower column", lambda s: self.width(s) < before)
+        pulled = self.width(shown)
+        self.tell("dpi", "144")
+        shown = self.program.read()
+        self.assertAlmostEqual(self.width(shown), pulled * 1.5, delta=2)
+        self.assertAlmostEqual(shown.columns[1]["width"], 3528 / 10, delta=1)
+        self.tell("dpi", "96")
+        # A window that the user has pulled half off the screen stays there, whatever else changes.
+        shown = self.program.drag((shown.rect[0] + 300, shown.rect[1] + 10), (-600, 0))
+        self.assertLess(shown.rect[0], 0)
+        for news in ("colors", "scheme", "fonts", "theme"):
+            self.tell("tell", news)
+            self.assertEqual(self.program.read().rect, shown.rect, news)
+
+
 class Screen(Restyled):
     seed = Restyled.seed + r"""
 [HKEY_CURRENT_USER\Software\Wine\Explorer]

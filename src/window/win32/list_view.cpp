@@ -35,8 +35,7 @@ ListViewBinding::ListViewBinding(ListView& model, WindowContext& context, int id
     : VirtualList(model, context, id, 0, std::move(name)),
       model_(model),
       style_(style),
-      columns_(model.ColumnHeaders),
-      dpi_(context.dpi) {
+      columns_(model.ColumnHeaders) {
   for (int i = 0; i < ListView::kColumns; ++i) {
     const ListView::ColumnHeader& column = columns_[i];
     AddColumn(i, column.Caption, context.Pixels(column.Width));
@@ -95,7 +94,10 @@ void ListViewBinding::ShowColumns() {
     const ListView::ColumnHeader& wanted = model_.ColumnHeaders[i];
     ListView::ColumnHeader& shown = columns_[i];
     const int mark = SortMark(i);
-    if (wanted.Width != shown.Width) Send(LVM_SETCOLUMNWIDTH, i, context_.Pixels(wanted.Width));
+    if (wanted.Width != shown.Width) {
+      pulled_[i] = 0;
+      Send(LVM_SETCOLUMNWIDTH, i, context_.Pixels(wanted.Width));
+    }
     if (wanted.Caption != shown.Caption || mark != sortMarks_[i]) {
       Text caption = wanted.Caption;
       HDITEMW item{};
@@ -111,14 +113,9 @@ void ListViewBinding::ShowColumns() {
 
 // A column that the user has made wider or narrower stays so.
 void ListViewBinding::ScaleColumns() {
-  const int before = std::exchange(dpi_, context_.dpi);
-  if (before == dpi_) return;
   for (int i = 0; i < ListView::kColumns; ++i) {
-    const auto shown = static_cast<int>(Send(LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(i)));
-    const int twips = columns_[i].Width;
-    const bool usual = shown == MulDiv(twips, before, 1440);
-    Send(LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(i),
-         usual ? context_.Pixels(twips) : MulDiv(shown, dpi_, before));
+    const int width = pulled_[i] > 0 ? pulled_[i] : columns_[i].Width;
+    Send(LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(i), context_.Pixels(width));
   }
 }
 
@@ -214,6 +211,13 @@ std::optional<LRESULT> ListViewBinding::OnMessage(UINT message, WPARAM wParam, L
     const UINT code = header.hdr.code;
     const bool pulled = code == HDN_BEGINTRACKW || code == HDN_DIVIDERDBLCLICKW;
     if (pulled && model_.ColumnHeaders[header.iItem].Width == 0) return TRUE;
+    if (code == HDN_ENDTRACKW && header.pitem != nullptr)
+      pulled_[header.iItem] = context_.Twips(header.pitem->cxy);
+    if (code == HDN_DIVIDERDBLCLICKW) {
+      const LRESULT result = PassOn(message, wParam, lParam);
+      pulled_[header.iItem] = context_.Twips(static_cast<int>(Send(LVM_GETCOLUMNWIDTH, header.iItem)));
+      return result;
+    }
   }
   if (message == WM_CONTEXTMENU && reinterpret_cast<HWND>(wParam) == Window()) return AskForMenu(lParam), 0;
   if (message == WM_LBUTTONUP) model_.MouseUp(kLeftButton);

@@ -156,10 +156,10 @@ class ListViewBinding : public VirtualList {
 
   ListView& model_;
   ListStyle style_;
-  // As they were shown last: the columns, the resolution for which they have their widths, the sort marks.
+  // As they were shown last.
   std::array<ListView::ColumnHeader, ListView::kColumns> columns_;
-  int dpi_;
   std::array<int, ListView::kColumns> sortMarks_{};
+  std::array<int, ListView::kColumns> pulled_{};  // their widths in twips, if the user has changed them
   COLORREF back_ = CLR_NONE;
   uint32_t highlights_ = 0;  // the model's count of changes when they were last shown
   ImageList spacers_;        // keep rows without boxes apart

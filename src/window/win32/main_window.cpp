@@ -4,6 +4,7 @@
 // clang-format on
 
 #include <algorithm>
+#include <utility>
 
 #include "forms/main_form.h"
 #include "forms/type_form.h"
@@ -100,12 +101,9 @@ void MainWindow::FitScreen(int monitorDpi) {
 
 void MainWindow::OnNewLook(int monitorDpi, const RECT* suggested) {
   if (IsRectEmpty(&bounds_) != FALSE) return;  // not laid out yet
-  RECT place;
-  GetWindowRect(context_.window, &place);
-  if (suggested != nullptr) place = *suggested;
   platform::screen = windows::ScreenOf(context_.window);
   FitScreen(monitorDpi);
-  if (IsIconic(context_.window) == FALSE) Place({place.left, place.top});
+  if (!minimized_) suggested != nullptr ? Place({suggested->left, suggested->top}) : PlaceAgain();
   for (const TreeView* tree : {&frmPubMain.trvPrivacy, &frmPubMain.trvRes})
     platform::desktop->SetTreeBackColor(tree->hWnd, frmPubMain.lsvResult.BackColor);
   controls_.ChangeLook();
@@ -275,17 +273,20 @@ void MainWindow::ShowBounds() {
 // pulling it.
 void MainWindow::Place(POINT corner) {
   const SIZE size{context_.Pixels(frmPubMain.Width), context_.Pixels(frmPubMain.Height)};
-  if (!moving_) corner = windows::Within(windows::MonitorOf(context_.window).rcWork, corner, size);
+  work_ = windows::MonitorOf(context_.window).rcWork;
+  if (!moving_) corner = windows::Within(work_, corner, size);
   SetWindowPos(context_.window, nullptr, corner.x, corner.y, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-// While it was minimized, it may have got another size.
-void MainWindow::OnRestored() {
+// Where the user has left the window, it stays as long as its size and the work area do.
+void MainWindow::PlaceAgain() {
   RECT place;
   GetWindowRect(context_.window, &place);
-  const bool fits = place.right - place.left == context_.Pixels(frmPubMain.Width) &&
+  const RECT work = windows::MonitorOf(context_.window).rcWork;
+  const bool same = EqualRect(&work, &work_) != FALSE &&
+                    place.right - place.left == context_.Pixels(frmPubMain.Width) &&
                     place.bottom - place.top == context_.Pixels(frmPubMain.Height);
-  if (!fits && IsRectEmpty(&bounds_) == FALSE) Place({place.left, place.top});
+  if (!same) Place({place.left, place.top});
 }
 
 // A job further down the stack may still change the models until it sees the cancel, so all bindings are
@@ -311,9 +312,11 @@ std::optional<LRESULT> MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM
     case WM_ENTERSIZEMOVE:
     case WM_EXITSIZEMOVE:
       moving_ = message == WM_ENTERSIZEMOVE;
+      work_ = windows::MonitorOf(context_.window).rcWork;
       return 0;
     case WM_SIZE:
-      if (wParam == SIZE_RESTORED) OnRestored();
+      // While it was minimized, it may have got another size.
+      if (std::exchange(minimized_, wParam == SIZE_MINIMIZED) && wParam == SIZE_RESTORED) PlaceAgain();
       return 0;
     case WM_TIMER:
       return loader_->OnTimer(wParam), 0;

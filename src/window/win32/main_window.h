@@ -70,7 +70,7 @@ class MainWindow : private WindowOwner {
   void FitScreen(int monitorDpi);
   void ShowBounds();
   void Place(POINT corner);
-  void OnRestored();
+  void PlaceAgain();
   void ShowState();
   void ShowFocus();
   void GiveFocusBack();
@@ -83,7 +83,9 @@ class MainWindow : private WindowOwner {
   BindingList controls_{context_};
   std::optional<TimerBinding> loader_;
   RECT bounds_{};        // of the form, in twips, as they were shown last
+  RECT work_{};          // the work area when the window was placed or moved last
   bool moving_ = false;  // the user is moving it
+  bool minimized_ = false;
   bool unloading_ = false;
   bool peeking_ = false;     // looks for messages on behalf of a job that serves no input
   ULONGLONG lastFlush_ = 0;  // in milliseconds since the system started

@@ -160,6 +160,12 @@ void WebBinding::PageComplete() {
   if (!document_.Scroll.Get().empty()) page_->SetBodyAttribute(u"scroll", document_.Scroll.Get());
   ShowColors();
   page_->Appear();
+  appeared_ = true;
+}
+
+// The page doesn't follow the size of the control by itself.
+void WebBinding::ShowLook() {
+  if (page_ != nullptr && appeared_) page_->Appear();
 }
 
 bool WebBinding::AllowsMenu() {

@@ -49,6 +49,7 @@ class WebBinding : public WindowBinding, private WebPageOwner {
 
  protected:
   void Show() override;
+  void ShowLook() override;
   void Paint(HDC canvas, const RECT& area, UINT state) override;
   std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
@@ -61,6 +62,7 @@ class WebBinding : public WindowBinding, private WebPageOwner {
   WebBrowser& model_;
   WebDocument& document_;
   std::unique_ptr<WebPage> page_;
+  bool appeared_ = false;
   Text opened_;  // the address that the page was sent to
 };
 

@@ -1,5 +1,6 @@
 #include "window/win32/main_window.h"
 
+#include <utility>
 #include <vector>
 
 #include "platform/event_queue.h"
@@ -32,6 +33,23 @@ TEST_F(MainWindowTest, IsWhereTheLayoutPutsIt) {
   EXPECT_NEAR(static_cast<int>(area.top), frmPubMain.Top / 15, 1);
   EXPECT_NEAR(static_cast<int>(area.right - area.left), frmPubMain.Width / 15, 1);
   EXPECT_NEAR(static_cast<int>(area.bottom - area.top), frmPubMain.Height / 15, 1);
+}
+
+TEST_F(MainWindowTest, AMinimizedWindowHasItsNewSizeOnceItIsRestored) {
+  const auto size = [this] {
+    RECT area;
+    GetWindowRect(mainWindow, &area);
+    return std::pair(area.right - area.left, area.bottom - area.top);
+  };
+  const auto [width, height] = size();
+  ShowWindow(mainWindow, SW_MINIMIZE);
+  const RECT suggested{10, 10, 20, 20};
+  // A quarter more, for which the screen of the tests has room.
+  Send(mainWindow, WM_DPICHANGED, MAKEWPARAM(120, 120), reinterpret_cast<LPARAM>(&suggested));
+  EXPECT_NE(IsIconic(mainWindow), FALSE);
+  ShowWindow(mainWindow, SW_RESTORE);
+  EXPECT_NEAR(size().first, width * 1.25, 2);
+  EXPECT_NEAR(size().second, height * 1.25, 2);
 }
 
 TEST_F(MainWindowTest, EveryControlThatCanBeOperatedHasANameAndATabStop) {

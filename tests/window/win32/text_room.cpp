@@ -3,6 +3,7 @@
 #include "catalogue/functions.h"
 #include "forms/main_form.h"
 #include "frame/settings.h"
+#include "platform/windows/resolution.h"
 #include "window/layout.h"
 #include "window/win32/window_context.h"
 
@@ -14,7 +15,7 @@ class TextRoom : public testing::TestWithParam<bool> {
   void SetUp() override {
     frmPubMain.BigInterface = GetParam();
     LayOutMainForm();
-    MakeDrawingTools(context);
+    MakeDrawingTools(context, windows::DpiOf(nullptr));
     mdlPubSelf::LastAccessedFile = u"365";
   }
   void TearDown() override {
