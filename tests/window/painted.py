@@ -1,6 +1,7 @@
 """A window as a person sees it: its pixels beside what its controls say about their places and texts."""
 import collections
 import json
+import subprocess
 
 import driver
 from pictures import contrast
@@ -23,12 +24,10 @@ def is_empty(rectangle):
 class Painted:
     """The pixels of a rectangle of the screen."""
 
-    def __init__(self, program, rectangle):
+    def __init__(self, screen, rectangle):
         self.rect = rectangle
         self.width, self.height = rectangle[2] - rectangle[0], rectangle[3] - rectangle[1]
-        self.pixels = program.pixels(rectangle)
-        if len(self.pixels) != 3 * self.width * self.height:
-            raise AssertionError(f"{rectangle} is not on the screen as a whole")
+        self.pixels = screen.pixels(rectangle)
 
     def rows(self, rectangle):
         left, top, right, bottom = within(rectangle, self.rect)
@@ -74,17 +73,39 @@ class Painted:
         file.write_bytes(b"P6 %d %d 255\n" % (self.width, self.height) + self.pixels)
 
 
-class Window:
-    """What a window of a class says about itself, and its picture."""
+class Reader:
+    """A reader that stays: starting one for each reading would take most of the time."""
 
-    def __init__(self, program, window_class, scale):
-        self.program, self.name, self.scale = program, window_class, scale
-        output = program.machine.run(driver.READER, window_class, allowed=(0, 1))
-        if output is None:
-            raise AssertionError(f"{window_class} is not on the screen")
-        lines = [json.loads(line) for line in output.splitlines()]
+    def __init__(self, machine):
+        self._process = subprocess.Popen([driver.WINE, machine.tool(driver.READER), "--serve"], env=machine.environment,
+                                         stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+
+    def read(self, window_class):
+        """The lines about a window, or None if there is none."""
+        self._process.stdin.write(window_class.encode() + b"\n")
+        self._process.stdin.flush()
+        lines = []
+        for line in self._process.stdout:
+            said = json.loads(line)
+            if "status" in said:
+                return lines if said["status"] == 0 else None
+            lines.append(said)
+        raise AssertionError("the reader has ended")
+
+    def close(self):
+        self._process.stdin.close()
+        self._process.wait(timeout=driver.PATIENCE)
+        self._process.stdout.close()
+
+
+class Window:
+    """What a window says about itself, and its picture."""
+
+    def __init__(self, lines, scale):
+        self.scale = scale
+        lines = list(lines)
         last = lines.pop()
-        self.title, self.rect, self.inside = last["title"], last["rect"], last["inside"]
+        self.title, self.rect, self.inside, self.painted = (last[k] for k in ("title", "rect", "inside", "painted"))
         self.controls, self.drawn, self.content = [], {}, collections.defaultdict(list)
         for line in lines:
             if "control" in line:
@@ -96,8 +117,10 @@ class Window:
                 self.content[current].append(line)
         self.picture = None
 
-    def take(self):
-        self.picture = Painted(self.program, self.inside)
+    def take(self, screen, size):
+        """Takes the picture of what is on a screen of this size."""
+        self.inside = within(self.inside, (0, 0, *size))
+        self.picture = Painted(screen, self.inside)
         return self
 
     def shown(self):

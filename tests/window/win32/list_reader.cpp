@@ -6,6 +6,7 @@
 // With the class of another window as its argument it prints that one: each list and tree after its control,
 // and the title last. There, how a control draws its text follows it as {"drawn":id,"kind":...,"extent":...}:
 // the size of the text in the font that it is drawn in. The same is printed for each title of a column.
+// With --serve it prints the windows whose classes it reads, as often as it is asked.
 
 // clang-format off
 #include "platform/windows/windows_api.h"
@@ -18,6 +19,7 @@
 #include <array>
 #include <cstdio>
 #include <string>
+#include <string_view>
 
 #include "platform/windows/wide.h"
 #include "text/utf8.h"
@@ -340,6 +342,11 @@ BOOL CALLBACK PrintContent(HWND control, LPARAM window) {
   return TRUE;
 }
 
+// Stops at a visible window that has still to be painted.
+BOOL CALLBACK IsDone(HWND control, LPARAM) {
+  return IsWindowVisible(control) == FALSE || GetUpdateRect(control, nullptr, FALSE) == FALSE ? TRUE : FALSE;
+}
+
 int PrintWindow(const wchar_t* className) {
   // A class may have several windows, such as tool tips; at most one is visible.
   HWND window = nullptr;
@@ -354,9 +361,23 @@ int PrintWindow(const wchar_t* className) {
   RECT place, inside;
   GetWindowRect(window, &place);
   GetClientRect(window, &inside);
-  std::printf("{\"title\":%s,\"enabled\":%s,\"rect\":%s,\"inside\":%s}\n",
+  const bool painted = IsDone(window, 0) != FALSE && EnumChildWindows(window, IsDone, 0) != FALSE;
+  std::printf("{\"title\":%s,\"enabled\":%s,\"painted\":%s,\"rect\":%s,\"inside\":%s}\n",
               Quoted(windows::FromWide(title.data())).c_str(), Flag(IsWindowEnabled(window) != FALSE),
-              Rectangle(nullptr, place).c_str(), Rectangle(window, inside).c_str());
+              Flag(painted), Rectangle(nullptr, place).c_str(), Rectangle(window, inside).c_str());
+  return 0;
+}
+
+// Prints the window of each class that is read from the input, until its end, with {"status":...} after each.
+int Serve() {
+  std::array<char, 256> line{};
+  while (std::fgets(line.data(), static_cast<int>(line.size()), stdin) != nullptr) {
+    std::string name(line.data());
+    name.erase(name.find_last_not_of("\r\n") + 1);
+    const int status = PrintWindow(windows::ToWide(FromUtf8(name).value_or(Text())).c_str());
+    std::printf("{\"status\":%d}\n", status);
+    std::fflush(stdout);
+  }
   return 0;
 }
 
@@ -364,6 +385,7 @@ int PrintWindow(const wchar_t* className) {
 
 int main(int count, char** values) {
   _setmode(_fileno(stdout), _O_BINARY);
+  if (count == 2 && std::string_view(values[1]) == "--serve") return Serve();
   if (count == 2) return PrintWindow(windows::ToWide(FromUtf8(values[1]).value_or(Text())).c_str());
   const HWND window = FindWindowW(kMainWindowClass, nullptr);
   if (window == nullptr) return 1;
