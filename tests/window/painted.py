@@ -2,7 +2,6 @@
 import collections
 import json
 
-import driver
 from pictures import contrast
 
 LEAST_CONTRAST = 4.5  # of a text, as WCAG asks
@@ -23,12 +22,10 @@ def is_empty(rectangle):
 class Painted:
     """The pixels of a rectangle of the screen."""
 
-    def __init__(self, program, rectangle):
+    def __init__(self, screen, rectangle):
         self.rect = rectangle
         self.width, self.height = rectangle[2] - rectangle[0], rectangle[3] - rectangle[1]
-        self.pixels = program.pixels(rectangle)
-        if len(self.pixels) != 3 * self.width * self.height:
-            raise AssertionError(f"{rectangle} is not on the screen as a whole")
+        self.pixels = screen.pixels(rectangle)
 
     def rows(self, rectangle):
         left, top, right, bottom = within(rectangle, self.rect)
@@ -75,16 +72,13 @@ class Painted:
 
 
 class Window:
-    """What a window of a class says about itself, and its picture."""
+    """What a window says about itself, and its picture."""
 
-    def __init__(self, program, window_class, scale):
-        self.program, self.name, self.scale = program, window_class, scale
-        lines = program.machine.look(window_class)
-        if lines is None:
-            raise AssertionError(f"{window_class} is not on the screen")
+    def __init__(self, lines, scale):
+        self.scale = scale
         lines = [json.loads(line) for line in lines]
         last = lines.pop()
-        self.title, self.rect, self.inside = last["title"], last["rect"], last["inside"]
+        self.title, self.rect, self.inside, self.painted = (last[k] for k in ("title", "rect", "inside", "painted"))
         self.controls, self.drawn, self.content = [], {}, collections.defaultdict(list)
         for line in lines:
             if "control" in line:
@@ -96,8 +90,10 @@ class Window:
                 self.content[current].append(line)
         self.picture = None
 
-    def take(self):
-        self.picture = Painted(self.program, self.inside)
+    def take(self, screen, size):
+        """Takes the picture of what is on a screen of this size."""
+        self.inside = within(self.inside, (0, 0, *size))
+        self.picture = Painted(screen, self.inside)
         return self
 
     def shown(self):

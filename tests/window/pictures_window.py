@@ -10,13 +10,14 @@ import unittest
 
 import driver
 from driver import BUILD, HELP
-from options_case import (ALL_FILES, AUTO, BIG, BOX, DATA, DELETE, DESCRIPTION, DUPLICATES, JUNK, JUNK_ADD, METHOD, MOVE,
+from options_case import (ABOUT_WINDOW, ALL_FILES, AUTO, BIG, BOX, DATA, DELETE, DESCRIPTION, DUPLICATES, JUNK, JUNK_ADD, METHOD, MOVE,
                           ONLY_COMMON, OPTIONS_WINDOW, OTHERS, PAGE_TREE, PICTURE, RECYCLE, SMALL, TYPE_ADD,
                           TYPE_WINDOW, OptionsCase)
 from painted import MARK, Window
+from screen import Screen
 from seeded import SEED
 
-MAIN_WINDOW, ABOUT_WINDOW = "TavixMainWindow", "TavixAboutWindow"
+MAIN_WINDOW = "TavixMainWindow"
 PAGE_KEYS = {"system": "s", "registry": "r", "advanced": "a", "privacy": "p"}
 OPTION_PAGES = ("one-click", "junk", "duplicates", "method", "others")
 CHOICES = {DUPLICATES: (ALL_FILES, ONLY_COMMON), METHOD: (DELETE, RECYCLE, MOVE), OTHERS: (AUTO, BIG, SMALL)}
@@ -69,7 +70,6 @@ def tearDownModule():
 
 class Pictures(OptionsCase):
     seed = OptionsCase.seed + SEED
-    font = 11  # the height of the message font, in pixels
     colors = USUAL
     every_choice = False  # whether each option is chosen, and the focus is moved around each window
 
@@ -79,15 +79,13 @@ class Pictures(OptionsCase):
         text += "".join(f'"{name}"="{value}"\n' for name, value in self.colors.items())
         if self.high_contrast():
             text += '[HKEY_CURRENT_USER\\Control Panel\\Accessibility\\HighContrast]\n"Flags"="127"\n'
-        if self.font != 11:
-            face = "Tahoma".encode("utf-16-le").ljust(64, b"\0")
-            stored = (-self.font).to_bytes(4, "little", signed=True) + bytes(12) + (400).to_bytes(4, "little") + bytes(8)
-            text += "[HKEY_CURRENT_USER\\Control Panel\\Desktop\\WindowMetrics]\n"
-            text += f'"MessageFont"=hex:{(stored + face).hex(",")}\n'
         self.machine.seed(text)
         self.pictures = FOLDER / self.id().split(".")[-1].removeprefix("test_")
         self.pictures.mkdir()
         self.found = []
+        screen = Screen(self.machine.display.name)
+        self.addCleanup(screen.close)
+        self.display = screen, tuple(int(length) for length in self.screen.split("x"))
 
     def start(self, **more):
         """Wine doesn't say that high contrast is on. The program that asks the registry is the same but for this."""
@@ -104,18 +102,24 @@ class Pictures(OptionsCase):
     # Pictures.
 
     def rest(self, name):
-        """The window once it has stopped changing, with the mouse away. Each reading goes through the window's message
-        loop, so between two pictures the program has painted what was due."""
+        """The window once it has nothing more to paint and has stopped changing, with the mouse away."""
         self.program.move(1, 1)
-        windows = [Window(self.program, name, self.scale()).take()]
+        windows = [self.look_into(name).take(*self.display)]
 
         def rested():
-            window = Window(self.program, name, self.scale()).take()
-            windows.append(window)
-            return windows[-1].rect == windows[-2].rect and windows[-1].picture.pixels == windows[-2].picture.pixels
+            windows.append(self.look_into(name).take(*self.display))
+            one, other = windows[-2:]
+            return other.painted and one.rect == other.rect and one.picture.pixels == other.picture.pixels
 
         driver.wait_for("the window to rest", rested)
         return windows[-1]
+
+    def look_into(self, name):
+        return driver.wait_for(f"the window {name}", lambda: self.painted_window(name))
+
+    def painted_window(self, name):
+        lines = self.machine.look(name)
+        return None if lines is None else Window(lines, self.scale())
 
     def take(self, scene, name):
         """Keeps a picture of a window and notes its defects."""
@@ -123,8 +127,10 @@ class Pictures(OptionsCase):
         window.picture.save(self.pictures / f"{scene}.ppm")
         self.note(scene, window.defects())
         left, top, right, bottom = window.rect
-        screen = [int(length) for length in self.screen.split("x")]
-        if not (left >= 0 and top >= 0 and right <= screen[0] and bottom <= screen[1]):
+        width, height = self.display[1]
+        # The main window stands a little above the middle, also where that is two pixels over the edge.
+        highest = -2 if name == MAIN_WINDOW else 0
+        if left < 0 or top < highest or right > width or bottom > height:
             self.note(scene, [f"the window at {window.rect} is not on the screen as a whole"])
         return window
 
@@ -288,8 +294,7 @@ class Pictures(OptionsCase):
         while True:
             before = windows[-1].focus()
             self.key("Tab")
-            driver.wait_for("the focus to go on", lambda: Window(self.program, name, self.scale()).focus() not in
-                            (None, before))
+            driver.wait_for("the focus to go on", lambda: self.look_into(name).focus() not in (None, before))
             windows.append(self.rest(name))
             focus = windows[-1].focus()
             self.assertLess(len(windows), 40, f"{scene}: the focus never comes around")

@@ -25,6 +25,7 @@
 #include <cstdio>
 #include <iostream>
 #include <string>
+#include <string_view>
 
 #include "platform/windows/wide.h"
 #include "text/utf8.h"
@@ -368,6 +369,11 @@ BOOL CALLBACK PrintContent(HWND control, LPARAM window) {
   return TRUE;
 }
 
+// Stops at a visible window that has still to be painted.
+BOOL CALLBACK IsDone(HWND control, LPARAM) {
+  return IsWindowVisible(control) == FALSE || GetUpdateRect(control, nullptr, FALSE) == FALSE ? TRUE : FALSE;
+}
+
 // False if there is no such window.
 bool PrintWindow(const wchar_t* className) {
   // A class may have several windows, such as tool tips; at most one is visible.
@@ -383,9 +389,10 @@ bool PrintWindow(const wchar_t* className) {
   RECT place, inside;
   GetWindowRect(window, &place);
   GetClientRect(window, &inside);
-  std::printf("{\"title\":%s,\"enabled\":%s,\"rect\":%s,\"inside\":%s}\n",
+  const bool painted = IsDone(window, 0) != FALSE && EnumChildWindows(window, IsDone, 0) != FALSE;
+  std::printf("{\"title\":%s,\"enabled\":%s,\"painted\":%s,\"rect\":%s,\"inside\":%s}\n",
               Quoted(windows::FromWide(title.data())).c_str(), Flag(IsWindowEnabled(window) != FALSE),
-              Rectangle(nullptr, place).c_str(), Rectangle(window, inside).c_str());
+              Flag(painted), Rectangle(nullptr, place).c_str(), Rectangle(window, inside).c_str());
   return true;
 }
 
