@@ -13,7 +13,7 @@ from seeded import RealWindow, TYPED_URLS
 
 DAYS_LABELS, TYPE_LABELS = driver.ids("DaysLabels", "DaysLabels+1"), driver.ids("TypeLabels", "TypeLabels+1")
 MAIN_WINDOW, ABOUT_WINDOW, MENU = "TavixMainWindow", "TavixAboutWindow", "#32768"
-PAGE_WALK = driver.BUILD / "tavix-accessible-walk.exe"
+WALK = driver.BUILD / "tavix-accessible-walk.exe"
 
 
 def mark(caption):
@@ -27,7 +27,7 @@ class Tour(OptionsCase):
 
     def stops(self, window):
         """{control: rectangle} of all that can take the focus by Tab."""
-        lines = self.machine.run(PAGE_WALK, "walk", window).splitlines()
+        lines = self.machine.run(WALK, window).splitlines()
         found = [json.loads(line) for line in lines]
         return {line["control"]: line["rect"] for line in found if line["tabStop"]}
 

@@ -14,8 +14,9 @@ namespace {
 
 void ShowMark(HWND button, bool marked) {
   const WPARAM mark = marked ? BST_CHECKED : BST_UNCHECKED;
-  if (static_cast<WPARAM>(SendMessageW(button, BM_GETCHECK, 0, 0)) != mark)
-    SendMessageW(button, BM_SETCHECK, mark, 0);
+  if (static_cast<WPARAM>(SendMessageW(button, BM_GETCHECK, 0, 0)) == mark) return;
+  SendMessageW(button, BM_SETCHECK, mark, 0);
+  NotifyWinEvent(EVENT_OBJECT_STATECHANGE, button, OBJID_CLIENT, CHILDID_SELF);
 }
 
 bool IsArrow(WPARAM key) { return key >= VK_LEFT && key <= VK_DOWN; }

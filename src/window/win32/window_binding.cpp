@@ -112,6 +112,7 @@ void WindowBinding::ShowName() {
   } else {
     SetAccessibleName(window_, name);
   }
+  NotifyWinEvent(EVENT_OBJECT_NAMECHANGE, window_, OBJID_CLIENT, CHILDID_SELF);
 }
 
 void WindowBinding::ShowBounds() {

@@ -1,10 +1,8 @@
-// Prints what screen readers learn of a window, as JSON lines in UTF-8.
-//
-//   walk CLASS    each control in sight that can take the focus: name, role, state and value by Microsoft
-//                 Active Accessibility, and name and control type by UI Automation where the system answers;
-//                 also what the program has set for screen readers, as the stand-in keeps it
-//   listen CLASS  "ready", and then each change of state, name or live text in the window, as it is told,
-//                 until the window goes
+// Prints what screen readers learn of a window, given by its class: a JSON line in UTF-8 for each control in
+// sight that can take the focus, and for the one whose changes are said. Name, role, state and value are
+// those of Microsoft Active Accessibility; UI Automation's name and control type follow where the system
+// answers, and what the program has set for screen readers, as the stand-in for the system's service keeps
+// it.
 
 // clang-format off
 #include "platform/windows/windows_api.h"
@@ -31,7 +29,6 @@ constexpr GUID kAccessible = {0x618736e0, 0x3c3d, 0x11cf, {0x81, 0x0c, 0x00, 0xa
 constexpr GUID kAutomation = {0xff48dba4, 0x60ef, 0x4201, {0xaa, 0x87, 0x54, 0x10, 0x3e, 0xef, 0x59, 0x4e}};
 constexpr GUID kAutomationInterface = {
     0x30cbe57d, 0xd9d0, 0x452a, {0xab, 0x13, 0x7a, 0xc5, 0xac, 0x48, 0x25, 0xee}};
-constexpr DWORD kLiveRegionChanged = 0x8019;
 
 // The beginnings of two interfaces of UI Automation, which the compiler's headers lack.
 struct Element : IUnknown {
@@ -127,7 +124,7 @@ bool TakesTheFocus(HWND control) {
          (SendMessageW(control, WM_GETDLGCODE, 0, 0) & DLGC_STATIC) == 0;
 }
 
-int Walk(HWND window) {
+void Walk(HWND window) {
   windows::ComPointer<Automation> automation;
   if (FAILED(CoCreateInstance(kAutomation, nullptr, CLSCTX_INPROC_SERVER, kAutomationInterface,
                               reinterpret_cast<void**>(automation.Receive()))))
@@ -151,35 +148,6 @@ int Walk(HWND window) {
         SendMessageW(control, BM_GETCHECK, 0, 0) == BST_CHECKED ? "true" : "false",
         ActiveAccessibility(control).c_str(), ByAutomation(automation.Get(), control).c_str());
   }
-  return 0;
-}
-
-HWND listenedTo = nullptr;
-
-void CALLBACK Hear(HWINEVENTHOOK, DWORD event, HWND window, LONG object, LONG child, DWORD, DWORD) {
-  const char* const what = event == EVENT_OBJECT_STATECHANGE  ? "state"
-                           : event == EVENT_OBJECT_NAMECHANGE ? "name"
-                           : event == kLiveRegionChanged      ? "live"
-                                                              : nullptr;
-  if (what == nullptr || (window != listenedTo && IsChild(listenedTo, window) == FALSE)) return;
-  std::printf("{\"event\":\"%s\",\"control\":%d,\"object\":%ld,\"child\":%ld}\n", what, GetDlgCtrlID(window),
-              object, child);
-  std::fflush(stdout);
-}
-
-int Listen(HWND window) {
-  listenedTo = window;
-  DWORD process = 0;
-  const DWORD thread = GetWindowThreadProcessId(window, &process);
-  if (SetWinEventHook(EVENT_OBJECT_CREATE, kLiveRegionChanged, nullptr, Hear, process, thread,
-                      WINEVENT_OUTOFCONTEXT) == nullptr)
-    return 3;
-  std::printf("{\"event\":\"ready\"}\n");
-  std::fflush(stdout);
-  SetTimer(nullptr, 0, 200, nullptr);
-  MSG message;
-  while (IsWindow(window) != FALSE && GetMessageW(&message, nullptr, 0, 0) > 0) DispatchMessageW(&message);
-  return 0;
 }
 
 }  // namespace
@@ -187,12 +155,13 @@ int Listen(HWND window) {
 int main(int count, char** values) {
   _setmode(_fileno(stdout), _O_BINARY);
   const windows::ComApartment apartment;
-  if (count != 3) return 2;
-  const Text kind = FromUtf8(values[2]).value_or(Text());
+  if (count != 2) return 2;
+  const Text kind = FromUtf8(values[1]).value_or(Text());
   HWND window = nullptr;
   do {
     window = FindWindowExW(nullptr, window, windows::Wide(kind), nullptr);
     if (window == nullptr) return 1;
   } while (IsWindowVisible(window) == FALSE);
-  return std::string(values[1]) == "walk" ? Walk(window) : Listen(window);
+  Walk(window);
+  return 0;
 }

@@ -6,6 +6,7 @@
 
 #include "forms/main_form.h"
 #include "frame/start_up.h"
+#include "platform/windows/com.h"
 #include "scan/scan_driver.h"
 #include "window/layout.h"
 #include "window/win32/control_ids.h"
@@ -76,6 +77,7 @@ class WindowTest : public testing::Test {
   }
   static void Flush() { frmPubMain.Refresh(); }
 
+  const windows::ComApartment apartment;
   std::unique_ptr<MainWindow> window;
   std::unique_ptr<EventQueueWin32> queue;
   HWND mainWindow = nullptr;
