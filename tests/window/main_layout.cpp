@@ -218,10 +218,10 @@ TEST(InterfaceSize, FollowsTheSettingAndTheScreen) {
     TextView setting;
     int width, height;
     bool big;
-  } table[] = {{u"Auto", 1024, 768, true},    {u"Auto", 1023, 768, false},  {u"Auto", 800, 600, false},
-               {u"Big", 800, 600, true},      {u"Small", 4000, 768, false}, {u"", 4000, 768, false},
-               {u"big", 4000, 768, false},    {u"AUTO", 4000, 768, false},  {u"Auto", 1280, 720, false},
-               {u"Auto", 1024, 744, false},   {u"Auto", 1024, 745, true},   {u"Big", 1280, 720, true},
+  } table[] = {{u"Auto", 1024, 768, true},  {u"Auto", 1023, 768, false},  {u"Auto", 800, 600, false},
+               {u"Big", 800, 600, true},    {u"Small", 4000, 768, false}, {u"", 4000, 768, false},
+               {u"big", 4000, 768, false},  {u"AUTO", 4000, 768, false},  {u"Auto", 1280, 720, false},
+               {u"Auto", 1024, 744, false}, {u"Auto", 1024, 745, true},   {u"Big", 1280, 720, true},
                {u"Auto", 1920, 1040, true}};
   for (const auto& row : table) {
     mdlPubSelf::InterfaceSize = Text(row.setting);
