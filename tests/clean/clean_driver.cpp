@@ -244,6 +244,31 @@ TEST_F(CleanDriver, EmptiesTheBinsAndClearsTheNamedLog) {
   EXPECT_EQ(ResultCount(), 0);
 }
 
+TEST_F(CleanDriver, TheMethodChangesNothingButFilesAndFolders) {
+  for (const TextView method : {u"D", u"R", u"S"}) {
+    SCOPED_TRACE(Case(method));
+    CleaningMethod = method;
+    Seed(Hive::CurrentUser, u"Software\\X", u"name", u"d");
+    Seed(Hive::CurrentUser, u"Software\\Y\\below", u"v", u"d");
+    machine.facts.Set(u"Event Logs", u"Security", u"7");
+    Add(u"RI: HKEY_CURRENT_USER, Software\\X, name");
+    Add(u"RK: HKEY_CURRENT_USER, Software\\Y");
+    Add(u"Cmd: RunDll32.exe InetCpl.cpl,ClearMyTracksByProcess 16");
+    Add(u"WSL: Security", u"Windows System", u"Security Category (7 Items)");
+    Add(u"RE", u"Each Recycle Bin", u"bin", u"4.");
+    machine.journal.Clear();
+    frmPubMain.sbtClean.Click();
+    EXPECT_EQ(ResultCount(), 0);
+    EXPECT_EQ(Calls(), (std::vector<Text>{u"EmptyRecycleBin", u"ClearEventLog", u"RunTarget"}));
+    EXPECT_EQ(machineRegistry.ReadValue(Hive::CurrentUser, u"Software\\X", u"name"), std::nullopt);
+    EXPECT_EQ(machineRegistry.KeyExists(Hive::CurrentUser, u"Software\\Y"), false);
+    EXPECT_EQ(machine.facts.Value(u"Event Logs", u"Security"), u"0");
+    machine.fileSystem.List(u"C:\\TVXBak", [](const platform::DirectoryEntry& entry) {
+      ADD_FAILURE() << Narrow(entry.name) << " was kept";
+    });
+  }
+}
+
 TEST_F(CleanDriver, ALogIsOpenedClearedAndClosedByItsHandleAlsoWhereItCannotBeOpened) {
   struct Logs : platform::EventLogs {
     Logs() { platform::eventLogs = this; }

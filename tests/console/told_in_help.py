@@ -154,6 +154,58 @@ class ThereAndListed(Machine):
                                            "C:\\Windows\\System32\\a.dll"), ["a.dll", '"C:\\Windows\\System32\\a.dll"'])
 
 
+class SeveralRowsOfAnItem(Machine):
+    """An item without a tick goes if another row of it has one."""
+
+    def setUp(self):
+        super().setUp()
+        self.write("machine.ini", "[Environment]\nWinDir=C:\\Windows\n[Drives]\nC=2,System\n")
+        self.write("drives/C/Windows/x", "x")
+
+    def clean_but(self, unticked, *arguments):
+        """Cleans all rows but those of a type. Returns the types of all rows."""
+        rows, _ = self.scan(*arguments)
+        without = [option for row in rows if row["Type"] == unticked or row["Tag"] == unticked
+                   for option in ("--untick", row["row"])]
+        self.assertTrue(without)
+        self.clean(*arguments, *without)
+        return sorted(row["Type"] for row in rows)
+
+    def test_a_file_goes_if_one_of_its_rows_is_ticked(self):
+        for unticked in ("Empty File", "Junk File"):
+            with self.subTest(unticked):
+                self.setUp()
+                self.write("drives/C/Desk/a.bak", "")
+                self.write("drives/C/Desk/letter.doc", "x")
+                self.assertEqual(self.clean_but(unticked, "--page", "advanced", "--scope", "C:\\Desk", "--function",
+                                                "Junk Files", "--function", "Empty Folders and Files"),
+                                 ["Empty File", "Junk File"])
+                self.assertFalse((self.folder / "drives/C/Desk/a.bak").exists())
+
+    def test_a_class_goes_if_one_of_its_rows_is_ticked(self):
+        key = "CLSID\\{3D9A6B57-11C8-4E2F-8B6A-9F0C7D2E5A02}"
+        tags = ("RK: HKEY_CLASSES_ROOT, " + key, "RK: HKEY_LOCAL_MACHINE, Software\\Classes\\" + key)
+        for unticked in tags:
+            with self.subTest(unticked):
+                self.setUp()
+                self.write("registry/all.reg", "Windows Registry Editor Version 5.00\n\n[HKEY_LOCAL_MACHINE\\Software\\"
+                           f"Classes\\{key}\\InprocServer32]\n@=\"C:\\\\gone.dll\"\n")
+                rows = self.clean_but(unticked, "--page", "registry", "--function", "ActiveX and Class Issues")
+                self.assertEqual(len(rows), 2)
+                self.assertNotIn(("HKEY_LOCAL_MACHINE\\Software\\Classes\\" + key).upper(), self.registry())
+
+
+class ListsOfExplorer(Machine):
+    def test_lists_of_newer_windows_stay(self):
+        dialogs = USER + "Microsoft\\Windows\\CurrentVersion\\Explorer\\ComDlg32\\"
+        older, newer = ("OpenSaveMRU", "LastVisitedMRU"), ("OpenSavePidlMRU\\*", "LastVisitedPidlMRU", "CIDSizeMRU")
+        self.write("registry/all.reg", "Windows Registry Editor Version 5.00\n" + "".join(
+            f"\n[{dialogs}{name}]\n\"0\"=\"x\"\n" for name in older + newer))
+        self.clean("--page", "privacy", "--function", "weosh", "--function", "weoem")
+        left = self.registry()
+        self.assertEqual([name for name in older + newer if (dialogs + name).upper() in left], list(newer))
+
+
 class JunkTypes(Machine):
     OWN = "First\t*.abc\tY\tY\r\nSecond\t*.def\tY\tN\r\nSign\t*.#12\tY\tY\r\nSet\t*.[x]\tY\tY\r\n"
 

@@ -9,6 +9,8 @@ true_words.txt lists them all. The line after a sentence gives the reason:
 - `about`, if it uses the words of finding, keeping and removing, but claims nothing.
 
 A sentence that is missing in the table fails the test. So does a sentence of the table that is in no text."""
+import ast
+import collections
 import html
 import re
 import unittest
@@ -20,9 +22,9 @@ TABLE = TOP / "tests" / "console" / "true_words.txt"
 KINDS = ("risk", "system", "words", "about")
 # A sentence with one of these words usually claims something of the program.
 CLAIM = re.compile(r"\b(removes?d?|deletes?d?|listed|lists|finds|found|searched|kept|keeps|stays?|goes|gone|never|"
-                   r"brought back|passed over|left alone|leaves)\b")
-# The files that hold tests, by the pattern of a test's name in them.
-TESTS = {"*.cpp": r"^TEST(?:_[FP])?\((\w+),\s*(\w+)\)", "*.py": r"^    def (test_\w+)\("}
+                   r"brought back|passed over|left alone|leaves|touch(es|ed)?|clear(s|ed)?|clean(s|ed)?|loses?|lost|"
+                   r"skip(s|ped)?|puts?)\b")
+NATIVE_TEST = re.compile(r"^TEST(?:_[FP])?\((\w+),\s*(\w+)\)", re.M)
 
 
 def blocks(page):
@@ -44,10 +46,9 @@ def of_a_function(page):
 
 
 def readme():
-    """The part of the README that describes the program. The rest is for those who build it."""
-    text = (TOP / "README.md").read_text(encoding="utf-8")
-    lines = [line for line in text[:text.index("All pages at both sizes")].splitlines()
-             if not line.startswith(("#", "|---", "| Page", "| |", "| !", "!["))]
+    """The sentences of the README, without its commands, titles and pictures."""
+    lines = [line for line in (TOP / "README.md").read_text(encoding="utf-8").splitlines()
+             if not line.startswith(("#", "|---", "| Page", "| |", "| !", "![", "    "))]
     for block in re.split(r"\n(?=[-|])|\n\n", "\n".join(lines)):
         plain = re.sub(r"\[([^]]*)\]\([^)]*\)", r"\1", block).strip(" -|\n").replace(" | ", ": ")
         if plain:
@@ -78,13 +79,28 @@ def table():
     return held
 
 
+def python_tests(file):
+    """The names of a file's tests: "file.test", or "file.Class.test" where several classes have the test."""
+    of_test = collections.defaultdict(list)
+    for node in ast.parse(file.read_text(encoding="utf-8")).body:
+        if isinstance(node, ast.ClassDef):
+            for test in node.body:
+                if isinstance(test, ast.FunctionDef) and test.name.startswith("test_"):
+                    of_test[test.name].append(node.name)
+    for test, classes in of_test.items():
+        for name in [test] if len(classes) == 1 else [f"{of}.{test}" for of in classes]:
+            yield file.stem + "." + name
+
+
 def tests():
+    """The names of all tests. A Python test that stands in several files is left out: which one would be meant?"""
     names = set()
-    for pattern, form in TESTS.items():
-        for file in (TOP / "tests").rglob(pattern):
-            for match in re.finditer(form, file.read_text(encoding="utf-8"), re.M):
-                names.add(".".join(match.groups()) if pattern == "*.cpp" else file.stem + "." + match[1])
-    return names
+    for file in (TOP / "tests").rglob("*.cpp"):
+        names.update(map(".".join, NATIVE_TEST.findall(file.read_text(encoding="utf-8"))))
+    of_python = collections.Counter()
+    for file in (TOP / "tests").rglob("*.py"):
+        of_python.update(python_tests(file))
+    return names | {name for name, files in of_python.items() if files == 1}
 
 
 class TrueWords(unittest.TestCase):

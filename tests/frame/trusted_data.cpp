@@ -227,6 +227,16 @@ TEST_F(TrustedData, TheFirstStartKeepsOthersFromWriting) {
   }
 }
 
+TEST_F(TrustedData, AChosenBackupFolderKeepsItsRights) {
+  constexpr const char* kSettings =
+      "[Duplicate Files]\nCommon Types=*.x\n[Cleaning Method]\nBackup Folder=C:\\Saved\n";
+  machine.files.AddFile(kSettingsFile, {.content = kSettings});
+  machine.files.AddFolder(u"C:\\Saved");
+  Start();
+  ASSERT_EQ(BackupFolder, u"C:\\Saved");
+  EXPECT_FALSE(machine.trust.IsProtected(u"C:\\Saved"));
+}
+
 TEST_F(TrustedData, OpenFoldersAndTheirSettingsAreClosedToOthers) {
   machine.files.AddFile(kSettingsFile, {.content = Narrow(kPlantedSettings)});
   machine.files.AddFile(kUserJunkFile);

@@ -153,6 +153,23 @@ TEST_F(UpdateCheck, WithoutNotesTheBoxShowsOnlyTheMessage) {
   EXPECT_EQ(machine.journal.Entries()[2].Get(u"text"), u"There is a newer one.\r\n\r\n");
 }
 
+TEST_F(UpdateCheck, NotesThatDontComeInTimeAreLeftOut) {
+  // A network that knows the version at once, and takes all the time that it is given for the notes.
+  struct SlowNotes : platform::Network {
+    SlowNotes() { platform::network = this; }
+    std::optional<std::string> Fetch(TextView url, int timeoutSeconds) override {
+      if (url.ends_with(u"/latestver.txt")) return "9.0.1";
+      waited += timeoutSeconds;
+      return std::nullopt;
+    }
+    int waited = 0;
+  } network;
+  machine.dialogs.answers = {platform::kCancel};
+  Start();
+  EXPECT_EQ(network.waited, 26);
+  EXPECT_EQ(machine.journal.Entries().back().Get(u"text"), u"There is a newer one.\r\n\r\n");
+}
+
 TEST_F(UpdateCheck, WithoutTheCatalogueTheNotesAreShownAll) {
   machine.files.DeleteFile(TextCatalogue(), true);
   Serve("9.0.1", "notes");
