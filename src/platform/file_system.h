@@ -83,8 +83,10 @@ class FoundItem {
   virtual bool DeleteEmptyFolder() = 0;
   // Moves a file or a link as FileSystem::MoveFile does. False for a folder, and when it could not be moved.
   virtual bool MoveFileTo(TextView destination) = 0;
-  // Closes the item, so that the shell can delete it by its path. The folders on the path stay open and held.
-  virtual void LeaveToShell() = 0;
+  // Closes the item, so that the shell can move it to the bin by its path while this object lives. The folders
+  // on the path stay held, so that the path keeps leading to the item. False when a folder isn't held: another
+  // program has it open for deletion. Then leave the path alone.
+  virtual bool LeaveToShell() = 0;
 };
 
 // The files of a machine.
@@ -140,7 +142,7 @@ class FileSystem {
   // Opens the item at `below`, one or more names, under the folder `start`. `start` is found like any path;
   // from there on each name is opened by itself. Null when a name before the last is a link, and when a name
   // is missing or can't be opened for deletion. On Windows, the folders on the path can't be deleted or
-  // renamed while the item lives.
+  // renamed while the item lives, unless another program already has one open for that.
   virtual std::unique_ptr<FoundItem> OpenFound(TextView start, TextView below) = 0;
 
   // Makes a folder. False when the name is taken or the parent is missing.

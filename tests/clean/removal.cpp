@@ -210,6 +210,19 @@ TEST_F(Removal, AFolderSwappedForALinkAfterTheScanLosesNothingThere) {
   }
 }
 
+TEST_F(Removal, WhatCantBeLeftToTheShellStays) {
+  CleaningMethod = u"R";
+  AddFileRow(u"a.txt");
+  AddFolderRow(u"empty");
+  machine.files.faults.Fail(u"LeaveToShell");
+  frmPubMain.sbtClean.Click();
+  EXPECT_TRUE(FileThere(u"C:\\Work\\a.txt"));
+  EXPECT_TRUE(FolderThere(u"C:\\Work\\empty"));
+  EXPECT_EQ(Calls(), std::vector<Text>());
+  EXPECT_EQ(ResultCount(), 2);
+  EXPECT_EQ(Sum(), u"Sum: 0 item, 0. KB cleaned.");
+}
+
 // Another user may have chosen this backup folder to get files into the program folders.
 TEST_F(Removal, WithRaisedRightsNothingIsSavedAmongThePrograms) {
   CleaningMethod = u"S";

@@ -7,6 +7,25 @@
 namespace tavix::windows {
 namespace {
 
+// The shell takes what stands at the path, and a folder that isn't held could be exchanged meanwhile.
+TEST(FoundItemOfWindows, IsLeftToTheShellOnlyWhereEachFolderOnItsPathIsHeld) {
+  const ScratchPlace place;
+  const Text start = place.Folder(u"t"), inner = place.Folder(u"t\\in");
+  place.File(u"t\\in\\a", "mine");
+  WindowsFileSystem files;
+  const auto isLeft = [&] {
+    const auto item = files.OpenFound(start, u"in\\a");
+    return item != nullptr && item->LeaveToShell();
+  };
+  EXPECT_TRUE(isLeft());
+  for (const Text& folder : {start, inner}) {
+    const std::optional<OpenedItem> holder = OpenItem(folder);
+    ASSERT_TRUE(holder);
+    EXPECT_FALSE(isLeft());
+  }
+  EXPECT_TRUE(isLeft());
+}
+
 constexpr int kRounds = 100;
 
 Text NameOfRound(int round) { return Concat(u"file ", ToText(round)); }

@@ -64,6 +64,18 @@ class FoundItemInARace : public testing::Test {
     return opened;
   }
 
+  // Recycles the items while their paths mostly lead to the victim.
+  int RaceToTheBin(const std::string& prefix) {
+    RecycleBin bin(*store_);
+    return Race(prefix, [&](platform::FoundItem& item, int round) {
+      EXPECT_TRUE(item.LeaveToShell());
+      constexpr int kLooks = 10'000;
+      for (int i = 0; i < kLooks && !fs::is_symlink(scratch_.Root() / "machine/drives/C/t/swapped"); ++i) {
+      }
+      files_->Recycle(Concat(u"C:\\t\\swapped\\", *FromUtf8(prefix + NameOfRound(round))), bin);
+    });
+  }
+
   std::unique_ptr<platform::FoundItem> Open(const std::string& name) {
     return files_->OpenFound(u"C:\\t", Concat(u"swapped\\", *FromUtf8(name)));
   }
@@ -77,7 +89,7 @@ class FoundItemInARace : public testing::Test {
   }
 
   const std::string kMine = "machine/drives/C/t/swapped/", kVictims = "machine/drives/C/victim/",
-                    kBackup = "machine/drives/C/backup/";
+                    kBackup = "machine/drives/C/backup/", kBin = "machine/recycle/";
   ScratchFolder scratch_;
   MachineFacts facts_;
   std::unique_ptr<FileStore> store_;
@@ -100,6 +112,21 @@ TEST_F(FoundItemInARace, DeletesNothingOfTheVictim) {
 
 TEST_F(FoundItemInARace, DeletesNoEmptyFolderOfTheVictim) {
   RecordProperty("opened", Race("folder ", [](platform::FoundItem& item, int) { item.DeleteEmptyFolder(); }));
+  ExpectVictimUntouched();
+}
+
+TEST_F(FoundItemInARace, RecyclesNothingOfTheVictim) {
+  RecordProperty("opened", RaceToTheBin(""));
+  ExpectVictimUntouched();
+  for (int i = 0; i < kRounds; ++i) {
+    const bool recycled = Exists(kBin + NameOfRound(i));
+    EXPECT_NE(Exists(kMine + NameOfRound(i)), recycled) << i;
+    EXPECT_EQ(scratch_.Read((recycled ? kBin : kMine) + NameOfRound(i)), "mine") << i;
+  }
+}
+
+TEST_F(FoundItemInARace, RecyclesNoEmptyFolderOfTheVictim) {
+  RecordProperty("opened", RaceToTheBin("folder "));
   ExpectVictimUntouched();
 }
 

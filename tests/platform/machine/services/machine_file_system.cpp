@@ -163,6 +163,23 @@ TEST_F(MachineFiles, GoToTheBinWithoutAttributes) {
   EXPECT_EQ(files->Look(u"C:\\a")->attributes, 0U);
 }
 
+TEST_F(MachineFiles, LeftToTheShellGoToTheBinFromWhereTheyWereOpened) {
+  File({u"drives", u"C", u"f", u"a"});
+  File({u"drives", u"C", u"g", u"a"});
+  RecycleBin bin(store);
+  auto item = files->OpenFound(u"C:\\", u"f\\a");
+  ASSERT_NE(item, nullptr);
+  EXPECT_TRUE(item->LeaveToShell());
+  ASSERT_TRUE(files->Rename(u"C:\\f", u"aside"));
+  ASSERT_TRUE(files->Rename(u"C:\\g", u"f"));
+  EXPECT_TRUE(files->Recycle(u"C:\\F\\.\\A", bin));
+  EXPECT_EQ(files->FileExists(u"C:\\f\\a"), true);
+  EXPECT_EQ(files->FileExists(u"C:\\aside\\a"), false);
+  EXPECT_FALSE(files->Recycle(u"C:\\f\\a", bin)) << "the item has gone";
+  item.reset();
+  EXPECT_TRUE(files->Recycle(u"C:\\f\\a", bin)) << "a path like any other again";
+}
+
 TEST_F(MachineFiles, VisitNothingWhenAFolderCantBeRead) {
   File({u"drives", u"C", u"f", u"a"});
   store.faults.Fail(u"Read", u"f");
