@@ -287,6 +287,9 @@ void MachineFileSystem::RemoveTemporaries(TextView folder) {
 
 std::vector<platform::Drive> MachineFileSystem::Drives() {
   std::vector<platform::Drive> drives = facts_.Drives();
+  for (platform::Drive& drive : drives) {
+    if (drive.type == platform::kNetworkDrive) drive = {drive.path, drive.type, false, {}};
+  }
   std::vector<StoreEntry> entries;
   if (const auto folder = store_.Open({u"drives"})) folder->Read(entries);
   for (const StoreEntry& entry : entries) {

@@ -55,6 +55,19 @@ TEST_F(MachineFiles, LieOnDrivesWithoutALineOfTheirOwn) {
   EXPECT_EQ(files->FolderExists(u"X:\\"), false);
 }
 
+TEST_F(MachineFiles, OfANetworkDriveAreReachedThoughTheListOfDrivesDoesntAskIt) {
+  File({u"drives", u"N", u"a"});
+  Drives("C=2,System\nN=3,Far\n");
+  const auto drives = files->Drives();
+  ASSERT_EQ(drives.size(), 2U);
+  EXPECT_TRUE(drives[0].ready);
+  EXPECT_EQ(drives[1].type, platform::kNetworkDrive);
+  EXPECT_FALSE(drives[1].ready);
+  EXPECT_EQ(drives[1].volumeName, u"");
+  EXPECT_TRUE(files->IsDriveReady(u'N'));
+  EXPECT_EQ(files->FileExists(u"N:\\a"), true);
+}
+
 TEST_F(MachineFiles, CanBeMadeOnADriveWithNothingOnIt) {
   Drives("D=2,Data\n");
   EXPECT_EQ(files->FolderExists(u"D:"), true);
