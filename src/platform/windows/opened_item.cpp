@@ -7,6 +7,7 @@
 #include "platform/windows/file_facts.h"
 #include "platform/windows/wide.h"
 #include "platform/windows/windows_path.h"
+#include "text/letter_case.h"
 
 extern "C" NTSTATUS NTAPI NtQueryDirectoryFile(HANDLE folder, HANDLE event, PVOID routine, PVOID context,
                                                PIO_STATUS_BLOCK status, PVOID buffer, ULONG size,
@@ -270,7 +271,10 @@ std::optional<OpenedFolder> OpenFolderAt(TextView path) {
 std::optional<ListedItem> FindIn(HANDLE folder, TextView name) {
   NameIn pattern(folder, name);
   std::optional<ListedItem> found;
-  ReadFolder(folder, pattern.Name(), [&found](ListedItem entry) { found = std::move(entry); });
+  // The system also matches short names (8.3), and then lists another name.
+  ReadFolder(folder, pattern.Name(), [&](ListedItem entry) {
+    if (EqualIgnoringCase(entry.name, name)) found = std::move(entry);
+  });
   return found;
 }
 

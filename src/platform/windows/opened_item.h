@@ -48,8 +48,8 @@ std::optional<OpenedFolder> OpenFolderIn(HANDLE folder, const ListedItem& listed
 // Opens the folder at a path for listing, following links. Nothing when it can't be opened.
 std::optional<OpenedFolder> OpenFolderAt(TextView path);
 
-// Finds an entry of an open folder by its name, ignoring letter case. Nothing when it is missing. Ask each
-// handle for one name only: the system keeps using the first one.
+// Finds an entry of an open folder by its name, ignoring letter case; not by its short name (8.3). Nothing
+// when it is missing. Ask each handle for one name only: the system keeps using the first one.
 std::optional<ListedItem> FindIn(HANDLE folder, TextView name);
 // Whether an item of this name in an open folder can be opened.
 bool StandsIn(HANDLE folder, TextView name);
@@ -67,11 +67,12 @@ Renamed RenameItem(OpenedItem& item, TextView destination);
 // Whether two handles refer to the same file or folder.
 bool AreTheSame(HANDLE one, HANDLE other);
 
-// The calls that get and set information by handle. Tests replace them to imitate drives that they don't
-// have.
+// The calls that get and set information by handle, paths included. Tests replace them to imitate drives that
+// they don't have.
 struct HandleCalls {
   decltype(&GetFileInformationByHandleEx) getInformation = GetFileInformationByHandleEx;
   decltype(&SetFileInformationByHandle) setInformation = SetFileInformationByHandle;
+  decltype(&GetFinalPathNameByHandleW) getFinalPath = GetFinalPathNameByHandleW;
 };
 inline HandleCalls handleCalls;
 
