@@ -217,8 +217,13 @@ Section
   Call AccessList
   StrCpy $R1 "C:\MORVDataPath"
   Call ProtectFolder
-  StrCpy $R1 "${DATA}"
-  Call ProtectFolder
+  ; If this folder is a link, the data folder in it is somebody else's. FILE_ATTRIBUTE_REPARSE_POINT is 0x400.
+  System::Call 'kernel32::GetFileAttributesW(w R1) i .r8'
+  IntOp $8 $8 & 0x400
+  ${If} $8 = 0
+    StrCpy $R1 "${DATA}"
+    Call ProtectFolder
+  ${EndIf}
   StrCpy $R1 "C:\TVXBak"
   Call ProtectFolder
 

@@ -12,6 +12,7 @@
 #include "frame/support/pub_system.h"
 #include "platform/event_logs.h"
 #include "platform/event_queue.h"
+#include "platform/file_system.h"
 #include "scan/action_string.h"
 #include "scan/result_items.h"
 #include "scan/scan_driver.h"
@@ -37,13 +38,29 @@ struct Clean {
 // Executes a row. True if the row is done and is to be removed.
 using Execute = bool (*)(Clean& clean, const Finding& finding, TextView payload);
 
+// Whether a link stands at the path. Links to nothing stand too, though no file or folder exists there.
+bool LinkStandsAt(TextView path) {
+  const auto facts = platform::fileSystem->Look(path);
+  return facts && facts->link;
+}
+
+bool FileIsGone(TextView path) {
+  return fileSystemObject.FileExists(path) == false &&
+         (fileSystemObject.FolderExists(path) == true || !LinkStandsAt(path));
+}
+
+bool FolderIsGone(TextView path) {
+  return fileSystemObject.FolderExists(path) == false &&
+         (fileSystemObject.FileExists(path) == true || !LinkStandsAt(path));
+}
+
 // A file is left alone, and its row stays, if the system would read its name as another one. The row also
 // stays if it can't be told whether the file has gone.
 bool CleanFileAt(Clean& clean, const FoundPlace& place) {
   const Text path = place.Path();
   if (!HasPlainNames(path)) return false;
   if (!place.name.empty()) clean.removal.RemoveFile(place);
-  return fileSystemObject.FileExists(path) == false;
+  return FileIsGone(path);
 }
 
 bool CleanFile(Clean& clean, const Finding& finding, TextView) { return CleanFileAt(clean, finding.place); }
@@ -51,7 +68,7 @@ bool CleanFile(Clean& clean, const Finding& finding, TextView) { return CleanFil
 // The walk's start is the folder of the file: the payload names the whole path.
 bool CleanNamedFile(Clean& clean, const Finding&, TextView path) {
   const size_t cut = path.find_last_of(u'\\');
-  if (cut == TextView::npos) return fileSystemObject.FileExists(path) == false;
+  if (cut == TextView::npos) return FileIsGone(path);
   return CleanFileAt(clean, {Text(path.substr(0, cut)), Text(path.substr(cut + 1)), cut});
 }
 
@@ -59,7 +76,7 @@ bool CleanFolder(Clean& clean, const Finding& finding, TextView) {
   const Text path = finding.place.Path();
   if (!HasPlainNames(path)) return false;
   if (!finding.place.name.empty()) clean.removal.RemoveFolder(finding.place);
-  return fileSystemObject.FolderExists(path) == false;
+  return FolderIsGone(path);
 }
 
 bool DeleteRegistryKey(Clean&, const Finding&, TextView payload) {

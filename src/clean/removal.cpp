@@ -26,8 +26,7 @@ std::unique_ptr<platform::FoundItem> Open(const FoundPlace& place) {
 
 // Release the open item only now: the bin takes whatever stands at the path.
 void Recycle(platform::FoundItem& item, TextView path) {
-  item.LeaveToShell();
-  pubSystem.DeleteToRecycleBin(path);
+  if (item.LeaveToShell()) pubSystem.DeleteToRecycleBin(path);
 }
 
 }  // namespace

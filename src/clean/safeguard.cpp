@@ -4,6 +4,7 @@
 
 #include "advanced/folder_reader.h"
 #include "advanced/path_text.h"
+#include "clean/system_folders.h"
 #include "frame/data_paths.h"
 #include "frame/settings.h"
 #include "frame/support/file_system_object.h"
@@ -43,7 +44,7 @@ bool Safeguard::AllowsFile(TextView folder, TextView name) {
 bool Safeguard::AllowsFolder(TextView folder, TextView name) {
   ReadOwnFolders();
   ReadNamedFolders();
-  if (LiesIn(*own_, folder) || LiesIn(closed_, folder)) return false;
+  if (!namesAreKnown_ || LiesIn(*own_, folder) || LiesIn(closed_, folder)) return false;
   const Text path = PathBelow(folder, name);
   const std::vector<Text> lineage = fileSystemObject.Lineage(path);
   const bool isRoot = lineage.size() < 2;
@@ -85,9 +86,15 @@ void Safeguard::ReadNamedFolders() {
   holding_.emplace();
   std::vector<Text> named = {Text(kMakersFolder), Text(kDataFolder), Text(kDefaultBackupFolder),
                              BackupFolder};
-  std::ranges::move(platform::shell->NamedFolders(), std::back_inserter(named));
+  std::optional<std::vector<Text>> systems = platform::shell->NamedFolders();
+  namesAreKnown_ = systems.has_value();
+  if (systems) std::ranges::move(*systems, std::back_inserter(named));
   for (const Text& folder : named) {
     for (Text& identity : LineageOfKept(folder, closed_)) holding_->insert(std::move(identity));
+  }
+  // One of these that can't be looked at needs no closed folder around it: it can't be removed either.
+  for (const Text& folder : FoldersThatWindowsKeeps()) {
+    for (Text& identity : fileSystemObject.Lineage(folder)) holding_->insert(std::move(identity));
   }
 }
 

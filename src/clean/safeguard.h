@@ -19,7 +19,7 @@ class Safeguard {
   bool AllowsFile(TextView folder, TextView name);
   // Whether an empty folder, or a link to one, in this folder may be removed. False in the places where
   // AllowsFile is false; for a drive's root; for a folder that isn't empty or can't be read; and for a folder
-  // that is or holds a data folder, a backup folder or a folder that the system names.
+  // that is or holds a data folder, a backup folder, or a folder that the system names or keeps empty.
   bool AllowsFolder(TextView folder, TextView name);
 
  private:
@@ -37,6 +37,7 @@ class Safeguard {
 
   std::optional<Identities> own_;      // folders whose content stays; nothing until needed
   std::optional<Identities> holding_;  // folders that stay themselves; nothing until needed
+  bool namesAreKnown_ = false;         // whether the system has told the folders that it names
   Identities closed_;                  // folders from which no folder is removed
   Text system_;                        // the system folder; empty when there is none
   // The answer for the last folder asked for: most rows of a folder follow one another.

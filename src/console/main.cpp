@@ -21,6 +21,13 @@ constexpr int kNotWritten = 1;
 constexpr int kWrongArguments = 2;
 constexpr int kNoMachine = 3;
 
+// Made before all other static objects, because these allocate too.
+struct MemoryGuard {
+  MemoryGuard() { console::EndForLackOfMemory(kNoMachine); }
+};
+constexpr int kFirst = 101;  // the lowest number that programs may use
+[[gnu::init_priority(kFirst)]] MemoryGuard memoryGuard;
+
 // Prints the reason on one line: control characters become question marks. Returns the status.
 int Fail(int status, std::string reason) {
   for (char& c : reason) {
@@ -75,7 +82,6 @@ int RunOverSystem(const console::Options& options) {
 }  // namespace
 
 int main(int count, char** values) {
-  console::EndForLackOfMemory(kNoMachine);
   std::string error;
   const auto options = console::ReadOptions(console::Arguments(count, values), error);
   if (!options) return Fail(kWrongArguments, error);

@@ -69,9 +69,13 @@ void CloseHelpViewer() {
   pubSystem.PostWindowMessage(viewer, kCloseMessage, 0, 0);
 }
 
-// Asks about foreign data and closes the data folders to other users. If they were open until now, asks a
-// second time. False if the program is to end.
-bool OpenData() { return DataIsTrusted() && (!ProtectData() || DataIsTrusted()); }
+// Asks about foreign data, closes the data folders to other users, and asks again about what came meanwhile.
+// False if the program is to end.
+bool OpenData() {
+  if (!DataIsTrusted()) return false;
+  ProtectData();
+  return DataIsTrusted();
+}
 
 }  // namespace
 

@@ -64,9 +64,9 @@ bool PutAside(const Text& path) {
 // True if other users could change it until now.
 bool Close(TextView path) { return platform::trust->Protect(path) == platform::Protection::Set; }
 
-bool MakeClosed(TextView folder) {
+void MakeClosed(TextView folder) {
   if (fileSystemObject.FolderExists(folder) != true) fileSystemObject.CreateFolder(folder);
-  return Close(folder);
+  Close(folder);
 }
 
 }  // namespace
@@ -95,17 +95,17 @@ bool DataIsTrusted() {
   return true;
 }
 
-bool ProtectData() {
-  bool wasOpen = MakeClosed(kMakersFolder);
-  wasOpen = MakeClosed(kDataFolder) || wasOpen;
+void ProtectData() {
+  for (const TextView folder : {kMakersFolder, kDataFolder}) {
+    MakeClosed(folder);
+    // Until now others could put a link here. What it leads to stays as it is.
+    if (!ForeignData().empty()) return;
+  }
   MakeClosed(kDefaultBackupFolder);
   // Files made while the folder was open are open too.
-  for (const TextView file : {kSettingsFile, kBuiltInJunkFile, kUserJunkFile, kMarkerFile}) {
-    wasOpen = Close(file) || wasOpen;
-  }
+  for (const TextView file : {kSettingsFile, kBuiltInJunkFile, kUserJunkFile, kMarkerFile}) Close(file);
   // The start makes the scratch folders anew.
   if (Close(kDuplicateFolder)) fileSystemObject.DeleteFolder(kDuplicateFolder, true);
-  return wasOpen;
 }
 
 bool BackupFolderIsTrusted() { return !IsElevated() || !platform::trust->LiesAmongPrograms(BackupFolder); }

@@ -21,9 +21,9 @@ std::vector<Text> ForeignData();
 bool DataIsTrusted();
 
 // Makes the data folders and the default backup folder if they are missing, and takes other ordinary users'
-// right to change them and the data files, as far as the program may. True if one of them was open to others
-// until now: they may have put something there after ForeignData looked.
-bool ProtectData();
+// right to change them and the data files, as far as the program may. Ends early if something foreign stands
+// in a data folder's place: others may have put it there after ForeignData looked. So ask again afterwards.
+void ProtectData();
 
 // Whether files may be moved into BackupFolder. False if the program is elevated and the folder is the
 // Windows folder or a folder of programs, lies in one or leads into one by a link, or if that can't be told:

@@ -29,7 +29,7 @@ struct DirectoryEntry {
   DateTime accessed = kUnknownTime;
   uint32_t attributes = 0;  // any of the four above
   bool folder = false;
-  bool link = false;  // junction, symbolic link, or alias of a store app
+  bool link = false;  // junction, symbolic link, alias of a store app, Linux socket, pipe or device
   // False when only `name`, `folder` and `link` could be read. Then size and attributes are 0 and the times
   // unknown.
   bool known = true;
@@ -83,8 +83,10 @@ class FoundItem {
   virtual bool DeleteEmptyFolder() = 0;
   // Moves a file or a link as FileSystem::MoveFile does. False for a folder, and when it could not be moved.
   virtual bool MoveFileTo(TextView destination) = 0;
-  // Closes the item, so that the shell can delete it by its path. The folders on the path stay open and held.
-  virtual void LeaveToShell() = 0;
+  // Closes the item, so that the shell can move it to the bin by its path while this object lives. The
+  // folders on the path stay held, so that the path keeps leading to the item. False when a folder isn't
+  // held: another program has it open for deletion. Then leave the path alone.
+  virtual bool LeaveToShell() = 0;
 };
 
 // The files of a machine.
@@ -96,8 +98,8 @@ class FoundItem {
 //
 // Links: all names but the last are followed. A link as the last name is the link itself for Look, for
 // deleting, moving and setting attributes. Open, List, FileExists, FolderExists, reading and writing follow
-// it. The alias of a store app counts as a link to an existing file; it can't be read. FAT and exFAT drives
-// have no links.
+// it. An alias of a store app, and a socket, pipe or device of a Linux program, counts as a link to an
+// existing file that can't be read. FAT and exFAT drives have no links.
 //
 // Failure: no call throws. A call that fails changes nothing, with one exception: DeleteFolder may have
 // deleted part of the folder.
@@ -140,7 +142,7 @@ class FileSystem {
   // Opens the item at `below`, one or more names, under the folder `start`. `start` is found like any path;
   // from there on each name is opened by itself. Null when a name before the last is a link, and when a name
   // is missing or can't be opened for deletion. On Windows, the folders on the path can't be deleted or
-  // renamed while the item lives.
+  // renamed while the item lives, unless another program already has one open for that.
   virtual std::unique_ptr<FoundItem> OpenFound(TextView start, TextView below) = 0;
 
   // Makes a folder. False when the name is taken or the parent is missing.
@@ -175,7 +177,8 @@ class FileSystem {
   // can't be read, or when it is on another computer, which could be slow to answer.
   virtual void RemoveTemporaries(TextView folder) = 0;
 
-  // All drives in the order of their letters. Asks each whether it is ready; a network drive may take long.
+  // All drives in the order of their letters. Each is asked whether it is ready, except network drives, which
+  // could take long to answer: here they count as not ready.
   virtual std::vector<Drive> Drives() = 0;
   // The type of one drive, numbered as in Drive, without access to the drive. Nothing for a free letter.
   virtual std::optional<int> DriveType(char16_t letter) = 0;

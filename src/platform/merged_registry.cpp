@@ -86,7 +86,13 @@ bool MergedRegistry::DeleteKey(Hive hive, TextView key) {
 bool MergedRegistry::DeleteValue(Hive hive, TextView key, TextView name) {
   if (hive != Hive::ClassesRoot) return plain_.DeleteValue(hive, key, name);
   const Text path = BelowClasses(key);
-  const bool users = plain_.ReadValue(Hive::CurrentUser, path, name).has_value();
+  // If the user's values can't all be seen just now, don't delete the machine's instead.
+  bool users = false;
+  const auto compare = [&](TextView found, TextView) { users = users || EqualIgnoringCase(found, name); };
+  if (plain_.KeyExists(Hive::CurrentUser, path) != false &&
+      !plain_.VisitValues(Hive::CurrentUser, path, compare)) {
+    return false;
+  }
   return plain_.DeleteValue(users ? Hive::CurrentUser : Hive::LocalMachine, path, name);
 }
 

@@ -58,8 +58,8 @@ class Shell {
   // Every folder that the system names: the Windows folder, the temporary folders, those of the routines
   // above, and on Windows each known folder of the machine and of all its users. Each once, ignoring letter
   // case, in any order, with no backslash at the end but a drive's. Folders aren't made or looked for, so one
-  // may be missing. Folders that can't be told are left out.
-  virtual std::vector<Text> NamedFolders() = 0;
+  // may be missing. Nothing when they can't be told.
+  virtual std::optional<std::vector<Text>> NamedFolders() = 0;
 
   // Nothing when the variable isn't set.
   virtual std::optional<Text> EnvironmentVariable(TextView name) = 0;

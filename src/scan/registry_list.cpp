@@ -74,10 +74,12 @@ void ScanRegistryList(const RegistryList& list) {
 
 }  // namespace
 
-const Text& RegistryLookups::SpecialFolder(TextView name) {
+const std::optional<Text>& RegistryLookups::SpecialFolder(TextView name) {
   auto found = std::ranges::find(folders_, name, &Folder::Name);
   if (found == folders_.end()) {
-    folders_.push_back({name, shellObject.SpecialFolders(name).value_or(Text())});
+    std::optional<Text> path = shellObject.SpecialFolders(name);
+    if (path && path->empty()) path.reset();
+    folders_.push_back({name, std::move(path)});
     found = std::prev(folders_.end());
   }
   return found->Path;

@@ -42,15 +42,15 @@ struct RegistryList {
 // What the tests of one list look up only once.
 class RegistryLookups {
  public:
-  // A special folder of the shell; empty if there is none.
-  const Text& SpecialFolder(TextView name);
+  // A special folder of the shell. Nothing if there is none or it can't be told.
+  const std::optional<Text>& SpecialFolder(TextView name);
   // The folded names of all type libraries; null if they can't all be read.
   SubstringIndex* TypeLibraries();
 
  private:
   struct Folder {
     TextView Name;
-    Text Path;
+    std::optional<Text> Path;
   };
   std::vector<Folder> folders_;
   bool typeLibrariesAsked_ = false;

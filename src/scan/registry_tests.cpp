@@ -51,8 +51,8 @@ std::optional<Text> DataLeadsToNoFile(const RegistryEntry& entry) {
 }
 
 std::optional<Text> FontIsMissing(const RegistryEntry& entry) {
-  const Text& fonts = entry.Lookups.SpecialFolder(u"Fonts");
-  if (!UnlessFile(Concat(fonts, u"\\", Trim(entry.Data)))) return std::nullopt;
+  const std::optional<Text>& fonts = entry.Lookups.SpecialFolder(u"Fonts");
+  if (!fonts || !UnlessFile(Concat(*fonts, u"\\", Trim(entry.Data)))) return std::nullopt;
   return Text(Trim(entry.Name));
 }
 
@@ -92,8 +92,12 @@ std::optional<Text> UninstallerIsMissing(const RegistryEntry& entry) {
 }
 
 std::optional<Text> MenuItemIsMissing(const RegistryEntry& entry) {
-  const Text inAllUsers = Concat(entry.Lookups.SpecialFolder(u"AllUsersPrograms"), u"\\", entry.Name);
-  const Text inUsers = Concat(entry.Lookups.SpecialFolder(u"Programs"), u"\\", entry.Name);
+  // Copies: each look-up may move the results of the others.
+  const std::optional<Text> allUsers = entry.Lookups.SpecialFolder(u"AllUsersPrograms");
+  const std::optional<Text> users = entry.Lookups.SpecialFolder(u"Programs");
+  if (!allUsers || !users) return std::nullopt;
+  const Text inAllUsers = Concat(*allUsers, u"\\", entry.Name);
+  const Text inUsers = Concat(*users, u"\\", entry.Name);
   const bool missing = fileSystemObject.FileExists(inAllUsers + u".lnk") == false &&
                        fileSystemObject.FileExists(inUsers + u".lnk") == false &&
                        fileSystemObject.FolderExists(inAllUsers) == false &&

@@ -255,7 +255,7 @@ class Watching : public platform::Shell {
   std::optional<Text> SpecialFolderByName(TextView) override { return std::nullopt; }
   std::optional<Text> UserTempFolder() override { return std::nullopt; }
   std::optional<Text> SystemTempFolder() override { return std::nullopt; }
-  std::vector<Text> NamedFolders() override { return {}; }
+  std::optional<std::vector<Text>> NamedFolders() override { return std::nullopt; }
   std::optional<Text> EnvironmentVariable(TextView) override { return std::nullopt; }
   Text ExpandEnvironment(TextView text) override { return Text(text); }
   std::optional<platform::Shortcut> OpenShortcut(TextView) override { return std::nullopt; }

@@ -210,6 +210,52 @@ TEST_F(Removal, AFolderSwappedForALinkAfterTheScanLosesNothingThere) {
   }
 }
 
+TEST_F(Removal, WhatCantBeLeftToTheShellStays) {
+  CleaningMethod = u"R";
+  AddFileRow(u"a.txt");
+  AddFolderRow(u"empty");
+  machine.files.faults.Fail(u"LeaveToShell");
+  frmPubMain.sbtClean.Click();
+  EXPECT_TRUE(FileThere(u"C:\\Work\\a.txt"));
+  EXPECT_TRUE(FolderThere(u"C:\\Work\\empty"));
+  EXPECT_EQ(Calls(), std::vector<Text>());
+  EXPECT_EQ(ResultCount(), 2);
+  EXPECT_EQ(Sum(), u"Sum: 0 item, 0. KB cleaned.");
+}
+
+// A link whose target is gone stands where it is, though no file or folder exists by its path.
+TEST_F(Removal, ALinkToNothingThatStaysKeepsItsRow) {
+  for (const TextView method : {u"D", u"R", u"S"}) {
+    CleaningMethod = method;
+    ClearResults();
+    machine.files.AddFolder(u"C:\\Far\\in");
+    machine.files.AddLink(u"C:\\Far\\in\\file", u"C:\\gone.txt");
+    machine.files.AddLink(u"C:\\Far\\in\\folder", u"C:\\Gone");
+    machine.files.AddLink(u"C:\\Work\\a\\link", u"C:\\Far");
+    for (const TextView tag : {u"F", u"P"}) {
+      Add(tag, u"C:\\Work\\a\\link\\in", tag == u"F" ? u"file" : u"folder", u"1.");
+      SetWalkStart(frmPubMain.lsvResult.Row(ResultCount()), TextView(u"C:\\Work").size());
+    }
+    frmPubMain.sbtClean.Click();
+    EXPECT_TRUE(machine.fileSystem.Look(u"C:\\Far\\in\\file")) << Narrow(method);
+    EXPECT_TRUE(machine.fileSystem.Look(u"C:\\Far\\in\\folder")) << Narrow(method);
+    EXPECT_EQ(ResultCount(), 2) << Narrow(method);
+    EXPECT_EQ(Sum(), u"Sum: 0 item, 0. KB cleaned.") << Narrow(method);
+  }
+}
+
+TEST_F(Removal, ALinkToNothingGoesWithItsRow) {
+  for (const TextView method : {u"D", u"R", u"S"}) {
+    CleaningMethod = method;
+    ClearResults();
+    machine.files.AddLink(u"C:\\Work\\dead.lnk", u"C:\\gone.txt");
+    Add(u"F", u"C:\\Work", u"dead.lnk", u"1.");
+    frmPubMain.sbtClean.Click();
+    EXPECT_FALSE(machine.fileSystem.Look(u"C:\\Work\\dead.lnk")) << Narrow(method);
+    EXPECT_EQ(ResultCount(), 0) << Narrow(method);
+  }
+}
+
 // Another user may have chosen this backup folder to get files into the program folders.
 TEST_F(Removal, WithRaisedRightsNothingIsSavedAmongThePrograms) {
   CleaningMethod = u"S";

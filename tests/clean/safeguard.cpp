@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "clean/clean_test.h"
+#include "doubles/memory_shell.h"
 #include "forms/main_form.h"
 #include "platform/machine/formats/machine_facts.h"
 #include "support/case.h"
@@ -139,6 +140,34 @@ TEST_F(SafeguardTest, FoldersThatTheSystemNamesAndThoseAroundThemStay) {
   EXPECT_EQ(Folder(u"C:\\Users", u"Bob"), kAll);
   EXPECT_EQ(Folder(u"C:\\WINDOWS\\Fonts", u"below"), kAll);
   EXPECT_EQ(File(u"C:\\WINDOWS\\Fonts", u"a.tmp"), kAll) << "files in them go as ever";
+}
+
+TEST_F(SafeguardTest, WhereTheSystemCantTellTheFoldersThatItNamesEveryFolderStays) {
+  machine.shell.faults.Fail(u"NamedFolders");
+  EXPECT_EQ(Folder(u"C:\\Work", u"empty"), u"");
+  EXPECT_EQ(File(u"C:\\Work", u"a.tmp"), kAll);
+}
+
+// An update made inetpub and asks to keep it; printing needs PRINTERS.
+TEST_F(SafeguardTest, FoldersThatWindowsKeepsEmptyStay) {
+  Fact(u"Environment", u"WinDir", u"D:\\Windows\\");
+  Fact(u"Folders", u"35", u"E:\\ProgramData");
+  for (const TextView name : {u"inetpub", u"PerfLogs", u"Recovery", u"System Volume Information",
+                              u"$WinREAgent", u"OneDriveTemp", u"$Recycle.Bin", u"Config.Msi"}) {
+    EXPECT_EQ(Folder(u"D:", name), u"") << Narrow(name);
+    EXPECT_EQ(Folder(u"E:", name), kAll) << Narrow(name);
+  }
+  EXPECT_EQ(Folder(u"d:", u"INETPUB"), u"");
+  EXPECT_EQ(Folder(u"D:\\Windows\\System32\\spool", u"PRINTERS"), u"");
+  EXPECT_EQ(Folder(u"D:\\Windows\\System32\\config", u"RegBack"), u"");
+  EXPECT_EQ(Folder(u"D:\\Windows", u"SystemTemp"), u"");
+  EXPECT_EQ(Folder(u"E:\\ProgramData", u"SoftwareDistribution"), u"");
+  EXPECT_EQ(Folder(u"D:\\inetpub", u"below"), kAll);
+  EXPECT_EQ(Folder(u"D:", u"Other"), kAll);
+}
+
+TEST_F(SafeguardTest, WithoutAWindowsFolderNoDriveHasFoldersThatWindowsKeeps) {
+  EXPECT_EQ(Folder(u"C:", u"inetpub"), kAll);
 }
 
 TEST_F(SafeguardTest, ALibraryInTheSystemFolderItselfStays) {

@@ -316,8 +316,8 @@ TEST_P(FoundItems, LeftToTheShellCanBeTakenByTheirPath) {
   Write(u"f\\a");
   const auto file = Open(u"f\\a"), folder = Open(u"f\\g");
   ASSERT_TRUE(file && folder);
-  file->LeaveToShell();
-  folder->LeaveToShell();
+  EXPECT_TRUE(file->LeaveToShell());
+  EXPECT_TRUE(folder->LeaveToShell());
   EXPECT_TRUE(files.DeleteFile(In(u"f\\a"), false));
   EXPECT_TRUE(files.DeleteFolder(In(u"f\\g"), false));
 }

@@ -70,7 +70,7 @@ class FaultyItem : public platform::FoundItem {
   bool MoveFileTo(TextView destination) override {
     return !faults_.Hit(u"MoveFile", path_) && item_->MoveFileTo(destination);
   }
-  void LeaveToShell() override { item_->LeaveToShell(); }
+  bool LeaveToShell() override { return !faults_.Hit(u"LeaveToShell", path_) && item_->LeaveToShell(); }
 
  private:
   Faults& faults_;

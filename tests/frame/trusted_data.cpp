@@ -253,7 +253,7 @@ TEST_F(TrustedData, OpenFoldersAndTheirSettingsAreClosedToOthers) {
 TEST_F(TrustedData, OpenScratchFoldersAreDeleted) {
   machine.files.AddFile(Concat(kScannedFolder, u"\\A\\planted"));
   fileSystemObject = FileSystemObject(platform::fileSystem);
-  EXPECT_TRUE(ProtectData());
+  ProtectData();
   EXPECT_EQ(machine.files.FolderExists(kDuplicateFolder), false);
 }
 
@@ -271,32 +271,52 @@ TEST_F(TrustedData, WhatIsClosedStaysAsItIs) {
   Form_Unload();
   fileSystemObject = FileSystemObject(platform::fileSystem);
   const auto before = Everything(u"C:");
-  EXPECT_FALSE(ProtectData());
+  ProtectData();
   EXPECT_EQ(Everything(u"C:"), before);
 }
 
-// Replaces the settings by a link at the moment when the data folder is closed to others.
+// Replaces `place` by a link to `target` at the moment when a folder is closed to others: before a folder
+// that is `place` itself, after one that holds it.
 struct PlantingTrust : machine::MemoryTrust {
   using MemoryTrust::MemoryTrust;
   platform::Protection Protect(TextView path) override {
+    if (path == place) Plant();
     const auto result = MemoryTrust::Protect(path);
-    if (path == kDataFolder && std::exchange(plant, false))
-      files->AddLink(kSettingsFile, u"C:\\Victim\\tvx.dll");
+    if (path == kDataFolder && place != kMakersFolder) Plant();
     return result;
   }
+  void Plant() {
+    if (std::exchange(plant, false)) files->AddLink(place, target);
+  }
   machine::MemoryFiles* files = nullptr;
+  TextView place, target;
   bool plant = true;
 };
 
-TEST_F(TrustedData, ALinkPlantedBeforeTheFolderIsClosedIsNoticed) {
-  machine.files.AddFile(u"C:\\Victim\\tvx.dll", {.content = Narrow(kPlantedSettings)});
-  PlantingTrust planting(machine.store, machine.fileSystem, machine.facts);
-  planting.files = &machine.files;
-  planting.keepsLists = true;
-  platform::trust = &planting;
-  EXPECT_FALSE(Form_Load());
-  EXPECT_EQ(Boxes().size(), 1U);
-  EXPECT_EQ(CleaningMethod, u"");
+TEST_F(TrustedData, ALinkPlantedBeforeTheFoldersAreClosedIsNoticed) {
+  for (const auto& [place, target] :
+       {std::pair<TextView, TextView>{kSettingsFile, u"C:\\Victim\\TVX\\tvx.dll"},
+        {kDataFolder, u"C:\\Victim\\TVX"},
+        {kMakersFolder, u"C:\\Victim"}}) {
+    SCOPED_TRACE(Narrow(place));
+    machine.files.DeleteFolder(kMakersFolder, true);
+    machine.files.AddFile(u"C:\\Victim\\TVX\\tvx.dll", {.content = Narrow(kPlantedSettings)});
+    machine.files.AddFile(u"C:\\Victim\\TVX\\DupeFiles\\scanned\\kept.txt");
+    const auto before = Everything(u"C:\\Victim");
+    const size_t boxes = Boxes().size();
+    PlantingTrust planting(machine.store, machine.fileSystem, machine.facts);
+    planting.files = &machine.files;
+    planting.keepsLists = true;
+    planting.place = place;
+    planting.target = target;
+    platform::trust = &planting;
+    EXPECT_FALSE(Form_Load());
+    EXPECT_EQ(Boxes().size(), boxes + 1);
+    EXPECT_EQ(CleaningMethod, u"");
+    EXPECT_EQ(Everything(u"C:\\Victim"), before);
+    EXPECT_FALSE(planting.IsProtected(u"C:\\Victim\\TVX"));
+    EXPECT_FALSE(planting.IsProtected(u"C:\\Victim\\TVX\\DupeFiles"));
+  }
 }
 
 TEST_F(TrustedData, WithoutAnythingForeignNobodyIsAsked) {

@@ -96,6 +96,14 @@ TEST_F(MergedRegistryTest, DeletesTheMachinesValueInAKeyOfBoth) {
   EXPECT_EQ(Values(u"k"), Texts{u"other=user"});
 }
 
+TEST_F(MergedRegistryTest, DeletesNoValueOfTheMachineWhereTheUsersCantBeRead) {
+  Seed(Hive::LocalMachine, u"k", u"v", u"machine");
+  Seed(Hive::CurrentUser, u"k", u"v", u"user");
+  plain.Deny(Hive::CurrentUser, u"Software\\Classes\\k");
+  EXPECT_FALSE(merged.DeleteValue(Hive::ClassesRoot, u"k", u"v"));
+  EXPECT_EQ(plain.ReadValue(Hive::LocalMachine, u"Software\\Classes\\k", u"v"), u"machine");
+}
+
 TEST_F(MergedRegistryTest, WritesWhereTheKeyStands) {
   Seed(Hive::CurrentUser, u"user", u"", u"");
   EXPECT_TRUE(merged.WriteString(Hive::ClassesRoot, u"user", u"v", u"1"));

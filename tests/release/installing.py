@@ -222,6 +222,22 @@ class Installing(unittest.TestCase):
         self.assertTrue(self.backup.is_symlink())
         self.assertEqual(elsewhere.stat().st_mode & 0o777, 0o777)
 
+    def test_behind_a_link_in_the_place_of_the_data_folders_nothing_is_made_or_closed(self):
+        for there in ((), ("TVX",)):
+            with self.subTest(there):
+                machine = driver.Machine()
+                self.addCleanup(machine.close)
+                elsewhere = machine.drive_c / "elsewhere"
+                for folder in (elsewhere, *(elsewhere / name for name in there)):
+                    folder.mkdir()
+                    folder.chmod(0o777)
+                (machine.drive_c / "MORVDataPath").symlink_to("elsewhere")
+                machine.run(SETUP, "/S")
+                self.assertTrue((machine.drive_c / "Program Files" / "Tavix" / "tavix.exe").exists())
+                self.assertEqual(content(elsewhere), set(there))
+                for folder in (elsewhere, *(elsewhere / name for name in there)):
+                    self.assertEqual(folder.stat().st_mode & 0o777, 0o777, folder)
+
     def test_into_another_folder_and_again_into_it(self):
         setup = self.machine.tool(SETUP)
         self.run_as_typed(f'"{setup}" /S /D=C:\\Tools\\My Tavix')

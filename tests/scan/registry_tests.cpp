@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <map>
 
+#include "doubles/memory_shell.h"
 #include "doubles/memory_store.h"
 #include "platform/machine/services/machine_registry.h"
 #include "scan/registry_test.h"
@@ -192,10 +193,16 @@ TEST_F(FontsIssues, AFontWithoutAFileIsAFinding) {
   EXPECT_EQ(FoundBy(u"Fonts Issues"), Texts{u"Empty"});
 }
 
-TEST_F(FontsIssues, WithoutAFontsFolderEveryFontIsAFinding) {
-  SetSpecialFolder(u"Fonts", u"");
+// Without the folder nothing can be told about the fonts in it.
+TEST_F(FontsIssues, WithoutAFontsFolderNoFontIsAFinding) {
   SeedFont(u"Arial (TrueType)", u"arial.ttf");
-  EXPECT_EQ(FoundBy(u"Fonts Issues"), Texts{u"Arial (TrueType)"});
+  SeedFont(u"Gone (TrueType)", u"gone.ttf");
+  EXPECT_EQ(FoundBy(u"Fonts Issues"), Texts{u"Gone (TrueType)"});
+  machine.shell.faults.Fail(u"SpecialFolderByName", u"Fonts");
+  EXPECT_EQ(FoundBy(u"Fonts Issues"), Texts{});
+  machine.shell.faults.Clear();
+  SetSpecialFolder(u"Fonts", u"");
+  EXPECT_EQ(FoundBy(u"Fonts Issues"), Texts{});
 }
 
 // All functions.
@@ -239,6 +246,15 @@ TEST_F(RegistryLists, FindNothingWhereNoFileCanBeLookedAt) {
   machine.files.faults.Fail(u"FileExists");
   machine.files.faults.Fail(u"FolderExists");
   EXPECT_EQ(Found(), (std::map<Text, size_t>()));
+}
+
+TEST_F(RegistryLists, FindNoMenuEntryWhereOneOfTheMenusFoldersCantBeTold) {
+  EXPECT_EQ(FoundBy(u"Start Menu Ordering Issues"), Texts{u"A"});
+  for (const TextView folder : {u"AllUsersPrograms", u"Programs"}) {
+    machine.shell.faults.Fail(u"SpecialFolderByName", folder);
+    EXPECT_EQ(FoundBy(u"Start Menu Ordering Issues"), Texts{}) << Narrow(folder);
+    machine.shell.faults.Clear();
+  }
 }
 
 TEST_F(RegistryLists, FindNothingBelowAFolderThatCantBeRead) {

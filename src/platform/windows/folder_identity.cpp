@@ -66,9 +66,9 @@ std::vector<Text> ReadLineage(TextView path) {
 
 std::optional<Text> FinalPath(HANDLE file) {
   for (const DWORD form : {FILE_NAME_NORMALIZED, FILE_NAME_OPENED}) {
-    const DWORD needed = GetFinalPathNameByHandleW(file, nullptr, 0, form);
+    const DWORD needed = handleCalls.getFinalPath(file, nullptr, 0, form);
     Text found(needed, u'\0');
-    const DWORD length = GetFinalPathNameByHandleW(file, WideBuffer(found.data()), needed, form);
+    const DWORD length = handleCalls.getFinalPath(file, WideBuffer(found.data()), needed, form);
     if (length == 0 || length >= needed) continue;
     found.resize(length);
     return NormalPath(found);

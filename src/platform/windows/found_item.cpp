@@ -1,5 +1,6 @@
 #include "platform/windows/found_item.h"
 
+#include <algorithm>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -15,7 +16,7 @@ namespace {
 class Found : public platform::FoundItem {
  public:
   // `folders` are all folders above the item; the last is its parent.
-  Found(std::vector<FileHandle> folders, Text name, OpenedItem item)
+  Found(std::vector<OpenedFolder> folders, Text name, OpenedItem item)
       : folders_(std::move(folders)), name_(std::move(name)), item_(std::move(item)) {}
 
   bool IsFolder() const override { return item_.IsRealFolder(); }
@@ -35,7 +36,10 @@ class Found : public platform::FoundItem {
     return true;
   }
 
-  void LeaveToShell() override { item_.handle.Reset(); }
+  bool LeaveToShell() override {
+    item_.handle.Reset();
+    return std::ranges::all_of(folders_, &OpenedFolder::held);
+  }
 
  private:
   bool DeleteItself() {
@@ -47,12 +51,12 @@ class Found : public platform::FoundItem {
   // Call after a deletion. The older kind of deletion takes effect only when nobody has the file open. Frees
   // the folders once the item is gone.
   bool IsGone() {
-    if (StandsIn(folders_.back().Get(), name_)) return false;
+    if (StandsIn(folders_.back().handle.Get(), name_)) return false;
     folders_.clear();
     return true;
   }
 
-  std::vector<FileHandle> folders_;
+  std::vector<OpenedFolder> folders_;
   Text name_;
   OpenedItem item_;
 };
@@ -62,11 +66,12 @@ class Found : public platform::FoundItem {
 std::unique_ptr<platform::FoundItem> OpenFoundItem(TextView start, TextView below) {
   std::optional<std::vector<Text>> names = NormalNames(below);
   if (!names) return nullptr;
-  std::vector<FileHandle> folders;
-  folders.push_back(OpenFolderAt(start));
-  if (!folders.back()) return nullptr;
+  std::optional<OpenedFolder> first = OpenFolderAt(start);
+  if (!first) return nullptr;
+  std::vector<OpenedFolder> folders;
+  folders.push_back(*std::move(first));
   for (size_t i = 0;; ++i) {
-    const HANDLE folder = folders.back().Get();
+    const HANDLE folder = folders.back().handle.Get();
     const std::optional<ListedItem> listed = FindIn(folder, (*names)[i]);
     if (!listed) return nullptr;
     if (i + 1 == names->size()) {
@@ -74,7 +79,7 @@ std::unique_ptr<platform::FoundItem> OpenFoundItem(TextView start, TextView belo
       if (!item) return nullptr;
       return std::make_unique<Found>(std::move(folders), listed->name, *std::move(item));
     }
-    std::optional<FileHandle> next = OpenFolderIn(folder, *listed);
+    std::optional<OpenedFolder> next = OpenFolderIn(folder, *listed);
     if (!next) return nullptr;
     folders.push_back(*std::move(next));
   }

@@ -36,20 +36,22 @@ std::optional<Text> PathOf(IKnownFolderManager* manager, const KNOWNFOLDERID& id
   return FromWide(path.Get());
 }
 
-void AddKnownFolders(Folders& folders) {
+bool AddKnownFolders(Folders& folders) {
   ComPointer<IKnownFolderManager> manager;
   if (FAILED(CoCreateInstance(CLSID_KnownFolderManager, nullptr, CLSCTX_INPROC_SERVER,
                               IID_IKnownFolderManager, reinterpret_cast<void**>(manager.Receive()))))
-    return;
+    return false;
   TaskMemory<KNOWNFOLDERID> ids;
   UINT count = 0;
-  if (FAILED(manager.Get()->GetFolderIds(ids.Receive(), &count))) return;
+  if (FAILED(manager.Get()->GetFolderIds(ids.Receive(), &count))) return false;
   for (UINT i = 0; i < count; ++i) Add(folders, PathOf(manager.Get(), ids.Get()[i]));
+  return true;
 }
 
 // Adds the folders of all profiles, of new profiles' templates and of common data. Returns the paths of the
-// profiles, those of services included. The registry holds the paths with variables.
-std::vector<Text> Profiles(Folders& folders) {
+// profiles, those of services included; nothing when they can't be read. The registry holds the paths with
+// variables.
+std::optional<std::vector<Text>> Profiles(Folders& folders) {
   WindowsRegistry registry;
   constexpr platform::Hive kMachine = platform::Hive::LocalMachine;
   const auto read = [&registry](TextView key, TextView name) {
@@ -60,7 +62,8 @@ std::vector<Text> Profiles(Folders& folders) {
   for (const TextView name : {u"ProfilesDirectory", u"Default", u"Public", u"ProgramData"})
     Add(folders, read(kProfiles, name));
   std::vector<Text> keys;
-  registry.VisitSubKeys(kMachine, kProfiles, [&keys](TextView name) { keys.emplace_back(name); });
+  if (!registry.VisitSubKeys(kMachine, kProfiles, [&keys](TextView name) { keys.emplace_back(name); }))
+    return std::nullopt;
   std::vector<Text> profiles;
   for (const Text& key : keys) {
     if (auto profile = read(Concat(kProfiles, u"\\", key), u"ProfileImagePath"))
@@ -92,16 +95,18 @@ void AddProfiles(Folders& folders, const std::vector<Text>& profiles) {
 
 }  // namespace
 
-std::vector<Text> AllNamedFolders() {
+std::optional<std::vector<Text>> AllNamedFolders() {
   constexpr int kSystemFolder = 9966;
   Folders folders;
   Add(folders, FolderByNumber(CSIDL_WINDOWS));
   Add(folders, FolderByNumber(kSystemFolder));
   Add(folders, UserTemp());
   Add(folders, SystemTemp());
-  AddKnownFolders(folders);
-  AddProfiles(folders, Profiles(folders));
-  return {folders.begin(), folders.end()};
+  if (!AddKnownFolders(folders)) return std::nullopt;
+  const std::optional<std::vector<Text>> profiles = Profiles(folders);
+  if (!profiles) return std::nullopt;
+  AddProfiles(folders, *profiles);
+  return std::vector<Text>(folders.begin(), folders.end());
 }
 
 }  // namespace tavix::windows

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <vector>
 
 #include "text/text.h"
@@ -10,6 +11,6 @@ namespace tavix::windows {
 //
 // Other users' folders are computed: their profile, plus the place of each of the current user's folders in
 // the current profile. A folder that another user has moved elsewhere is left out.
-std::vector<Text> AllNamedFolders();
+std::optional<std::vector<Text>> AllNamedFolders();
 
 }  // namespace tavix::windows

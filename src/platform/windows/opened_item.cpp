@@ -7,6 +7,7 @@
 #include "platform/windows/file_facts.h"
 #include "platform/windows/wide.h"
 #include "platform/windows/windows_path.h"
+#include "text/letter_case.h"
 
 extern "C" NTSTATUS NTAPI NtQueryDirectoryFile(HANDLE folder, HANDLE event, PVOID routine, PVOID context,
                                                PIO_STATUS_BLOCK status, PVOID buffer, ULONG size,
@@ -242,32 +243,38 @@ std::optional<OpenedItem> OpenItemIn(HANDLE folder, const ListedItem& listed, DW
   return OpenIn(folder, listed, AccessForDeletion(listed.attributes, listed.link), share);
 }
 
-std::optional<FileHandle> OpenFolderIn(HANDLE folder, const ListedItem& listed) {
+std::optional<OpenedFolder> OpenFolderIn(HANDLE folder, const ListedItem& listed) {
   constexpr ACCESS_MASK kAccess = FILE_LIST_DIRECTORY | FILE_READ_ATTRIBUTES | SYNCHRONIZE;
   if (listed.link) return std::nullopt;
   NTSTATUS why = 0;
   std::optional<OpenedItem> opened =
       OpenIn(folder, listed, kAccess, FILE_SHARE_READ | FILE_SHARE_WRITE, &why);
-  if (!opened && why == kSharingViolation) opened = OpenIn(folder, listed, kAccess, kShareAll);
+  const bool held = opened.has_value();
+  if (!held && why == kSharingViolation) opened = OpenIn(folder, listed, kAccess, kShareAll);
   if (!opened || !opened->IsRealFolder()) return std::nullopt;
-  return std::move(opened->handle);
+  return OpenedFolder{std::move(opened->handle), held};
 }
 
-FileHandle OpenFolderAt(TextView path) {
+std::optional<OpenedFolder> OpenFolderAt(TextView path) {
   const Text extended = ExtendedPath(path);
   const auto open = [&extended](DWORD share) {
     return FileHandle(CreateFileW(Wide(extended), FILE_LIST_DIRECTORY | FILE_READ_ATTRIBUTES, share, nullptr,
                                   OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
   };
   FileHandle folder = open(FILE_SHARE_READ | FILE_SHARE_WRITE);
-  if (!folder && GetLastError() == ERROR_SHARING_VIOLATION) folder = open(kShareAll);
-  return folder;
+  const bool held = static_cast<bool>(folder);
+  if (!held && GetLastError() == ERROR_SHARING_VIOLATION) folder = open(kShareAll);
+  if (!folder) return std::nullopt;
+  return OpenedFolder{std::move(folder), held};
 }
 
 std::optional<ListedItem> FindIn(HANDLE folder, TextView name) {
   NameIn pattern(folder, name);
   std::optional<ListedItem> found;
-  ReadFolder(folder, pattern.Name(), [&found](ListedItem entry) { found = std::move(entry); });
+  // The system also matches short names (8.3), and then lists another name.
+  ReadFolder(folder, pattern.Name(), [&](ListedItem entry) {
+    if (EqualIgnoringCase(entry.name, name)) found = std::move(entry);
+  });
   return found;
 }
 

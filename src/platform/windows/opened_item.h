@@ -36,14 +36,20 @@ std::optional<OpenedItem> OpenItem(TextView path);
 // Opens a listed item of an open folder in the same way. Nothing also when the name now belongs to something
 // else. `share` is the share mode.
 std::optional<OpenedItem> OpenItemIn(HANDLE folder, const ListedItem& listed, DWORD share = kShareAll);
-// Opens a listed subfolder for listing. While it is open it can't be renamed or deleted, unless somebody
-// already has it open for that. Nothing for a file or link, and when it can't be opened.
-std::optional<FileHandle> OpenFolderIn(HANDLE folder, const ListedItem& listed);
-// Opens the folder at a path for listing, following links. Null on failure.
-FileHandle OpenFolderAt(TextView path);
+// A folder that is open for listing.
+struct OpenedFolder {
+  FileHandle handle;
+  // It can't be renamed or deleted while it is open. False when somebody already had it open for that.
+  bool held = false;
+};
 
-// Finds an entry of an open folder by its name, ignoring letter case. Nothing when it is missing. Ask each
-// handle for one name only: the system keeps using the first one.
+// Opens a listed subfolder for listing. Nothing for a file or link, and when it can't be opened.
+std::optional<OpenedFolder> OpenFolderIn(HANDLE folder, const ListedItem& listed);
+// Opens the folder at a path for listing, following links. Nothing when it can't be opened.
+std::optional<OpenedFolder> OpenFolderAt(TextView path);
+
+// Finds an entry of an open folder by its name, ignoring letter case; not by its short name (8.3). Nothing
+// when it is missing. Ask each handle for one name only: the system keeps using the first one.
 std::optional<ListedItem> FindIn(HANDLE folder, TextView name);
 // Whether an item of this name in an open folder can be opened.
 bool StandsIn(HANDLE folder, TextView name);
@@ -61,11 +67,12 @@ Renamed RenameItem(OpenedItem& item, TextView destination);
 // Whether two handles refer to the same file or folder.
 bool AreTheSame(HANDLE one, HANDLE other);
 
-// The calls that get and set information by handle. Tests replace them to imitate drives that they don't
-// have.
+// The calls that get and set information by handle, paths included. Tests replace them to imitate drives that
+// they don't have.
 struct HandleCalls {
   decltype(&GetFileInformationByHandleEx) getInformation = GetFileInformationByHandleEx;
   decltype(&SetFileInformationByHandle) setInformation = SetFileInformationByHandle;
+  decltype(&GetFinalPathNameByHandleW) getFinalPath = GetFinalPathNameByHandleW;
 };
 inline HandleCalls handleCalls;
 

@@ -50,15 +50,26 @@ void ExposeOnlineFiles() {
   if (set != nullptr) set(kShown);
 }
 
-platform::Drive ReadDrive(char16_t letter) {
-  const Text root = {letter, u':', u'\\'};
-  platform::Drive drive;
-  drive.path = root.substr(0, 2);
-  drive.type = DriveTypeOf(GetDriveTypeW(Wide(root)));
+Text RootOf(char16_t letter) { return {letter, u':', u'\\'}; }
+
+// The name of a drive's volume; asks the drive. Nothing when it isn't ready.
+std::optional<Text> VolumeName(char16_t letter) {
   wchar_t name[MAX_PATH + 1] = L"";
-  drive.ready =
-      GetVolumeInformationW(Wide(root), name, MAX_PATH + 1, nullptr, nullptr, nullptr, nullptr, 0) != 0;
-  if (drive.ready) drive.volumeName = FromWide(name);
+  if (!driveCalls.getVolumeInformation(Wide(RootOf(letter)), name, MAX_PATH + 1, nullptr, nullptr, nullptr,
+                                       nullptr, 0)) {
+    return std::nullopt;
+  }
+  return FromWide(name);
+}
+
+platform::Drive ReadDrive(char16_t letter) {
+  platform::Drive drive;
+  drive.path = {letter, u':'};
+  drive.type = DriveTypeOf(driveCalls.getDriveType(Wide(RootOf(letter))));
+  if (drive.type == platform::kNetworkDrive) return drive;
+  std::optional<Text> name = VolumeName(letter);
+  drive.ready = name.has_value();
+  if (name) drive.volumeName = *std::move(name);
   return drive;
 }
 
@@ -154,7 +165,7 @@ void WindowsFileSystem::RemoveTemporaries(TextView folder) {
 
 std::vector<platform::Drive> WindowsFileSystem::Drives() {
   std::vector<platform::Drive> drives;
-  const DWORD letters = GetLogicalDrives();
+  const DWORD letters = driveCalls.getLogicalDrives();
   for (int i = 0; i < 26; ++i) {
     if ((letters >> i & 1) != 0) drives.push_back(ReadDrive(static_cast<char16_t>(u'A' + i)));
   }
@@ -162,11 +173,11 @@ std::vector<platform::Drive> WindowsFileSystem::Drives() {
 }
 
 std::optional<int> WindowsFileSystem::DriveType(char16_t letter) {
-  const UINT type = GetDriveTypeW(Wide(Text{letter, u':', u'\\'}));
+  const UINT type = driveCalls.getDriveType(Wide(RootOf(letter)));
   return type == DRIVE_NO_ROOT_DIR ? std::nullopt : std::optional(DriveTypeOf(type));
 }
 
-bool WindowsFileSystem::IsDriveReady(char16_t letter) { return ReadDrive(letter).ready; }
+bool WindowsFileSystem::IsDriveReady(char16_t letter) { return VolumeName(letter).has_value(); }
 
 int DriveTypeOf(UINT systemType) {
   switch (systemType) {

@@ -39,6 +39,14 @@ class WindowsFileSystem : public platform::FileSystem {
   DWORD errorMode_ = 0;
 };
 
+// The calls that ask about drives. Tests replace them to imitate drives that they don't have.
+struct DriveCalls {
+  decltype(&GetLogicalDrives) getLogicalDrives = GetLogicalDrives;
+  decltype(&GetDriveTypeW) getDriveType = GetDriveTypeW;
+  decltype(&GetVolumeInformationW) getVolumeInformation = GetVolumeInformationW;
+};
+inline DriveCalls driveCalls;
+
 // Converts a drive type of GetDriveType to one of platform::Drive.
 int DriveTypeOf(UINT systemType);
 

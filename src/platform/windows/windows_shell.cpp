@@ -134,7 +134,7 @@ std::optional<Text> WindowsShell::SpecialFolderByNumber(int number) { return Fol
 std::optional<Text> WindowsShell::SpecialFolderByName(TextView name) { return FolderByName(name); }
 std::optional<Text> WindowsShell::UserTempFolder() { return UserTemp(); }
 std::optional<Text> WindowsShell::SystemTempFolder() { return SystemTemp(); }
-std::vector<Text> WindowsShell::NamedFolders() { return AllNamedFolders(); }
+std::optional<std::vector<Text>> WindowsShell::NamedFolders() { return AllNamedFolders(); }
 
 std::optional<Text> WindowsShell::EnvironmentVariable(TextView name) { return Variable(name); }
 Text WindowsShell::ExpandEnvironment(TextView text) { return ExpandVariables(text); }

@@ -41,31 +41,6 @@ std::vector<Identity> TrustedOwners() {
   return trusted;
 }
 
-// The path of a folder with all links resolved. Nothing when it can't be told; `error` says why.
-std::optional<Text> FinalPath(TextView normal, DWORD& error) {
-  const FileHandle folder(CreateFileW(Wide(ExtendedPath(normal)), FILE_READ_ATTRIBUTES, kShareAll, nullptr,
-                                      OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
-  error = folder ? ERROR_SUCCESS : GetLastError();
-  if (!folder) return std::nullopt;
-  const DWORD needed = GetFinalPathNameByHandleW(folder.Get(), nullptr, 0, FILE_NAME_NORMALIZED);
-  Text found(needed, u'\0');
-  const DWORD length =
-      GetFinalPathNameByHandleW(folder.Get(), WideBuffer(found.data()), needed, FILE_NAME_NORMALIZED);
-  if (length == 0 || length >= needed) return std::nullopt;
-  found.resize(length);
-  return NormalPath(found);
-}
-
-// The same, but for a missing folder that of its nearest existing parent.
-std::optional<Text> FinalPathOfNearest(Text normal, DWORD& error) {
-  std::optional<Text> found = FinalPath(normal, error);
-  while (!found && IsMissing(error) && !IsRoot(normal)) {
-    normal = FolderOf(normal);
-    found = FinalPath(normal, error);
-  }
-  return found;
-}
-
 std::vector<Text> ProgramFolderIdentities() {
   std::vector<Text> identities;
   for (const int number : {kWindows, kPrograms, kPrograms32}) {
@@ -130,14 +105,17 @@ platform::Protection WindowsTrust::Protect(TextView path) {
 bool WindowsTrust::LiesAmongPrograms(TextView folder) {
   std::optional<Text> normal = NormalPath(folder);
   if (!normal) return false;
-  DWORD error = ERROR_SUCCESS;
-  std::optional<Text> real = FinalPathOfNearest(*std::move(normal), error);
-  if (!real) return !IsMissing(error) && error != ERROR_NOT_READY;
-  const std::vector<Text> programs = ProgramFolderIdentities();
-  for (Text place = *std::move(real);; place = FolderOf(place)) {
-    const std::optional<Text> identity = ReadFolderIdentity(place);
-    if (identity && std::ranges::find(programs, *identity) != programs.end()) return true;
-    if (IsRoot(place)) return programs.empty();
+  for (Text place = *std::move(normal);; place = FolderOf(place)) {
+    bool sure = true;
+    const std::optional<DWORD> attributes = FollowedAttributes(place, sure);
+    if (!sure) return true;
+    if (attributes && (*attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
+      const std::vector<Text> lineage = ReadLineage(place);
+      const std::vector<Text> programs = ProgramFolderIdentities();
+      return lineage.empty() || programs.empty() ||
+             std::ranges::find_first_of(lineage, programs) != lineage.end();
+    }
+    if (IsRoot(place)) return false;
   }
 }
 

@@ -2,10 +2,55 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/windows/file_handle.h"
+#include "platform/windows/opened_item.h"
 #include "platform/windows/scratch_place.h"
+#include "platform/windows/wide.h"
 
 namespace tavix::windows {
 namespace {
+
+// The shell takes what stands at the path, and a folder that isn't held could be exchanged meanwhile.
+TEST(FoundItemOfWindows, IsLeftToTheShellOnlyWhereEachFolderOnItsPathIsHeld) {
+  const ScratchPlace place;
+  const Text start = place.Folder(u"t"), inner = place.Folder(u"t\\in");
+  place.File(u"t\\in\\a", "mine");
+  WindowsFileSystem files;
+  const auto isLeft = [&] {
+    const auto item = files.OpenFound(start, u"in\\a");
+    return item != nullptr && item->LeaveToShell();
+  };
+  EXPECT_TRUE(isLeft());
+  for (const Text& folder : {start, inner}) {
+    const std::optional<OpenedItem> holder = OpenItem(folder);
+    ASSERT_TRUE(holder);
+    EXPECT_FALSE(isLeft());
+  }
+  EXPECT_TRUE(isLeft());
+}
+
+// A row holds the names of a listing. A short name in their place belongs to another item.
+TEST(FoundItemOfWindows, IsNotOpenedByAShortName) {
+  const ScratchPlace place;
+  const Text folder = place.Folder(u"a folder with a long name");
+  place.File(u"a folder with a long name\\a file with a long name.text", "mine");
+  const auto shortName = [](TextView path) {
+    WIN32_FIND_DATAW data;
+    const FindHandle found(FindFirstFileW(Wide(Text(path)), &data));
+    return found ? FromWide(data.cAlternateFileName) : Text();
+  };
+  const Text shortFolder = shortName(folder);
+  const Text shortFile = shortName(folder + u"\\a file with a long name.text");
+  if (shortFolder.empty() || shortFile.empty()) GTEST_SKIP() << "this disk keeps no short names";
+  WindowsFileSystem files;
+  ASSERT_EQ(files.FileExists(place.In(Concat(shortFolder, u"\\", shortFile))), true);
+  const Text start = place.Path();
+  EXPECT_EQ(files.OpenFound(start, Concat(shortFolder, u"\\a file with a long name.text")), nullptr);
+  EXPECT_EQ(files.OpenFound(start, Concat(u"a folder with a long name\\", shortFile)), nullptr);
+  EXPECT_NE(files.OpenFound(start, u"A Folder with a long name\\A FILE with a long name.TEXT"), nullptr);
+  EXPECT_NE(files.OpenFound(place.In(shortFolder), u"a file with a long name.text"), nullptr)
+      << "the start of a walk may have one";
+}
 
 constexpr int kRounds = 100;
 

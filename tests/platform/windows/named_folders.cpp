@@ -36,7 +36,7 @@ class OtherProfile {
 
 TEST(NamedFolders, AreTheKnownFoldersOfTheMachine) {
   const ComApartment apartment;
-  const std::vector<Text> folders = AllNamedFolders();
+  const std::vector<Text> folders = AllNamedFolders().value();
   for (const int number :
        {CSIDL_WINDOWS, CSIDL_SYSTEM, CSIDL_SYSTEMX86, CSIDL_FONTS, CSIDL_PROGRAM_FILES,
         CSIDL_PROGRAM_FILESX86, CSIDL_COMMON_APPDATA, CSIDL_PROFILE, CSIDL_APPDATA, CSIDL_LOCAL_APPDATA,
@@ -51,11 +51,16 @@ TEST(NamedFolders, AreTheKnownFoldersOfTheMachine) {
   CoTaskMemFree(users);
 }
 
+// A list without the known folders would let a clean take them.
+TEST(NamedFolders, CantBeToldWithoutTheKnownFolders) {
+  EXPECT_EQ(AllNamedFolders(), std::nullopt) << "the thread has no apartment, so the call for them fails";
+}
+
 TEST(NamedFolders, OfAnotherUserStandInTheirProfileAsTheCurrentUsersDoInTheirs) {
   const ComApartment apartment;
-  EXPECT_FALSE(AreNamed(AllNamedFolders(), u"C:\\users\\Tavix Other"));
+  EXPECT_FALSE(AreNamed(AllNamedFolders().value(), u"C:\\users\\Tavix Other"));
   const OtherProfile other(L"%SystemDrive%\\users\\Tavix Other");
-  const std::vector<Text> folders = AllNamedFolders();
+  const std::vector<Text> folders = AllNamedFolders().value();
   EXPECT_TRUE(AreNamed(folders, u"C:\\users\\Tavix Other"));
   const std::optional<Text> own = FolderByNumber(CSIDL_PROFILE);
   ASSERT_TRUE(own);

@@ -109,10 +109,11 @@ TEST(OpenedItem, KeepsOthersFromWritingToAFileThatIsTakenForEmpty) {
 TEST(OpenedItem, OfAFolderToLookIntoLetsNobodyRenameTheFolder) {
   const ScratchPlace place;
   const Text folder = place.Folder(u"a");
-  FileHandle held = OpenFolderAt(folder);
-  ASSERT_TRUE(held);
+  std::optional<OpenedFolder> opened = OpenFolderAt(folder);
+  ASSERT_TRUE(opened);
+  EXPECT_TRUE(opened->held);
   EXPECT_FALSE(MoveFileExW(Wide(folder), Wide(place.In(u"b")), 0));
-  held.Reset();
+  opened.reset();
   EXPECT_TRUE(MoveFileExW(Wide(folder), Wide(place.In(u"b")), 0));
 }
 
@@ -122,12 +123,15 @@ TEST(OpenedItem, OfAFolderIsHadWhereSomebodyHoldsItForDeletion) {
   place.Folder(u"a\\b");
   const std::optional<OpenedItem> lower = OpenItem(place.In(u"a\\b")), holder = OpenItem(folder);
   ASSERT_TRUE(holder && lower);
-  const FileHandle top = OpenFolderAt(folder);
+  const std::optional<OpenedFolder> top = OpenFolderAt(folder);
   ASSERT_TRUE(top);
-  const std::optional<ListedItem> listed = FindIn(top.Get(), u"B");
+  EXPECT_FALSE(top->held);
+  const std::optional<ListedItem> listed = FindIn(top->handle.Get(), u"B");
   ASSERT_TRUE(listed);
   EXPECT_EQ(listed->name, u"b");
-  EXPECT_TRUE(OpenFolderIn(top.Get(), *listed));
+  const std::optional<OpenedFolder> inner = OpenFolderIn(top->handle.Get(), *listed);
+  ASSERT_TRUE(inner);
+  EXPECT_FALSE(inner->held);
 }
 
 }  // namespace

@@ -196,6 +196,33 @@ TEST_F(FilesOfWindows, DrivesStandInTheOrderOfTheirLetters) {
   }
 }
 
+// A dead network drive takes up to a minute to answer, and the window would wait for it.
+TEST_F(FilesOfWindows, NetworkDrivesAreNotAskedWhenAllDrivesAreListed) {
+  static std::wstring asked;
+  asked.clear();
+  const DriveCalls before = std::exchange(
+      driveCalls, {[]() -> DWORD { return 1U << 2 | 1U << 13; },
+                   [](LPCWSTR root) -> UINT { return root[0] == L'N' ? DRIVE_REMOTE : DRIVE_FIXED; },
+                   [](LPCWSTR root, LPWSTR name, DWORD, LPDWORD, LPDWORD, LPDWORD, LPWSTR, DWORD) -> BOOL {
+                     asked += root[0];
+                     wcscpy(name, L"Volume");
+                     return TRUE;
+                   }});
+  const std::vector<platform::Drive> drives = files.Drives();
+  const std::wstring askedByList = asked;
+  const bool ready = files.IsDriveReady(u'N');
+  driveCalls = before;
+  EXPECT_EQ(askedByList, L"C");
+  ASSERT_EQ(drives.size(), 2U);
+  EXPECT_TRUE(drives[0].ready);
+  EXPECT_EQ(drives[0].volumeName, u"Volume");
+  EXPECT_EQ(drives[1].path, u"N:");
+  EXPECT_EQ(drives[1].type, platform::kNetworkDrive);
+  EXPECT_FALSE(drives[1].ready);
+  EXPECT_EQ(drives[1].volumeName, u"");
+  EXPECT_TRUE(ready) << "asked for alone, it is asked";
+}
+
 TEST(DriveType, IsNumberedAsTheInterfaceHasIt) {
   EXPECT_EQ(DriveTypeOf(DRIVE_UNKNOWN), 0);
   EXPECT_EQ(DriveTypeOf(DRIVE_NO_ROOT_DIR), 0);

@@ -4,6 +4,7 @@
 
 #include "platform/windows/access_list.h"
 #include "platform/windows/file_handle.h"
+#include "platform/windows/opened_item.h"
 #include "platform/windows/scratch_place.h"
 #include "platform/windows/shell_folders.h"
 #include "platform/windows/wide.h"
@@ -98,6 +99,23 @@ TEST_F(TrustOfWindows, KnowsWhatLiesAmongPrograms) {
                              Text(u"windows"), Text(u"Q:\\Windows")}) {
     EXPECT_FALSE(trust.LiesAmongPrograms(folder)) << std::string(folder.begin(), folder.end());
   }
+}
+
+// Some drives (RAM disks, drives made by a program) can't report the path of an open file.
+TEST_F(TrustOfWindows, KnowsWhatLiesAmongProgramsWhereADriveReportsNoFinalPath) {
+  const Text windows = *FolderByNumber(0x24);
+  const HandleCalls before = handleCalls;
+  handleCalls.getFinalPath = [](HANDLE, LPWSTR, DWORD, DWORD) -> DWORD {
+    SetLastError(ERROR_INVALID_FUNCTION);
+    return 0;
+  };
+  const bool inWindows = trust.LiesAmongPrograms(Concat(windows, u"\\system32"));
+  const bool elsewhere = trust.LiesAmongPrograms(place.Path());
+  const bool missing = trust.LiesAmongPrograms(place.In(u"missing"));
+  handleCalls = before;
+  EXPECT_TRUE(inWindows);
+  EXPECT_FALSE(elsewhere);
+  EXPECT_FALSE(missing);
 }
 
 TEST_F(TrustOfWindows, KnowsWhatLeadsAmongProgramsByALink) {

@@ -228,12 +228,27 @@ bool MachineFileSystem::MoveFile(const Place& from, TextView destination) {
 
 class MachineFileSystem::Found : public platform::FoundItem {
  public:
-  Found(MachineFileSystem& files, Place place) : files_(files), place_(std::move(place)) {}
+  Found(MachineFileSystem& files, std::optional<MachinePath> asked, Place place)
+      : files_(files), asked_(std::move(asked)), place_(std::move(place)) {}
+  ~Found() override {
+    if (files_.left_ == this) files_.left_ = nullptr;
+  }
+  Found(const Found&) = delete;
+  Found& operator=(const Found&) = delete;
 
   bool IsFolder() const override { return place_.IsFolder(); }
   bool DeleteFile() override { return files_.DeleteFile(place_, true); }
   bool MoveFileTo(TextView destination) override { return files_.MoveFile(place_, destination); }
-  void LeaveToShell() override {}
+  bool LeaveToShell() override {
+    files_.left_ = this;
+    return true;
+  }
+  bool Recycle(RecycleBin& bin) const { return files_.Recycle(place_, bin); }
+  // Whether the item was opened by this path.
+  bool IsAt(TextView path) const {
+    const std::optional<MachinePath> other = ReadMachinePath(path);
+    return asked_ && other && EqualIgnoringCase(asked_->ToText(), other->ToText());
+  }
 
   bool DeleteEmptyFolder() override {
     if (place_.IsFolder() ? !place_.parent->RemoveEmptyTree(place_.storeName)
@@ -247,12 +262,14 @@ class MachineFileSystem::Found : public platform::FoundItem {
 
  private:
   MachineFileSystem& files_;
+  const std::optional<MachinePath> asked_;
   const Place place_;
 };
 
 std::unique_ptr<platform::FoundItem> MachineFileSystem::OpenFound(TextView start, TextView below) {
   std::optional<Place> place = finder_.FindBelow(start, below);
-  return place ? std::make_unique<Found>(*this, *std::move(place)) : nullptr;
+  if (!place) return nullptr;
+  return std::make_unique<Found>(*this, ReadMachinePath(Below(start, below)), *std::move(place));
 }
 
 bool MachineFileSystem::SetAttributes(TextView path, uint32_t attributes) {
@@ -270,6 +287,9 @@ void MachineFileSystem::RemoveTemporaries(TextView folder) {
 
 std::vector<platform::Drive> MachineFileSystem::Drives() {
   std::vector<platform::Drive> drives = facts_.Drives();
+  for (platform::Drive& drive : drives) {
+    if (drive.type == platform::kNetworkDrive) drive = {drive.path, drive.type, false, {}};
+  }
   std::vector<StoreEntry> entries;
   if (const auto folder = store_.Open({u"drives"})) folder->Read(entries);
   for (const StoreEntry& entry : entries) {
@@ -307,9 +327,14 @@ bool MachineFileSystem::Rename(TextView path, TextView name) {
 }
 
 bool MachineFileSystem::Recycle(TextView path, RecycleBin& bin) {
+  if (left_ != nullptr && left_->IsAt(path)) return left_->Recycle(bin);
   const std::optional<Place> place = finder_.Find(path, Last::Itself);
-  if (!place || !place->entry || place->root || !bin.Take(*place->parent, *place->entry)) return false;
-  attributes_.Erase(place->realPath);
+  return place && place->entry && !place->root && Recycle(*place, bin);
+}
+
+bool MachineFileSystem::Recycle(const Place& place, RecycleBin& bin) {
+  if (!bin.Take(*place.parent, *place.entry)) return false;
+  attributes_.Erase(place.realPath);
   return true;
 }
 

@@ -43,7 +43,8 @@ class MachineFileSystem : public platform::FileSystem {
 
   // Renames a file, folder or link in its folder. False when the name is taken or on failure.
   bool Rename(TextView path, TextView name);
-  // Moves a file, folder or link into the bin. False for a root and on failure.
+  // Moves a file, folder or link into the bin; an item that was left to the shell is taken from the folder
+  // where it was opened, even if its path leads elsewhere by now. False for a root and on failure.
   bool Recycle(TextView path, RecycleBin& bin);
   // Whether attributes.ini could be read or is missing.
   bool Readable() const { return attributes_.Readable(); }
@@ -65,6 +66,7 @@ class MachineFileSystem : public platform::FileSystem {
   // The place of an existing or new file to write. Nothing when the path is taken by something else or by a
   // read-only file.
   std::optional<Place> FindForWriting(TextView path);
+  bool Recycle(const Place& place, RecycleBin& bin);
   bool DeleteFile(const Place& place, bool force);
   bool MoveFile(const Place& from, TextView destination);
   // Call it after making something, with the result. Resets the attributes of a new file.
@@ -74,6 +76,7 @@ class MachineFileSystem : public platform::FileSystem {
   const MachineFacts& facts_;
   PathFinder finder_;
   AttributeTable attributes_;
+  const Found* left_ = nullptr;  // the item that was last left to the shell, while it lives
 };
 
 }  // namespace tavix::machine

@@ -1,6 +1,8 @@
 #include "platform/machine/services/machine_folder.h"
 
 #include <algorithm>
+#include <new>
+#include <system_error>
 #include <vector>
 
 #include "platform/hive_name.h"
@@ -44,6 +46,12 @@ bool ReadPixels(const std::optional<Text>& value, int& pixels) {
   return number > 0;
 }
 
+// The host has no memory left for a call. Goes the way of a failed allocation.
+void EndIfMemoryLacked(const std::error_code& failure) {
+  if (failure != std::errc::not_enough_memory) return;
+  if (const std::new_handler end = std::get_new_handler()) end();
+}
+
 // The names of the registry's files, ordered by their upper-cased form.
 std::optional<std::vector<fs::path>> RegistryFiles(const fs::path& folder) {
   std::vector<fs::path> names;
@@ -52,6 +60,7 @@ std::optional<std::vector<fs::path>> RegistryFiles(const fs::path& folder) {
        entry.increment(failure)) {
     if (IsRegistryFile(entry->path())) names.push_back(entry->path().filename());
   }
+  EndIfMemoryLacked(failure);
   if (failure) return std::nullopt;
   std::sort(names.begin(), names.end(), [](const fs::path& left, const fs::path& right) {
     const int order = CompareIgnoringCase(HostName(left), HostName(right));

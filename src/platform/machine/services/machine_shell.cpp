@@ -96,7 +96,8 @@ std::optional<Text> MachineShell::SystemTempFolder() {
   return Refuses(u"SystemTempFolder", {}) ? std::nullopt : Folder(u"Temporary Folders", u"System");
 }
 
-std::vector<Text> MachineShell::NamedFolders() {
+std::optional<std::vector<Text>> MachineShell::NamedFolders() {
+  if (Refuses(u"NamedFolders", {})) return std::nullopt;
   std::set<Text, LessIgnoringCase> folders;
   const auto add = [&folders](const Text& folder) {
     if (!folder.empty()) folders.insert(WithoutBackslash(folder));
@@ -105,7 +106,7 @@ std::vector<Text> MachineShell::NamedFolders() {
   for (const TextView section : {u"Folders", u"Special Folders", u"Temporary Folders"}) {
     for (const MachineIni::Entry& entry : facts_.Entries(section)) add(entry.second);
   }
-  return {folders.begin(), folders.end()};
+  return std::vector<Text>(folders.begin(), folders.end());
 }
 
 std::optional<Text> MachineShell::EnvironmentVariable(TextView name) {

@@ -29,7 +29,7 @@ class MachineShell : public platform::Shell {
   std::optional<Text> SpecialFolderByName(TextView name) override;
   std::optional<Text> UserTempFolder() override;
   std::optional<Text> SystemTempFolder() override;
-  std::vector<Text> NamedFolders() override;
+  std::optional<std::vector<Text>> NamedFolders() override;
   std::optional<Text> EnvironmentVariable(TextView name) override;
   Text ExpandEnvironment(TextView text) override;
   std::optional<platform::Shortcut> OpenShortcut(TextView path) override;

@@ -84,12 +84,33 @@ class FoundItemInARace : public testing::Test {
     EXPECT_TRUE(enough()) << "the exchanges have to hit for the test to mean anything";
   }
 
+  // Recycles the items, as the clean does it: an opened one is left to the shell, which gets its path. That
+  // path then mostly leads to the victim.
+  template <class Seed, class Check>
+  void RaceToTheBin(const Seed& seed, const Check& check) {
+    RecycleBin bin(*store_);
+    const auto recycle = [&](platform::FoundItem& item, const std::string& name) {
+      EXPECT_TRUE(item.LeaveToShell());
+      constexpr int kLooks = 10'000;
+      for (int i = 0; i < kLooks && !fs::is_symlink(root_ / "t/swapped"); ++i) {
+      }
+      files_->Recycle(Concat(u"C:\\t\\swapped\\", *FromUtf8(name)), bin);
+    };
+    Race(seed, recycle, check);
+  }
+
   std::unique_ptr<platform::FoundItem> Open(const std::string& name) {
     return files_->OpenFound(u"C:\\t", Concat(u"swapped\\", *FromUtf8(name)));
   }
   static void SeedFiles(const fs::path& mine, const fs::path& victims) {
     std::ofstream(mine) << "mine";
     std::ofstream(victims) << "the victim's";
+  }
+  static void SeedFolders(const fs::path& mine, const fs::path& victims) {
+    for (const fs::path& folder : {mine, victims}) {
+      fs::create_directory(folder);
+      std::ofstream(folder / "none").flush();
+    }
   }
   static std::string Content(const fs::path& file) {
     std::ifstream in(file, std::ios::binary);
@@ -123,12 +144,7 @@ TEST_F(FoundItemInARace, DeletesNothingOfTheVictim) {
 
 TEST_F(FoundItemInARace, DeletesNoEmptyFolderOfTheVictim) {
   Race(
-      [](const fs::path& mine, const fs::path& victims) {
-        for (const fs::path& folder : {mine, victims}) {
-          fs::create_directory(folder);
-          std::ofstream(folder / "none").flush();
-        }
-      },
+      SeedFolders,
       [](platform::FoundItem& item, const std::string& name) {
         EXPECT_TRUE(item.DeleteEmptyFolder()) << name;
       },
@@ -137,6 +153,24 @@ TEST_F(FoundItemInARace, DeletesNoEmptyFolderOfTheVictim) {
         EXPECT_EQ(fs::exists(fs::path(mine_) / name), !opened) << name;
         for (const fs::path& folder : {fs::path(mine_), root_ / "victim"}) fs::remove_all(folder / name);
       });
+}
+
+TEST_F(FoundItemInARace, RecyclesNothingOfTheVictim) {
+  RaceToTheBin(SeedFiles, [this](const std::string& name, bool) {
+    ExpectVictimsFile(name);
+    const fs::path recycled = scratch_.Root() / "machine/recycle" / name;
+    EXPECT_NE(fs::exists(fs::path(mine_) / name), fs::exists(recycled)) << name;
+    const fs::path place = fs::exists(recycled) ? recycled : fs::path(mine_) / name;
+    EXPECT_EQ(Content(place), "mine") << name;
+    fs::remove(place);
+  });
+}
+
+TEST_F(FoundItemInARace, RecyclesNoEmptyFolderOfTheVictim) {
+  RaceToTheBin(SeedFolders, [this](const std::string& name, bool) {
+    EXPECT_TRUE(fs::exists(root_ / "victim" / name / "none")) << name;
+    for (const fs::path& folder : {fs::path(mine_), root_ / "victim"}) fs::remove_all(folder / name);
+  });
 }
 
 TEST_F(FoundItemInARace, MovesNothingOfTheVictim) {

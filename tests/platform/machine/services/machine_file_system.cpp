@@ -55,6 +55,19 @@ TEST_F(MachineFiles, LieOnDrivesWithoutALineOfTheirOwn) {
   EXPECT_EQ(files->FolderExists(u"X:\\"), false);
 }
 
+TEST_F(MachineFiles, OfANetworkDriveAreReachedThoughTheListOfDrivesDoesntAskIt) {
+  File({u"drives", u"N", u"a"});
+  Drives("C=2,System\nN=3,Far\n");
+  const auto drives = files->Drives();
+  ASSERT_EQ(drives.size(), 2U);
+  EXPECT_TRUE(drives[0].ready);
+  EXPECT_EQ(drives[1].type, platform::kNetworkDrive);
+  EXPECT_FALSE(drives[1].ready);
+  EXPECT_EQ(drives[1].volumeName, u"");
+  EXPECT_TRUE(files->IsDriveReady(u'N'));
+  EXPECT_EQ(files->FileExists(u"N:\\a"), true);
+}
+
 TEST_F(MachineFiles, CanBeMadeOnADriveWithNothingOnIt) {
   Drives("D=2,Data\n");
   EXPECT_EQ(files->FolderExists(u"D:"), true);
@@ -161,6 +174,23 @@ TEST_F(MachineFiles, GoToTheBinWithoutAttributes) {
   EXPECT_TRUE(store.Open({u"recycle"})->Find(u"a"));
   EXPECT_TRUE(files->WriteFile(u"C:\\a", "x"));
   EXPECT_EQ(files->Look(u"C:\\a")->attributes, 0U);
+}
+
+TEST_F(MachineFiles, LeftToTheShellGoToTheBinFromWhereTheyWereOpened) {
+  File({u"drives", u"C", u"f", u"a"});
+  File({u"drives", u"C", u"g", u"a"});
+  RecycleBin bin(store);
+  auto item = files->OpenFound(u"C:\\", u"f\\a");
+  ASSERT_NE(item, nullptr);
+  EXPECT_TRUE(item->LeaveToShell());
+  ASSERT_TRUE(files->Rename(u"C:\\f", u"aside"));
+  ASSERT_TRUE(files->Rename(u"C:\\g", u"f"));
+  EXPECT_TRUE(files->Recycle(u"C:\\F\\.\\A", bin));
+  EXPECT_EQ(files->FileExists(u"C:\\f\\a"), true);
+  EXPECT_EQ(files->FileExists(u"C:\\aside\\a"), false);
+  EXPECT_FALSE(files->Recycle(u"C:\\f\\a", bin)) << "the item has gone";
+  item.reset();
+  EXPECT_TRUE(files->Recycle(u"C:\\f\\a", bin)) << "a path like any other again";
 }
 
 TEST_F(MachineFiles, VisitNothingWhenAFolderCantBeRead) {

@@ -97,7 +97,7 @@ TEST_F(MachineShellTest, AnswersFromTheFacts) {
 }
 
 TEST_F(MachineShellTest, NamesEveryFolderOfTheFactsOnce) {
-  EXPECT_THAT(host.shell.NamedFolders(), testing::IsEmpty());
+  EXPECT_THAT(host.shell.NamedFolders(), testing::Optional(testing::IsEmpty()));
   host.facts.Set(u"Environment", u"WinDir", u"C:\\Windows\\");
   host.facts.Set(u"Environment", u"USERNAME", u"Ann");
   host.facts.Set(u"Folders", u"32", u"C:\\Cache\\");
@@ -106,9 +106,11 @@ TEST_F(MachineShellTest, NamesEveryFolderOfTheFactsOnce) {
   host.facts.Set(u"Special Folders", u"7", u"c:\\recent");
   host.facts.Set(u"Special Folders", u"8", u"");
   host.facts.Set(u"Temporary Folders", u"User", u"D:\\");
-  EXPECT_THAT(
-      host.shell.NamedFolders(),
-      testing::UnorderedElementsAre(u"C:\\Windows", u"C:\\Cache", u"C:\\Users\\Ann", u"C:\\Recent", u"D:\\"));
+  EXPECT_THAT(host.shell.NamedFolders(),
+              testing::Optional(testing::UnorderedElementsAre(u"C:\\Windows", u"C:\\Cache", u"C:\\Users\\Ann",
+                                                              u"C:\\Recent", u"D:\\")));
+  host.shell.faults.Fail(u"NamedFolders");
+  EXPECT_EQ(host.shell.NamedFolders(), std::nullopt);
 }
 
 TEST_F(MachineShellTest, ExpandsVariablesThatAreSet) {
