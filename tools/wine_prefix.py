@@ -170,6 +170,8 @@ def copy_in(prefix, source, folder=""):
 
 def copy_program_in(prefix, program, folder=PROGRAMS):
     """Copies a program with the files that it looks for beside itself. Returns its new path."""
+    if not pathlib.Path(program).is_file():
+        raise ValueError(f"{program} is no program")
     for name in COMPANIONS:
         companion = pathlib.Path(program).parent / name
         if companion.exists():
