@@ -13,6 +13,7 @@
 #include "platform/registry.h"
 #include "platform/shell.h"
 #include "platform/windows/scratch_place.h"
+#include "platform/windows/wide.h"
 #include "platform/windows/windows_host.h"
 #include "scan/result_items.h"
 #include "support/case.h"
@@ -123,6 +124,28 @@ TEST_F(LiveClean, AFileGoesByDeletingAndNothingElse) {
   before.erase(In(u"\u00FCber \u4E16.txt"));
   EXPECT_TRUE(Disk() == before);
   EXPECT_EQ(ResultCount(), 0);
+}
+
+TEST_F(LiveClean, AFileOfTheBackupFolderStaysByTheShortNameOfTheFolder) {
+  const Text longPath = In(u"A backup folder with a long name");
+  ASSERT_TRUE(platform::fileSystem->CreateFolder(longPath));
+  MakeFile(u"A backup folder with a long name\\kept.bak");
+  wchar_t shortForm[MAX_PATH];
+  ASSERT_NE(GetShortPathNameW(windows::Wide(longPath), shortForm, MAX_PATH), 0U);
+  const Text shortPath = windows::FromWide(shortForm);
+  if (shortPath == longPath) GTEST_SKIP() << "the drive has no short names";
+  for (const TextView method : {u"D", u"R", u"S"}) {
+    for (const auto& [backup, location] : {std::pair(longPath, shortPath), std::pair(shortPath, longPath)}) {
+      SCOPED_TRACE(Case(method) + " " + Case(location));
+      ClearResults();
+      CleaningMethod = method;
+      BackupFolder = backup;
+      AddResultItem(u"t", u"kept.bak", u"1.", location, u"00000001.0", u"F");
+      sbtClean_Click();
+      EXPECT_EQ(platform::fileSystem->FileExists(Concat(longPath, u"\\kept.bak")), true);
+      EXPECT_EQ(ResultCount(), 1);
+    }
+  }
 }
 
 TEST_F(LiveClean, AFileSentToTheBinIsInIt) {
