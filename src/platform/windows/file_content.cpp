@@ -64,12 +64,12 @@ bool ReplacePlainFile(TextView path, DWORD attributes, std::string_view content)
 
 std::optional<std::string> ReadContent(TextView path) {
   const std::optional<Entry> entry = LookUp(path);
-  if (entry && (entry->attributes & kKeptOnline) != 0) return std::nullopt;
+  if (entry && IsKeptOnline(entry->attributes)) return std::nullopt;
   const FileHandle file = OpenFile(path, GENERIC_READ, kShareAll, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN);
   BY_HANDLE_FILE_INFORMATION facts;
   // Check again: `path` may be a link to an online file.
   if (!file || !GetFileInformationByHandle(file.Get(), &facts)) return std::nullopt;
-  if ((facts.dwFileAttributes & kKeptOnline) != 0) return std::nullopt;
+  if (IsKeptOnline(facts.dwFileAttributes)) return std::nullopt;
   LARGE_INTEGER size;
   if (!GetFileSizeEx(file.Get(), &size)) return std::nullopt;
   if (static_cast<uint64_t>(size.QuadPart) > kLargestFile) return std::nullopt;

@@ -131,14 +131,16 @@ class Listing {
 
 }  // namespace
 
-bool IsAlias(DWORD attributes, DWORD reparseTag) {
-  constexpr DWORD kTag = 0x8000001B;
-  return (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 && reparseTag == kTag;
+bool IsStandIn(DWORD attributes, DWORD reparseTag) {
+  // An alias, a socket, a pipe, a device of characters, one of blocks.
+  constexpr DWORD kTags[] = {0x8000001B, 0x80000023, 0x80000024, 0x80000025, 0x80000026};
+  return (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 &&
+         std::ranges::find(kTags, reparseTag) != std::end(kTags);
 }
 
 bool IsLink(DWORD attributes, DWORD reparseTag) {
   if ((attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) return false;
-  return reparseTag == 0 || IsAlias(attributes, reparseTag) || IsReparseTagNameSurrogate(reparseTag);
+  return reparseTag == 0 || IsStandIn(attributes, reparseTag) || IsReparseTagNameSurrogate(reparseTag);
 }
 
 std::optional<Entry> LookUp(TextView path) {
@@ -153,7 +155,7 @@ std::optional<Entry> LookUp(TextView path) {
                data.ftLastWriteTime,
                data.ftLastAccessTime,
                FromWide(data.cFileName),
-               IsAlias(data.dwFileAttributes, data.dwReserved0)};
+               IsStandIn(data.dwFileAttributes, data.dwReserved0)};
 }
 
 bool IsNotFound(DWORD error) {
@@ -189,8 +191,8 @@ std::optional<DWORD> FollowedAttributes(TextView path, bool& sure) {
   }
   if ((attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) return attributes;
   const std::optional<Entry> entry = LookUp(path);
-  // An alias can't be opened as a file.
-  if (entry && (!entry->link || entry->alias)) return attributes;
+  // A stand-in can't be opened as a file.
+  if (entry && (!entry->link || entry->standIn)) return attributes;
   const FileHandle target(CreateFileW(Wide(extended), FILE_READ_ATTRIBUTES, kShareAll, nullptr, OPEN_EXISTING,
                                       FILE_FLAG_BACKUP_SEMANTICS, nullptr));
   BY_HANDLE_FILE_INFORMATION found;

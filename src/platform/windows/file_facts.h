@@ -14,16 +14,17 @@ namespace tavix::windows {
 // The content is kept online or archived; reading it would download it. 0x00040000 is RECALL_ON_OPEN,
 // 0x00400000 is RECALL_ON_DATA_ACCESS.
 constexpr DWORD kKeptOnline = FILE_ATTRIBUTE_OFFLINE | 0x00040000 | 0x00400000;
+constexpr bool IsKeptOnline(DWORD attributes) { return (attributes & kKeptOnline) != 0; }
 
 // The attributes that a file keeps when it is replaced or copied.
 constexpr DWORD kOwnAttributes = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM |
                                  FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_TEMPORARY |
                                  FILE_ATTRIBUTE_NOT_CONTENT_INDEXED | FILE_ATTRIBUTE_ENCRYPTED;
 
-// Whether an entry is the alias of a store app: an empty file that leads to a program. Only starting a
-// program follows it.
-bool IsAlias(DWORD attributes, DWORD reparseTag);
-// Whether an entry is a link or an alias. Other reparse points, such as an online file, are ordinary files.
+// Whether an entry is an empty file that stands for something else: the alias of a store app, or a socket,
+// pipe or device of a Linux program. It can't be opened as a file.
+bool IsStandIn(DWORD attributes, DWORD reparseTag);
+// Whether an entry is a link or a stand-in. Other reparse points, such as an online file, are ordinary files.
 // An unknown tag (0) counts as a link.
 bool IsLink(DWORD attributes, DWORD reparseTag);
 
@@ -35,7 +36,7 @@ struct Entry {
   FILETIME modified = {};
   FILETIME accessed = {};
   Text name;  // as on the disk; empty for a root
-  bool alias = false;
+  bool standIn = false;
 
   bool IsFolder() const { return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0; }
   bool IsReadOnly() const { return (attributes & FILE_ATTRIBUTE_READONLY) != 0; }

@@ -31,7 +31,7 @@ bool MoveItem(OpenedItem& item, TextView destination) {
 }
 
 bool MoveByCopy(OpenedItem& item, TextView destination) {
-  if (item.link || (item.attributes & kKeptOnline) != 0 || IsTaken(destination)) return false;
+  if (item.link || IsKeptOnline(item.attributes) || IsTaken(destination)) return false;
   // Nobody may write to the file while it is copied and deleted.
   const FileHandle source(ReOpenFile(item.handle.Get(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE,
                                      FILE_FLAG_SEQUENTIAL_SCAN));

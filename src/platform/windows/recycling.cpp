@@ -7,23 +7,16 @@
 #include "platform/windows/delete_watch.h"
 #include "platform/windows/wide.h"
 
-#include <shellapi.h>
 #include <shobjidl.h>
 
 namespace tavix::windows {
 namespace {
 
-// FOF_NO_CONNECTED_ELEMENTS: without it, deleting "page.htm" also deletes "page_files". FOF_WANTNUKEWARNING:
-// without it, FOF_NOCONFIRMATION answers Yes when the shell asks whether to delete for good what does not fit
-// into the bin.
-constexpr FILEOP_FLAGS kFlags = FOF_ALLOWUNDO | FOF_NO_CONNECTED_ELEMENTS | FOF_NOCONFIRMATION | FOF_SILENT |
-                                FOF_NOERRORUI | FOF_WANTNUKEWARNING;
-
 // Later systems need FOFX_RECYCLEONDELETE. Windows 7 rejects it and recycles because of FOF_ALLOWUNDO.
 HRESULT SetFlags(IFileOperation* operation) {
   constexpr DWORD kStopAtErrors = FOFX_EARLYFAILURE;
-  const HRESULT result = operation->SetOperationFlags(kFlags | kStopAtErrors | FOFX_RECYCLEONDELETE);
-  return result == E_INVALIDARG ? operation->SetOperationFlags(kFlags | kStopAtErrors) : result;
+  const HRESULT result = operation->SetOperationFlags(kRecycleFlags | kStopAtErrors | FOFX_RECYCLEONDELETE);
+  return result == E_INVALIDARG ? operation->SetOperationFlags(kRecycleFlags | kStopAtErrors) : result;
 }
 
 // Nothing when the system lacks IFileOperation: Wine has the object, but its calls do nothing.
@@ -52,7 +45,7 @@ bool RecycleUnwatched(Text path) {
   SHFILEOPSTRUCTW operation = {};
   operation.wFunc = FO_DELETE;
   operation.pFrom = Wide(path);
-  operation.fFlags = kFlags;
+  operation.fFlags = kRecycleFlags;
   return SHFileOperationW(&operation) == 0 && !operation.fAnyOperationsAborted;
 }
 

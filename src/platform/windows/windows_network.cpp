@@ -67,7 +67,8 @@ void AskForSafeProtocols(HINTERNET session) {
   constexpr DWORD kTls12 = 0x800;
   constexpr DWORD kTls13 = 0x2000;
   for (DWORD protocols : {kTls12 | kTls13, kTls12}) {
-    if (WinHttpSetOption(session, WINHTTP_OPTION_SECURE_PROTOCOLS, &protocols, sizeof protocols) != FALSE)
+    if (networkCalls.setOption(session, WINHTTP_OPTION_SECURE_PROTOCOLS, &protocols, sizeof protocols) !=
+        FALSE)
       return;
   }
 }
@@ -110,7 +111,7 @@ void PaintWindows() {
 bool Wait(HANDLE done, ULONGLONG deadline) {
   constexpr ULONGLONG kMaxWait = 250;  // shorter than the time after which the system calls a thread hung
   for (;;) {
-    const ULONGLONG now = GetTickCount64();
+    const ULONGLONG now = networkCalls.now();
     if (now >= deadline) return WaitForSingleObject(done, 0) == WAIT_OBJECT_0;
     const auto wait = static_cast<DWORD>(std::min(deadline - now, kMaxWait));
     if (MsgWaitForMultipleObjects(1, &done, FALSE, wait, QS_PAINT) == WAIT_OBJECT_0) return true;
@@ -119,9 +120,9 @@ bool Wait(HANDLE done, ULONGLONG deadline) {
 }
 
 // Sends a request and waits for its end. Null when it can't be sent or hasn't ended at `deadline` (by
-// GetTickCount64).
+// networkCalls.now).
 std::shared_ptr<Transfer> Transact(const Target& target, ULONGLONG deadline) {
-  const ULONGLONG now = GetTickCount64();
+  const ULONGLONG now = networkCalls.now();
   // Each step has this time limit, so that an abandoned request ends soon too.
   const auto step = static_cast<int>(std::min<ULONGLONG>(now < deadline ? deadline - now : 0, INT32_MAX));
   Request request;
@@ -143,7 +144,7 @@ std::shared_ptr<Transfer> Transact(const Target& target, ULONGLONG deadline) {
 
 std::optional<std::string> WindowsNetwork::Fetch(TextView url, int timeoutSeconds) {
   constexpr int kMaxRedirections = 10;
-  const ULONGLONG deadline = GetTickCount64() + static_cast<ULONGLONG>(std::max(timeoutSeconds, 0)) * 1000;
+  const ULONGLONG deadline = networkCalls.now() + static_cast<ULONGLONG>(std::max(timeoutSeconds, 0)) * 1000;
   if (HasInvalidHost(url)) return std::nullopt;
   std::optional<Target> target = ReadUrl(url);
   for (int i = 0; target && i <= kMaxRedirections; ++i) {

@@ -1,6 +1,9 @@
 #pragma once
 
 #include "platform/network.h"
+#include "platform/windows/windows_api.h"
+
+#include <winhttp.h>
 
 namespace tavix::windows {
 
@@ -11,5 +14,12 @@ class WindowsNetwork : public platform::Network {
  public:
   std::optional<std::string> Fetch(TextView url, int timeoutSeconds) override;
 };
+
+// Calls of the system. Tests replace them to have a clock of their own and to see the options.
+struct NetworkCalls {
+  decltype(&GetTickCount64) now = GetTickCount64;
+  decltype(&WinHttpSetOption) setOption = WinHttpSetOption;
+};
+inline NetworkCalls networkCalls;
 
 }  // namespace tavix::windows

@@ -30,10 +30,26 @@ TEST(IsLink, AsksTheTag) {
   EXPECT_FALSE(IsLink(FILE_ATTRIBUTE_DIRECTORY, IO_REPARSE_TAG_MOUNT_POINT));
 }
 
-TEST(IsAlias, IsALinkThatOnlyTheStartOfAProgramFollows) {
-  EXPECT_TRUE(IsAlias(FILE_ATTRIBUTE_REPARSE_POINT | FILE_ATTRIBUTE_ARCHIVE, 0x8000001B));
-  EXPECT_FALSE(IsAlias(FILE_ATTRIBUTE_ARCHIVE, 0x8000001B));
-  EXPECT_FALSE(IsAlias(FILE_ATTRIBUTE_REPARSE_POINT, IO_REPARSE_TAG_SYMLINK));
+TEST(IsKeptOnline, IsWhatTheSystemWouldDownload) {
+  constexpr DWORD kRecallOnOpen = 0x00040000, kRecallOnDataAccess = 0x00400000;
+  for (const DWORD attribute : {DWORD{FILE_ATTRIBUTE_OFFLINE}, kRecallOnOpen, kRecallOnDataAccess}) {
+    EXPECT_TRUE(IsKeptOnline(attribute)) << attribute;
+    EXPECT_TRUE(IsKeptOnline(attribute | FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_REPARSE_POINT)) << attribute;
+  }
+  // Pinned and unpinned files (0x00080000, 0x00100000) may well have their content here.
+  for (const DWORD attribute : {DWORD{FILE_ATTRIBUTE_ARCHIVE}, DWORD{FILE_ATTRIBUTE_REPARSE_POINT},
+                                DWORD{FILE_ATTRIBUTE_SPARSE_FILE}, DWORD{0x00080000}, DWORD{0x00100000}}) {
+    EXPECT_FALSE(IsKeptOnline(attribute)) << attribute;
+  }
+}
+
+TEST(IsStandIn, IsALinkThatCantBeOpenedAsAFile) {
+  for (const DWORD tag : {0x8000001BU, 0x80000023U, 0x80000024U, 0x80000025U, 0x80000026U}) {
+    EXPECT_TRUE(IsStandIn(FILE_ATTRIBUTE_REPARSE_POINT | FILE_ATTRIBUTE_ARCHIVE, tag)) << tag;
+    EXPECT_TRUE(IsLink(FILE_ATTRIBUTE_REPARSE_POINT, tag)) << tag;
+    EXPECT_FALSE(IsStandIn(FILE_ATTRIBUTE_ARCHIVE, tag)) << tag;
+  }
+  EXPECT_FALSE(IsStandIn(FILE_ATTRIBUTE_REPARSE_POINT, IO_REPARSE_TAG_SYMLINK));
 }
 
 TEST_F(FileFactsOfWindows, AFileThatIsKeptOnlineIsNotRead) {

@@ -137,6 +137,43 @@ TEST_F(NetworkOfWindows, AServerThatSendsAByteNowAndThenIsLeftWhenTheTimeIsOver)
   }
 }
 
+// A clock that is a second ahead at each look: when the fetch ends, it shows how long the fetch would have
+// waited.
+TEST_F(NetworkOfWindows, TheTimeOfAFetchEndsAtItsDeadlineWhateverTheServerDoes) {
+  static ULONGLONG clock;
+  const std::string head = "HTTP/1.1 200 OK\r\n\r\n2";
+  for (const auto then : {LoopbackServer::kKeepSilent, LoopbackServer::kDrip, LoopbackServer::kTrickle}) {
+    const ULONGLONG start = clock = 5'000'000;
+    const NetworkCalls before = networkCalls;
+    networkCalls.now = []() -> ULONGLONG { return clock += 1000; };
+    EXPECT_EQ(Fetch({{.bytes = head, .then = then}}, 6), std::nullopt);
+    networkCalls = before;
+    EXPECT_GE(clock - start, 6000U) << then;
+    EXPECT_LE(clock - start, 8000U) << then;
+  }
+}
+
+// The options of all sessions, in order.
+TEST_F(NetworkOfWindows, AsksForTls12AndLaterAlone) {
+  static std::vector<DWORD> asked;
+  static bool knowsTls13;
+  for (const bool knows : {true, false}) {
+    asked.clear();
+    knowsTls13 = knows;
+    const NetworkCalls before = networkCalls;
+    networkCalls.setOption = [](HINTERNET session, DWORD option, LPVOID value, DWORD size) -> BOOL {
+      EXPECT_NE(session, nullptr);
+      EXPECT_EQ(option, DWORD{WINHTTP_OPTION_SECURE_PROTOCOLS});
+      EXPECT_EQ(size, sizeof(DWORD));
+      asked.push_back(*static_cast<DWORD*>(value));
+      return knowsTls13 || (asked.back() & 0x2000) == 0;
+    };
+    EXPECT_EQ(Fetch({{Ok("x")}}), "x");
+    networkCalls = before;
+    EXPECT_EQ(asked, knows ? std::vector<DWORD>{0x2800} : (std::vector<DWORD>{0x2800, 0x800}));
+  }
+}
+
 TEST_F(NetworkOfWindows, WhatWasGivenUpAsksForNothingMore) {
   const LoopbackServer server({{Ok("2.19.630")}, {Ok("2.19.630")}});
   for (const bool ended : {true, false}) {
