@@ -4,11 +4,16 @@
 #include <utility>
 
 #include "platform/machine/formats/machine_path.h"
+#include "platform/machine/services/machine_file_system.h"
 
 namespace tavix::machine {
 
 MemoryStore::Node* MemoryTrust::NodeOf(TextView path) {
-  const std::optional<MachinePath> place = ReadMachinePath(path);
+  // Links to folders above it are followed.
+  const size_t cut = path.find_last_of(u'\\');
+  const auto folder = cut == TextView::npos ? std::nullopt : files_.FolderIdentity(path.substr(0, cut));
+  const std::optional<MachinePath> place =
+      ReadMachinePath(folder ? Concat(*folder, path.substr(cut)) : Text(path));
   if (!place || place->drive == 0) return nullptr;
   std::vector<Text> names{u"drives", Text(1, place->drive)};
   names.insert(names.end(), place->names.begin(), place->names.end());

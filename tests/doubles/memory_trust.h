@@ -10,7 +10,7 @@ namespace tavix::machine {
 class MemoryTrust : public MachineTrust {
  public:
   MemoryTrust(MemoryStore& store, MachineFileSystem& files, const MachineFacts& facts)
-      : MachineTrust(files, facts), store_(store) {}
+      : MachineTrust(files, facts), store_(store), files_(files) {}
 
   bool Elevated() override { return elevated; }
   bool OwnedByOthers(TextView path) override;
@@ -31,6 +31,7 @@ class MemoryTrust : public MachineTrust {
   MemoryStore::Node* NodeOf(TextView path);
 
   MemoryStore& store_;
+  MachineFileSystem& files_;
 };
 
 }  // namespace tavix::machine
