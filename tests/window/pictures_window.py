@@ -11,17 +11,17 @@ import unittest
 
 import driver
 from control_ids import ids
-from driver import BUILD, HELP
-from options_case import ALL_FILES, AUTO, BIG, BOX, CLOSE, CLOSE_TYPE, DATA, DELETE, DESCRIPTION, DUPLICATES, JUNK
-from options_case import JUNK_ADD, METHOD, MOVE, ONLY_COMMON, OPTIONS_WINDOW, OTHERS, PAGE_TREE, PICTURE, RECYCLE, SMALL
-from options_case import TYPE_ADD, TYPE_WINDOW, Dialog, OptionsCase
+from driver import BUILD
+from options_case import ABOUT_WINDOW, ALL_FILES, AUTO, BIG, BOX, CLOSE, CLOSE_TYPE, DATA, DELETE, DESCRIPTION
+from options_case import DUPLICATES, JUNK, JUNK_ADD, METHOD, MOVE, ONLY_COMMON, OPTIONS_WINDOW, OTHERS, PAGE_TREE, PICTURE
+from options_case import RECYCLE, SMALL, TYPE_ADD, TYPE_WINDOW, Dialog, OptionsCase
 from painted import MARK, Reader, Window
 from screen import Screen
 from seeded import SEED
 
 CLOSE_ABOUT, = ids("CloseAbout")
 CANCEL, NO = 2, 7  # of the system's boxes
-MAIN_WINDOW, ABOUT_WINDOW = "TavixMainWindow", "TavixAboutWindow"
+MAIN_WINDOW = "TavixMainWindow"
 PAGE_KEYS = {"system": "s", "registry": "r", "advanced": "a", "privacy": "p"}
 OPTION_PAGES = ("one-click", "junk", "duplicates", "method", "others")
 CHOICES = {DUPLICATES: (ALL_FILES, ONLY_COMMON), METHOD: (DELETE, RECYCLE, MOVE), OTHERS: (AUTO, BIG, SMALL)}
@@ -74,7 +74,6 @@ def tearDownModule():
 
 class Pictures(OptionsCase):
     seed = OptionsCase.seed + SEED
-    font = 11  # the height of the message font, in pixels
     colors = USUAL
     _reader = None
     every_choice = False  # whether each option is chosen, and the focus is moved around each window
@@ -85,11 +84,6 @@ class Pictures(OptionsCase):
         text += "".join(f'"{name}"="{value}"\n' for name, value in self.colors.items())
         if self.high_contrast():
             text += '[HKEY_CURRENT_USER\\Control Panel\\Accessibility\\HighContrast]\n"Flags"="127"\n'
-        if self.font != 11:
-            face = "Tahoma".encode("utf-16-le").ljust(64, b"\0")
-            stored = (-self.font).to_bytes(4, "little", signed=True) + bytes(12) + (400).to_bytes(4, "little") + bytes(8)
-            text += "[HKEY_CURRENT_USER\\Control Panel\\Desktop\\WindowMetrics]\n"
-            text += f'"MessageFont"=hex:{(stored + face).hex(",")}\n'
         self.machine.seed(text)
         self.pictures = FOLDER / self.id().split(".")[-1].removeprefix("test_")
         self.pictures.mkdir()
@@ -180,13 +174,7 @@ class Pictures(OptionsCase):
         self.leave(BOX, NO, MAIN_WINDOW)
 
     def look_at_the_about_window(self):
-        def open_it():
-            self.program.click(self.program.read().control(HELP)["rect"])
-            self.program.wait_for_menu()
-            self.key("Up", "Return")
-            self.wait_for_window("the about window", name=ABOUT_WINDOW)
-
-        self.look_twice("about", ABOUT_WINDOW, open_it, CLOSE_ABOUT, MAIN_WINDOW)
+        self.look_twice("about", ABOUT_WINDOW, self.open_about, CLOSE_ABOUT, MAIN_WINDOW)
 
     def look_twice(self, scene, name, open_it, close, back):
         """Takes a picture of a dialog at its second opening. It looks as at the first."""
