@@ -26,6 +26,12 @@ TEST(Trim, TakesBlanksOnly) {
   EXPECT_EQ(Trim(u""), u"");
 }
 
+TEST(BlankOut, PutsABlankForEachOfTheCharactersAndTrims) {
+  EXPECT_EQ(BlankOut(u"|a/b||c|", u"/|"), u"a b  c");
+  EXPECT_EQ(BlankOut(u"a\tb", u"/|"), u"a\tb");
+  EXPECT_EQ(BlankOut(u"//", u"/|"), u"");
+}
+
 TEST(Concat, JoinsWhatItGets) {
   EXPECT_EQ(Concat(u"a", Text(u"b"), TextView(u"c")), u"abc");
   EXPECT_EQ(ToText(-42), u"-42");

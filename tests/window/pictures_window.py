@@ -9,14 +9,17 @@ import subprocess
 import unittest
 
 import driver
-from driver import BUILD, HELP
-from options_case import (ABOUT_WINDOW, ALL_FILES, AUTO, BIG, BOX, DATA, DELETE, DESCRIPTION, DUPLICATES, JUNK, JUNK_ADD, METHOD, MOVE,
-                          ONLY_COMMON, OPTIONS_WINDOW, OTHERS, PAGE_TREE, PICTURE, RECYCLE, SMALL, TYPE_ADD,
-                          TYPE_WINDOW, OptionsCase)
+from control_ids import ids
+from driver import BUILD
+from options_case import ABOUT_WINDOW, ALL_FILES, AUTO, BIG, BOX, CLOSE, CLOSE_TYPE, DATA, DELETE, DESCRIPTION
+from options_case import DUPLICATES, JUNK, JUNK_ADD, METHOD, MOVE, ONLY_COMMON, OPTIONS_WINDOW, OTHERS, PAGE_TREE, PICTURE
+from options_case import RECYCLE, SMALL, TYPE_ADD, TYPE_WINDOW, OptionsCase
 from painted import MARK, Window
 from screen import Screen
 from seeded import SEED
 
+CLOSE_ABOUT, = ids("CloseAbout")
+CANCEL, NO = 2, 7  # of the system's boxes
 MAIN_WINDOW = "TavixMainWindow"
 PAGE_KEYS = {"system": "s", "registry": "r", "advanced": "a", "privacy": "p"}
 OPTION_PAGES = ("one-click", "junk", "duplicates", "method", "others")
@@ -156,28 +159,25 @@ class Pictures(OptionsCase):
         buttons = {control["text"] for _, control, kind in window.shown() if kind == "push"}
         wanted = {self.messages[key] for key in ("BUTTON_YES", "BUTTON_NO")}
         self.note("question", [] if buttons == wanted else [f"the buttons say {buttons}, not {wanted}"])
-        self.key("n")
-        driver.wait_for("the question to go", lambda: self.box() is None)
+        self.leave(BOX, NO, MAIN_WINDOW)
 
     def look_at_the_about_window(self):
-        def open_it():
-            self.program.click(self.program.read().control(HELP)["rect"])
-            self.program.wait_for_menu()
-            self.key("Up", "Return")
-            self.wait_for_window("the about window", name=ABOUT_WINDOW)
+        self.look_twice("about", ABOUT_WINDOW, self.open_about, CLOSE_ABOUT, MAIN_WINDOW)
 
-        self.look_twice("about", ABOUT_WINDOW, open_it)
-
-    def look_twice(self, scene, name, open_it):
+    def look_twice(self, scene, name, open_it, close, back):
         """Takes a picture of a dialog at its second opening. It looks as at the first."""
         open_it()
         first = self.rest(name)
-        self.key("Escape")
-        self.wait_for_close(name)
+        self.leave(name, close, back)
         open_it()
         self.compare(scene, first, self.take(scene, name))
-        self.key("Escape")
+        self.leave(name, close, back)
+
+    def leave(self, name, close, back):
+        """Closes a window by a button of it, and waits until the window behind it has the focus."""
+        self.click(self.look_into(name).control(close)["rect"])
         self.wait_for_close(name)
+        driver.wait_for("the focus to come back", lambda: self.look_into(back).focus() is not None)
 
     def compare(self, scene, first, second):
         """The second opening looks as the first."""
@@ -195,8 +195,7 @@ class Pictures(OptionsCase):
         for page in range(len(OPTION_PAGES) if self.every_choice else 0):
             self.turn_to(page)
             first[page] = self.rest(OPTIONS_WINDOW)
-        self.key("Escape")
-        self.wait_for_close(OPTIONS_WINDOW)
+        self.leave(OPTIONS_WINDOW, CLOSE, MAIN_WINDOW)
         self.open()
         for page, name in enumerate(OPTION_PAGES):
             self.turn_to(page)
@@ -211,8 +210,7 @@ class Pictures(OptionsCase):
         self.choose(DELETE)
         self.look_at_the_editor()
         self.look_at_an_input_box()
-        self.key("Escape")
-        self.wait_for_close(OPTIONS_WINDOW)
+        self.leave(OPTIONS_WINDOW, CLOSE, MAIN_WINDOW)
 
     def look_at_the_page_tree(self, scene, window):
         right = window.control(PAGE_TREE)["rect"][2]
@@ -261,7 +259,7 @@ class Pictures(OptionsCase):
             self.key("Tab", "Tab")
             self.wait_for_window("a button", lambda w: w.focus() not in (DESCRIPTION, DESCRIPTION + 1), TYPE_WINDOW)
 
-        self.look_twice("editor", TYPE_WINDOW, open_it)
+        self.look_twice("editor", TYPE_WINDOW, open_it, CLOSE_TYPE, OPTIONS_WINDOW)
 
     def look_at_an_input_box(self):
         self.turn_to(DUPLICATES)
@@ -273,8 +271,7 @@ class Pictures(OptionsCase):
         buttons = {control["text"] for _, control, kind in window.shown() if kind == "push"}
         wanted = {self.messages[key] for key in ("BUTTON_OK", "BUTTON_CANCEL")}
         self.note("input-box", [] if buttons == wanted else [f"the buttons say {buttons}, not {wanted}"])
-        self.key("Escape")
-        driver.wait_for("the input box to go", lambda: self.box() is None)
+        self.leave(BOX, CANCEL, OPTIONS_WINDOW)
 
     def look(self):
         self.look_at_the_main_window()

@@ -19,7 +19,7 @@ struct HookTraits {
   static void Close(Handle handle) { UnhookWindowsHookEx(handle); }
 };
 
-// The hook of the box that is about to open. It is taken off at the box's first activation.
+// The hook of the box that is about to open. It is taken off when the box is shown.
 Owned<HookTraits> hook;
 UINT openingStyle = 0;
 
@@ -75,13 +75,18 @@ void SayWords(HWND box) {
   if (!buttons.empty()) Widen(box, buttons, widest);
 }
 
-LRESULT CALLBACK OnActivate(int code, WPARAM wParam, LPARAM lParam) {
-  const auto window = reinterpret_cast<HWND>(wParam);
+bool IsBox(HWND window) {
   std::array<wchar_t, 8> name{};
-  if (code == HCBT_ACTIVATE && GetClassNameW(window, name.data(), static_cast<int>(name.size())) > 0 &&
-      FromWide(name.data()) == u"#32770") {
+  return window != nullptr && GetClassNameW(window, name.data(), static_cast<int>(name.size())) > 0 &&
+         FromWide(name.data()) == u"#32770";
+}
+
+// The box is shown once it has been laid out.
+LRESULT CALLBACK OnSent(int code, WPARAM wParam, LPARAM lParam) {
+  const auto& sent = *reinterpret_cast<const CWPSTRUCT*>(lParam);
+  if (code == HC_ACTION && sent.message == WM_SHOWWINDOW && sent.wParam != FALSE && IsBox(sent.hwnd)) {
     hook.Reset();
-    SayWords(window);
+    SayWords(sent.hwnd);
     return 0;
   }
   return CallNextHookEx(nullptr, code, wParam, lParam);
@@ -91,7 +96,8 @@ LRESULT CALLBACK OnActivate(int code, WPARAM wParam, LPARAM lParam) {
 
 int ShowMessageBox(HWND owner, const Text& text, const Text& caption, UINT style) {
   openingStyle = style;
-  if (platform::buttonWord) hook.Reset(SetWindowsHookExW(WH_CBT, OnActivate, nullptr, GetCurrentThreadId()));
+  if (platform::buttonWord)
+    hook.Reset(SetWindowsHookExW(WH_CALLWNDPROC, OnSent, nullptr, GetCurrentThreadId()));
   const int answer = MessageBoxW(owner, Wide(text), Wide(caption), style);
   hook.Reset();
   return answer;

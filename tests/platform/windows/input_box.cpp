@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "platform/dialogs.h"
 #include "platform/windows/test_window.h"
 
 namespace tavix::windows {
@@ -14,6 +15,8 @@ struct Visit {
   Text caption;
   Text prompt;
   Text found;
+  Text ok, cancel;
+  LONG fontHeight = 0;
   const wchar_t* entered = nullptr;
   int button = IDCANCEL;
   bool made = false;
@@ -33,6 +36,11 @@ void CALLBACK Answer(HWND, UINT, UINT_PTR timer, DWORD) {
   visit->caption = TextOf(box);
   visit->prompt = TextOf(GetDlgItem(box, 100));
   visit->found = TextOf(GetDlgItem(box, 101));
+  visit->ok = TextOf(GetDlgItem(box, IDOK));
+  visit->cancel = TextOf(GetDlgItem(box, IDCANCEL));
+  LOGFONTW font{};
+  GetObjectW(reinterpret_cast<HGDIOBJ>(SendMessageW(box, WM_GETFONT, 0, 0)), sizeof font, &font);
+  visit->fontHeight = font.lfHeight;
   if (visit->entered != nullptr) SetWindowTextW(GetDlgItem(box, 101), visit->entered);
   PostMessageW(box, WM_COMMAND, static_cast<WPARAM>(visit->button), 0);
 }
@@ -78,6 +86,33 @@ TEST_F(InputBoxOfWindows, GivesNothingWhenCancelled) {
   one.entered = L"text";
   EXPECT_EQ(Show(one), std::nullopt);
   EXPECT_TRUE(one.made);
+}
+
+TEST_F(InputBoxOfWindows, ItsButtonsHaveTheProgramsWordsOrElseEnglishOnes) {
+  Visit english;
+  Show(english);
+  EXPECT_EQ(english.ok, u"OK");
+  EXPECT_EQ(english.cancel, u"Cancel");
+  platform::buttonWord = [](int answer) { return Text(answer == platform::kOk ? u"Gut" : u"Abbrechen"); };
+  Visit german;
+  Show(german);
+  platform::buttonWord = nullptr;
+  EXPECT_EQ(german.ok, u"Gut");
+  EXPECT_EQ(german.cancel, u"Abbrechen");
+}
+
+TEST_F(InputBoxOfWindows, HasTheFontOfTheSystemsMessages) {
+  NONCLIENTMETRICSW metrics{};
+  metrics.cbSize = sizeof metrics;
+  ASSERT_NE(SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0), FALSE);
+  const LONG usual = metrics.lfMessageFont.lfHeight;
+  metrics.lfMessageFont.lfHeight = -24;
+  ASSERT_NE(SystemParametersInfoW(SPI_SETNONCLIENTMETRICS, sizeof metrics, &metrics, 0), FALSE);
+  Visit large;
+  Show(large);
+  metrics.lfMessageFont.lfHeight = usual;
+  SystemParametersInfoW(SPI_SETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
+  EXPECT_EQ(large.fontHeight, -24);
 }
 
 }  // namespace
