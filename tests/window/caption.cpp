@@ -19,5 +19,12 @@ TEST(PlainCaption, TakesTheMarksOfLettersAway) {
   for (const auto& c : kCases) EXPECT_EQ(PlainCaption(c.caption), c.plain);
 }
 
+TEST(MarkedLetter, IsTheCapitalAfterTheFirstSingleAmpersand) {
+  EXPECT_EQ(MarkedLetter(u"&Pattern:"), u'P');
+  EXPECT_EQ(MarkedLetter(u"Save && &add"), u'A');
+  EXPECT_EQ(MarkedLetter(u"&\u00fcber"), u'\u00dc');
+  for (const TextView without : {u"", u"&", u"R&&D", u"Pattern"}) EXPECT_EQ(MarkedLetter(without), u'\0');
+}
+
 }  // namespace
 }  // namespace tavix

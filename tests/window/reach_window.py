@@ -6,8 +6,8 @@ import unittest
 
 import driver
 from driver import HELP, MAKER_LINK, PRODUCT_LINK, RESULT, SCAN, STATUS
-from options_case import (DESCRIPTION, FILE_DAYS, JUNK, JUNK_ADD, OPTIONS_WINDOW, OTHERS, PAGE_TITLES, PAGE_TREE, PATTERN,
-                          PREFETCH_DAYS, TYPE_WINDOW, Dialog, OptionsCase)
+from options_case import (DESCRIPTION, FILE_DAYS, JUNK, JUNK_ADD, OPTIONS_WINDOW, OTHERS, PAGE_TITLES, PAGE_TREE,
+                          PATTERN, PREFETCH_DAYS, TYPE_WINDOW, Dialog, OptionsCase)
 from reading_order import reading_order
 from seeded import RealWindow, TYPED_URLS
 
