@@ -78,7 +78,8 @@ class Window:
         self.scale = scale
         lines = [json.loads(line) for line in lines]
         last = lines.pop()
-        self.title, self.rect, self.inside, self.painted = (last[k] for k in ("title", "rect", "inside", "painted"))
+        self.title, self.rect, self.inside = last["title"], last["rect"], last["inside"]
+        self.enabled, self.painted = last["enabled"], last["painted"]
         self.controls, self.drawn, self.content = [], {}, collections.defaultdict(list)
         for line in lines:
             if "control" in line:
