@@ -111,7 +111,8 @@ class Reader:
                                          stdout=subprocess.PIPE, stderr=self._errors)
 
     def read(self, window_class):
-        """The lines about the visible window of a class, "" for the main window. None if there is no such window."""
+        """The lines about the visible window of a class, "" for the main window. None if there is no such window. A plus
+        sign before the class asks for what is in sight and how its texts are drawn."""
         self._process.stdin.write(window_class.encode() + b"\n")
         self._process.stdin.flush()
         answer = b""

@@ -121,7 +121,7 @@ class Pictures(OptionsCase):
         return driver.wait_for(f"the window {name}", lambda: self.painted_window(name))
 
     def painted_window(self, name):
-        lines = self.machine.look(name)
+        lines = self.machine.look("+" + name)
         return None if lines is None else Window(lines, self.scale())
 
     def take(self, scene, name):
@@ -205,7 +205,8 @@ class Pictures(OptionsCase):
             self.turn_to(page)
             scene = f"options-{page + 1}-{name}"
             window = self.take(scene, OPTIONS_WINDOW)
-            self.look_at_the_page_picture(scene, window)
+            if not self.high_contrast():
+                self.look_at_the_page_picture(scene, window)
             self.look_at_the_page_tree(scene, window)
             if page in first:
                 self.compare(scene, first[page], window)
@@ -223,7 +224,8 @@ class Pictures(OptionsCase):
                 self.note(scene, [f"{page['node']!r} is cut in the tree of pages"])
 
     def look_at_the_page_picture(self, scene, window):
-        """The picture of a page stands on the ground of the window."""
+        """The picture of a page stands on the ground of the window. In high contrast it keeps the ground that it is drawn
+        on: its lines are dark."""
         left, top, right, bottom = window.control(PICTURE)["rect"]
         ground = window.picture.at(left - 1, top)
         corners = {window.picture.at(x, y) for x in (left, right - 1) for y in (top, bottom - 1)}

@@ -8,10 +8,13 @@
 // Rectangles are left, top, right, bottom on the screen: "rect" is the client area of a control, "frame" the
 // whole.
 //
-// Any other line is the class of a window. After each control comes how it draws its text, as
+// Any other line is the class of a window. The content of lists and trees comes after their control, and the
+// title of the window is last.
+//
+// With a plus sign before the class, only visible controls are printed, and only what is in sight of the
+// content of lists and trees. After each control comes how it draws its text, as
 // {"drawn":id,"kind":...,"extent":...}: the size of the text in the font that it is drawn in. The same is
-// printed for each title of a column. Then comes the content of lists and trees. The title of the window is
-// last.
+// printed for each title of a column.
 
 // clang-format off
 #include "platform/windows/windows_api.h"
@@ -40,6 +43,8 @@ constexpr size_t kTextRoom = 4096;
 constexpr int kMaxRows = 1000;
 // Whether ampersands in captions mark access keys.
 bool lettersAreMarked = false;
+// Whether only what can be seen is printed.
+bool inSight = false;
 
 // Memory in the other process for the structure and the text of one message.
 class RemoteRoom {
@@ -96,14 +101,22 @@ std::string Quoted(const Text& text) {
   return json + '"';
 }
 
+// The system's message font. It is read once: that takes longer than all else.
+const LOGFONTW& MessageFont() {
+  static const LOGFONTW font = [] {
+    NONCLIENTMETRICSW metrics{};
+    metrics.cbSize = sizeof metrics;
+    SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
+    return metrics.lfMessageFont;
+  }();
+  return font;
+}
+
 // The size of the text in the system's message font: on one line, or wrapped to the control's width for a
 // label of several lines.
 std::string TextRoom(HWND control, const wchar_t* text, RECT area) {
-  NONCLIENTMETRICSW metrics{};
-  metrics.cbSize = sizeof metrics;
-  SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
   const HDC context = GetDC(nullptr);
-  const HFONT font = CreateFontIndirectW(&metrics.lfMessageFont);
+  const HFONT font = CreateFontIndirectW(&MessageFont());
   const HGDIOBJ before = SelectObject(context, font);
   const int number = GetDlgCtrlID(control);
   const UINT wrapped = number == kIdStatus || number == kIdPageRemark ? DT_WORDBREAK : DT_SINGLELINE;
@@ -121,10 +134,7 @@ enum class Weight { kPlain, kBold, kTitle };
 // The size of a text in the system's message font, or in the heavier ones that the program makes from it: on
 // one line, or wrapped to a width.
 SIZE ExtentOf(const wchar_t* text, Weight weight, LONG wrappedTo, bool marksLetters) {
-  NONCLIENTMETRICSW metrics{};
-  metrics.cbSize = sizeof metrics;
-  SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
-  LOGFONTW& face = metrics.lfMessageFont;
+  LOGFONTW face = MessageFont();
   if (weight != Weight::kPlain) face.lfWeight = FW_BOLD;
   if (weight == Weight::kTitle) face.lfHeight = MulDiv(face.lfHeight, 5, 4);
   const HDC context = GetDC(nullptr);
@@ -148,7 +158,8 @@ struct Drawing {
 // The pictures of the windows and the browser's place: their text is a name that isn't drawn.
 bool IsPicture(int number) {
   return (number >= kIdTitleHelp && number <= kIdClose) || (number >= kIdPrivacy && number <= kIdOneClick) ||
-         number == kIdBusyPage || number == kIdPagePicture;
+         number == kIdProductLink || number == kIdMakerLink || number == kIdBusyPage ||
+         number == kIdPagePicture;
 }
 
 Drawing DrawingOf(HWND control) {
@@ -264,7 +275,12 @@ void PrintColumnDrawings(const RemoteRoom& room, HWND list) {
 void PrintRows(const RemoteRoom& room, HWND list, const char* kind, int columns) {
   const auto rows = static_cast<int>(SendMessageW(list, LVM_GETITEMCOUNT, 0, 0));
   std::printf("{\"%ss\":%d}\n", kind, rows);
-  for (int row = 0; row < std::min(rows, kMaxRows); ++row) {
+  int first = 0, end = std::min(rows, kMaxRows);
+  if (inSight) {
+    first = static_cast<int>(SendMessageW(list, LVM_GETTOPINDEX, 0, 0));
+    end = std::min(rows, first + static_cast<int>(SendMessageW(list, LVM_GETCOUNTPERPAGE, 0, 0)));
+  }
+  for (int row = first; row < end; ++row) {
     std::string texts;
     for (int column = 0; column < columns; ++column) {
       LVITEMW item{};
@@ -288,19 +304,30 @@ void PrintRows(const RemoteRoom& room, HWND list, const char* kind, int columns)
 // The box of a node, found by asking what lies left of its label; "null" if the box isn't in sight.
 std::string BoxOf(const RemoteRoom& room, HWND tree, const RECT& label) {
   const LONG middle = (label.top + label.bottom) / 2;
-  RECT box{0, label.top, -1, label.bottom}, area;
+  RECT box{0, label.top, 0, label.bottom}, area;
   GetClientRect(tree, &area);
   if (middle < area.top || middle >= area.bottom) return "null";
-  for (LONG x = label.left - 1; x >= 0; --x) {
+  const auto isOnBox = [&](LONG x) {
     TVHITTESTINFO hit{};
     hit.pt = {x, middle};
     room.Send(tree, TVM_HITTEST, 0, hit);
-    const bool onBox = (hit.flags & TVHT_ONITEMSTATEICON) != 0;
-    if (onBox && box.right < 0) box.right = x + 1;
-    if (onBox) box.left = x;
-    if (!onBox && box.right >= 0) break;
+    return (hit.flags & TVHT_ONITEMSTATEICON) != 0;
+  };
+  LONG inside = label.left - 1;
+  while (inside >= 0 && !isOnBox(inside)) --inside;
+  if (inside < 0) return "null";
+  box.right = inside + 1;
+  // The left edge lies between a pixel on the box and one that isn't.
+  LONG outside = -1;
+  for (LONG step = 8; inside - step > outside; step *= 2) {
+    (isOnBox(inside - step) ? inside : outside) = inside - step;
   }
-  return box.right < 0 ? "null" : Rectangle(tree, box);
+  while (inside - outside > 1) {
+    const LONG between = (inside + outside) / 2;
+    (isOnBox(between) ? inside : outside) = between;
+  }
+  box.left = inside;
+  return Rectangle(tree, box);
 }
 
 HTREEITEM Next(HWND tree, WPARAM which, HTREEITEM item) {
@@ -308,34 +335,47 @@ HTREEITEM Next(HWND tree, WPARAM which, HTREEITEM item) {
       SendMessageW(tree, TVM_GETNEXTITEM, which, reinterpret_cast<LPARAM>(item)));
 }
 
+void PrintNode(const RemoteRoom& room, HWND tree, HTREEITEM node, int level) {
+  TVITEMW item{};
+  item.mask = TVIF_HANDLE | TVIF_TEXT | TVIF_STATE;
+  item.hItem = node;
+  item.stateMask = TVIS_STATEIMAGEMASK | TVIS_EXPANDED | TVIS_SELECTED;
+  item.pszText = room.TextAddress();
+  item.cchTextMax = kTextRoom;
+  room.Send(tree, TVM_GETITEMW, 0, item);
+  const Text text = room.ReadText();
+  // The message reads the node from the memory to which it writes the rectangle.
+  union {
+    HTREEITEM node;
+    RECT area;
+  } place{};
+  place.node = node;
+  const bool seen = room.Send(tree, TVM_GETITEMRECT, TRUE, place) != FALSE;
+  // State images: a ticked box and a half-ticked one.
+  const UINT box = item.state & TVIS_STATEIMAGEMASK;
+  std::printf(
+      "{\"node\":%s,\"tree\":%d,\"level\":%d,\"checked\":%s,\"half\":%s,\"expanded\":%s,\"selected\":%s,"
+      "\"rect\":%s,\"box\":%s}\n",
+      Quoted(text).c_str(), GetDlgCtrlID(tree), level,
+      Flag(box == INDEXTOSTATEIMAGEMASK(2) || box == INDEXTOSTATEIMAGEMASK(3)),
+      Flag(box == INDEXTOSTATEIMAGEMASK(3)), Flag((item.state & TVIS_EXPANDED) != 0),
+      Flag((item.state & TVIS_SELECTED) != 0), seen ? Rectangle(tree, place.area).c_str() : "null",
+      seen && !inSight && IsWindowVisible(tree) != FALSE ? BoxOf(room, tree, place.area).c_str() : "null");
+}
+
 void PrintNodes(const RemoteRoom& room, HWND tree, HTREEITEM first, int level) {
   for (HTREEITEM node = first; node != nullptr; node = Next(tree, TVGN_NEXT, node)) {
-    TVITEMW item{};
-    item.mask = TVIF_HANDLE | TVIF_TEXT | TVIF_STATE;
-    item.hItem = node;
-    item.stateMask = TVIS_STATEIMAGEMASK | TVIS_EXPANDED | TVIS_SELECTED;
-    item.pszText = room.TextAddress();
-    item.cchTextMax = kTextRoom;
-    room.Send(tree, TVM_GETITEMW, 0, item);
-    const Text text = room.ReadText();
-    // The message reads the node from the memory to which it writes the rectangle.
-    union {
-      HTREEITEM node;
-      RECT area;
-    } place{};
-    place.node = node;
-    const bool seen = room.Send(tree, TVM_GETITEMRECT, TRUE, place) != FALSE;
-    // State images: a ticked box and a half-ticked one.
-    const UINT box = item.state & TVIS_STATEIMAGEMASK;
-    std::printf(
-        "{\"node\":%s,\"tree\":%d,\"level\":%d,\"checked\":%s,\"half\":%s,\"expanded\":%s,\"selected\":%s,"
-        "\"rect\":%s,\"box\":%s}\n",
-        Quoted(text).c_str(), GetDlgCtrlID(tree), level,
-        Flag(box == INDEXTOSTATEIMAGEMASK(2) || box == INDEXTOSTATEIMAGEMASK(3)),
-        Flag(box == INDEXTOSTATEIMAGEMASK(3)), Flag((item.state & TVIS_EXPANDED) != 0),
-        Flag((item.state & TVIS_SELECTED) != 0), seen ? Rectangle(tree, place.area).c_str() : "null",
-        seen && IsWindowVisible(tree) != FALSE ? BoxOf(room, tree, place.area).c_str() : "null");
+    PrintNode(room, tree, node, level);
     PrintNodes(room, tree, Next(tree, TVGN_CHILD, node), level + 1);
+  }
+}
+
+void PrintNodesInSight(const RemoteRoom& room, HWND tree) {
+  auto left = static_cast<int>(SendMessageW(tree, TVM_GETVISIBLECOUNT, 0, 0));
+  HTREEITEM node = Next(tree, TVGN_FIRSTVISIBLE, nullptr);
+  for (; node != nullptr && left > 0; --left) {
+    PrintNode(room, tree, node, 0);
+    node = Next(tree, TVGN_NEXTVISIBLE, node);
   }
 }
 
@@ -351,18 +391,21 @@ void PrintLines(HWND list) {
 
 BOOL CALLBACK PrintContent(HWND control, LPARAM window) {
   if (GetParent(control) != reinterpret_cast<HWND>(window)) return TRUE;
+  if (inSight && IsWindowVisible(control) == FALSE) return TRUE;
   PrintControl(control, window);
-  PrintDrawing(control);
+  if (inSight) PrintDrawing(control);
   std::array<wchar_t, 64> name{};
   GetClassNameW(control, name.data(), static_cast<int>(name.size()));
-  const RemoteRoom room(control);
   const std::wstring kind(name.data());
   if (kind == WC_LISTVIEWW) {
+    const RemoteRoom room(control);
     PrintColumns(room, control);
-    PrintColumnDrawings(room, control);
+    if (inSight) PrintColumnDrawings(room, control);
     PrintRows(room, control, "row", 2);
   } else if (kind == WC_TREEVIEWW) {
-    PrintNodes(room, control, Next(control, TVGN_ROOT, nullptr), 0);
+    const RemoteRoom room(control);
+    inSight ? PrintNodesInSight(room, control)
+            : PrintNodes(room, control, Next(control, TVGN_ROOT, nullptr), 0);
   } else if (kind == L"ListBox") {
     PrintLines(control);
   }
@@ -427,6 +470,8 @@ int main() {
   _setmode(_fileno(stdin), _O_BINARY);
   _setmode(_fileno(stdout), _O_BINARY);
   for (std::string asked; std::getline(std::cin, asked);) {
+    inSight = asked.starts_with('+');
+    if (inSight) asked.erase(0, 1);
     const bool found = asked.empty() ? PrintMainWindow()
                                      : PrintWindow(windows::ToWide(FromUtf8(asked).value_or(Text())).c_str());
     std::puts(found ? "end" : "none");
