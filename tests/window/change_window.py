@@ -225,8 +225,9 @@ class Contrast(Restyled):
     def check_texts(self, shown, picture):
         """Each text that a window shows; returns how many."""
         checked = 0
-        places = [(control["text"], control["rect"]) for control in shown.controls.values()
-                  if control["visible"] and control["text"]]
+        # The maker's link shows its words only while it has the focus or the mouse is over it.
+        places = [(control["text"], control["rect"]) for number, control in shown.controls.items()
+                  if control["visible"] and control["text"] and (number != driver.MAKER_LINK or control["focus"])]
         if isinstance(shown, driver.Shown):
             content = shown.columns + shown.rows + [n for n in shown.nodes if shown.control(n["tree"])["visible"]]
         else:
