@@ -193,8 +193,8 @@ class Privacy(Trees):
         self.assertGreater(label[2], tree[2])
         middle = (label[1] + label[3]) // 2
         # Left of the edge the upper half of the row is empty, and the points stand in the lower half.
-        self.assertEqual(len(self.colors((tree[2] - 12, label[1] + 1, tree[2] - 2, middle))), 1)
-        self.assertGreater(len(self.colors((tree[2] - 12, middle, tree[2] - 2, label[3]))), 1)
+        self.assertEqual(len(self.colors((tree[2] - 22, label[1] + 1, tree[2] - 2, middle))), 1)
+        self.assertGreater(len(self.colors((tree[2] - 22, middle, tree[2] - 2, label[3]))), 1)
         self.program.move(label[0] + 20, middle)
         driver.wait_for("the tip", lambda: self.tip() == self.CUT)
         self.program.screenshot("privacy-tip")
