@@ -44,7 +44,7 @@ WHITE = {"Window": "255 255 255", "WindowText": "0 0 0", "GrayText": "96 0 0", "
 
 
 def setUpModule():
-    """The first start writes the settings. All later ones begin with them: a big window where it fits."""
+    """The first start writes the settings. All later ones begin with them, and have a big window where it fits."""
     shutil.rmtree(FOLDER, ignore_errors=True)
     FOLDER.mkdir(parents=True)
     machine = driver.Machine()
@@ -78,6 +78,7 @@ class Pictures(OptionsCase):
 
     def before(self):
         shutil.copytree(FOLDER / "settings", self.data)
+        self.machine.set_interface_size("Auto")
         text = "[HKEY_CURRENT_USER\\Control Panel\\Colors]\n"
         text += "".join(f'"{name}"="{value}"\n' for name, value in self.colors.items())
         if self.high_contrast():

@@ -158,7 +158,7 @@ struct Drawing {
 // The pictures of the windows and the browser's place: their text is a name that isn't drawn.
 bool IsPicture(int number) {
   return (number >= kIdTitleHelp && number <= kIdClose) || (number >= kIdPrivacy && number <= kIdOneClick) ||
-         number == kIdProductLink || number == kIdMakerLink || number == kIdBusyPage ||
+         number == kIdProductLink || number == kIdBusyPage ||
          number == kIdPagePicture;
 }
 
