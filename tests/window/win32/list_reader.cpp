@@ -158,8 +158,7 @@ struct Drawing {
 // The pictures of the windows and the browser's place: their text is a name that isn't drawn.
 bool IsPicture(int number) {
   return (number >= kIdTitleHelp && number <= kIdClose) || (number >= kIdPrivacy && number <= kIdOneClick) ||
-         number == kIdProductLink || number == kIdBusyPage ||
-         number == kIdPagePicture;
+         number == kIdProductLink || number == kIdBusyPage || number == kIdPagePicture;
 }
 
 Drawing DrawingOf(HWND control) {
