@@ -161,9 +161,23 @@ std::optional<Text> CleanOracle::InBackup(TextView name) const {
   return disk_.Find(key) == nullptr ? std::optional(key) : std::nullopt;
 }
 
+bool CleanOracle::LinkStandsAt(TextView path) const {
+  const auto key = disk_.Resolve(path, false);
+  return key && disk_.Find(*key) != nullptr && disk_.Find(*key)->kind == EntryKind::Link;
+}
+
+// A link to nothing stands, though there is neither a file nor a folder.
+bool CleanOracle::FileIsGone(TextView path) const {
+  return !disk_.IsFile(path) && (disk_.IsFolder(path) || !LinkStandsAt(path));
+}
+
+bool CleanOracle::FolderIsGone(TextView path) const {
+  return !disk_.IsFolder(path) && (disk_.IsFile(path) || !LinkStandsAt(path));
+}
+
 bool CleanOracle::CleanFile(const Row& row) {
   const auto place = PlaceOf(row);
-  if (!place) return !disk_.IsFile(*Payload(row.fields.tag));
+  if (!place) return FileIsGone(*Payload(row.fields.tag));
   const Text path = place->Path();
   if (!HasPlainNames(path)) return false;
   if (const auto key = FileTarget(*place)) {
@@ -179,7 +193,7 @@ bool CleanOracle::CleanFile(const Row& row) {
       if (saved && !(otherVolume && disk_.Find(*key)->kind == EntryKind::Link)) disk_.Move(*key, *saved);
     }
   }
-  return !disk_.IsFile(path);
+  return FileIsGone(path);
 }
 
 bool CleanOracle::CleanFolder(const Row& row) {
@@ -197,7 +211,7 @@ bool CleanOracle::CleanFolder(const Row& row) {
       disk_.Remove(*key);
     }
   }
-  return !disk_.IsFolder(path);
+  return FolderIsGone(path);
 }
 
 void CleanOracle::DeleteKey(Text hive, TextView key) {

@@ -74,6 +74,9 @@ class CleanOracle {
   static std::optional<Place> PlaceOf(const Row& row);
 
   bool Execute(const Row& row);
+  bool LinkStandsAt(TextView path) const;
+  bool FileIsGone(TextView path) const;
+  bool FolderIsGone(TextView path) const;
   bool CleanFile(const Row& row);
   bool CleanFolder(const Row& row);
   std::optional<Text> FileTarget(const Place& place) const;
