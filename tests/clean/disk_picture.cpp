@@ -99,7 +99,7 @@ std::optional<Text> DiskPicture::Resolve(TextView path, bool followLast) const {
   return items.find(Join(real))->first;
 }
 
-const DiskItem* DiskPicture::Find(TextView key) const {
+const DiskItem* DiskPicture::Find(TextView key) const& {
   const auto found = items.find(Text(key));
   return found != items.end() ? &found->second : nullptr;
 }

@@ -41,7 +41,9 @@ class DiskPicture {
   std::optional<Text> Resolve(TextView path, bool followLast) const;
   bool IsFolder(TextView path) const;
   bool IsFile(TextView path) const;
-  const DiskItem* Find(TextView key) const;
+  const DiskItem* Find(TextView key) const&;
+  const DiskItem* Find(TextView key) && = delete;  // the item would go with the picture
+  bool Has(TextView key) const { return Find(key) != nullptr; }
 
   // The keys of the items directly in a folder.
   std::vector<Text> Children(TextView key) const;

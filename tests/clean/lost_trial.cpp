@@ -396,7 +396,7 @@ class Trial {
     store_.onRemovalOfFolder = [this](TextView name) {
       for (const Text& key : filled_) {
         const Text file = Concat(key, u"\\late.doc");
-        const bool there = testDisk_.Picture().Find(key) != nullptr;
+        const bool there = testDisk_.Picture().Has(key);
         if (!EqualIgnoringCase(NameOf(key), name) || !there || judge_.before.Find(file) != nullptr) continue;
         judge_.before.items[file] = NewFile();
         Put(file, judge_.before.items[file]);
@@ -417,8 +417,9 @@ class Trial {
     }
     const int number = store_.calls + 1 + static_cast<int>(dice_.Below(size_t{1} << dice_.Below(12)));
     store_.onCall = [this, number, &rows, from = *folder, to = *elsewhere](int call) {
-      const DiskItem* now = call == number ? testDisk_.Picture().Find(from) : nullptr;
-      if (now == nullptr || now->kind != EntryKind::Folder) return;
+      if (call != number) return;
+      const DiskPicture now = testDisk_.Picture();
+      if (!now.Has(from) || now.Find(from)->kind != EntryKind::Folder) return;
       judge_.swapped = from;
       testDisk_.Rename(from, kMovedAside);
       Put(from, {EntryKind::Link, {}, Concat(u"\\", to)});
