@@ -169,9 +169,6 @@ class Installing(unittest.TestCase):
             return []
         return [line["text"] for line in lines if "control" in line and line["visible"]]
 
-    def key(self, *names):
-        subprocess.run(["xdotool", "key", *names], env=self.machine.environment, check=True)
-
     def test_it_asks_for_the_language_and_shows_itself_in_it(self):
         setup = self.machine.tool(SETUP)
         process = subprocess.Popen([driver.WINE, setup], env=self.machine.environment)
@@ -180,13 +177,13 @@ class Installing(unittest.TestCase):
         self.assertTrue(any("Bitte wählen Sie eine Sprache." in text for text in asked), asked)
         self.screenshot("installer-language")
         # The list has the focus. It holds Deutsch and English.
-        self.key("d", "Return")
+        self.machine.key("d", "Return")
         wait_for("the folder's page", lambda: "Zielverzeichnis auswählen" in self.texts("Installation von Tavix"))
         self.screenshot("installer-german")
         self.assertIn("&Installieren", self.texts("Installation von Tavix"))
-        self.key("alt+i")
+        self.machine.key("alt+i")
         wait_for("the end", lambda: "Die Installation ist vollständig" in self.texts("Installation von Tavix"))
-        self.key("Return")
+        self.machine.key("Return")
         self.assertEqual(process.wait(timeout=driver.PATIENCE), 0)
         self.assertEqual(self.catalogues(), ["de"])
         self.assertEqual(self.shown_words(), ("Suchen", "Bereinigen"))

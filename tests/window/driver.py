@@ -65,8 +65,7 @@ def wait_for(what, condition):
 
 
 def environment(prefix, display):
-    """The environment of the prefix's programs. Wine's errors are shown: now and then one of its processes ends at once
-    with status 1, and nobody knows why yet."""
+    """The environment of the prefix's programs. Wine's errors are shown: a test that fails says what Wine said."""
     return {"WINEDEBUG": "-all,err+all", **os.environ, "WINEPREFIX": str(prefix), "DISPLAY": display}
 
 
@@ -165,12 +164,32 @@ class Machine:
         self.drive_c = prefix / "drive_c"
         self._tools = {}
         self._reader = None
+        self._root = None
 
     def look(self, window_class=""):
         """What a visible window shows, by its class; "" is the main window. None if there is no such window."""
         if self._reader is None:
             self._reader = Reader(self)
         return self._reader.read(window_class)
+
+    def pointer(self, *arguments):
+        """Moves, presses and releases the mouse, as `xdotool` takes it."""
+        subprocess.run(["xdotool", *arguments], env=self.environment, check=True)
+
+    def keyboard(self, *arguments):
+        """Presses and releases keys, as `xdotool` takes it. When a window has closed, no window has the keyboard for a
+        moment, though Windows' focus is in the next one already. The server drops what is pressed then."""
+        if self._root is None:
+            self._root = self._number_of("search", "--maxdepth", "0", "--name", "")
+        nowhere = (0, 1, self._root)
+        wait_for("a window to have the keyboard", lambda: self._number_of("getwindowfocus", "-f") not in nowhere)
+        subprocess.run(["xdotool", *arguments], env=self.environment, check=True)
+
+    def _number_of(self, *command):
+        return int(subprocess.run(["xdotool", *command], env=self.environment, check=True, stdout=subprocess.PIPE).stdout)
+
+    def key(self, *names):
+        self.keyboard("key", *names)
 
     def close_reader(self):
         if self._reader is not None:
@@ -276,20 +295,20 @@ class Program:
         subprocess.run(command, env=self.machine.environment, check=True)
 
     def key(self, *names):
-        self._tool("xdotool", "key", *names)
+        self.machine.key(*names)
 
     def click(self, rectangle, x=None, button=1, held=()):
         """Clicks into the middle of a rectangle, or `x` pixels from its left end, with the keys `held` down."""
         left, top, right, bottom = rectangle
         at = (left + right) // 2 if x is None else left + x
         for key in held:
-            self._tool("xdotool", "keydown", key)
-        self._tool("xdotool", "mousemove", str(at), str((top + bottom) // 2), "click", str(button))
+            self.machine.keyboard("keydown", key)
+        self.machine.pointer("mousemove", str(at), str((top + bottom) // 2), "click", str(button))
         for key in held:
-            self._tool("xdotool", "keyup", key)
+            self.machine.keyboard("keyup", key)
 
     def move(self, x, y):
-        self._tool("xdotool", "mousemove", str(x), str(y))
+        self.machine.pointer("mousemove", str(x), str(y))
 
     def move_onto(self, rectangle):
         self.move((rectangle[0] + rectangle[2]) // 2, (rectangle[1] + rectangle[3]) // 2)
@@ -321,14 +340,14 @@ class Program:
 
     def _press(self, point):
         self.move(*point)
-        self._tool("xdotool", "mousedown", "1")
+        self.machine.pointer("mousedown", "1")
 
     def _move_in_steps(self, start, by):
         for step in range(1, 6):
             self.move(start[0] + by[0] * step // 5, start[1] + by[1] * step // 5)
 
     def _release(self):
-        self._tool("xdotool", "mouseup", "1")
+        self.machine.pointer("mouseup", "1")
 
     def settle(self):
         """Waits until all keys and clicks so far have been handled. Input is handled in order: once a Tab has moved the

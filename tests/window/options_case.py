@@ -2,7 +2,6 @@
 import json
 import pathlib
 import shutil
-import subprocess
 
 import driver
 from control_ids import ids
@@ -137,8 +136,7 @@ class OptionsCase(SeededMachine):
 
     def key_held(self, held, name):
         """Presses and releases a key while another one is held down."""
-        subprocess.run(["xdotool", "keydown", held, "key", name, "keyup", held], env=self.machine.environment,
-                       check=True)
+        self.machine.keyboard("keydown", held, "key", name, "keyup", held)
 
     def click(self, rectangle, x=None, **more):
         self.program.click(rectangle, x, **more)
@@ -188,7 +186,7 @@ class OptionsCase(SeededMachine):
         self.click(self.window(name).control(number)["rect"])
 
     def type(self, text):
-        subprocess.run(["xdotool", "type", "--delay", "20", text], env=self.machine.environment, check=True)
+        self.machine.keyboard("type", "--delay", "20", text)
 
     def enter(self, number, text, name=OPTIONS_WINDOW):
         """Replaces the text of a box as a user does: the box selects its text when it gets the focus."""

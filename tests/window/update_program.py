@@ -122,12 +122,11 @@ class UpdateTest(unittest.TestCase):
         wait_for("the menu", lambda: self.window().menu)
 
     def key(self, *names):
-        subprocess.run(["xdotool", "key", *names], env=self.machine.environment, check=True)
+        self.machine.key(*names)
 
     def click(self, rectangle):
         left, top, right, bottom = rectangle
-        subprocess.run(["xdotool", "mousemove", str((left + right) // 2), str((top + bottom) // 2), "click", "1"],
-                       env=self.machine.environment, check=True)
+        self.machine.pointer("mousemove", str((left + right) // 2), str((top + bottom) // 2), "click", "1")
 
     def screenshot(self, name):
         folder = driver.WORK / "screenshots"
