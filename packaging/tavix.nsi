@@ -1,4 +1,5 @@
-; The installer of Tavix. ./release builds it and defines VERSION, FILES, OUTPUT, SITE and SIZE (in KB).
+; The installer of Tavix. ./release builds it and defines VERSION, FILES, OUTPUT, SITE, SIZE (in KB), and SIGN, the
+; program that signs a file, if the release is signed.
 ;
 ; The installer asks for a language, shows itself in it and puts its catalogues beside the program.
 ; /Language=en or /Language=de chooses it, and a silent installer asks nothing: it takes the language of the
@@ -23,11 +24,16 @@ Name "Tavix"
 OutFile "${OUTPUT}"
 InstallDir "$PROGRAMFILES64\Tavix"
 BrandingText "Tavix ${VERSION}"
+!ifdef SIGN
+  !finalize '"${SIGN}" "%1"' = 0
+  !uninstfinalize '"${SIGN}" "%1"' = 0
+!endif
 VIProductVersion "${VERSION}.0"
 
 !define MUI_ICON "${FILES}\..\icon.ico"
 !define MUI_UNICON "${FILES}\..\icon.ico"
 !define MUI_ABORTWARNING
+!insertmacro MUI_PAGE_LICENSE "${FILES}\LICENSE.txt"
 !insertmacro MUI_PAGE_DIRECTORY
 !insertmacro MUI_PAGE_INSTFILES
 !insertmacro MUI_UNPAGE_CONFIRM
@@ -189,6 +195,8 @@ Section
   ClearErrors
   File "${FILES}\tavix.exe"
   File "${FILES}\Help.chm"
+  File "${FILES}\LICENSE.txt"
+  File "${FILES}\NOTICES.txt"
   ; The catalogues beside the program are those that it shows.
   ${If} $LANGUAGE == ${LANG_GERMAN}
     File "${FILES}\lang\de\tips.dll"
@@ -279,6 +287,8 @@ Section "Uninstall"
   Delete "$INSTDIR\tavix.exe"
   Delete "$INSTDIR\Help.chm"
   Delete "$INSTDIR\Help.chw"
+  Delete "$INSTDIR\LICENSE.txt"
+  Delete "$INSTDIR\NOTICES.txt"
   Delete "$INSTDIR\tips.dll"
   Delete "$INSTDIR\menus.dll"
   Delete "$INSTDIR\res\scan.htm"

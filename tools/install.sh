@@ -4,7 +4,7 @@
 #   window   a display without a screen, keys, clicks and screenshots
 #   check    formatter, linter, fuzzers
 #   help     compiler of the help file
-#   release  builder of the installer, packer of the zip
+#   release  builder of the installer, packer of the zip, signer, readers of the manifests
 
 packages() {
   case "$1" in
@@ -12,7 +12,7 @@ packages() {
     windows) echo g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64 wine wine64 ;;
     window) echo xvfb xauth xdotool imagemagick openbox fonts-dejavu-core ;;
     help) echo fp-utils ;;
-    release) echo nsis zip ;;
+    release) echo nsis zip osslsigncode openssl python3-jsonschema python3-yaml ;;
     check) echo clang clang-format clang-tidy libclang-rt-14-dev ;;
   esac
 }

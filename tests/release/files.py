@@ -141,7 +141,9 @@ class Program(unittest.TestCase):
 class Folder(unittest.TestCase):
     def test_it_holds_what_the_site_serves(self):
         self.assertEqual({file.name for file in DIST.iterdir()},
-                         {"tavix-setup.exe", f"tavix-{VERSION}-portable.zip", "latestver.txt", "update.txt", "faq.htm"})
+                         {"tavix-setup.exe", f"tavix-{VERSION}-portable.zip", f"tavix-console-{VERSION}.zip",
+                          "latestver.txt", "update.txt", "faq.htm", "SHA256SUMS", f"tavix-{VERSION}.spdx.json", "winget",
+                          "scoop"})
 
     def test_the_version_is_that_of_the_program_and_nothing_else(self):
         self.assertEqual((DIST / "latestver.txt").read_bytes(), VERSION.encode())
@@ -157,10 +159,33 @@ class Folder(unittest.TestCase):
         with zipfile.ZipFile(DIST / f"tavix-{VERSION}-portable.zip") as portable:
             self.assertIsNone(portable.testzip())
             self.assertEqual(sorted(portable.namelist()),
-                             ["Tavix/Help.chm", "Tavix/README.txt", "Tavix/lang/de/menus.dll", "Tavix/lang/de/tips.dll",
+                             ["Tavix/Help.chm", "Tavix/LICENSE.txt", "Tavix/NOTICES.txt", "Tavix/README.txt", "Tavix/lang/de/menus.dll", "Tavix/lang/de/tips.dll",
                               "Tavix/lang/en/menus.dll", "Tavix/lang/en/tips.dll", "Tavix/menus.dll",
                               "Tavix/res/scan.gif", "Tavix/res/scan.htm", "Tavix/tavix.exe", "Tavix/tips.dll"])
             self.assertEqual(portable.read("Tavix/tips.dll"), (SOURCE / "res/lang/en/tips.dll").read_bytes())
+
+    def test_the_zip_of_the_console_holds_it_and_its_words(self):
+        with zipfile.ZipFile(DIST / f"tavix-console-{VERSION}.zip") as archive:
+            self.assertIsNone(archive.testzip())
+            self.assertEqual(sorted(archive.namelist()), [f"Tavix Console/{name}" for name in (
+                "LICENSE.txt", "NOTICES.txt", "README.txt", "tavix-console.exe")])
+            self.assertIn(f"Tavix console {VERSION}\r\n", archive.read("Tavix Console/README.txt").decode("utf-8"))
+            program = Executable(archive.read("Tavix Console/tavix-console.exe"))
+        self.assertLessEqual(program.imports(), SYSTEM_LIBRARIES)
+        self.assertEqual(program.subsystem, 3)
+        self.assertEqual(program.time, 0)
+
+    def test_licence_and_notices_are_those_of_the_tree(self):
+        for archive, folder in ((f"tavix-{VERSION}-portable.zip", "Tavix"),
+                                (f"tavix-console-{VERSION}.zip", "Tavix Console")):
+            with zipfile.ZipFile(DIST / archive) as packed:
+                for name, source in (("LICENSE.txt", "LICENSE"), ("NOTICES.txt", "packaging/notices.txt")):
+                    self.assertEqual(packed.read(f"{folder}/{name}").replace(b"\r\n", b"\n"),
+                                     (SOURCE / source).read_bytes())
+
+    def test_the_change_log_begins_with_this_version(self):
+        log = (SOURCE / "CHANGELOG.md").read_text(encoding="utf-8")
+        self.assertEqual(re.search(r"^## (\S+)", log, re.M)[1], VERSION)
 
     def test_the_zip_tells_how_to_turn_it_german_and_back(self):
         with zipfile.ZipFile(DIST / f"tavix-{VERSION}-portable.zip") as portable:

@@ -17,7 +17,7 @@ DIST = pathlib.Path(os.environ["TAVIX_DIST"]).resolve()
 SETUP = DIST / "tavix-setup.exe"
 VERSION = (DIST / "latestver.txt").read_text(encoding="ascii")
 UNINSTALL = "HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows\\CurrentVersion\\Uninstall"
-INSTALLED = {"tavix.exe", "uninstall.exe", "Help.chm", "tips.dll", "menus.dll", "res", "res/scan.htm", "res/scan.gif",
+INSTALLED = {"tavix.exe", "uninstall.exe", "Help.chm", "LICENSE.txt", "NOTICES.txt", "tips.dll", "menus.dll", "res", "res/scan.htm", "res/scan.gif",
              "lang",
              *(f"lang/{name}" for name in ("de", "de/tips.dll", "de/menus.dll", "en", "en/tips.dll", "en/menus.dll"))}
 CATALOGUES = ("tips.dll", "menus.dll")
@@ -126,6 +126,21 @@ class Installing(unittest.TestCase):
         self.scan_and_close()
         self.assertEqual((self.data / "tvx.dll").read_bytes(), settings)
 
+    def test_installed_again_it_mends_what_was_damaged(self):
+        self.install()
+        whole = {name: (self.folder / name).read_bytes() for name in sorted(INSTALLED) if (self.folder / name).is_file()}
+        (self.folder / "tips.dll").unlink()
+        (self.folder / "tavix.exe").write_bytes(whole["tavix.exe"][:1000])
+        (self.menu / "Tavix" / "Tavix.lnk").unlink()
+        self.machine.run("reg", "delete", UNINSTALL + "\\Tavix", "/f")
+        self.install()
+        # The uninstaller is made on the machine, with the time of its making.
+        del whole["uninstall.exe"]
+        for name, data in whole.items():
+            self.assertEqual((self.folder / name).read_bytes(), data, name)
+        self.assertTrue((self.menu / "Tavix" / "Tavix.lnk").exists())
+        self.assertIn(VERSION, str(self.entry()))
+
     def catalogues(self):
         """The language whose catalogues lie beside the program."""
         return [language for language in ("en", "de") if all(
@@ -163,8 +178,7 @@ class Installing(unittest.TestCase):
 
     def texts(self, title):
         """The texts of the installer's window whose title begins with `title`, or none."""
-        output = self.machine.run(driver.READER, BOX, allowed=(0, 1))
-        lines = [json.loads(line) for line in (output or "").splitlines()]
+        lines = [json.loads(line) for line in self.machine.look(BOX) or ()]
         if not lines or not lines[-1]["title"].startswith(title):
             return []
         return [line["text"] for line in lines if "control" in line and line["visible"]]
@@ -178,6 +192,10 @@ class Installing(unittest.TestCase):
         self.screenshot("installer-language")
         # The list has the focus. It holds Deutsch and English.
         self.machine.key("d", "Return")
+        wait_for("the licence", lambda: any("Copyright (c) 2026 the Tavix authors" in text
+                                            for text in self.texts("Installation von Tavix")))
+        self.screenshot("installer-licence")
+        self.machine.key("alt+a")
         wait_for("the folder's page", lambda: "Zielverzeichnis auswählen" in self.texts("Installation von Tavix"))
         self.screenshot("installer-german")
         self.assertIn("&Installieren", self.texts("Installation von Tavix"))
