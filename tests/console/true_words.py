@@ -121,6 +121,12 @@ class TrueWords(unittest.TestCase):
                 unknown = [test for test in holds if test not in KINDS and test not in there]
                 self.assertEqual(unknown, [], f"{name}: {sentence}")
 
+    def test_the_tests_that_documents_name_exist(self):
+        suites = {name.split(".")[0] for name in tests()}
+        for file in [*TOP.glob("*.md"), *(TOP / "docs").glob("*.md")]:
+            for name in re.findall(r"[`=']\*?(\w+)\.\*['`]", file.read_text(encoding="utf-8")):
+                self.assertIn(name, suites, file.name)
+
     def test_a_claim_of_finding_keeping_or_removing_is_not_marked_words(self):
         for name, sentences in table().items():
             claims = [sentence for sentence, holds in sentences.items() if holds == ["words"] and CLAIM.search(sentence)]
