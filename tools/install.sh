@@ -8,7 +8,7 @@
 
 packages() {
   case "$1" in
-    native) echo g++ cmake ninja-build python3 googletest libbenchmark-dev ;;
+    native) echo g++ cmake ninja-build python3 python3-jsonschema googletest libbenchmark-dev ;;
     windows) echo g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64 wine wine64 ;;
     window) echo xvfb xauth xdotool imagemagick openbox fonts-dejavu-core ;;
     help) echo fp-utils ;;

@@ -18,6 +18,4 @@ std::unique_ptr<LiveSystem> UseLiveSystem(std::string& error);
 // The command-line arguments after the program's name, in UTF-8.
 std::vector<std::string> Arguments(int count, char** values);
 
-bool StandardErrorIsTerminal();
-
 }  // namespace tavix::console

@@ -1,7 +1,5 @@
 #include "console/live.h"
 
-#include <unistd.h>
-
 namespace tavix::console {
 
 std::unique_ptr<LiveSystem> UseLiveSystem(std::string& error) {
@@ -10,7 +8,5 @@ std::unique_ptr<LiveSystem> UseLiveSystem(std::string& error) {
 }
 
 std::vector<std::string> Arguments(int count, char** values) { return {values + 1, values + count}; }
-
-bool StandardErrorIsTerminal() { return isatty(STDERR_FILENO) != 0; }
 
 }  // namespace tavix::console

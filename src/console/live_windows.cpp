@@ -34,9 +34,4 @@ std::vector<std::string> Arguments(int, char**) {
   return arguments;
 }
 
-bool StandardErrorIsTerminal() {
-  DWORD mode = 0;
-  return GetConsoleMode(GetStdHandle(STD_ERROR_HANDLE), &mode) != FALSE;
-}
-
 }  // namespace tavix::console

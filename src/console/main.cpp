@@ -6,6 +6,7 @@
 #include "console/live.h"
 #include "console/options.h"
 #include "console/session.h"
+#include "console/terminal.h"
 #include "console/unattended.h"
 #include "forms/product.h"
 #include "platform/machine/host/machine_clock.h"
@@ -33,7 +34,7 @@ int Fail(int status, std::string reason) {
   for (char& c : reason) {
     if ((c >= 0 && c < ' ') || c == 0x7F) c = '?';
   }
-  std::fprintf(stderr, "tavix-console: %s\n", reason.c_str());
+  console::WriteText(stderr, "tavix-console: " + reason + "\n");
   return status;
 }
 
@@ -67,6 +68,11 @@ int RunOverFolder(const console::Options& options) {
 }
 
 int RunOverSystem(const console::Options& options) {
+  if ((options.clean || options.oneClick) && !options.yes &&
+      !(console::IsTerminal(stdin) && console::IsTerminal(stderr))) {
+    return Fail(kWrongArguments,
+                "--live cleans this computer: without a terminal to ask on, --yes is needed");
+  }
   std::string error;
   const auto system = console::UseLiveSystem(error);
   if (system == nullptr) return Fail(kWrongArguments, error);
@@ -87,7 +93,7 @@ int main(int count, char** values) {
   if (!options) return Fail(kWrongArguments, error);
   int status = 0;
   if (options->help) {
-    std::fputs(console::kHelp, stdout);
+    console::WriteText(stdout, console::kHelp);
   } else if (options->version) {
     std::puts(("tavix-console " + ToUtf8(kProductVersion)).c_str());
   } else {

@@ -24,12 +24,28 @@ const char* const kHelp =
                        C:\Users\Ann (repeatable)
   --set "S/K=V"        writes a setting after start-up and loads the settings anew (repeatable)
   --untick N, --tick N the mark of result row N, after the scan (repeatable)
-  --clean              presses Clean (Repair on the Registry page) after the scan
+  --clean              presses Clean (Repair on the Registry page) after the scan. With --live it asks once
+                       before anything is removed, and so does --one-click
+  --yes                answers that question; needed where no terminal is there to ask on
   --now TIME           the machine's date and time, YYYY-MM-DDThh:mm:ss, standing still
   --json               one JSON object a line; without it a table
   --help, --version
 
-Exit status: 0 the run took place; 2 the arguments are wrong; 3 the machine can't be read.
+Exit status:
+  0  the run took place, whatever it found; also if you answered the question with no
+  1  the output can't be written
+  2  the arguments are wrong, and nothing was cleaned
+  3  the machine can't be read
+
+Examples:
+  tavix-console --live --page system
+      lists what the System page finds on this computer, and removes nothing
+  tavix-console --live --function "Temporary Files" --page system --clean
+      shows the temporary files of this computer, asks, and removes them
+  tavix-console --machine DIR --page advanced --scope "C:\Users\Ann" --json
+      searches one folder of a machine folder, for other programs to read
+  tavix-console --machine DIR --page registry --untick 3 --clean
+      repairs all that is found but the third row
 )";
 
 namespace {
@@ -125,6 +141,7 @@ const OptionRule kRules[] = {
     {"--untick", true, true, [](Options& o, const std::string& v) { return AddMark(o, v, false); }},
     {"--tick", true, true, [](Options& o, const std::string& v) { return AddMark(o, v, true); }},
     {"--clean", false, false, [](Options& o, const std::string&) { return Flag(o.clean); }},
+    {"--yes", false, false, [](Options& o, const std::string&) { return Flag(o.yes); }},
     {"--now", true, false, SetNow},
     {"--json", false, false, [](Options& o, const std::string&) { return Flag(o.json); }},
     {"--help", false, false, [](Options& o, const std::string&) { return Flag(o.help); }},
@@ -136,6 +153,8 @@ std::string Contradiction(const Options& options) {
   if (options.machine.has_value() == options.live) {
     return options.live ? "--machine and --live exclude each other" : "--machine DIR or --live is missing";
   }
+  if (options.yes && !options.live) return "--yes needs --live";
+  if (options.yes && !options.clean && !options.oneClick) return "--yes needs --clean or --one-click";
   if (options.oneClick && !options.functions.empty()) return "--one-click and --function exclude each other";
   if (options.oneClick && !options.scopes.empty()) return "--one-click and --scope exclude each other";
   if (!options.scopes.empty() && options.page != u"advanced") return "--scope needs --page advanced";

@@ -30,6 +30,7 @@ struct Options {
   };
   std::vector<Mark> marks;  // in the order of the arguments
   bool clean = false;
+  bool yes = false;  // cleans the running system without a question
   bool json = false;
   std::optional<platform::DateTime> now;
 };

@@ -4,13 +4,28 @@
 #include <string>
 #include <utility>
 
-#include "console/live.h"
 #include "console/report.h"
+#include "console/terminal.h"
 #include "forms/main_form.h"
 #include "text/utf8.h"
 
 namespace tavix::console {
-Progress::Progress(bool wanted) : shown_(wanted && StandardErrorIsTerminal()) {
+namespace {
+
+constexpr size_t kWidth = 75;  // of the line, in columns; a terminal has 80
+// A terminal is slow, and nobody reads more lines than these.
+constexpr auto kPause = std::chrono::milliseconds(100);
+
+void Show(TextView line) {
+  Text padded(line);
+  padded.resize(kWidth, u' ');
+  WriteText(stderr, ToUtf8(Concat(u"\r", padded, u"\r")));
+  std::fflush(stderr);
+}
+
+}  // namespace
+
+Progress::Progress(bool wanted) : shown_(wanted && IsTerminal(stderr)) {
   if (!shown_) return;
   frmPubMain.lblProgS.peer = this;
   frmPubMain.lblProgMI.peer = this;
@@ -24,18 +39,17 @@ Progress::~Progress() {
 }
 
 void Progress::Clear() {
-  if (!std::exchange(onScreen_, false)) return;
-  std::fputs("\r\033[K", stderr);
-  std::fflush(stderr);
+  if (std::exchange(onScreen_, false)) Show({});
 }
 
 void Progress::ModelChanged() {
-  constexpr size_t kWidth = 70;
-  const std::string percent = ToUtf8(frmPubMain.lblProgMI.Caption.Get());
-  const std::string status = ToUtf8(BeginningOf(frmPubMain.lblProgS.Caption.Get(), kWidth));
+  const auto now = std::chrono::steady_clock::now();
+  if (onScreen_ && now - last_ < kPause) return;
+  last_ = now;
   onScreen_ = true;
-  std::fprintf(stderr, "\r\033[K%4s %s", percent.c_str(), status.c_str());
-  std::fflush(stderr);
+  Text percent = frmPubMain.lblProgMI.Caption.Get();
+  percent.insert(0, percent.size() < 4 ? 4 - percent.size() : 0, u' ');
+  Show(BeginningOf(Concat(percent, u" ", frmPubMain.lblProgS.Caption.Get()), kWidth));
 }
 
 }  // namespace tavix::console

@@ -1,11 +1,13 @@
 #pragma once
 
+#include <chrono>
+
 #include "controls/control.h"
 
 namespace tavix::console {
 
-// Shows the status line and the percentage of the running job on standard error, if that is a terminal and
-// `wanted` is true.
+// Shows the percentage and the status line of the running job on standard error, in one line that changes, if
+// that is a terminal and `wanted` is true.
 class Progress : public ControlPeer {
  public:
   explicit Progress(bool wanted);
@@ -18,6 +20,7 @@ class Progress : public ControlPeer {
 
  private:
   bool shown_;
+  std::chrono::steady_clock::time_point last_;
   static inline bool onScreen_ = false;
 };
 

@@ -6,6 +6,7 @@
 #include "console/choices.h"
 #include "console/progress.h"
 #include "console/report.h"
+#include "console/terminal.h"
 #include "forms/main_form.h"
 #include "frame/settings.h"
 #include "frame/start_up.h"
@@ -58,10 +59,26 @@ bool Review(const Options& options, std::string& error) {
   return true;
 }
 
+// Whether the ticked rows may be removed. Asks on the terminal before the running system is cleaned.
+bool IsAgreed(const Options& options) {
+  if (!options.live || options.yes) return true;
+  int ticked = 0;
+  for (int row = 1; row <= frmPubMain.lsvResult.Count(); ++row)
+    ticked += frmPubMain.lsvResult.Row(row).Checked() ? 1 : 0;
+  if (ticked == 0) return true;
+  WriteText(stderr,
+            "Remove what the " + std::to_string(ticked) + " ticked rows name from this computer? [y/N] ");
+  std::fflush(stderr);
+  const auto answer = ReadLine();
+  if (answer == "y" || answer == "Y" || answer == "yes") return true;
+  WriteText(stderr, "Nothing was removed.\n");
+  return false;
+}
+
 bool ScanAndClean(const Options& options, std::string& error) {
   frmPubMain.sbtScan.Click();
   if (!Review(options, error)) return false;
-  if (!options.clean) return true;
+  if (!options.clean || !IsAgreed(options)) return true;
   Button& button = frmPubMain.picRegistry.BorderStyle == 1 ? frmPubMain.sbtRepair : frmPubMain.sbtClean;
   button.Click();
   Print(options, "clean");
@@ -73,14 +90,16 @@ bool OneClick(const Options& options, std::string& error) {
   Event<>& press = frmPubMain.sbtClean.Click;
   const Event<> clean = press;
   bool reviewed = false;
+  bool agreed = false;
   error = "the one-click run was not started";
   press = [&] {
     reviewed = Review(options, error);
-    if (reviewed) clean();
+    agreed = reviewed && IsAgreed(options);
+    if (agreed) clean();
   };
   frmPubMain.picOne.MouseUp(kLeftButton);
   press = clean;
-  if (reviewed) Print(options, "clean");
+  if (agreed) Print(options, "clean");
   return reviewed;
 }
 

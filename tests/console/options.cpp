@@ -111,6 +111,14 @@ TEST(ConsoleOptions, AScopeNeedsTheAdvancedPage) {
   EXPECT_EQ(ErrorOf({"--live", "--page", "system", "--scope", "C:"}), "--scope needs --page advanced");
 }
 
+TEST(ConsoleOptions, YesAnswersTheQuestionBeforeTheRunningSystemIsCleaned) {
+  std::string error;
+  EXPECT_TRUE(ReadOptions({"--live", "--clean", "--yes"}, error)->yes);
+  EXPECT_TRUE(ReadOptions({"--live", "--one-click", "--yes"}, error)->yes);
+  EXPECT_EQ(ErrorOf({"--machine", "m", "--clean", "--yes"}), "--yes needs --live");
+  EXPECT_EQ(ErrorOf({"--live", "--yes"}), "--yes needs --clean or --one-click");
+}
+
 TEST(ConsoleOptions, OneClickHasItsFunctionsFromTheSettings) {
   std::string error;
   EXPECT_FALSE(ReadOptions({"--live"}, error)->oneClick);

@@ -101,7 +101,7 @@ class FilePages(unittest.TestCase):
                     types.update(row["Type"].replace(live.user, "{user}") for row in on_live[:-1])
                     print(f"seed {seed}, {page}: {len(on_live) - 1} rows on both sides")
                 for page, arguments in CLEANED.items():
-                    self.assert_same(live.run("--clean", *arguments), native.run("--clean", *arguments))
+                    self.assert_same(live.run("--clean", "--yes", *arguments), native.run("--clean", *arguments))
                 left = files(live.drive_c)
                 self.assertEqual(left, files(native.drive_c))
                 print(f"seed {seed}: {len(left)} files and folders left on both sides")

@@ -84,7 +84,7 @@ class RegistryPage(unittest.TestCase):
         seed(live)
         found = self.both(live)
         before = self.registry(live)
-        left = [row for row in live.run("--page", "registry", "--clean") if row["stage"] == "clean" and "Type" in row]
+        left = [row for row in live.run("--page", "registry", "--clean", "--yes") if row["stage"] == "clean" and "Type" in row]
         self.assertEqual(left, [{**row, "row": number, "stage": "clean"} for number, row in
                                 enumerate((row for row in found if not row["Checked"]), 1)])
         expected = before

@@ -168,7 +168,9 @@ class Folder(unittest.TestCase):
         with zipfile.ZipFile(DIST / f"tavix-console-{VERSION}.zip") as archive:
             self.assertIsNone(archive.testzip())
             self.assertEqual(sorted(archive.namelist()), [f"Tavix Console/{name}" for name in (
-                "LICENSE.txt", "NOTICES.txt", "README.txt", "tavix-console.exe")])
+                "LICENSE.txt", "NOTICES.txt", "README.txt", "completions/_tavix-console",
+                "completions/tavix-console.bash", "completions/tavix-console.ps1", "console-output.schema.json",
+                "tavix-console.exe")])
             self.assertIn(f"Tavix console {VERSION}\r\n", archive.read("Tavix Console/README.txt").decode("utf-8"))
             program = Executable(archive.read("Tavix Console/tavix-console.exe"))
         self.assertLessEqual(program.imports(), SYSTEM_LIBRARIES)

@@ -85,7 +85,8 @@ class Planted(update_program.UpdateTest):
     def test_a_clean_runs_the_system_s_own_command(self):
         self.assertFalse((self.machine.prefix / "dosdevices" / "z:").is_symlink(), "a clean could reach this machine")
         self.machine.note_rundll32_calls()
-        process = self.start_among_them(self.beside / "tavix-console.exe", "--live", "--function", "ieafh", "--clean")
+        process = self.start_among_them(self.beside / "tavix-console.exe", "--live", "--function", "ieafh", "--clean",
+                                          "--yes")
         self.assertEqual(process.wait(timeout=driver.PATIENCE), 0)
         wait_for("the command", self.machine.rundll32_calls)
         self.wait_for_every_program()
