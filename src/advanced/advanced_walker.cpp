@@ -58,7 +58,7 @@ class AdvancedWalk {
     if (!visit.empty && !visit.content.IsRead() && fileSystemObject.FolderExists(path) == false) return false;
     frmPubMain.lblProgS.Caption = Concat(u"Scanning in '", shown, u"', please wait...");
     if (visit.empty) {
-      if (Names(funcs_, kEmptyFoldersAndFiles)) AddEmptyFolderRow(path, chain_.StartLength());
+      if (funcs_.emptyFoldersAndFiles) AddEmptyFolderRow(path, chain_.StartLength());
       return true;
     }
     junk_.Update();
@@ -77,7 +77,7 @@ class AdvancedWalk {
     }
   }
 
-  const Text funcs_;
+  const AdvancedFunctions funcs_;
   const bool recurse_;
   FolderChain chain_;
   FolderReader reader_;
