@@ -60,10 +60,9 @@ void ScanKey(const RegistryList& list, TextView key, RegistryLookups& lookups) {
   }
 }
 
-void ScanRegistryList(const RegistryList& list) {
+void ScanRegistryList(const RegistryList& list, RegistryLookups& lookups) {
   frmPubMain.lblProgS.Caption = Text(list.Status);
   frmPubMain.Refresh();
-  RegistryLookups lookups;
   if (list.Inner.empty()) return ScanKey(list, list.Root, lookups);
   Text folded;
   pubRegistry.EnumSubKeys(list.Hive, list.Root, folded);
@@ -104,7 +103,8 @@ Text RegistryEntry::Value() const {
 }
 
 void ScanRegistryLists(std::span<const RegistryList> lists) {
-  for (const RegistryList& list : lists) ScanRegistryList(list);
+  RegistryLookups lookups;
+  for (const RegistryList& list : lists) ScanRegistryList(list, lookups);
 }
 
 }  // namespace tavix::mdlPubSelf
