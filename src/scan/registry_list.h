@@ -66,6 +66,7 @@ struct RegistryEntry {
   TextView Name;  // name of the subkey or value
   TextView Data;  // data of the value, in a list of values
   RegistryLookups& Lookups;
+  platform::KeysBelow* Below = nullptr;  // of Key, for entries that are keys; null if it has none
 
   // The path of an entry that is a key.
   Text Path() const { return Concat(Key, u"\\", Name); }
