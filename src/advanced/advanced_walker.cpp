@@ -56,7 +56,7 @@ class AdvancedWalk {
     const auto list = [this](const platform::EntryVisitor& see) { return chain_.List(see, {}); };
     const FolderReader::Visit visit = reader_.Read(path, list, path.size() >= kShortestTested);
     if (!visit.empty && !visit.content.IsRead() && fileSystemObject.FolderExists(path) == false) return false;
-    frmPubMain.lblProgS.Caption = Concat(u"Scanning in '", shown, u"', please wait...");
+    ShowScannedFolder(shown);
     if (visit.empty) {
       if (funcs_.emptyFoldersAndFiles) AddEmptyFolderRow(path, chain_.StartLength());
       return true;
