@@ -56,9 +56,9 @@ class AdvancedWalk {
     const auto list = [this](const platform::EntryVisitor& see) { return chain_.List(see, {}); };
     const FolderReader::Visit visit = reader_.Read(path, list, path.size() >= kShortestTested);
     if (!visit.empty && !visit.content.IsRead() && fileSystemObject.FolderExists(path) == false) return false;
-    frmPubMain.lblProgS.Caption = Concat(u"Scanning in '", shown, u"', please wait...");
+    ShowScannedFolder(shown);
     if (visit.empty) {
-      if (Names(funcs_, kEmptyFoldersAndFiles)) AddEmptyFolderRow(path, chain_.StartLength());
+      if (funcs_.emptyFoldersAndFiles) AddEmptyFolderRow(path, chain_.StartLength());
       return true;
     }
     junk_.Update();
@@ -77,7 +77,7 @@ class AdvancedWalk {
     }
   }
 
-  const Text funcs_;
+  const AdvancedFunctions funcs_;
   const bool recurse_;
   FolderChain chain_;
   FolderReader reader_;

@@ -19,12 +19,17 @@ using File = FolderContent::File;
 
 constexpr TextView kZeroSize = u"0";
 
+// The hidden control names the folder and the patterns that are listed.
+void ShowFileList(TextView path, TextView patterns) {
+  frmPubMain.flb.Path = Text(path);
+  frmPubMain.flb.Pattern = Text(patterns);
+}
+
 // Visits the files that match the patterns, in the order of their names.
 template <class Visitor>
 void VisitFileList(TextView path, TextView patterns, const FilePatterns& filter, const FolderContent& content,
                    Visitor visit) {
-  frmPubMain.flb.Path = Text(path);
-  frmPubMain.flb.Pattern = Text(patterns);
+  ShowFileList(path, patterns);
   for (size_t i = 0; i < content.FileCount(); ++i) {
     const File file = content.FileAt(i);
     if (filter.MatchCapitals(file.capitals)) visit(file);
@@ -42,6 +47,14 @@ bool ReachesLeastSize(double bytes) {
 
 bool Names(TextView funcs, TextView function) { return funcs.contains(Concat(u"|", function, u"|")); }
 
+AdvancedFunctions::AdvancedFunctions(TextView text)
+    : funcs(text),
+      junkFiles(Names(text, kJunkFiles)),
+      duplicateFiles(Names(text, kDuplicateFiles)),
+      invalidShortcuts(Names(text, kInvalidShortcuts)),
+      redundantDlls(Names(text, kRedundantDlls)),
+      emptyFoldersAndFiles(Names(text, kEmptyFoldersAndFiles)) {}
+
 void AddEmptyFolderRow(TextView path, size_t startLength) {
   const TextView name = path.substr(path.find_last_of(u'\\') + 1);
   SetWalkStart(AddResultItem(u"Empty Folder", name, kZeroSize, FolderOf(path), kNoSizeKey, action::kFolder),
@@ -51,10 +64,10 @@ void AddEmptyFolderRow(TextView path, size_t startLength) {
 void FolderFunctions::Run(const JunkMatcher& junk, FileNames& systemFiles) {
   // Nothing sets this, so no candidates are written: Duplicate Files is offered but finds nothing yet.
   bool CollectDuplicates = false;
-  if (Names(funcs_, kJunkFiles)) FindJunk(junk);
-  if (Names(funcs_, kDuplicateFiles) && OnlyCommon == u"Y" && CollectDuplicates) CollectCommonTypes();
-  if (Names(funcs_, kInvalidShortcuts)) FindInvalidShortcuts();
-  if (Names(funcs_, kRedundantDlls)) FindRedundantDlls(systemFiles);
+  if (funcs_.junkFiles) FindJunk(junk);
+  if (funcs_.duplicateFiles && OnlyCommon == u"Y" && CollectDuplicates) CollectCommonTypes();
+  if (funcs_.invalidShortcuts) FindInvalidShortcuts();
+  if (funcs_.redundantDlls) FindRedundantDlls(systemFiles);
   TestEachFile(CollectDuplicates);
 }
 
@@ -76,12 +89,18 @@ void FolderFunctions::AddFileRow(TextView type) const {
 
 // A file that matches patterns of two lists has two rows.
 void FolderFunctions::FindJunk(const JunkMatcher& junk) {
+  std::vector<File> found;
+  for (size_t i = 0; i < content_.FileCount(); ++i) {
+    const File file = content_.FileAt(i);
+    if (junk.IsListed(file.capitals) && junk.IsConfirmed(file.name)) found.push_back(file);
+  }
   for (size_t i = 0; i < junk.Lists().size(); ++i) {
-    VisitFileList(path_, junk.Patterns(i), junk.Lists()[i], content_, [&](const File& file) {
-      if (!junk.IsConfirmed(file.name)) return;
+    ShowFileList(path_, junk.Patterns(i));
+    for (const File& file : found) {
+      if (!junk.Lists()[i].MatchCapitals(file.capitals)) continue;
       Open(file);
       AddFileRow(u"Junk File");
-    });
+    }
   }
 }
 
@@ -119,11 +138,12 @@ void FolderFunctions::FindRedundantDlls(FileNames& systemFiles) {
 
 void FolderFunctions::TestEachFile(bool collectDuplicates) {
   const Text lastAccessed = Concat(u"Last Accessed ", LastAccessedFile, u" Days Before");
-  const bool findEmpty = Names(funcs_, kEmptyFoldersAndFiles);
-  const bool findOld = Names(funcs_, lastAccessed);
-  const bool findDuplicates = OnlyCommon != u"Y" && Names(funcs_, kDuplicateFiles);
+  const bool findEmpty = funcs_.emptyFoldersAndFiles;
+  const bool findOld = Names(funcs_.funcs, lastAccessed);
+  const bool findDuplicates = OnlyCommon != u"Y" && funcs_.duplicateFiles;
   if (!findEmpty && !findOld && !findDuplicates) return;
   const auto days = ToInteger16(LastAccessedFile);
+  const auto today = findOld && days ? Today() : std::nullopt;
   for (size_t i = 0; i < content_.FileCount(); ++i) {
     file_ = content_.FileAt(i);
     opened_ = file_.known;
@@ -131,10 +151,9 @@ void FolderFunctions::TestEachFile(bool collectDuplicates) {
       AddRow(u"Empty File", file_.name, kZeroSize, kNoSizeKey);
     }
     // Some disks keep no time of last access.
-    if (findOld && opened_ && days && file_.accessed != platform::kUnknownTime) {
-      if (const auto since = CalendarDaysSince(file_.accessed); since && *since >= *days) {
-        AddFileRow(lastAccessed);
-      }
+    if (today && opened_ && file_.accessed != platform::kUnknownTime &&
+        *today - CalendarDay(file_.accessed) >= *days) {
+      AddFileRow(lastAccessed);
     }
     if (findDuplicates && OnlyCommon == u"N" && collectDuplicates &&
         (NeedLeast == u"N" || (NeedLeast == u"Y" && IsBigEnough(file_)))) {

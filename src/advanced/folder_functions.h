@@ -16,6 +16,18 @@ constexpr TextView kJunkFiles = u"Junk Files";
 // Whether `funcs` names the function. Each name in `funcs` stands between two bars.
 bool Names(TextView funcs, TextView function);
 
+// The functions that a text names, looked up once for a whole walk.
+struct AdvancedFunctions {
+  explicit AdvancedFunctions(TextView text);
+
+  Text funcs;
+  bool junkFiles;
+  bool duplicateFiles;
+  bool invalidShortcuts;
+  bool redundantDlls;
+  bool emptyFoldersAndFiles;
+};
+
 // Whether a size in bytes is at least the setting LeastSize (in KB). False if the setting is no number.
 bool ReachesLeastSize(double bytes);
 
@@ -27,7 +39,8 @@ void AddEmptyFolderRow(TextView path, size_t startLength);
 class FolderFunctions {
  public:
   // The first `startLength` characters of the path name the folder where the walk began.
-  FolderFunctions(TextView path, size_t startLength, const FolderContent& content, TextView funcs)
+  FolderFunctions(TextView path, size_t startLength, const FolderContent& content,
+                  const AdvancedFunctions& funcs)
       : path_(path), startLength_(startLength), content_(content), funcs_(funcs) {}
 
   // `systemFiles` caches the names in the system folder; pass the same object for all folders of a walk.
@@ -49,7 +62,7 @@ class FolderFunctions {
   const Text path_;
   const size_t startLength_;
   const FolderContent& content_;
-  const TextView funcs_;
+  const AdvancedFunctions& funcs_;
   // The file opened last. A file that can't be opened leaves it unchanged.
   File file_{};
   bool opened_ = false;

@@ -7,25 +7,51 @@
 #include "text/pattern.h"
 
 namespace tavix::mdlPubSelf {
+namespace {
+
+bool AreSame(const std::vector<Text>& left, const std::vector<Text>& right) {
+  return std::ranges::equal(left, right, SameText);
+}
+
+constexpr TextView kSpecial = u"*?#[]";
+
+// What every text has that matches a pattern by the stricter rule. Of the characters, only those before the
+// first bracket are told.
+PatternIndex::Needs NeedsOf(TextView pattern) {
+  Text literals(pattern.substr(0, pattern.find(u'[')));
+  std::erase_if(literals, [](char16_t c) { return kSpecial.contains(c); });
+  return {pattern.substr(pattern.find_last_of(kSpecial) + 1), std::move(literals)};
+}
+
+}  // namespace
 
 void JunkMatcher::Update() {
-  if (chunks_ != JunkPatternChunks) {
+  if (!AreSame(chunks_, JunkPatternChunks)) {
     chunks_ = JunkPatternChunks;
     lists_.clear();
-    for (const Text& chunk : chunks_) lists_.emplace_back(chunk);
+    Text all;
+    for (const Text& chunk : chunks_) {
+      lists_.emplace_back(chunk);
+      all += chunk + u";";
+    }
+    allLists_ = FilePatterns(all);
   }
-  if (types_ == JunkTypes) return;
+  if (AreSame(types_, JunkTypes)) return;
   types_ = JunkTypes;
   patterns_.clear();
   for (const Text& type : types_) {
     const auto fields = Split(type, u"|");
     if (fields.size() > 1) patterns_.push_back(ToLower(fields[1]));
   }
+  std::vector<PatternIndex::Needs> needs;
+  for (const Text& pattern : patterns_) needs.push_back(NeedsOf(pattern));
+  index_ = PatternIndex(needs);
 }
 
 bool JunkMatcher::IsConfirmed(TextView name) const {
-  return std::ranges::any_of(
-      patterns_, [lower = ToLower(name)](const Text& pattern) { return MatchesPattern(lower, pattern); });
+  const Text lower = ToLower(name);
+  return index_.Any(
+      lower, [](char16_t c) { return c; }, [&](uint32_t i) { return MatchesPattern(lower, patterns_[i]); });
 }
 
 }  // namespace tavix::mdlPubSelf

@@ -23,29 +23,59 @@ void Number(std::string& out, std::string_view name, int value) {
   out.append("\"").append(name).append("\":").append(std::to_string(value));
 }
 
+std::string Start(std::string_view stage) { return std::string("{\"stage\":\"").append(stage).append("\","); }
+
 std::string ColorJson(std::optional<Color> color) {
   if (!color) return "null";
   const auto part = [color](unsigned shift) { return std::to_string(*color >> shift & 0xFFU); };
   return "[" + part(0) + "," + part(8) + "," + part(16) + "]";
 }
 
-void AppendRow(std::string& out, std::string_view stage, int row) {
-  const ListView::Item item = frmPubMain.lsvResult.Row(row);
-  out.append("{\"stage\":\"").append(stage).append("\",");
-  Number(out, "row", row);
-  Field(out, "Type", item.Text());
-  Field(out, "Name", item.SubItems(kNameColumn));
-  Field(out, "Size", item.SubItems(kSizeColumn));
-  Field(out, "Location", item.SubItems(kLocationColumn));
-  Field(out, "SizeKey", item.SubItems(kSizeKeyColumn));
-  Field(out, "Tag", item.Tag());
-  out.append(item.Checked() ? ",\"Checked\":true" : ",\"Checked\":false");
-  out.append(",\"ForeColor\":").append(ColorJson(item.ForeColor())).append("}\n");
-}
+// Writes a field of many rows. Rows mostly share the stored text of the row before: then its JSON is
+// repeated.
+class RowField {
+ public:
+  explicit RowField(std::string_view name) : name_(name) {}
+  void Append(std::string& out, TextView value) {
+    if (json_.empty() || value.data() != value_.data() || value.size() != value_.size()) {
+      json_.clear();
+      Field(json_, name_, value);
+      value_ = value;
+    }
+    out += json_;
+  }
+
+ private:
+  std::string_view name_;
+  TextView value_;
+  std::string json_;
+};
+
+class RowWriter {
+ public:
+  explicit RowWriter(std::string_view stage) : start_(Start(stage)) {}
+  void Append(std::string& out, int row) {
+    const ListView::Item item = frmPubMain.lsvResult.Row(row);
+    out += start_;
+    Number(out, "row", row);
+    for (int column = 0; column < ListView::kColumns; ++column) {
+      columns_[static_cast<size_t>(column)].Append(out, item.SubItems(column));
+    }
+    tag_.Append(out, item.Tag());
+    out.append(item.Checked() ? ",\"Checked\":true" : ",\"Checked\":false");
+    out.append(",\"ForeColor\":").append(ColorJson(item.ForeColor())).append("}\n");
+  }
+
+ private:
+  std::string start_;
+  std::array<RowField, ListView::kColumns> columns_ = {RowField("Type"), RowField("Name"), RowField("Size"),
+                                                       RowField("Location"), RowField("SizeKey")};
+  RowField tag_{"Tag"};
+};
 
 void AppendLabels(std::string& out, std::string_view stage) {
   const MainForm& form = frmPubMain;
-  out.append("{\"stage\":\"").append(stage).append("\",");
+  out += Start(stage);
   Number(out, "rows", form.lsvResult.Count());
   Field(out, "lblProgS", form.lblProgS.Caption.Get());
   Field(out, "lblTime", form.lblTime.Caption.Get());
@@ -94,9 +124,10 @@ void PrintJson(std::FILE* out, std::string_view stage) {
   constexpr size_t kBuffer = size_t{1} << 20U;
   std::string text;
   text.reserve(kBuffer + 4096);
+  RowWriter writer(stage);
   const int rows = frmPubMain.lsvResult.Count();
   for (int row = 1; row <= rows; ++row) {
-    AppendRow(text, stage, row);
+    writer.Append(text, row);
     if (text.size() > kBuffer) Flush(out, text);
   }
   AppendLabels(text, stage);

@@ -44,11 +44,26 @@ void ListView::Item::SetForeColor(Color color) {
   list_->PropertyChanged();
 }
 
-ListView::Item ListView::Add(TextView text) {
+uint32_t ListView::NewRow() {
   const uint32_t row = rows_++;
   if (row % kRowsInBlock == 0) blocks_.push_back(std::make_unique<RowData[]>(kRowsInBlock));
   order_.PushBack(row);
+  return row;
+}
+
+ListView::Item ListView::Add(TextView text) {
+  const uint32_t row = NewRow();
   SetField(row, 0, text);
+  return {this, row};
+}
+
+ListView::Item ListView::Add(const std::array<TextView, kColumns>& texts, TextView tag, bool checked) {
+  const uint32_t row = NewRow();
+  RowData& data = Data(row);
+  for (int field = 0; field < kColumns; ++field) data.fields[field] = Store(field, texts[field]);
+  data.fields[kTag] = Store(kTag, tag);
+  data.checked = checked;
+  PropertyChanged();
   return {this, row};
 }
 
@@ -148,12 +163,17 @@ void ListView::PropertyChanged() {
   Control::PropertyChanged();
 }
 
-void ListView::SetField(uint32_t row, int field, TextView text) {
+StoredText ListView::Store(int field, TextView text) {
   StoredText& last = last_[field];
-  if (texts_.Get(last) != text) last = texts_.Put(text);
+  if (!SameText(texts_.Get(last), text)) last = texts_.Put(text);
+  return last;
+}
+
+void ListView::SetField(uint32_t row, int field, TextView text) {
+  const StoredText stored = Store(field, text);
   RowData& data = Data(row);
-  if (data.fields[field] == last) return;
-  data.fields[field] = last;
+  if (data.fields[field] == stored) return;
+  data.fields[field] = stored;
   // A row already sorted in may be at the wrong position now: sort anew. Later rows are still to be sorted.
   if (sorted_ && field == key_ && row < sortedBelow_) sortedCount_ = 0;
   Control::PropertyChanged();

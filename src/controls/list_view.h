@@ -71,6 +71,8 @@ class ListView : public Control {
   int Count() const { return static_cast<int>(order_.Size()); }
   // Adds a row: at the end, or, if sorting is on, at its sorted position. Amortised constant time.
   Item Add(TextView text);
+  // The same with all that a row has, in one change.
+  Item Add(const std::array<TextView, kColumns>& texts, TextView tag, bool checked);
   // The row at `position`, which is 1 to Count(). Sorts rows added since the last call, if sorting is on.
   Item Row(int position);
   // `position` is 1 to Count(). Removing many rows in order, from either end, takes linear time in all.
@@ -123,6 +125,9 @@ class ListView : public Control {
   RowData& Data(uint32_t row) { return blocks_[row / kRowsInBlock][row % kRowsInBlock]; }
   const RowData& Data(uint32_t row) const { return blocks_[row / kRowsInBlock][row % kRowsInBlock]; }
   TextView Field(uint32_t row, int field) const { return texts_.Get(Data(row).fields[field]); }
+  uint32_t NewRow();
+  // The text as it is stored. A row with the same text as the row before shares it.
+  StoredText Store(int field, TextView text);
   void SetField(uint32_t row, int field, TextView text);
   int KeyOf(int header) const { return ColumnHeaders[static_cast<size_t>(header)].Key.value_or(header); }
   void Select(uint32_t row, bool selected);

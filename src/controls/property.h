@@ -28,23 +28,34 @@ class Property {
   Property(const Property&) = delete;
 
   Property& operator=(T value) {
-    if (value_ == value) return *this;
+    if (Get() == value) return *this;
     value_ = std::move(value);
     owner_->PropertyChanged();
     return *this;
   }
   Property& operator=(const Property& other) {
-    if (this != &other) *this = other.value_;
+    if (this != &other) *this = other.Get();
     return *this;
   }
+  // Assigns `form(part)`, which is formed when it's read for the first time: a value that is assigned often
+  // is mostly replaced before that. It counts as a change.
+  void Form(T part, T (*form)(T)) {
+    value_ = std::move(part);
+    form_ = form;
+    owner_->PropertyChanged();
+  }
 
-  operator const T&() const { return value_; }
-  const T& Get() const { return value_; }
-  friend bool operator==(const Property& property, const T& value) { return property.value_ == value; }
+  operator const T&() const { return Get(); }
+  const T& Get() const {
+    if (form_ != nullptr) value_ = std::exchange(form_, nullptr)(std::move(value_));
+    return value_;
+  }
+  friend bool operator==(const Property& property, const T& value) { return property.Get() == value; }
 
  private:
   PropertyOwner* owner_;
-  T value_;
+  mutable T value_;                 // while form_ is set, what the value is formed of
+  mutable T (*form_)(T) = nullptr;  // null when value_ is the value
 };
 
 // An event of a control: calling it runs its handler. It has one handler at most; without one, a call does

@@ -12,6 +12,21 @@ Text BelowClasses(TextView key) {
   return key.empty() ? Text(u"Software\\Classes") : Concat(u"Software\\Classes\\", key);
 }
 
+// A null part has no keys.
+class MergedKeysBelow : public KeysBelow {
+ public:
+  MergedKeysBelow(std::unique_ptr<KeysBelow> users, std::unique_ptr<KeysBelow> machines)
+      : users_(std::move(users)), machines_(std::move(machines)) {}
+
+  std::optional<Text> ReadValue(TextView below, TextView name) override {
+    std::optional<Text> value = users_ != nullptr ? users_->ReadValue(below, name) : std::nullopt;
+    return value || machines_ == nullptr ? std::move(value) : machines_->ReadValue(below, name);
+  }
+
+ private:
+  const std::unique_ptr<KeysBelow> users_, machines_;
+};
+
 }  // namespace
 
 bool MergedRegistry::VisitSubKeys(Hive hive, TextView key, const NameVisitor& visit) {
@@ -54,6 +69,15 @@ std::optional<Text> MergedRegistry::ReadValue(Hive hive, TextView key, TextView 
   return plain_.ReadValue(Hive::CurrentUser, path, name).or_else([&] {
     return plain_.ReadValue(Hive::LocalMachine, path, name);
   });
+}
+
+std::unique_ptr<KeysBelow> MergedRegistry::Below(Hive hive, TextView key) {
+  if (hive != Hive::ClassesRoot) return plain_.Below(hive, key);
+  const Text path = BelowClasses(key);
+  auto users = plain_.Below(Hive::CurrentUser, path);
+  auto machines = plain_.Below(Hive::LocalMachine, path);
+  if (users == nullptr) return machines;
+  return std::make_unique<MergedKeysBelow>(std::move(users), std::move(machines));
 }
 
 Existence MergedRegistry::KeyExists(Hive hive, TextView key) {

@@ -16,6 +16,7 @@ class MergedRegistry : public Registry {
   bool VisitSubKeys(Hive hive, TextView key, const NameVisitor& visit) override;
   bool VisitValues(Hive hive, TextView key, const ValueVisitor& visit) override;
   std::optional<Text> ReadValue(Hive hive, TextView key, TextView name) override;
+  std::unique_ptr<KeysBelow> Below(Hive hive, TextView key) override;
   Existence KeyExists(Hive hive, TextView key) override;
   bool WriteString(Hive hive, TextView key, TextView name, TextView data) override;
   bool DeleteKey(Hive hive, TextView key) override;

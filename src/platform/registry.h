@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 
 #include "platform/existence.h"
@@ -15,6 +16,14 @@ enum class Hive : uint32_t {
   LocalMachine = 0x80000002,
   Users = 0x80000003,
   CurrentConfig = 0x80000005,
+};
+
+// The values in the keys below one key, for reading many of them.
+class KeysBelow {
+ public:
+  virtual ~KeysBelow() = default;
+  // As Registry::ReadValue, for the key at a path below. Nothing for the empty path.
+  virtual std::optional<Text> ReadValue(TextView below, TextView name) = 0;
 };
 
 // The registry of a machine. A key is a path below a hive: names with one backslash between any two, none at
@@ -43,6 +52,10 @@ class Registry {
   // The data of one value; the empty name is the default value. Nothing when the key or the value is missing
   // or can't be read.
   virtual std::optional<Text> ReadValue(Hive hive, TextView key, TextView name) = 0;
+  // The keys below a key; null when it is missing. Keys that are made and values that are written in it later
+  // are seen. A key that is missing now, or deleted later, has nothing below it even if it is made again. It
+  // must not outlive the registry.
+  virtual std::unique_ptr<KeysBelow> Below(Hive hive, TextView key);
   // Whether a key exists. A key without the right to read it exists.
   virtual Existence KeyExists(Hive hive, TextView key) = 0;
   // Writes a string value (REG_SZ). Makes the key if it is missing. False on failure; nothing is changed

@@ -12,12 +12,16 @@ inline int64_t CalendarDay(platform::DateTime time) {
   return time / kDay - (time % kDay < 0 ? 1 : 0);
 }
 
-// The number of midnights from a time to now; negative for a later day. Nothing if the time or the date of
-// today is unknown.
-inline std::optional<int64_t> CalendarDaysSince(platform::DateTime time) {
+// The number of today's calendar day. Nothing if the date is unknown.
+inline std::optional<int64_t> Today() {
   const platform::DateTime now = platform::clock->Now();
-  if (now == platform::kUnknownTime) return std::nullopt;
-  return CalendarDay(now) - CalendarDay(time);
+  return now == platform::kUnknownTime ? std::nullopt : std::optional(CalendarDay(now));
+}
+
+// The number of midnights from a time to now; negative for a later day. Nothing if the date of today is
+// unknown.
+inline std::optional<int64_t> CalendarDaysSince(platform::DateTime time) {
+  return Today().transform([time](int64_t today) { return today - CalendarDay(time); });
 }
 
 }  // namespace tavix::mdlPubSelf

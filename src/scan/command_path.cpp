@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <optional>
 
-#include "frame/support/file_system_object.h"
 #include "text/attempt.h"
 #include "text/pattern.h"
 
@@ -88,10 +87,10 @@ void CutBehindExtension(TextView text, Text& path) {
 
 }  // namespace
 
-CommandTarget FindCommandTarget(TextView command) {
+CommandTarget FindCommandTarget(TextView command, KnownFiles& files) {
   Text whole = Unquote(Trim(command));
   // If it can't be told whether the file exists, the text is taken apart.
-  if (fileSystemObject.FileExists(whole) == true) return {std::move(whole), true};
+  if (files.FileExists(whole) == true) return {std::move(whole), true};
   if (HasResourcePrefix(command)) command.remove_prefix(1);
   const std::optional<int16_t> end = FindEnd(command);
   if (!end) return {};
@@ -101,6 +100,9 @@ CommandTarget FindCommandTarget(TextView command) {
   return {std::move(path), false};
 }
 
-Text ExtractCommandPath(TextView command) { return FindCommandTarget(command).Path; }
+Text ExtractCommandPath(TextView command) {
+  KnownFiles files;
+  return FindCommandTarget(command, files).Path;
+}
 
 }  // namespace tavix::mdlPubSelf

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "scan/known_files.h"
 #include "text/text.h"
 
 namespace tavix::mdlPubSelf {
@@ -15,6 +16,6 @@ struct CommandTarget {
   Text Path;
   bool IsFile = false;
 };
-CommandTarget FindCommandTarget(TextView command);
+CommandTarget FindCommandTarget(TextView command, KnownFiles& files);
 
 }  // namespace tavix::mdlPubSelf

@@ -8,6 +8,7 @@
 #include "scan/action_string.h"
 #include "scan/painting_pause.h"
 #include "scan/result_items.h"
+#include "scan/scan_driver.h"
 #include "scan/walkers.h"
 #include "text/attempt.h"
 
@@ -55,7 +56,7 @@ Text ShellFolder(int number) {
 
 void ScanWholeStore(const WholeStore& store) {
   const Text path = ShellFolder(store.Folder);
-  frmPubMain.lblProgS.Caption = Concat(u"Scanning in '", path, u"', please wait...");
+  ShowScannedFolder(path);
   frmPubMain.Refresh();
   const Folder folder = fileSystemObject.GetFolder(path).value_or(Folder());
   int files = 0;

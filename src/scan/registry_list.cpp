@@ -34,9 +34,17 @@ void ScanEntry(const RegistryEntry& entry) {
   if (list.Yields) platform::Yield();
 }
 
-void ScanNames(const RegistryList& list, TextView key, TextView folded, TextView separator,
-               RegistryLookups& lookups) {
-  for (const TextView name : Split(folded, separator)) ScanEntry({list, key, name, {}, lookups});
+void ScanSubKeys(const RegistryList& list, TextView key, TextView folded, RegistryLookups& lookups) {
+  const auto below = pubRegistry.Below(list.Hive, key);
+  for (const TextView name : Split(folded, clsPubRegistry::kSubKeySeparator)) {
+    ScanEntry({list, key, name, {}, lookups, below.get()});
+  }
+}
+
+void ScanValueNames(const RegistryList& list, TextView key, TextView folded, RegistryLookups& lookups) {
+  for (const TextView name : Split(folded, clsPubRegistry::kItemSeparator)) {
+    ScanEntry({list, key, name, {}, lookups});
+  }
 }
 
 void ScanValues(const RegistryList& list, TextView key, TextView folded, RegistryLookups& lookups) {
@@ -50,20 +58,19 @@ void ScanKey(const RegistryList& list, TextView key, RegistryLookups& lookups) {
   switch (list.Entries) {
     case RegistryEntries::SubKeys:
       pubRegistry.EnumSubKeys(list.Hive, key, folded);
-      return ScanNames(list, key, folded, clsPubRegistry::kSubKeySeparator, lookups);
+      return ScanSubKeys(list, key, folded, lookups);
     case RegistryEntries::ValueNames:
       pubRegistry.EnumValueNames(list.Hive, key, folded);
-      return ScanNames(list, key, folded, clsPubRegistry::kItemSeparator, lookups);
+      return ScanValueNames(list, key, folded, lookups);
     case RegistryEntries::Values:
       pubRegistry.EnumValues(list.Hive, key, folded);
       return ScanValues(list, key, folded, lookups);
   }
 }
 
-void ScanRegistryList(const RegistryList& list) {
+void ScanRegistryList(const RegistryList& list, RegistryLookups& lookups) {
   frmPubMain.lblProgS.Caption = Text(list.Status);
   frmPubMain.Refresh();
-  RegistryLookups lookups;
   if (list.Inner.empty()) return ScanKey(list, list.Root, lookups);
   Text folded;
   pubRegistry.EnumSubKeys(list.Hive, list.Root, folded);
@@ -98,13 +105,13 @@ SubstringIndex* RegistryLookups::TypeLibraries() {
 }
 
 Text RegistryEntry::Value() const {
-  Text value;
-  pubRegistry.ReadValue(List.Hive, Concat(Key, u"\\", Name, List.ValueKey), List.ValueName, {}, value);
-  return value;
+  if (Below == nullptr) return {};
+  return Below->ReadValue(Concat(Name, List.ValueKey), List.ValueName).value_or(Text());
 }
 
 void ScanRegistryLists(std::span<const RegistryList> lists) {
-  for (const RegistryList& list : lists) ScanRegistryList(list);
+  RegistryLookups lookups;
+  for (const RegistryList& list : lists) ScanRegistryList(list, lookups);
 }
 
 }  // namespace tavix::mdlPubSelf

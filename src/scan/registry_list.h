@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/registry.h"
+#include "scan/known_files.h"
 #include "scan/substring_index.h"
 #include "text/text.h"
 
@@ -39,9 +40,11 @@ struct RegistryList {
   bool Yields = false;  // runs the user interface after each entry
 };
 
-// What the tests of one list look up only once.
+// What the tests of one function look up only once.
 class RegistryLookups {
  public:
+  // The files that commands lead to.
+  KnownFiles Files;
   // A special folder of the shell. Nothing if there is none or it can't be told.
   const std::optional<Text>& SpecialFolder(TextView name);
   // The folded names of all type libraries; null if they can't all be read.
@@ -63,6 +66,7 @@ struct RegistryEntry {
   TextView Name;  // name of the subkey or value
   TextView Data;  // data of the value, in a list of values
   RegistryLookups& Lookups;
+  platform::KeysBelow* Below = nullptr;  // of Key, for entries that are keys; null if it has none
 
   // The path of an entry that is a key.
   Text Path() const { return Concat(Key, u"\\", Name); }
@@ -71,7 +75,7 @@ struct RegistryEntry {
 };
 
 // Tests the lists one after the other and adds a row for each finding. Entries keep the order of the
-// registry; nothing is merged. Cancel doesn't end it.
+// registry; nothing is merged. Files are looked up once for all lists. Cancel doesn't end it.
 void ScanRegistryLists(std::span<const RegistryList> lists);
 
 }  // namespace tavix::mdlPubSelf

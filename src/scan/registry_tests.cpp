@@ -15,10 +15,10 @@ std::optional<Text> UnlessFile(Text path) {
 }
 
 // Don't look again for a file that was just seen.
-std::optional<Text> UnlessCommandOfAFile(TextView command) {
-  CommandTarget target = FindCommandTarget(command);
-  if (target.IsFile || target.Path.empty()) return std::nullopt;
-  return UnlessFile(std::move(target.Path));
+std::optional<Text> UnlessCommandOfAFile(TextView command, KnownFiles& files) {
+  CommandTarget target = FindCommandTarget(command, files);
+  if (target.IsFile || target.Path.empty() || files.FileExists(target.Path) != false) return std::nullopt;
+  return std::move(target.Path);
 }
 
 }  // namespace
@@ -32,7 +32,9 @@ std::optional<Text> ListName(const RegistryEntry& entry) {
 
 std::optional<Text> NameIsNoFile(const RegistryEntry& entry) { return UnlessFile(Text(entry.Name)); }
 
-std::optional<Text> NameLeadsToNoFile(const RegistryEntry& entry) { return UnlessCommandOfAFile(entry.Name); }
+std::optional<Text> NameLeadsToNoFile(const RegistryEntry& entry) {
+  return UnlessCommandOfAFile(entry.Name, entry.Lookups.Files);
+}
 
 std::optional<Text> NameLeadsToNoFolder(const RegistryEntry& entry) {
   Text path = ExtractCommandPath(entry.Name);
@@ -41,11 +43,11 @@ std::optional<Text> NameLeadsToNoFolder(const RegistryEntry& entry) {
 }
 
 std::optional<Text> ValueLeadsToNoFile(const RegistryEntry& entry) {
-  return UnlessCommandOfAFile(entry.Value());
+  return UnlessCommandOfAFile(entry.Value(), entry.Lookups.Files);
 }
 
 std::optional<Text> DataLeadsToNoFile(const RegistryEntry& entry) {
-  CommandTarget target = FindCommandTarget(entry.Data);
+  CommandTarget target = FindCommandTarget(entry.Data, entry.Lookups.Files);
   if (target.IsFile) return std::nullopt;
   return UnlessFile(std::move(target.Path));
 }

@@ -18,14 +18,9 @@ double Kilobytes(double bytes) { return RoundToTenth(bytes / 1024); }
 ListView::Item AddResultItem(TextView type, std::optional<TextView> name, std::optional<TextView> size,
                              std::optional<TextView> location, std::optional<TextView> sizeKey,
                              TextView actionString, bool checked) {
-  ListView::Item item = frmPubMain.lsvResult.Add(type);
-  item.SetChecked(checked);
-  if (name) item.SetSubItems(kNameColumn, *name);
-  if (size) item.SetSubItems(kSizeColumn, *size);
-  if (location) item.SetSubItems(kLocationColumn, *location);
-  if (sizeKey) item.SetSubItems(kSizeKeyColumn, *sizeKey);
-  item.SetTag(actionString);
-  return item;
+  return frmPubMain.lsvResult.Add({type, name.value_or(TextView()), size.value_or(TextView()),
+                                   location.value_or(TextView()), sizeKey.value_or(TextView())},
+                                  actionString, checked);
 }
 
 // The row stores the length of the location after the start. A length that doesn't fit makes the drive's root

@@ -143,6 +143,11 @@ void SetResultControlsEnabled(bool enabled) {
   for (Button& button : frmPubMain.sbtToolbar) button.Enabled = enabled;
 }
 
+void ShowScannedFolder(Text folder) {
+  frmPubMain.lblProgS.Caption.Form(
+      std::move(folder), [](Text path) { return Concat(u"Scanning in '", path, u"', please wait..."); });
+}
+
 void AdvanceProgressBar() {
   Label& fill = frmPubMain.lblProgMI;
   const int whole = frmPubMain.lblProgMO.Width;

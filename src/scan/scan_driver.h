@@ -21,6 +21,8 @@ void sbtCancel_Click();
 void SetResultControlsEnabled(bool enabled);
 // The status line after a scan, such as "Finished, no item found." or "Canceled, please click <Clean> ...".
 Text ClosingLine(bool registryPage);
+// Shows a folder in lblProgS while it is scanned: "Scanning in 'C:\a', please wait...".
+void ShowScannedFolder(Text folder);
 // Grows the progress bar by ProgressStep and shows the percentage. A bar wider than its frame is pulled back
 // one step later. If the frame has no width, the percentage stays as it was.
 void AdvanceProgressBar();

@@ -88,7 +88,7 @@ class Walk {
     bool shown = false;
     const bool read = chain_.List(
         [&](const platform::DirectoryEntry& entry) {
-          if (!shown) ShowFolder(folder);
+          if (!shown) ShowScannedFolder(Text(folder));
           shown = true;
           if (!IsPlainName(entry.name)) return;
           if (entry.folder) return chain_.AddSubFolder(entry);
@@ -99,12 +99,8 @@ class Walk {
         },
         rules_.wanted);
     if (!read && fileSystemObject.FolderExists(folder) == false) return false;
-    if (!shown) ShowFolder(folder);
+    if (!shown) ShowScannedFolder(Text(folder));
     return true;
-  }
-
-  void ShowFolder(TextView folder) const {
-    frmPubMain.lblProgS.Caption = Concat(u"Scanning in '", folder, u"', please wait...");
   }
 
   void AddRow(TextView name, const std::optional<FileObject>& file) const {

@@ -1,5 +1,7 @@
 #include "text/json.h"
 
+#include <algorithm>
+#include <array>
 #include <cstdio>
 
 #include "text/utf8.h"
@@ -31,6 +33,18 @@ void AppendEscaped(std::string& out, char16_t unit) {
   }
 }
 
+constexpr std::array<bool, 128> kPlain = [] {
+  std::array<bool, 128> plain{};
+  for (size_t c = 0x20; c < plain.size(); ++c) plain[c] = c != '"' && c != '\\';
+  return plain;
+}();
+
+// The number of characters at the start of a text that stand for themselves in one byte.
+size_t CountPlain(TextView text) {
+  const auto end = std::ranges::find_if(text, [](char16_t c) { return c >= kPlain.size() || !kPlain[c]; });
+  return static_cast<size_t>(end - text.begin());
+}
+
 bool IsLead(char16_t unit) { return (unit & 0xFC00U) == 0xD800; }
 bool IsTrail(char16_t unit) { return (unit & 0xFC00U) == 0xDC00; }
 
@@ -39,13 +53,16 @@ bool IsTrail(char16_t unit) { return (unit & 0xFC00U) == 0xDC00; }
 void AppendJson(std::string& out, TextView text) {
   out += '"';
   for (size_t i = 0; i < text.size(); ++i) {
+    // Most characters stay as they are. They are appended in runs.
+    const size_t plain = CountPlain(text.substr(i));
+    out.append(text.begin() + i, text.begin() + i + plain);
+    i += plain;
+    if (i == text.size()) break;
     const char16_t unit = text[i];
     const bool pair = IsLead(unit) && i + 1 < text.size() && IsTrail(text[i + 1]);
     const bool half = !pair && (IsLead(unit) || IsTrail(unit));
-    if (half || unit < 0x20 || unit == u'"' || unit == u'\\') {
+    if (half || unit < 0x80) {
       AppendEscaped(out, unit);
-    } else if (unit < 0x80) {
-      out += static_cast<char>(unit);
     } else {
       out += ToUtf8(text.substr(i, pair ? 2 : 1));
       if (pair) ++i;

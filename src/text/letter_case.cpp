@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
+#include <cstring>
 
 namespace tavix {
 namespace {
@@ -100,6 +102,19 @@ char16_t LowerOf(char16_t capital) {
   return capital;
 }
 
+// How many characters at the start of two texts are known to be equal. They are compared four at a time:
+// names in one folder mostly begin alike.
+size_t EqualStart(TextView left, TextView right, size_t both) {
+  const auto four = [](TextView text, size_t at) {
+    uint64_t units = 0;
+    std::memcpy(&units, text.data() + at, sizeof units);
+    return units;
+  };
+  size_t i = 0;
+  while (i + 4 <= both && four(left, i) == four(right, i)) i += 4;
+  return i;
+}
+
 }  // namespace
 
 char16_t ToUpper(char16_t c) { return kUpper[c]; }
@@ -118,7 +133,7 @@ Text ToLower(TextView text) {
 
 int CompareIgnoringCase(TextView left, TextView right) {
   const size_t both = std::min(left.size(), right.size());
-  for (size_t i = 0; i < both; ++i) {
+  for (size_t i = EqualStart(left, right, both); i < both; ++i) {
     if (left[i] == right[i]) continue;
     const int difference = kUpper[left[i]] - kUpper[right[i]];
     if (difference != 0) return difference;

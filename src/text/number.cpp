@@ -13,6 +13,21 @@ struct Digits {
   size_t point = 0;
 };
 
+// The digits of a number with one decimal at most, which most numbers have that are shown. Nothing for any
+// other number, and for one with more digits than a double always holds.
+std::optional<Digits> TenthDigits(double magnitude) {
+  constexpr double kMost = 1e13;
+  if (magnitude >= kMost) return std::nullopt;
+  const auto tenths = static_cast<uint64_t>(std::nearbyint(magnitude * 10));
+  if (static_cast<double>(tenths) / 10 != magnitude) return std::nullopt;
+  char buffer[20];
+  const auto end = std::to_chars(buffer, buffer + sizeof buffer, tenths).ptr;
+  Digits digits{std::string(tenths < 10 ? 1 : 0, '0'), 0};
+  digits.text.append(buffer, end);
+  digits.point = digits.text.size() - 1;
+  return digits;
+}
+
 // Multiplies by ten to the power of `shift` and rounds to `decimals`, halves away from zero. Starts from 15
 // significant digits, which a double always holds, so that 0.15 is rounded as 0.15 and not as the binary
 // fraction next to it.
@@ -47,6 +62,12 @@ Digits RoundedDigits(double magnitude, size_t decimals, int shift = 0) {
   return {all, point};
 }
 
+Digits DigitsToTenth(double magnitude) {
+  return TenthDigits(magnitude)
+      .or_else([magnitude] { return std::optional(RoundedDigits(magnitude, 1)); })
+      .value();
+}
+
 bool IsZero(const Digits& digits) { return digits.text.find_first_not_of('0') == std::string::npos; }
 
 Text Widen(std::string_view ascii) { return {ascii.begin(), ascii.end()}; }
@@ -55,8 +76,10 @@ Text Widen(std::string_view ascii) { return {ascii.begin(), ascii.end()}; }
 
 Text FormatGrouped(double number, const Locale& locale) {
   if (!std::isfinite(number)) return {};
-  const Digits digits = RoundedDigits(std::fabs(number), 1);
-  Text shown = number < 0 && !IsZero(digits) ? u"-" : u"";
+  const Digits digits = DigitsToTenth(std::fabs(number));
+  Text shown;
+  shown.reserve(digits.text.size() + digits.point / 3 + 1);
+  if (number < 0 && !IsZero(digits)) shown += u'-';
   for (size_t i = 0; i < digits.point; ++i) {
     if (i > 0 && (digits.point - i) % 3 == 0) shown += locale.Grouping;
     shown += static_cast<char16_t>(digits.text[i]);
@@ -69,10 +92,12 @@ Text FormatGrouped(double number, const Locale& locale) {
 Text FormatPadded(double number, const Locale& locale) {
   if (!std::isfinite(number)) return {};
   constexpr size_t kIntegerDigits = 8;
-  const Digits digits = RoundedDigits(std::fabs(number), 1);
-  Text shown = number < 0 && !IsZero(digits) ? u"-" : u"";
+  const Digits digits = DigitsToTenth(std::fabs(number));
+  Text shown;
+  shown.reserve(digits.text.size() + kIntegerDigits + 2);
+  if (number < 0 && !IsZero(digits)) shown += u'-';
   if (digits.point < kIntegerDigits) shown.append(kIntegerDigits - digits.point, u'0');
-  shown += Widen(std::string_view(digits.text).substr(0, digits.point));
+  shown.append(digits.text.begin(), digits.text.begin() + static_cast<std::ptrdiff_t>(digits.point));
   shown += locale.Decimal;
   shown += static_cast<char16_t>(digits.text[digits.point]);
   return shown;

@@ -1,7 +1,5 @@
 #include "text/wildcard.h"
 
-#include <algorithm>
-
 #include "text/letter_case.h"
 
 namespace tavix {
@@ -9,7 +7,7 @@ namespace {
 
 // On a mismatch the last star takes one more character. Earlier stars never need another try, because `?` has
 // no choice in what it takes.
-bool Fits(TextView capitals, TextView pattern) {
+bool FitsByStars(TextView capitals, TextView pattern) {
   size_t at = 0;
   size_t next = 0;
   size_t star = TextView::npos;  // the position after the last star
@@ -35,13 +33,25 @@ bool Fits(TextView capitals, TextView pattern) {
   }
 }
 
+constexpr TextView kWildcards = u"*?";
+
+// What every name has that matches a pattern.
+PatternIndex::Needs NeedsOf(TextView pattern) {
+  Text literals(pattern);
+  std::erase_if(literals, [](char16_t c) { return kWildcards.contains(c); });
+  // Without a wildcard the tail is the whole pattern.
+  return {pattern.substr(pattern.find_last_of(kWildcards) + 1), std::move(literals)};
+}
+
 }  // namespace
 
 FilePatterns::FilePatterns(TextView patterns) {
   for (const TextView piece : Split(patterns, u";")) {
     if (const TextView pattern = Trim(piece); !pattern.empty()) patterns_.push_back(Read(pattern));
   }
-  std::ranges::sort(patterns_, {}, &Pattern::last);
+  std::vector<PatternIndex::Needs> needs;
+  for (const Pattern& pattern : patterns_) needs.push_back(NeedsOf(pattern.capitals));
+  index_ = PatternIndex(needs);
 }
 
 FilePatterns::Pattern FilePatterns::Read(TextView pattern) {
@@ -52,27 +62,30 @@ FilePatterns::Pattern FilePatterns::Read(TextView pattern) {
     pattern.remove_suffix(1);
   }
   read.capitals = ToUpper(pattern);
-  if (!pattern.empty() && pattern.back() != u'*' && pattern.back() != u'?') read.last = read.capitals.back();
-  read.suffix = pattern.starts_with(u'*') && pattern.substr(1).find_first_of(u"*?") == TextView::npos;
+  read.suffix = pattern.starts_with(u'*') && pattern.substr(1).find_first_of(kWildcards) == TextView::npos;
   return read;
 }
 
-bool FilePatterns::Match(TextView name) const { return MatchCapitals(ToUpper(name)); }
-
-bool FilePatterns::MatchCapitals(TextView capitals) const {
-  const char16_t last = capitals.empty() ? u'\0' : capitals.back();
-  return MatchesAny(u'\0', capitals) || (last != u'\0' && MatchesAny(last, capitals));
+// Few names need their capitals: those that end like a pattern.
+bool FilePatterns::Match(TextView name) const {
+  Text capitals;
+  return index_.Any(
+      name, [](char16_t c) { return ToUpper(c); },
+      [&](uint32_t i) {
+        if (capitals.empty()) capitals = ToUpper(name);
+        return Fits(capitals, patterns_[i]);
+      });
 }
 
-bool FilePatterns::MatchesAny(char16_t last, TextView capitals) const {
-  auto at = std::ranges::lower_bound(patterns_, last, {}, &Pattern::last);
-  for (; at != patterns_.end() && at->last == last; ++at) {
-    if (at->noDot && capitals.contains(u'.')) continue;
-    if (at->suffix ? capitals.ends_with(TextView(at->capitals).substr(1)) : Fits(capitals, at->capitals)) {
-      return true;
-    }
-  }
-  return false;
+bool FilePatterns::MatchCapitals(TextView capitals) const {
+  return index_.Any(
+      capitals, [](char16_t c) { return c; }, [&](uint32_t i) { return Fits(capitals, patterns_[i]); });
+}
+
+bool FilePatterns::Fits(TextView capitals, const Pattern& pattern) {
+  if (pattern.noDot && capitals.contains(u'.')) return false;
+  return pattern.suffix ? capitals.ends_with(TextView(pattern.capitals).substr(1))
+                        : FitsByStars(capitals, pattern.capitals);
 }
 
 }  // namespace tavix

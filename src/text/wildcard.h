@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "text/pattern_index.h"
 #include "text/text.h"
 
 namespace tavix {
@@ -13,7 +14,8 @@ namespace tavix {
 // - `*.*` matches every name.
 // - A pattern that ends in a dot matches only names without a dot.
 // - Anything else matches itself.
-// The time is at most the product of both lengths.
+// The time is at most the product of both lengths. Matching changes nothing, so that several threads can do
+// it.
 class FilePatterns {
  public:
   explicit FilePatterns(TextView patterns);
@@ -26,13 +28,12 @@ class FilePatterns {
     Text capitals;
     bool noDot = false;   // only names without a dot
     bool suffix = false;  // a star, then a text without wildcards
-    char16_t last = 0;    // the last character a name must have; 0 for any
   };
   static Pattern Read(TextView pattern);
-  // Whether a pattern with this `last` matches.
-  bool MatchesAny(char16_t last, TextView capitals) const;
+  static bool Fits(TextView capitals, const Pattern& pattern);
 
-  std::vector<Pattern> patterns_;  // sorted by `last`
+  std::vector<Pattern> patterns_;
+  PatternIndex index_;
 };
 
 }  // namespace tavix

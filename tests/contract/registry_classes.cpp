@@ -50,6 +50,28 @@ TEST_P(RegistryContract, ClassesListTheRoot) {
   ASSERT_TRUE(stage->Use().DeleteKey(kMachine, Concat(kClassPlace, u".2")));
 }
 
+TEST_P(RegistryContract, KeysBelowAClassAreThoseOfEither) {
+  EXPECT_EQ(stage->Use().Below(kClasses, kClass), nullptr);
+  ASSERT_TRUE(Write(kMachine, Below(u"a"), u"", u"machine's"));
+  ASSERT_TRUE(Write(kMachine, Below(u"b"), u"", u"machine's"));
+  const auto machines = stage->Use().Below(kClasses, kClass);
+  ASSERT_NE(machines, nullptr);
+  EXPECT_EQ(machines->ReadValue(u"a", u""), u"machine's");
+  ASSERT_TRUE(Write(kUser, Below(u"A"), u"", u"user's"));
+  ASSERT_TRUE(Write(kUser, Below(u"c"), u"", u"user's"));
+  const auto both = stage->Use().Below(kClasses, kClass);
+  ASSERT_NE(both, nullptr);
+  EXPECT_EQ(both->ReadValue(u"a", u""), u"user's");
+  EXPECT_EQ(both->ReadValue(u"b", u""), u"machine's");
+  EXPECT_EQ(both->ReadValue(u"c", u""), u"user's");
+  EXPECT_EQ(both->ReadValue(u"d", u""), std::nullopt);
+  ASSERT_TRUE(stage->Use().DeleteKey(kMachine, kClassPlace));
+  const auto users = stage->Use().Below(kClasses, kClass);
+  ASSERT_NE(users, nullptr);
+  EXPECT_EQ(users->ReadValue(u"a", u""), u"user's");
+  EXPECT_EQ(users->ReadValue(u"b", u""), std::nullopt);
+}
+
 TEST_P(RegistryContract, ClassesTakeTheUsersValueFirst) {
   ASSERT_TRUE(Write(kMachine, kClassPlace, u"", u"machine's"));
   ASSERT_TRUE(Write(kMachine, kClassPlace, u"A", u"machine's"));

@@ -242,6 +242,39 @@ TEST_P(RegistryContract, ReadingTellsThatItWasWholeOrThatNothingIsThere) {
   EXPECT_TRUE(stage->Use().VisitSubKeys(static_cast<Hive>(1), {}, [](TextView) {}));
 }
 
+TEST_P(RegistryContract, KeysBelowAKeyAreReadByTheirPathsFromIt) {
+  EXPECT_EQ(stage->Use().Below(Hive::CurrentUser, kPlace), nullptr);
+  ASSERT_TRUE(Write(Hive::CurrentUser, In(u"a\\b"), u"name", u"data"));
+  ASSERT_TRUE(Write(Hive::CurrentUser, In(u"a"), u"", u"of a"));
+  ASSERT_TRUE(Write(Hive::CurrentUser, kPlace, u"", u"of the place"));
+  platform::Registry& registry = stage->Use();
+  const auto below = registry.Below(Hive::CurrentUser, kPlace);
+  ASSERT_NE(below, nullptr);
+  EXPECT_EQ(below->ReadValue(u"a\\b", u"name"), u"data");
+  EXPECT_EQ(below->ReadValue(u"A", u""), u"of a");
+  EXPECT_EQ(below->ReadValue(u"a", u"name"), std::nullopt);
+  EXPECT_EQ(below->ReadValue(u"c", u""), std::nullopt);
+  // The key itself isn't below it.
+  for (const TextView path : {u"", u"\\", u"a\\", u"\\a", u"a\\\\b"}) {
+    EXPECT_EQ(below->ReadValue(path, u""), std::nullopt);
+  }
+  registry.WriteString(Hive::CurrentUser, In(u"new"), u"", u"later");
+  EXPECT_EQ(below->ReadValue(u"new", u""), u"later");
+  registry.DeleteKey(Hive::CurrentUser, kPlace);
+  EXPECT_EQ(below->ReadValue(u"a", u""), std::nullopt);
+  const auto hive = registry.Below(Hive::CurrentUser, u"");
+  ASSERT_NE(hive, nullptr);
+  EXPECT_EQ(hive->ReadValue(kPlace, u""), std::nullopt);
+}
+
+TEST_P(RegistryContract, KeysBelowAKeyThatMayNotBeReadCanBeRead) {
+  ASSERT_TRUE(Write(Hive::CurrentUser, In(u"Denied\\below"), u"", u"data"));
+  if (!stage->Deny(Hive::CurrentUser, In(u"Denied"))) GTEST_SKIP() << "no rights on keys here";
+  const auto below = stage->Use().Below(Hive::CurrentUser, In(u"Denied"));
+  ASSERT_NE(below, nullptr);
+  EXPECT_EQ(below->ReadValue(u"below", u""), u"data");
+}
+
 TEST_P(RegistryContract, KeyThatMayNotBeReadIsEmpty) {
   ASSERT_TRUE(Write(Hive::CurrentUser, In(u"Denied"), u"name", u"data"));
   ASSERT_TRUE(Write(Hive::CurrentUser, In(u"Denied\\Below"), u"name", u"data"));

@@ -25,6 +25,31 @@ TEST(Property, NotifiesThePeerOfChangesOnly) {
   EXPECT_EQ(label.Width, 15);
 }
 
+TEST(Property, AFormedValueIsFormedOnceWhenItIsRead) {
+  static int formed = 0;
+  const auto quote = [](Text part) {
+    ++formed;
+    return Concat(u"'", part, u"'");
+  };
+  CountingPeer peer;
+  Label label;
+  label.peer = &peer;
+  label.Caption.Form(u"a", quote);
+  label.Caption.Form(u"b", quote);
+  EXPECT_EQ(peer.changes, 2);
+  EXPECT_EQ(formed, 0);
+  EXPECT_EQ(label.Caption, u"'b'");
+  EXPECT_EQ(label.Caption.Get(), u"'b'");
+  EXPECT_EQ(formed, 1);
+  label.Caption.Form(u"c", quote);
+  label.Caption = u"'c'";
+  EXPECT_EQ(peer.changes, 3) << "the value stays";
+  Label copy;
+  label.Caption.Form(u"d", quote);
+  copy.Caption = label.Caption;
+  EXPECT_EQ(copy.Caption, u"'d'");
+}
+
 TEST(Property, IsAPlainValueWithoutAPeer) {
   Label first;
   Label second;

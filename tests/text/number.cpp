@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
+#include <random>
 
 namespace tavix {
 namespace {
@@ -41,6 +43,24 @@ TEST(SizePatterns, Table) {
   for (const Formatted& row : table) {
     EXPECT_EQ(FormatGrouped(row.number, kEnglish), row.grouped) << row.number;
     EXPECT_EQ(FormatPadded(row.number, kEnglish), row.padded) << row.number;
+  }
+}
+
+// The numbers next to a tenth are shown as the tenth, whichever way they are formatted.
+TEST(SizePatterns, EveryTenthAndItsNeighboursHaveItsDigits) {
+  std::mt19937_64 random(20261122);
+  for (int i = 0; i < 20'000; ++i) {
+    const auto tenths = static_cast<int64_t>(random() % 100'000'000'000'000 >> i % 47);
+    const Text whole = ToText(tenths / 10);
+    const Text text =
+        Concat(Text(whole.size() < 8 ? 8 - whole.size() : 0, u'0'), whole, u".", ToText(tenths % 10));
+    const double number = static_cast<double>(tenths) / 10;
+    EXPECT_EQ(FormatPadded(number, kEnglish), text) << number;
+    EXPECT_EQ(FormatPadded(std::nextafter(number, 1e300), kEnglish), text) << number;
+    EXPECT_EQ(FormatPadded(std::fabs(std::nextafter(number, -1e300)), kEnglish), text) << number;
+    Text grouped = FormatGrouped(number, kEnglish);
+    std::erase(grouped, u',');
+    EXPECT_EQ(grouped, tenths % 10 == 0 ? whole + u"." : Concat(whole, u".", ToText(tenths % 10))) << number;
   }
 }
 

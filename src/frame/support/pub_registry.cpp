@@ -28,6 +28,10 @@ void clsPubRegistry::ReadValue(platform::Hive hive, TextView key, TextView name,
   value = registry_->ReadValue(hive, key, name).value_or(Text(fallback));
 }
 
+std::unique_ptr<platform::KeysBelow> clsPubRegistry::Below(platform::Hive hive, TextView key) const {
+  return registry_ == platform::noRegistry ? nullptr : registry_->Below(hive, key);
+}
+
 void clsPubRegistry::WriteValue(int type, platform::Hive hive, TextView key, TextView name, TextView value,
                                 int& status) const {
   constexpr int kString = 1;

@@ -23,6 +23,8 @@ class clsPubRegistry {
   // One value as text; the empty name is the key's default value. `fallback` when the value is missing or
   // can't be read.
   void ReadValue(platform::Hive hive, TextView key, TextView name, TextView fallback, Text& value) const;
+  // The keys below a key, as platform::Registry::Below. Null without a registry.
+  std::unique_ptr<platform::KeysBelow> Below(platform::Hive hive, TextView key) const;
   // Writes one value. Only type 1, a string, is supported; others fail. `status` is 0 when it was written,
   // otherwise 1.
   void WriteValue(int type, platform::Hive hive, TextView key, TextView name, TextView value,

@@ -97,6 +97,28 @@ bool IsPath(TextView key) {
   return key.empty() || (key.front() != u'\\' && key.back() != u'\\' && key.find(u"\\\\") == TextView::npos);
 }
 
+std::optional<Text> ReadOpened(const RegistryKeyHandle& key, TextView name) {
+  if (!key) return std::nullopt;
+  native::Buffer buffer;
+  return native::Query(key.Get(), name, buffer).transform([](const native::Value& value) {
+    return platform::RenderData(value.type, value.data);
+  });
+}
+
+// Keeps the key open, so that the system needn't look up its path for each value.
+class OpenKeysBelow : public platform::KeysBelow {
+ public:
+  explicit OpenKeysBelow(RegistryKeyHandle key) : key_(std::move(key)) {}
+
+  std::optional<Text> ReadValue(TextView below, TextView name) override {
+    if (below.empty() || !IsPath(below)) return std::nullopt;
+    return ReadOpened(native::Open(key_.Get(), below, KEY_QUERY_VALUE).key, name);
+  }
+
+ private:
+  const RegistryKeyHandle key_;
+};
+
 }  // namespace
 
 HKEY WindowsRegistry::Base(Hive hive, TextView key) {
@@ -143,12 +165,14 @@ bool WindowsRegistry::VisitValues(Hive hive, TextView key, const ValueVisitor& v
 }
 
 std::optional<Text> WindowsRegistry::ReadValue(Hive hive, TextView key, TextView name) {
-  const RegistryKeyHandle opened = Open(hive, key, KEY_QUERY_VALUE);
-  if (!opened) return std::nullopt;
-  native::Buffer buffer;
-  return native::Query(opened.Get(), name, buffer).transform([](const native::Value& value) {
-    return platform::RenderData(value.type, value.data);
-  });
+  return ReadOpened(Open(hive, key, KEY_QUERY_VALUE), name);
+}
+
+// A key that can't be opened may still have keys below it that can.
+std::unique_ptr<platform::KeysBelow> WindowsRegistry::Below(Hive hive, TextView key) {
+  Reached reached = Reach(hive, key, KEY_ENUMERATE_SUB_KEYS);
+  if (!reached.key) return reached.missing ? nullptr : Registry::Below(hive, key);
+  return std::make_unique<OpenKeysBelow>(std::move(reached.key));
 }
 
 platform::Existence WindowsRegistry::KeyExists(Hive hive, TextView key) {

@@ -19,6 +19,7 @@ class WindowsRegistry : public platform::Registry {
   bool VisitSubKeys(Hive hive, TextView key, const NameVisitor& visit) override;
   bool VisitValues(Hive hive, TextView key, const ValueVisitor& visit) override;
   std::optional<Text> ReadValue(Hive hive, TextView key, TextView name) override;
+  std::unique_ptr<platform::KeysBelow> Below(Hive hive, TextView key) override;
   platform::Existence KeyExists(Hive hive, TextView key) override;
   bool WriteString(Hive hive, TextView key, TextView name, TextView data) override;
   bool DeleteKey(Hive hive, TextView key) override;
