@@ -200,7 +200,7 @@ void ReadAhead::Schedule(Node& node) {
 void ReadAhead::Wake() {
   if (full_ || !enabled_) return;
   if (thread_.joinable()) {
-    if (sleeping_) work_.notify_one();
+    if (std::exchange(sleeping_, false)) work_.notify_one();
     return;
   }
   try {
@@ -306,8 +306,7 @@ void ReadAhead::Run() {
     if (ReadNext(lock, {})) continue;
     sleeping_ = true;
     finished_.notify_all();
-    work_.wait(lock);
-    sleeping_ = false;
+    work_.wait(lock, [this] { return !sleeping_ || ending_; });
   }
 }
 
