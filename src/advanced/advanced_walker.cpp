@@ -53,8 +53,9 @@ class AdvancedWalk {
     constexpr size_t kShortestTested = 4;
     if (CancelRequested) return true;
     const Text path = chain_.Path();
-    const auto list = [this](const platform::EntryVisitor& see) { return chain_.List(see, {}); };
-    const FolderReader::Visit visit = reader_.Read(path, list, path.size() >= kShortestTested);
+    const FolderReader::Visit visit =
+        reader_.Read(chain_, path.size() >= kShortestTested, YieldUnlessCancelled);
+    if (CancelRequested) return true;
     if (!visit.empty && !visit.content.IsRead() && fileSystemObject.FolderExists(path) == false) return false;
     ShowScannedFolder(shown);
     if (visit.empty) {

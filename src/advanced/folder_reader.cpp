@@ -6,6 +6,11 @@
 #include "text/plain_name.h"
 
 namespace tavix::mdlPubSelf {
+namespace {
+
+constexpr size_t kStepsBetweenPauses = 64;
+
+}  // namespace
 
 FolderContent::FolderContent(const Lister& list) {
   read_ = list([this](const platform::DirectoryEntry& entry) {
@@ -36,35 +41,39 @@ FolderContent::File FolderContent::FileAt(size_t index) const {
           file.link};
 }
 
-FolderReader::Visit FolderReader::Read(const Text& path, const FolderContent::Lister& list, bool testEmpty) {
+FolderReader::Visit FolderReader::Read(FolderChain& chain, bool testEmpty, const platform::GoesOn& goesOn) {
   Visit visit;
-  if (const auto known = readAhead_.extract(path)) {
-    visit.empty = !known.mapped();
-    if (known.mapped()) visit.content = *std::move(known.mapped());
+  if (auto known = known_.extract(chain.Path())) {
+    chain.Hold(std::move(known.mapped().folder));
+    visit.empty = known.mapped().empty;
+    visit.content = std::move(known.mapped().content);
     return visit;
   }
-  visit.content = FolderContent(list);
-  visit.empty = testEmpty && IsTreeEmpty(path, visit.content);
+  visit.content =
+      FolderContent([&](const platform::EntryVisitor& see) { return chain.List(see, {}, goesOn); });
+  visit.empty = testEmpty && IsTreeEmpty(chain, visit.content, goesOn);
   return visit;
 }
 
-FolderReader::Level FolderReader::ReadNextSubFolder(std::vector<Level>& levels, OpenFolders& open) {
+FolderReader::Level FolderReader::ReadNextSubFolder(std::vector<Level>& levels, OpenFolders& open,
+                                                    const platform::GoesOn& goesOn) {
   Level& parent = levels.back();
   const Text& name = parent.content.SubFolders()[parent.next++].name;
   Level child;
   child.path = PathBelow(parent.path, name);
   platform::OpenFolder* folder = open.Open(levels.size(), child.path, name);
-  child.content = FolderContent(
-      [folder](const platform::EntryVisitor& visit) { return folder != nullptr && folder->List(visit, {}); });
+  child.content = FolderContent([&](const platform::EntryVisitor& visit) {
+    return folder != nullptr && folder->List(visit, {}, goesOn);
+  });
   return child;
 }
 
-bool FolderReader::IsTreeEmpty(const Text& path, FolderContent& content) {
+bool FolderReader::IsTreeEmpty(FolderChain& chain, FolderContent& content, const platform::GoesOn& goesOn) {
   std::vector<Level> levels;
-  OpenFolders open;
-  levels.push_back({path, std::move(content)});
+  OpenFolders open(chain.Opened());
+  levels.push_back({chain.Path(), std::move(content)});
   bool empty = levels.back().content.IsEmptyByItself();
-  while (empty) {
+  for (size_t step = 1; empty; ++step) {
     Level& level = levels.back();
     const auto& subFolders = level.content.SubFolders();
     if (level.next == subFolders.size()) {
@@ -73,23 +82,27 @@ bool FolderReader::IsTreeEmpty(const Text& path, FolderContent& content) {
       open.Close(levels.size());
       continue;
     }
-    levels.push_back(ReadNextSubFolder(levels, open));
+    if (step % kStepsBetweenPauses == 0 && goesOn && !goesOn()) {
+      empty = false;
+      break;
+    }
+    levels.push_back(ReadNextSubFolder(levels, open, goesOn));
     empty = levels.back().content.IsEmptyByItself();
   }
-  if (!empty) Remember(levels);
+  if (!empty) Remember(levels, open);
   content = std::move(levels.front().content);
   return empty;
 }
 
 // The search ended in the last level: none of the levels is empty. The subfolders before each are.
-void FolderReader::Remember(std::vector<Level>& levels) {
+void FolderReader::Remember(std::vector<Level>& levels, OpenFolders& open) {
   for (const Level& level : levels) {
     for (size_t i = 0; i + 1 < level.next; ++i) {
-      readAhead_.emplace(PathBelow(level.path, level.content.SubFolders()[i].name), std::nullopt);
+      known_[PathBelow(level.path, level.content.SubFolders()[i].name)].empty = true;
     }
   }
-  for (size_t i = 1; i < levels.size(); ++i) {
-    readAhead_.emplace(std::move(levels[i].path), std::move(levels[i].content));
+  for (size_t i = levels.size() - 1; i > 0; --i) {
+    known_[std::move(levels[i].path)] = {std::move(levels[i].content), false, open.Take(i)};
   }
 }
 

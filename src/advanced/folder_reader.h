@@ -1,11 +1,12 @@
 #pragma once
 
 #include <functional>
-#include <optional>
+#include <memory>
 #include <unordered_map>
 #include <vector>
 
 #include "platform/file_system.h"
+#include "scan/folder_chain.h"
 #include "scan/open_folders.h"
 #include "text/text.h"
 
@@ -73,10 +74,11 @@ class FolderReader {
     bool empty = false;
   };
 
-  // Reads the next folder of the walk with `list`, unless it has been read ahead. The path has no backslash
-  // at its end, except a drive's root. With `testEmpty` the result says whether the folder is empty. The
-  // content of an empty folder may be missing.
-  Visit Read(const Text& path, const FolderContent::Lister& list, bool testEmpty);
+  // Reads the innermost folder of the walk, unless it has been read ahead. With `testEmpty` the result says
+  // whether the folder is empty. The content of an empty folder may be missing. `goesOn` is asked as by
+  // platform::OpenFolder::List, and now and then while folders are read ahead. When it says no, the result
+  // means nothing.
+  Visit Read(FolderChain& chain, bool testEmpty, const platform::GoesOn& goesOn);
 
  private:
   struct Level {
@@ -84,13 +86,19 @@ class FolderReader {
     FolderContent content;
     size_t next = 0;  // index of the next subfolder to read
   };
+  // A folder that was read ahead.
+  struct Known {
+    FolderContent content;
+    bool empty = false;
+    std::unique_ptr<platform::OpenFolder> folder;  // may be null
+  };
 
-  static Level ReadNextSubFolder(std::vector<Level>& levels, OpenFolders& open);
-  bool IsTreeEmpty(const Text& path, FolderContent& content);
-  void Remember(std::vector<Level>& levels);
+  static Level ReadNextSubFolder(std::vector<Level>& levels, OpenFolders& open,
+                                 const platform::GoesOn& goesOn);
+  bool IsTreeEmpty(FolderChain& chain, FolderContent& content, const platform::GoesOn& goesOn);
+  void Remember(std::vector<Level>& levels, OpenFolders& open);
 
-  // Folders read ahead, by path: the content of one that isn't empty, nothing for an empty one.
-  std::unordered_map<Text, std::optional<FolderContent>> readAhead_;
+  std::unordered_map<Text, Known> known_;  // by path
 };
 
 }  // namespace tavix::mdlPubSelf

@@ -11,6 +11,7 @@
 #include "frame/support/pub_system.h"
 #include "platform/file_system.h"
 #include "platform/shell.h"
+#include "scan/folder_chain.h"
 #include "text/letter_case.h"
 
 namespace tavix::mdlPubSelf {
@@ -24,8 +25,9 @@ bool IsLibrary(TextView name) { return ToLower(name).ends_with(u".dll"); }
 // Whether the folder counts as empty, by the rule of the scan: no file with a size and no link in it or
 // below.
 bool IsEmptyFolder(const Text& path) {
-  const auto list = [&path](const platform::EntryVisitor& see) { return fileSystemObject.List(path, see); };
-  return FolderReader().Read(path, list, true).empty;
+  FolderChain chain;
+  chain.Enter(path);
+  return FolderReader().Read(chain, true, {}).empty;
 }
 
 // Whether a path lies on another computer. If that doesn't answer, nothing in it can be looked at.

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <vector>
 
 #include "platform/clock.h"
@@ -49,17 +50,42 @@ struct FileFacts {
 };
 
 using EntryVisitor = std::function<void(const DirectoryEntry& entry)>;
-using NameFilter = std::function<bool(TextView name)>;
+
+// A test of file names. It must depend on the name alone: a file system may call it on another thread, and
+// after the listing that it was given for. Copies of a filter are equal, all others are different. An empty
+// filter takes every name.
+class NameFilter {
+ public:
+  NameFilter() = default;
+  template <class Test>
+  requires std::is_invocable_r_v<bool, const Test&, TextView> NameFilter(Test test)
+      : test_(std::make_shared<const std::function<bool(TextView)>>(std::move(test))) {}
+
+  explicit operator bool() const { return test_ != nullptr; }
+  bool operator()(TextView name) const { return (*test_)(name); }
+  bool operator==(const NameFilter&) const = default;
+
+ private:
+  std::shared_ptr<const std::function<bool(TextView)>> test_;
+};
+
+// Asked now and then, on the caller's thread, whether a long listing goes on. An empty one isn't asked.
+using GoesOn = std::function<bool()>;
 
 // An open folder: it can be listed, and its subfolders opened, without looking up its path again. It stays
 // the same folder when a name on its path changes or disappears.
+//
+// Once a subfolder is opened this way, a file system may list the next ones ahead (platform/read_ahead.h).
+// Their entries are then as they were at some moment since the listing of the folder above.
 class OpenFolder {
  public:
   virtual ~OpenFolder() = default;
   // Visits the entries of this folder, not of its subfolders, in the order of their upper-cased names. False,
   // and nothing visited, when the folder is missing or can't be read. The visitor must not change anything.
   // With `wanted`, files whose names it refuses are skipped without a look at them; folders never are.
-  virtual bool List(const EntryVisitor& visit, const NameFilter& wanted) = 0;
+  // When `goesOn` says no, the listing ends there: false, and entries at the beginning may have been visited.
+  virtual bool List(const EntryVisitor& visit, const NameFilter& wanted, const GoesOn& goesOn) = 0;
+  bool List(const EntryVisitor& visit, const NameFilter& wanted) { return List(visit, wanted, {}); }
   // Opens a subfolder by its name as listed. Null for a link. A missing one gives null, or an open folder
   // whose List fails.
   virtual std::unique_ptr<OpenFolder> Open(TextView name) = 0;

@@ -6,13 +6,14 @@
 
 namespace tavix::mdlPubSelf {
 
-bool FolderChain::List(const platform::EntryVisitor& visit, const platform::NameFilter& wanted) {
+bool FolderChain::List(const platform::EntryVisitor& visit, const platform::NameFilter& wanted,
+                       const platform::GoesOn& goesOn) {
   if (!fileSystemObject) return false;
   const size_t level = levels_.size() - 1;
   TextView name;
   if (level > 0) name = TextView(path_).substr(levels_[level - 1].pathLength);
   platform::OpenFolder* folder = open_.Open(level, path_, name.substr(name.starts_with(u'\\') ? 1 : 0));
-  return folder != nullptr && folder->List(visit, wanted);
+  return folder != nullptr && folder->List(visit, wanted, goesOn);
 }
 
 void FolderChain::Enter(TextView path) {

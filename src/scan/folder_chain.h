@@ -1,6 +1,8 @@
 #pragma once
 
+#include <memory>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include "platform/file_system.h"
@@ -22,8 +24,15 @@ class FolderChain {
   // The length of the first folder's path, with which Path begins.
   size_t StartLength() const { return levels_.front().pathLength; }
 
-  // Lists the innermost folder like platform::FileSystem::List. False if it can't be listed.
-  bool List(const platform::EntryVisitor& visit, const platform::NameFilter& wanted);
+  // Lists the innermost folder like platform::OpenFolder::List. False if it can't be listed.
+  bool List(const platform::EntryVisitor& visit, const platform::NameFilter& wanted,
+            const platform::GoesOn& goesOn);
+  // The innermost folder if List or Hold has opened it; otherwise null.
+  platform::OpenFolder* Opened() { return open_.At(levels_.size() - 1); }
+  // Holds the innermost folder open, which somebody else has opened.
+  void Hold(std::unique_ptr<platform::OpenFolder> folder) {
+    open_.Put(levels_.size() - 1, std::move(folder));
+  }
 
   // Starts the chain with a folder, by its whole path.
   void Enter(TextView path);

@@ -136,6 +136,11 @@ void sbtScan_Click() {
 
 void sbtCancel_Click() { CancelRequested = true; }
 
+bool YieldUnlessCancelled() {
+  platform::Yield();
+  return !CancelRequested;
+}
+
 void SetResultControlsEnabled(bool enabled) {
   frmPubMain.cbxAll.Enabled = enabled;
   frmPubMain.sbtClean.Enabled = enabled;

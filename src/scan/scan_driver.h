@@ -16,6 +16,8 @@ inline int16_t ProgressStep = 0;
 void sbtScan_Click();
 // Asks the running scan to end.
 void sbtCancel_Click();
+// Runs the user interface once, in the middle of a longer piece of work. False if the scan is to end.
+bool YieldUnlessCancelled();
 // Enables or disables the controls that may not be used while rows are added: Check All, Clean, Repair and
 // the toolbar.
 void SetResultControlsEnabled(bool enabled);

@@ -30,7 +30,7 @@ struct FileObject {
 struct Rules {
   Text type;
   // A filter by name; an empty one takes every file.
-  platform::FileSystem::NameFilter wanted = {};
+  platform::NameFilter wanted = {};
   // If set, the file list lists the files by these patterns and each is opened by its name. Otherwise they
   // come as objects from the folder.
   std::optional<Text> patterns = {};
@@ -97,7 +97,7 @@ class Walk {
           if (!rules_.passes || rules_.passes(Concat(folder, u"\\", entry.name), file))
             AddRow(entry.name, file);
         },
-        rules_.wanted);
+        rules_.wanted, YieldUnlessCancelled);
     if (!read && fileSystemObject.FolderExists(folder) == false) return false;
     if (!shown) ShowScannedFolder(Text(folder));
     return true;

@@ -8,8 +8,9 @@ namespace tavix::mdlPubSelf {
 
 // Walkers add a ticked row of type `typeText` with the action "F" for each file: first the files of a folder,
 // then those of its subfolders, depth first, through links too. A folder that is missing or can't be read
-// adds nothing. For each folder they show it in lblProgS and run the user interface once. After Cancel they
-// enter no further folder. The caller suspends the painting of the list.
+// adds nothing. For each folder they show it in lblProgS and run the user interface once, and in a folder
+// that takes long or has more than 1,000 entries now and then. After Cancel they enter no further folder, and
+// leave such a folder where they are. The caller suspends the painting of the list.
 
 // All files.
 void WalkFolderFiles(TextView folder, TextView typeText);

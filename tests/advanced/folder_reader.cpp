@@ -16,9 +16,10 @@ namespace {
 struct CountingFolder : platform::OpenFolder {
   CountingFolder(std::unique_ptr<OpenFolder> real, TextView at, std::map<Text, int>& counts)
       : folder(std::move(real)), path(at), listings(counts) {}
-  bool List(const platform::EntryVisitor& visit, const platform::NameFilter& wanted) override {
+  bool List(const platform::EntryVisitor& visit, const platform::NameFilter& wanted,
+            const platform::GoesOn& goesOn) override {
     ++listings[path];
-    return folder->List(visit, wanted);
+    return folder->List(visit, wanted, goesOn);
   }
   std::unique_ptr<OpenFolder> Open(TextView name) override {
     auto below = folder->Open(name);

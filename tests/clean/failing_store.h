@@ -42,15 +42,12 @@ class FailingStore::Folder : public StoreFolder {
       : store_(store), folder_(std::move(folder)) {}
 
   using StoreFolder::Find;
-  using StoreFolder::Read;
   std::optional<StoreEntry> Find(TextView name, bool& sure) override {
     if (!Fails()) return folder_->Find(name, sure);
     sure = false;
     return std::nullopt;
   }
-  bool Read(std::vector<StoreEntry>& entries, const NameFilter& wanted) override {
-    return !Fails() && folder_->Read(entries, wanted);
-  }
+  bool Read(std::vector<StoreEntry>& entries) override { return !Fails() && folder_->Read(entries); }
   std::unique_ptr<StoreFolder> Open(TextView name) override {
     return Fails() ? nullptr : store_.Wrap(folder_->Open(name));
   }

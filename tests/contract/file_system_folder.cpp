@@ -15,11 +15,12 @@ namespace fs = std::filesystem;
 
 class FolderStage : public FileSystemStage {
  public:
-  FolderStage() {
+  explicit FolderStage(bool readsAhead) {
+    ahead_.Force();
     fs::create_directories(scratch_.Root() / "machine/drives/C/Contract/Place");
     scratch_.Write("outside/secret.txt", "secret");
     store_ = machine::OpenHostStore(fs::canonical(scratch_.Root() / "machine"));
-    files_.emplace(*store_, facts_);
+    files_.emplace(*store_, facts_, readsAhead ? &ahead_ : nullptr);
     trust_.emplace(*files_, facts_);
   }
   platform::FileSystem& Use() override { return *files_; }
@@ -84,14 +85,20 @@ class FolderStage : public FileSystemStage {
   machine::ScratchFolder scratch_;
   machine::MachineFacts facts_;
   std::unique_ptr<machine::FileStore> store_;
+  platform::ReadAhead ahead_;
   std::optional<machine::MachineFileSystem> files_;
   std::optional<machine::MachineTrust> trust_;
 };
 
-std::unique_ptr<FileSystemStage> Make() { return std::make_unique<FolderStage>(); }
+std::unique_ptr<FileSystemStage> Make() { return std::make_unique<FolderStage>(false); }
+std::unique_ptr<FileSystemStage> MakeAhead() { return std::make_unique<FolderStage>(true); }
 
-INSTANTIATE_TEST_SUITE_P(Folder, FileSystemContract, testing::Values(FileSystemStageMaker{"folder", Make}));
-INSTANTIATE_TEST_SUITE_P(Folder, FoundItems, testing::Values(FileSystemStageMaker{"folder", Make}));
+INSTANTIATE_TEST_SUITE_P(Folder, FileSystemContract,
+                         testing::Values(FileSystemStageMaker{"folder", Make},
+                                         FileSystemStageMaker{"folder, read ahead", MakeAhead}));
+INSTANTIATE_TEST_SUITE_P(Folder, FoundItems,
+                         testing::Values(FileSystemStageMaker{"folder", Make},
+                                         FileSystemStageMaker{"folder, read ahead", MakeAhead}));
 
 }  // namespace
 }  // namespace tavix::contract

@@ -31,7 +31,8 @@ class FaultyFolder : public platform::OpenFolder {
       : faults_(faults), path_(std::move(path)), folder_(std::move(folder)) {}
 
   // A file that can't be examined is still listed by its name.
-  bool List(const platform::EntryVisitor& visit, const platform::NameFilter& wanted) override {
+  bool List(const platform::EntryVisitor& visit, const platform::NameFilter& wanted,
+            const platform::GoesOn& goesOn) override {
     if (faults_.Hit(u"List", path_)) return false;
     const auto visitKnown = [&](const platform::DirectoryEntry& entry) {
       if (!faults_.Fails(u"Look", Below(path_, entry.name))) return visit(entry);
@@ -42,7 +43,7 @@ class FaultyFolder : public platform::OpenFolder {
       bare.known = false;
       visit(bare);
     };
-    return folder_->List(visitKnown, wanted);
+    return folder_->List(visitKnown, wanted, goesOn);
   }
 
   std::unique_ptr<platform::OpenFolder> Open(TextView name) override {

@@ -52,8 +52,7 @@ class MemoryFolder : public StoreFolder {
     return found != nullptr ? std::optional(Entry(*found)) : std::nullopt;
   }
 
-  using StoreFolder::Read;
-  bool Read(std::vector<StoreEntry>& entries, const NameFilter&) override {
+  bool Read(std::vector<StoreEntry>& entries) override {
     if (faults_.Hit(u"Read", node_->name)) return false;
     for (const auto& [name, child] : node_->children) entries.push_back(Entry(*child));
     return true;

@@ -20,8 +20,9 @@ class OddNames : public machine::MemoryFileSystem {
  private:
   struct Folder : platform::OpenFolder {
     explicit Folder(std::unique_ptr<OpenFolder> plainOnes) : plain(std::move(plainOnes)) {}
-    bool List(const platform::EntryVisitor& visit, const platform::NameFilter& wanted) override {
-      if (!plain->List(visit, wanted)) return false;
+    bool List(const platform::EntryVisitor& visit, const platform::NameFilter& wanted,
+              const platform::GoesOn& goesOn) override {
+      if (!plain->List(visit, wanted, goesOn)) return false;
       for (const TextView name : {u"x.tmp.", u"x.tmp ", u"x.tmp..", u"x.lnk. "}) {
         platform::DirectoryEntry entry;
         entry.name = name;

@@ -1,3 +1,6 @@
+#include <algorithm>
+#include <span>
+
 #include "frame/support/file_system_object.h"
 #include "scan/scan_driver.h"
 #include "scan/walkers_test.h"
@@ -37,6 +40,27 @@ TEST_F(Walkers, CancelAtAYieldEntersNoFurtherFolder) {
     EXPECT_EQ(Walk(walker, u"C:\\T"), (std::vector<Text>{u"C:\\T\\a\\1.lnk", u"C:\\T\\b\\2.lnk"}))
         << walker.name;
     EXPECT_EQ(yields.count, 3);
+  }
+}
+
+TEST_F(Walkers, CancelInABigFolderLeavesItInTheMiddle) {
+  constexpr size_t kFiles = 5'000;
+  for (size_t i = 0; i < kFiles; ++i) {
+    Text number = ToText(static_cast<long long>(i));
+    number.insert(0, 4 - number.size(), u'0');
+    AddDead(Concat(u"C:\\T\\", number, u".lnk"));
+  }
+  for (const Walker& walker : kWalkers) {
+    CancelRequested = false;
+    const std::vector<Text> all = Walk(walker, u"C:\\T");
+    ASSERT_EQ(all.size(), kFiles);
+    YieldCount yields;
+    yields.actAt = 7;
+    yields.act = [] { sbtCancel_Click(); };
+    const std::vector<Text> some = Walk(walker, u"C:\\T");
+    EXPECT_GT(some.size(), 0U) << walker.name;
+    EXPECT_LT(some.size(), kFiles) << walker.name;
+    EXPECT_TRUE(std::ranges::equal(some, std::span(all).first(some.size()))) << walker.name;
   }
 }
 

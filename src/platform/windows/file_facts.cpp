@@ -59,76 +59,6 @@ Text DiskPath(TextView path) {
   return result;
 }
 
-// An entry of a listing. All names share one text.
-struct Listed {
-  size_t nameStart;
-  size_t nameLength;
-  uint64_t size;
-  FILETIME modified;
-  FILETIME accessed;
-  DWORD attributes;
-  bool link;
-};
-
-class Listing {
- public:
-  // False when the listing fails part of the way.
-  bool Read(TextView folder, const platform::FileSystem::NameFilter& wanted) {
-    WIN32_FIND_DATAW data;
-    const FindHandle found = FindFirst(PathIn(folder, u"*"), data, FIND_FIRST_EX_LARGE_FETCH);
-    // Every folder has the entries "." and "..", except the root of an empty drive.
-    if (!found) return GetLastError() == ERROR_FILE_NOT_FOUND && LookUp(folder).has_value();
-    do {
-      Add(data, wanted);
-    } while (FindNextFileW(found.Get(), &data));
-    return GetLastError() == ERROR_NO_MORE_FILES;
-  }
-
-  void Visit(const platform::FileSystem::EntryVisitor& visit) {
-    Sort();
-    LocalTimes times;
-    for (const Listed& listed : entries_) {
-      platform::DirectoryEntry entry;
-      entry.name = Name(listed);
-      entry.size = listed.size;
-      entry.modified = times.Of(listed.modified);
-      entry.accessed = times.Of(listed.accessed);
-      entry.attributes = listed.attributes & kShownAttributes;
-      entry.folder = (listed.attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-      entry.link = listed.link;
-      visit(entry);
-    }
-  }
-
- private:
-  TextView Name(const Listed& entry) const {
-    return TextView(names_).substr(entry.nameStart, entry.nameLength);
-  }
-
-  void Add(const WIN32_FIND_DATAW& data, const platform::FileSystem::NameFilter& wanted) {
-    const TextView name(reinterpret_cast<const char16_t*>(data.cFileName));
-    if (name == u"." || name == u"..") return;
-    if (wanted && (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0 && !wanted(name)) return;
-    entries_.push_back({names_.size(), name.size(),
-                        SizeOf(data.dwFileAttributes, data.nFileSizeHigh, data.nFileSizeLow),
-                        data.ftLastWriteTime, data.ftLastAccessTime, data.dwFileAttributes, FoundLink(data)});
-    names_.append(name);
-  }
-
-  // Most file systems list in this order already.
-  void Sort() {
-    const auto before = [this](const Listed& left, const Listed& right) {
-      return CompareIgnoringCase(Name(left), Name(right)) < 0;
-    };
-    if (!std::is_sorted(entries_.begin(), entries_.end(), before)) {
-      std::stable_sort(entries_.begin(), entries_.end(), before);
-    }
-  }
-
-  Text names_;
-  std::vector<Listed> entries_;
-};
-
 }  // namespace
 
 bool IsStandIn(DWORD attributes, DWORD reparseTag) {
@@ -217,12 +147,27 @@ std::optional<platform::FileFacts> ReadFacts(TextView path) {
   return facts;
 }
 
-bool ListFolder(TextView folder, const platform::FileSystem::EntryVisitor& visit,
-                const platform::FileSystem::NameFilter& wanted) {
-  Listing listing;
-  if (!listing.Read(folder, wanted)) return false;
-  listing.Visit(visit);
-  return true;
+bool ReadFolder(TextView folder, platform::FolderListing& listing, const platform::NameFilter& wanted) {
+  WIN32_FIND_DATAW data;
+  const FindHandle found = FindFirst(PathIn(folder, u"*"), data, FIND_FIRST_EX_LARGE_FETCH);
+  // Every folder has the entries "." and "..", except the root of an empty drive.
+  if (!found) return GetLastError() == ERROR_FILE_NOT_FOUND && LookUp(folder).has_value();
+  LocalTimes times;
+  do {
+    if (!listing.Continue()) return false;
+    platform::DirectoryEntry entry;
+    entry.name = reinterpret_cast<const char16_t*>(data.cFileName);
+    entry.folder = (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    if (entry.name == u"." || entry.name == u"..") continue;
+    if (!entry.folder && wanted && !wanted(entry.name)) continue;
+    entry.size = SizeOf(data.dwFileAttributes, data.nFileSizeHigh, data.nFileSizeLow);
+    entry.modified = times.Of(data.ftLastWriteTime);
+    entry.accessed = times.Of(data.ftLastAccessTime);
+    entry.attributes = data.dwFileAttributes & kShownAttributes;
+    entry.link = FoundLink(data);
+    listing.Add(entry);
+  } while (FindNextFileW(found.Get(), &data));
+  return GetLastError() == ERROR_NO_MORE_FILES;
 }
 
 platform::DateTime LocalTimes::Of(const FILETIME& time) {

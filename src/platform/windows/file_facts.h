@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/file_system.h"
+#include "platform/folder_listing.h"
 #include "platform/windows/windows_api.h"
 #include "text/text.h"
 
@@ -56,9 +57,9 @@ bool IsNotFound(DWORD error);
 // As platform::FileSystem::Look.
 std::optional<platform::FileFacts> ReadFacts(TextView path);
 
-// As platform::FileSystem::List and FolderIdentity.
-bool ListFolder(TextView folder, const platform::FileSystem::EntryVisitor& visit,
-                const platform::FileSystem::NameFilter& wanted);
+// As platform::FolderSource::Read. Any thread may call it.
+bool ReadFolder(TextView folder, platform::FolderListing& listing, const platform::NameFilter& wanted);
+// As platform::FileSystem::FolderIdentity.
 std::optional<Text> ReadFolderIdentity(TextView path);
 // As platform::FileSystem::Lineage.
 std::vector<Text> ReadLineage(TextView path);

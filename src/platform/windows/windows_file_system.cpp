@@ -3,6 +3,7 @@
 #include "platform/windows/delete_tree.h"
 #include "platform/windows/file_content.h"
 #include "platform/windows/file_facts.h"
+#include "platform/windows/file_handle.h"
 #include "platform/windows/file_move.h"
 #include "platform/windows/found_item.h"
 #include "platform/windows/temporary_files.h"
@@ -12,6 +13,7 @@
 namespace tavix::windows {
 namespace {
 
+constexpr DWORD kNoDialogs = SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX;
 constexpr DWORD kChangeable =
     platform::kReadOnly | platform::kHidden | platform::kSystem | platform::kArchive;
 
@@ -26,18 +28,56 @@ platform::Existence Exists(TextView path, bool folder) {
 }
 
 // Finds the folder by its path at each call. Names below it come from listings.
-class Opened : public platform::OpenFolder {
+class Source : public platform::FolderSource {
  public:
-  explicit Opened(Text normal) : normal_(std::move(normal)) {}
-  bool List(const platform::EntryVisitor& visit, const platform::NameFilter& wanted) override {
-    return ListFolder(normal_, visit, wanted);
+  explicit Source(Text normal) : normal_(std::move(normal)) {}
+  std::shared_ptr<const FolderSource> Open(TextView name) const override {
+    return std::make_shared<Source>(PathIn(normal_, name));
   }
-  std::unique_ptr<platform::OpenFolder> Open(TextView name) override {
-    return std::make_unique<Opened>(PathIn(normal_, name));
+  bool Read(platform::FolderListing& listing, const platform::NameFilter& wanted) const override {
+    return ReadFolder(normal_, listing, wanted);
   }
 
  private:
   const Text normal_;
+};
+
+// Whether a folder, links followed, is on a disk that stays in the machine. Asks its device, not the disk.
+bool IsOnFixedDisk(TextView normal) {
+  constexpr ULONG kDisk = 7;
+  constexpr ULONG kRemovable = 0x01, kFloppy = 0x04, kRemote = 0x10;
+  struct {
+    ULONG type;
+    ULONG characteristics;
+  } device;
+  const Text extended = ExtendedPath(normal);
+  const FileHandle folder(CreateFileW(Wide(extended), FILE_READ_ATTRIBUTES | SYNCHRONIZE, kShareAll, nullptr,
+                                      OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+  IO_STATUS_BLOCK status;
+  return folder &&
+         NT_SUCCESS(NtQueryVolumeInformationFile(folder.Get(), &status, &device, sizeof(device),
+                                                 FileFsDeviceInformation)) &&
+         device.type == kDisk && (device.characteristics & (kRemovable | kFloppy | kRemote)) == 0;
+}
+
+class Opened : public platform::OpenFolder {
+ public:
+  Opened(platform::ReadAhead& ahead, const Text& normal)
+      : folder_(&ahead, std::make_shared<Source>(normal), [normal] { return IsOnFixedDisk(normal); }) {}
+  explicit Opened(platform::ReadAhead::Folder folder) : folder_(std::move(folder)) {}
+
+  bool List(const platform::EntryVisitor& visit, const platform::NameFilter& wanted,
+            const platform::GoesOn& goesOn) override {
+    const auto listing = folder_.List(wanted, goesOn);
+    return listing && listing->Visit(visit, goesOn);
+  }
+  std::unique_ptr<platform::OpenFolder> Open(TextView name) override {
+    auto folder = folder_.Open(name);
+    return folder ? std::make_unique<Opened>(*std::move(folder)) : nullptr;
+  }
+
+ private:
+  platform::ReadAhead::Folder folder_;
 };
 
 // Makes online files visible as such to this process. By default the system may show them as ordinary files,
@@ -75,8 +115,8 @@ platform::Drive ReadDrive(char16_t letter) {
 
 }  // namespace
 
-WindowsFileSystem::WindowsFileSystem() {
-  SetThreadErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX, &errorMode_);
+WindowsFileSystem::WindowsFileSystem() : ahead_([] { SetThreadErrorMode(kNoDialogs, nullptr); }) {
+  SetThreadErrorMode(kNoDialogs, &errorMode_);
   ExposeOnlineFiles();
 }
 
@@ -91,8 +131,8 @@ platform::Existence WindowsFileSystem::FileExists(TextView path) { return Exists
 platform::Existence WindowsFileSystem::FolderExists(TextView path) { return Exists(path, true); }
 
 std::unique_ptr<platform::OpenFolder> WindowsFileSystem::Open(TextView folder) {
-  std::optional<Text> normal = NormalPath(folder);
-  return normal ? std::make_unique<Opened>(*std::move(normal)) : nullptr;
+  const std::optional<Text> normal = NormalPath(folder);
+  return normal ? std::make_unique<Opened>(ahead_, *normal) : nullptr;
 }
 
 std::optional<Text> WindowsFileSystem::FolderIdentity(TextView path) {

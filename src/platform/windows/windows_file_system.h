@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/file_system.h"
+#include "platform/read_ahead.h"
 #include "platform/windows/windows_api.h"
 
 namespace tavix::windows {
@@ -37,6 +38,7 @@ class WindowsFileSystem : public platform::FileSystem {
 
  private:
   DWORD errorMode_ = 0;
+  platform::ReadAhead ahead_;
 };
 
 // The calls that ask about drives. Tests replace them to imitate drives that they don't have.

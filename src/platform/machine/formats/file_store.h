@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -9,6 +8,7 @@
 #include <vector>
 
 #include "platform/clock.h"
+#include "platform/folder_listing.h"
 #include "text/text.h"
 
 namespace tavix::machine {
@@ -36,8 +36,9 @@ struct LinkTarget {
 
 enum class MoveResult { Done, Failed, OtherVolume };
 
-// An open folder. It stays the same folder when a folder above it is renamed. Names match exactly, except in
-// Find. No operation follows a link. Booleans are false on failure. A failed call changes nothing, except
+// An open folder. List and Open of a folder of the host may be called by any thread, everything else by one
+// at a time. It stays the same folder when a folder above it is renamed. Names match exactly, except in Find.
+// No operation follows a link. Booleans are false on failure. A failed call changes nothing, except
 // RemoveTree and RemoveEmptyTree, which may have deleted a part.
 class StoreFolder {
  public:
@@ -51,11 +52,12 @@ class StoreFolder {
     bool sure = true;
     return Find(name, sure);
   }
-  // Adds all entries of the folder in any order, except those whose name is impossible on Windows. Files
-  // whose names `wanted` refuses may be left out. False when the folder can't be read.
-  using NameFilter = std::function<bool(TextView name)>;
-  virtual bool Read(std::vector<StoreEntry>& entries, const NameFilter& wanted) = 0;
-  bool Read(std::vector<StoreEntry>& entries) { return Read(entries, {}); }
+  // Adds all entries of the folder in any order, except those whose name is impossible on Windows. False when
+  // the folder can't be read.
+  virtual bool Read(std::vector<StoreEntry>& entries) = 0;
+  // The same for a listing. No link counts as a folder. Files whose names `wanted` refuses are left out.
+  // False also when the reading is given up.
+  virtual bool List(platform::FolderListing& listing, const platform::NameFilter& wanted);
   // Opens a subfolder. Null when it is missing, no folder, or can't be opened.
   virtual std::unique_ptr<StoreFolder> Open(TextView name) = 0;
   // The target of a link. Nothing when it isn't a link, can't be read or leads out of the store.

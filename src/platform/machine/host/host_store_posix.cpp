@@ -1,9 +1,13 @@
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <climits>
+#include <iterator>
+#include <utility>
 
 #include "platform/machine/formats/machine_path.h"
 #include "platform/machine/host/host_content_posix.h"
@@ -19,6 +23,7 @@ namespace {
 
 // O_PATH needs no right to read the folder.
 constexpr int kFolder = O_PATH | O_DIRECTORY | O_CLOEXEC | O_NOFOLLOW;
+constexpr int kReadFolder = O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NOFOLLOW;
 constexpr unsigned kFacts = STATX_TYPE | STATX_SIZE | STATX_MTIME | STATX_ATIME;
 
 platform::DateTime ToLocal(const struct statx_timestamp& time, bool hasZone) {
@@ -52,15 +57,71 @@ std::optional<StoreEntry> ReadEntry(int folder, const char* raw, Text name) {
   return ToEntry(facts, std::move(name), HasZone());
 }
 
-// The entry of an item that can't be examined or has disappeared since the listing. Nothing when the listing
-// has no type.
-std::optional<StoreEntry> BareEntry(unsigned char type, Text name) {
-  if (type != DT_REG && type != DT_DIR && type != DT_LNK) return std::nullopt;
-  StoreEntry entry;
-  entry.name = std::move(name);
-  entry.kind = type == DT_REG ? EntryKind::File : type == DT_DIR ? EntryKind::Folder : EntryKind::Link;
-  entry.known = false;
-  return entry;
+// The text of a name, and whether Windows could have it. ASCII, which most names are, takes no memory.
+class HostName {
+ public:
+  explicit HostName(std::string_view raw) {
+    size_t size = 0;
+    for (; size < raw.size() && size < std::size(ascii_) && raw[size] > 0; ++size) {
+      ascii_[size] = static_cast<char16_t>(raw[size]);
+    }
+    if (size == raw.size()) {
+      text_ = {ascii_, size};
+    } else if ((other_ = FromUtf8(raw))) {
+      text_ = *other_;
+    }
+  }
+  HostName(const HostName&) = delete;
+  HostName& operator=(const HostName&) = delete;
+
+  TextView Get() const { return text_; }
+  bool IsValid() const { return IsFileName(text_); }
+
+ private:
+  char16_t ascii_[256];
+  std::optional<Text> other_;
+  TextView text_;
+};
+
+// Adds an entry, unless its name is impossible on Windows or it is nothing that a machine can have. One
+// system call at most.
+void AddEntry(int folder, const dirent64& raw, bool hasZone, platform::FolderListing& listing,
+              const platform::NameFilter& wanted) {
+  const HostName name(raw.d_name);
+  if (!name.IsValid() || (raw.d_type == DT_REG && wanted && !wanted(name.Get()))) return;
+  platform::DirectoryEntry entry;
+  entry.name = name.Get();
+  struct statx facts {};
+  entry.known = ReadFacts(folder, raw.d_name, facts);
+  const unsigned mode = entry.known ? facts.stx_mode : DTTOIF(raw.d_type);
+  const bool file = S_ISREG(mode);
+  entry.folder = S_ISDIR(mode);
+  entry.link = S_ISLNK(mode);
+  if (!file && !entry.folder && !entry.link) return;
+  if (entry.known) {
+    if (file) entry.size = facts.stx_size;
+    entry.modified = ToLocal(facts.stx_mtime, hasZone);
+    // Some file systems keep no access time.
+    if ((facts.stx_mask & STATX_ATIME) != 0) entry.accessed = ToLocal(facts.stx_atime, hasZone);
+    if (raw.d_type == DT_UNKNOWN && file && wanted && !wanted(entry.name)) return;
+  }
+  listing.Add(entry);
+}
+
+// Lists a folder that is open for reading and hasn't been listed by this handle.
+bool ListHostFolder(int folder, platform::FolderListing& listing, const platform::NameFilter& wanted) {
+  const bool hasZone = HasZone();
+  alignas(dirent64) char buffer[size_t{32} << 10U];
+  for (;;) {
+    const ssize_t size = ::getdents64(folder, buffer, sizeof(buffer));
+    if (size <= 0) return size == 0;
+    for (ssize_t at = 0; at < size;) {
+      const auto& entry = *reinterpret_cast<const dirent64*>(buffer + at);
+      at += entry.d_reclen;
+      if (!listing.Continue()) return false;
+      AddEntry(folder, entry, hasZone, listing, wanted);
+    }
+  }
 }
 
 // Data shared by all folders of a store.
@@ -88,26 +149,41 @@ class HostFolder : public StoreFolder {
     return std::nullopt;
   }
 
-  using StoreFolder::Read;
-  bool Read(std::vector<StoreEntry>& entries, const NameFilter& wanted) override {
-    const int folder = Get();
-    const bool hasZone = HasZone();
-    return ReadHostNames(folder, [&](const char* raw, unsigned char type) {
-      std::optional<Text> name = FromUtf8(raw);
-      if (!name || !IsFileName(*name)) return;
-      if (type == DT_REG && wanted && !wanted(*name)) return;
-      struct statx facts {};
-      std::optional<StoreEntry> entry = ReadFacts(folder, raw, facts)
-                                            ? ToEntry(facts, *std::move(name), hasZone)
-                                            : BareEntry(type, *std::move(name));
-      if (entry) entries.push_back(*std::move(entry));
-    });
+  bool Read(std::vector<StoreEntry>& entries) override {
+    platform::FolderListing listing;
+    if (!List(listing, {})) return false;
+    entries.reserve(entries.size() + listing.Count());
+    listing.Visit(
+        [&entries](const platform::DirectoryEntry& entry) {
+          const EntryKind kind = entry.folder ? EntryKind::Folder
+                                 : entry.link ? EntryKind::Link
+                                              : EntryKind::File;
+          entries.push_back(
+              {Text(entry.name), kind, entry.size, entry.modified, entry.accessed, entry.known});
+        },
+        {});
+    return true;
   }
 
+  bool List(platform::FolderListing& listing, const platform::NameFilter& wanted) override {
+    if (!readable_ || std::exchange(listed_, true)) {
+      const HostHandle again(::openat(Get(), ".", kReadFolder));
+      return again && ListHostFolder(again.Get(), listing, wanted);
+    }
+    return ListHostFolder(Get(), listing, wanted);
+  }
+
+  // A folder that is opened for reading can be listed without opening it again.
   std::unique_ptr<StoreFolder> Open(TextView name) override {
-    HostHandle opened(::openat(Get(), ToUtf8(name).c_str(), kFolder));
+    const std::string raw = ToUtf8(name);
+    HostHandle opened(::openat(Get(), raw.c_str(), kReadFolder));
+    const bool readable = static_cast<bool>(opened);
+    if (!readable && errno == EACCES) opened = HostHandle(::openat(Get(), raw.c_str(), kFolder));
     if (!opened) return nullptr;
-    return std::make_unique<HostFolder>(std::make_shared<HostOpenFolder>(std::move(opened), false), shared_);
+    auto folder =
+        std::make_unique<HostFolder>(std::make_shared<HostOpenFolder>(std::move(opened), false), shared_);
+    folder->readable_ = readable;
+    return folder;
   }
 
   std::optional<LinkTarget> ReadLink(TextView name) override {
@@ -285,6 +361,8 @@ class HostFolder : public StoreFolder {
 
   std::shared_ptr<HostOpenFolder> folder_;
   std::shared_ptr<Shared> shared_;
+  bool readable_ = false;  // opened for reading
+  bool listed_ = false;
 };
 
 class HostStore : public FileStore {

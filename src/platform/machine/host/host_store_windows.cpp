@@ -88,8 +88,7 @@ class HostFolder : public StoreFolder {
     return ToEntry(found);
   }
 
-  using StoreFolder::Read;
-  bool Read(std::vector<StoreEntry>& entries, const NameFilter&) override {
+  bool Read(std::vector<StoreEntry>& entries) override {
     _wfinddata64_t found;
     const intptr_t search = _wfindfirst64((path_ + L"\\*").c_str(), &found);
     if (search == -1) return false;

@@ -1,6 +1,8 @@
 #include "platform/machine/services/machine_file_system.h"
 
 #include <algorithm>
+#include <memory>
+#include <utility>
 
 #include "text/letter_case.h"
 
@@ -9,19 +11,6 @@ namespace {
 
 constexpr uint32_t kSettable =
     platform::kReadOnly | platform::kHidden | platform::kSystem | platform::kArchive;
-
-// Sorts by upper-cased names; equal ones by the names themselves. Many hosts list a folder in order of
-// creation or its reverse, so these orders are checked first.
-void SortByCapitals(std::vector<StoreEntry>& entries) {
-  const auto before = [](const StoreEntry& left, const StoreEntry& right) {
-    const int capitals = CompareIgnoringCase(left.name, right.name);
-    return capitals != 0 ? capitals < 0 : left.name < right.name;
-  };
-  if (std::is_sorted(entries.rbegin(), entries.rend(), before)) std::reverse(entries.begin(), entries.end());
-  if (!std::is_sorted(entries.begin(), entries.end(), before)) {
-    std::sort(entries.begin(), entries.end(), before);
-  }
-}
 
 Text Below(TextView folder, TextView name) {
   return Concat(folder, folder.ends_with(u'\\') ? u"" : u"\\", name);
@@ -74,47 +63,65 @@ std::vector<Text> MachineFileSystem::Lineage(TextView path) {
   }
 }
 
+bool MachineFileSystem::IsOnFixedDrive(TextView realPath) const {
+  const std::optional<MachinePath> path = ReadMachinePath(realPath);
+  if (!path || path->drive == 0) return false;
+  const platform::Drive* drive = facts_.FindDrive(path->drive);
+  return drive == nullptr || drive->type == platform::kFixedDrive;
+}
+
 class MachineFileSystem::Opened : public platform::OpenFolder {
  public:
-  Opened(MachineFileSystem& files, FolderPlace place) : files_(files), place_(std::move(place)) {}
+  Opened(MachineFileSystem& files, FolderPlace place) : files_(files), path_(std::move(place.realPath)) {
+    if (place.folder == nullptr) return;
+    folder_.emplace(files.ahead_, std::make_shared<Source>(std::move(place.folder)),
+                    [this] { return files_.IsOnFixedDrive(path_); });
+  }
+  Opened(MachineFileSystem& files, Text realPath, platform::ReadAhead::Folder folder)
+      : files_(files), path_(std::move(realPath)), folder_(std::move(folder)) {}
 
-  bool List(const EntryVisitor& visit, const NameFilter& wanted) override {
-    std::vector<StoreEntry> entries;
-    if (place_.folder != nullptr && !place_.folder->Read(entries, wanted)) return false;
-    SortByCapitals(entries);
-    for (const StoreEntry& entry : entries) {
-      const platform::DirectoryEntry shown = Shown(entry);
-      if (shown.folder || !wanted || wanted(shown.name)) visit(shown);
-    }
-    return true;
+  bool List(const EntryVisitor& visit, const NameFilter& wanted, const platform::GoesOn& goesOn) override {
+    if (!folder_) return true;
+    const auto listing = folder_->List(wanted, goesOn);
+    if (!listing) return false;
+    const bool attributes = !files_.attributes_.Empty();
+    return listing->Visit(
+        [&](platform::DirectoryEntry entry) {
+          if (attributes) entry.attributes = files_.attributes_.Get(Below(path_, entry.name));
+          if (entry.link) {
+            entry.folder = files_.finder_.LeadsToFolder(Below(path_, entry.name));
+            if (!entry.folder && wanted && !wanted(entry.name)) return;
+          }
+          visit(entry);
+        },
+        goesOn);
   }
 
   std::unique_ptr<platform::OpenFolder> Open(TextView name) override {
-    auto folder = place_.folder != nullptr ? place_.folder->Open(name) : nullptr;
-    if (folder == nullptr) return nullptr;
-    return std::make_unique<Opened>(
-        files_, FolderPlace{Below(place_.path, name), Below(place_.realPath, name), std::move(folder)});
+    auto folder = folder_ ? folder_->Open(name) : std::nullopt;
+    if (!folder) return nullptr;
+    return std::make_unique<Opened>(files_, Below(path_, name), *std::move(folder));
   }
 
  private:
-  platform::DirectoryEntry Shown(const StoreEntry& entry) const {
-    platform::DirectoryEntry shown;
-    shown.name = entry.name;
-    shown.size = entry.size;
-    shown.modified = entry.modified;
-    shown.accessed = entry.accessed;
-    if (!files_.attributes_.Empty()) {
-      shown.attributes = files_.attributes_.Get(Below(place_.realPath, entry.name));
+  class Source : public platform::FolderSource {
+   public:
+    explicit Source(std::unique_ptr<StoreFolder> folder) : folder_(std::move(folder)) {}
+    std::shared_ptr<const FolderSource> Open(TextView name) const override {
+      auto folder = folder_->Open(name);
+      return folder != nullptr ? std::make_shared<Source>(std::move(folder)) : nullptr;
     }
-    shown.link = entry.kind == EntryKind::Link;
-    shown.folder = entry.kind == EntryKind::Folder ||
-                   (shown.link && files_.finder_.LeadsToFolder(Below(place_.realPath, entry.name)));
-    shown.known = entry.known;
-    return shown;
-  }
+    bool Read(platform::FolderListing& listing, const NameFilter& wanted) const override {
+      return folder_->List(listing, wanted);
+    }
+
+   private:
+    const std::unique_ptr<StoreFolder> folder_;
+  };
 
   MachineFileSystem& files_;
-  FolderPlace place_;
+  const Text path_;                                    // its links resolved
+  std::optional<platform::ReadAhead::Folder> folder_;  // nothing for an empty drive without a folder
 };
 
 std::unique_ptr<platform::OpenFolder> MachineFileSystem::Open(TextView folder) {

@@ -4,6 +4,7 @@
 #include "platform/machine/formats/attribute_table.h"
 #include "platform/machine/services/path_finder.h"
 #include "platform/machine/services/recycle_bin.h"
+#include "platform/read_ahead.h"
 
 namespace tavix::machine {
 
@@ -12,9 +13,9 @@ namespace tavix::machine {
 // circles, can't be told.
 class MachineFileSystem : public platform::FileSystem {
  public:
-  // Store and facts must outlive this.
-  MachineFileSystem(FileStore& store, const MachineFacts& facts)
-      : store_(store), facts_(facts), finder_(store, facts), attributes_(&store) {}
+  // Store and facts must outlive this, and so must `ahead`, which reads the folders of fixed drives ahead.
+  MachineFileSystem(FileStore& store, const MachineFacts& facts, platform::ReadAhead* ahead = nullptr)
+      : store_(store), facts_(facts), finder_(store, facts), attributes_(&store), ahead_(ahead) {}
   // Calls Save.
   ~MachineFileSystem() override;
   MachineFileSystem(const MachineFileSystem&) = delete;
@@ -60,6 +61,8 @@ class MachineFileSystem : public platform::FileSystem {
   class Found;
   using Last = PathFinder::Last;
 
+  // Whether a path without links is on a fixed drive; asks no drive.
+  bool IsOnFixedDrive(TextView realPath) const;
   bool IsReadOnly(const Place& place) const;
   // Whether a folder or anything in it is read-only.
   bool HoldsReadOnly(const Place& folder);
@@ -76,6 +79,7 @@ class MachineFileSystem : public platform::FileSystem {
   const MachineFacts& facts_;
   PathFinder finder_;
   AttributeTable attributes_;
+  platform::ReadAhead* const ahead_;
   const Found* left_ = nullptr;  // the item that was last left to the shell, while it lives
 };
 

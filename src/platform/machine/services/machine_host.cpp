@@ -14,6 +14,7 @@
 #include "platform/machine/services/recycle_bin.h"
 #include "platform/merged_registry.h"
 #include "platform/nothing.h"
+#include "platform/read_ahead.h"
 
 namespace tavix::machine {
 
@@ -26,7 +27,8 @@ struct MachineHost::Parts {
   std::unique_ptr<FileStore> store;
   platform::MergedRegistry registry{folder->Registry()};
   MachineFacts facts{folder->Ini(), store.get()};
-  MachineFileSystem files{*store, facts};
+  platform::ReadAhead ahead;
+  MachineFileSystem files{*store, facts, &ahead};
   class Journal journal {
     store.get()
   };
