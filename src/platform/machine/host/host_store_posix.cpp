@@ -74,6 +74,8 @@ class HostFolder : public StoreFolder {
   HostFolder(std::shared_ptr<HostOpenFolder> folder, std::shared_ptr<Shared> shared)
       : folder_(std::move(folder)), shared_(std::move(shared)) {}
 
+  bool Stands() override { return folder_->Stands(); }
+
   using StoreFolder::Find;
   std::optional<StoreEntry> Find(TextView name, bool& sure) override {
     if (folder_->Lacks(name)) return std::nullopt;
@@ -107,7 +109,7 @@ class HostFolder : public StoreFolder {
   std::unique_ptr<StoreFolder> Open(TextView name) override {
     HostHandle opened(::openat(Get(), ToUtf8(name).c_str(), kFolder));
     if (!opened) return nullptr;
-    return std::make_unique<HostFolder>(std::make_shared<HostOpenFolder>(std::move(opened), false), shared_);
+    return std::make_unique<HostFolder>(std::make_shared<HostOpenFolder>(std::move(opened)), shared_);
   }
 
   std::optional<LinkTarget> ReadLink(TextView name) override {
