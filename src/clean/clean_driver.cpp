@@ -56,10 +56,12 @@ bool FolderIsGone(TextView path) {
 
 // A file is left alone, and its row stays, if the system would read its name as another one. The row also
 // stays if it can't be told whether the file has gone.
+//
+// The path is asked only for what isn't known to have gone.
 bool CleanFileAt(Clean& clean, const FoundPlace& place) {
   const Text path = place.Path();
   if (!HasPlainNames(path)) return false;
-  if (!place.name.empty()) clean.removal.RemoveFile(place);
+  if (!place.name.empty() && clean.removal.RemoveFile(place)) return true;
   return FileIsGone(path);
 }
 
@@ -75,7 +77,7 @@ bool CleanNamedFile(Clean& clean, const Finding&, TextView path) {
 bool CleanFolder(Clean& clean, const Finding& finding, TextView) {
   const Text path = finding.place.Path();
   if (!HasPlainNames(path)) return false;
-  if (!finding.place.name.empty()) clean.removal.RemoveFolder(finding.place);
+  if (!finding.place.name.empty() && clean.removal.RemoveFolder(finding.place)) return true;
   return FolderIsGone(path);
 }
 
@@ -122,16 +124,17 @@ struct Kind {
   TextView name;
   bool needsPayload;
   Execute execute;
+  bool sharesFolder = false;  // may begin with the folder of the row before still open
 };
 
 constexpr std::array kKinds = {
-    Kind{action::kFile, false, CleanFile},
+    Kind{action::kFile, false, CleanFile, true},
     Kind{action::kRegistryKey, true, DeleteRegistryKey},
     Kind{action::kRegistryValue, true, DeleteRegistryValue},
     Kind{action::kCommand, true, RunCommand},
     Kind{action::kFileAtRestart, false, MarkForRestart},
     Kind{action::kRecycleBins, false, EmptyBins},
-    Kind{action::kNamedFile, true, CleanNamedFile},
+    Kind{action::kNamedFile, true, CleanNamedFile, true},
     Kind{action::kEventLog, true, ClearLog},
     Kind{action::kRegistryValues, true, DeleteRegistryValues},
     Kind{action::kFolder, false, CleanFolder},
@@ -144,6 +147,7 @@ bool ExecuteFinding(Clean& clean, const Finding& finding) {
   const Action action = ReadAction(finding.tag);
   const auto* kind = std::ranges::find(kKinds, action.kind, &Kind::name);
   if (kind == kKinds.end() || (kind->needsPayload && !action.payload)) return true;
+  if (!kind->sharesFolder) clean.removal.LetGo();
   return kind->execute(clean, finding, action.payload.value_or(u""));
 }
 
@@ -203,7 +207,10 @@ void sbtClean_Click() {
   int32_t cleaned = 0;
   float cleanedSize = 0;
   for (int row = rows; row >= 1; --row) {
-    if ((rows - row) % kRowsForAStep == 0) AdvanceProgressBar();
+    if ((rows - row) % kRowsForAStep == 0) {
+      AdvanceProgressBar();
+      clean.removal.LetGo();
+    }
     form.KeepPainted();
     // The end of the Windows session closes the program.
     if (!form.Loaded) break;

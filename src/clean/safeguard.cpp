@@ -40,13 +40,15 @@ bool LiesOnTheNetwork(TextView path) {
 
 bool Safeguard::AllowsFile(TextView folder, TextView name) {
   ReadOwnFolders();
-  return !LiesIn(*own_, folder) && !(IsLibrary(name) && LineageOf(folder).front() == system_);
+  LookAt(folder);
+  return !liesInOwn_ && !(isSystem_ && IsLibrary(name));
 }
 
 bool Safeguard::AllowsFolder(TextView folder, TextView name) {
   ReadOwnFolders();
   ReadNamedFolders();
-  if (!namesAreKnown_ || LiesIn(*own_, folder) || LiesIn(closed_, folder)) return false;
+  LookAt(folder);
+  if (!namesAreKnown_ || liesInOwn_ || LiesIn(closed_)) return false;
   const Text path = PathBelow(folder, name);
   const std::vector<Text> lineage = fileSystemObject.Lineage(path);
   const bool isRoot = lineage.size() < 2;
@@ -100,18 +102,17 @@ void Safeguard::ReadNamedFolders() {
   }
 }
 
-bool Safeguard::LiesIn(const Identities& kept, TextView folder) {
-  const std::vector<Text>& lineage = LineageOf(folder);
-  return lineage.empty() ||
-         std::ranges::any_of(lineage, [&kept](const Text& identity) { return kept.contains(identity); });
+bool Safeguard::LiesIn(const Identities& kept) const {
+  return lineage_.empty() ||
+         std::ranges::any_of(lineage_, [&kept](const Text& identity) { return kept.contains(identity); });
 }
 
-const std::vector<Text>& Safeguard::LineageOf(TextView folder) {
-  if (folder_ != folder) {
-    folder_ = folder;
-    lineage_ = fileSystemObject.Lineage(folder);
-  }
-  return lineage_;
+void Safeguard::LookAt(TextView folder) {
+  if (folder_ == folder) return;
+  folder_ = folder;
+  lineage_ = fileSystemObject.Lineage(folder);
+  liesInOwn_ = LiesIn(*own_);
+  isSystem_ = !lineage_.empty() && lineage_.front() == system_;
 }
 
 }  // namespace tavix::mdlPubSelf

@@ -31,18 +31,21 @@ class Safeguard {
   // missing, or on another computer that doesn't answer. If it can't be looked at, they begin with the
   // nearest folder above that can. That folder joins `closed`: the folder to keep may be anywhere in it.
   static std::vector<Text> LineageOfKept(TextView folder, Identities& closed);
-  // Whether a folder is one of these or lies in one. True if that can't be told.
-  bool LiesIn(const Identities& kept, TextView folder);
-  const std::vector<Text>& LineageOf(TextView folder);
+  // Learns about the folder that an item lies in. Needs the folders that ReadOwnFolders reads.
+  void LookAt(TextView folder);
+  // Whether that folder is one of these or lies in one. True if that can't be told.
+  bool LiesIn(const Identities& kept) const;
 
   std::optional<Identities> own_;      // folders whose content stays; nothing until needed
   std::optional<Identities> holding_;  // folders that stay themselves; nothing until needed
   bool namesAreKnown_ = false;         // whether the system has told the folders that it names
   Identities closed_;                  // folders from which no folder is removed
   Text system_;                        // the system folder; empty when there is none
-  // The answer for the last folder asked for: most rows of a folder follow one another.
-  Text folder_;
-  std::vector<Text> lineage_;
+  // What LookAt learnt about the last folder: most rows of a folder follow one another.
+  std::optional<Text> folder_;
+  std::vector<Text> lineage_;  // empty if it can't be told
+  bool liesInOwn_ = true;
+  bool isSystem_ = false;
 };
 
 }  // namespace tavix::mdlPubSelf

@@ -91,28 +91,43 @@ class OpenFolder {
   virtual std::unique_ptr<OpenFolder> Open(TextView name) = 0;
 };
 
-// A file or folder that a walk found, opened name by name from the folder where the walk began. None of the
-// folders between the two is a link; the item itself may be one. All calls act on what was opened: if a
-// folder above the item becomes a link later, nothing happens in the link's target.
+// A file or folder that a walk found, opened in a FoundFolder. It may be a link. All calls act on what was
+// opened: if a folder above the item becomes a link later, nothing happens in the link's target.
 class FoundItem {
  public:
   virtual ~FoundItem() = default;
   // False for a link, even for one to a folder.
   virtual bool IsFolder() const = 0;
 
-  // Deletes a file or a link, also a read-only one. A link's target stays. False for a folder, and when the
-  // item could not be deleted.
+  // Deletes a file or a link, also a read-only one. A link's target stays. True when the item is known to
+  // have gone; false for a folder.
   virtual bool DeleteFile() = 0;
   // Deletes a folder with all folders and empty files in it, also read-only ones. Of a link to a folder,
   // deletes the link alone. Files with content and links in the folder stay, and so do the folders that hold
-  // them. False when anything stays.
+  // them. True when all of it is known to have gone.
   virtual bool DeleteEmptyFolder() = 0;
-  // Moves a file or a link as FileSystem::MoveFile does. False for a folder, and when it could not be moved.
+  // Moves a file or a link as FileSystem::MoveFile does. True when it is known to have gone from its place;
+  // false for a folder.
   virtual bool MoveFileTo(TextView destination) = 0;
   // Closes the item, so that the shell can move it to the bin by its path while this object lives. The
   // folders on the path stay held, so that the path keeps leading to the item. False when a folder isn't
   // held: another program has it open for deletion. Then leave the path alone.
   virtual bool LeaveToShell() = 0;
+};
+
+// A folder that a walk found, opened name by name from the folder where the walk began. None of the names
+// between the two is a link.
+//
+// On Windows, the folders on the path can't be deleted or renamed while this or an item opened in it lives,
+// unless another program already has one open for that. So let it go before anything else is done there.
+class FoundFolder {
+ public:
+  virtual ~FoundFolder() = default;
+  // Whether the path by which it was opened is known to lead to it still. Otherwise open the path again.
+  virtual bool Stands() = 0;
+  // Opens the item of this name for deletion. It may outlive this object. Null when the name is missing, is
+  // no single name, or can't be opened for deletion.
+  virtual std::unique_ptr<FoundItem> Open(TextView name) = 0;
 };
 
 // The files of a machine.
@@ -165,11 +180,10 @@ class FileSystem {
   // The identity of a folder, links followed, then those of all folders above it, up to the root of its
   // drive. Empty when the folder is missing or that can't be told.
   virtual std::vector<Text> Lineage(TextView path) = 0;
-  // Opens the item at `below`, one or more names, under the folder `start`. `start` is found like any path;
-  // from there on each name is opened by itself. Null when a name before the last is a link, and when a name
-  // is missing or can't be opened for deletion. On Windows, the folders on the path can't be deleted or
-  // renamed while the item lives, unless another program already has one open for that.
-  virtual std::unique_ptr<FoundItem> OpenFound(TextView start, TextView below) = 0;
+  // Opens the folder at `below` under the folder `start`; an empty `below` is `start` itself. `start` is
+  // found like any path; from there on each name is opened by itself. Null when a name below it is missing, a
+  // link, no folder or can't be opened.
+  virtual std::unique_ptr<FoundFolder> OpenFound(TextView start, TextView below) = 0;
 
   // Makes a folder. False when the name is taken or the parent is missing.
   virtual bool CreateFolder(TextView path) = 0;

@@ -41,6 +41,7 @@ class FailingStore::Folder : public StoreFolder {
   Folder(FailingStore& store, std::unique_ptr<StoreFolder> folder)
       : store_(store), folder_(std::move(folder)) {}
 
+  bool Stands() override { return !Fails() && folder_->Stands(); }
   using StoreFolder::Find;
   std::optional<StoreEntry> Find(TextView name, bool& sure) override {
     if (!Fails()) return folder_->Find(name, sure);

@@ -177,6 +177,28 @@ TEST_F(LiveClean, ASavedFileIsInTheBackupFolderTheSecondWithASuffixTheThirdStays
   EXPECT_EQ(ResultCount(), 1);
 }
 
+// The folder of the row before stays open; it must not be in the way of what comes next.
+TEST_F(LiveClean, AFileAndTheFolderThatItLiesInGoInOneClean) {
+  for (const TextView method : {u"D", u"R", u"S"}) {
+    for (const bool fileFirst : {true, false}) {
+      SCOPED_TRACE(Case(method) + " " + Case(fileFirst));
+      ClearResults();
+      CleaningMethod = method;
+      ASSERT_TRUE(platform::fileSystem->CreateFolder(In(u"in")));
+      MakeFile(u"in\\none.txt", "");
+      const auto addFile = [] { AddResultItem(u"t", u"none.txt", u"0.", In(u"in"), u"00000000.0", u"F"); };
+      if (!fileFirst) addFile();
+      AddResultItem(u"t", u"in", kNoSize, kPlace, kNoSizeKey, u"P");
+      if (fileFirst) addFile();
+      sbtClean_Click();
+      EXPECT_EQ(platform::fileSystem->FolderExists(In(u"in")), false);
+      EXPECT_EQ(ResultCount(), 0);
+      platform::fileSystem->DeleteFolder(u"C:\\TVXBak", true);
+      platform::fileSystem->CreateFolder(u"C:\\TVXBak");
+    }
+  }
+}
+
 TEST_F(LiveClean, AnEmptyFolderGoesByEachMethod) {
   for (const TextView method : {u"D", u"R", u"S"}) {
     SCOPED_TRACE(Case(method));

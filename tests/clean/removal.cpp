@@ -210,6 +210,26 @@ TEST_F(Removal, AFolderSwappedForALinkAfterTheScanLosesNothingThere) {
   }
 }
 
+// Both orders: the file's folder is still open when its own row comes, or the folder goes first.
+TEST_F(Removal, AFileAndTheFolderThatItLiesInGoInOneClean) {
+  for (const TextView method : {u"D", u"R", u"S"}) {
+    for (const bool fileFirst : {true, false}) {
+      SCOPED_TRACE(Case(method) + " " + Case(fileFirst));
+      CleaningMethod = method;
+      ClearResults();
+      machine.files.AddFile(u"C:\\Work\\in\\none.txt");
+      if (!fileFirst) Add(u"F", u"C:\\Work\\in", u"none.txt", u"0.");
+      Add(u"P", u"C:\\Work", u"in", u"0.");
+      if (fileFirst) Add(u"F", u"C:\\Work\\in", u"none.txt", u"0.");
+      frmPubMain.sbtClean.Click();
+      EXPECT_FALSE(FolderThere(u"C:\\Work\\in"));
+      EXPECT_EQ(ResultCount(), 0);
+      machine.files.DeleteFile(u"C:\\TVXBak\\none.txt", true);
+      machine.files.DeleteFolder(u"C:\\TVXBak\\in", true);
+    }
+  }
+}
+
 TEST_F(Removal, WhatCantBeLeftToTheShellStays) {
   CleaningMethod = u"R";
   AddFileRow(u"a.txt");

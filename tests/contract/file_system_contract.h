@@ -9,6 +9,7 @@
 
 #include "platform/file_system.h"
 #include "platform/trust.h"
+#include "support/found_item.h"
 
 namespace tavix::contract {
 
@@ -28,6 +29,8 @@ class FileSystemStage {
   // Renames a folder to "<folder> aside" and puts a link to another one in its place, as another program
   // would. False if the system can't; nothing has changed then.
   virtual bool Swap(TextView folder, TextView target) = 0;
+  // True if Swap goes past the system, so that a folder that the system holds can be swapped unseen.
+  virtual bool SwapsWhatIsHeld() { return false; }
   // Makes a link to a folder that the file system must not reach, with a file "secret.txt" in it. False if
   // the file system reaches everything.
   virtual bool LinkOut(TextView path) = 0;
@@ -74,7 +77,9 @@ class FileSystemContract : public testing::TestWithParam<FileSystemStageMaker> {
 // Items that OpenFound returns.
 class FoundItems : public FileSystemContract {
  protected:
-  std::unique_ptr<platform::FoundItem> Open(TextView below) { return files.OpenFound(stage->Place(), below); }
+  std::unique_ptr<platform::FoundItem> Open(TextView below) {
+    return OpenFoundItem(files, stage->Place(), below);
+  }
 
   // Makes a folder "victim" with the same names in it as "f\g", but other contents.
   void MakeAlike() {
@@ -84,6 +89,7 @@ class FoundItems : public FileSystemContract {
     Write(u"victim\\a", "the victim's");
     Write(u"victim\\empty\\none", "");
   }
+  void SwapAFolderThatIsOpen(TextView swapped);
   void ExpectVictimUntouched() {
     EXPECT_EQ(Names(u"victim"), (std::vector<Text>{u"a", u"empty\\"}));
     EXPECT_EQ(Names(u"victim\\empty"), std::vector<Text>{u"none"});

@@ -21,7 +21,7 @@ TEST_P(FoundItems, AreFilesAndFolders) {
   ASSERT_NE(Open(u"f"), nullptr);
   EXPECT_TRUE(Open(u"f")->IsFolder());
   EXPECT_TRUE(Open(u"f\\g")->IsFolder());
-  const auto belowFolder = files.OpenFound(In(u"f"), u"g\\a");
+  const auto belowFolder = OpenFoundItem(files, In(u"f"), u"g\\a");
   ASSERT_NE(belowFolder, nullptr);
   EXPECT_FALSE(belowFolder->IsFolder());
 }
@@ -33,10 +33,10 @@ TEST_P(FoundItems, AreMissingWhereNothingStands) {
   for (const TextView below : {u"", u"none", u"f\\none", u"none\\a", u"f\\a\\b", u"f\\b?", u"*"}) {
     EXPECT_EQ(Open(below), nullptr) << testing::PrintToString(Text(below));
   }
-  EXPECT_EQ(files.OpenFound(In(u"none"), u"a"), nullptr);
-  EXPECT_EQ(files.OpenFound(In(u"f\\a"), u"a"), nullptr);
-  EXPECT_EQ(files.OpenFound(u"", u"a"), nullptr);
-  EXPECT_EQ(files.OpenFound(u"f", u"a"), nullptr);
+  EXPECT_EQ(OpenFoundItem(files, In(u"none"), u"a"), nullptr);
+  EXPECT_EQ(OpenFoundItem(files, In(u"f\\a"), u"a"), nullptr);
+  EXPECT_EQ(OpenFoundItem(files, u"", u"a"), nullptr);
+  EXPECT_EQ(OpenFoundItem(files, u"f", u"a"), nullptr);
   EXPECT_EQ(Everything(), before);
 }
 
@@ -45,7 +45,7 @@ TEST_P(FoundItems, LieBelowTheStart) {
   Make(u"g");
   Write(u"g\\a");
   for (const TextView below : {u"..", u".", u"..\\g", u"..\\g\\a", u"..\\f"}) {
-    EXPECT_EQ(files.OpenFound(In(u"f"), below), nullptr) << testing::PrintToString(Text(below));
+    EXPECT_EQ(OpenFoundItem(files, In(u"f"), below), nullptr) << testing::PrintToString(Text(below));
   }
 }
 
@@ -53,7 +53,7 @@ TEST_P(FoundItems, AreFoundWithoutRegardToLetterCase) {
   Make(u"Größe");
   Make(u"Größe\\\u4E16\u754C");
   Write(u"Größe\\\u4E16\u754C\\Файл.TXT");
-  const auto item = files.OpenFound(In(u"gRÖSSE\\..\\GRÖßE"), u"\u4E16\u754C\\фАЙЛ.txt");
+  const auto item = OpenFoundItem(files, In(u"gRÖSSE\\..\\GRÖßE"), u"\u4E16\u754C\\фАЙЛ.txt");
   ASSERT_NE(item, nullptr);
   EXPECT_TRUE(item->DeleteFile());
   EXPECT_EQ(Names(u"Größe\\\u4E16\u754C"), std::vector<Text>());
@@ -139,10 +139,10 @@ TEST_P(FoundItems, MayStartAtALinkAndBelowOne) {
   Write(u"f\\g\\a");
   Write(u"f\\g\\b");
   MAKE_FOLDER_LINK(u"link", u"f");
-  const auto first = files.OpenFound(In(u"link"), u"g\\a");
+  const auto first = OpenFoundItem(files, In(u"link"), u"g\\a");
   ASSERT_NE(first, nullptr);
   EXPECT_TRUE(first->DeleteFile());
-  const auto second = files.OpenFound(In(u"link\\g"), u"b");
+  const auto second = OpenFoundItem(files, In(u"link\\g"), u"b");
   ASSERT_NE(second, nullptr);
   EXPECT_TRUE(second->DeleteFile());
   EXPECT_EQ(Names(u"f\\g"), std::vector<Text>());
@@ -155,7 +155,7 @@ TEST_P(FoundItems, AreNotReachedThroughALink) {
   for (const TextView below : {u"f\\link\\a", u"f\\link\\empty", u"f\\LINK\\a"}) {
     EXPECT_EQ(Open(below), nullptr) << testing::PrintToString(Text(below));
   }
-  EXPECT_EQ(files.OpenFound(In(u"f"), u"link\\a"), nullptr);
+  EXPECT_EQ(OpenFoundItem(files, In(u"f"), u"link\\a"), nullptr);
   EXPECT_EQ(Names(u"victim"), (std::vector<Text>{u"a", u"empty\\"}));
 }
 
@@ -334,6 +334,53 @@ TEST_P(FoundItems, LetTheirFolderGoAtTheirEnd) {
   EXPECT_TRUE(open(u"f")->DeleteEmptyFolder());
   EXPECT_EQ(Names(), std::vector<Text>());
 }
+
+TEST_P(FoundItems, OfOneFolderAreOpenedOneAfterAnother) {
+  Make(u"f");
+  Make(u"f\\g");
+  Make(u"f\\g\\h");
+  for (const TextView name : {u"f\\g\\a", u"f\\g\\b", u"f\\g\\c", u"f\\g\\h\\d"}) Write(name);
+  auto folder = files.OpenFound(stage->Place(), u"f\\g");
+  ASSERT_NE(folder, nullptr);
+  for (const TextView name : {u"a", u"none", u"B", u"late"}) {
+    SCOPED_TRACE(Case(name));
+    Write(u"f\\g\\late");
+    const auto item = folder->Open(name);
+    ASSERT_EQ(item != nullptr, name != u"none");
+    if (item != nullptr) {
+      EXPECT_TRUE(item->DeleteFile());
+    }
+  }
+  for (const TextView name : {u"", u".", u"..", u"h\\d", u"..\\g\\c", u"c.", u"c ", u"*", u"c?"}) {
+    EXPECT_EQ(folder->Open(name), nullptr) << testing::PrintToString(Text(name));
+  }
+  const auto outliving = folder->Open(u"c");
+  folder = nullptr;
+  ASSERT_NE(outliving, nullptr);
+  EXPECT_TRUE(outliving->DeleteFile());
+  EXPECT_EQ(Names(u"f\\g"), std::vector<Text>{u"h\\"});
+}
+
+TEST_P(FoundItems, LieInFoldersAlone) {
+  for (const TextView name : {u"f", u"f\\g"}) Make(name);
+  Write(u"f\\a");
+  const auto start = files.OpenFound(In(u"f"), u"");
+  ASSERT_NE(start, nullptr);
+  EXPECT_NE(start->Open(u"a"), nullptr);
+  for (const TextView below : {u"f\\a", u"none", u"f\\none", u".."}) {
+    EXPECT_EQ(files.OpenFound(stage->Place(), below), nullptr) << testing::PrintToString(Text(below));
+  }
+  EXPECT_EQ(files.OpenFound(In(u"none"), u""), nullptr);
+  MAKE_FOLDER_LINK(u"link", u"f");
+  EXPECT_EQ(files.OpenFound(stage->Place(), u"link"), nullptr);
+  EXPECT_EQ(files.OpenFound(stage->Place(), u"link\\g"), nullptr);
+  EXPECT_NE(files.OpenFound(In(u"link"), u"g"), nullptr) << "the start of a walk may be a link";
+}
+
+// A folder that another program can swap no longer stands then. What was opened before stays what it was.
+TEST_P(FoundItems, LieInAFolderThatStandsUntilItIsSwapped) { SwapAFolderThatIsOpen(u"f\\g"); }
+
+TEST_P(FoundItems, LieInAFolderThatStandsUntilOneAboveIsSwapped) { SwapAFolderThatIsOpen(u"f"); }
 
 TEST_P(FileSystemContract, TellsTheFoldersThatAFolderLiesIn) {
   Make(u"f");

@@ -28,6 +28,7 @@ class WindowsStage : public FileSystemStage {
     return true;
   }
   bool Swap(TextView folder, TextView target) override { return place_.Swap(NameOf(folder), target); }
+  bool SwapsWhatIsHeld() override { return windows::IsWine(); }
   // The file system of a running Windows reaches everything.
   bool LinkOut(TextView) override { return false; }
   bool OutsideIsUntouched() override { return true; }

@@ -58,18 +58,23 @@ class FaultyFolder : public platform::OpenFolder {
   std::unique_ptr<platform::OpenFolder> folder_;
 };
 
+// After a deletion it looks whether the item has gone, which may fail, too.
 class FaultyItem : public platform::FoundItem {
  public:
   FaultyItem(Faults& faults, Text path, std::unique_ptr<platform::FoundItem> item)
       : faults_(faults), path_(std::move(path)), item_(std::move(item)) {}
 
   bool IsFolder() const override { return item_->IsFolder(); }
-  bool DeleteFile() override { return !faults_.Hit(u"DeleteFile", path_) && item_->DeleteFile(); }
+  bool DeleteFile() override {
+    return !faults_.Hit(u"DeleteFile", path_) && item_->DeleteFile() && !faults_.Hit(u"FileExists", path_);
+  }
   bool DeleteEmptyFolder() override {
-    return !faults_.Hit(u"DeleteFolder", path_) && item_->DeleteEmptyFolder();
+    return !faults_.Hit(u"DeleteFolder", path_) && item_->DeleteEmptyFolder() &&
+           !faults_.Hit(u"FolderExists", path_);
   }
   bool MoveFileTo(TextView destination) override {
-    return !faults_.Hit(u"MoveFile", path_) && item_->MoveFileTo(destination);
+    return !faults_.Hit(u"MoveFile", path_) && item_->MoveFileTo(destination) &&
+           !faults_.Hit(u"FileExists", path_);
   }
   bool LeaveToShell() override { return !faults_.Hit(u"LeaveToShell", path_) && item_->LeaveToShell(); }
 
@@ -77,6 +82,24 @@ class FaultyItem : public platform::FoundItem {
   Faults& faults_;
   const Text path_;
   std::unique_ptr<platform::FoundItem> item_;
+};
+
+class FaultyFoundFolder : public platform::FoundFolder {
+ public:
+  FaultyFoundFolder(Faults& faults, Text path, std::unique_ptr<platform::FoundFolder> folder)
+      : faults_(faults), path_(std::move(path)), folder_(std::move(folder)) {}
+
+  bool Stands() override { return folder_->Stands(); }
+  std::unique_ptr<platform::FoundItem> Open(TextView name) override {
+    const Text path = Below(path_, name);
+    auto item = faults_.Hit(u"OpenFound", path) ? nullptr : folder_->Open(name);
+    return item != nullptr ? std::make_unique<FaultyItem>(faults_, path, std::move(item)) : nullptr;
+  }
+
+ private:
+  Faults& faults_;
+  const Text path_;
+  std::unique_ptr<platform::FoundFolder> folder_;
 };
 
 }  // namespace
@@ -120,10 +143,11 @@ std::unique_ptr<platform::OpenFolder> MemoryFileSystem::Open(TextView folder) {
   return opened != nullptr ? std::make_unique<FaultyFolder>(faults, Text(folder), std::move(opened))
                            : nullptr;
 }
-std::unique_ptr<platform::FoundItem> MemoryFileSystem::OpenFound(TextView start, TextView below) {
-  const Text path = Below(start, below);
-  auto item = faults.Hit(u"OpenFound", path) ? nullptr : MachineFileSystem::OpenFound(start, below);
-  return item != nullptr ? std::make_unique<FaultyItem>(faults, path, std::move(item)) : nullptr;
+std::unique_ptr<platform::FoundFolder> MemoryFileSystem::OpenFound(TextView start, TextView below) {
+  auto folder = MachineFileSystem::OpenFound(start, below);
+  if (folder == nullptr) return nullptr;
+  return std::make_unique<FaultyFoundFolder>(faults, below.empty() ? Text(start) : Below(start, below),
+                                             std::move(folder));
 }
 bool MemoryFileSystem::CreateFolder(TextView path) {
   return !faults.Hit(u"CreateFolder", path) && MachineFileSystem::CreateFolder(path);

@@ -20,7 +20,7 @@ class MemoryFileSystem : public MachineFileSystem, public MemoryFiles {
   platform::Existence FileExists(TextView path) override;
   platform::Existence FolderExists(TextView path) override;
   std::unique_ptr<platform::OpenFolder> Open(TextView folder) override;
-  std::unique_ptr<platform::FoundItem> OpenFound(TextView start, TextView below) override;
+  std::unique_ptr<platform::FoundFolder> OpenFound(TextView start, TextView below) override;
   bool CreateFolder(TextView path) override;
   bool CreateTextFile(TextView path, bool overwrite) override;
   std::optional<std::string> ReadFile(TextView path) override;

@@ -38,9 +38,29 @@ char16_t Volume(const std::shared_ptr<Node>& start) {
   return 0;
 }
 
+// The folder at a path of exact names. Null when it is missing or no folder.
+std::shared_ptr<Node> FindFolder(const std::shared_ptr<Node>& root, const std::vector<Text>& names) {
+  std::shared_ptr<Node> node = root;
+  for (const Text& name : names) {
+    const auto found = node->children.find(name);
+    if (found == node->children.end() || found->second->name != name ||
+        found->second->kind != EntryKind::Folder) {
+      return nullptr;
+    }
+    node = std::shared_ptr<Node>(found->second);
+  }
+  return node;
+}
+
 class MemoryFolder : public StoreFolder {
  public:
   MemoryFolder(std::shared_ptr<Node> node, Faults& faults) : node_(std::move(node)), faults_(faults) {}
+  // The folder at a path below the root of a store.
+  MemoryFolder(std::shared_ptr<Node> node, Faults& faults, std::shared_ptr<Node> root,
+               std::vector<Text> names)
+      : node_(std::move(node)), faults_(faults), root_(std::move(root)), names_(std::move(names)) {}
+
+  bool Stands() override { return root_ != nullptr && FindFolder(root_, names_) == node_; }
 
   using StoreFolder::Find;
   std::optional<StoreEntry> Find(TextView name, bool& sure) override {
@@ -213,6 +233,8 @@ class MemoryFolder : public StoreFolder {
 
   std::shared_ptr<Node> node_;
   Faults& faults_;
+  std::shared_ptr<Node> root_;  // null for a folder opened in another
+  std::vector<Text> names_;
 };
 
 }  // namespace
@@ -237,16 +259,8 @@ MemoryStore::MemoryStore() : root_(NewNode({}, EntryKind::Folder)) {}
 std::unique_ptr<StoreFolder> MemoryStore::Root() { return std::make_unique<MemoryFolder>(root_, faults); }
 
 std::unique_ptr<StoreFolder> MemoryStore::Open(const std::vector<Text>& names) {
-  std::shared_ptr<Node> node = root_;
-  for (const Text& name : names) {
-    const auto found = node->children.find(name);
-    if (found == node->children.end() || found->second->name != name ||
-        found->second->kind != EntryKind::Folder) {
-      return nullptr;
-    }
-    node = std::shared_ptr<Node>(found->second);
-  }
-  return std::make_unique<MemoryFolder>(node, faults);
+  std::shared_ptr<Node> node = FindFolder(root_, names);
+  return node != nullptr ? std::make_unique<MemoryFolder>(std::move(node), faults, root_, names) : nullptr;
 }
 
 MemoryStore::Node& MemoryStore::Make(const std::vector<Text>& names, EntryKind kind) {

@@ -123,7 +123,7 @@ std::optional<Text> FileSystemObject::FolderIdentity(TextView path) const {
 
 std::vector<Text> FileSystemObject::Lineage(TextView path) const { return files_->Lineage(path); }
 
-std::unique_ptr<platform::FoundItem> FileSystemObject::OpenFound(TextView start, TextView below) const {
+std::unique_ptr<platform::FoundFolder> FileSystemObject::OpenFound(TextView start, TextView below) const {
   return files_->OpenFound(start, below);
 }
 

@@ -70,7 +70,7 @@ class FileSystemObject {
   std::unique_ptr<platform::OpenFolder> Open(TextView path) const;
   std::optional<Text> FolderIdentity(TextView path) const;
   std::vector<Text> Lineage(TextView path) const;
-  std::unique_ptr<platform::FoundItem> OpenFound(TextView start, TextView below) const;
+  std::unique_ptr<platform::FoundFolder> OpenFound(TextView start, TextView below) const;
   void CreateFolder(TextView path) const;
   void CreateTextFile(TextView path, bool overwrite) const;
   void DeleteFile(TextView path, bool force) const;

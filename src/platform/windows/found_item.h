@@ -7,6 +7,6 @@
 namespace tavix::windows {
 
 // As platform::FileSystem::OpenFound. `start` is a normal path (windows_path.h).
-std::unique_ptr<platform::FoundItem> OpenFoundItem(TextView start, TextView below);
+std::unique_ptr<platform::FoundFolder> OpenFoundFolder(TextView start, TextView below);
 
 }  // namespace tavix::windows

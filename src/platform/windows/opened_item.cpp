@@ -268,6 +268,12 @@ std::optional<OpenedFolder> OpenFolderAt(TextView path) {
   return OpenedFolder{std::move(folder), held};
 }
 
+FileHandle OpenAgain(HANDLE folder) {
+  FileHandle handle;
+  OpenByName(folder, {}, FILE_LIST_DIRECTORY | FILE_READ_ATTRIBUTES | SYNCHRONIZE, kShareAll, handle);
+  return handle;
+}
+
 std::optional<ListedItem> FindIn(HANDLE folder, TextView name) {
   NameIn pattern(folder, name);
   std::optional<ListedItem> found;

@@ -47,6 +47,8 @@ struct OpenedFolder {
 std::optional<OpenedFolder> OpenFolderIn(HANDLE folder, const ListedItem& listed);
 // Opens the folder at a path for listing, following links. Nothing when it can't be opened.
 std::optional<OpenedFolder> OpenFolderAt(TextView path);
+// Another handle for listing of an open folder, whatever its path is by now. Empty when it can't be opened.
+FileHandle OpenAgain(HANDLE folder);
 
 // Finds an entry of an open folder by its name, ignoring letter case; not by its short name (8.3). Nothing
 // when it is missing. Ask each handle for one name only: the system keeps using the first one.

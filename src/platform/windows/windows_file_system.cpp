@@ -144,9 +144,9 @@ std::vector<Text> WindowsFileSystem::Lineage(TextView path) {
   return normal ? ReadLineage(*normal) : std::vector<Text>();
 }
 
-std::unique_ptr<platform::FoundItem> WindowsFileSystem::OpenFound(TextView start, TextView below) {
+std::unique_ptr<platform::FoundFolder> WindowsFileSystem::OpenFound(TextView start, TextView below) {
   const std::optional<Text> normal = NormalPath(start);
-  return normal ? OpenFoundItem(*normal, below) : nullptr;
+  return normal ? OpenFoundFolder(*normal, below) : nullptr;
 }
 
 bool WindowsFileSystem::CreateFolder(TextView path) {

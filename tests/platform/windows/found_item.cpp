@@ -6,6 +6,7 @@
 #include "platform/windows/opened_item.h"
 #include "platform/windows/scratch_place.h"
 #include "platform/windows/wide.h"
+#include "support/found_item.h"
 
 namespace tavix::windows {
 namespace {
@@ -17,7 +18,7 @@ TEST(FoundItemOfWindows, IsLeftToTheShellOnlyWhereEachFolderOnItsPathIsHeld) {
   place.File(u"t\\in\\a", "mine");
   WindowsFileSystem files;
   const auto isLeft = [&] {
-    const auto item = files.OpenFound(start, u"in\\a");
+    const auto item = OpenFoundItem(files, start, u"in\\a");
     return item != nullptr && item->LeaveToShell();
   };
   EXPECT_TRUE(isLeft());
@@ -27,6 +28,35 @@ TEST(FoundItemOfWindows, IsLeftToTheShellOnlyWhereEachFolderOnItsPathIsHeld) {
     EXPECT_FALSE(isLeft());
   }
   EXPECT_TRUE(isLeft());
+}
+
+// A clean lets the folder go before it removes the folder itself.
+TEST(FoundItemOfWindows, HasItsFoldersHeldUntilTheyAreLetGo) {
+  const ScratchPlace place;
+  const Text folder = place.Folder(u"t");
+  place.Folder(u"t\\in");
+  place.File(u"t\\in\\a");
+  WindowsFileSystem files;
+  auto found = files.OpenFound(place.Path(), u"t\\in");
+  ASSERT_NE(found, nullptr);
+  EXPECT_TRUE(found->Stands());
+  EXPECT_TRUE(found->Open(u"a")->DeleteFile());
+  EXPECT_FALSE(MoveFileExW(Wide(folder), Wide(place.In(u"moved")), 0));
+  EXPECT_FALSE(files.DeleteFolder(folder, true));
+  found = nullptr;
+  EXPECT_TRUE(files.DeleteFolder(folder, true));
+}
+
+TEST(FoundItemOfWindows, LiesInAFolderThatStandsOnlyWhileItIsHeld) {
+  const ScratchPlace place;
+  const Text folder = place.Folder(u"t");
+  place.File(u"t\\a");
+  WindowsFileSystem files;
+  const std::optional<OpenedItem> holder = OpenItem(folder);
+  ASSERT_TRUE(holder);
+  const auto found = files.OpenFound(folder, u"");
+  ASSERT_NE(found, nullptr);
+  EXPECT_FALSE(found->Stands());
 }
 
 // A row holds the names of a listing. A short name in their place belongs to another item.
@@ -45,10 +75,10 @@ TEST(FoundItemOfWindows, IsNotOpenedByAShortName) {
   WindowsFileSystem files;
   ASSERT_EQ(files.FileExists(place.In(Concat(shortFolder, u"\\", shortFile))), true);
   const Text start = place.Path();
-  EXPECT_EQ(files.OpenFound(start, Concat(shortFolder, u"\\a file with a long name.text")), nullptr);
-  EXPECT_EQ(files.OpenFound(start, Concat(u"a folder with a long name\\", shortFile)), nullptr);
-  EXPECT_NE(files.OpenFound(start, u"A Folder with a long name\\A FILE with a long name.TEXT"), nullptr);
-  EXPECT_NE(files.OpenFound(place.In(shortFolder), u"a file with a long name.text"), nullptr)
+  EXPECT_EQ(OpenFoundItem(files, start, Concat(shortFolder, u"\\a file with a long name.text")), nullptr);
+  EXPECT_EQ(OpenFoundItem(files, start, Concat(u"a folder with a long name\\", shortFile)), nullptr);
+  EXPECT_NE(OpenFoundItem(files, start, u"A Folder with a long name\\A FILE with a long name.TEXT"), nullptr);
+  EXPECT_NE(OpenFoundItem(files, place.In(shortFolder), u"a file with a long name.text"), nullptr)
       << "the start of a walk may have one";
 }
 
@@ -79,7 +109,7 @@ class FoundItemInARace : public testing::Test {
   }
 
   std::unique_ptr<platform::FoundItem> Open(int round) {
-    return files.OpenFound(place.In(u"t"), Concat(u"swapped\\", NameOfRound(round)));
+    return OpenFoundItem(files, place.In(u"t"), Concat(u"swapped\\", NameOfRound(round)));
   }
 
   Text Mine(int round) const { return place.In(Concat(u"t\\swapped\\", NameOfRound(round))); }

@@ -6,6 +6,7 @@
 #include "platform/windows/file_move.h"
 #include "platform/windows/scratch_place.h"
 #include "platform/windows/wide.h"
+#include "support/found_item.h"
 
 namespace tavix::windows {
 namespace {
@@ -62,7 +63,7 @@ TEST_F(OnADriveLikeFat, WhatAWalkFoundIsDeletedAndMoved) {
   place.Folder(u"a\\empty");
   place.File(u"a\\empty\\none", "");
   const Text first = place.File(u"a\\first"), second = place.File(u"a\\second", "moved");
-  const auto open = [this](TextView below) { return files.OpenFound(place.Path(), below); };
+  const auto open = [this](TextView below) { return OpenFoundItem(files, place.Path(), below); };
   const auto file = open(u"a\\first"), moved = open(u"a\\second"), folder = open(u"a\\empty");
   ASSERT_TRUE(file && moved && folder);
   EXPECT_TRUE(file->DeleteFile());

@@ -44,6 +44,8 @@ class StoreFolder {
  public:
   virtual ~StoreFolder() = default;
 
+  // Whether the path by which FileStore::Open found it is known to lead to it still.
+  virtual bool Stands() { return false; }
   // The entry of a name, ignoring letter case. If two names differ only in case: the exact one, otherwise the
   // first in order. Nothing when it is missing. Also nothing when that can't be told; `sure` is then set to
   // false.

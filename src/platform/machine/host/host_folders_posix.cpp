@@ -68,12 +68,11 @@ std::shared_ptr<HostOpenFolder> HostFolders::Open(const std::string& path) {
     known_.splice(known_.begin(), known_, known);
   }
   Known& asked = known_.front();
-  const bool watched = asked.kept != nullptr && asked.generation == watch_.Generation();
-  if (watched && watch_.Quiet()) return asked.kept;
+  if (asked.kept != nullptr && asked.kept->Stands()) return asked.kept;
   asked.kept = nullptr;
   if (++asked.requests >= asked.threshold && Keep(asked)) return asked.kept;
   HostHandle opened = OpenHostFolder(root_.Get(), path);
-  return opened ? std::make_shared<HostOpenFolder>(std::move(opened), false) : nullptr;
+  return opened ? std::make_shared<HostOpenFolder>(std::move(opened)) : nullptr;
 }
 
 // Starts the watch before opening the folder, so that no change is missed. The threshold doubles at each try,
@@ -81,12 +80,11 @@ std::shared_ptr<HostOpenFolder> HostFolders::Open(const std::string& path) {
 bool HostFolders::Keep(Known& folder) {
   folder.requests = 0;
   folder.threshold *= 2;
-  if (watch_.Count() >= kMaxWatched) watch_.Clear();
-  if (!watch_.Add(root_.Get(), folder.path)) return false;
+  if (watch_->Count() >= kMaxWatched) watch_->Clear();
+  if (!watch_->Add(root_.Get(), folder.path)) return false;
   HostHandle opened = OpenHostFolder(root_.Get(), folder.path);
-  if (!opened || !watch_.Quiet()) return false;
-  folder.kept = std::make_shared<HostOpenFolder>(std::move(opened), true);
-  folder.generation = watch_.Generation();
+  if (!opened || !watch_->Quiet()) return false;
+  folder.kept = std::make_shared<HostOpenFolder>(std::move(opened), watch_);
   return true;
 }
 

@@ -20,11 +20,15 @@ HostHandle OpenHostFolder(int from, const std::string& path);
 // A folder of the host, opened with O_PATH, which needs no right to read it.
 class HostOpenFolder {
  public:
-  // `watched` promises that nobody else adds a name to the folder while this is in use.
-  HostOpenFolder(HostHandle handle, bool watched) : handle_(std::move(handle)), watched_(watched) {}
+  explicit HostOpenFolder(HostHandle handle) : handle_(std::move(handle)) {}
+  // A folder whose path is watched since before it was opened.
+  HostOpenFolder(HostHandle handle, std::shared_ptr<HostWatch> watch)
+      : handle_(std::move(handle)), watch_(std::move(watch)), generation_(watch_->Generation()) {}
 
   int Get() const { return handle_.Get(); }
-  bool Watched() const { return watched_; }
+  bool Watched() const { return watch_ != nullptr; }
+  // Whether its path is known to lead to it still, and nobody else has added a name to it.
+  bool Stands() { return Watched() && watch_->Generation() == generation_ && watch_->Quiet(); }
   // For a watched folder: its name that equals `name` ignoring letter case, or null. Reads all names at the
   // first call. When they can't be read, `sure` is set to false.
   const std::string* FindName(TextView name, bool& sure);
@@ -36,7 +40,8 @@ class HostOpenFolder {
 
  private:
   HostHandle handle_;
-  bool watched_;
+  std::shared_ptr<HostWatch> watch_;
+  unsigned generation_ = 0;
   std::optional<HostNameTable> names_;
 };
 
@@ -56,13 +61,12 @@ class HostFolders {
     int requests = 0;                           // since the last try to keep it open
     std::shared_ptr<HostOpenFolder> kept = {};  // null unless it is kept open
     int threshold = 4;                          // requests before the next try to keep it open
-    unsigned generation = 0;                    // of the watch when it was opened
   };
 
   bool Keep(Known& folder);
 
   HostHandle root_;
-  HostWatch watch_;
+  const std::shared_ptr<HostWatch> watch_ = std::make_shared<HostWatch>();
   std::list<Known> known_;  // the most recently requested first
 };
 

@@ -135,6 +135,8 @@ class HostFolder : public StoreFolder {
   HostFolder(std::shared_ptr<HostOpenFolder> folder, std::shared_ptr<Shared> shared)
       : folder_(std::move(folder)), shared_(std::move(shared)) {}
 
+  bool Stands() override { return folder_->Stands(); }
+
   using StoreFolder::Find;
   std::optional<StoreEntry> Find(TextView name, bool& sure) override {
     if (folder_->Lacks(name)) return std::nullopt;
@@ -180,8 +182,7 @@ class HostFolder : public StoreFolder {
     const bool readable = static_cast<bool>(opened);
     if (!readable && errno == EACCES) opened = HostHandle(::openat(Get(), raw.c_str(), kFolder));
     if (!opened) return nullptr;
-    auto folder =
-        std::make_unique<HostFolder>(std::make_shared<HostOpenFolder>(std::move(opened), false), shared_);
+    auto folder = std::make_unique<HostFolder>(std::make_shared<HostOpenFolder>(std::move(opened)), shared_);
     folder->readable_ = readable;
     return folder;
   }

@@ -12,11 +12,6 @@ namespace {
 
 constexpr int kFolder = O_PATH | O_DIRECTORY | O_CLOEXEC | O_NOFOLLOW;
 
-bool Watch(int watches, int folder, uint32_t events) {
-  const std::string path = "/proc/self/fd/" + std::to_string(folder);
-  return ::inotify_add_watch(watches, path.c_str(), events | IN_MASK_ADD | IN_ONLYDIR) >= 0;
-}
-
 }  // namespace
 
 bool HostWatch::Start() {
@@ -26,9 +21,16 @@ bool HostWatch::Start() {
   return changes_ && mounts_;
 }
 
+bool HostWatch::Watch(int folder, uint32_t events) {
+  const std::string path = "/proc/self/fd/" + std::to_string(folder);
+  const int watch = ::inotify_add_watch(changes_.Get(), path.c_str(), events | IN_MASK_ADD | IN_ONLYDIR);
+  if (watch >= 0) watches_.insert(watch);
+  return watch >= 0;
+}
+
 // Watches the parents with IN_DELETE: the removal of an open folder is reported only there.
 bool HostWatch::Add(int root, const std::string& path) {
-  bool watched = Start() && Watch(changes_.Get(), root, IN_DELETE);
+  bool watched = Start() && Watch(root, IN_DELETE);
   HostHandle above;
   for (size_t start = 0; watched && start < path.size();) {
     const size_t end = std::min(path.find('/', start), path.size());
@@ -36,7 +38,7 @@ bool HostWatch::Add(int root, const std::string& path) {
     start = end + 1;
     HostHandle folder(::openat(above ? above.Get() : root, name.c_str(), kFolder));
     const uint32_t events = IN_MOVE_SELF | (start < path.size() ? IN_DELETE : IN_CREATE | IN_MOVED_TO);
-    watched = folder && Watch(changes_.Get(), folder.Get(), events);
+    watched = folder && Watch(folder.Get(), events);
     above = std::move(folder);
   }
   if (watched) ++count_;
@@ -51,9 +53,14 @@ bool HostWatch::Quiet() {
   return false;
 }
 
+// The removal of a watch is an event itself, so the events are read last. To poll the mounts has made them
+// quiet.
 void HostWatch::Clear() {
-  changes_ = HostHandle();
-  mounts_ = HostHandle();
+  for (const int watch : watches_) ::inotify_rm_watch(changes_.Get(), watch);
+  watches_.clear();
+  std::array<char, 4096> events;
+  while (changes_ && ::read(changes_.Get(), events.data(), events.size()) > 0) {
+  }
   count_ = 0;
   ++generation_;
 }

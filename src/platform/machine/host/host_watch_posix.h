@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+#include <set>
 #include <string>
 
 #include "platform/machine/host/host_handle_posix.h"
@@ -7,7 +9,9 @@
 namespace tavix::machine {
 
 // Watches paths of folders: whether each still leads to the same folder, and no name was added to that
-// folder.
+// folder. To ask takes one call that is several times cheaper than to open the path again.
+//
+// Watches are taken off one by one: the host takes milliseconds to close a descriptor that has watches.
 class HostWatch {
  public:
   // Starts to watch each folder on a path below an open folder. False when the host can't.
@@ -23,9 +27,11 @@ class HostWatch {
 
  private:
   bool Start();
+  bool Watch(int folder, uint32_t events);
 
   HostHandle changes_;
   HostHandle mounts_;
+  std::set<int> watches_;
   int count_ = 0;
   unsigned generation_ = 0;
 };

@@ -20,8 +20,8 @@ Text Below(TextView folder, TextView name) {
 
 MachineFileSystem::~MachineFileSystem() { attributes_.Save(); }
 
-bool MachineFileSystem::IsReadOnly(const Place& place) const {
-  return (attributes_.Get(place.realPath) & platform::kReadOnly) != 0;
+bool MachineFileSystem::IsReadOnly(const Text& realPath) const {
+  return (attributes_.Get(realPath) & platform::kReadOnly) != 0;
 }
 
 std::optional<platform::FileFacts> MachineFileSystem::Look(TextView path) {
@@ -143,7 +143,7 @@ bool MachineFileSystem::CreateFolder(TextView path) {
 
 std::optional<Place> MachineFileSystem::FindForWriting(TextView path) {
   std::optional<Place> place = finder_.Find(path, Last::Followed, true);
-  if (!place || (place->entry && (!place->IsFile() || IsReadOnly(*place)))) return std::nullopt;
+  if (!place || (place->entry && (!place->IsFile() || IsReadOnly(place->realPath)))) return std::nullopt;
   return place;
 }
 
@@ -172,15 +172,15 @@ bool MachineFileSystem::AppendToFile(TextView path, std::string_view content) {
 
 bool MachineFileSystem::DeleteFile(TextView path, bool force) {
   const std::optional<Place> place = finder_.Find(path, Last::Itself);
-  return place && !place->root && DeleteFile(*place, force);
+  return place && place->entry && !place->root && DeleteFile(ItemOf(*place), force);
 }
 
-bool MachineFileSystem::DeleteFile(const Place& place, bool force) {
-  if (!(place.IsFile() || place.IsLink())) return false;
-  if (!force && IsReadOnly(place)) return false;
-  if (place.IsLink() && finder_.LeadsToFolder(place.realPath)) return false;
-  if (!place.parent->Remove(place.storeName)) return false;
-  attributes_.Erase(place.realPath);
+bool MachineFileSystem::DeleteFile(const Item& item, bool force) {
+  if (item.entry.kind == EntryKind::Folder) return false;
+  if (!force && IsReadOnly(item.realPath)) return false;
+  if (item.entry.kind == EntryKind::Link && finder_.LeadsToFolder(item.realPath)) return false;
+  if (!item.folder.Remove(item.entry.name)) return false;
+  attributes_.Erase(item.realPath);
   return true;
 }
 
@@ -197,7 +197,7 @@ bool MachineFileSystem::DeleteFolder(TextView path, bool force) {
   const std::optional<Place> place = finder_.Find(path, Last::Itself);
   if (!place || place->root) return false;
   if (place->IsLink()) {
-    if (!finder_.LeadsToFolder(place->realPath) || (!force && IsReadOnly(*place))) return false;
+    if (!finder_.LeadsToFolder(place->realPath) || (!force && IsReadOnly(place->realPath))) return false;
     if (!place->parent->Remove(place->storeName)) return false;
   } else {
     if (!place->IsFolder() || (!force && HoldsReadOnly(*place))) return false;
@@ -209,20 +209,23 @@ bool MachineFileSystem::DeleteFolder(TextView path, bool force) {
 
 bool MachineFileSystem::MoveFile(TextView source, TextView destination) {
   const std::optional<Place> from = finder_.Find(source, Last::Itself);
-  return from && MoveFile(*from, destination);
+  return from && from->entry && MoveFile(ItemOf(*from), destination);
 }
 
-bool MachineFileSystem::MoveFile(const Place& from, TextView destination) {
-  if (!(from.IsFile() || from.IsLink())) return false;
-  if (from.IsLink() && finder_.LeadsToFolder(from.realPath)) return false;
+bool MachineFileSystem::MoveFile(const Item& from, TextView destination) {
+  const Text& name = from.entry.name;
+  if (from.entry.kind == EntryKind::Folder) return false;
+  if (from.entry.kind == EntryKind::Link && finder_.LeadsToFolder(from.realPath)) return false;
   const std::optional<Place> to = finder_.Find(destination, Last::Itself, true);
   if (!to || to->entry) return false;
-  switch (from.parent->Move(from.storeName, *to->parent, to->storeName)) {
+  switch (from.folder.Move(name, *to->parent, to->storeName)) {
     case MoveResult::Failed:
       return false;
     case MoveResult::OtherVolume:
-      if (!from.IsFile() || !from.parent->Copy(from.storeName, *to->parent, to->storeName)) return false;
-      if (from.parent->Remove(from.storeName)) break;
+      if (from.entry.kind != EntryKind::File || !from.folder.Copy(name, *to->parent, to->storeName)) {
+        return false;
+      }
+      if (from.folder.Remove(name)) break;
       to->parent->Remove(to->storeName);
       return false;
     case MoveResult::Done:
@@ -233,50 +236,84 @@ bool MachineFileSystem::MoveFile(const Place& from, TextView destination) {
   return true;
 }
 
+// What the items of a found folder share with it.
+struct FoundPlace {
+  Text asked;     // the path by which it was opened
+  Text realPath;  // as in Place
+  std::unique_ptr<StoreFolder> folder;
+};
+
 class MachineFileSystem::Found : public platform::FoundItem {
  public:
-  Found(MachineFileSystem& files, std::optional<MachinePath> asked, Place place)
-      : files_(files), asked_(std::move(asked)), place_(std::move(place)) {}
+  Found(MachineFileSystem& files, std::shared_ptr<const FoundPlace> place, StoreEntry entry)
+      : files_(files),
+        place_(std::move(place)),
+        entry_(std::move(entry)),
+        realPath_(Below(place_->realPath, entry_.name)) {}
   ~Found() override {
     if (files_.left_ == this) files_.left_ = nullptr;
   }
   Found(const Found&) = delete;
   Found& operator=(const Found&) = delete;
 
-  bool IsFolder() const override { return place_.IsFolder(); }
-  bool DeleteFile() override { return files_.DeleteFile(place_, true); }
-  bool MoveFileTo(TextView destination) override { return files_.MoveFile(place_, destination); }
+  bool IsFolder() const override { return entry_.kind == EntryKind::Folder; }
+  bool DeleteFile() override { return files_.DeleteFile(Itself(), true); }
+  bool MoveFileTo(TextView destination) override { return files_.MoveFile(Itself(), destination); }
   bool LeaveToShell() override {
     files_.left_ = this;
     return true;
   }
-  bool Recycle(RecycleBin& bin) const { return files_.Recycle(place_, bin); }
+  bool Recycle(RecycleBin& bin) const { return files_.Recycle(Itself(), bin); }
   // Whether the item was opened by this path.
   bool IsAt(TextView path) const {
+    const std::optional<MachinePath> asked = ReadMachinePath(Below(place_->asked, entry_.name));
     const std::optional<MachinePath> other = ReadMachinePath(path);
-    return asked_ && other && EqualIgnoringCase(asked_->ToText(), other->ToText());
+    return asked && other && EqualIgnoringCase(asked->ToText(), other->ToText());
   }
 
   bool DeleteEmptyFolder() override {
-    if (place_.IsFolder() ? !place_.parent->RemoveEmptyTree(place_.storeName)
-                          : !place_.IsLink() || !files_.finder_.LeadsToFolder(place_.realPath) ||
-                                !place_.parent->Remove(place_.storeName)) {
-      return false;
-    }
-    files_.attributes_.Erase(place_.realPath);
-    return true;
+    const bool gone = IsFolder()
+                          ? place_->folder->RemoveEmptyTree(entry_.name)
+                          : entry_.kind == EntryKind::Link && files_.finder_.LeadsToFolder(realPath_) &&
+                                place_->folder->Remove(entry_.name);
+    if (gone) files_.attributes_.Erase(realPath_);
+    return gone;
+  }
+
+ private:
+  Item Itself() const { return {*place_->folder, entry_, realPath_}; }
+
+  MachineFileSystem& files_;
+  const std::shared_ptr<const FoundPlace> place_;
+  const StoreEntry entry_;
+  const Text realPath_;
+};
+
+class MachineFileSystem::FoundIn : public platform::FoundFolder {
+ public:
+  FoundIn(MachineFileSystem& files, FoundPlace place)
+      : files_(files), place_(std::make_shared<const FoundPlace>(std::move(place))) {}
+
+  // The real path is one of real folders alone. If that is the path asked for, no link on it can be
+  // exchanged.
+  bool Stands() override { return place_->asked == place_->realPath && place_->folder->Stands(); }
+
+  std::unique_ptr<platform::FoundItem> Open(TextView name) override {
+    if (!IsFileName(name)) return nullptr;
+    std::optional<StoreEntry> entry = place_->folder->Find(name);
+    return entry ? std::make_unique<Found>(files_, place_, *std::move(entry)) : nullptr;
   }
 
  private:
   MachineFileSystem& files_;
-  const std::optional<MachinePath> asked_;
-  const Place place_;
+  const std::shared_ptr<const FoundPlace> place_;
 };
 
-std::unique_ptr<platform::FoundItem> MachineFileSystem::OpenFound(TextView start, TextView below) {
-  std::optional<Place> place = finder_.FindBelow(start, below);
+std::unique_ptr<platform::FoundFolder> MachineFileSystem::OpenFound(TextView start, TextView below) {
+  std::optional<FolderPlace> place = finder_.FindBelow(start, below);
   if (!place) return nullptr;
-  return std::make_unique<Found>(*this, ReadMachinePath(Below(start, below)), *std::move(place));
+  return std::make_unique<FoundIn>(*this, FoundPlace{below.empty() ? Text(start) : Below(start, below),
+                                                     std::move(place->realPath), std::move(place->folder)});
 }
 
 bool MachineFileSystem::SetAttributes(TextView path, uint32_t attributes) {
@@ -336,12 +373,12 @@ bool MachineFileSystem::Rename(TextView path, TextView name) {
 bool MachineFileSystem::Recycle(TextView path, RecycleBin& bin) {
   if (left_ != nullptr && left_->IsAt(path)) return left_->Recycle(bin);
   const std::optional<Place> place = finder_.Find(path, Last::Itself);
-  return place && place->entry && !place->root && Recycle(*place, bin);
+  return place && place->entry && !place->root && Recycle(ItemOf(*place), bin);
 }
 
-bool MachineFileSystem::Recycle(const Place& place, RecycleBin& bin) {
-  if (!bin.Take(*place.parent, *place.entry)) return false;
-  attributes_.Erase(place.realPath);
+bool MachineFileSystem::Recycle(const Item& item, RecycleBin& bin) {
+  if (!bin.Take(item.folder, item.entry)) return false;
+  attributes_.Erase(item.realPath);
   return true;
 }
 

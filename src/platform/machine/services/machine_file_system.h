@@ -27,7 +27,7 @@ class MachineFileSystem : public platform::FileSystem {
   std::unique_ptr<platform::OpenFolder> Open(TextView folder) override;
   std::optional<Text> FolderIdentity(TextView path) override;
   std::vector<Text> Lineage(TextView path) override;
-  std::unique_ptr<platform::FoundItem> OpenFound(TextView start, TextView below) override;
+  std::unique_ptr<platform::FoundFolder> OpenFound(TextView start, TextView below) override;
   bool CreateFolder(TextView path) override;
   bool CreateTextFile(TextView path, bool overwrite) override;
   std::optional<std::string> ReadFile(TextView path) override;
@@ -59,19 +59,27 @@ class MachineFileSystem : public platform::FileSystem {
  private:
   class Opened;
   class Found;
+  class FoundIn;
   using Last = PathFinder::Last;
 
   // Whether a path without links is on a fixed drive; asks no drive.
   bool IsOnFixedDrive(TextView realPath) const;
-  bool IsReadOnly(const Place& place) const;
+  bool IsReadOnly(const Text& realPath) const;
   // Whether a folder or anything in it is read-only.
   bool HoldsReadOnly(const Place& folder);
   // The place of an existing or new file to write. Nothing when the path is taken by something else or by a
   // read-only file.
   std::optional<Place> FindForWriting(TextView path);
-  bool Recycle(const Place& place, RecycleBin& bin);
-  bool DeleteFile(const Place& place, bool force);
-  bool MoveFile(const Place& from, TextView destination);
+  // An item of an open folder.
+  struct Item {
+    StoreFolder& folder;
+    const StoreEntry& entry;
+    const Text& realPath;  // as in Place
+  };
+  static Item ItemOf(const Place& place) { return {*place.parent, *place.entry, place.realPath}; }
+  bool Recycle(const Item& item, RecycleBin& bin);
+  bool DeleteFile(const Item& item, bool force);
+  bool MoveFile(const Item& from, TextView destination);
   // Call it after making something, with the result. Resets the attributes of a new file.
   bool ResetIfNew(const Place& place, bool succeeded);
 

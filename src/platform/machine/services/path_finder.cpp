@@ -201,34 +201,30 @@ std::optional<Place> PathFinder::Finish(Walk& walk, const Text& name, std::optio
   return place;
 }
 
-std::optional<Place> PathFinder::FindBelow(TextView start, TextView below) {
-  std::optional<FolderPlace> from = FindFolder(start);
-  if (!from || from->folder == nullptr) return std::nullopt;
-  const std::optional<MachinePath> above = ReadMachinePath(from->realPath);
-  std::optional<MachinePath> whole = ReadMachinePath(Concat(from->realPath, u"\\", below));
+std::optional<FolderPlace> PathFinder::FindBelow(TextView start, TextView below) {
+  std::optional<FolderPlace> found = FindFolder(start);
+  if (!found || found->folder == nullptr) return std::nullopt;
+  if (below.empty()) return found;
+  const std::optional<MachinePath> above = ReadMachinePath(found->realPath);
+  std::optional<MachinePath> whole = ReadMachinePath(Concat(found->realPath, u"\\", below));
   if (!above || !whole || whole->names.size() <= above->names.size()) return std::nullopt;
   if (!std::equal(above->names.begin(), above->names.end(), whole->names.begin())) return std::nullopt;
-  const auto first = whole->names.begin() + static_cast<std::ptrdiff_t>(above->names.size());
-  Place place;
-  place.name = whole->names.back();
   // Fast way: usually all names are spelled as stored.
   std::vector<Text> names = RootNames(whole->drive);
-  names.insert(names.end(), whole->names.begin(), whole->names.end() - 1);
-  place.parent = store_.Open(names);
-  if (place.parent == nullptr) {
-    place.parent = std::move(from->folder);
-    for (auto name = first; name + 1 != whole->names.end(); ++name) {
-      const std::optional<StoreEntry> entry = place.parent->Find(*name);
-      place.parent = entry ? place.parent->Open(entry->name) : nullptr;
-      if (place.parent == nullptr) return std::nullopt;
+  names.insert(names.end(), whole->names.begin(), whole->names.end());
+  if (auto folder = store_.Open(names)) {
+    found->folder = std::move(folder);
+  } else {
+    const auto first = whole->names.begin() + static_cast<std::ptrdiff_t>(above->names.size());
+    for (auto name = first; name != whole->names.end(); ++name) {
+      const std::optional<StoreEntry> entry = found->folder->Find(*name);
+      found->folder = entry ? found->folder->Open(entry->name) : nullptr;
+      if (found->folder == nullptr) return std::nullopt;
       *name = entry->name;
     }
   }
-  place.entry = place.parent->Find(place.name);
-  if (!place.entry) return std::nullopt;
-  place.storeName = place.name = whole->names.back() = place.entry->name;
-  place.path = place.realPath = whole->ToText();
-  return place;
+  found->path = found->realPath = whole->ToText();
+  return found;
 }
 
 bool PathFinder::LeadsToFolder(TextView link) {

@@ -52,9 +52,9 @@ class PathFinder {
   platform::Existence Exists(TextView path, EntryKind kind);
   // The folder at a path, links followed. Nothing when there is none.
   std::optional<FolderPlace> FindFolder(TextView path);
-  // The item at the path `below` under a folder. That folder is found as by FindFolder; below it no link is
-  // followed. Nothing when a name before the last isn't a folder, or the last is missing.
-  std::optional<Place> FindBelow(TextView start, TextView below);
+  // The folder at the path `below` under a folder; an empty one is that folder. It is found as by FindFolder;
+  // below it no link is followed. Nothing when a name isn't a folder.
+  std::optional<FolderPlace> FindBelow(TextView start, TextView below);
   // Whether a link leads to a folder of the machine.
   bool LeadsToFolder(TextView link);
 

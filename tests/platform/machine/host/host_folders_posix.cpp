@@ -91,6 +91,26 @@ TEST_F(HostFoldersTest, AKeptFolderIsOpenedAnewAfterAnyChangeOfItsPath) {
   }
 }
 
+// The number of watches is limited, so those of older folders are taken off.
+TEST_F(HostFoldersTest, AFolderThatIsNoLongerWatchedDoesNotStand) {
+  HostFolders folders(OpenRoot(Host("")));
+  const auto keep = [&folders](const std::string& path) {
+    std::shared_ptr<HostOpenFolder> kept;
+    for (int i = 0; i < 20; ++i) kept = folders.Open(path);
+    return kept;
+  };
+  const auto first = keep("work");
+  if (!first->Watched()) GTEST_SKIP() << "this host tells no changes of folders";
+  EXPECT_TRUE(first->Stands());
+  for (int i = 0; i < 100; ++i) {
+    const std::string path = "deep/" + std::to_string(i);
+    fs::create_directory(Host(path));
+    EXPECT_TRUE(keep(path)->Stands());
+  }
+  EXPECT_FALSE(first->Stands());
+  EXPECT_TRUE(keep("work")->Stands());
+}
+
 TEST_F(HostFoldersTest, AFolderSwappedForAnotherKeepsItsFiles) {
   AskOften();
   fs::rename(Drive("Desk"), Drive("Moved"));

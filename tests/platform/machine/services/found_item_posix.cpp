@@ -15,6 +15,7 @@
 #include "platform/machine/quick_place.h"
 #include "platform/machine/scratch_folder.h"
 #include "platform/machine/services/machine_file_system.h"
+#include "support/found_item.h"
 #include "text/utf8.h"
 
 namespace tavix::machine {
@@ -62,8 +63,8 @@ class FoundItemInARace : public testing::Test {
     });
     int rounds = 0, opened = 0, exchanged = 0;
     const auto enough = [&] {
-      return rounds >= wanted && opened >= wanted / 10 && rounds - opened >= wanted / 10 &&
-             exchanged >= wanted / 10;
+      const bool refusedEnough = kept_ != nullptr || rounds - opened >= wanted / 10;
+      return rounds >= wanted && opened >= wanted / 10 && refusedEnough && exchanged >= wanted / 10;
     };
     for (; !enough() && rounds < most && !HasFailure(); ++rounds) {
       const std::string name = "item " + std::to_string(rounds);
@@ -100,7 +101,13 @@ class FoundItemInARace : public testing::Test {
   }
 
   std::unique_ptr<platform::FoundItem> Open(const std::string& name) {
-    return files_->OpenFound(u"C:\\t", Concat(u"swapped\\", *FromUtf8(name)));
+    if (kept_ != nullptr) return kept_->Open(*FromUtf8(name));
+    return OpenFoundItem(*files_, u"C:\\t", Concat(u"swapped\\", *FromUtf8(name)));
+  }
+  // From now on Open takes all items from the folder as it is opened now.
+  void KeepFolder() {
+    kept_ = files_->OpenFound(u"C:\\t", u"swapped");
+    ASSERT_NE(kept_, nullptr);
   }
   static void SeedFiles(const fs::path& mine, const fs::path& victims) {
     std::ofstream(mine) << "mine";
@@ -129,6 +136,7 @@ class FoundItemInARace : public testing::Test {
   MachineFacts facts_;
   std::unique_ptr<FileStore> store_;
   std::optional<MachineFileSystem> files_;
+  std::unique_ptr<platform::FoundFolder> kept_;
 };
 
 TEST_F(FoundItemInARace, DeletesNothingOfTheVictim) {
@@ -139,6 +147,19 @@ TEST_F(FoundItemInARace, DeletesNothingOfTheVictim) {
         ExpectVictimsFile(name);
         EXPECT_EQ(fs::exists(fs::path(mine_) / name), !opened) << name;
         fs::remove(fs::path(mine_) / name);
+      });
+}
+
+// Even if nobody asked the folder whether it stands.
+TEST_F(FoundItemInARace, DeletesNothingOfTheVictimFromAFolderThatStaysOpen) {
+  KeepFolder();
+  Race(
+      SeedFiles,
+      [](platform::FoundItem& item, const std::string& name) { EXPECT_TRUE(item.DeleteFile()) << name; },
+      [this](const std::string& name, bool opened) {
+        ExpectVictimsFile(name);
+        EXPECT_TRUE(opened) << name;
+        EXPECT_FALSE(fs::exists(fs::path(mine_) / name)) << name;
       });
 }
 

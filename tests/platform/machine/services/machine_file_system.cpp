@@ -4,6 +4,7 @@
 
 #include "doubles/memory_store.h"
 #include "support/case.h"
+#include "support/found_item.h"
 
 namespace tavix::machine {
 namespace {
@@ -180,7 +181,7 @@ TEST_F(MachineFiles, LeftToTheShellGoToTheBinFromWhereTheyWereOpened) {
   File({u"drives", u"C", u"f", u"a"});
   File({u"drives", u"C", u"g", u"a"});
   RecycleBin bin(store);
-  auto item = files->OpenFound(u"C:\\", u"f\\a");
+  auto item = OpenFoundItem(*files, u"C:\\", u"f\\a");
   ASSERT_NE(item, nullptr);
   EXPECT_TRUE(item->LeaveToShell());
   ASSERT_TRUE(files->Rename(u"C:\\f", u"aside"));
