@@ -4,6 +4,7 @@
 #include <array>
 #include <string>
 
+#include "console/terminal.h"
 #include "forms/main_form.h"
 #include "scan/result_items.h"
 #include "text/json.h"
@@ -92,7 +93,7 @@ bool IsHighSurrogate(char16_t c) { return c >= 0xD800 && c < 0xDC00; }
 bool IsLowSurrogate(char16_t c) { return c >= 0xDC00 && c < 0xE000; }
 
 void Flush(std::FILE* out, std::string& text) {
-  std::fwrite(text.data(), 1, text.size(), out);
+  WriteText(out, text);
   text.clear();
 }
 
