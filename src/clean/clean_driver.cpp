@@ -39,10 +39,7 @@ struct Clean {
 using Execute = bool (*)(Clean& clean, const Finding& finding, TextView payload);
 
 // Whether a link stands at the path. Links to nothing stand too, though no file or folder exists there.
-bool LinkStandsAt(TextView path) {
-  const auto facts = platform::fileSystem->Look(path);
-  return facts && facts->link;
-}
+bool LinkStandsAt(TextView path) { return platform::fileSystem->IsLink(path) == true; }
 
 bool FileIsGone(TextView path) {
   return fileSystemObject.FileExists(path) == false &&

@@ -5,6 +5,7 @@
 #include "frame/support/pub_common.h"
 #include "frame/support/pub_system.h"
 #include "platform/shell.h"
+#include "text/ini_text.h"
 
 namespace tavix::mdlPubSelf {
 
@@ -41,9 +42,10 @@ void ClearSettings() {
 }
 
 void LoadSettings() {
+  Text content;
+  pubSystem.ReadProfile(kSettingsFile, content);
   for (Setting* setting : Setting::All()) {
-    setting->clear();
-    pubSystem.ReadProfileString(kSettingsFile, setting->section, setting->key, *setting);
+    *setting = ReadIniValue(content, setting->section, setting->key).value_or(u"");
   }
 }
 

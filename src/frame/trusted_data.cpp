@@ -1,6 +1,7 @@
 #include "frame/trusted_data.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "frame/data_paths.h"
 #include "frame/messages.h"
@@ -35,9 +36,9 @@ constexpr TextView kStaysText =
 bool IsElevated() { return platform::trust->Elevated(); }
 
 bool IsForeign(const DataPlace& place, bool elevated) {
-  const auto facts = platform::fileSystem->Look(place.path);
-  if (!facts) return false;
-  return facts->link || (elevated && place.steers && platform::trust->OwnedByOthers(place.path));
+  const std::optional<bool> link = platform::fileSystem->IsLink(place.path);
+  if (!link) return false;
+  return *link || (elevated && place.steers && platform::trust->OwnedByOthers(place.path));
 }
 
 bool LiesIn(TextView path, TextView folder) {
@@ -58,7 +59,7 @@ bool PutAside(const Text& path) {
   for (int number = 2; !renamed && number <= kTries; ++number) {
     renamed = platform::trust->Rename(path, Concat(name, u".", ToText(number)));
   }
-  return renamed && !platform::fileSystem->Look(path);
+  return renamed && !platform::fileSystem->IsLink(path);
 }
 
 // True if other users could change it until now.

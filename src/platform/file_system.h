@@ -159,6 +159,10 @@ class FileSystem {
 
   // The facts about a file, folder or link. Nothing when it is missing or can't be looked at.
   virtual std::optional<FileFacts> Look(TextView path) = 0;
+  // Whether the item at a path is a link. Nothing when Look gives nothing. Asks for less than Look does.
+  virtual std::optional<bool> IsLink(TextView path) {
+    return Look(path).transform([](const FileFacts& facts) { return facts.link; });
+  }
   // Whether a file (no folder) or a folder exists. A link counts as its target.
   // - True: it exists.
   // - False, known to be missing: no such name or folder, an impossible name, no absolute path, a link to

@@ -1,4 +1,5 @@
 #include "contract/file_system_contract.h"
+#include "support/case.h"
 
 namespace tavix::contract {
 namespace {
@@ -21,6 +22,9 @@ TEST_P(FileSystemContract, TellsLinksFromWhatTheyLeadTo) {
   ASSERT_TRUE(fileLink);
   EXPECT_TRUE(fileLink->link);
   EXPECT_FALSE(fileLink->folder);
+  for (const TextView name : {u"to folder", u"to file", u"folder", u"file"}) {
+    EXPECT_EQ(files.IsLink(In(name)), name.starts_with(u"to ")) << Case(name);
+  }
   EXPECT_EQ(files.FolderExists(In(u"to folder")), true);
   EXPECT_EQ(files.FileExists(In(u"to folder")), false);
   EXPECT_EQ(files.FileExists(In(u"to file")), true);

@@ -31,6 +31,7 @@ TEST_P(FileSystemContract, FindsNoneOfWhatIsMissing) {
   for (const TextView name : {u"none", u"none\\deeper", u"file\\below", u"fil", u"file2"}) {
     SCOPED_TRACE(Case(name));
     EXPECT_FALSE(files.Look(In(name)));
+    EXPECT_EQ(files.IsLink(In(name)), std::nullopt);
     EXPECT_EQ(files.FileExists(In(name)), false);
     EXPECT_EQ(files.FolderExists(In(name)), false);
     EXPECT_FALSE(files.ReadFile(In(name)));

@@ -20,10 +20,17 @@ void clsPubSystem::OpenPath(TextView path, int style) const { services_.shell->O
 
 void clsPubSystem::RunTarget(TextView target, int style) const { services_.shell->RunTarget(target, style); }
 
+void clsPubSystem::ReadProfile(TextView file, Text& content) const {
+  if (services_.files == platform::noFileSystem) return;
+  const auto bytes = services_.files->ReadFile(file);
+  content = bytes ? DecodeTextFile(*bytes).text : Text();
+}
+
 void clsPubSystem::ReadProfileString(TextView file, TextView section, TextView key, Text& value) const {
   if (services_.files == platform::noFileSystem) return;
-  const auto content = services_.files->ReadFile(file);
-  value = content ? ReadIniValue(DecodeTextFile(*content).text, section, key).value_or(u"") : u"";
+  Text content;
+  ReadProfile(file, content);
+  value = ReadIniValue(content, section, key).value_or(u"");
 }
 
 void clsPubSystem::WriteProfileString(TextView file, TextView section, TextView key, TextView value) const {

@@ -35,6 +35,8 @@ class clsPubSystem {
   // Starts a web or mail address, a program or a command line. `style` is the show style of the window.
   // Returns at once.
   void RunTarget(TextView target, int style) const;
+  // The text of an INI file, to read many values from. The empty text when the file can't be read.
+  void ReadProfile(TextView file, Text& content) const;
   // One value of an INI file. The empty text when the key is missing or the file can't be read.
   void ReadProfileString(TextView file, TextView section, TextView key, Text& value) const;
   // Writes one value of an INI file. Makes file, section and key if needed. Everything else in the file

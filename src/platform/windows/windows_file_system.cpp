@@ -126,6 +126,12 @@ std::optional<platform::FileFacts> WindowsFileSystem::Look(TextView path) {
   return NormalPath(path).and_then([](const Text& normal) { return ReadFacts(normal); });
 }
 
+std::optional<bool> WindowsFileSystem::IsLink(TextView path) {
+  return NormalPath(path)
+      .and_then([](const Text& normal) { return LookUp(normal); })
+      .transform([](const Entry& entry) { return entry.link; });
+}
+
 platform::Existence WindowsFileSystem::FileExists(TextView path) { return Exists(path, false); }
 
 platform::Existence WindowsFileSystem::FolderExists(TextView path) { return Exists(path, true); }

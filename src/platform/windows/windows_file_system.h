@@ -16,6 +16,7 @@ class WindowsFileSystem : public platform::FileSystem {
   WindowsFileSystem& operator=(const WindowsFileSystem&) = delete;
 
   std::optional<platform::FileFacts> Look(TextView path) override;
+  std::optional<bool> IsLink(TextView path) override;
   platform::Existence FileExists(TextView path) override;
   platform::Existence FolderExists(TextView path) override;
   std::unique_ptr<platform::OpenFolder> Open(TextView folder) override;

@@ -25,20 +25,24 @@ FileHandle OpenItself(TextView normal, DWORD access) {
 
 bool IsMissing(DWORD error) { return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND; }
 
+// Whether the volume of an open file keeps owners and access lists. True when that can't be told.
 bool KeepsOwners(HANDLE file) {
   DWORD flags = 0;
   return !GetVolumeInformationByHandleW(file, nullptr, 0, nullptr, nullptr, &flags, nullptr, 0) ||
          (flags & FILE_PERSISTENT_ACLS) != 0;
 }
 
-// The trusted owners of the program's data: this user, the administrators, the system.
-std::vector<Identity> TrustedOwners() {
-  std::vector<Identity> trusted;
-  for (const auto& each : {Identity::ThisUser(), Identity::WellKnown(WinBuiltinAdministratorsSid),
-                           Identity::WellKnown(WinLocalSystemSid)}) {
-    if (each && std::ranges::find(trusted, *each) == trusted.end()) trusted.push_back(*each);
-  }
-  return trusted;
+bool IsElevated() {
+  FileHandle token;
+  if (!OpenProcessToken(GetCurrentProcess(), TOKEN_QUERY, token.Receive())) return true;
+  TOKEN_ELEVATION elevation = {};
+  DWORD length = 0;
+  if (!GetTokenInformation(token.Get(), TokenElevation, &elevation, sizeof(elevation), &length)) return true;
+  if (elevation.TokenIsElevated != 0) return true;
+  // With UAC off, nobody is asked, and an administrator has full rights all the time.
+  const std::optional<Identity> administrators = Identity::WellKnown(WinBuiltinAdministratorsSid);
+  BOOL member = FALSE;
+  return !administrators || !CheckTokenMembership(nullptr, administrators->Get(), &member) || member != FALSE;
 }
 
 std::vector<Text> ProgramFolderIdentities() {
@@ -56,16 +60,23 @@ std::vector<Text> ProgramFolderIdentities() {
 }  // namespace
 
 bool WindowsTrust::Elevated() {
-  FileHandle token;
-  if (!OpenProcessToken(GetCurrentProcess(), TOKEN_QUERY, token.Receive())) return true;
-  TOKEN_ELEVATION elevation = {};
-  DWORD length = 0;
-  if (!GetTokenInformation(token.Get(), TokenElevation, &elevation, sizeof(elevation), &length)) return true;
-  if (elevation.TokenIsElevated != 0) return true;
-  // With UAC off, nobody is asked, and an administrator has full rights all the time.
-  const std::optional<Identity> administrators = Identity::WellKnown(WinBuiltinAdministratorsSid);
-  BOOL member = FALSE;
-  return !administrators || !CheckTokenMembership(nullptr, administrators->Get(), &member) || member != FALSE;
+  if (!elevated_) elevated_ = IsElevated();
+  return *elevated_;
+}
+
+bool WindowsTrust::VolumeKeepsOwners(DWORD volume, HANDLE file) {
+  const auto known = keepOwners_.find(volume);
+  return known != keepOwners_.end() ? known->second
+                                    : keepOwners_.emplace(volume, KeepsOwners(file)).first->second;
+}
+
+const std::vector<Identity>& WindowsTrust::TrustedOwners() {
+  if (!owners_.empty()) return owners_;
+  for (const auto& each : {Identity::ThisUser(), Identity::WellKnown(WinBuiltinAdministratorsSid),
+                           Identity::WellKnown(WinLocalSystemSid)}) {
+    if (each && std::ranges::find(owners_, *each) == owners_.end()) owners_.push_back(*each);
+  }
+  return owners_;
 }
 
 bool WindowsTrust::OwnedByOthers(TextView path) {
@@ -73,11 +84,11 @@ bool WindowsTrust::OwnedByOthers(TextView path) {
   if (!normal) return false;
   const FileHandle file = OpenItself(*normal, READ_CONTROL);
   if (!file) return !IsMissing(GetLastError());
-  if (!KeepsOwners(file.Get())) return false;
   const std::optional<Security> security = Security::Read(file.Get());
-  if (!security || !security->owner) return true;
-  const std::vector<Identity> trusted = TrustedOwners();
-  return std::ranges::find(trusted, *security->owner) == trusted.end();
+  const std::vector<Identity>& trusted = TrustedOwners();
+  const bool isTrusted =
+      security && security->owner && std::ranges::find(trusted, *security->owner) != trusted.end();
+  return !isTrusted && KeepsOwners(file.Get());
 }
 
 platform::Protection WindowsTrust::Protect(TextView path) {
@@ -91,7 +102,7 @@ platform::Protection WindowsTrust::Protect(TextView path) {
   // A link that was swapped in after the check above.
   if ((facts.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0) return Protection::Failed;
   const std::optional<Security> security =
-      KeepsOwners(file.Get()) ? Security::Read(file.Get()) : std::nullopt;
+      VolumeKeepsOwners(facts.dwVolumeSerialNumber, file.Get()) ? Security::Read(file.Get()) : std::nullopt;
   if (!security || !security->owner) return Protection::Failed;
   std::vector<Identity> full = TrustedOwners();
   if (std::ranges::find(full, *security->owner) == full.end()) full.push_back(*security->owner);

@@ -1,6 +1,11 @@
 #pragma once
 
+#include <map>
+#include <optional>
+#include <vector>
+
 #include "platform/trust.h"
+#include "platform/windows/access_list.h"
 
 namespace tavix::windows {
 
@@ -13,6 +18,19 @@ class WindowsTrust : public platform::Trust {
   platform::Protection Protect(TextView path) override;
   bool LiesAmongPrograms(TextView folder) override;
   bool Rename(TextView path, TextView name) override;
+
+ private:
+  // The trusted owners of the program's data: this user, the administrators, the system.
+  const std::vector<Identity>& TrustedOwners();
+
+  // Whether a volume keeps owners and access lists. True when that can't be told. An open file of it serves
+  // to ask the volume, which takes long, so each is asked once.
+  bool VolumeKeepsOwners(DWORD volume, HANDLE file);
+
+  std::map<DWORD, bool> keepOwners_;  // by the serial number of the volume
+  // A process keeps its user and its rights. Nothing until asked for.
+  std::optional<bool> elevated_;
+  std::vector<Identity> owners_;
 };
 
 }  // namespace tavix::windows
