@@ -28,7 +28,6 @@ bool ListView::Item::Selected() const { return list_->Data(row_).selected; }
 void ListView::Item::SetSelected(bool selected) {
   if (Selected() == selected) return;
   list_->Select(row_, selected);
-  ++list_->highlightChanges_;
   list_->PropertyChanged();
 }
 
@@ -62,7 +61,6 @@ void ListView::Remove(int position) {
   if (order_[position - 1] == focused_) focused_ = kNone;
   Select(order_[position - 1], false);
   order_.Remove(position - 1);
-  ++highlightChanges_;
   if (position <= sortedCount_) --sortedCount_;
   PropertyChanged();
 }
@@ -77,7 +75,6 @@ void ListView::Clear() {
   sortedBelow_ = 0;
   focused_ = kNone;
   selectedCount_ = 0;
-  ++highlightChanges_;
   PropertyChanged();
 }
 
@@ -103,11 +100,6 @@ int ListView::SelectedRow() {
   return 0;
 }
 
-uint32_t ListView::HighlightChanges() {
-  SortNewRows();
-  return highlightChanges_;
-}
-
 void ListView::Select(uint32_t row, bool selected) {
   RowData& data = Data(row);
   selectedCount_ += static_cast<int>(selected) - static_cast<int>(data.selected);
@@ -117,8 +109,8 @@ void ListView::Select(uint32_t row, bool selected) {
 void ListView::SelectAll(bool selected) { SelectRows(1, Count(), selected); }
 
 void ListView::SelectRows(int first, int last, bool selected) {
+  if (!selected && selectedCount_ == 0) return;
   SortNewRows();
-  ++highlightChanges_;
   for (int i = std::max(first, 1) - 1; i < std::min(last, Count()); ++i) Select(order_[i], selected);
   PropertyChanged();
 }
@@ -183,7 +175,6 @@ void ListView::SortNewRows() {
   });
   sortedCount_ = Count();
   sortedBelow_ = rows_;
-  ++highlightChanges_;
 }
 
 }  // namespace tavix

@@ -83,8 +83,6 @@ class ListView : public Control {
   // The header, counted from 0, by whose key the list is sorted; -1 if it isn't sorted.
   int SortedHeader() const;
 
-  // Grows whenever a highlight, or the position of a highlighted row, may have changed.
-  uint32_t HighlightChanges();
   // How many rows are highlighted.
   int SelectedCount() const { return selectedCount_; }
   // Highlights all rows, or takes all highlights away. One change, as are the next two.
@@ -142,7 +140,6 @@ class ListView : public Control {
   int key_ = 0;
   int direction_ = 0;
   uint32_t focused_ = kNone;  // the row with the focus
-  uint32_t highlightChanges_ = 0;
   int selectedCount_ = 0;
 };
 

@@ -319,6 +319,20 @@ class Program:
         self._move_in_steps(start, by)
         self._release()
 
+    def frame(self, start, end, is_shown):
+        """Pulls a frame in a list from a point to another until `is_shown` of the content, and releases the button. The
+        list begins a frame at one move and looks for its rows at a later one."""
+        self._press(start)
+        self._move_in_steps(start, (end[0] - start[0], end[1] - start[1]))
+        nudges = itertools.cycle(((end[0] - 1, end[1]), end))
+
+        def shown():
+            self.move(*next(nudges))
+            return is_shown(self.read())
+
+        wait_for("the frame", shown)
+        self._release()
+
     def _press(self, point):
         self.move(*point)
         self._tool("xdotool", "mousedown", "1")

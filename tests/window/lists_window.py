@@ -120,6 +120,77 @@ class Rows(RealWindow):
         self.program.wait_until("the page", lambda s: s.control(FUNCTIONS)["visible"])
 
 
+class Highlights(SeededMachine):
+    """What is painted, and what other programs are told, of the highlights of a list with room below its rows."""
+    screen = "1280x1024"
+
+    def setUp(self):
+        super().setUp()
+        self.machine.set_interface_size("Big")
+        self.program = self.start()
+        self.untick_file_functions(self.program)
+        self.shown = self.program.scan()
+        self.bottom = self.shown.rows[-1]["rect"][3]
+        self.assertLess(self.bottom + 60, self.shown.control(RESULT)["rect"][3])
+
+    def row(self, number, held=()):
+        self.program.click(self.shown.rows[number - 1]["rect"], x=60, held=held)
+
+    def painted(self):
+        """The rows whose ground, above their texts, isn't that of the list."""
+        left = self.shown.rows[0]["rect"][0] + 100
+        column = self.program.pixels((left, 0, left + 1, self.bottom + 60))
+        return [row["row"] for row in self.shown.rows if column[3 * row["rect"][1] + 6:][:3] != column[-3:]]
+
+    def wait_for_highlights(self, *rows):
+        self.program.wait_until(f"rows {rows} to be highlighted",
+                                lambda s: [row["row"] for row in s.rows if row["selected"]] == list(rows))
+        driver.wait_for(f"rows {rows} to be painted so", lambda: self.painted() == list(rows))
+
+    def test_by_keys_and_clicks(self):
+        count = self.shown.row_count
+        self.row(2)
+        self.wait_for_highlights(2)
+        self.program.key("ctrl+a")
+        self.wait_for_highlights(*range(1, count + 1))
+        self.program.key("Down")
+        self.wait_for_highlights(3)
+        self.program.key("shift+End")
+        self.wait_for_highlights(*range(3, count + 1))
+        self.program.key("shift+Home")
+        self.wait_for_highlights(1, 2, 3)
+        self.program.key("ctrl+Down", "Up")
+        self.wait_for_highlights(1)
+        self.row(4, held=["shift"])
+        self.wait_for_highlights(1, 2, 3, 4)
+        self.row(6, held=["ctrl"])
+        self.wait_for_highlights(1, 2, 3, 4, 6)
+        self.row(5)
+        self.wait_for_highlights(5)
+
+    def test_they_follow_their_rows_through_sorting(self):
+        self.row(1)
+        self.row(3, held=["shift"])
+        self.wait_for_highlights(1, 2, 3)
+        texts = [row["texts"] for row in self.shown.rows[:3]]
+        self.program.click(self.shown.columns[1]["rect"])
+        shown = self.program.wait_until("the rows to be sorted", lambda s: s.rows[0]["texts"] != texts[0])
+        self.wait_for_highlights(*(row["row"] for row in shown.rows if row["texts"] in texts))
+
+    def test_by_a_frame(self):
+        count = self.shown.row_count
+        left, top = self.shown.rows[-3]["rect"][:2]
+        start = (left + 200, self.bottom + 30)
+        self.row(1)
+        self.wait_for_highlights(1)
+        self.program.frame(start, (left + 150, top + 5), lambda s: any(row["selected"] for row in s.rows))
+        self.wait_for_highlights(count - 2, count - 1, count)
+        self.row(3, held=["shift"])
+        self.wait_for_highlights(1, 2, 3)
+        self.program.click((*start, *start))
+        self.wait_for_highlights()
+
+
 class OptionLists(OptionsCase):
     def columns(self, shown, number):
         return [line for line in shown.content[number] if "column" in line][:2]

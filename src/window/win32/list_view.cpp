@@ -13,7 +13,6 @@ namespace {
 WNDPROC headerClassProcedure = nullptr;
 
 // A double click on a header counts as a second click. Between headers it stays a double click.
-// Keep this cheap: the list sends the header a message for each row that changes.
 LRESULT CALLBACK HeaderProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_LBUTTONDBLCLK) {
     HDHITTESTINFO hit{};
@@ -22,10 +21,6 @@ LRESULT CALLBACK HeaderProcedure(HWND window, UINT message, WPARAM wParam, LPARA
     if (hit.flags == HHT_ONHEADER) message = WM_LBUTTONDOWN;
   }
   return CallWindowProcW(headerClassProcedure, window, message, wParam, lParam);
-}
-
-bool Selects(UINT message, WPARAM wParam) {
-  return message == WM_LBUTTONDOWN || (message == WM_KEYDOWN && wParam >= VK_PRIOR && wParam <= VK_DOWN);
 }
 
 }  // namespace
@@ -43,12 +38,12 @@ ListViewBinding::ListViewBinding(ListView& model, WindowContext& context, int id
   const auto header = reinterpret_cast<HWND>(Send(LVM_GETHEADER));
   headerClassProcedure = reinterpret_cast<WNDPROC>(
       SetWindowLongPtrW(header, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(HeaderProcedure)));
+  AskFor(BoxStates() | LVIS_SELECTED);
   if (!style.checkBoxes) RemoveCheckBoxes();
 }
 
 // The rows stay as far apart as boxes would keep them.
 void ListViewBinding::RemoveCheckBoxes() {
-  Send(LVM_SETCALLBACKMASK, 0);
   Send(LVM_SETIMAGELIST, LVSIL_STATE, 0);
   Send(LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_CHECKBOXES, 0);
   ShowSpacers();
@@ -119,68 +114,133 @@ void ListViewBinding::ScaleColumns() {
   }
 }
 
+//--- Highlights
+
+// A frame is the list's: only it knows the rows inside. All other highlights are the model's already.
 void ListViewBinding::OnRowsHighlighted(int first, int last, bool highlighted) {
-  if (first < 0) {
-    model_.SelectAll(highlighted);
-  } else {
-    model_.SelectRows(first + 1, last + 1, highlighted);
-  }
-  highlights_ = model_.HighlightChanges();
+  if (!framing_) return;
+  first < 0 ? model_.SelectAll(highlighted) : model_.SelectRows(first + 1, last + 1, highlighted);
 }
 
-// All rows get the state of the majority at once; the others follow one by one.
-void ListViewBinding::ShowHighlights() {
-  if (std::exchange(highlights_, model_.HighlightChanges()) == model_.HighlightChanges()) return;
-  const int highlighted = model_.SelectedCount();
-  if (highlighted == 0 && Send(LVM_GETSELECTEDCOUNT) == 0) return;
-  const bool most = highlighted > model_.Count() / 2;
-  SetState(-1, LVIS_SELECTED, most ? LVIS_SELECTED : 0);
-  for (int row = 0, left = most ? model_.Count() - highlighted : highlighted; left > 0; ++row) {
-    if (model_.Row(row + 1).Selected() == most) continue;
-    SetState(row, LVIS_SELECTED, most ? 0 : LVIS_SELECTED);
-    --left;
+// A press beside all rows may begin a frame. Until it ends, the list keeps the highlights.
+void ListViewBinding::BeginFrame() {
+  AskFor(BoxStates());
+  for (int row = NextHighlighted(-1); row >= 0; row = NextHighlighted(row)) PassOnState(row, LVIS_SELECTED);
+  framing_ = true;
+}
+
+void ListViewBinding::EndFrame() {
+  framing_ = false;
+  PassOnState(-1, 0);
+  AskFor(BoxStates() | LVIS_SELECTED);
+}
+
+// Sets the list's own highlights.
+void ListViewBinding::PassOnState(int row, UINT state) const {
+  LVITEMW item{};
+  item.stateMask = LVIS_SELECTED;
+  item.state = state;
+  PassOn(LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+}
+
+// The next highlighted row after this one, -1 if there is none.
+int ListViewBinding::NextHighlighted(int row) {
+  if (model_.SelectedCount() == 0) return -1;
+  while (Has(++row)) {
+    if (HighlightedAt(row)) return row;
+  }
+  return -1;
+}
+
+// Programs, this one and others, ask for highlights and change them by the list's messages.
+std::optional<LRESULT> ListViewBinding::OnHighlightMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == LVM_GETSELECTEDCOUNT) return model_.SelectedCount();
+  if (message == LVM_GETSELECTIONMARK) return mark_;
+  if (message == LVM_SETSELECTIONMARK) return std::exchange(mark_, static_cast<int>(lParam));
+  const int row = static_cast<int>(wParam);
+  if (message == LVM_GETNEXTITEM && lParam == LVNI_SELECTED) return NextHighlighted(row);
+  if (message != LVM_SETITEMSTATE || lParam == 0) return std::nullopt;
+  LVITEMW change = *reinterpret_cast<const LVITEMW*>(lParam);
+  if ((change.stateMask & LVIS_SELECTED) == 0) return std::nullopt;
+  const int last = row < 0 ? RowCount() - 1 : row;
+  model_.SelectRows(std::max(row, 0) + 1, last + 1, (change.state & LVIS_SELECTED) != 0);
+  AnnounceHighlights();
+  change.stateMask &= ~static_cast<UINT>(LVIS_SELECTED);
+  return change.stateMask == 0 ? TRUE : PassOn(message, wParam, reinterpret_cast<LPARAM>(&change));
+}
+
+void ListViewBinding::AnnounceHighlights() {
+  const int row = model_.SelectedCount() == 1 ? NextHighlighted(-1) : -1;
+  NotifyWinEvent(row >= 0 ? EVENT_OBJECT_SELECTION : EVENT_OBJECT_SELECTIONWITHIN, Window(), OBJID_CLIENT,
+                 row + 1);
+}
+
+// What a click or key on a row highlights. A range reaches from the mark, which is the row of the last click
+// or key without Shift. `adds` keeps the other highlights; without a range it turns that of the row.
+void ListViewBinding::HighlightTo(int row, bool range, bool adds) {
+  if (!range || mark_ < 0) mark_ = row;
+  const auto [first, last] = std::minmax(mark_, row);
+  const bool highlighted = range || !adds || !HighlightedAt(row);
+  if (!adds) model_.SelectAll(false);
+  model_.SelectRows(first + 1, last + 1, highlighted);
+  AnnounceHighlights();
+}
+
+// The row to which a key leads from the one in focus.
+int ListViewBinding::RowOfKey(WPARAM key) const {
+  const int focus = ShownFocus();
+  const int top = static_cast<int>(Send(LVM_GETTOPINDEX));
+  const int page = static_cast<int>(Send(LVM_GETCOUNTPERPAGE)) - 1;
+  switch (key) {
+    case VK_UP:
+      return focus - 1;
+    case VK_DOWN:
+      return focus + 1;
+    case VK_PRIOR:
+      return focus > top ? top : focus - page;
+    case VK_NEXT:
+      return focus < top + page ? top + page : focus + page;
+    default:
+      return key == VK_HOME ? 0 : model_.Count() - 1;
   }
 }
 
-// A range highlighted with Shift. Windows reports it, Wine doesn't. It reaches from the mark to the focus.
-void ListViewBinding::ReadRange(bool adds) {
-  const auto [first, last] = std::minmax({static_cast<int>(Send(LVM_GETSELECTIONMARK)), ShownFocus()});
-  if (first >= 0) {
-    if (!adds) model_.SelectAll(false);
-    model_.SelectRows(first + 1, last + 1, true);
-    highlights_ = model_.HighlightChanges();
-  }
-  if (Send(LVM_GETSELECTEDCOUNT) != model_.SelectedCount()) ReadHighlights();
+// With Ctrl a key moves the focus alone.
+void ListViewBinding::MoveFocus(WPARAM key) {
+  if (RowCount() == 0) return;
+  const int row = std::clamp(RowOfKey(key), 0, RowCount() - 1);
+  const bool range = GetKeyState(VK_SHIFT) < 0;
+  const bool ctrl = GetKeyState(VK_CONTROL) < 0;
+  if (range || !ctrl) HighlightTo(row, range, ctrl);
+  FocusOn(row);
 }
 
-void ListViewBinding::ReadHighlights() {
-  model_.SelectAll(false);
-  const auto next = [this](int row) {
-    return static_cast<int>(Send(LVM_GETNEXTITEM, static_cast<WPARAM>(row), LVNI_SELECTED));
-  };
-  for (int first = next(-1); first >= 0;) {
-    int last = first;
-    int following = next(last);
-    for (; following == last + 1; following = next(last)) last = following;
-    model_.SelectRows(first + 1, last + 1, true);
-    first = following;
-  }
-  highlights_ = model_.HighlightChanges();
+void ListViewBinding::FocusOn(int row) {
+  SetState(row, LVIS_FOCUSED, LVIS_FOCUSED);
+  Send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
 }
 
-// A click or key that highlights one row ends the highlight of the others. The list itself would send a
-// message for each of them.
-LRESULT ListViewBinding::Select(UINT message, WPARAM wParam, LPARAM lParam) {
-  const bool mouse = message == WM_LBUTTONDOWN;
-  const bool shift = mouse ? (wParam & MK_SHIFT) != 0 : GetKeyState(VK_SHIFT) < 0;
-  const bool ctrl = mouse ? (wParam & MK_CONTROL) != 0 : GetKeyState(VK_CONTROL) < 0;
-  if (!shift && !ctrl && Send(LVM_GETSELECTEDCOUNT) > 1) SetState(-1, LVIS_SELECTED, 0);
-  const auto select = [&] { return PassOn(message, wParam, lParam); };
-  const LRESULT result = shift ? ForManyRows(select) : select();
-  if (!shift) return result;
-  Send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(ShownFocus()), FALSE);
-  ReadRange(ctrl);
-  return result;
+// A press of the left or right button. The list itself would ask for the highlight of every row.
+LRESULT ListViewBinding::Press(UINT message, WPARAM wParam, LPARAM lParam) {
+  LVHITTESTINFO hit{};
+  hit.pt = PointOf(lParam);
+  const int row = static_cast<int>(Send(LVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit)));
+  const bool range = (wParam & MK_SHIFT) != 0;
+  const bool ctrl = (wParam & MK_CONTROL) != 0;
+  const bool right = message == WM_RBUTTONDOWN;
+  if (!Has(row)) {
+    if (!range && !ctrl) SetState(-1, LVIS_SELECTED, 0);
+    BeginFrame();
+    const LRESULT result = PassOn(message, wParam, lParam);
+    if (right) EndFrame();
+    return result;
+  }
+  // The right button opens the menu of the highlighted rows.
+  if (!right || (!range && !ctrl && !HighlightedAt(row))) HighlightTo(row, range, ctrl);
+  if (right) return PassOn(message, wParam, lParam);
+  SetFocus(Window());
+  FocusOn(row);
+  return OnRowClick(row), 0;
 }
 
 // The menu pops up at the mouse, or below the row in focus after a key.
@@ -225,8 +285,15 @@ std::optional<LRESULT> ListViewBinding::OnMessage(UINT message, WPARAM wParam, L
   if (!style_.checkBoxes && (message == WM_KEYDOWN || message == WM_CHAR) && wParam == VK_SPACE) return 0;
   if (message == WM_KEYDOWN && wParam == 'A' && GetKeyState(VK_CONTROL) < 0)
     return SetState(-1, LVIS_SELECTED, LVIS_SELECTED), 0;
-  const std::optional<LRESULT> done = VirtualList::OnMessage(message, wParam, lParam);
-  return done || !Selects(message, wParam) ? done : Select(message, wParam, lParam);
+  const bool isReleased = (message == WM_LBUTTONUP || message == WM_MOUSEMOVE) && (wParam & MK_LBUTTON) == 0;
+  if (framing_ && isReleased) EndFrame();
+  std::optional<LRESULT> done = OnHighlightMessage(message, wParam, lParam);
+  if (!done) done = VirtualList::OnMessage(message, wParam, lParam);
+  if (done) return done;
+  if (message == WM_LBUTTONDOWN || message == WM_RBUTTONDOWN) return Press(message, wParam, lParam);
+  const bool moves = wParam >= VK_PRIOR && wParam <= VK_DOWN && wParam != VK_LEFT && wParam != VK_RIGHT;
+  if (message == WM_KEYDOWN && moves) return MoveFocus(wParam), 0;
+  return std::nullopt;
 }
 
 TextView ListViewBinding::TextAt(int row, int column) { return model_.Row(row + 1).SubItems(column); }

@@ -42,9 +42,8 @@ class VirtualList : public OutlinedBinding {
   virtual void OnRowsHighlighted(int first, int last, bool highlighted) {
     (void)first, (void)last, (void)highlighted;
   }
-  // Brings highlights that the program has changed to the list. By default, the row in focus has the only
-  // one.
-  virtual void ShowHighlights() {}
+  // Whether a row is highlighted, if the list asks for that (see AskFor).
+  virtual bool HighlightedAt(int row) { return (void)row, false; }
   virtual COLORREF TextColorAt(int row) { return (void)row, GetSysColor(COLOR_WINDOWTEXT); }
   void ShowLook() override;
   // Whether the list scrolls to a row that the program puts the focus on.
@@ -52,12 +51,12 @@ class VirtualList : public OutlinedBinding {
   std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
   void AddColumn(int column, TextView caption, int pixels);
+  // The states (LVIS_...) that the list asks for, and keeps none of: the boxes, unless changed.
+  void AskFor(UINT states);
   // Tells the list how many rows there are, moves its focus to the model's and repaints it.
   void ShowRows();
   // Sets a state (LVIS_...) of one row, or of all rows for -1.
   void SetState(int row, UINT mask, UINT state) const;
-  // Runs what changes the states of many rows, without painting meanwhile.
-  LRESULT ForManyRows(const std::function<LRESULT()>& change) const;
   // The list's own row in focus, -1 for none.
   int ShownFocus() const;
   bool Has(int row) { return row >= 0 && row < RowCount(); }
@@ -77,6 +76,7 @@ class VirtualList : public OutlinedBinding {
   bool SelectsOne() const { return (GetWindowLongPtrW(Window(), GWL_STYLE) & LVS_SINGLESEL) != 0; }
 
   ImageList ticks_;
+  UINT asked_ = 0;
   int saidRow_ = -1;  // the row in focus, and whether it had a tick when screen readers last heard of it
   bool saidTick_ = false;
   bool showing_ = false;  // changes are the program's, not the user's
@@ -116,8 +116,9 @@ constexpr ListStyle kResultList{};
 constexpr ListStyle kTickedOptionList{.followsFocus = true};
 constexpr ListStyle kPlainOptionList{.checkBoxes = false, .followsFocus = true};
 
-// Columns with sort marks, rows with colours of their own, any number of them highlighted. Highlighting costs
-// no message a row.
+// Columns with sort marks, rows with colours of their own, any number of them highlighted. The model keeps
+// the highlights and the list asks it for those that it paints: so all rows change at once. The list keeps
+// the focus.
 class ListViewBinding : public VirtualList {
  public:
   ListViewBinding(ListView& model, WindowContext& context, int id, ControlName name, ListStyle style);
@@ -135,7 +136,7 @@ class ListViewBinding : public VirtualList {
   int FocusedRow() override { return model_.SelectedRow() - 1; }
   void OnRowFocused(int row) override;
   void OnRowsHighlighted(int first, int last, bool highlighted) override;
-  void ShowHighlights() override;
+  bool HighlightedAt(int row) override { return model_.Row(row + 1).Selected(); }
   void OnRowClick(int row) override;
   void OnColumnClick(int column) override { model_.ColumnClick(column + 1); }
   COLORREF TextColorAt(int row) override;
@@ -149,9 +150,18 @@ class ListViewBinding : public VirtualList {
   void ScaleColumns();
   void ShowColors();
   int SortMark(int header) const;
-  LRESULT Select(UINT message, WPARAM wParam, LPARAM lParam);
-  void ReadRange(bool adds);
-  void ReadHighlights();
+  std::optional<LRESULT> OnHighlightMessage(UINT message, WPARAM wParam, LPARAM lParam);
+  void PassOnState(int row, UINT state) const;
+  UINT BoxStates() const { return style_.checkBoxes ? LVIS_STATEIMAGEMASK : 0; }
+  int NextHighlighted(int row);
+  void HighlightTo(int row, bool range, bool adds);
+  void AnnounceHighlights();
+  int RowOfKey(WPARAM key) const;
+  void MoveFocus(WPARAM key);
+  void FocusOn(int row);
+  LRESULT Press(UINT message, WPARAM wParam, LPARAM lParam);
+  void BeginFrame();
+  void EndFrame();
   void AskForMenu(LPARAM position);
 
   ListView& model_;
@@ -161,8 +171,9 @@ class ListViewBinding : public VirtualList {
   std::array<int, ListView::kColumns> sortMarks_{};
   std::array<int, ListView::kColumns> pulled_{};  // their widths in twips, if the user has changed them
   COLORREF back_ = CLR_NONE;
-  uint32_t highlights_ = 0;  // the model's count of changes when they were last shown
-  ImageList spacers_;        // keep rows without boxes apart
+  ImageList spacers_;     // keep rows without boxes apart
+  int mark_ = -1;         // the row where a range begins
+  bool framing_ = false;  // a press beside all rows lasts
 };
 
 //--- List box

@@ -23,7 +23,12 @@ VirtualList::VirtualList(Control& model, WindowContext& context, int id, DWORD s
   constexpr DWORD kStyle = LVS_EX_CHECKBOXES | LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP;
   Send(LVM_SETEXTENDEDLISTVIEWSTYLE, kStyle, kStyle);
   ShowTicks();
-  Send(LVM_SETCALLBACKMASK, LVIS_STATEIMAGEMASK);
+  AskFor(LVIS_STATEIMAGEMASK);
+}
+
+void VirtualList::AskFor(UINT states) {
+  asked_ = states;
+  Send(LVM_SETCALLBACKMASK, states);
 }
 
 // Our own boxes replace those that the list has: at first those that its style has made.
@@ -56,7 +61,6 @@ void VirtualList::ShowRows() {
     Send(LVM_SETITEMCOUNT, static_cast<WPARAM>(count), LVSICF_NOSCROLL | LVSICF_NOINVALIDATEALL);
   }
   ShowFocus();
-  ShowHighlights();
   showing_ = false;
   AnnounceTick();
   Redraw();
@@ -66,22 +70,7 @@ void VirtualList::SetState(int row, UINT mask, UINT state) const {
   LVITEMW item{};
   item.stateMask = mask;
   item.state = state;
-  const auto set = [&] {
-    return Send(LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
-  };
-  row < 0 ? ForManyRows(set) : set();
-}
-
-// Otherwise the list would repaint and ask for a tick row by row.
-LRESULT VirtualList::ForManyRows(const std::function<LRESULT()>& change) const {
-  const auto callbacks = Send(LVM_GETCALLBACKMASK);
-  Send(WM_SETREDRAW, FALSE);
-  Send(LVM_SETCALLBACKMASK, 0);
-  const LRESULT result = change();
-  Send(LVM_SETCALLBACKMASK, static_cast<WPARAM>(callbacks));
-  Send(WM_SETREDRAW, TRUE);
-  Redraw();
-  return result;
+  Send(LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
 }
 
 int VirtualList::ShownFocus() const {
@@ -139,8 +128,9 @@ LRESULT VirtualList::Fill(LVITEMW& item) {
     *std::copy_n(text.begin(), length, item.pszText) = L'\0';
   }
   if ((item.mask & LVIF_STATE) != 0) {
-    item.state = INDEXTOSTATEIMAGEMASK(known && CheckedAt(item.iItem) ? kTicked : kUnticked);
-    item.stateMask = LVIS_STATEIMAGEMASK;
+    const UINT box = INDEXTOSTATEIMAGEMASK(known && CheckedAt(item.iItem) ? kTicked : kUnticked);
+    item.state = (box | (known && HighlightedAt(item.iItem) ? LVIS_SELECTED : 0)) & asked_;
+    item.stateMask = asked_;
   }
   return 0;
 }

@@ -60,6 +60,18 @@ TEST_F(Announcements, ATickTurnedByKeysInTheResults) {
   EXPECT_EQ(TimesHeard(EVENT_OBJECT_STATECHANGE, kIdResult, row), 2);
 }
 
+TEST_F(Announcements, HighlightsOfTheResults) {
+  for (const TextView name : {u"a", u"b", u"c"}) frmPubMain.lsvResult.Add(name);
+  Flush();
+  SetFocus(Control(kIdResult));
+  Press(Control(kIdResult), VK_END);
+  EXPECT_EQ(TimesHeard(EVENT_OBJECT_SELECTION, kIdResult, 3), 1);
+  LVITEMW all{};
+  all.stateMask = all.state = LVIS_SELECTED;
+  Send(Control(kIdResult), LVM_SETITEMSTATE, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(&all));
+  EXPECT_EQ(TimesHeard(EVENT_OBJECT_SELECTIONWITHIN, kIdResult), 1);
+}
+
 TEST_F(Announcements, ATickTurnedByKeysInTheFunctionList) {
   for (const TextView name : {u"all", u"one", u"two"}) frmPubMain.lst.AddItem(name);
   frmPubMain.trvPrivacy.Visible = false;
