@@ -5,6 +5,7 @@
 #   check    formatter, linter, fuzzers
 #   help     compiler of the help file
 #   release  builder of the installer, packer of the zip, signer, readers of the manifests
+#   bench    programs that the benchmarks compare with
 
 packages() {
   case "$1" in
@@ -13,6 +14,7 @@ packages() {
     window) echo xvfb xauth xdotool imagemagick openbox fonts-dejavu-core ;;
     help) echo fp-utils ;;
     release) echo nsis zip osslsigncode openssl python3-jsonschema python3-yaml ;;
+    bench) echo fd-find bfs rmlint bleachbit ;;
     check) echo clang clang-format clang-tidy libclang-rt-14-dev ;;
   esac
 }
