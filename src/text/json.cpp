@@ -2,34 +2,37 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
+#include <string_view>
 
 #include "text/utf8.h"
 
 namespace tavix {
 namespace {
 
-void AppendEscaped(std::string& out, char16_t unit) {
+constexpr size_t kLongestEscape = 6;  // bytes
+
+// Writes an escaped character and returns the end of it.
+char* PutEscaped(char* out, char16_t unit) {
+  constexpr std::string_view kDigits = "0123456789abcdef";
+  *out++ = '\\';
   switch (unit) {
     case u'"':
-      out += "\\\"";
-      return;
     case u'\\':
-      out += "\\\\";
-      return;
+      *out++ = static_cast<char>(unit);
+      return out;
     case u'\n':
-      out += "\\n";
-      return;
+      *out++ = 'n';
+      return out;
     case u'\r':
-      out += "\\r";
-      return;
+      *out++ = 'r';
+      return out;
     case u'\t':
-      out += "\\t";
-      return;
+      *out++ = 't';
+      return out;
     default:
-      char code[8];
-      std::snprintf(code, sizeof code, "\\u%04x", static_cast<unsigned>(unit));
-      out += code;
+      *out++ = 'u';
+      for (int shift = 12; shift >= 0; shift -= 4) *out++ = kDigits[unit >> shift & 15];
+      return out;
   }
 }
 
@@ -39,36 +42,31 @@ constexpr std::array<bool, 128> kPlain = [] {
   return plain;
 }();
 
-// The number of characters at the start of a text that stand for themselves in one byte.
-size_t CountPlain(TextView text) {
-  const auto end = std::ranges::find_if(text, [](char16_t c) { return c >= kPlain.size() || !kPlain[c]; });
-  return static_cast<size_t>(end - text.begin());
-}
-
 bool IsLead(char16_t unit) { return (unit & 0xFC00U) == 0xD800; }
 bool IsTrail(char16_t unit) { return (unit & 0xFC00U) == 0xDC00; }
 
 }  // namespace
 
 void AppendJson(std::string& out, TextView text) {
-  out += '"';
-  for (size_t i = 0; i < text.size(); ++i) {
-    // Most characters stay as they are. They are appended in runs.
-    const size_t plain = CountPlain(text.substr(i));
-    out.append(text.begin() + i, text.begin() + i + plain);
-    i += plain;
-    if (i == text.size()) break;
-    const char16_t unit = text[i];
-    const bool pair = IsLead(unit) && i + 1 < text.size() && IsTrail(text[i + 1]);
-    const bool half = !pair && (IsLead(unit) || IsTrail(unit));
-    if (half || unit < 0x80) {
-      AppendEscaped(out, unit);
-    } else {
-      out += ToUtf8(text.substr(i, pair ? 2 : 1));
-      if (pair) ++i;
+  const size_t before = out.size();
+  out.resize_and_overwrite(before + kLongestEscape * text.size() + 2, [&](char* bytes, size_t) {
+    char* end = bytes + before;
+    *end++ = '"';
+    for (size_t i = 0; i < text.size(); ++i) {
+      const char16_t unit = text[i];
+      const bool pair = IsLead(unit) && i + 1 < text.size() && IsTrail(text[i + 1]);
+      if (unit < kPlain.size() && kPlain[unit]) {
+        *end++ = static_cast<char>(unit);
+      } else if (unit < kPlain.size() || (!pair && (IsLead(unit) || IsTrail(unit)))) {
+        end = PutEscaped(end, unit);
+      } else {
+        end = std::ranges::copy(ToUtf8(text.substr(i, pair ? 2 : 1)), end).out;
+        if (pair) ++i;
+      }
     }
-  }
-  out += '"';
+    *end++ = '"';
+    return end - bytes;
+  });
 }
 
 }  // namespace tavix
