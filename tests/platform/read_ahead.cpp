@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <condition_variable>
 #include <map>
 #include <mutex>
 #include <random>
@@ -22,11 +23,30 @@ struct Tree {
   bool unreadable = false;
 };
 
+// Threads wait at it until it is opened.
+class Gate {
+ public:
+  void Open() {
+    const std::lock_guard lock(mutex_);
+    open_ = true;
+    opened_.notify_all();
+  }
+  void Wait() {
+    std::unique_lock lock(mutex_);
+    opened_.wait(lock, [this] { return open_; });
+  }
+
+ private:
+  std::mutex mutex_;
+  std::condition_variable opened_;
+  bool open_ = false;
+};
+
 // What was done with the tree, by all threads.
 struct Notes {
   std::mutex mutex;
   std::multiset<Text> read;  // paths
-  std::set<Text> seenByFilter;
+  bool keepsPaths = true;    // false for trees whose paths are too long
   std::atomic<int> open = 0;
   std::atomic<int> mostOpen = 0;
   std::function<void(const Text& path)> atReading;  // called without the lock
@@ -51,13 +71,14 @@ class TreeSource : public FolderSource {
   std::shared_ptr<const FolderSource> Open(TextView name) const override {
     const auto found = tree_->folders.find(name);
     if (found == tree_->folders.end() || found->second->gone) return nullptr;
-    return std::make_shared<TreeSource>(found->second, Concat(path_, u"\\", name), notes_);
+    return std::make_shared<TreeSource>(found->second, notes_.keepsPaths ? Concat(path_, u"\\", name) : path_,
+                                        notes_);
   }
 
   // Lists in the reverse order.
   bool Read(FolderListing& listing, const NameFilter& wanted) const override {
     if (notes_.atReading) notes_.atReading(path_);
-    {
+    if (notes_.keepsPaths) {
       const std::lock_guard lock(notes_.mutex);
       notes_.read.insert(path_);
     }
@@ -238,12 +259,11 @@ TEST_F(ReadingAhead, DropsWhatTheWalkPassesByAndWhatItLeaves) {
 TEST_F(ReadingAhead, GivesUpAReadingThatTheWalkLeaves) {
   auto tree = Regular(2, 1);
   for (int i = 0; i < 100'000; ++i) tree->folders[u"d1"]->files.push_back(ToText(i));
-  std::atomic<bool> begun = false, left = false;
+  Gate begun, left;
   notes.atReading = [&](const Text& path) {
     if (path != u"T\\d1") return;
-    begun = true;
-    begun.notify_all();
-    left.wait(false);
+    begun.Open();
+    left.Wait();
   };
   std::atomic<int> filtered = 0;
   const NameFilter counting = [&filtered](TextView) { return ++filtered > 0; };
@@ -251,10 +271,9 @@ TEST_F(ReadingAhead, GivesUpAReadingThatTheWalkLeaves) {
     auto top = Start(tree);
     ASSERT_TRUE(top.List(counting, {}));
     const auto first = top.Open(u"d0");
-    begun.wait(false);
+    begun.Wait();
   }
-  left = true;
-  left.notify_all();
+  left.Open();
   ahead.WaitUntilIdle();
   EXPECT_LT(filtered, 5'000);
   EXPECT_EQ(notes.open, 0);
@@ -262,17 +281,16 @@ TEST_F(ReadingAhead, GivesUpAReadingThatTheWalkLeaves) {
 
 TEST_F(ReadingAhead, AWaitingWalkIsAskedWhetherItGoesOn) {
   auto tree = Regular(2, 1);
-  std::atomic<bool> begun = false, ended = false;
+  Gate begun, ended;
   notes.atReading = [&](const Text& path) {
     if (path != u"T\\d1") return;
-    begun = true;
-    begun.notify_all();
-    ended.wait(false);
+    begun.Open();
+    ended.Wait();
   };
   auto top = Start(tree);
   ASSERT_TRUE(top.List({}, {}));
   { const auto first = top.Open(u"d0"); }
-  begun.wait(false);
+  begun.Wait();
   int asked = 0;
   {
     auto second = top.Open(u"d1");
@@ -280,29 +298,28 @@ TEST_F(ReadingAhead, AWaitingWalkIsAskedWhetherItGoesOn) {
     EXPECT_FALSE(second->List({}, [&asked] { return ++asked < 3; }));
   }
   EXPECT_EQ(asked, 3);
-  ended = true;
-  ended.notify_all();
+  ended.Open();
+  ahead.WaitUntilIdle();
 }
 
 TEST_F(ReadingAhead, AWaitingWalkReadsWhatComesNext) {
-  std::atomic<bool> begun = false, ended = false;
+  Gate begun, ended;
   notes.atReading = [&](const Text& path) {
     if (path == u"T\\d1") {
-      begun = true;
-      begun.notify_all();
-      ended.wait(false);
+      begun.Open();
+      ended.Wait();
     } else if (path == u"T\\d2") {
-      ended = true;
-      ended.notify_all();
+      ended.Open();
     }
   };
   auto top = Start(Regular(3, 1));
   ASSERT_TRUE(top.List({}, {}));
   { const auto first = top.Open(u"d0"); }
-  begun.wait(false);
+  begun.Wait();
   auto second = top.Open(u"d1");
   ASSERT_TRUE(second);
   EXPECT_TRUE(second->List({}, {})) << "the other thread ends only after the walk has read the third";
+  ahead.WaitUntilIdle();
 }
 
 TEST_F(ReadingAhead, AnotherFilterGetsItsOwnListing) {
@@ -361,6 +378,7 @@ TEST_F(ReadingAhead, ALackOfMemoryIsLeftToTheWalk) {
 }
 
 TEST_F(ReadingAhead, AChainOfAnyLengthIsWalked) {
+  notes.keepsPaths = false;
   auto tree = std::make_shared<Tree>();
   for (int i = 0; i < 5'000; ++i) {
     auto above = std::make_shared<Tree>();
