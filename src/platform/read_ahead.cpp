@@ -116,8 +116,10 @@ std::optional<ReadAhead::Folder> ReadAhead::Folder::Open(TextView name) {
   return Folder(ahead_, std::move(child));
 }
 
-ReadAhead::ReadAhead(std::function<void()> prepare)
-    : prepare_(std::move(prepare)), enabled_(std::thread::hardware_concurrency() > 1) {}
+ReadAhead::ReadAhead(size_t mostFolders, std::function<void()> prepare)
+    : mostFolders_(mostFolders),
+      prepare_(std::move(prepare)),
+      enabled_(mostFolders > 0 && std::thread::hardware_concurrency() > 1) {}
 
 ReadAhead::~ReadAhead() {
   {
@@ -226,7 +228,7 @@ void ReadAhead::Drop(Node& node) {
 void ReadAhead::Uncount(Node& node) {
   --foldersAhead_;
   bytesAhead_ -= node.state == Node::State::Read ? node.bytes : 0;
-  if (!full_ || foldersAhead_ > kMostFolders / 2 || bytesAhead_ > kMostBytes / 2) return;
+  if (!full_ || foldersAhead_ > mostFolders_ / 2 || bytesAhead_ > kMostBytes / 2) return;
   full_ = false;
   if (!order_.empty()) Wake();
 }
@@ -234,9 +236,14 @@ void ReadAhead::Uncount(Node& node) {
 // The next folder to read, or null.
 std::shared_ptr<ReadAhead::Node> ReadAhead::Begin() {
   if (full_ || !enabled_) return nullptr;
+  bool nearest = true;
   for (auto at = order_.begin(); at != order_.end();) {
     Node& above = **at++;
-    if (above.state == Node::State::Reading) continue;
+    if (above.state == Node::State::Reading) {
+      nearest = false;
+      continue;
+    }
+    if (!nearest && foldersAhead_ >= mostFolders_ / 2) return nullptr;
     if (above.next == above.folders.Count()) {
       Remove(above);
       continue;
@@ -247,13 +254,13 @@ std::shared_ptr<ReadAhead::Node> ReadAhead::Begin() {
     node->wanted = above.wanted;
     node->walked = true;
     node->index = above.next;
-    if (above.begun.capacity() == 0) above.begun.reserve(kMostFolders);
+    if (above.begun.capacity() == 0) above.begun.reserve(mostFolders_);
     node->place = order_.insert(*above.place, node.get());
     above.begun.push_back(node);
     ++above.next;
     node->state = Node::State::Reading;
     ++foldersAhead_;
-    full_ = foldersAhead_ >= kMostFolders;
+    full_ = foldersAhead_ >= mostFolders_;
     return node;
   }
   return nullptr;

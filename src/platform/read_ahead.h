@@ -32,14 +32,15 @@ class FolderSource {
 // this order. The walk gets a finished listing, waits for one that is being read and reads others meanwhile,
 // or reads a folder itself that nobody has begun. So it sees the same folders in the same order as without.
 //
-// At most kMostFolders are open and read ahead, and none is begun while they hold kMostBytes. What a walk
-// passes by, or leaves, is dropped at once, and a reading of it is given up. A folder that couldn't be read
-// ahead is read again when the walk comes to it. Without a second processor, and when the thread can't be
-// started, nothing is read ahead. The thread is started at the first use and sleeps when there is nothing to
-// do.
+// At most `mostFolders` are open and read ahead, and none is begun while they hold kMostBytes. Half of that
+// is kept for the folders that come next: while one is being read, those after it take only the other half.
+// What a walk passes by, or leaves, is dropped at once, and a reading of it is given up. A folder that
+// couldn't be read ahead is read again when the walk comes to it. Without a second processor, and when the
+// thread can't be started, nothing is read ahead. The thread is started at the first use and sleeps when
+// there is nothing to do.
 class ReadAhead {
  public:
-  static constexpr size_t kMostFolders = 64;
+  static constexpr size_t kMostFolders = 128;
   static constexpr size_t kMostBytes = size_t{8} << 20U;
 
   struct Node;
@@ -70,7 +71,7 @@ class ReadAhead {
   };
 
   // `prepare` is called first on the new thread.
-  explicit ReadAhead(std::function<void()> prepare = {});
+  explicit ReadAhead(size_t mostFolders = kMostFolders, std::function<void()> prepare = {});
   ~ReadAhead();
   ReadAhead(const ReadAhead&) = delete;
   ReadAhead& operator=(const ReadAhead&) = delete;
@@ -99,6 +100,7 @@ class ReadAhead {
   bool ReadNext(Lock& lock, const GoesOn& goesOn);
   void Run();
 
+  const size_t mostFolders_;
   const std::function<void()> prepare_;
   bool enabled_;
   std::mutex mutex_;  // guards all that follows, and the nodes

@@ -10,9 +10,12 @@
 
 namespace tavix::mdlPubSelf {
 
-// The folders that a walk down a tree holds open: at most eight, the innermost ones.
+// The folders that a walk down a tree holds open: at most the eight outermost and the eight innermost ones.
 class OpenFolders {
  public:
+  static constexpr size_t kOutermost = 8;
+  static constexpr size_t kInnermost = 8;
+
   // `above`, which may be null, is the open folder of level 0 if somebody else holds it. It must outlive
   // this.
   explicit OpenFolders(platform::OpenFolder* above = nullptr) : above_(above) {}
@@ -28,9 +31,8 @@ class OpenFolders {
   }
   // Holds an open folder as that of a level.
   platform::OpenFolder* Put(size_t level, std::unique_ptr<platform::OpenFolder> folder) {
-    constexpr size_t kMostOpen = 8;
     open_.resize(level + 1);
-    if (level >= kMostOpen) open_[level - kMostOpen].reset();
+    if (level >= kOutermost + kInnermost) open_[level - kInnermost].reset();
     open_[level] = std::move(folder);
     return open_[level].get();
   }

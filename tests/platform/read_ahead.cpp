@@ -227,6 +227,43 @@ TEST_F(ReadingAhead, KeepsToItsLimitOfFolders) {
   EXPECT_LE(notes.mostOpen, static_cast<int>(ReadAhead::kMostFolders) + 2);
 }
 
+TEST_F(ReadingAhead, KeepsToASmallerLimitOfTheHost) {
+  ReadAhead small(4);
+  small.Force();
+  auto top = Start(Regular(300, 1), true, &small);
+  ASSERT_TRUE(top.List({}, {}));
+  const auto open = top.Open(u"d0");
+  small.WaitUntilIdle();
+  EXPECT_EQ(small.FoldersAhead(), 4U);
+}
+
+TEST_F(ReadingAhead, KeepsHalfOfItsRoomForWhatIsBelowTheNextFolder) {
+  auto tree = Regular(300, 1);
+  tree->folders[u"d1"] = Regular(1, 200);
+  Gate reading;
+  Gate gate;
+  notes.atReading = [&](const Text& path) {
+    if (path != u"T\\d1") return;
+    reading.Open();
+    gate.Wait();
+  };
+  auto top = Start(tree);
+  ASSERT_TRUE(top.List({}, {}));
+  const auto first = top.Open(u"d0");
+  reading.Wait();
+  auto next = top.Open(u"d1");
+  size_t most = 0;
+  bool full = false;
+  const auto listing = next->List({}, [&] {
+    full = full || ahead.FoldersAhead() == most;
+    most = ahead.FoldersAhead();
+    if (full) gate.Open();
+    return true;
+  });
+  EXPECT_TRUE(listing);
+  EXPECT_LE(most, ReadAhead::kMostFolders / 2);
+}
+
 TEST_F(ReadingAhead, KeepsToItsLimitOfMemory) {
   auto tree = Regular(10, 1);
   for (const auto& [name, folder] : tree->folders) {
@@ -241,14 +278,14 @@ TEST_F(ReadingAhead, KeepsToItsLimitOfMemory) {
 }
 
 TEST_F(ReadingAhead, DropsWhatTheWalkPassesByAndWhatItLeaves) {
-  auto tree = Regular(9, 2);
+  auto tree = Regular(12, 2);
   {
     auto top = Start(tree);
     ASSERT_TRUE(top.List({}, {}));
     { const auto first = top.Open(u"d0"); }
     ahead.WaitUntilIdle();
     EXPECT_EQ(ahead.FoldersAhead(), ReadAhead::kMostFolders);
-    const auto later = top.Open(u"d8");
+    const auto later = top.Open(u"d9");
     EXPECT_LE(ahead.FoldersAhead(), 10U) << "all before it went";
   }
   EXPECT_EQ(ahead.FoldersAhead(), 0U);

@@ -115,7 +115,7 @@ platform::Drive ReadDrive(char16_t letter) {
 
 }  // namespace
 
-WindowsFileSystem::WindowsFileSystem() : ahead_([] { SetThreadErrorMode(kNoDialogs, nullptr); }) {
+WindowsFileSystem::WindowsFileSystem() : ahead_(platform::ReadAhead::kMostFolders, [] { SetThreadErrorMode(kNoDialogs, nullptr); }) {
   SetThreadErrorMode(kNoDialogs, &errorMode_);
   ExposeOnlineFiles();
 }

@@ -100,6 +100,8 @@ class FileStore {
   // Opens the folder at a path of exact names below the root. Null when it is missing, a link is on the path,
   // or it can't be opened.
   virtual std::unique_ptr<StoreFolder> Open(const std::vector<Text>& names) = 0;
+  // How many folders may be held open besides those in use.
+  virtual size_t MostSpareFolders() const { return SIZE_MAX; }
 };
 
 }  // namespace tavix::machine

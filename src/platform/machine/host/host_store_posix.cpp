@@ -1,5 +1,6 @@
 #include <dirent.h>
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -381,6 +382,12 @@ class HostStore : public FileStore {
     }
     auto folder = folders_.Open(path);
     return folder != nullptr ? std::make_unique<HostFolder>(std::move(folder), shared_) : nullptr;
+  }
+
+  // A quarter of what the system lets this process open.
+  size_t MostSpareFolders() const override {
+    struct rlimit limit {};
+    return getrlimit(RLIMIT_NOFILE, &limit) == 0 ? static_cast<size_t>(limit.rlim_cur / 4) : 0;
   }
 
  private:

@@ -1,5 +1,7 @@
 #include "platform/machine/services/machine_host.h"
 
+#include <algorithm>
+
 #include "platform/application.h"
 #include "platform/machine/host/host_store.h"
 #include "platform/machine/host/machine_clock.h"
@@ -27,7 +29,7 @@ struct MachineHost::Parts {
   std::unique_ptr<FileStore> store;
   platform::MergedRegistry registry{folder->Registry()};
   MachineFacts facts{folder->Ini(), store.get()};
-  platform::ReadAhead ahead;
+  platform::ReadAhead ahead{std::min(platform::ReadAhead::kMostFolders, store->MostSpareFolders())};
   MachineFileSystem files{*store, facts, &ahead};
   class Journal journal {
     store.get()
