@@ -39,7 +39,7 @@ class Property {
   }
   // Assigns `form(part)`, which is formed when it's read for the first time: a value that is assigned often
   // is mostly replaced before that. It counts as a change.
-  void Form(T part, T (*form)(T)) {
+  void Form(T part, T (*form)(const T& part)) {
     value_ = std::move(part);
     form_ = form;
     owner_->PropertyChanged();
@@ -47,15 +47,15 @@ class Property {
 
   operator const T&() const { return Get(); }
   const T& Get() const {
-    if (form_ != nullptr) value_ = std::exchange(form_, nullptr)(std::move(value_));
+    if (form_ != nullptr) value_ = std::exchange(form_, nullptr)(value_);
     return value_;
   }
   friend bool operator==(const Property& property, const T& value) { return property.Get() == value; }
 
  private:
   PropertyOwner* owner_;
-  mutable T value_;                 // while form_ is set, what the value is formed of
-  mutable T (*form_)(T) = nullptr;  // null when value_ is the value
+  mutable T value_;                        // while form_ is set, what the value is formed of
+  mutable T (*form_)(const T&) = nullptr;  // null when value_ is the value
 };
 
 // An event of a control: calling it runs its handler. It has one handler at most; without one, a call does

@@ -149,8 +149,9 @@ void SetResultControlsEnabled(bool enabled) {
 }
 
 void ShowScannedFolder(Text folder) {
-  frmPubMain.lblProgS.Caption.Form(
-      std::move(folder), [](Text path) { return Concat(u"Scanning in '", path, u"', please wait..."); });
+  frmPubMain.lblProgS.Caption.Form(std::move(folder), [](const Text& path) {
+    return Concat(u"Scanning in '", path, u"', please wait...");
+  });
 }
 
 void AdvanceProgressBar() {
