@@ -27,7 +27,7 @@ TEST(Property, NotifiesThePeerOfChangesOnly) {
 
 TEST(Property, AFormedValueIsFormedOnceWhenItIsRead) {
   static int formed = 0;
-  const auto quote = [](Text part) {
+  const auto quote = [](const Text& part) {
     ++formed;
     return Concat(u"'", part, u"'");
   };

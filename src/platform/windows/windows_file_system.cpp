@@ -115,7 +115,8 @@ platform::Drive ReadDrive(char16_t letter) {
 
 }  // namespace
 
-WindowsFileSystem::WindowsFileSystem() : ahead_(platform::ReadAhead::kMostFolders, [] { SetThreadErrorMode(kNoDialogs, nullptr); }) {
+WindowsFileSystem::WindowsFileSystem()
+    : ahead_(platform::ReadAhead::kMostFolders, [] { SetThreadErrorMode(kNoDialogs, nullptr); }) {
   SetThreadErrorMode(kNoDialogs, &errorMode_);
   ExposeOnlineFiles();
 }
