@@ -7,26 +7,39 @@ namespace tavix {
 
 StoredText TextStore::Put(TextView text) {
   if (text.empty()) return {};
-  if (used_ + text.size() > kChunk) {
-    const size_t chunks = (text.size() + kChunk - 1) / kChunk;
+  const auto hash = static_cast<uint32_t>(std::hash<TextView>()(text));
+  Recent& recent = recent_[hash % kRecent];
+  if (recent.hash != hash || !SameText(Get(recent.text), text)) recent = {hash, Append(text)};
+  return recent.text;
+}
+
+StoredText TextStore::Append(TextView text) {
+  const bool isLong = text.size() >= kLong;
+  const size_t size = text.size() + (isLong ? 3 : 1);
+  if (used_ + size > kChunk) {
+    const size_t first = chunks_.empty() ? 1 : 0;  // no text has the position 0
+    const size_t chunks = (first + size + kChunk - 1) / kChunk;
     if (chunks_.size() + chunks > kChunk) throw std::length_error("TextStore");
     char16_t* block = blocks_.emplace_back(new char16_t[chunks * kChunk]).get();
     for (size_t i = 0; i < chunks; ++i) chunks_.push_back(block + i * kChunk);
-    used_ = 0;
-    if (chunks > 1) {
-      std::copy(text.begin(), text.end(), block);
-      used_ = kChunk;
-      return {static_cast<uint32_t>((chunks_.size() - chunks) << kShift), static_cast<uint32_t>(text.size())};
-    }
+    place_ = chunks_.size() - chunks;
+    used_ = first;
   }
-  std::copy(text.begin(), text.end(), chunks_.back() + used_);
-  const StoredText stored{static_cast<uint32_t>((chunks_.size() - 1) << kShift | used_),
-                          static_cast<uint32_t>(text.size())};
-  used_ += text.size();
+  const StoredText stored{static_cast<uint32_t>(place_ << kShift | used_)};
+  char16_t* to = chunks_[place_] + used_;
+  if (isLong) {
+    *to++ = kLong;
+    *to++ = static_cast<char16_t>(text.size() >> kShift);
+  }
+  *to++ = static_cast<char16_t>(text.size());
+  std::copy(text.begin(), text.end(), to);
+  // What is left of several chunks isn't used: a text begins in the first chunk of its block.
+  used_ += size;
   return stored;
 }
 
 void TextStore::Clear() {
+  recent_.assign(kRecent, {});
   chunks_.clear();
   blocks_.clear();
   used_ = kChunk;
