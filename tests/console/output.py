@@ -4,8 +4,10 @@ import os
 import pty
 import re
 import subprocess
+import sys
 import unittest
 
+sys.path.append("/usr/lib/python3/dist-packages")  # Debian's packages, also for another Python
 import jsonschema
 from machine_case import CONSOLE, TOP, SampleCopy, run
 

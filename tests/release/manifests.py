@@ -5,8 +5,10 @@ import hashlib
 import json
 import os
 import pathlib
+import sys
 import unittest
 
+sys.path.append("/usr/lib/python3/dist-packages")  # Debian's packages, also for another Python
 import jsonschema
 import yaml
 
