@@ -178,10 +178,11 @@ class Machine:
 
     def keyboard(self, *arguments):
         """Presses and releases keys, as `xdotool` takes it. When a window has closed, no window has the keyboard for a
-        moment, though Windows' focus is in the next one already. The server drops what is pressed then."""
+        moment, though Windows' focus is in the next one already: the server drops what is pressed then. Where windows
+        are managed and nobody manages them, it is always the window below the mouse that has the keyboard."""
         if self._root is None:
             self._root = self._number_of("search", "--maxdepth", "0", "--name", "")
-        nowhere = (0, 1, self._root)
+        nowhere = (0, self._root)
         wait_for("a window to have the keyboard", lambda: self._number_of("getwindowfocus", "-f") not in nowhere)
         subprocess.run(["xdotool", *arguments], env=self.environment, check=True)
 
