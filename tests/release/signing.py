@@ -53,7 +53,7 @@ class Signing(unittest.TestCase):
     def test_without_its_signature_a_program_is_the_unsigned_one(self):
         for archive, name in ARCHIVES:
             signed = self.program(SIGNED / "dist", archive, name)
-            bare, plain = self.folder / "bare.exe", self.program(DIST, archive, name)
+            bare, plain = self.folder / f"bare-{signed.name}", self.program(DIST, archive, name)
             done = signing("remove-signature", "-in", str(signed), "-out", str(bare))
             self.assertEqual(done.returncode, 0, done.stdout + done.stderr)
             # Signing pads the file to eight bytes and sets the checksum of its header.

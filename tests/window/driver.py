@@ -187,7 +187,9 @@ class Machine:
         subprocess.run(["xdotool", *arguments], env=self.environment, check=True)
 
     def _number_of(self, *command):
-        return int(subprocess.run(["xdotool", *command], env=self.environment, check=True, stdout=subprocess.PIPE).stdout)
+        # xdotool warns where the window below the mouse has the keyboard.
+        return int(subprocess.run(["xdotool", *command], env=self.environment, check=True, stdout=subprocess.PIPE,
+                                  stderr=subprocess.DEVNULL).stdout)
 
     def key(self, *names):
         self.keyboard("key", *names)
