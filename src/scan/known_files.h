@@ -24,7 +24,7 @@ class KnownFiles {
     using is_transparent = void;
     bool operator()(TextView left, TextView right) const { return SameText(left, right); }
   };
-  static constexpr size_t kMost = 50'000;  // so many paths are remembered
+  static constexpr size_t kMost = 50'000;  // paths remembered at most
 
   std::unordered_map<Text, bool, Hash, Same> answers_;
 };
