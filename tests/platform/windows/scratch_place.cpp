@@ -180,23 +180,26 @@ bool ScratchPlace::Swap(TextView name, TextView target) const {
   return true;
 }
 
-bool ScratchPlace::StartExchanging(TextView one, TextView other) const {
+bool ScratchPlace::StartExchanging(TextView one, TextView other, TextView pause) const {
   if (!IsWine()) return false;
   // The script ends by itself if the test process dies.
   const Text script = File(u"exchange.py", R"(
 import ctypes, os, sys, time
-here, one, other = sys.argv[1:]
+here, one, other, pause = sys.argv[1:]
 libc, ends, swapped = ctypes.CDLL(None), time.monotonic() + 120, False
 open(here + "/running", "w").close()
 while time.monotonic() < ends and (swapped or os.path.exists(here + "/running")):
     if libc.renameat2(-100, one.encode(), -100, other.encode(), 2) == 0:
         swapped = not swapped
+    if float(pause) > 0:
+        time.sleep(float(pause) / 1000)
 if os.path.exists(here + "/ends"):
     os.remove(here + "/ends")
 )");
   File(u"ends");
   const auto quoted = [](const Text& path) { return Concat(u" \"", HostLinkPath(path), u"\""); };
-  return RunOnHost(u"python3", Concat(quoted(script), quoted(path_), quoted(In(one)), quoted(In(other))),
+  return RunOnHost(u"python3",
+                   Concat(quoted(script), quoted(path_), quoted(In(one)), quoted(In(other)), u" ", pause),
                    In(u"running"), true);
 }
 

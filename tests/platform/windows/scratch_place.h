@@ -28,9 +28,9 @@ class ScratchPlace {
   // Renames a folder to "<name> aside" and puts a link to another one in its place. False if Windows refuses
   // to rename the folder because it is in use. Under Wine the host renames it.
   bool Swap(TextView name, TextView target) const;
-  // Starts a process that exchanges a folder and a link by name, as fast as it can. False on Windows, which
-  // has no such exchange.
-  bool StartExchanging(TextView one, TextView other) const;
+  // Starts a process that exchanges a folder and a link by name, and waits `pause` milliseconds after each
+  // time; 0 is as fast as it can. False on Windows, which has no such exchange.
+  bool StartExchanging(TextView one, TextView other, TextView pause) const;
   // Ends that process and waits for it. The names are as before.
   void StopExchanging() const;
   // Makes a link to a file. False under Wine, and without the right to make links.
