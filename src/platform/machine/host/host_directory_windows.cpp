@@ -3,8 +3,13 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <utility>
 
+#include "platform/clock.h"
 #include "platform/machine/host/host_directory.h"
+
+#include <windows.h>
+#include <winioctl.h>
 
 namespace tavix::machine {
 namespace {
@@ -19,6 +24,15 @@ bool WriteAll(int file, std::string_view bytes) {
     bytes.remove_prefix(static_cast<size_t>(written));
   }
   return true;
+}
+
+// SYMBOLIC_LINK_FLAG_ALLOW_UNPRIVILEGED_CREATE: in developer mode no right is needed.
+constexpr DWORD kUnprivileged = 2;
+
+FILETIME ToFileTime(int64_t milliseconds) {
+  constexpr int64_t kFrom1601To1970 = 11'644'473'600'000;
+  const auto ticks = static_cast<uint64_t>(std::max<int64_t>(milliseconds + kFrom1601To1970, 1)) * 10'000;
+  return {static_cast<DWORD>(ticks), static_cast<DWORD>(ticks >> 32U)};
 }
 
 class WindowsDirectory : public HostDirectory {
@@ -59,6 +73,44 @@ class WindowsDirectory : public HostDirectory {
     return _close(out) == 0 && written;
   }
 
+  bool MakeSparseFile(const fs::path& name, uint64_t size) override {
+    const HANDLE file =
+        CreateFileW((path_ / name).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr);
+    if (file == INVALID_HANDLE_VALUE) return false;
+    LARGE_INTEGER end;
+    end.QuadPart = static_cast<LONGLONG>(size);
+    DWORD returned = 0;
+    const bool made =
+        size == 0 || (size <= INT64_MAX &&
+                      DeviceIoControl(file, FSCTL_SET_SPARSE, nullptr, 0, nullptr, 0, &returned, nullptr) &&
+                      SetFilePointerEx(file, end, nullptr, FILE_BEGIN) && SetEndOfFile(file));
+    CloseHandle(file);
+    if (!made) Remove(name);
+    return made;
+  }
+
+  bool MakeLink(const fs::path& name, const fs::path& target, bool toFolder) override {
+    const fs::path link = path_ / name;
+    if (GetFileAttributesW(link.c_str()) != INVALID_FILE_ATTRIBUTES) return false;
+    const DWORD flags = kUnprivileged | (toFolder ? SYMBOLIC_LINK_FLAG_DIRECTORY : 0);
+    fs::path windowsTarget = target;
+    if (!CreateSymbolicLinkW(link.c_str(), windowsTarget.make_preferred().c_str(), flags)) return false;
+    // Some systems report a link that they didn't make.
+    return GetFileAttributesW(link.c_str()) != INVALID_FILE_ATTRIBUTES;
+  }
+
+  bool SetTimes(const fs::path& name, int64_t modified, int64_t accessed) override {
+    const HANDLE item = CreateFileW(
+        (path_ / name).c_str(), FILE_WRITE_ATTRIBUTES, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+        nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT, nullptr);
+    if (item == INVALID_HANDLE_VALUE) return false;
+    const FILETIME write = ToFileTime(modified), access = ToFileTime(accessed);
+    const bool set = SetFileTime(item, nullptr, accessed != platform::kUnknownTime ? &access : nullptr,
+                                 modified != platform::kUnknownTime ? &write : nullptr) != 0;
+    CloseHandle(item);
+    return set;
+  }
+
   // Nothing to do: a new folder inherits its parent's rights.
   void TakeRightsOf(const HostDirectory&) override {}
 
@@ -95,7 +147,10 @@ class WindowsDirectory : public HostDirectory {
 std::unique_ptr<HostDirectory> HostDirectory::Open(const fs::path& path) {
   std::error_code failure;
   if (!fs::is_directory(fs::symlink_status(path, failure))) return nullptr;
-  return std::make_unique<WindowsDirectory>(path);
+  // Without the prefix a path is limited to 260 characters.
+  std::wstring name = path.lexically_normal().make_preferred().native();
+  if (path.is_absolute() && !name.starts_with(L"\\\\")) name.insert(0, L"\\\\?\\");
+  return std::make_unique<WindowsDirectory>(name);
 }
 
 }  // namespace tavix::machine
