@@ -1,5 +1,6 @@
 #include "console/export_run.h"
 
+#include <algorithm>
 #include <atomic>
 #include <csignal>
 #include <cstdio>
@@ -114,6 +115,12 @@ class Recording {
   exporting::RecordingShell shell_;
 };
 
+bool LiesIn(const fs::path& path, const fs::path& folder) {
+  std::error_code failure;
+  const fs::path real = fs::canonical(folder, failure);
+  return std::mismatch(real.begin(), real.end(), path.begin(), path.end()).first == real.end();
+}
+
 std::vector<Text> ChosenFolders(const Options& options) {
   std::vector<Text> folders;
   for (const Text& scope : options.scopes) folders.push_back(scope.ends_with(u':') ? scope + u'\\' : scope);
@@ -167,6 +174,10 @@ int RunExport(const Options& options, std::string& error) {
   NewFolder folder;
   if (!path || !folder.Make(*path)) {
     error = "--export '" + *options.exportFolder + "' is no new or empty folder that can be written";
+    return kWrongArguments;
+  }
+  if (options.machine && LiesIn(folder.Path(), *FromUtf8(*options.machine))) {
+    error = "--export '" + *options.exportFolder + "' lies in the machine folder";
     return kWrongArguments;
   }
   const platform::DateTime now = platform::clock->Now();
