@@ -58,6 +58,12 @@ if "TAVIX_BUILD" in os.environ:
     from advanced_page import AdvancedMachine
     from file_pages import ZONES
 
+    class WithoutLinks(random_machine.RandomMachine):
+        """Wine can make no links, so that an export leaves them out."""
+
+        def links(self, path):
+            pass
+
     class LiveExport(unittest.TestCase):
         maxDiff = 4000
 
@@ -104,7 +110,7 @@ if "TAVIX_BUILD" in os.environ:
 
         def test_a_prefix_with_random_files_and_shortcuts(self):
             live = self.live(ZONES[2])
-            random_machine.RandomMachine(live, 11).fill()
+            WithoutLinks(live, 11).fill()
             AdvancedMachine(live, 12).fill()
             self.assertGreater(len(self.export_and_compare(live)), 200)
 
