@@ -206,7 +206,7 @@ void DriveWriter::MarkUnreadable(HostDirectory& folder, const Text& path) {
 
 bool DriveWriter::WriteLink(HostDirectory& folder, const Text& path, const Item& item) {
   const auto link = OnDrive(path);
-  const std::optional<Text> target = job_.source.LinkTarget(path);
+  const std::optional<Text> target = job_.source.ResolveLink(path);
   const auto place = target ? OnDrive(*target) : std::nullopt;
   const auto name = HostName(item.name);
   if (!place) {
@@ -251,7 +251,7 @@ std::unique_ptr<HostDirectory> DriveWriter::MakeFolder(const Text& path) {
       const Item item = Item::Of(*facts);
       if (!folder->Exists(HostName(facts->name)) && !WriteItem(*folder, facts->path, item)) return nullptr;
       if (facts->link) {
-        target = job_.source.LinkTarget(facts->path);
+        target = job_.source.ResolveLink(facts->path);
         if (!target) return nullptr;
       } else {
         folder = folder->OpenFolder(HostName(facts->name));

@@ -78,7 +78,7 @@ std::optional<Text> RecordingFiles::FolderIdentity(TextView path) {
 
 std::vector<Text> RecordingFiles::Lineage(TextView path) { return source_.Lineage(path); }
 
-std::optional<Text> RecordingFiles::LinkTarget(TextView path) { return source_.LinkTarget(path); }
+std::optional<Text> RecordingFiles::ResolveLink(TextView path) { return source_.ResolveLink(path); }
 
 std::unique_ptr<platform::FoundFolder> RecordingFiles::OpenFound(TextView start, TextView below) {
   return source_.OpenFound(start, below);

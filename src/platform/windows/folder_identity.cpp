@@ -64,7 +64,7 @@ std::vector<Text> ReadLineage(TextView path) {
   }
 }
 
-std::optional<Text> ReadLinkTarget(TextView path) {
+std::optional<Text> ReadResolvedLink(TextView path) {
   const std::optional<Entry> link = LookUp(path);
   // A stand-in can't be opened.
   if (!link || !link->link || link->standIn) return std::nullopt;

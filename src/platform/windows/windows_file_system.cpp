@@ -151,8 +151,8 @@ std::vector<Text> WindowsFileSystem::Lineage(TextView path) {
   return normal ? ReadLineage(*normal) : std::vector<Text>();
 }
 
-std::optional<Text> WindowsFileSystem::LinkTarget(TextView path) {
-  return NormalPath(path).and_then(ReadLinkTarget);
+std::optional<Text> WindowsFileSystem::ResolveLink(TextView path) {
+  return NormalPath(path).and_then(ReadResolvedLink);
 }
 
 std::unique_ptr<platform::FoundFolder> WindowsFileSystem::OpenFound(TextView start, TextView below) {

@@ -63,7 +63,7 @@ std::vector<Text> MachineFileSystem::Lineage(TextView path) {
   }
 }
 
-std::optional<Text> MachineFileSystem::LinkTarget(TextView path) {
+std::optional<Text> MachineFileSystem::ResolveLink(TextView path) {
   std::optional<Place> link = finder_.Find(path, Last::Itself);
   if (!link || !link->IsLink()) return std::nullopt;
   std::optional<Place> target = finder_.Find(path, Last::Followed);
