@@ -7,8 +7,8 @@
 
 #include "platform/clock.h"
 #include "platform/machine/host/host_directory.h"
+#include "platform/windows/windows_api.h"
 
-#include <windows.h>
 #include <winioctl.h>
 
 namespace tavix::machine {
