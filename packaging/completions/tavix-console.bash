@@ -2,12 +2,12 @@
 _tavix_console() {
   local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]}
   case $before in
-    --machine) mapfile -t COMPREPLY < <(compgen -d -- "$word") ;;
+    --machine | --export) mapfile -t COMPREPLY < <(compgen -d -- "$word") ;;
     --page) mapfile -t COMPREPLY < <(compgen -W "privacy system registry advanced" -- "$word") ;;
     --function | --scope | --set | --tick | --untick | --now) COMPREPLY=() ;;
     *)
       mapfile -t COMPREPLY < <(compgen -W "--machine --live --page --one-click --function --scope --set --untick --tick
-        --clean --yes --now --json --help --version" -- "$word")
+        --clean --yes --now --json --export --mask --help --version" -- "$word")
       ;;
   esac
 }

@@ -5,7 +5,7 @@ Register-ArgumentCompleter -Native -CommandName tavix-console, tavix-console.exe
   $offered = if ("$before" -eq '--page') { 'privacy', 'system', 'registry', 'advanced' }
   else {
     '--machine', '--live', '--page', '--one-click', '--function', '--scope', '--set', '--untick', '--tick', '--clean',
-    '--yes', '--now', '--json', '--help', '--version'
+    '--yes', '--now', '--json', '--export', '--mask', '--help', '--version'
   }
   $offered | Where-Object { $_ -like "$word*" } | ForEach-Object {
     [System.Management.Automation.CompletionResult]::new($_)

@@ -2,6 +2,7 @@
 #include <memory>
 #include <string>
 
+#include "console/export_run.h"
 #include "console/lack_of_memory.h"
 #include "console/live.h"
 #include "console/options.h"
@@ -55,13 +56,17 @@ bool HasUnpairedSurrogate(TextView text) {
   return false;
 }
 
+int Run(const console::Options& options, std::string& error) {
+  return options.exportFolder ? console::RunExport(options, error) : console::RunSession(options, error);
+}
+
 int RunOverFolder(const console::Options& options) {
   std::string error;
   const auto path = FromUtf8(*options.machine);
   if (!path || HasUnpairedSurrogate(*path)) return Fail(kWrongArguments, "--machine is no UTF-8 text");
   const auto host = machine::MachineHost::Open(std::filesystem::path(*path), options.now, error);
   if (host == nullptr) return Fail(kNoMachine, error);
-  const int status = console::RunSession(options, error);
+  const int status = Run(options, error);
   std::string saving;
   if (!host->Save(saving)) return Fail(kNoMachine, saving);
   return Finish(status, error);
@@ -82,7 +87,7 @@ int RunOverSystem(const console::Options& options) {
   platform::network = platform::noNetwork;
   machine::StandingClock stoppedClock(options.now.value_or(0));
   if (options.now) platform::clock = &stoppedClock;
-  return Finish(console::RunSession(options, error), error);
+  return Finish(Run(options, error), error);
 }
 
 }  // namespace

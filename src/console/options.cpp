@@ -29,11 +29,15 @@ const char* const kHelp =
   --yes                answers that question; needed where no terminal is there to ask on
   --now TIME           the machine's date and time, YYYY-MM-DDThh:mm:ss, standing still
   --json               one JSON object a line; without it a table
+  --export DIR         scans all pages and writes this machine into a new folder, for --machine: names, sizes and
+                       times of its files without their content, and what the program reads of its
+                       registry. With --scope, of the drives only these folders
+  --mask               replaces the names in that folder by made-up ones
   --help, --version
 
 Exit status:
   0  the run took place, whatever it found; also if you answered the question with no
-  1  the output can't be written
+  1  the output or the export can't be written, or the export was stopped by Ctrl+C
   2  the arguments are wrong, and nothing was cleaned
   3  the machine can't be read
 
@@ -46,6 +50,8 @@ Examples:
       searches one folder of a machine folder, for other programs to read
   tavix-console --machine DIR --page registry --untick 3 --clean
       repairs all that is found but the third row
+  tavix-console --live --export D:\machine --mask
+      writes this computer into a machine folder, for a report of a wrong row
 )";
 
 namespace {
@@ -98,6 +104,7 @@ std::string SetPage(Options& options, const std::string& value) {
     return "is no page (privacy, system, registry, advanced)";
   }
   options.page = *FromUtf8(value);
+  options.pageChosen = true;
   return {};
 }
 
@@ -132,6 +139,12 @@ const OptionRule kRules[] = {
        o.machine = v;
        return std::string();
      }},
+    {"--export", true, false,
+     [](Options& o, const std::string& v) {
+       o.exportFolder = v;
+       return std::string();
+     }},
+    {"--mask", false, false, [](Options& o, const std::string&) { return Flag(o.mask); }},
     {"--live", false, false, [](Options& o, const std::string&) { return Flag(o.live); }},
     {"--page", true, false, SetPage},
     {"--one-click", false, false, [](Options& o, const std::string&) { return Flag(o.oneClick); }},
@@ -148,11 +161,31 @@ const OptionRule kRules[] = {
     {"--version", false, false, [](Options& o, const std::string&) { return Flag(o.version); }},
 };
 
+// Why these options can't stand beside --export. It scans all pages with all functions and removes nothing.
+std::string ExportContradiction(const Options& options) {
+  const std::pair<bool, const char*> others[] = {
+      {options.pageChosen, "--page"},
+      {options.oneClick, "--one-click"},
+      {!options.functions.empty(), "--function"},
+      {!options.settings.empty(), "--set"},
+      {!options.marks.empty(), "--tick and --untick"},
+      {options.clean, "--clean"},
+      {options.yes, "--yes"},
+      {options.json, "--json"},
+  };
+  for (const auto& [given, name] : others) {
+    if (given) return std::string("--export and ") + name + " exclude each other";
+  }
+  return {};
+}
+
 // Which options contradict each other, in one line; empty if none do.
 std::string Contradiction(const Options& options) {
   if (options.machine.has_value() == options.live) {
     return options.live ? "--machine and --live exclude each other" : "--machine DIR or --live is missing";
   }
+  if (options.exportFolder) return ExportContradiction(options);
+  if (options.mask) return "--mask needs --export";
   if (options.yes && !options.live) return "--yes needs --live";
   if (options.yes && !options.clean && !options.oneClick) return "--yes needs --clean or --one-click";
   if (options.oneClick && !options.functions.empty()) return "--one-click and --function exclude each other";

@@ -16,7 +16,10 @@ struct Options {
   bool version = false;
   std::optional<std::string> machine;  // path of a machine folder, still in UTF-8
   bool live = false;
+  std::optional<std::string> exportFolder;  // where to write the machine, still in UTF-8
+  bool mask = false;                        // with made-up names
   Text page = u"privacy";
+  bool pageChosen = false;
   bool oneClick = false;
   std::vector<Text> functions;
   std::vector<Text> scopes;

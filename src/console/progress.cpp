@@ -16,13 +16,6 @@ constexpr size_t kWidth = 75;  // of the line, in columns; a terminal has 80
 // A terminal is slow, and nobody reads more lines than these.
 constexpr auto kPause = std::chrono::milliseconds(100);
 
-void Show(TextView line) {
-  Text padded(line);
-  padded.resize(kWidth, u' ');
-  WriteText(stderr, ToUtf8(Concat(u"\r", padded, u"\r")));
-  std::fflush(stderr);
-}
-
 }  // namespace
 
 Progress::Progress(bool wanted) : shown_(wanted && IsTerminal(stderr)) {
@@ -38,18 +31,30 @@ Progress::~Progress() {
   Clear();
 }
 
+void Progress::Show(TextView line) {
+  Text padded(BeginningOf(line, kWidth));
+  padded.resize(kWidth, u' ');
+  WriteText(stderr, ToUtf8(Concat(u"\r", padded, u"\r")));
+  std::fflush(stderr);
+}
+
 void Progress::Clear() {
   if (std::exchange(onScreen_, false)) Show({});
 }
 
 void Progress::ModelChanged() {
-  const auto now = std::chrono::steady_clock::now();
-  if (onScreen_ && now - last_ < kPause) return;
-  last_ = now;
-  onScreen_ = true;
+  if (!IsDue()) return;
   Text percent = frmPubMain.lblProgMI.Caption.Get();
   percent.insert(0, percent.size() < 4 ? 4 - percent.size() : 0, u' ');
-  Show(BeginningOf(Concat(percent, u" ", frmPubMain.lblProgS.Caption.Get()), kWidth));
+  Show(Concat(percent, u" ", frmPubMain.lblProgS.Caption.Get()));
+}
+
+bool Progress::IsDue() {
+  const auto now = std::chrono::steady_clock::now();
+  if (onScreen_ && now - last_ < kPause) return false;
+  last_ = now;
+  onScreen_ = true;
+  return true;
 }
 
 }  // namespace tavix::console

@@ -15,10 +15,19 @@ class Progress : public ControlPeer {
   Progress(const Progress&) = delete;
   Progress& operator=(const Progress&) = delete;
   void ModelChanged() override;
+  // Shows another line in its place. It is asked for at most every tenth of a second.
+  template <class MakeLine>
+  void ShowLine(const MakeLine& line) {
+    if (shown_ && IsDue()) Show(line());
+  }
   // Clears the line, so that other output starts at its beginning.
   static void Clear();
 
  private:
+  // Whether the line may change now; it then counts as changed.
+  bool IsDue();
+  static void Show(TextView line);
+
   bool shown_;
   std::chrono::steady_clock::time_point last_;
   static inline bool onScreen_ = false;

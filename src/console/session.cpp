@@ -112,6 +112,10 @@ bool Run(const Options& options, std::string& error) {
 }  // namespace
 
 int RunSession(const Options& options, std::string& error) {
+  return RunProgram([&options](std::string& reason) { return Run(options, reason); }, error);
+}
+
+int RunProgram(const std::function<bool(std::string& error)>& run, std::string& error) {
   WireForms();
   if (!mdlPubSelf::Form_Initialize()) {
     error = "another copy of the program runs over this machine";
@@ -122,7 +126,7 @@ int RunSession(const Options& options, std::string& error) {
     for (const Text& path : mdlPubSelf::ForeignData()) error += " '" + ToUtf8(path) + "'";
     return 3;
   }
-  const int status = Run(options, error) ? 0 : 2;
+  const int status = run(error) ? 0 : 2;
   mdlPubSelf::Form_Unload();
   return status;
 }

@@ -184,6 +184,9 @@ class FileSystem {
   // The identity of a folder, links followed, then those of all folders above it, up to the root of its
   // drive. Empty when the folder is missing or that can't be told.
   virtual std::vector<Text> Lineage(TextView path) = 0;
+  // The path that a link leads to, with all links resolved and names as on the disk. Nothing when the path is
+  // missing, no link, or a link whose target is missing or can't be told.
+  virtual std::optional<Text> ResolveLink(TextView path) = 0;
   // Opens the folder at `below` under the folder `start`; an empty `below` is `start` itself. `start` is
   // found like any path; from there on each name is opened by itself. Null when a name below it is missing, a
   // link, no folder or can't be opened.

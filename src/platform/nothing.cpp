@@ -54,6 +54,7 @@ struct NoFileSystem : FileSystem {
   std::unique_ptr<OpenFolder> Open(TextView) override { return nullptr; }
   std::optional<Text> FolderIdentity(TextView) override { return std::nullopt; }
   std::vector<Text> Lineage(TextView) override { return {}; }
+  std::optional<Text> ResolveLink(TextView) override { return std::nullopt; }
   std::unique_ptr<FoundFolder> OpenFound(TextView, TextView) override { return nullptr; }
   bool CreateFolder(TextView) override { return false; }
   bool CreateTextFile(TextView, bool) override { return false; }

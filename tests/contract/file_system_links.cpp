@@ -31,6 +31,23 @@ TEST_P(FileSystemContract, TellsLinksFromWhatTheyLeadTo) {
   EXPECT_EQ(files.FolderExists(In(u"to file")), false);
 }
 
+TEST_P(FileSystemContract, TellsWhereALinkLeadsTo) {
+  Make(u"Folder");
+  Make(u"Folder\\Inner");
+  Write(u"Folder\\File", "12345");
+  MAKE_LINK(u"to folder", In(u"folder\\inner"), true);
+  EXPECT_EQ(files.ResolveLink(In(u"TO folder")), In(u"Folder\\Inner"));
+  for (const TextView path : {u"Folder", u"Folder\\File", u"none", u"", u"to folder\\none"}) {
+    EXPECT_EQ(files.ResolveLink(path.empty() ? Text() : In(path)), std::nullopt) << Case(path);
+  }
+  MAKE_LINK(u"to link", In(u"to folder"), true);
+  EXPECT_EQ(files.ResolveLink(In(u"to link")), In(u"Folder\\Inner"));
+  MAKE_LINK(u"to nothing", In(u"none"), true);
+  EXPECT_EQ(files.ResolveLink(In(u"to nothing")), std::nullopt);
+  MAKE_LINK(u"to file", In(u"folder\\file"), false);
+  EXPECT_EQ(files.ResolveLink(In(u"to file")), In(u"Folder\\File"));
+}
+
 TEST_P(FileSystemContract, GoesThroughLinksToFolders) {
   Make(u"folder");
   Write(u"folder\\a", "a");

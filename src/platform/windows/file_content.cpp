@@ -41,13 +41,6 @@ bool Truncate(HANDLE file, LARGE_INTEGER size) {
   return SetFilePointerEx(file, size, nullptr, FILE_BEGIN) && SetEndOfFile(file);
 }
 
-// The path of a link's final target.
-std::optional<Text> LinkTarget(TextView path) {
-  const FileHandle target =
-      OpenFile(path, FILE_READ_ATTRIBUTES, kShareAll, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS);
-  return target ? FinalPath(target.Get()) : std::nullopt;
-}
-
 bool ReplacePlainFile(TextView path, DWORD attributes, std::string_view content) {
   const Text temporary = TemporaryPath(FolderOf(path)), destination = ExtendedPath(path);
   FileHandle file(CreateFileW(Wide(temporary), GENERIC_WRITE, 0, nullptr, CREATE_NEW, attributes, nullptr));
@@ -95,7 +88,7 @@ bool ReplaceContent(TextView path, std::string_view content) {
     if (entry->IsFolder() || entry->IsReadOnly()) return false;
     return ReplacePlainFile(path, entry->attributes & kOwnAttributes, content);
   }
-  const std::optional<Text> target = LinkTarget(path);
+  const std::optional<Text> target = ReadResolvedLink(path);
   const std::optional<Entry> found = target.and_then([](const Text& real) { return LookUp(real); });
   if (!found || found->link || found->IsFolder() || found->IsReadOnly()) return false;
   return ReplacePlainFile(*target, found->attributes & kOwnAttributes, content);

@@ -63,6 +63,8 @@ bool ReadFolder(TextView folder, platform::FolderListing& listing, const platfor
 std::optional<Text> ReadFolderIdentity(TextView path);
 // As platform::FileSystem::Lineage.
 std::vector<Text> ReadLineage(TextView path);
+// As platform::FileSystem::ResolveLink.
+std::optional<Text> ReadResolvedLink(TextView path);
 
 // The normal path of an open file or folder, with all links resolved. Nothing when the system can't tell.
 std::optional<Text> FinalPath(HANDLE file);

@@ -64,6 +64,14 @@ std::vector<Text> ReadLineage(TextView path) {
   }
 }
 
+std::optional<Text> ReadResolvedLink(TextView path) {
+  const std::optional<Entry> link = LookUp(path);
+  // A stand-in can't be opened.
+  if (!link || !link->link || link->standIn) return std::nullopt;
+  const FileHandle target = OpenToAsk(path);
+  return target ? FinalPath(target.Get()) : std::nullopt;
+}
+
 std::optional<Text> FinalPath(HANDLE file) {
   for (const DWORD form : {FILE_NAME_NORMALIZED, FILE_NAME_OPENED}) {
     const DWORD needed = handleCalls.getFinalPath(file, nullptr, 0, form);

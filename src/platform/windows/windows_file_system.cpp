@@ -151,6 +151,10 @@ std::vector<Text> WindowsFileSystem::Lineage(TextView path) {
   return normal ? ReadLineage(*normal) : std::vector<Text>();
 }
 
+std::optional<Text> WindowsFileSystem::ResolveLink(TextView path) {
+  return NormalPath(path).and_then(ReadResolvedLink);
+}
+
 std::unique_ptr<platform::FoundFolder> WindowsFileSystem::OpenFound(TextView start, TextView below) {
   const std::optional<Text> normal = NormalPath(start);
   return normal ? OpenFoundFolder(*normal, below) : nullptr;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -33,6 +34,16 @@ class HostDirectory {
   // Writes a new file and flushes it to disk. Fails when the name is taken. A failure may leave part of the
   // file.
   virtual bool WriteNewFile(const std::filesystem::path& name, std::string_view bytes) = 0;
+  // Makes a file of `size` bytes that reads as zeros and takes no space on the disk. Fails when the name is
+  // taken, and when the host can't keep such a file.
+  virtual bool MakeSparseFile(const std::filesystem::path& name, uint64_t size) = 0;
+  // Makes a symbolic link. `target` is relative to this folder and needn't exist; `toFolder` matters on
+  // Windows alone. Fails when the name is taken, and on Windows without the right to make links.
+  virtual bool MakeLink(const std::filesystem::path& name, const std::filesystem::path& target,
+                        bool toFolder) = 0;
+  // Sets the times of an entry, in milliseconds since 1970 UTC; of a link, its own. One that is
+  // platform::kUnknownTime stays as it is.
+  virtual bool SetTimes(const std::filesystem::path& name, int64_t modified, int64_t accessed) = 0;
   // Sets this folder's rights to those of `other`, plus all rights for the owner.
   virtual void TakeRightsOf(const HostDirectory& other) = 0;
   // Removes a file or link. True also when there is none of the name.

@@ -3,8 +3,10 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdint>
 #include <cstdio>
 
+#include "platform/clock.h"
 #include "platform/machine/host/host_content_posix.h"
 #include "platform/machine/host/host_directory.h"
 #include "platform/machine/host/host_folders_posix.h"
@@ -16,6 +18,12 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr int kFolder = O_PATH | O_DIRECTORY | O_CLOEXEC | O_NOFOLLOW;
+
+timespec ToHostTime(int64_t milliseconds) {
+  if (milliseconds == platform::kUnknownTime) return {0, UTIME_OMIT};
+  const int64_t second = milliseconds / 1000 - (milliseconds % 1000 < 0 ? 1 : 0);
+  return {second, static_cast<long>(milliseconds - second * 1000) * 1'000'000};
+}
 
 class PosixDirectory : public HostDirectory {
  public:
@@ -48,6 +56,23 @@ class PosixDirectory : public HostDirectory {
   bool WriteNewFile(const fs::path& name, std::string_view bytes) override {
     const HostHandle file = OpenHostFile(Get(), name.native(), O_WRONLY | O_CREAT | O_EXCL);
     return file && WriteHostContent(file.Get(), bytes) && ::fsync(file.Get()) == 0;
+  }
+
+  bool MakeSparseFile(const fs::path& name, uint64_t size) override {
+    const HostHandle file = OpenHostFile(Get(), name.native(), O_WRONLY | O_CREAT | O_EXCL);
+    if (!file) return false;
+    if (size <= INT64_MAX && ::ftruncate(file.Get(), static_cast<off_t>(size)) == 0) return true;
+    Remove(name);
+    return false;
+  }
+
+  bool MakeLink(const fs::path& name, const fs::path& target, bool) override {
+    return ::symlinkat(target.c_str(), Get(), name.c_str()) == 0;
+  }
+
+  bool SetTimes(const fs::path& name, int64_t modified, int64_t accessed) override {
+    const timespec times[] = {ToHostTime(accessed), ToHostTime(modified)};
+    return ::utimensat(Get(), name.c_str(), times, AT_SYMLINK_NOFOLLOW) == 0;
   }
 
   void TakeRightsOf(const HostDirectory& other) override {

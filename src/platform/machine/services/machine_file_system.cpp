@@ -63,6 +63,13 @@ std::vector<Text> MachineFileSystem::Lineage(TextView path) {
   }
 }
 
+std::optional<Text> MachineFileSystem::ResolveLink(TextView path) {
+  std::optional<Place> link = finder_.Find(path, Last::Itself);
+  if (!link || !link->IsLink()) return std::nullopt;
+  std::optional<Place> target = finder_.Find(path, Last::Followed);
+  return target && target->entry ? std::optional(std::move(target->realPath)) : std::nullopt;
+}
+
 bool MachineFileSystem::IsOnFixedDrive(TextView realPath) const {
   const std::optional<MachinePath> path = ReadMachinePath(realPath);
   if (!path || path->drive == 0) return false;

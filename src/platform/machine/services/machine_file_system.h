@@ -27,6 +27,7 @@ class MachineFileSystem : public platform::FileSystem {
   std::unique_ptr<platform::OpenFolder> Open(TextView folder) override;
   std::optional<Text> FolderIdentity(TextView path) override;
   std::vector<Text> Lineage(TextView path) override;
+  std::optional<Text> ResolveLink(TextView path) override;
   std::unique_ptr<platform::FoundFolder> OpenFound(TextView start, TextView below) override;
   bool CreateFolder(TextView path) override;
   bool CreateTextFile(TextView path, bool overwrite) override;
