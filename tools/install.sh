@@ -17,7 +17,7 @@ packages() {
     release) echo nsis zip osslsigncode openssl python3-jsonschema python3-yaml ;;
     bench) echo fd-find bfs rmlint bleachbit ;;
     check) echo clang clang-format clang-tidy libclang-rt-14-dev ;;
-    clang) echo clang clang-tools lld llvm ;;
+    clang) echo clang clang-tools llvm ;;
   esac
 }
 
