@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""manifests.py VERSION SITE FOLDER: writes what other tools read about the release in FOLDER.
+"""manifests.py VERSION ARCHITECTURE SITE FOLDER: writes what other tools read about the release in FOLDER. The
+architecture is x64 or arm64; the names of the packages end with it unless it is x64.
 
     tavix-VERSION.spdx.json          the parts of the programs, in SPDX 2.3
     winget/Tavix.Tavix*.yaml         for the Windows Package Manager, in its manifest version 1.6.0
@@ -15,9 +16,11 @@ import pathlib
 import subprocess
 import sys
 
-VERSION, SITE, FOLDER = sys.argv[1], sys.argv[2].rstrip("/"), pathlib.Path(sys.argv[3])
+VERSION, ARCHITECTURE, SITE, FOLDER = *sys.argv[1:3], sys.argv[3].rstrip("/"), pathlib.Path(sys.argv[4])
 RELEASES = f"{SITE}/releases/{VERSION}"
-SETUP, PORTABLE, CONSOLE = "tavix-setup.exe", f"tavix-{VERSION}-portable.zip", f"tavix-console-{VERSION}.zip"
+SUFFIX = "" if ARCHITECTURE == "x64" else f"-{ARCHITECTURE}"
+SETUP, PORTABLE = f"tavix-setup{SUFFIX}.exe", f"tavix-{VERSION}-portable{SUFFIX}.zip"
+CONSOLE = f"tavix-console-{VERSION}{SUFFIX}.zip"
 WORDS = "Finds and removes what a Windows system no longer needs"
 MADE = datetime.datetime.fromtimestamp(int(os.environ["SOURCE_DATE_EPOCH"]), datetime.timezone.utc)
 
@@ -111,7 +114,7 @@ def write_winget():
            "InstallerSwitches:", '  InstallLocation: /D=<INSTALLPATH>',
            "ExpectedReturnCodes:", "  - InstallerReturnCode: 2", "    ReturnResponse: packageInUse",
            "UpgradeBehavior: install", "ElevationRequirement: elevatesSelf", "ProductCode: Tavix",
-           f'ReleaseDate: "{MADE:%Y-%m-%d}"', "Installers:", "  - Architecture: x64",
+           f'ReleaseDate: "{MADE:%Y-%m-%d}"', "Installers:", f"  - Architecture: {ARCHITECTURE}",
            f"    InstallerUrl: {RELEASES}/{SETUP}", f"    InstallerSha256: {digest(SETUP).upper()}")
     winget("defaultLocale", "PackageLocale: en-US", "Publisher: the makers of Tavix", f"PublisherUrl: {SITE}",
            "PackageName: Tavix", f"PackageUrl: {SITE}", "License: MIT", "Copyright: Copyright (c) 2026 the Tavix authors",
@@ -121,16 +124,17 @@ def write_winget():
 # Scoop.
 
 def scoop(name, archive, folder, words, **more):
+    architecture = {"x64": "64bit", "arm64": "arm64"}[ARCHITECTURE]
     write_json(FOLDER / "scoop" / f"{name}.json", {
         "version": VERSION, "description": words, "homepage": SITE, "license": "MIT",
-        "architecture": {"64bit": {"url": f"{RELEASES}/{archive}", "hash": digest(archive)}}, "extract_dir": folder,
+        "architecture": {architecture: {"url": f"{RELEASES}/{archive}", "hash": digest(archive)}}, "extract_dir": folder,
         "checkver": {"url": f"{SITE}/latestver.txt", "regex": "([\\d.]+)"},
-        "autoupdate": {"architecture": {"64bit": {"url": f"{SITE}/releases/$version/{archive.replace(VERSION, '$version')}"}}},
+        "autoupdate": {"architecture": {architecture: {"url": f"{SITE}/releases/$version/{archive.replace(VERSION, '$version')}"}}},
         **more})
 
 
 def main():
-    write_json(FOLDER / f"tavix-{VERSION}.spdx.json", parts())
+    write_json(FOLDER / f"tavix-{VERSION}{SUFFIX}.spdx.json", parts())
     write_winget()
     scoop("tavix", PORTABLE, "Tavix", f"{WORDS}.", shortcuts=[["tavix.exe", "Tavix"]])
     scoop("tavix-console", CONSOLE, "Tavix Console", "Tavix on the command line.", bin="tavix-console.exe")

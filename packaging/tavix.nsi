@@ -7,6 +7,7 @@
 ;
 ; /S makes installer and uninstaller silent. The uninstaller never removes the backup folder, and removes the
 ; settings only if the user says so or /RemoveSettings is given. Exit status 2: Tavix is running, nothing was done.
+; NSIS makes no installer of ARM64 code. Windows 11 on ARM64 runs this one, and a Tavix for x64 too.
 Target amd64-unicode
 SetCompressor /SOLID lzma
 SetDateSave off

@@ -3,6 +3,7 @@
 #   windows  cross compiler and Wine
 #   window   a display without a screen, keys, clicks and screenshots
 #   check    formatter, linter, fuzzers
+#   clang    compiler and tools of LLVM for other targets
 #   help     compiler of the help file
 #   release  builder of the installer, packer of the zip, signer, readers of the manifests
 #   bench    programs that the benchmarks compare with
@@ -16,6 +17,7 @@ packages() {
     release) echo nsis zip osslsigncode openssl python3-jsonschema python3-yaml ;;
     bench) echo fd-find bfs rmlint bleachbit ;;
     check) echo clang clang-format clang-tidy libclang-rt-14-dev ;;
+    clang) echo clang clang-tools llvm ;;
   esac
 }
 

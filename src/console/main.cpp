@@ -27,8 +27,13 @@ constexpr int kNoMachine = 3;
 struct MemoryGuard {
   MemoryGuard() { console::EndForLackOfMemory(kNoMachine); }
 };
+#ifdef _MSC_VER
+#pragma init_seg(lib)
+MemoryGuard memoryGuard;
+#else
 constexpr int kFirst = 101;  // the lowest number that programs may use
 [[gnu::init_priority(kFirst)]] MemoryGuard memoryGuard;
+#endif
 
 // Prints the reason on one line: control characters become question marks. Returns the status.
 int Fail(int status, std::string reason) {

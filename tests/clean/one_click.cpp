@@ -211,7 +211,7 @@ TEST_F(OneClick, RowsThatStartUntickedStay) {
 }
 
 TEST_F(OneClick, AProgramThatIsEndedMeanwhileCleansNothing) {
-  Onlooker onlooker([this] {
+  Onlooker onlooker([] {
     if (ResultCount() != 1) return;
     Add(u"WSL: Security", u"Windows System", u"Security Category (7 Items)");
     Form_Unload();

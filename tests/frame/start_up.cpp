@@ -42,7 +42,7 @@ TEST_F(StartUp, StepsRunInTheirOrder) {
   frameSteps.CheckForUpdate = note("update");
   frameSteps.UnloadOptions = note("options");
   frameSteps.UnloadTypeEditor = note("editor");
-  frameSteps.UnloadAbout = [&order, this] {
+  frameSteps.UnloadAbout = [&order] {
     order.emplace_back("about");
     EXPECT_EQ(fileSystemObject.FolderExists(u"C:\\MORVDataPath"), true)
         << "services are released after the forms";

@@ -184,7 +184,7 @@ TEST_F(RegistryListTest, MoreEntriesThanASixteenBitNumberCountsAreAllTested) {
   constexpr int kEntries = 33'000;
   for (int i = 0; i < kEntries; ++i) SeedUser(Concat(kKey, u"\\", ToText(i)), u"", u"");
   ClearResults();
-  ScanRegistryLists(std::initializer_list{ListOf(RegistryEntries::SubKeys)});
+  ScanRegistryLists(std::initializer_list<RegistryList>{ListOf(RegistryEntries::SubKeys)});
   EXPECT_EQ(ResultCount(), kEntries);
 }
 

@@ -151,11 +151,11 @@ TEST_P(LayOut, ResultListFillsTheRestOfTheWidth) {
 }
 
 TEST_P(LayOut, ButtonsThatReplaceEachOtherShareAPlace) {
-  const auto samePlace = [](const Control& a, const Control& b) {
-    return a.Left == b.Left && a.Top == b.Top && a.Width == b.Width && a.Height == b.Height;
+  const auto place = [](const Control& of) {
+    return std::array{of.Left.Get(), of.Top.Get(), of.Width.Get(), of.Height.Get()};
   };
-  EXPECT_TRUE(samePlace(frmPubMain.sbtScan, frmPubMain.sbtCancel));
-  EXPECT_TRUE(samePlace(frmPubMain.sbtClean, frmPubMain.sbtRepair));
+  EXPECT_EQ(place(frmPubMain.sbtScan), place(frmPubMain.sbtCancel));
+  EXPECT_EQ(place(frmPubMain.sbtClean), place(frmPubMain.sbtRepair));
 }
 
 TEST_P(LayOut, ProgressBarStartsEmptyInItsFrame) {

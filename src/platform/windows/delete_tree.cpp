@@ -14,7 +14,7 @@ struct Level {
 };
 
 bool EnterFolder(OpenedItem folder, std::vector<Level>& levels) {
-  Level& level = levels.emplace_back(std::move(folder), std::vector<ListedItem>());
+  Level& level = levels.emplace_back(Level{std::move(folder), {}});
   return ListItems(level.folder.handle.Get(), level.rest);
 }
 

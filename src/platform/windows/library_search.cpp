@@ -15,10 +15,11 @@ HMODULE LoadFromSystemFolder(TextView name) {
 }
 
 // Called before a library is delay-loaded; the result is the library. After a null result it is loaded by its
-// name, so that the manifest chooses the version of comctl32.dll, which is not in the system folder.
+// name, so that the manifest chooses the version of comctl32.dll, which is not in the system folder. Import
+// libraries differ in the letter case of names.
 FARPROC WINAPI OnDelayLoad(unsigned moment, DelayLoadInfo* info) {
   const std::string_view name = info->szDll;
-  if (moment != dliNotePreLoadLibrary || name == "comctl32.dll") return nullptr;
+  if (moment != dliNotePreLoadLibrary || lstrcmpiA(info->szDll, "comctl32.dll") == 0) return nullptr;
   return reinterpret_cast<FARPROC>(
       reinterpret_cast<void*>(LoadFromSystemFolder(Text(name.begin(), name.end()))));
 }
@@ -41,5 +42,5 @@ void SearchSystemFolderOnly() {
 }  // namespace tavix::windows
 
 // The hook of the compiler's delay-load library. Linking it in installs it; SearchSystemFolderOnly is in the
-// same file, so it is always linked.
-PfnDliHook __pfnDliNotifyHook2 = tavix::windows::OnDelayLoad;
+// same file, so it is always linked. Some headers declare it const.
+decltype(__pfnDliNotifyHook2) __pfnDliNotifyHook2 = tavix::windows::OnDelayLoad;

@@ -33,7 +33,7 @@ class TimerBinding : public Binding {
 
 // The real main window. It shows frmPubMain, passes the user's keys and clicks on to it, and gives its
 // `Refresh`, `Minimize` and `Unload` their bodies. One of it at a time.
-class MainWindow : private WindowOwner {
+class MainWindow final : private WindowOwner {
  public:
   MainWindow() = default;
   MainWindow(const MainWindow&) = delete;

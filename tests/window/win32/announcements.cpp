@@ -96,7 +96,7 @@ TEST_F(Announcements, ATickTurnedByKeysInATree) {
   SetFocus(tree);
   Press(tree, VK_DOWN);
   heard.clear();
-  const auto told = [tree] {
+  const auto told = [] {
     const auto isTold = [](const Announcement& one) {
       return one.event == EVENT_OBJECT_STATECHANGE && one.control == kIdPrivacyTree;
     };
