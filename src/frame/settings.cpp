@@ -14,6 +14,12 @@ std::vector<Setting*>& Setting::All() {
   return all;
 }
 
+void Setting::Enroll() {
+  const auto next =
+      std::ranges::find_if(All(), [this](const Setting* other) { return other->line_ > line_; });
+  All().insert(next, this);
+}
+
 Setting* Setting::Find(TextView section, TextView key) {
   const auto found = std::ranges::find_if(
       All(), [&](const Setting* setting) { return setting->section == section && setting->key == key; });

@@ -17,13 +17,14 @@ class Setting : public Text {
   static constexpr TextView kCleaningMethod = u"Cleaning Method";
   static constexpr TextView kOtherOptions = u"Other Options";
 
-  Setting(TextView inSection, TextView name, TextView fixedDefault)
-      : section(inSection), key(name), fixedDefault_(fixedDefault) {
-    All().push_back(this);
+  // `line` is that of the definition.
+  Setting(TextView inSection, TextView name, TextView fixedDefault, int line = __builtin_LINE())
+      : section(inSection), key(name), line_(line), fixedDefault_(fixedDefault) {
+    Enroll();
   }
-  Setting(TextView inSection, TextView name, Text (*makeDefault)())
-      : section(inSection), key(name), makeDefault_(makeDefault) {
-    All().push_back(this);
+  Setting(TextView inSection, TextView name, Text (*makeDefault)(), int line = __builtin_LINE())
+      : section(inSection), key(name), line_(line), makeDefault_(makeDefault) {
+    Enroll();
   }
   Setting(const Setting&) = delete;
   Setting& operator=(const Setting&) = delete;
@@ -40,6 +41,10 @@ class Setting : public Text {
   const TextView key;
 
  private:
+  // Adds it to All(), whose order is that of the lines: some compilers make the last one first.
+  void Enroll();
+
+  const int line_;
   const TextView fixedDefault_;
   Text (*const makeDefault_)() = nullptr;
 };

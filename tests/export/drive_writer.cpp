@@ -51,9 +51,10 @@ class DriveWriterTest : public testing::Test {
 };
 
 TEST_F(DriveWriterTest, WritesATreeWithSizesTimesAndAttributes) {
-  host.fileSystem.AddFile(
-      u"C:\\a\\b\\Big.bin",
-      {.size = uint64_t{5} << 40U, .modified = 86'400'123, .accessed = -7, .attributes = 38});
+  host.fileSystem.AddFile(u"C:\\a\\b\\Big.bin", {.size = uint64_t{5} << 40U,
+                                                 .modified = 86'400'000'000,
+                                                 .accessed = 172'800'000'000,
+                                                 .attributes = 38});
   host.fileSystem.AddFolder(u"C:\\a\\Empty");
   record.trees = {u"C:\\"};
   ASSERT_TRUE(Write());
@@ -62,8 +63,8 @@ TEST_F(DriveWriterTest, WritesATreeWithSizesTimesAndAttributes) {
   const auto file = read->Look(u"C:\\a\\b\\Big.bin");
   ASSERT_TRUE(file);
   EXPECT_EQ(file->size, uint64_t{5} << 40U);
-  EXPECT_EQ(file->modified, 86'400'123);
-  EXPECT_EQ(file->accessed, -7);
+  EXPECT_EQ(file->modified, 86'400'000'000);
+  EXPECT_EQ(file->accessed, 172'800'000'000);
   EXPECT_EQ(file->attributes, 38U);
 }
 
@@ -93,7 +94,18 @@ TEST_F(DriveWriterTest, WritesOutsideOfTheTreesWhatWasLookedAtAndListed) {
   EXPECT_EQ(Names(u"D:\\listed\\inner"), std::vector<Text>());
 }
 
-#ifndef _WIN32  // there, links take a right that tests may lack
+#ifndef _WIN32  // there, making links takes a right that tests may lack
+
+// On Windows a machine folder's times are read in whole seconds.
+TEST_F(DriveWriterTest, WritesTimesToTheMillisecondAlsoBefore1970) {
+  host.fileSystem.AddFile(u"C:\\x.txt", {.modified = 86'400'123, .accessed = -7});
+  record.trees = {u"C:\\"};
+  ASSERT_TRUE(Write());
+  const auto file = read->Look(u"C:\\x.txt");
+  ASSERT_TRUE(file);
+  EXPECT_EQ(file->modified, 86'400'123);
+  EXPECT_EQ(file->accessed, -7);
+}
 
 TEST_F(DriveWriterTest, WritesLinksAsLinksAndWhatTheyLeadTo) {
   host.fileSystem.AddFile(u"D:\\real\\x.txt");
