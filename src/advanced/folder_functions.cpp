@@ -22,7 +22,7 @@ constexpr TextView kZeroSize = u"0";
 
 // The hidden control names the folder and the patterns that are listed.
 void ShowFileList(TextView path, TextView patterns) {
-  frmPubMain.flb.Path = Text(path);
+  if (!SameText(frmPubMain.flb.Path.Get(), path)) frmPubMain.flb.Path = Text(path);
   frmPubMain.flb.Pattern = Text(patterns);
 }
 
