@@ -7,7 +7,8 @@ namespace tavix {
 
 StoredText TextStore::Put(TextView text, Kind& kind) {
   if (text.empty()) return {};
-  if (kind.notFound == kMostRecent) return Append(text);
+  constexpr size_t kNoRepeats = 2 * kMostRecent;
+  if (kind.notFound == kNoRepeats) return Append(text);
   if (stored_ >= recent_.size() && recent_.size() < kMostRecent) RememberMore();
   const auto hash = static_cast<uint32_t>(std::hash<TextView>()(text));
   Recent& recent = recent_[hash & (recent_.size() - 1)];
