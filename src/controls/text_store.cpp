@@ -7,7 +7,7 @@ namespace tavix {
 
 StoredText TextStore::Put(TextView text, Kind& kind) {
   if (text.empty()) return {};
-  constexpr size_t kNoRepeats = 2 * kMostRecent;
+  constexpr size_t kNoRepeats = 4 * kMostRecent;
   if (kind.notFound == kNoRepeats) return Append(text);
   if (stored_ >= recent_.size() && recent_.size() < kMostRecent) RememberMore();
   const auto hash = static_cast<uint32_t>(std::hash<TextView>()(text));

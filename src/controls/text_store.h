@@ -43,7 +43,7 @@ class TextStore {
   StoredText Append(TextView text);
   void RememberMore();
 
-  static constexpr size_t kMostRecent = size_t{1} << 13U;
+  static constexpr size_t kMostRecent = size_t{1} << 12U;
   static constexpr uint32_t kShift = 16;
   static constexpr size_t kChunk = size_t{1} << kShift;
   static constexpr uint32_t kMask = kChunk - 1;

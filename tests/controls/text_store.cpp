@@ -28,8 +28,8 @@ TEST(TextStore, GivesBackTextsOfEveryLength) {
   }
 }
 
-TEST(TextStore, StoresATextOnceThatThousandsComeBetween) {
-  constexpr int kSizes = 3000, kRounds = 20;
+TEST(TextStore, StoresATextOnceThatAThousandComeBetween) {
+  constexpr int kSizes = 1000, kRounds = 60;
   TextStore store;
   TextStore::Kind names, sizes, keys;
   int again = 0;
@@ -44,7 +44,7 @@ TEST(TextStore, StoresATextOnceThatThousandsComeBetween) {
       last = found[each];
     }
   }
-  EXPECT_GT(again, kSizes * kRounds * 2 * 35 / 100);
+  EXPECT_GT(again, kSizes * kRounds * 2 * 55 / 100);
 }
 
 TEST(TextStore, FindsATextThatRepeatsAfterManyThatDoNot) {
