@@ -10,6 +10,7 @@
 #include "scan/action_string.h"
 #include "scan/calendar_days.h"
 #include "scan/result_items.h"
+#include "scan/scan_driver.h"
 #include "text/number.h"
 
 namespace tavix::mdlPubSelf {
@@ -21,19 +22,8 @@ constexpr TextView kZeroSize = u"0";
 
 // The hidden control names the folder and the patterns that are listed.
 void ShowFileList(TextView path, TextView patterns) {
-  frmPubMain.flb.Path = Text(path);
+  if (!SameText(frmPubMain.flb.Path.Get(), path)) frmPubMain.flb.Path = Text(path);
   frmPubMain.flb.Pattern = Text(patterns);
-}
-
-// Visits the files that match the patterns, in the order of their names.
-template <class Visitor>
-void VisitFileList(TextView path, TextView patterns, const FilePatterns& filter, const FolderContent& content,
-                   Visitor visit) {
-  ShowFileList(path, patterns);
-  for (size_t i = 0; i < content.FileCount(); ++i) {
-    const File file = content.FileAt(i);
-    if (filter.MatchCapitals(file.capitals)) visit(file);
-  }
 }
 
 bool IsBigEnough(const File& file) { return file.known && ReachesLeastSize(file.size); }
@@ -71,6 +61,24 @@ void FolderFunctions::Run(const JunkMatcher& junk, FileNames& systemFiles) {
   TestEachFile(CollectDuplicates);
 }
 
+bool FolderFunctions::Continue(int entries) {
+  entries_ += entries;
+  if (entries_ < kStep) return !CancelRequested;
+  entries_ = 0;
+  return YieldUnlessCancelled();
+}
+
+template <class Visitor>
+void FolderFunctions::VisitFileList(TextView patterns, const FilePatterns& filter, const Visitor& visit) {
+  ShowFileList(path_, patterns);
+  for (size_t i = 0; i < content_.FileCount(); ++i) {
+    const File file = content_.FileAt(i);
+    const bool matches = filter.MatchCapitals(file.capitals);
+    if (!Continue(matches ? kAskedFile : 1)) return;
+    if (matches) visit(file);
+  }
+}
+
 void FolderFunctions::Open(const File& file) {
   if (!file.known) return;
   file_ = file;
@@ -90,13 +98,14 @@ void FolderFunctions::AddFileRow(TextView type) const {
 // A file that matches patterns of two lists has two rows.
 void FolderFunctions::FindJunk(const JunkMatcher& junk) {
   std::vector<File> found;
-  for (size_t i = 0; i < content_.FileCount(); ++i) {
+  for (size_t i = 0; i < content_.FileCount() && Continue(); ++i) {
     const File file = content_.FileAt(i);
     if (junk.IsListed(file.capitals) && junk.IsConfirmed(file.name)) found.push_back(file);
   }
   for (size_t i = 0; i < junk.Lists().size(); ++i) {
     ShowFileList(path_, junk.Patterns(i));
     for (const File& file : found) {
+      if (!Continue()) return;
       if (!junk.Lists()[i].MatchCapitals(file.capitals)) continue;
       Open(file);
       AddFileRow(u"Junk File");
@@ -105,7 +114,7 @@ void FolderFunctions::FindJunk(const JunkMatcher& junk) {
 }
 
 void FolderFunctions::CollectCommonTypes() {
-  VisitFileList(path_, CommonTypes, FilePatterns(CommonTypes), content_, [this](const File& file) {
+  VisitFileList(CommonTypes, FilePatterns(CommonTypes), [this](const File& file) {
     Open(file);
     if (NeedLeast == u"Y" && !(opened_ && IsBigEnough(file_))) return;
     WriteDuplicateCandidate(file.name, Concat(path_, u"\\", file.name));
@@ -116,7 +125,7 @@ void FolderFunctions::CollectCommonTypes() {
 // valid.
 void FolderFunctions::FindInvalidShortcuts() {
   static const FilePatterns kShortcuts(u"*.lnk");
-  VisitFileList(path_, u"*.lnk", kShortcuts, content_, [this](const File& file) {
+  VisitFileList(u"*.lnk", kShortcuts, [this](const File& file) {
     Open(file);
     bool valid = true;
     if (opened_) pubCommon.IsShortcutValid(PathBelow(path_, file_.name), valid);
@@ -127,7 +136,7 @@ void FolderFunctions::FindInvalidShortcuts() {
 void FolderFunctions::FindRedundantDlls(FileNames& systemFiles) {
   static const FilePatterns kLibraries(u"*.dll");
   constexpr int kSystemFolder = 9966;
-  VisitFileList(path_, u"*.dll", kLibraries, content_, [&](const File& file) {
+  VisitFileList(u"*.dll", kLibraries, [&](const File& file) {
     Open(file);
     Text folder;
     pubSystem.GetSpecialFolder(kSystemFolder, folder);
@@ -144,7 +153,7 @@ void FolderFunctions::TestEachFile(bool collectDuplicates) {
   if (!findEmpty && !findOld && !findDuplicates) return;
   const auto days = ToInteger16(LastAccessedFile);
   const auto today = findOld && days ? Today() : std::nullopt;
-  for (size_t i = 0; i < content_.FileCount(); ++i) {
+  for (size_t i = 0; i < content_.FileCount() && Continue(); ++i) {
     file_ = content_.FileAt(i);
     opened_ = file_.known;
     if (findEmpty && opened_ && file_.size == 0 && !file_.link) {

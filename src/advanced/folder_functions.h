@@ -35,7 +35,8 @@ bool ReachesLeastSize(double bytes);
 // name the folder where the walk began.
 void AddEmptyFolderRow(TextView path, size_t startLength);
 
-// Applies the functions that look at files to one folder, one function after another.
+// Applies the functions that look at files to one folder, one function after another. In a folder with many
+// files the user interface runs now and then, and Cancel ends the work between two files.
 class FolderFunctions {
  public:
   // The first `startLength` characters of the path name the folder where the walk began.
@@ -49,6 +50,17 @@ class FolderFunctions {
  private:
   using File = FolderContent::File;
 
+  // Entries between two runs of the user interface, and how many of them take as long as a file that is asked
+  // for on the disk.
+  static constexpr int kStep = 1024;
+  static constexpr int kAskedFile = 64;
+
+  // Call it before each file. `entries` says how many entries take as long as the work on it. False after
+  // Cancel.
+  bool Continue(int entries = 1);
+  // Visits the files that match the patterns, in the order of their names.
+  template <class Visitor>
+  void VisitFileList(TextView patterns, const FilePatterns& filter, const Visitor& visit);
   void Open(const File& file);
   void AddRow(TextView type, std::optional<TextView> name, std::optional<TextView> size,
               std::optional<TextView> sizeKey) const;
@@ -66,6 +78,7 @@ class FolderFunctions {
   // The file opened last. A file that can't be opened leaves it unchanged.
   File file_{};
   bool opened_ = false;
+  int entries_ = 0;  // since the user interface ran
 };
 
 }  // namespace tavix::mdlPubSelf

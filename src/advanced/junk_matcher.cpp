@@ -1,17 +1,11 @@
 #include "advanced/junk_matcher.h"
 
-#include <algorithm>
-
 #include "junk/junk_definitions.h"
 #include "text/letter_case.h"
 #include "text/pattern.h"
 
 namespace tavix::mdlPubSelf {
 namespace {
-
-bool AreSame(const std::vector<Text>& left, const std::vector<Text>& right) {
-  return std::ranges::equal(left, right, SameText);
-}
 
 constexpr TextView kSpecial = u"*?#[]";
 
@@ -26,20 +20,18 @@ PatternIndex::Needs NeedsOf(TextView pattern) {
 }  // namespace
 
 void JunkMatcher::Update() {
-  if (!AreSame(chunks_, JunkPatternChunks)) {
-    chunks_ = JunkPatternChunks;
-    lists_.clear();
-    Text all;
-    for (const Text& chunk : chunks_) {
-      lists_.emplace_back(chunk);
-      all += chunk + u";";
-    }
-    allLists_ = FilePatterns(all);
+  if (number_ == JunkListsNumber) return;
+  number_ = JunkListsNumber;
+  chunks_ = JunkPatternChunks;
+  lists_.clear();
+  Text all;
+  for (const Text& chunk : chunks_) {
+    lists_.emplace_back(chunk);
+    all += chunk + u";";
   }
-  if (AreSame(types_, JunkTypes)) return;
-  types_ = JunkTypes;
+  allLists_ = FilePatterns(all);
   patterns_.clear();
-  for (const Text& type : types_) {
+  for (const Text& type : JunkTypes) {
     const auto fields = Split(type, u"|");
     if (fields.size() > 1) patterns_.push_back(ToLower(fields[1]));
   }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "text/text.h"
@@ -12,7 +14,7 @@ namespace tavix::mdlPubSelf {
 // small letters.
 class JunkMatcher {
  public:
-  // Reloads JunkPatternChunks and JunkTypes if they have changed.
+  // Reloads JunkPatternChunks and JunkTypes if they have been rebuilt.
   void Update();
   // The wildcards of each chunk, to list files with.
   const std::vector<FilePatterns>& Lists() const { return lists_; }
@@ -25,11 +27,12 @@ class JunkMatcher {
   bool IsConfirmed(TextView name) const;
 
  private:
-  std::vector<Text> chunks_, types_;  // copies of JunkPatternChunks and JunkTypes
-  std::vector<FilePatterns> lists_;   // made of chunks_
-  FilePatterns allLists_{u""};        // the patterns of all lists
-  std::vector<Text> patterns_;        // made of types_, in lower case
-  PatternIndex index_;                // of patterns_
+  std::optional<uint32_t> number_;   // JunkListsNumber when the lists were loaded
+  std::vector<Text> chunks_;         // a copy of JunkPatternChunks
+  std::vector<FilePatterns> lists_;  // made of chunks_
+  FilePatterns allLists_{u""};       // the patterns of all lists
+  std::vector<Text> patterns_;       // of JunkTypes, in lower case
+  PatternIndex index_;               // of patterns_
 };
 
 }  // namespace tavix::mdlPubSelf

@@ -86,6 +86,7 @@ void ListView::Clear() {
   rows_ = 0;
   texts_.Clear();
   last_ = {};
+  kinds_ = {};
   sortedCount_ = 0;
   sortedBelow_ = 0;
   focused_ = kNone;
@@ -157,7 +158,7 @@ void ListView::PropertyChanged() {
 
 StoredText ListView::Store(int field, TextView text) {
   StoredText& last = last_[field];
-  if (!SameText(texts_.Get(last), text)) last = texts_.Put(text);
+  if (!SameText(texts_.Get(last), text)) last = texts_.Put(text, kinds_[field]);
   return last;
 }
 

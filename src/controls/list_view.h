@@ -137,9 +137,10 @@ class ListView : public Control {
   uint32_t rows_ = 0;
   TextStore texts_;
   std::array<StoredText, kFields> last_;  // the last text of each field: a row with an equal text shares it
-  GapSequence<uint32_t> order_;           // row numbers in the order shown
-  int sortedCount_ = 0;                   // how many rows at the head of `order_` are sorted
-  uint32_t sortedBelow_ = 0;              // rows numbered below this are already sorted in
+  std::array<TextStore::Kind, kFields> kinds_;
+  GapSequence<uint32_t> order_;  // row numbers in the order shown
+  int sortedCount_ = 0;          // how many rows at the head of `order_` are sorted
+  uint32_t sortedBelow_ = 0;     // rows numbered below this are already sorted in
   // Sorted, SortKey and SortOrder as last applied.
   bool sorted_ = false;
   int key_ = 0;

@@ -5,12 +5,26 @@
 
 namespace tavix {
 
-StoredText TextStore::Put(TextView text) {
+StoredText TextStore::Put(TextView text, Kind& kind) {
   if (text.empty()) return {};
+  constexpr size_t kNoRepeats = 4 * kMostRecent;
+  if (kind.notFound == kNoRepeats) return Append(text);
+  if (stored_ >= recent_.size() && recent_.size() < kMostRecent) RememberMore();
   const auto hash = static_cast<uint32_t>(std::hash<TextView>()(text));
-  Recent& recent = recent_[hash % kRecent];
-  if (recent.hash != hash || !SameText(Get(recent.text), text)) recent = {hash, Append(text)};
+  Recent& recent = recent_[hash & (recent_.size() - 1)];
+  const bool found = recent.hash == hash && SameText(Get(recent.text), text);
+  kind.notFound = found ? 0 : kind.notFound + 1;
+  if (!found) recent = {hash, Append(text)};
   return recent.text;
+}
+
+void TextStore::RememberMore() {
+  constexpr size_t kFirst = 256;
+  std::vector<Recent> more(std::max(kFirst, recent_.size() * 4));
+  for (const Recent& recent : recent_) {
+    if (recent.text != StoredText()) more[recent.hash & (more.size() - 1)] = recent;
+  }
+  recent_ = std::move(more);
 }
 
 StoredText TextStore::Append(TextView text) {
@@ -33,13 +47,15 @@ StoredText TextStore::Append(TextView text) {
   }
   *to++ = static_cast<char16_t>(text.size());
   std::copy(text.begin(), text.end(), to);
+  ++stored_;
   // What is left of several chunks isn't used: a text begins in the first chunk of its block.
   used_ += size;
   return stored;
 }
 
 void TextStore::Clear() {
-  recent_.assign(kRecent, {});
+  recent_.clear();
+  stored_ = 0;
   chunks_.clear();
   blocks_.clear();
   used_ = kChunk;

@@ -19,7 +19,13 @@ struct StoredText {
 // at once, by Clear. Put throws std::length_error beyond 2^32 characters.
 class TextStore {
  public:
-  StoredText Put(TextView text);
+  // What is known of one kind of text, such as the texts of a column. Use a new one after Clear.
+  struct Kind {
+    size_t notFound = 0;  // how many in a row were new
+  };
+
+  // A kind whose texts don't repeat is no longer looked for.
+  StoredText Put(TextView text, Kind& kind);
   TextView Get(StoredText stored) const {
     if (stored.position == 0) return {};
     const char16_t* const text = chunks_[stored.position >> kShift] + (stored.position & kMask);
@@ -35,15 +41,18 @@ class TextStore {
     StoredText text;
   };
   StoredText Append(TextView text);
+  void RememberMore();
 
-  static constexpr size_t kRecent = 4096;
+  static constexpr size_t kMostRecent = size_t{1} << 12U;
   static constexpr uint32_t kShift = 16;
   static constexpr size_t kChunk = size_t{1} << kShift;
   static constexpr uint32_t kMask = kChunk - 1;
   // Instead of a length: two units with the length follow.
   static constexpr char16_t kLong = 0xFFFF;
 
-  std::vector<Recent> recent_ = std::vector<Recent>(kRecent);  // each at its hash modulo kRecent
+  // Each at its hash modulo their number, a power of two that grows with the texts stored.
+  std::vector<Recent> recent_;
+  size_t stored_ = 0;
   std::vector<std::unique_ptr<char16_t[]>> blocks_;
   std::vector<char16_t*> chunks_;  // a block may be several chunks
   size_t place_ = 0;               // the first chunk of the last block

@@ -100,10 +100,11 @@ void PrepareDataFolders() {
   if (!fresh) {
     for (const Text& folder : buckets) fileSystemObject.SetAttributes(folder, kHiddenSystem);
   }
-  const auto files = fileSystemObject.GetFolder(kDataFolder).and_then(&Folder::Files);
-  for (const File& file : files.value_or(std::vector<File>())) {
-    if (const auto path = file.Path()) fileSystemObject.SetAttributes(*path, kHiddenSystem);
-  }
+  std::vector<Text> files;
+  fileSystemObject.List(kDataFolder, [&files](const platform::DirectoryEntry& entry) {
+    if (!entry.folder) files.push_back(Concat(kDataFolder, u"\\", entry.name));
+  });
+  for (const Text& file : files) fileSystemObject.SetAttributes(file, kHiddenSystem);
 }
 
 }  // namespace tavix::mdlPubSelf

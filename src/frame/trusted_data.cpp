@@ -97,10 +97,11 @@ bool DataIsTrusted() {
 }
 
 void ProtectData() {
+  const bool elevated = IsElevated();
   for (const TextView folder : {kMakersFolder, kDataFolder}) {
     MakeClosed(folder);
     // Until now others could put a link here. What it leads to stays as it is.
-    if (!ForeignData().empty()) return;
+    if (IsForeign({folder, true}, elevated)) return;
   }
   MakeClosed(kDefaultBackupFolder);
   // Files made while the folder was open are open too.

@@ -70,6 +70,7 @@ void LoadJunkDefinitions() {
   if (IsMissingOrShort(kBuiltInJunkFile)) WriteBuiltInTypes();
   JunkPatternChunks.assign(1, Text());
   JunkTypes.clear();
+  ++JunkListsNumber;
   ReadTypes(kBuiltInJunkFile, u"D");
   // Only if it is known to be missing: creating would empty an existing file that can't be looked at just
   // now.

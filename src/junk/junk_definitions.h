@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <vector>
 
 #include "text/text.h"
@@ -14,6 +15,9 @@ inline std::vector<Text> JunkPatternChunks;
 // One element for each line of the two files: the trimmed line with "|" for each tab, then "|D" for a
 // built-in type or "|U" for a user type. The fields are description, pattern, recommended, enabled, origin.
 inline std::vector<Text> JunkTypes;
+
+// Another number each time the two lists are rebuilt.
+inline uint32_t JunkListsNumber = 0;
 
 // Rebuilds both lists from the two files. First appends the built-in types to their file if that is missing
 // or shorter than 20 bytes, and creates the user's file if that is missing. A file that can't be read adds

@@ -1,11 +1,15 @@
 #include "advanced/folder_functions.h"
 
+#include <algorithm>
+
 #include "advanced/advanced_test.h"
 #include "frame/data_paths.h"
 #include "frame/support/file_system_object.h"
 #include "junk/junk_definitions.h"
+#include "platform/event_queue.h"
 #include "platform/machine/host/machine_clock.h"
 #include "platform/shortcut_bytes.h"
+#include "scan/scan_driver.h"
 #include "support/case.h"
 
 namespace tavix::mdlPubSelf {
@@ -181,6 +185,86 @@ TEST_F(FolderFunctionsTest, EachFunctionHasItsRowsAfterThoseOfTheOneBefore) {
   EXPECT_EQ(rows, (std::vector<Text>{u"Junk  a.tmp", u"Inval b.lnk", u"Redun a.dll", u"Last  a.dll",
                                      u"Last  a.tmp", u"Last  b.lnk", u"Empty c", u"Last  c"}));
 }
+
+// Notes how many rows there are each time the user interface runs, and presses Cancel at one of these times.
+struct RowWatch : platform::EventQueue {
+  explicit RowWatch(size_t cancelAtTime = 0) : cancelAt(cancelAtTime) { platform::eventQueue = this; }
+  ~RowWatch() override { platform::eventQueue = platform::noEventQueue; }
+  void Yield() override {
+    rows.push_back(ResultCount());
+    if (rows.size() == cancelAt) sbtCancel_Click();
+  }
+  size_t cancelAt;
+  std::vector<int> rows;
+};
+
+struct HugeFolderCase {
+  TextView function;
+  TextView ending;  // of the files' names
+  int most;         // rows between two chances to press Cancel
+};
+
+class AHugeFolder : public FolderFunctionsTest, public testing::WithParamInterface<HugeFolderCase> {
+ protected:
+  static constexpr int kFiles = 5000;
+
+  AHugeFolder() {
+    clock.Set(400 * kDay);
+    LastAccessedFile = Text(u"365");
+    OnlyCommon = Text(u"N");
+    AddFile(u"C:\\t\\with content");
+    for (int i = 0; i < kFiles; ++i) {
+      const Text name = Concat(ToText(i), GetParam().ending);
+      if (GetParam().ending == u".lnk") {
+        AddShortcut(Concat(u"C:\\t\\", name), u"C:\\gone.exe");
+      } else {
+        machine.files.AddFile(Concat(u"C:\\t\\", name), {.accessed = 1});
+      }
+      if (GetParam().ending == u".dll") AddFile(Concat(u"C:\\WINDOWS\\system32\\", name));
+    }
+  }
+  // The user interface as it ran during a walk, with Cancel pressed at this time.
+  static std::vector<int> RowsAtYields(TextView functions, size_t cancelAt = 0) {
+    RowWatch watch(cancelAt);
+    CancelRequested = false;
+    Walk(u"C:\\t", functions);
+    CancelRequested = false;
+    return watch.rows;
+  }
+};
+
+TEST_P(AHugeFolder, LetsCancelBePressedAllTheTime) {
+  const Text functions = Concat(u"|", GetParam().function, u"|");
+  const std::vector<int> rows = RowsAtYields(functions);
+  const int found = ResultCount();
+  const size_t reading = RowsAtYields(u"|").size();
+  EXPECT_GE(rows.size(), reading + kFiles / 1024) << "it runs also while the files are looked at";
+  int before = 0;
+  for (const int now : rows) {
+    EXPECT_LE(now - before, GetParam().most);
+    before = now;
+  }
+  EXPECT_EQ(before, found);
+}
+
+TEST_P(AHugeFolder, EndsAtCancelWithoutAnotherRow) {
+  const Text functions = Concat(u"|", GetParam().function, u"|");
+  const size_t times = RowsAtYields(functions).size();
+  const size_t step = std::max<size_t>(times / 20, 1);
+  for (size_t time = 1; time <= times; time += step) {
+    const std::vector<int> rows = RowsAtYields(functions, time);
+    ASSERT_EQ(ResultCount(), rows[time - 1]);
+    ASSERT_LE(rows.size(), time + 1) << "once more, when the folder is left";
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(FolderFunctions, AHugeFolder,
+                         testing::Values(HugeFolderCase{kJunkFiles, u".log", 1024},
+                                         HugeFolderCase{kDuplicateFiles, u".txt", 0},
+                                         HugeFolderCase{kInvalidShortcuts, u".lnk", 16},
+                                         HugeFolderCase{kRedundantDlls, u".dll", 16},
+                                         HugeFolderCase{kEmptyFoldersAndFiles, u".txt", 1024},
+                                         HugeFolderCase{u"Last Accessed 365 Days Before", u".txt", 1024}));
 
 TEST_F(FolderFunctionsTest, AFunctionIsNamedByItsWholeTextBetweenBars) {
   AddFile(u"C:\\t\\a.log");

@@ -56,6 +56,7 @@ TEST_F(JunkMatching, TheListsAreTakenOverAnewWhenTheyHaveChanged) {
   EXPECT_TRUE(matcher.IsConfirmed(u"a.TMP"));
   JunkPatternChunks = {u"*.ABC"};
   JunkTypes = {u"Mine|*.[A-C]BC|Y|Y|U", u"", u"one field"};
+  ++JunkListsNumber;
   matcher.Update();
   ASSERT_EQ(matcher.Lists().size(), 1U);
   EXPECT_EQ(matcher.Patterns(0), u"*.ABC");

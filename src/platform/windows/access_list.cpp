@@ -38,13 +38,17 @@ std::optional<Identity> Identity::WellKnown(WELL_KNOWN_SID_TYPE type) {
 
 std::optional<Security> Security::Read(HANDLE file) {
   constexpr SECURITY_INFORMATION kWanted = OWNER_SECURITY_INFORMATION | DACL_SECURITY_INFORMATION;
+  constexpr DWORD kMostly = 512;  // bytes
   Security security;
   DWORD needed = 0;
-  GetKernelObjectSecurity(file, kWanted, nullptr, 0, &needed);
-  if (needed == 0) return std::nullopt;
-  security.bytes_.resize(needed);
+  security.bytes_.resize(kMostly);
+  bool read = GetKernelObjectSecurity(file, kWanted, security.bytes_.data(), kMostly, &needed) != 0;
+  if (!read && needed > kMostly) {
+    security.bytes_.resize(needed);
+    read = GetKernelObjectSecurity(file, kWanted, security.bytes_.data(), needed, &needed) != 0;
+  }
+  if (!read) return std::nullopt;
   char* const bytes = security.bytes_.data();
-  if (!GetKernelObjectSecurity(file, kWanted, bytes, needed, &needed)) return std::nullopt;
   PSID owner = nullptr;
   BOOL present = FALSE;
   BOOL byDefault = FALSE;

@@ -59,10 +59,9 @@ std::optional<std::string> ReadContent(TextView path) {
   const std::optional<Entry> entry = LookUp(path);
   if (entry && IsKeptOnline(entry->attributes)) return std::nullopt;
   const FileHandle file = OpenFile(path, GENERIC_READ, kShareAll, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN);
-  BY_HANDLE_FILE_INFORMATION facts;
+  const std::optional<DWORD> attributes = file ? AttributesOf(file.Get()) : std::nullopt;
   // Check again: `path` may be a link to an online file.
-  if (!file || !GetFileInformationByHandle(file.Get(), &facts)) return std::nullopt;
-  if (IsKeptOnline(facts.dwFileAttributes)) return std::nullopt;
+  if (!attributes || IsKeptOnline(*attributes)) return std::nullopt;
   LARGE_INTEGER size;
   if (!GetFileSizeEx(file.Get(), &size)) return std::nullopt;
   if (static_cast<uint64_t>(size.QuadPart) > kLargestFile) return std::nullopt;

@@ -88,6 +88,21 @@ std::optional<Entry> LookUp(TextView path) {
                IsStandIn(data.dwFileAttributes, data.dwReserved0)};
 }
 
+std::optional<bool> IsLinkAt(TextView path) {
+  const Text extended = ExtendedPath(path);
+  const DWORD attributes = GetFileAttributesW(Wide(extended));
+  const bool plain =
+      attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0;
+  if (plain) return false;
+  return LookUp(path).transform([](const Entry& entry) { return entry.link; });
+}
+
+std::optional<DWORD> AttributesOf(HANDLE file) {
+  FILE_BASIC_INFO facts;
+  if (!GetFileInformationByHandleEx(file, FileBasicInfo, &facts, sizeof(facts))) return std::nullopt;
+  return facts.FileAttributes;
+}
+
 bool IsNotFound(DWORD error) {
   switch (error) {
     case ERROR_FILE_NOT_FOUND:
@@ -125,8 +140,7 @@ std::optional<DWORD> FollowedAttributes(TextView path, bool& sure) {
   if (entry && (!entry->link || entry->standIn)) return attributes;
   const FileHandle target(CreateFileW(Wide(extended), FILE_READ_ATTRIBUTES, kShareAll, nullptr, OPEN_EXISTING,
                                       FILE_FLAG_BACKUP_SEMANTICS, nullptr));
-  BY_HANDLE_FILE_INFORMATION found;
-  if (target && GetFileInformationByHandle(target.Get(), &found)) return found.dwFileAttributes;
+  if (const auto found = target ? AttributesOf(target.Get()) : std::nullopt) return found;
   sure = !target && IsNotFound(GetLastError());
   return std::nullopt;
 }

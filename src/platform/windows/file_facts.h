@@ -45,6 +45,13 @@ struct Entry {
 // Nothing when it is missing or can't be read.
 std::optional<Entry> LookUp(TextView path);
 
+// Whether the item at a path is a link. Nothing when LookUp gives nothing. Mostly lists no folder.
+std::optional<bool> IsLinkAt(TextView path);
+
+// The attributes of an open file or folder. Nothing when the system can't tell. Asks only for what is needed:
+// all facts at once would also ask the volume.
+std::optional<DWORD> AttributesOf(HANDLE file);
+
 // The attributes of a file or folder, or of a link's target. Nothing when it is missing. Also nothing when
 // that can't be told; `sure` is then set to false.
 std::optional<DWORD> FollowedAttributes(TextView path, bool& sure);

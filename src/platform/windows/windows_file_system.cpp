@@ -128,9 +128,7 @@ std::optional<platform::FileFacts> WindowsFileSystem::Look(TextView path) {
 }
 
 std::optional<bool> WindowsFileSystem::IsLink(TextView path) {
-  return NormalPath(path)
-      .and_then([](const Text& normal) { return LookUp(normal); })
-      .transform([](const Entry& entry) { return entry.link; });
+  return NormalPath(path).and_then([](const Text& normal) { return IsLinkAt(normal); });
 }
 
 platform::Existence WindowsFileSystem::FileExists(TextView path) { return Exists(path, false); }

@@ -64,7 +64,10 @@ bool WindowsTrust::Elevated() {
   return *elevated_;
 }
 
-bool WindowsTrust::VolumeKeepsOwners(DWORD volume, HANDLE file) {
+bool WindowsTrust::VolumeKeepsOwners(HANDLE file) {
+  BY_HANDLE_FILE_INFORMATION facts;
+  if (!GetFileInformationByHandle(file, &facts)) return false;
+  const DWORD volume = facts.dwVolumeSerialNumber;
   const auto known = keepOwners_.find(volume);
   return known != keepOwners_.end() ? known->second
                                     : keepOwners_.emplace(volume, KeepsOwners(file)).first->second;
@@ -94,20 +97,20 @@ bool WindowsTrust::OwnedByOthers(TextView path) {
 platform::Protection WindowsTrust::Protect(TextView path) {
   using platform::Protection;
   const std::optional<Text> normal = NormalPath(path);
-  const std::optional<Entry> entry = normal.and_then([](const Text& existing) { return LookUp(existing); });
-  if (!entry || entry->link) return Protection::Failed;
+  const std::optional<bool> link = normal.and_then([](const Text& existing) { return IsLinkAt(existing); });
+  if (link != false) return Protection::Failed;
   const FileHandle file = OpenItself(*normal, READ_CONTROL | WRITE_DAC | FILE_READ_ATTRIBUTES);
-  BY_HANDLE_FILE_INFORMATION facts;
-  if (!file || !GetFileInformationByHandle(file.Get(), &facts)) return Protection::Failed;
+  const std::optional<DWORD> attributes = file ? AttributesOf(file.Get()) : std::nullopt;
   // A link that was swapped in after the check above.
-  if ((facts.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0) return Protection::Failed;
-  const std::optional<Security> security =
-      VolumeKeepsOwners(facts.dwVolumeSerialNumber, file.Get()) ? Security::Read(file.Get()) : std::nullopt;
+  if (!attributes || (*attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0) return Protection::Failed;
+  const std::optional<Security> security = Security::Read(file.Get());
   if (!security || !security->owner) return Protection::Failed;
   std::vector<Identity> full = TrustedOwners();
   if (std::ranges::find(full, *security->owner) == full.end()) full.push_back(*security->owner);
   if (!security->OthersMayChange(full)) return Protection::Unchanged;
-  const bool folder = (facts.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+  // Where no lists are kept, everybody may change everything. So the volume isn't asked before.
+  if (!VolumeKeepsOwners(file.Get())) return Protection::Failed;
+  const bool folder = (*attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
   return SetAccessList(file.Get(), folder, full) ? Protection::Set : Protection::Failed;
 }
 

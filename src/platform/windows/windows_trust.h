@@ -23,9 +23,9 @@ class WindowsTrust : public platform::Trust {
   // The trusted owners of the program's data: this user, the administrators, the system.
   const std::vector<Identity>& TrustedOwners();
 
-  // Whether a volume keeps owners and access lists. True when that can't be told. An open file of it serves
-  // to ask the volume, which takes long, so each is asked once.
-  bool VolumeKeepsOwners(DWORD volume, HANDLE file);
+  // Whether the volume of an open file keeps owners and access lists. False when it can't be told which
+  // volume that is, true when the volume doesn't tell. Asking a volume takes long, so each is asked once.
+  bool VolumeKeepsOwners(HANDLE file);
 
   std::map<DWORD, bool> keepOwners_;  // by the serial number of the volume
   // A process keeps its user and its rights. Nothing until asked for.

@@ -48,6 +48,33 @@ uint32_t AttributeTable::Get(TextView path) const {
   return found == attributes_.end() ? 0 : found->second;
 }
 
+AttributeTable::InFolder::InFolder(const AttributeTable& table, TextView folder)
+    : table_(table), path_(folder) {
+  if (!path_.ends_with(u'\\')) path_ += u'\\';
+  length_ = path_.size();
+  GoTo({});
+}
+
+uint32_t AttributeTable::InFolder::Get(TextView name) {
+  if (!next_) return 0;
+  int order = CompareIgnoringCase(next_->first, name);
+  if (order < 0) {
+    GoTo(name);
+    order = next_ ? CompareIgnoringCase(next_->first, name) : 1;
+  }
+  return order == 0 ? next_->second : 0;
+}
+
+void AttributeTable::InFolder::GoTo(TextView name) {
+  path_.resize(length_);
+  path_ += name;
+  const auto at = table_.attributes_.lower_bound(path_);
+  const bool inside =
+      at != table_.attributes_.end() && StartsAt(at->first, TextView(path_).substr(0, length_));
+  if (!inside) return next_.reset();
+  next_.emplace(at->first.substr(length_), at->second);
+}
+
 void AttributeTable::Set(TextView path, uint32_t attributes) {
   if (Get(path) == attributes) return;
   changed_ = true;

@@ -2,7 +2,9 @@
 
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
+#include <utility>
 
 #include "platform/machine/formats/file_store.h"
 #include "text/letter_case.h"
@@ -19,6 +21,24 @@ class AttributeTable {
   bool Readable() const { return readable_; }
   bool Empty() const { return attributes_.empty(); }
   uint32_t Get(TextView path) const;
+  // Answers for the entries of one folder, in the order of their upper-cased names. Most folders have no
+  // attributes, and most of these questions need no search. A change of the table meanwhile may be missed.
+  class InFolder {
+   public:
+    InFolder(const AttributeTable& table, TextView folder);
+    // `name` must not come before the one asked for last.
+    uint32_t Get(TextView name);
+
+   private:
+    void GoTo(TextView name);
+
+    const AttributeTable& table_;
+    Text path_;      // of the folder, with a backslash, and of the last name that was searched
+    size_t length_;  // of the folder's path with the backslash
+    // The first path at or after that name, without the folder's, and its attributes. Nothing if the folder
+    // has no more.
+    std::optional<std::pair<Text, uint32_t>> next_;
+  };
   void Set(TextView path, uint32_t attributes);
   // Removes the entries of a path and everything below it.
   void Erase(TextView path);

@@ -91,10 +91,10 @@ class MachineFileSystem::Opened : public platform::OpenFolder {
     if (!folder_) return true;
     const auto listing = folder_->List(wanted, goesOn);
     if (!listing) return false;
-    const bool attributes = !files_.attributes_.Empty();
+    AttributeTable::InFolder attributes(files_.attributes_, path_);
     return listing->Visit(
         [&](platform::DirectoryEntry entry) {
-          if (attributes) entry.attributes = files_.attributes_.Get(Below(path_, entry.name));
+          entry.attributes = attributes.Get(entry.name);
           if (entry.link) {
             entry.folder = files_.finder_.LeadsToFolder(Below(path_, entry.name));
             if (!entry.folder && wanted && !wanted(entry.name)) return;

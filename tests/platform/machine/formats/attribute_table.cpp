@@ -100,5 +100,25 @@ TEST_F(AttributeTree, VisitsWhatLiesOnADrive) {
   EXPECT_FALSE(table.VisitTree(u"C:\\", [](TextView, uint32_t) { return false; }));
 }
 
+TEST_F(AttributeTree, AnswersForTheEntriesOfAFolderInTheirOrder) {
+  table.Set(u"C:\\a\\Y", 2);
+  table.Set(u"C:\\a\\y y", 4);
+  const auto answers = [this](TextView folder, const std::vector<TextView>& names) {
+    AttributeTable::InFolder in(table, folder);
+    std::vector<uint32_t> found;
+    for (const TextView name : names) found.push_back(in.Get(name));
+    return found;
+  };
+  const std::vector<TextView> names = {u"", u"B", u"X", u"x", u"x y", u"y", u"Y Y", u"y\\z", u"z"};
+  EXPECT_EQ(answers(u"c:\\A", names), (std::vector<uint32_t>{0, 0, 1, 1, 0, 2, 4, 1, 0}));
+  EXPECT_EQ(answers(u"C:\\a", {u"Y"}), (std::vector<uint32_t>{2})) << "not the first of the folder";
+  EXPECT_EQ(answers(u"C:\\", {u"a", u"a b", u"A!", u"AB", u"b"}), (std::vector<uint32_t>{1, 1, 0, 1, 0}));
+  EXPECT_EQ(answers(u"C:\\a b", {u"x"}), (std::vector<uint32_t>{0}));
+  EXPECT_EQ(answers(u"E:\\", {u"a"}), (std::vector<uint32_t>{0}));
+  for (const TextView name : names) {
+    EXPECT_EQ(answers(u"C:\\a", {name})[0], table.Get(Concat(u"C:\\a\\", name)));
+  }
+}
+
 }  // namespace
 }  // namespace tavix::machine
