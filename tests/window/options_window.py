@@ -249,6 +249,7 @@ class Method(OptionsCase):
             self.wait_for_window("the box to be off", lambda w: not w.control(FOLDER)["enabled"])
             self.expect_no_message()
 
+    @driver.needs_wine("chooses in the chooser of Wine")
     def test_the_folder_chooser_can_be_left_and_gives_what_is_chosen(self):
         self.open(METHOD)
         self.press(MOVE)
@@ -394,6 +395,7 @@ class Folders(OptionsCase):
         self.key("Escape")
         self.assertEqual(self.folders(self.wait_for_window("the options", lambda w: w.enabled)), before)
 
+    @driver.needs_wine("chooses in the chooser of Wine")
     def test_a_chosen_folder_is_described_and_saved(self):
         before = self.folders(self.open(OTHERS))
         self.press(EXCEPT_ADD)

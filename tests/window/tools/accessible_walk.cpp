@@ -49,6 +49,7 @@ struct Automation : IUnknown {
 };
 constexpr int kControlTypeProperty = 30003;
 constexpr int kNameProperty = 30005;
+constexpr int kLiveSettingProperty = 30135;
 
 std::string Quoted(const wchar_t* text) {
   std::string json;
@@ -111,6 +112,19 @@ std::string ByAutomation(Automation* automation, HWND control) {
   return seen;
 }
 
+// Whether changes of a control are said aloud, as UI Automation tells.
+bool IsLive(Automation* automation, HWND control) {
+  windows::ComPointer<Element> element;
+  VARIANT setting{};
+  if (automation == nullptr || FAILED(automation->ElementFromHandle(control, element.Receive()))) {
+    (void)element.Release();
+    return false;
+  }
+  return element.Get() != nullptr &&
+         SUCCEEDED(element.Get()->GetCurrentPropertyValue(kLiveSettingProperty, &setting)) &&
+         setting.vt == VT_I4 && setting.lVal != 0;
+}
+
 // The name that the program has set at the system's service; the stand-in keeps it at the window.
 std::string AnnotatedName(HWND control) {
   const auto atom = static_cast<ATOM>(reinterpret_cast<UINT_PTR>(GetPropW(control, L"AnnotatedName")));
@@ -131,7 +145,8 @@ void Walk(HWND window) {
     (void)automation.Release();
   for (HWND control = GetWindow(window, GW_CHILD); control != nullptr;
        control = GetWindow(control, GW_HWNDNEXT)) {
-    const bool live = GetPropW(control, L"AnnotatedLive") != nullptr;
+    const bool live =
+        GetPropW(control, L"AnnotatedLive") != nullptr || IsLive(automation.Get(), control);
     if (!TakesTheFocus(control) && !live) continue;
     std::array<wchar_t, 64> kind{};
     GetClassNameW(control, kind.data(), static_cast<int>(kind.size()));
@@ -153,6 +168,7 @@ void Walk(HWND window) {
 }  // namespace
 
 int main(int count, char** values) {
+  SetProcessDPIAware();  // so that places are those of the screen
   _setmode(_fileno(stdout), _O_BINARY);
   const windows::ComApartment apartment;
   if (count != 2) return 2;
