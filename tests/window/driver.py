@@ -73,9 +73,13 @@ class Program:
         """Clicks into the middle of a rectangle, or `x` pixels from its left end, with the keys `held` down."""
         left, top, right, bottom = rectangle
         at = (left + right) // 2 if x is None else left + x
+        self.move(at, (top + bottom) // 2)
+        if held:
+            # Where the move is news for the X display, Wine takes the keys that are down from there when it hears of it.
+            self.read()
         for key in held:
             self.machine.hands.hold(key)
-        self.machine.hands.click(at, (top + bottom) // 2, button)
+        self.machine.hands.click(button)
         for key in held:
             self.machine.hands.let_go(key)
 

@@ -57,8 +57,8 @@ class XHands:
     def release(self, button):
         self._run("mouseup", str(button))
 
-    def click(self, x, y, button=1):
-        self._run("mousemove", str(x), str(y), "click", str(button))
+    def click(self, button=1):
+        self._run("click", str(button))
 
     def _run(self, *arguments):
         subprocess.run(["xdotool", *arguments], env=self._environment, check=True)
@@ -124,8 +124,7 @@ class WindowsHands:
     def release(self, button):
         self._do(f"release {button}")
 
-    def click(self, x, y, button=1):
-        self.move(x, y)
+    def click(self, button=1):
         if button in WHEELS:
             self._do("{} {}".format(*WHEELS[button]))
         else:

@@ -116,7 +116,8 @@ class UpdateTest(unittest.TestCase):
 
     def click(self, rectangle):
         left, top, right, bottom = rectangle
-        self.machine.hands.click((left + right) // 2, (top + bottom) // 2)
+        self.machine.hands.move((left + right) // 2, (top + bottom) // 2)
+        self.machine.hands.click()
 
     def screenshot(self, name):
         driver.screenshot(self.machine, name)
