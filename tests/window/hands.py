@@ -110,7 +110,10 @@ class WindowsHands:
 
     def _wait_for_keyboard(self):
         """Until then a key would reach another program."""
-        wait_for("a window of the program to have the keyboard", lambda: self._ask("keyboard") == "yes")
+        wait_for("a window of the program to have the keyboard", self.has_keyboard)
+
+    def has_keyboard(self):
+        return self._ask("keyboard") == "yes"
 
     def _key(self, way, name):
         self._do(f"{way} {VIRTUAL_KEYS.get(name) or ord(name.upper())}")
