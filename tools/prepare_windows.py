@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
-"""Prepares a machine for the tests that need what only Windows has: links, short names, long paths, denied folders, a
-drive with FAT, a file in the recycle bin. What can be made elsewhere is made there, too.
+"""Prepares a machine for the tests that need what only Windows has: links, short names, long paths, denied folders,
+drives with FAT and with NTFS, a file in the recycle bin. What can be made elsewhere is made there, too.
 
     prepare_windows.py settings        short names, long paths and links for everybody (Windows, as administrator)
     prepare_windows.py make FOLDER     makes the folder; names what this system can't make, and why
-    prepare_windows.py remove FOLDER   removes it, with the drive and the file in the bin left to the user
+    prepare_windows.py remove FOLDER   removes it, with the drives; the file in the bin stays
 
 FOLDER/scanned has files that the Advanced page finds as junk, and ways that lead out to FOLDER/kept."""
 import ctypes
@@ -15,8 +15,8 @@ import subprocess
 import sys
 
 ON_WINDOWS = sys.platform == "win32"
-FAT_DRIVE = "V:"
-FAT_SIZE = 64  # MiB
+FAT, NTFS = "V:", "W:"  # drives in virtual disks
+DISK_SIZE = 64  # MiB
 EVERYBODY = "*S-1-1-0"
 JUNK = b"of no use"
 POLICIES = "HKLM\\SYSTEM\\CurrentControlSet\\Control\\FileSystem"
@@ -111,15 +111,23 @@ def denied_folder(folder):
     return []
 
 
-def fat_drive(folder):
+def drive(folder, letter, file_system):
     only_on_windows()
-    disk = folder / "fat.vhd"
-    partition(folder, f'create vdisk file="{disk}" maximum={FAT_SIZE}', f'select vdisk file="{disk}"', "attach vdisk",
-              "create partition primary", "format fs=fat32 quick", f"assign letter={FAT_DRIVE[0]}")
-    place = pathlib.Path(FAT_DRIVE + "/scanned")
+    disk = folder / f"{letter[0]}.vhd"
+    partition(folder, f'create vdisk file="{disk}" maximum={DISK_SIZE}', f'select vdisk file="{disk}"', "attach vdisk",
+              "create partition primary", f"format fs={file_system} quick", f"assign letter={letter[0]}")
+    place = pathlib.Path(letter + "/scanned")
     place.mkdir(parents=True)
-    (place / "on fat.bak").write_bytes(JUNK)
-    return [place / "on fat.bak"]
+    (place / "of another drive.bak").write_bytes(JUNK)
+    return [place / "of another drive.bak"]
+
+
+def fat_drive(folder):
+    return drive(folder, FAT, "fat32")
+
+
+def ntfs_drive(folder):
+    return drive(folder, NTFS, "ntfs")
 
 
 class Operation(ctypes.Structure):
@@ -141,7 +149,7 @@ def recycled_file(folder):
 
 
 KINDS = (plain_file, read_only_file, long_path, short_name, junction, link_to_a_folder, denied_folder, fat_drive,
-         recycled_file)
+         ntfs_drive, recycled_file)
 
 
 def make(folder, kinds=KINDS):
@@ -161,8 +169,8 @@ def make(folder, kinds=KINDS):
 
 def remove(folder):
     folder = pathlib.Path(folder).absolute()
-    disk, denied = folder / "fat.vhd", folder / "scanned" / "denied"
-    if disk.exists():
+    denied = folder / "scanned" / "denied"
+    for disk in folder.glob("*.vhd"):
         partition(folder, f'select vdisk file="{disk}"', "detach vdisk")
     if denied.exists() and ON_WINDOWS:
         run("icacls", str(denied), "/reset", "/t")

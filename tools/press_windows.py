@@ -18,15 +18,13 @@ ON_FAT = "*FileSystemContract.*:FileFactsOfWindows.*"
 RACE = "FoundItemInARace.*"
 
 
-def steps(build, results, drive):
-    """(name, command, what the environment has besides). `drive` is one with FAT, or None."""
+def steps(build, results):
+    """(name, command, what the environment has besides)."""
     tests, console = str(build / "tavix-tests.exe"), str(build / "tavix-console.exe")
-    folder = f"{drive}\\tests"
-    other = {"TAVIX_OTHER_VOLUME": folder} if drive else {}
-    yield "tests", [tests, f"--gtest_output=xml:{results / 'tests.xml'}"], other
+    fat, ntfs = prepare_windows.FAT + "\\scanned", prepare_windows.NTFS + "\\scanned"
+    yield "tests", [tests, f"--gtest_output=xml:{results / 'tests.xml'}"], {"TAVIX_OTHER_VOLUME": ntfs}
+    yield "fat", [tests, f"--gtest_filter={ON_FAT}"], {"TEMP": fat, "TMP": fat}
     yield "race", [tests, f"--gtest_filter={RACE}"], {"TAVIX_RACE": "1"}
-    if drive:
-        yield "fat", [tests, f"--gtest_filter={ON_FAT}"], {"TEMP": folder, "TMP": folder}
     yield "parity", [sys.executable, str(TOP / "tests" / "parity" / "live_export.py"), console], {}
     yield "export", [console, "--live", "--export", str(results / "machine"), "--mask"], {}
     yield "window", ["ctest", "--test-dir", str(build), "--label-regex", "Window", "--output-on-failure",
@@ -48,21 +46,15 @@ def run(name, command, more, results):
     return f"FAILED with {status}"
 
 
-def press(build, results, disk):
+def press(build, results, disks):
     """{name of the step: what it gave}"""
-    given = {}
-    made, missing = prepare_windows.make(disk, [prepare_windows.fat_drive])
-    try:
-        for reason in missing.values():
-            given["a drive with FAT"] = f"FAILED: {reason}"
-        drive = prepare_windows.FAT_DRIVE if made else None
-        if drive:
-            pathlib.Path(drive + "/tests").mkdir()
-        for name, command, more in steps(build, results, drive):
-            print(f"== {name}", flush=True)
-            given[name] = run(name, command, more, results)
-    finally:
-        prepare_windows.remove(disk)
+    _, missing = prepare_windows.make(disks, [prepare_windows.fat_drive, prepare_windows.ntfs_drive])
+    given = {prepare_windows.words(kind): f"FAILED: {reason}" for kind, reason in missing.items()}
+    for name, command, more in steps(build, results):
+        if name == "window":
+            prepare_windows.remove(disks)  # these tests make the drives themselves
+        print(f"== {name}", flush=True)
+        given[name] = run(name, command, more, results)
     return given
 
 
@@ -73,8 +65,12 @@ def main(arguments):
     build = pathlib.Path(arguments[0]).resolve()
     results = build / "results"
     results.mkdir(parents=True, exist_ok=True)
-    prepare_windows.settings()
-    given = press(build, results, build / "disk")
+    try:
+        prepare_windows.settings()
+    except prepare_windows.CannotBeMade as reason:
+        print(reason, file=sys.stderr)
+        return 1
+    given = press(build, results, build / "disks")
     for name, what in given.items():
         print(f"{name}: {what}")
     return 0 if all(what == "passed" for what in given.values()) else 1

@@ -1,4 +1,4 @@
-"""The Advanced page over a folder with links, long paths, short names, denied folders and a drive with FAT, as far as the
+"""The Advanced page over a folder with links, long paths, short names, denied folders and other drives, as far as the
 machine has them (tools/prepare_windows.py). Run by CTest, or:
 TAVIX_BUILD=build/windows python3 -m unittest prepared_folder"""
 import json
@@ -9,6 +9,8 @@ import prepare_windows
 
 
 LINKS = {prepare_windows.junction: "junction", prepare_windows.link_to_a_folder: "link to a folder"}
+
+DRIVES = {prepare_windows.fat_drive: prepare_windows.FAT, prepare_windows.ntfs_drive: prepare_windows.NTFS}
 
 
 class Prepared(unittest.TestCase):
@@ -28,8 +30,7 @@ class Prepared(unittest.TestCase):
     def console(self, *arguments):
         """The rows of a scan for junk, as (name, folder)."""
         scopes = [f"C:\\{self.FOLDER}\\scanned"]
-        if prepare_windows.fat_drive in self.made:
-            scopes.append(prepare_windows.FAT_DRIVE + "\\scanned")
+        scopes += [drive + "\\scanned" for kind, drive in DRIVES.items() if kind in self.made]
         said = self.machine.run(driver.BUILD / "tavix-console.exe", "--live", "--json", "--page", "advanced", "--function",
                                 "Junk Files", *(word for scope in scopes for word in ("--scope", scope)), *arguments)
         lines = [json.loads(line) for line in said.splitlines()]

@@ -145,8 +145,7 @@ void Walk(HWND window) {
     (void)automation.Release();
   for (HWND control = GetWindow(window, GW_CHILD); control != nullptr;
        control = GetWindow(control, GW_HWNDNEXT)) {
-    const bool live =
-        GetPropW(control, L"AnnotatedLive") != nullptr || IsLive(automation.Get(), control);
+    const bool live = GetPropW(control, L"AnnotatedLive") != nullptr || IsLive(automation.Get(), control);
     if (!TakesTheFocus(control) && !live) continue;
     std::array<wchar_t, 64> kind{};
     GetClassNameW(control, kind.data(), static_cast<int>(kind.size()));

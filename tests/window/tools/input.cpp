@@ -10,7 +10,8 @@
 //     press BUTTON, release BUTTON  1 the left button of the mouse, 3 the right one
 //     wheel NOTCHES               away from the user, or towards him below zero
 //     sideways NOTCHES            the wheel to the right, or to the left below zero
-//     picture LEFT TOP RIGHT BOTTOM  after the line come the pixels of this part of the screen, row by row, three
+//     picture LEFT TOP RIGHT BOTTOM  after the line come the pixels of this part of the screen, row by row,
+//     three
 //                                 bytes each: red, green, blue
 //
 // A command that worked is answered by "done", and another by what went wrong. Lengths are in pixels.
@@ -40,11 +41,13 @@ bool IsOfTavix(DWORD id) {
   const HANDLE process = OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, id);
   std::array<wchar_t, 1024> path{};
   DWORD length = path.size();
-  const bool known = process != nullptr && QueryFullProcessImageNameW(process, 0, path.data(), &length) != FALSE;
+  const bool known =
+      process != nullptr && QueryFullProcessImageNameW(process, 0, path.data(), &length) != FALSE;
   CloseHandle(process);
   const std::wstring_view file(path.data(), known ? length : 0);
   const std::wstring_view name = file.substr(file.find_last_of(L'\\') + 1);
-  return CompareStringOrdinal(name.substr(0, 5).data(), name.size() < 5 ? 0 : 5, L"tavix", 5, TRUE) == CSTR_EQUAL;
+  return CompareStringOrdinal(name.substr(0, 5).data(), name.size() < 5 ? 0 : 5, L"tavix", 5, TRUE) ==
+         CSTR_EQUAL;
 }
 
 bool HasKeyboard() {
@@ -57,8 +60,8 @@ bool HasKeyboard() {
   return IsOfTavix(process) && GetGUIThreadInfo(thread, &info) != FALSE && info.hwndActive != nullptr;
 }
 
-// Windows lets a program that has had no input lately choose the window in front only if it shares the input of
-// the one that is there.
+// Windows lets a program that has had no input lately choose the window in front only if it shares the input
+// of the one that is there.
 bool BringToFront() {
   if (HasKeyboard()) return true;
   const HWND window = FindWindowW(L"TavixMainWindow", nullptr);
@@ -76,7 +79,8 @@ const char* Send(std::vector<INPUT> inputs) {
   return SendInput(count, inputs.data(), sizeof(INPUT)) == count ? kDone : "Windows takes no input";
 }
 
-// Keys that have a second one of the same meaning in the block of digits. Without this mark they would be those.
+// Keys that have a second one of the same meaning in the block of digits. Without this mark they would be
+// those.
 bool IsExtended(WORD key) {
   return (key >= VK_PRIOR && key <= VK_DOWN) || key == VK_INSERT || key == VK_DELETE;
 }
@@ -119,7 +123,8 @@ INPUT Mouse(DWORD flags, DWORD data = 0) {
   return input;
 }
 
-// The number that Windows turns into a pixel of a screen of this length: it divides the screen into 65536 parts.
+// The number that Windows turns into a pixel of a screen of this length: it divides the screen into 65536
+// parts.
 LONG Part(int pixel, int length) {
   return static_cast<LONG>((static_cast<long long>(pixel) * 65536 + length - 1) / length);
 }
@@ -144,7 +149,9 @@ const char* Button(int button, bool down) {
   return "there is no such button";
 }
 
-const char* Wheel(DWORD which, int notches) { return Send({Mouse(which, static_cast<DWORD>(notches * WHEEL_DELTA))}); }
+const char* Wheel(DWORD which, int notches) {
+  return Send({Mouse(which, static_cast<DWORD>(notches * WHEEL_DELTA))});
+}
 
 //--- Pictures
 
@@ -164,7 +171,8 @@ std::string Picture(int left, int top, int right, int bottom) {
   if (bitmap != nullptr) {
     const HGDIOBJ before = SelectObject(memory, bitmap);
     // Windows that are drawn over others, such as tool tips, are copied, too.
-    if (BitBlt(memory, 0, 0, width, height, screen, left, top, SRCCOPY | CAPTUREBLT) != FALSE && GdiFlush() != FALSE) {
+    if (BitBlt(memory, 0, 0, width, height, screen, left, top, SRCCOPY | CAPTUREBLT) != FALSE &&
+        GdiFlush() != FALSE) {
       const auto* blue = static_cast<const char*>(bits);
       pixels.reserve(static_cast<size_t>(width) * static_cast<size_t>(height) * 3);
       for (long i = 0; i < static_cast<long>(width) * height; ++i, blue += 4) {
@@ -185,7 +193,8 @@ std::string Answer(std::istringstream command) {
   std::string name;
   command >> name;
   if (name == "size")
-    return std::to_string(GetSystemMetrics(SM_CXSCREEN)) + " " + std::to_string(GetSystemMetrics(SM_CYSCREEN));
+    return std::to_string(GetSystemMetrics(SM_CXSCREEN)) + " " +
+           std::to_string(GetSystemMetrics(SM_CYSCREEN));
   if (name == "keyboard") return HasKeyboard() ? "yes" : "no";
   if (name == "front") return BringToFront() ? "yes" : "no";
   int first = 0, second = 0, third = 0, fourth = 0;
