@@ -75,7 +75,7 @@ class Program:
         at = (left + right) // 2 if x is None else left + x
         self.move(at, (top + bottom) // 2)
         if held:
-            # Where the move is news for the X display, Wine takes the keys that are down from there when it hears of it.
+            # Wine takes the keys that are down from the X display when it hears of a move. So that comes first.
             self.read()
         for key in held:
             self.machine.hands.hold(key)

@@ -16,7 +16,8 @@ class HelperProgram:
     def __init__(self, machine, program):
         self._name = program.stem
         self._errors = tempfile.TemporaryFile()
-        self._process = machine.start(machine.path_of(program), stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=self._errors)
+        self._process = machine.start(machine.path_of(program), stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+                                      stderr=self._errors)
         self._parts, self._answer, self._asked = queue.Queue(), bytearray(), ""
         # A pipe can't be read with a time limit on Windows, so a thread of its own reads it.
         threading.Thread(target=self._pump, daemon=True).start()

@@ -1,5 +1,5 @@
-"""Keys, mouse and pictures by Windows' own calls do what they say. Under Wine the X display is the witness. Run by CTest,
-or: TAVIX_BUILD=build/windows python3 -m unittest input_window"""
+"""Keys, mouse and pictures by Windows' own calls do what they say. Under Wine the X display is the witness. Run by CTest, or:
+TAVIX_BUILD=build/windows python3 -m unittest input_window"""
 import unittest
 
 import driver

@@ -96,12 +96,16 @@ std::string ActiveAccessibility(HWND control) {
          ",\"state\":" + NumberFrom([&](VARIANT* state) { return seen.get_accState(Self(), state); });
 }
 
-std::string ByAutomation(Automation* automation, HWND control) {
+// A control as UI Automation knows it; null if it doesn't.
+windows::ComPointer<Element> ElementOf(Automation* automation, HWND control) {
   windows::ComPointer<Element> element;
-  if (automation == nullptr || FAILED(automation->ElementFromHandle(control, element.Receive()))) {
+  if (automation == nullptr || FAILED(automation->ElementFromHandle(control, element.Receive())))
     (void)element.Release();
-    return "null";
-  }
+  return element;
+}
+
+std::string ByAutomation(Automation* automation, HWND control) {
+  const windows::ComPointer<Element> element = ElementOf(automation, control);
   VARIANT name{}, type{};
   if (element.Get() == nullptr || FAILED(element.Get()->GetCurrentPropertyValue(kNameProperty, &name)) ||
       FAILED(element.Get()->GetCurrentPropertyValue(kControlTypeProperty, &type)))
@@ -112,14 +116,10 @@ std::string ByAutomation(Automation* automation, HWND control) {
   return seen;
 }
 
-// Whether changes of a control are said aloud, as UI Automation tells.
+// Whether changes of a control are said aloud.
 bool IsLive(Automation* automation, HWND control) {
-  windows::ComPointer<Element> element;
+  const windows::ComPointer<Element> element = ElementOf(automation, control);
   VARIANT setting{};
-  if (automation == nullptr || FAILED(automation->ElementFromHandle(control, element.Receive()))) {
-    (void)element.Release();
-    return false;
-  }
   return element.Get() != nullptr &&
          SUCCEEDED(element.Get()->GetCurrentPropertyValue(kLiveSettingProperty, &setting)) &&
          setting.vt == VT_I4 && setting.lVal != 0;

@@ -1,18 +1,20 @@
 // Presses keys, moves the mouse and takes pictures of the screen by Windows' own calls, for the tests of the
 // window. Each line of the input is one command, and the answer is one line.
 //
-//     size                        the width and the height of the screen
-//     keyboard                    "yes" if a window of the program has the keyboard, else "no"
-//     front                       brings the main window to the front, and answers as "keyboard" does
-//     down KEY, up KEY            a key by its number, as Windows counts them
-//     character CODE              the keys that write a character, or the character itself if no key does
-//     move X Y                    the mouse
-//     press BUTTON, release BUTTON  1 the left button of the mouse, 3 the right one
-//     wheel NOTCHES               away from the user, or towards him below zero
-//     sideways NOTCHES            the wheel to the right, or to the left below zero
-//     picture LEFT TOP RIGHT BOTTOM  after the line come the pixels of this part of the screen, row by row,
-//     three
-//                                 bytes each: red, green, blue
+//     size              the width and the height of the screen
+//     keyboard          "yes" if a window of the program has the keyboard, else "no"
+//     front             brings the main window to the front, and answers as "keyboard" does
+//     down KEY          presses a key, given by its number as Windows counts them
+//     up KEY            releases it
+//     character CODE    presses the keys that write a character, or hands over the character if no key does
+//     move X Y          moves the mouse
+//     press BUTTON      presses a button of the mouse: 1 the left one, 3 the right one
+//     release BUTTON    releases it
+//     wheel NOTCHES     turns the wheel away from the user, or towards him below zero
+//     sideways NOTCHES  tilts the wheel to the right, or to the left below zero
+//     picture LEFT TOP RIGHT BOTTOM
+//                       After the line come the pixels of this part of the screen, row by row, each
+//                       as three bytes: red, green, blue.
 //
 // A command that worked is answered by "done", and another by what went wrong. Lengths are in pixels.
 
