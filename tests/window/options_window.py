@@ -180,6 +180,7 @@ class CommonTypes(OptionsCase):
         self.key("Home", "shift+End")
         self.type(text)
         self.key("Return")
+        driver.wait_for("the box to go", lambda: self.messages[prompt] not in (self.box() or ()))
 
     def test_an_extension_is_asked_for_until_it_is_good(self):
         self.open(DUPLICATES)

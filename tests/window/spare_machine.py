@@ -53,10 +53,11 @@ def check_the_machine():
 
 
 class SpareMachine(Machine):
+    drive_c = pathlib.Path("C:/")
+
     def __init__(self, size="1024x768"):
         check_the_machine()
         WORK.mkdir(parents=True, exist_ok=True)
-        self.drive_c = pathlib.Path("C:/")
         self.environment = dict(os.environ)
         in_the_way = [name for name in FOLDERS if (self.drive_c / name).exists()]
         if in_the_way:
