@@ -74,14 +74,10 @@ class Program:
         left, top, right, bottom = rectangle
         at = (left + right) // 2 if x is None else left + x
         self.move(at, (top + bottom) // 2)
+        self.machine.hands.click(button, held)
         if held:
-            # Wine takes the keys that are down from the X display when it hears of a move. So that comes first.
-            self.read()
-        for key in held:
-            self.machine.hands.hold(key)
-        self.machine.hands.click(button)
-        for key in held:
-            self.machine.hands.let_go(key)
+            self.read()  # the window has taken the click: until then the keys have to be down
+            self.machine.hands.let_go(held)
 
     def move(self, x, y):
         self.machine.hands.move(x, y)

@@ -13,7 +13,6 @@ from screen import Screen
 VIRTUAL_KEYS = {"shift": 0x10, "ctrl": 0x11, "alt": 0x12, "Tab": 0x09, "Return": 0x0D, "Escape": 0x1B, "space": 0x20,
                 "End": 0x23, "Home": 0x24, "Left": 0x25, "Up": 0x26, "Right": 0x27, "Down": 0x28, "Delete": 0x2E,
                 **{f"F{number}": 0x6F + number for number in range(1, 13)}}
-WHEELS = {4: ("wheel", 1), 5: ("wheel", -1), 6: ("sideways", -1), 7: ("sideways", 1)}
 
 
 class XHands:
@@ -28,12 +27,6 @@ class XHands:
     def keys(self, *names):
         """Presses and releases one key after the other."""
         self._keyboard("key", *names)
-
-    def hold(self, name):
-        self._keyboard("keydown", name)
-
-    def let_go(self, name):
-        self._keyboard("keyup", name)
 
     def type(self, text):
         self._keyboard("type", "--delay", "20", text)
@@ -57,8 +50,16 @@ class XHands:
     def release(self, button):
         self._run("mouseup", str(button))
 
-    def click(self, button=1):
+    def click(self, button=1, held=()):
+        """Presses keys, and presses and releases a button of the mouse or turns the wheel. The keys stay down."""
+        for name in held:
+            self._keyboard("keydown", name)
         self._run("click", str(button))
+
+    def let_go(self, held):
+        """Releases keys."""
+        for name in held:
+            self._keyboard("keyup", name)
 
     def _run(self, *arguments):
         subprocess.run(["xdotool", *arguments], env=self._environment, check=True)
@@ -90,23 +91,12 @@ class WindowsHands:
         """Presses and releases one key after the other."""
         self._wait_for_keyboard()
         for name in names:
-            held = name.split("+")
-            for key in held:
-                self._key("down", key)
-            for key in reversed(held):
-                self._key("up", key)
-
-    def hold(self, name):
-        self._wait_for_keyboard()
-        self._key("down", name)
-
-    def let_go(self, name):
-        self._key("up", name)
+            self._do("keys", *numbers(name.split("+")))
 
     def type(self, text):
         self._wait_for_keyboard()
         for character in text:
-            self._do(f"character {ord(character)}")
+            self._do("character", ord(character))
 
     def _wait_for_keyboard(self):
         """Until then a key would reach another program."""
@@ -115,30 +105,31 @@ class WindowsHands:
     def has_keyboard(self):
         return self._ask("keyboard") == "yes"
 
-    def _key(self, way, name):
-        self._do(f"{way} {VIRTUAL_KEYS.get(name) or ord(name.upper())}")
-
     def move(self, x, y):
-        self._do(f"move {x} {y}")
+        self._do("move", x, y)
 
     def press(self, button):
-        self._do(f"press {button}")
+        self._do("press", button)
 
     def release(self, button):
-        self._do(f"release {button}")
+        self._do("release", button)
 
-    def click(self, button=1):
-        if button in WHEELS:
-            self._do("{} {}".format(*WHEELS[button]))
-        else:
-            self.press(button)
-            self.release(button)
+    def click(self, button=1, held=()):
+        """Presses keys, and presses and releases a button of the mouse or turns the wheel. The keys stay down."""
+        if held:
+            self._wait_for_keyboard()
+        self._do("click", button, *numbers(held))
+
+    def let_go(self, held):
+        """Releases keys."""
+        self._do("let-go", *numbers(held))
 
     def _ask(self, line):
         self._program.ask(line)
         return self._program.line()
 
-    def _do(self, line):
+    def _do(self, *command):
+        line = " ".join(map(str, command))
         answer = self._ask(line)
         if answer != "done":
             raise AssertionError(f"{line}: {answer}")
@@ -150,11 +141,15 @@ class WindowsHands:
     def pixels(self, rectangle):
         """The pixels of a rectangle of the screen, row by row, as bytes of red, green and blue."""
         left, top, right, bottom = checked(rectangle, self.size)
-        self._do(f"picture {left} {top} {right} {bottom}")
+        self._do("picture", left, top, right, bottom)
         return self._program.bytes(3 * (right - left) * (bottom - top))
 
     def close(self):
         self._program.close()
+
+
+def numbers(names):
+    return [VIRTUAL_KEYS.get(name) or ord(name.upper()) for name in names]
 
 
 def checked(rectangle, size):

@@ -16,7 +16,13 @@ READER, INPUT, CHANGE_LOOK = (BUILD / f"tavix-{name}.exe" for name in ("list-rea
 
 class Machine:
     """`drive_c` is the folder of its drive C:, `environment` that of its programs, `hands` presses its keys."""
-    _reader = None
+    _reader = _hands = None
+
+    @property
+    def hands(self):
+        if self._hands is None:
+            self._hands = self._new_hands()
+        return self._hands
 
     def look(self, window_class=""):
         """What a visible window shows, by its class; "" is the main window. None if there is no such window."""
@@ -28,6 +34,13 @@ class Machine:
         if self._reader is not None:
             self._reader.close()
         self._reader = None
+
+    def close_helpers(self):
+        """Ends the programs that run beside the window, until they are needed again."""
+        self.close_reader()
+        if self._hands is not None:
+            self._hands.close()
+        self._hands = None
 
     def key(self, *names):
         self.hands.keys(*names)
@@ -57,6 +70,7 @@ class Machine:
                 status = process.wait(timeout=PATIENCE)
             finally:
                 process.kill()
+                process.wait()
             output.seek(0)
             errors.seek(0)
             if status not in allowed:

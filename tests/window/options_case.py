@@ -134,12 +134,6 @@ class OptionsCase(SeededMachine):
     def key(self, *names):
         self.program.key(*names)
 
-    def key_held(self, held, name):
-        """Presses and releases a key while another one is held down."""
-        self.machine.hands.hold(held)
-        self.key(name)
-        self.machine.hands.let_go(held)
-
     def click(self, rectangle, x=None, **more):
         self.program.click(rectangle, x, **more)
 

@@ -208,7 +208,7 @@ class CommonTypes(OptionsCase):
         self.press(RECYCLE)
         self.turn_to(DUPLICATES)
         self.press(COMMON)
-        self.key_held("ctrl", "a")
+        self.key("ctrl+a")
         self.wait_for_window("all selected", lambda w: all(w.selected_lines(COMMON)))
         self.press(TYPE_DELETE)
         self.wait_for_window("an empty list", lambda w: not w.lines(COMMON))

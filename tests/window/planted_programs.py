@@ -47,7 +47,7 @@ class Planted(update_program.UpdateTest):
 
     def wait_for_every_program(self):
         """Waits until no program runs in the prefix. A program that was started late has then left its note, too."""
-        self.machine.close_reader()
+        self.machine.close_helpers()
         subprocess.run(["wineserver", "-w"], env=self.machine.environment, check=True, timeout=driver.PATIENCE)
 
     def notes(self):

@@ -76,8 +76,9 @@ class SpareMachine(Machine):
         # The windows lie over where it was.
         self._undo.callback(bar, SET_BAR_STATE, bar(GET_BAR_STATE))
         bar(SET_BAR_STATE, HIDDEN_BAR)
-        self.hands = WindowsHands(self, INPUT)
-        self._undo.callback(self.hands.close)
+
+    def _new_hands(self):
+        return WindowsHands(self, INPUT)
 
     def _set_screen(self, width, height):
         metric = ctypes.windll.user32.GetSystemMetrics
@@ -126,5 +127,5 @@ class SpareMachine(Machine):
         return [call for call in calls if call.startswith("InetCpl.cpl")]
 
     def close(self):
-        self.close_reader()
+        self.close_helpers()
         self._undo.close()

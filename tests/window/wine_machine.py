@@ -56,18 +56,14 @@ class WineMachine(Machine):
     def _open(self, prefix, size):
         self._size = tuple(int(length) for length in size.split("x"))
         self._display = Display(size)
-        self._hands = None
         self.prefix = prefix
         self.environment = environment(prefix, self._display.name)
         self.drive_c = prefix / "drive_c"
         self._tools = {}
 
-    @property
-    def hands(self):
-        if self._hands is None:
-            by_windows = os.environ.get("TAVIX_INPUT") == "windows"
-            self._hands = WindowsHands(self, INPUT) if by_windows else XHands(self.environment, self._size)
-        return self._hands
+    def _new_hands(self):
+        by_windows = os.environ.get("TAVIX_INPUT") == "windows"
+        return WindowsHands(self, INPUT) if by_windows else XHands(self.environment, self._size)
 
     def start(self, program, *arguments, **more):
         return subprocess.Popen([WINE, program, *arguments], env=self.environment, **more)
@@ -85,7 +81,7 @@ class WineMachine(Machine):
     def set_resolution(self, dpi):
         """For the programs that start next. Windows reads it when it starts, so all programs end."""
         self.run("reg", "add", r"HKCU\Control Panel\Desktop", "/v", "LogPixels", "/t", "REG_DWORD", "/d", str(dpi), "/f")
-        self._end_helpers()
+        self.close_helpers()
         wine_prefix.stop(self.prefix)
 
     def note_rundll32_calls(self):
@@ -96,14 +92,8 @@ class WineMachine(Machine):
         target.unlink(missing_ok=True)
         shutil.copy(stand_in(), target)
 
-    def _end_helpers(self):
-        self.close_reader()
-        if self._hands is not None:
-            self._hands.close()
-        self._hands = None
-
     def leave(self):
-        self._end_helpers()
+        self.close_helpers()
         wine_prefix.stop(self.prefix)
         self._display.close()
 

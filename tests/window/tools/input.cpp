@@ -4,19 +4,22 @@
 //     size              the width and the height of the screen
 //     keyboard          "yes" if a window of the program has the keyboard, else "no"
 //     front             brings the main window to the front, and answers as "keyboard" does
-//     down KEY          presses a key, given by its number as Windows counts them
-//     up KEY            releases it
+//     keys KEY...       presses keys, the last one while the others are held down, and releases them
 //     character CODE    presses the keys that write a character, or hands over the character if no key does
 //     move X Y          moves the mouse
-//     press BUTTON      presses a button of the mouse: 1 the left one, 3 the right one
+//     press BUTTON      presses a button of the mouse
 //     release BUTTON    releases it
-//     wheel NOTCHES     turns the wheel away from the user, or towards him below zero
-//     sideways NOTCHES  tilts the wheel to the right, or to the left below zero
+//     click BUTTON KEY...
+//                       presses the keys, which stay down, and presses and releases the button, or turns the
+//                       wheel
+//     let-go KEY...     releases keys
 //     picture LEFT TOP RIGHT BOTTOM
 //                       After the line come the pixels of this part of the screen, row by row, each
 //                       as three bytes: red, green, blue.
 //
-// A command that worked is answered by "done", and another by what went wrong. Lengths are in pixels.
+// A command that worked is answered by "done", and another by what went wrong. Lengths are in pixels. Keys
+// are numbered as Windows does, and the buttons of the mouse as X does: 1 the left one, 3 the right one, 4
+// and 5 the wheel away from the user and towards him, 6 and 7 the wheel to the left and to the right.
 
 // clang-format off
 #include "platform/windows/windows_api.h"
@@ -24,9 +27,11 @@
 #include <io.h>
 // clang-format on
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <iostream>
+#include <iterator>
 #include <sstream>
 #include <string>
 #include <string_view>
@@ -76,7 +81,9 @@ bool BringToFront() {
 
 //--- Keys
 
+// Hands inputs over to Windows in one go: nothing comes between them.
 const char* Send(std::vector<INPUT> inputs) {
+  if (inputs.empty()) return "there is no such button";
   const auto count = static_cast<UINT>(inputs.size());
   return SendInput(count, inputs.data(), sizeof(INPUT)) == count ? kDone : "Windows takes no input";
 }
@@ -104,6 +111,28 @@ INPUT CodeUnit(wchar_t unit, bool down) {
   return input;
 }
 
+using Inputs = std::vector<INPUT>;
+
+Inputs Down(const std::vector<WORD>& keys) {
+  Inputs inputs;
+  for (const WORD key : keys) inputs.push_back(Key(key, true));
+  return inputs;
+}
+
+// The last one first.
+Inputs Up(const std::vector<WORD>& keys) {
+  Inputs inputs;
+  std::for_each(keys.rbegin(), keys.rend(), [&](WORD key) { inputs.push_back(Key(key, false)); });
+  return inputs;
+}
+
+Inputs Then(Inputs first, const Inputs& second) {
+  first.insert(first.end(), second.begin(), second.end());
+  return first;
+}
+
+const char* Press(const std::vector<WORD>& keys) { return Send(Then(Down(keys), Up(keys))); }
+
 const char* Write(unsigned code) {
   if (code > 0xFFFF) return "the character has no single code unit";
   const auto unit = static_cast<wchar_t>(code);
@@ -111,8 +140,7 @@ const char* Write(unsigned code) {
   const auto key = static_cast<WORD>(found & 0xFF);
   const int held = (found >> 8) & 0xFF;
   if (found == -1 || held > 1) return Send({CodeUnit(unit, true), CodeUnit(unit, false)});
-  if (held == 0) return Send({Key(key, true), Key(key, false)});
-  return Send({Key(VK_SHIFT, true), Key(key, true), Key(key, false), Key(VK_SHIFT, false)});
+  return held == 0 ? Press({key}) : Press({VK_SHIFT, key});
 }
 
 //--- Mouse
@@ -145,14 +173,20 @@ const char* Move(int x, int y) {
   return "the mouse has not come there";
 }
 
-const char* Button(int button, bool down) {
-  if (button == 1) return Send({Mouse(down ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_LEFTUP)});
-  if (button == 3) return Send({Mouse(down ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_RIGHTUP)});
-  return "there is no such button";
+// What a button of the mouse does; nothing for an unknown one.
+Inputs Button(int button, bool down) {
+  if (button == 1) return {Mouse(down ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_LEFTUP)};
+  if (button == 3) return {Mouse(down ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_RIGHTUP)};
+  if (button < 4 || button > 7 || !down) return {};
+  const bool positive = button == 4 || button == 7;
+  return {Mouse(button < 6 ? MOUSEEVENTF_WHEEL : MOUSEEVENTF_HWHEEL,
+                static_cast<DWORD>(positive ? WHEEL_DELTA : -WHEEL_DELTA))};
 }
 
-const char* Wheel(DWORD which, int notches) {
-  return Send({Mouse(which, static_cast<DWORD>(notches * WHEEL_DELTA))});
+const char* Click(int button, const std::vector<WORD>& held) {
+  const Inputs press = Button(button, true);
+  if (press.empty()) return "there is no such button";
+  return Send(Then(Down(held), Then(press, Button(button, false))));
 }
 
 //--- Pictures
@@ -194,22 +228,27 @@ std::string Picture(int left, int top, int right, int bottom) {
 std::string Answer(std::istringstream command) {
   std::string name;
   command >> name;
-  if (name == "size")
+  const std::vector<int> numbers{std::istream_iterator<int>(command), {}};
+  const auto has = [&](std::string_view wanted, size_t count) {
+    return name == wanted && numbers.size() == count;
+  };
+  const auto keysFrom = [&](size_t first) {
+    return std::vector<WORD>(numbers.begin() + static_cast<std::ptrdiff_t>(first), numbers.end());
+  };
+  if (has("size", 0))
     return std::to_string(GetSystemMetrics(SM_CXSCREEN)) + " " +
            std::to_string(GetSystemMetrics(SM_CYSCREEN));
-  if (name == "keyboard") return HasKeyboard() ? "yes" : "no";
-  if (name == "front") return BringToFront() ? "yes" : "no";
-  int first = 0, second = 0, third = 0, fourth = 0;
-  if (!(command >> first)) return "a number is missing";
-  if (name == "down" || name == "up") return Send({Key(static_cast<WORD>(first), name == "down")});
-  if (name == "character") return Write(static_cast<unsigned>(first));
-  if (name == "press" || name == "release") return Button(first, name == "press");
-  if (name == "wheel") return Wheel(MOUSEEVENTF_WHEEL, first);
-  if (name == "sideways") return Wheel(MOUSEEVENTF_HWHEEL, first);
-  if (!(command >> second)) return "a number is missing";
-  if (name == "move") return Move(first, second);
-  if (name != "picture" || !(command >> third >> fourth)) return "there is no such command";
-  const std::string pixels = Picture(first, second, third, fourth);
+  if (has("keyboard", 0)) return HasKeyboard() ? "yes" : "no";
+  if (has("front", 0)) return BringToFront() ? "yes" : "no";
+  if (name == "keys" && !numbers.empty()) return Press(keysFrom(0));
+  if (name == "let-go" && !numbers.empty()) return Send(Up(keysFrom(0)));
+  if (name == "click" && !numbers.empty()) return Click(numbers[0], keysFrom(1));
+  if (has("character", 1)) return Write(static_cast<unsigned>(numbers[0]));
+  if (has("press", 1)) return Send(Button(numbers[0], true));
+  if (has("release", 1)) return Send(Button(numbers[0], false));
+  if (has("move", 2)) return Move(numbers[0], numbers[1]);
+  if (!has("picture", 4)) return "there is no such command";
+  const std::string pixels = Picture(numbers[0], numbers[1], numbers[2], numbers[3]);
   return pixels.empty() ? "Windows gives no picture" : kDone + ("\n" + pixels);
 }
 
