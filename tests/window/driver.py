@@ -74,10 +74,9 @@ class Program:
         left, top, right, bottom = rectangle
         at = (left + right) // 2 if x is None else left + x
         self.move(at, (top + bottom) // 2)
-        self.machine.hands.click(button, held)
         if held:
-            self.read()  # the window has taken the click: until then the keys have to be down
-            self.machine.hands.let_go(held)
+            self.read()  # hearing of a move, Wine lets go of the keys that aren't down for the X display
+        self.machine.hands.click(button, held)
 
     def move(self, x, y):
         self.machine.hands.move(x, y)

@@ -51,13 +51,10 @@ class XHands:
         self._run("mouseup", str(button))
 
     def click(self, button=1, held=()):
-        """Presses keys, and presses and releases a button of the mouse or turns the wheel. The keys stay down."""
+        """Presses and releases a button of the mouse, or turns the wheel, while keys are held down."""
         for name in held:
             self._keyboard("keydown", name)
         self._run("click", str(button))
-
-    def let_go(self, held):
-        """Releases keys."""
         for name in held:
             self._keyboard("keyup", name)
 
@@ -115,14 +112,10 @@ class WindowsHands:
         self._do("release", button)
 
     def click(self, button=1, held=()):
-        """Presses keys, and presses and releases a button of the mouse or turns the wheel. The keys stay down."""
+        """Presses and releases a button of the mouse, or turns the wheel, while keys are held down."""
         if held:
             self._wait_for_keyboard()
         self._do("click", button, *numbers(held))
-
-    def let_go(self, held):
-        """Releases keys."""
-        self._do("let-go", *numbers(held))
 
     def _ask(self, line):
         self._program.ask(line)

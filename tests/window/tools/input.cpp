@@ -10,9 +10,7 @@
 //     press BUTTON      presses a button of the mouse
 //     release BUTTON    releases it
 //     click BUTTON KEY...
-//                       presses the keys, which stay down, and presses and releases the button, or turns the
-//                       wheel
-//     let-go KEY...     releases keys
+//                       presses and releases it, or turns a wheel, while the keys are held down
 //     picture LEFT TOP RIGHT BOTTOM
 //                       After the line come the pixels of this part of the screen, row by row, each
 //                       as three bytes: red, green, blue.
@@ -40,6 +38,8 @@
 namespace {
 
 constexpr const char* kDone = "done";
+constexpr int kTurns = 50;
+constexpr UINT kSecond = 1000;
 
 //--- Which program has the keyboard
 
@@ -126,12 +126,28 @@ Inputs Up(const std::vector<WORD>& keys) {
   return inputs;
 }
 
-Inputs Then(Inputs first, const Inputs& second) {
-  first.insert(first.end(), second.begin(), second.end());
-  return first;
+// Presses keys, does something, and releases them when the window in front has taken it. Windows lets each
+// message have the keys of its time. Wine tells those of now, so there a key that is released at once was
+// never held.
+const char* Hold(const std::vector<WORD>& keys, const Inputs& inputs) {
+  Inputs all = Down(keys);
+  all.insert(all.end(), inputs.begin(), inputs.end());
+  const char* const answer = Send(all);
+  if (keys.empty()) return answer;
+  // Each of these messages lets the window's loop look for input again.
+  const HWND front = GetForegroundWindow();
+  for (int turn = 0; turn < kTurns; ++turn) {
+    SendMessageTimeoutW(front, WM_NULL, 0, 0, SMTO_ABORTIFHUNG, kSecond, nullptr);
+  }
+  Send(Up(keys));
+  return answer;
 }
 
-const char* Press(const std::vector<WORD>& keys) { return Send(Then(Down(keys), Up(keys))); }
+const char* Press(std::vector<WORD> keys) {
+  const WORD last = keys.back();
+  keys.pop_back();
+  return Hold(keys, {Key(last, true), Key(last, false)});
+}
 
 const char* Write(unsigned code) {
   if (code > 0xFFFF) return "the character has no single code unit";
@@ -184,9 +200,11 @@ Inputs Button(int button, bool down) {
 }
 
 const char* Click(int button, const std::vector<WORD>& held) {
-  const Inputs press = Button(button, true);
-  if (press.empty()) return "there is no such button";
-  return Send(Then(Down(held), Then(press, Button(button, false))));
+  Inputs inputs = Button(button, true);
+  if (inputs.empty()) return "there is no such button";
+  const Inputs release = Button(button, false);
+  inputs.insert(inputs.end(), release.begin(), release.end());
+  return Hold(held, inputs);
 }
 
 //--- Pictures
@@ -241,7 +259,6 @@ std::string Answer(std::istringstream command) {
   if (has("keyboard", 0)) return HasKeyboard() ? "yes" : "no";
   if (has("front", 0)) return BringToFront() ? "yes" : "no";
   if (name == "keys" && !numbers.empty()) return Press(keysFrom(0));
-  if (name == "let-go" && !numbers.empty()) return Send(Up(keysFrom(0)));
   if (name == "click" && !numbers.empty()) return Click(numbers[0], keysFrom(1));
   if (has("character", 1)) return Write(static_cast<unsigned>(numbers[0]));
   if (has("press", 1)) return Send(Button(numbers[0], true));
