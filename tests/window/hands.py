@@ -26,7 +26,12 @@ class XHands:
 
     def keys(self, *names):
         """Presses and releases one key after the other."""
-        self._keyboard("key", *names)
+        # Left to itself, xdotool releases the keys that are held before Wine has looked for them.
+        commands = []
+        for *held, last in (name.split("+") for name in names):
+            commands += [*(word for key in held for word in ("keydown", key)), "key", last,
+                         *(word for key in reversed(held) for word in ("keyup", key))]
+        self._keyboard(*commands)
 
     def type(self, text):
         self._keyboard("type", "--delay", "20", text)
