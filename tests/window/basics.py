@@ -11,7 +11,7 @@ sys.path[:0] = [str(SOURCE / "tests" / "support"), str(SOURCE / "tools")]
 BUILD = pathlib.Path(os.environ["TAVIX_BUILD"]).resolve()
 WORK = BUILD / "window"
 # In seconds. No test expects anything within a time: this only ends a test whose program hangs.
-PATIENCE = int(os.environ.get("H_PATIENCE", 600))
+PATIENCE = 600
 
 
 class Timeout(AssertionError):

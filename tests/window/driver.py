@@ -6,6 +6,7 @@ TAVIX_BUILD names the build folder with the programs. Prefixes, displays and scr
 Windows' own calls."""
 import itertools
 import json
+import os
 import unittest
 
 from basics import BUILD, ON_WINDOWS, PATIENCE, SOURCE, WORK, Timeout, wait_for, write_over
@@ -39,6 +40,11 @@ def messages(catalogue="en"):
 def needs_wine(reason):
     """Leaves a test or a class of tests out on Windows."""
     return unittest.skipIf(ON_WINDOWS, reason)
+
+
+def needs_x(reason):
+    """Leaves a test or a class of tests out where Windows' own calls press the keys."""
+    return unittest.skipIf(ON_WINDOWS or os.environ.get("TAVIX_INPUT") == "windows", reason)
 
 
 def screenshot(machine, name):
