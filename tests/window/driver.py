@@ -42,9 +42,13 @@ def needs_wine(reason):
     return unittest.skipIf(ON_WINDOWS, reason)
 
 
+# Whether Windows' own calls press the keys under Wine.
+BESIDE_X = not ON_WINDOWS and os.environ.get("TAVIX_INPUT") == "windows"
+
+
 def needs_x(reason):
-    """Leaves a test or a class of tests out where Windows' own calls press the keys."""
-    return unittest.skipIf(ON_WINDOWS or os.environ.get("TAVIX_INPUT") == "windows", reason)
+    """Leaves a test or a class of tests out where Windows' own calls press the keys under Wine."""
+    return unittest.skipIf(BESIDE_X, reason)
 
 
 def screenshot(machine, name):
@@ -93,6 +97,8 @@ class Program:
     def drag(self, start, by):
         """Drags the window by a point of it, and waits until it has moved by `by`, or by one pixel more. The first move
         after the press begins the drag; over a tree it must exceed a threshold. The window follows the later moves."""
+        if BESIDE_X:
+            raise unittest.SkipTest("Wine hears of each move again from the X display, and begins drags at an earlier one")
         before = self.read().rect
         near, far = ((start[0] + away, start[1] + away) for away in (8, 9))
         nudges = itertools.cycle((near, far))
@@ -131,6 +137,7 @@ class Program:
 
     def _press(self, point):
         self.move(*point)
+        self.read()  # Wine may hear of this move twice, the second time from the X display: not after the press
         self.machine.hands.press(1)
 
     def _move_in_steps(self, start, by):
