@@ -1,5 +1,5 @@
 # Sourced by run, test and bench: `need GROUP...` installs the missing Debian packages of these groups.
-#   native   compiler, build tools, GoogleTest, Google Benchmark
+#   native   compiler, build tools, GoogleTest, Google Benchmark, checkers of the workflows
 #   windows  cross compiler and Wine
 #   window   a display without a screen, keys, clicks and screenshots
 #   check    formatter, linter, fuzzers
@@ -10,7 +10,7 @@
 
 packages() {
   case "$1" in
-    native) echo g++ cmake ninja-build python3 python3-jsonschema googletest libbenchmark-dev ;;
+    native) echo g++ cmake ninja-build python3 python3-jsonschema python3-yaml yamllint shellcheck googletest libbenchmark-dev ;;
     windows) echo g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64 wine wine64 ;;
     window) echo xvfb xauth xdotool imagemagick openbox fonts-dejavu-core ;;
     help) echo fp-utils ;;

@@ -4,7 +4,6 @@ import http.server
 import json
 import os
 import pathlib
-import subprocess
 import sys
 import threading
 import unittest
@@ -184,8 +183,7 @@ class Installing(unittest.TestCase):
         return [line["text"] for line in lines if "control" in line and line["visible"]]
 
     def test_it_asks_for_the_language_and_shows_itself_in_it(self):
-        setup = self.machine.tool(SETUP)
-        process = subprocess.Popen([driver.WINE, setup], env=self.machine.environment)
+        process = self.machine.start(self.machine.path_of(SETUP))
         self.addCleanup(lambda: process.poll() is None and process.kill())
         asked = wait_for("the question", lambda: self.texts("Tavix"))
         self.assertTrue(any("Bitte wählen Sie eine Sprache." in text for text in asked), asked)
@@ -205,15 +203,13 @@ class Installing(unittest.TestCase):
         self.assertEqual(self.catalogues(), ["de"])
         self.assertEqual(self.shown_words(), ("Suchen", "Bereinigen"))
         # The uninstaller speaks it too.
-        process = subprocess.Popen([driver.WINE, self.folder / "uninstall.exe"], env=self.machine.environment)
+        process = self.machine.start(self.folder / "uninstall.exe")
         self.addCleanup(lambda: process.poll() is None and process.kill())
         wait_for("the uninstaller", lambda: "Deinstallation von Tavix" in self.texts("Deinstallation von Tavix"))
         self.screenshot("uninstaller-german")
 
     def screenshot(self, name):
-        folder = driver.WORK / "screenshots"
-        folder.mkdir(parents=True, exist_ok=True)
-        subprocess.run(["import", "-window", "root", folder / f"{name}.png"], env=self.machine.environment, check=True)
+        driver.screenshot(self.machine, name)
 
     def test_while_the_program_runs_nothing_is_done(self):
         self.install()
@@ -253,7 +249,7 @@ class Installing(unittest.TestCase):
                     self.assertEqual(folder.stat().st_mode & 0o777, 0o777, folder)
 
     def test_into_another_folder_and_again_into_it(self):
-        setup = self.machine.tool(SETUP)
+        setup = self.machine.path_of(SETUP)
         self.run_as_typed(f'"{setup}" /S /D=C:\\Tools\\My Tavix')
         other = self.machine.drive_c / "Tools" / "My Tavix"
         self.assertEqual(content(other), INSTALLED)

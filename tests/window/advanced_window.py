@@ -30,9 +30,10 @@ class Advanced(SeededMachine):
         shown = self.program.wait_until("the page", lambda s: s.control(FUNCTIONS)["visible"])
         self.assertTrue(shown.control(SCOPE)["visible"])
         # Untick the drive, open it, and tick the one folder.
+        drive = next(node["node"] for node in shown.nodes if node["node"].endswith("(C:)"))
         self.program.click(shown.node("My Computer")["box"])
-        shown = self.program.wait_until("the ticks to go", lambda s: not s.node(" (C:)")["checked"])
-        self.program.click(shown.node(" (C:)")["rect"])
+        shown = self.program.wait_until("the ticks to go", lambda s: not s.node(drive)["checked"])
+        self.program.click(shown.node(drive)["rect"])
         shown = self.program.wait_until("the folders", lambda s: any(node["node"] == "Archive" and node["rect"] for node in s.nodes))
         self.program.click(shown.node("Archive")["box"])
         self.program.wait_until("the tick", lambda s: s.node("Archive")["checked"])

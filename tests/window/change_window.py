@@ -25,6 +25,7 @@ CARELESS = {**BLACK, "GrayText": "40 40 40", "Hilight": "200 200 60", "HilightTe
             "HotTrackingColor": "0 0 120"}
 
 
+@driver.needs_wine("reads settings at once that Windows takes over at the next sign-in")
 class Restyled(OptionsCase):
     """The program over the system's settings as they are just then."""
     screen = "1600x1200"
@@ -174,6 +175,7 @@ class WhatTheUserHasChanged(Restyled):
             self.assertEqual(self.program.read().rect, shown.rect, news)
 
 
+@driver.needs_x("clicks by Windows' calls don't arrive in a desktop of Wine's own that has become smaller")
 class Screen(Restyled):
     seed = Restyled.seed + r"""
 [HKEY_CURRENT_USER\Software\Wine\Explorer]

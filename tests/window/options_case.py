@@ -75,7 +75,7 @@ class Dialog:
 
 
 class OptionsCase(SeededMachine):
-    seed = r"""
+    seed = "" if driver.ON_WINDOWS else r"""
 [HKEY_CURRENT_USER\Software\Wine\X11 Driver]
 "Managed"="N"
 """
@@ -134,10 +134,6 @@ class OptionsCase(SeededMachine):
     def key(self, *names):
         self.program.key(*names)
 
-    def key_held(self, held, name):
-        """Presses and releases a key while another one is held down."""
-        self.machine.keyboard("keydown", held, "key", name, "keyup", held)
-
     def click(self, rectangle, x=None, **more):
         self.program.click(rectangle, x, **more)
 
@@ -186,7 +182,7 @@ class OptionsCase(SeededMachine):
         self.click(self.window(name).control(number)["rect"])
 
     def type(self, text):
-        self.machine.keyboard("type", "--delay", "20", text)
+        self.machine.hands.type(text)
 
     def enter(self, number, text, name=OPTIONS_WINDOW):
         """Replaces the text of a box as a user does: the box selects its text when it gets the focus."""
@@ -213,8 +209,7 @@ class OptionsCase(SeededMachine):
         """Chooses the second folder that the chooser offers. Wine adds a separator to its path."""
         self.wait_for_box()
         self.key("Down", "Return")
-        user = next(f for f in (self.machine.drive_c / "users").iterdir() if f.name != "Public")
-        return f"C:\\users\\{user.name}\\Documents\\"
+        return f"C:\\users\\{self.machine.user()}\\Documents\\"
 
     def answer(self, key="Return"):
         """The message in front; it is answered by a key."""

@@ -180,6 +180,7 @@ class CommonTypes(OptionsCase):
         self.key("Home", "shift+End")
         self.type(text)
         self.key("Return")
+        driver.wait_for("the box to go", lambda: self.messages[prompt] not in (self.box() or ()))
 
     def test_an_extension_is_asked_for_until_it_is_good(self):
         self.open(DUPLICATES)
@@ -207,7 +208,7 @@ class CommonTypes(OptionsCase):
         self.press(RECYCLE)
         self.turn_to(DUPLICATES)
         self.press(COMMON)
-        self.key_held("ctrl", "a")
+        self.key("ctrl+a")
         self.wait_for_window("all selected", lambda w: all(w.selected_lines(COMMON)))
         self.press(TYPE_DELETE)
         self.wait_for_window("an empty list", lambda w: not w.lines(COMMON))
@@ -249,6 +250,7 @@ class Method(OptionsCase):
             self.wait_for_window("the box to be off", lambda w: not w.control(FOLDER)["enabled"])
             self.expect_no_message()
 
+    @driver.needs_wine("chooses in the chooser of Wine")
     def test_the_folder_chooser_can_be_left_and_gives_what_is_chosen(self):
         self.open(METHOD)
         self.press(MOVE)
@@ -394,6 +396,7 @@ class Folders(OptionsCase):
         self.key("Escape")
         self.assertEqual(self.folders(self.wait_for_window("the options", lambda w: w.enabled)), before)
 
+    @driver.needs_wine("chooses in the chooser of Wine")
     def test_a_chosen_folder_is_described_and_saved(self):
         before = self.folders(self.open(OTHERS))
         self.press(EXCEPT_ADD)

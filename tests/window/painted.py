@@ -3,7 +3,7 @@ import collections
 import json
 
 from driver import MAKER_LINK
-from pictures import contrast
+from pictures import contrast, save_png
 
 LEAST_CONTRAST = 4.5  # of a text, as WCAG asks
 MARK = 18             # a tick or ring and its gap, in pixels at 96 DPI
@@ -69,7 +69,7 @@ class Painted:
         return count
 
     def save(self, file):
-        file.write_bytes(b"P6 %d %d 255\n" % (self.width, self.height) + self.pixels)
+        save_png(file, self.width, self.height, self.pixels)
 
 
 class Window:

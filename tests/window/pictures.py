@@ -1,5 +1,17 @@
 """What a person sees: pixels of the screen, their colours and their contrast."""
 import collections
+import struct
+import zlib
+
+
+def save_png(file, width, height, pixels):
+    """Keeps a picture, given as bytes of red, green and blue, row by row."""
+    def part(name, content):
+        return struct.pack(">I", len(content)) + name + content + struct.pack(">I", zlib.crc32(name + content))
+
+    rows = b"".join(b"\0" + pixels[start:start + 3 * width] for start in range(0, len(pixels), 3 * width))
+    file.write_bytes(b"\x89PNG\r\n\x1a\n" + part(b"IHDR", struct.pack(">2I5B", width, height, 8, 2, 0, 0, 0))
+                     + part(b"IDAT", zlib.compress(rows)) + part(b"IEND", b""))
 
 
 class Picture:

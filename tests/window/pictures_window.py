@@ -15,7 +15,6 @@ from options_case import ABOUT_WINDOW, ALL_FILES, AUTO, BIG, BOX, CLOSE, CLOSE_T
 from options_case import DUPLICATES, JUNK, JUNK_ADD, METHOD, MOVE, ONLY_COMMON, OPTIONS_WINDOW, OTHERS, PAGE_TREE, PICTURE
 from options_case import RECYCLE, SMALL, TYPE_ADD, TYPE_WINDOW, OptionsCase
 from painted import MARK, Window
-from screen import Screen
 from seeded import SEED
 
 CLOSE_ABOUT, = ids("CloseAbout")
@@ -58,15 +57,12 @@ def setUpModule():
 
 
 def tearDownModule():
-    """All pictures as thumbnails on one sheet."""
+    """All pictures as thumbnails on one sheet, where ImageMagick is installed."""
     shutil.rmtree(FOLDER / "settings")
-    pictures = sorted(FOLDER.glob("*/*.ppm"))
-    for picture in pictures:
-        subprocess.run(["convert", picture, picture.with_suffix(".png")], check=True)
-        picture.unlink()
+    pictures = sorted(FOLDER.glob("*/*.png"))
     labelled = [argument for picture in pictures
-                for argument in ("-label", f"{picture.parent.name}: {picture.stem}", picture.with_suffix(".png"))]
-    if labelled:
+                for argument in ("-label", f"{picture.parent.name}: {picture.stem}", picture)]
+    if labelled and shutil.which("montage"):
         subprocess.run(["montage", *labelled, "-tile", "6x", "-geometry", f"{THUMBNAIL}x{THUMBNAIL}>+6+6",
                         FOLDER / "sheet.png"], check=True)
 
@@ -79,17 +75,19 @@ class Pictures(OptionsCase):
     def before(self):
         shutil.copytree(FOLDER / "settings", self.data)
         self.machine.set_interface_size("Auto")
+        if not driver.ON_WINDOWS:
+            self.store_colors()
+        self.pictures = FOLDER / self.id().split(".")[-1].removeprefix("test_")
+        self.pictures.mkdir()
+        self.found = []
+        self.display = self.machine.hands, tuple(int(length) for length in self.screen.split("x"))
+
+    def store_colors(self):
         text = "[HKEY_CURRENT_USER\\Control Panel\\Colors]\n"
         text += "".join(f'"{name}"="{value}"\n' for name, value in self.colors.items())
         if self.high_contrast():
             text += '[HKEY_CURRENT_USER\\Control Panel\\Accessibility\\HighContrast]\n"Flags"="127"\n'
         self.machine.seed(text)
-        self.pictures = FOLDER / self.id().split(".")[-1].removeprefix("test_")
-        self.pictures.mkdir()
-        self.found = []
-        screen = Screen(self.machine.display.name)
-        self.addCleanup(screen.close)
-        self.display = screen, tuple(int(length) for length in self.screen.split("x"))
 
     def start(self, **more):
         """Wine doesn't say that high contrast is on. The program that asks the registry is the same but for this."""
@@ -128,7 +126,7 @@ class Pictures(OptionsCase):
     def take(self, scene, name):
         """Keeps a picture of a window and notes its defects."""
         window = self.rest(name)
-        window.picture.save(self.pictures / f"{scene}.ppm")
+        window.picture.save(self.pictures / f"{scene}.png")
         self.note(scene, window.defects())
         if window.focus() is None:
             self.note(scene, ["no control has the focus"])
@@ -241,7 +239,7 @@ class Pictures(OptionsCase):
         for number in CHOICES.get(page, ()):
             window = self.choose(number)
             scene = f"options-{page + 1}-choice-{number}"
-            window.picture.save(self.pictures / f"{scene}.ppm")
+            window.picture.save(self.pictures / f"{scene}.png")
             self.note(scene, window.pale_texts())
             self.check_choice(scene, window, page, number)
 
@@ -378,6 +376,7 @@ class GermanLargeFont(Pictures):
         self.look()
 
 
+@driver.needs_wine("reads settings at once that Windows takes over at the next sign-in")
 class BlackContrast(Pictures):
     colors = BLACK
     every_choice = True
@@ -386,6 +385,7 @@ class BlackContrast(Pictures):
         self.look()
 
 
+@driver.needs_wine("reads settings at once that Windows takes over at the next sign-in")
 class WhiteContrast(Pictures):
     colors = WHITE
     catalogue = "de"

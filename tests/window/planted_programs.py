@@ -12,21 +12,14 @@ PROGRAMS = ("HH.exe", "hh.com", "RunDll32.exe", "regedit.exe", "ntsd.exe")
 LIBRARIES = ("uxtheme.dll", "winhttp.dll", "shell32.dll", "shlwapi.dll", "oleaut32.dll")
 
 
-def planted(name, *options):
-    program = driver.WORK / name
-    source = driver.SOURCE / "tests" / "window" / "stand_in" / "planted.c"
-    subprocess.run(["x86_64-w64-mingw32-gcc-posix", "-municode", "-mwindows", "-Wall", "-Wextra", "-Werror", *options,
-                    source, "-o", program], check=True)
-    return program
-
-
 class Planted(update_program.UpdateTest):
     @classmethod
     def setUpClass(cls):
         super().setUpClass()
         cls.beside = cls.machine.drive_c / "Planted"
         cls.current = cls.machine.drive_c / "Current"
-        program, library = planted("planted.exe"), planted("planted.dll", "-DPLANTED_LIBRARY", "-shared")
+        program, library = (driver.compiled("planted.c", name, "-municode", "-mwindows", *options) for name, *options in (
+            ("planted.exe",), ("planted.dll", "-DPLANTED_LIBRARY", "-shared")))
         for folder in (cls.beside, cls.current):
             folder.mkdir()
             for name in PROGRAMS:
@@ -48,14 +41,13 @@ class Planted(update_program.UpdateTest):
         self.note.unlink(missing_ok=True)
 
     def start_among_them(self, program, *arguments):
-        process = subprocess.Popen([driver.WINE, program, *arguments], env=self.machine.environment, cwd=self.current,
-                                   stdout=subprocess.DEVNULL)
+        process = self.machine.start(program, *arguments, cwd=self.current, stdout=subprocess.DEVNULL)
         self.addCleanup(self.end, process)
         return process
 
     def wait_for_every_program(self):
         """Waits until no program runs in the prefix. A program that was started late has then left its note, too."""
-        self.machine.close_reader()
+        self.machine.close_helpers()
         subprocess.run(["wineserver", "-w"], env=self.machine.environment, check=True, timeout=driver.PATIENCE)
 
     def notes(self):

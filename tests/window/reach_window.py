@@ -2,6 +2,7 @@
 help menu and the links of the title; and what the status line tells about rows and commands. Run by CTest, or:
 TAVIX_BUILD=build/windows python3 -m unittest reach_window"""
 import json
+import shutil
 import unittest
 
 import driver
@@ -197,6 +198,8 @@ class StatusLine(RealWindow):
 
     def test_breaks_long_paths_and_shows_all_of_them(self):
         folder = self.machine.drive_c / "windows" / "temp" / ("long" * 15) / ("path" * 15) / ("below" * 12)
+        if driver.ON_WINDOWS:
+            self.addCleanup(shutil.rmtree, folder.parents[1])
         folder.mkdir(parents=True)
         (folder / ("file" * 6 + ".tmp")).write_bytes(b"x")
         self.program.key("s")

@@ -1,7 +1,6 @@
 """The trees of the real window: pictures, marks of branches, sideways scrolling, cut names and letters. Run by CTest,
 or: TAVIX_BUILD=build/windows python3 -m unittest trees_window"""
 import json
-import struct
 import unittest
 
 import driver
@@ -10,12 +9,6 @@ from seeded import SeededMachine
 
 TIP = "tooltips_class32"
 DEEP = [f"level {number} of the deep folders" for number in range(1, 10)]
-
-
-def message_font(height):
-    """The value of the system's message font in the registry."""
-    font = struct.pack("<5l8B", -height, 0, 0, 0, 400, 0, 0, 0, 1, 0, 0, 0, 0) + "Tahoma".encode("utf-16-le").ljust(64, b"\0")
-    return ",".join(f"{byte:02x}" for byte in font)
 
 
 class Trees(SeededMachine):
@@ -182,7 +175,7 @@ class Privacy(Trees):
 
     def setUp(self):
         super().setUp()
-        self.machine.seed(f"[HKEY_CURRENT_USER\\Control Panel\\Desktop\\WindowMetrics]\n\"MessageFont\"=hex:{message_font(18)}\n")
+        self.machine.set_message_font(18)
         self.program = self.start()
 
     def test_a_cut_caption_ends_in_an_ellipsis_and_has_a_tool_tip(self):

@@ -1,9 +1,7 @@
 """The update check of the real program against a server on this machine. An older build of the program, whose site is
 the server, runs under Wine."""
 import http.server
-import os
 import shutil
-import subprocess
 import threading
 import time
 import unittest
@@ -12,15 +10,6 @@ import driver
 from driver import BUILD, STATUS, wait_for
 
 OLDER = BUILD / "tavix-older.exe"
-
-
-def box_reader():
-    program = driver.WORK / "box_reader.exe"
-    made = driver.WORK / f"box_reader-{os.getpid()}.exe"
-    source = driver.SOURCE / "tests" / "window" / "stand_in" / "box_reader.c"
-    subprocess.run(["x86_64-w64-mingw32-gcc-posix", "-Wall", "-Wextra", "-Werror", source, "-o", made], check=True)
-    made.rename(program)
-    return program
 
 
 class Site:
@@ -59,12 +48,13 @@ class Site:
         self._server.server_close()
 
 
+@driver.needs_wine("works on the files of a prefix and on settings of Wine")
 class UpdateTest(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
         cls.machine = driver.Machine()
         cls.addClassCleanup(cls.machine.close)
-        cls.box_reader = box_reader()
+        cls.box_reader = driver.compiled("box_reader.c", "box_reader.exe")
         # The stand-in for the browser only notes its call.
         shutil.copy(driver.stand_in(), cls.machine.drive_c / "browser.exe")
         cls.machine.seed('[HKEY_CLASSES_ROOT\\http\\shell\\open\\command]\n@="C:\\\\browser.exe \\"%1\\""\n'
@@ -83,7 +73,7 @@ class UpdateTest(unittest.TestCase):
         return site
 
     def start(self, program=OLDER):
-        process = subprocess.Popen([driver.WINE, program], env=self.machine.environment)
+        process = self.machine.start(program)
         self.addCleanup(self.end, process)
         return process
 
@@ -126,13 +116,11 @@ class UpdateTest(unittest.TestCase):
 
     def click(self, rectangle):
         left, top, right, bottom = rectangle
-        self.machine.pointer("mousemove", str((left + right) // 2), str((top + bottom) // 2), "click", "1")
+        self.machine.hands.move((left + right) // 2, (top + bottom) // 2)
+        self.machine.hands.click()
 
     def screenshot(self, name):
-        folder = driver.WORK / "screenshots"
-        folder.mkdir(parents=True, exist_ok=True)
-        subprocess.run(["import", "-window", "root", str(folder / f"{name}.png")], env=self.machine.environment,
-                       check=True)
+        driver.screenshot(self.machine, name)
 
     def close_window(self, process):
         self.click(self.window().control(driver.CLOSE)["rect"])

@@ -83,6 +83,7 @@ int TellResolution(UINT dpi) {
 }  // namespace
 
 int main(int count, char** values) {
+  SetProcessDPIAware();  // so that lengths are those of the screen
   const std::string_view what = count > 2 ? values[1] : "";
   if (what == "font") return StoreFont(std::atoi(values[2]));
   if (what == "screen" && count > 3)

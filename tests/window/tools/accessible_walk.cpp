@@ -49,6 +49,7 @@ struct Automation : IUnknown {
 };
 constexpr int kControlTypeProperty = 30003;
 constexpr int kNameProperty = 30005;
+constexpr int kLiveSettingProperty = 30135;
 
 std::string Quoted(const wchar_t* text) {
   std::string json;
@@ -95,12 +96,16 @@ std::string ActiveAccessibility(HWND control) {
          ",\"state\":" + NumberFrom([&](VARIANT* state) { return seen.get_accState(Self(), state); });
 }
 
-std::string ByAutomation(Automation* automation, HWND control) {
+// A control as UI Automation knows it; null if it doesn't.
+windows::ComPointer<Element> ElementOf(Automation* automation, HWND control) {
   windows::ComPointer<Element> element;
-  if (automation == nullptr || FAILED(automation->ElementFromHandle(control, element.Receive()))) {
+  if (automation == nullptr || FAILED(automation->ElementFromHandle(control, element.Receive())))
     (void)element.Release();
-    return "null";
-  }
+  return element;
+}
+
+std::string ByAutomation(Automation* automation, HWND control) {
+  const windows::ComPointer<Element> element = ElementOf(automation, control);
   VARIANT name{}, type{};
   if (element.Get() == nullptr || FAILED(element.Get()->GetCurrentPropertyValue(kNameProperty, &name)) ||
       FAILED(element.Get()->GetCurrentPropertyValue(kControlTypeProperty, &type)))
@@ -109,6 +114,15 @@ std::string ByAutomation(Automation* automation, HWND control) {
                      ",\"type\":" + (type.vt == VT_I4 ? std::to_string(type.lVal) : "null") + "}";
   VariantClear(&name);
   return seen;
+}
+
+// Whether changes of a control are said aloud.
+bool IsLive(Automation* automation, HWND control) {
+  const windows::ComPointer<Element> element = ElementOf(automation, control);
+  VARIANT setting{};
+  return element.Get() != nullptr &&
+         SUCCEEDED(element.Get()->GetCurrentPropertyValue(kLiveSettingProperty, &setting)) &&
+         setting.vt == VT_I4 && setting.lVal != 0;
 }
 
 // The name that the program has set at the system's service; the stand-in keeps it at the window.
@@ -131,7 +145,7 @@ void Walk(HWND window) {
     (void)automation.Release();
   for (HWND control = GetWindow(window, GW_CHILD); control != nullptr;
        control = GetWindow(control, GW_HWNDNEXT)) {
-    const bool live = GetPropW(control, L"AnnotatedLive") != nullptr;
+    const bool live = GetPropW(control, L"AnnotatedLive") != nullptr || IsLive(automation.Get(), control);
     if (!TakesTheFocus(control) && !live) continue;
     std::array<wchar_t, 64> kind{};
     GetClassNameW(control, kind.data(), static_cast<int>(kind.size()));
@@ -153,6 +167,7 @@ void Walk(HWND window) {
 }  // namespace
 
 int main(int count, char** values) {
+  SetProcessDPIAware();  // so that places are those of the screen
   _setmode(_fileno(stdout), _O_BINARY);
   const windows::ComApartment apartment;
   if (count != 2) return 2;

@@ -466,6 +466,7 @@ bool PrintMainWindow() {
 }  // namespace
 
 int main() {
+  SetProcessDPIAware();  // so that places are those of the screen
   _setmode(_fileno(stdin), _O_BINARY);
   _setmode(_fileno(stdout), _O_BINARY);
   for (std::string asked; std::getline(std::cin, asked);) {
