@@ -180,8 +180,35 @@ bool ScratchPlace::Swap(TextView name, TextView target) const {
   return true;
 }
 
+namespace {
+
+bool Rename(const Text& from, const Text& to) { return MoveFileExW(Wide(from), Wide(to), 0) != 0; }
+
+// Exchanges two names by way of a third. False, and they are as before, if the first can't be renamed.
+bool Exchange(const Text& one, const Text& other, const Text& aside) {
+  if (!Rename(one, aside)) return false;
+  if (!Rename(other, one)) {
+    while (!Rename(aside, one)) Sleep(0);
+    return false;
+  }
+  while (!Rename(aside, other)) Sleep(0);
+  return true;
+}
+
+}  // namespace
+
 bool ScratchPlace::StartExchanging(TextView one, TextView other, TextView pause) const {
-  if (!IsWine()) return false;
+  if (!IsWine()) {
+    exchanging_ = std::jthread(
+        [one = In(one), other = In(other), aside = In(u"aside"),
+         wait = std::stoul(std::string(pause.begin(), pause.end()))](const std::stop_token& ends) {
+          // They end as they began.
+          for (bool swapped = false; swapped || !ends.stop_requested(); Sleep(wait)) {
+            if (Exchange(one, other, aside)) swapped = !swapped;
+          }
+        });
+    return true;
+  }
   // The script ends by itself if the test process dies.
   const Text script = File(u"exchange.py", R"(
 import ctypes, os, sys, time
@@ -204,6 +231,11 @@ if os.path.exists(here + "/ends"):
 }
 
 void ScratchPlace::StopExchanging() const {
+  if (exchanging_.joinable()) {
+    exchanging_.request_stop();
+    exchanging_.join();
+    return;
+  }
   EXPECT_TRUE(DeleteFileW(Wide(In(u"running"))));
   EXPECT_TRUE(WaitUntil([this] { return AttributesOf(In(u"ends")) == INVALID_FILE_ATTRIBUTES; }));
 }

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "platform/windows/windows_file_system.h"
@@ -28,10 +29,11 @@ class ScratchPlace {
   // Renames a folder to "<name> aside" and puts a link to another one in its place. False if Windows refuses
   // to rename the folder because it is in use. Under Wine the host renames it.
   bool Swap(TextView name, TextView target) const;
-  // Starts a process that exchanges a folder and a link by name, and waits `pause` milliseconds after each
-  // time; 0 is as fast as it can. False on Windows, which has no such exchange.
+  // Starts exchanging a folder and a link by name, with `pause` milliseconds after each time; 0 is as fast as
+  // it can. Under Wine a process of the host does it in one step. On Windows a thread does it by three
+  // renames, which fail while the folder is held. False if it can't be started.
   bool StartExchanging(TextView one, TextView other, TextView pause) const;
-  // Ends that process and waits for it. The names are as before.
+  // Ends that and waits for it. The names are as before.
   void StopExchanging() const;
   // Makes a link to a file. False under Wine, and without the right to make links.
   bool FileLink(TextView name, TextView target) const;
@@ -39,6 +41,7 @@ class ScratchPlace {
  private:
   Text path_;
   mutable std::vector<Text> links_;
+  mutable std::jthread exchanging_;
 };
 
 // Whether the tests run under Wine.
