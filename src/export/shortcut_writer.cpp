@@ -1,23 +1,14 @@
 #include "export/shortcut_writer.h"
 
 #include <algorithm>
-#include <string_view>
 
+#include "platform/shortcut_format.h"
 #include "text/utf8.h"
 
 namespace tavix::exporting {
 namespace {
 
-using namespace std::string_view_literals;
-
-constexpr std::string_view kBeginning = "\x4C\0\0\0\x01\x14\x02\0\0\0\0\0\xC0\0\0\0\0\0\0\x46"sv;
-constexpr size_t kHeaderSize = 0x4C;
-constexpr uint32_t kHasLocation = 0x2;
-constexpr uint32_t kWideStrings = 0x80;
-constexpr uint32_t kHasVariablePath = 0x200;
-constexpr uint32_t kAdvertised = 0x1000;
-constexpr uint32_t kVariablePathBlock = 0xA0000001;
-constexpr size_t kVariablePathLength = 260;
+using namespace platform::shortcut_format;
 
 void AddNumber(std::string& bytes, uint32_t number) {
   for (unsigned shift = 0; shift < 32; shift += 8) bytes += static_cast<char>(number >> shift & 0xFFU);
@@ -54,10 +45,10 @@ std::string LocationBlock(TextView path) {
 
 std::string VariableBlock(TextView path) {
   std::string bytes;
-  AddNumber(bytes, 8 + 3 * kVariablePathLength);
+  AddNumber(bytes, kVariablePathField + 3 * kVariablePathLength);
   AddNumber(bytes, kVariablePathBlock);
   bytes.append(kVariablePathLength, '\0').append(WideBytes(path));
-  bytes.resize(8 + 3 * kVariablePathLength, '\0');
+  bytes.resize(kVariablePathField + 3 * kVariablePathLength, '\0');
   return bytes;
 }
 

@@ -3,30 +3,14 @@
 #include <algorithm>
 
 #include "platform/byte_reader.h"
+#include "platform/shortcut_format.h"
 #include "platform/shortcut_items.h"
 #include "platform/shortcut_location.h"
 
 namespace tavix::platform {
 namespace {
 
-using namespace std::string_view_literals;
-
-// Every shortcut begins with the size of its header and the class of the shell's link object.
-constexpr std::string_view kBeginning = "\x4C\0\0\0\x01\x14\x02\0\0\0\0\0\xC0\0\0\0\0\0\0\x46"sv;
-constexpr size_t kHeaderSize = 0x4C;
-constexpr size_t kFlagsField = 20;
-
-constexpr uint32_t kHasItems = 0x1;
-constexpr uint32_t kHasLocation = 0x2;
-constexpr uint32_t kFirstString = 0x4;  // name, relative path, working folder, arguments, icon
-constexpr uint32_t kLastString = 0x40;
-constexpr uint32_t kWideStrings = 0x80;
-constexpr uint32_t kIgnoreLocation = 0x100;
-constexpr uint32_t kHasVariablePath = 0x200;
-constexpr uint32_t kAdvertised = 0x1000;
-
-constexpr uint32_t kVariablePathBlock = 0xA0000001;
-constexpr uint32_t kAdvertisedBlock = 0xA0000006;
+using namespace shortcut_format;
 
 // Reads a shortcut part by part. Each Take returns the next part. Nothing when the file ends within it.
 class Parts {
@@ -69,12 +53,10 @@ bool SkipStrings(Parts& parts, uint32_t flags) {
   return true;
 }
 
-// A path with environment variables: a narrow text of 260 bytes, then the same path in UTF-16.
 Text VariablePath(const ByteReader& block) {
-  constexpr size_t kNarrow = 8;
-  constexpr size_t kLength = 260;
-  Text path = block.Part(kNarrow + kLength, 2 * kLength).WideText(0);
-  return path.empty() ? block.Part(kNarrow, kLength).NarrowText(0) : path;
+  constexpr size_t kWideField = kVariablePathField + kVariablePathLength;
+  Text path = block.Part(kWideField, 2 * kVariablePathLength).WideText(0);
+  return path.empty() ? block.Part(kVariablePathField, kVariablePathLength).NarrowText(0) : path;
 }
 
 void AddPath(Shortcut& shortcut, Text path) {
