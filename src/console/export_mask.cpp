@@ -28,7 +28,8 @@ class NamePatterns {
     for (const TextView pattern : kWalkPatterns) patterns_.emplace_back(pattern);
     patterns_.emplace_back(mdlPubSelf::CommonTypes);
     // A folder that an advanced scan leaves out may be given by wildcards.
-    for (const TextView part : Split(ToLower(mdlPubSelf::ExceptFolders), u"\\")) {
+    const Text exceptFolders = ToLower(mdlPubSelf::ExceptFolders);
+    for (const TextView part : Split(exceptFolders, u"\\")) {
       if (part.find_first_of(u"*?#[") != TextView::npos)
         exceptions_.emplace_back(part.substr(0, part.find(u'/')));
     }

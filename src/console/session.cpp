@@ -66,8 +66,9 @@ bool IsAgreed(const Options& options) {
   for (int row = 1; row <= frmPubMain.lsvResult.Count(); ++row)
     ticked += frmPubMain.lsvResult.Row(row).Checked() ? 1 : 0;
   if (ticked == 0) return true;
-  WriteText(stderr,
-            "Remove what the " + std::to_string(ticked) + " ticked rows name from this computer? [y/N] ");
+  WriteText(stderr, "Remove what the " +
+                        (ticked == 1 ? "ticked row names" : std::to_string(ticked) + " ticked rows name") +
+                        " from this computer? [y/N] ");
   std::fflush(stderr);
   const auto answer = ReadLine();
   if (answer == "y" || answer == "Y" || answer == "yes") return true;
