@@ -40,7 +40,7 @@ class FolderSource {
 // there is nothing to do.
 class ReadAhead {
  public:
-  static constexpr size_t kMostFolders = 128;
+  static constexpr size_t kMostFolders = 256;
   static constexpr size_t kMostBytes = size_t{8} << 20U;
 
   struct Node;
