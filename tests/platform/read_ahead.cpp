@@ -278,7 +278,8 @@ TEST_F(ReadingAhead, KeepsToItsLimitOfMemory) {
 }
 
 TEST_F(ReadingAhead, DropsWhatTheWalkPassesByAndWhatItLeaves) {
-  auto tree = Regular(12, 2);
+  constexpr int kInEach = 18;  // so many that not all can be read ahead
+  auto tree = Regular(kInEach, 2);
   {
     auto top = Start(tree);
     ASSERT_TRUE(top.List({}, {}));
@@ -286,7 +287,7 @@ TEST_F(ReadingAhead, DropsWhatTheWalkPassesByAndWhatItLeaves) {
     ahead.WaitUntilIdle();
     EXPECT_EQ(ahead.FoldersAhead(), ReadAhead::kMostFolders);
     const auto later = top.Open(u"d9");
-    EXPECT_LE(ahead.FoldersAhead(), 10U) << "all before it went";
+    EXPECT_LE(ahead.FoldersAhead(), size_t{kInEach}) << "all before it went";
   }
   EXPECT_EQ(ahead.FoldersAhead(), 0U);
   ahead.WaitUntilIdle();
